@@ -1,0 +1,134 @@
+# How every target of the tree is made: one library a room, the same warnings everywhere, and
+# precompiled Qt headers shared by all targets of a kind.
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_NOHASHDIR=1
+        CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} ${CCACHE})
+endif()
+
+add_library(netrove_options INTERFACE)
+target_compile_options(netrove_options INTERFACE
+    -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Wold-style-cast
+    -Woverloaded-virtual -Wcast-qual -Wformat=2)
+target_compile_definitions(netrove_options INTERFACE
+    NETROVE_VERSION="${PROJECT_VERSION}"
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_CONTEXTLESS_CONNECT QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_USE_QSTRINGBUILDER
+    QT_NO_KEYWORDS)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # ccache can't reuse objects built from a clang PCH that carries its time stamp.
+    target_compile_options(netrove_options INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
+else()
+    target_compile_options(netrove_options INTERFACE -fpch-preprocess)
+endif()
+if(NETROVE_SANITIZERS)
+    target_compile_options(netrove_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-sanitize=vptr
+        -fno-omit-frame-pointer -O1)
+    target_link_options(netrove_options INTERFACE -fsanitize=address,undefined)
+    if(NETROVE_FUZZERS)
+        target_compile_options(netrove_options INTERFACE -fsanitize=fuzzer-no-link)
+    endif()
+endif()
+
+function(netrove_pch name)
+    file(WRITE ${CMAKE_BINARY_DIR}/${name}.cpp "")
+    add_library(${name} OBJECT ${CMAKE_BINARY_DIR}/${name}.cpp)
+    target_link_libraries(${name} PUBLIC netrove_options ${ARGN})
+endfunction()
+
+netrove_pch(pch_core Qt6::Core)
+target_precompile_headers(pch_core PRIVATE <QtCore/QtCore> <functional> <memory> <optional> <span> <vector>)
+set_target_properties(pch_core PROPERTIES POSITION_INDEPENDENT_CODE ON)
+if(NETROVE_WINDOW)
+    netrove_pch(pch_widgets Qt6::Core Qt6::Gui Qt6::Widgets)
+    target_precompile_headers(pch_widgets PRIVATE
+        <QtWidgets/QtWidgets> <functional> <memory> <optional> <span> <vector>)
+    set_target_properties(pch_widgets PROPERTIES POSITION_INDEPENDENT_CODE ON)
+endif()
+
+# A room's headers are included as "room/Header.h", through a folder of links that only those
+# see who link the room.
+function(netrove_publish_headers name)
+    file(RELATIVE_PATH room ${CMAKE_SOURCE_DIR}/src ${CMAKE_CURRENT_SOURCE_DIR})
+    set(links ${CMAKE_BINARY_DIR}/rooms/${name})
+    file(REMOVE_RECURSE ${links})
+    file(MAKE_DIRECTORY ${links}/${room})
+    file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    foreach(header ${headers})
+        get_filename_component(file ${header} NAME)
+        file(CREATE_LINK ${header} ${links}/${room}/${file} SYMBOLIC)
+    endforeach()
+    target_include_directories(${name} PUBLIC ${links})
+endfunction()
+
+# netrove_library(NAME [WIDGETS] SOURCES … [LINKS …]): a room. Only what LINKS names can be
+# included and linked from it, so that a wrong dependency doesn't build.
+function(netrove_library name)
+    cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;LINKS" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    netrove_publish_headers(${name})
+    netrove_configure(${name} "${ARG_WIDGETS}" ${ARG_LINKS})
+endfunction()
+
+# netrove_program(NAME [WIDGETS] SOURCES … [LINKS …])
+function(netrove_program name)
+    cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;LINKS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    netrove_configure(${name} "${ARG_WIDGETS}" ${ARG_LINKS})
+endfunction()
+
+function(netrove_configure name widgets)
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    if(widgets)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+        target_link_libraries(${name} PUBLIC netrove_options Qt6::Core Qt6::Gui Qt6::Widgets ${ARGN})
+        target_precompile_headers(${name} REUSE_FROM pch_widgets)
+    else()
+        target_link_libraries(${name} PUBLIC netrove_options Qt6::Core ${ARGN})
+        target_precompile_headers(${name} REUSE_FROM pch_core)
+    endif()
+endfunction()
+
+# netrove_test(NAME [WIDGETS] [TIMEOUT s] SOURCES … [LINKS …]): a GoogleTest program, one ctest
+# entry. A test that needs a main of its own (for QApplication) links gtest and brings it.
+function(netrove_test name)
+    cmake_parse_arguments(ARG "WIDGETS" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+    if(NOT NETROVE_TESTS)
+        return()
+    endif()
+    find_package(GTest REQUIRED)
+    add_executable(${name} ${ARG_SOURCES})
+    netrove_configure(${name} "${ARG_WIDGETS}" ${ARG_LINKS} GTest::gtest)
+    if(NOT ARG_WIDGETS)
+        target_link_libraries(${name} PRIVATE GTest::gtest_main)
+    endif()
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 120)
+    endif()
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT}
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0")
+endfunction()
+
+# netrove_fuzzer(NAME SOURCES … [LINKS …]): a libFuzzer target, run for a short, bounded time.
+function(netrove_fuzzer name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    if(NOT NETROVE_FUZZERS)
+        return()
+    endif()
+    add_executable(${name} ${ARG_SOURCES})
+    netrove_configure(${name} "" ${ARG_LINKS})
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    add_test(NAME ${name} COMMAND ${name} -max_total_time=10 -timeout=5 -rss_limit_mb=2048 -max_len=4096)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 60)
+endfunction()
+
+# netrove_benchmark(NAME [WIDGETS] SOURCES … [LINKS …]): a Google Benchmark program.
+function(netrove_benchmark name)
+    cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;LINKS" ${ARGN})
+    find_package(benchmark REQUIRED)
+    netrove_program(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} benchmark::benchmark)
+endfunction()

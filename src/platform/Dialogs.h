@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+namespace netrove {
+
+enum class MessageIcon { None, Critical, Question, Exclamation, Information };
+enum class MessageButtons { Ok, YesNo };
+enum class MessageAnswer { Ok, Yes, No };
+
+/// All boxes that the program puts before the user go through here, so that a test can answer
+/// them. Lines in texts are separated by CR LF.
+class Dialogs {
+public:
+    Dialogs() = default;
+    Dialogs(const Dialogs&) = delete;
+    Dialogs& operator=(const Dialogs&) = delete;
+    virtual ~Dialogs() = default;
+
+    /// A modal message box; with MessageButtons::YesNo, No is the default button.
+    virtual MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
+                                  MessageButtons buttons = MessageButtons::Ok) = 0;
+
+    /// The usual box for a run-time failure: critical icon, number, CR LF, description.
+    void Failure(int number, const QString& description, const QString& title) {
+        Message(MessageIcon::Critical,
+                QString::number(number) + QStringLiteral("\r\n") + description, title);
+    }
+};
+
+} // namespace netrove

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace netrove {
+
+/// Attribute bits of a file or folder, as SMB and the rules count them.
+namespace FileAttribute {
+inline constexpr quint32 ReadOnly = 1;
+inline constexpr quint32 Hidden = 2;
+inline constexpr quint32 System = 4;
+inline constexpr quint32 Directory = 16;
+inline constexpr quint32 Archive = 32;
+/// A junction, a link or another point where the tree leaves itself ([MS-FSCC] 2.6).
+inline constexpr quint32 ReparsePoint = 0x400;
+/// The content lies on slow storage: opening the file would fetch it ([MS-FSCC] 2.6).
+inline constexpr quint32 Offline = 0x1000;
+} // namespace FileAttribute
+
+/// One entry of a folder listing. Only the name and the directory bit are always filled.
+struct FindData {
+    quint32 attributes = 0;
+    QString fileName;
+
+    [[nodiscard]] bool IsDirectory() const { return (attributes & FileAttribute::Directory) != 0; }
+};
+
+/// What is known of one file.
+struct FileInfo {
+    quint32 attributes = 0;
+    qint64 length = 0;  ///< bytes
+    QDateTime modified; ///< local time
+};
+
+/// A running folder listing; letting go of it closes it.
+class FileFind {
+public:
+    FileFind() = default;
+    FileFind(const FileFind&) = delete;
+    FileFind& operator=(const FileFind&) = delete;
+    virtual ~FileFind() = default;
+
+    /// Puts the next entry into `data`; false if none is left (or the listing broke off).
+    [[nodiscard]] virtual bool FindNext(FindData& data) = 0;
+};
+
+/// Files and folders by their paths: those of the network in the Universal Naming Convention
+/// (\\SERVER\SHARE\FOLDER\FILE) and local ones in the system's own form. Entries called "." and
+/// ".." stand in listings as the file system gives them; a name that holds a separator or a
+/// zero character never does.
+///
+/// Used from one thread. Calls block until the other side has answered or failed; meanwhile they
+/// call WhileWaiting().
+class FileAccess {
+public:
+    FileAccess() = default;
+    FileAccess(const FileAccess&) = delete;
+    FileAccess& operator=(const FileAccess&) = delete;
+    virtual ~FileAccess() = default;
+
+    /// Begins to list the entries that `searchPath` names: a folder path with its closing
+    /// separator, then "*.*" for all entries. The first entry goes into `first`. Null where
+    /// the folder can't be listed, whatever the reason, or has no entry at all.
+    [[nodiscard]] virtual std::unique_ptr<FileFind> FindFirst(const QString& searchPath,
+                                                              FindData& first) = 0;
+
+    /// Whether the program may enter `path` as a folder.
+    [[nodiscard]] virtual bool CanEnter(const QString& path) = 0;
+
+    /// Date, length and attributes of a file. Raise ErrorNumber::FileNotFound, PathNotFound or
+    /// PermissionDenied.
+    [[nodiscard]] virtual QDateTime Modified(const QString& path) = 0;
+    [[nodiscard]] virtual qint64 Length(const QString& path) = 0;
+    [[nodiscard]] virtual quint32 Attributes(const QString& path) = 0;
+
+    /// At most `length` bytes from `offset` on; fewer at the end of the file. Raises as above.
+    [[nodiscard]] virtual QByteArray Read(const QString& path, qint64 offset, qint64 length) = 0;
+
+    /// Where a network path lies in the local file system, if it does.
+    [[nodiscard]] virtual std::optional<QString> LocalPath(const QString& path) = 0;
+};
+
+} // namespace netrove

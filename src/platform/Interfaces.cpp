@@ -1,0 +1,5 @@
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/NetworkEnumeration.h"
+#include "platform/Shell.h"
+#include "platform/SystemInformation.h"

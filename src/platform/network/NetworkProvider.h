@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/Files.h"
+#include "platform/NetworkEnumeration.h"
+#include "platform/network/UncPath.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace netrove {
+
+/// One entry at the first level of the network: it knows the workgroups, computers, shares and
+/// printers below it and reads the files there. Calls block, and call WhileWaiting() meanwhile.
+/// A failure is an empty answer or the RunTimeError that FileAccess names; nothing else escapes.
+class NetworkProvider {
+public:
+    explicit NetworkProvider(QString name) : name_(std::move(name)) {}
+    NetworkProvider(const NetworkProvider&) = delete;
+    NetworkProvider& operator=(const NetworkProvider&) = delete;
+    virtual ~NetworkProvider() = default;
+
+    [[nodiscard]] const QString& Name() const { return name_; }
+
+    /// What lies below `node` (this provider's own record, a workgroup or a server): for
+    /// NetEnum::TypeDisk workgroups, servers or disk shares, for NetEnum::TypePrint the printers
+    /// of a server. Nothing where the list can't be had.
+    [[nodiscard]] virtual std::optional<std::vector<NetRecord>> List(const NetRecord& node,
+                                                                     qint32 type) = 0;
+
+    /// Whether this provider answers for a computer of this name (without "\\").
+    [[nodiscard]] virtual bool Knows(const QString& server) = 0;
+
+    /// The workgroup of a computer, empty where nobody answers.
+    [[nodiscard]] virtual QString Workgroup(const QString& server) = 0;
+
+    /// The entries of the folder at `path`; null as in FileAccess::FindFirst.
+    [[nodiscard]] virtual std::unique_ptr<FileFind> FindFirst(const UncPath& path,
+                                                              FindData& first) = 0;
+    [[nodiscard]] virtual bool CanEnter(const UncPath& path) = 0;
+    /// Raises ErrorNumber::FileNotFound, PathNotFound or PermissionDenied.
+    [[nodiscard]] virtual FileInfo Info(const UncPath& path) = 0;
+    /// Raises as Info.
+    [[nodiscard]] virtual QByteArray Read(const UncPath& path, qint64 offset, qint64 length) = 0;
+    [[nodiscard]] virtual std::optional<QString> LocalPath(const UncPath& path) = 0;
+
+protected:
+    /// A record of this provider, as enumerations give it.
+    [[nodiscard]] NetRecord Record(qint32 displayType, const QString& remoteName,
+                                   const QString& comment, qint32 type = NetEnum::TypeDisk) const {
+        return {.dwScope = NetEnum::ScopeGlobalNet,
+                .dwType = type,
+                .dwDisplayType = displayType,
+                .dwUsage = displayType == NetEnum::DisplayShare ? NetEnum::UsageConnectable
+                                                                : NetEnum::UsageContainer,
+                .lpLocalName = {},
+                .lpRemoteName = remoteName,
+                .lpComment = comment,
+                .lpProvider = name_};
+    }
+
+private:
+    QString name_;
+};
+
+} // namespace netrove

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+namespace netrove {
+
+/// Numbers of run-time failures, as the program shows and stores them ("Error (53)").
+enum class ErrorNumber : int {
+    None = 0,
+    InvalidProcedureCall = 5,
+    Overflow = 6,
+    OutOfMemory = 7,
+    SubscriptOutOfRange = 9,
+    DivisionByZero = 11,
+    TypeMismatch = 13,
+    DeviceIOError = 57,
+    FileNotFound = 53,
+    BadFileMode = 54,
+    FileAlreadyOpen = 55,
+    FileAlreadyExists = 58,
+    DiskFull = 61,
+    TooManyFiles = 67,
+    DeviceUnavailable = 68,
+    PermissionDenied = 70,
+    DiskNotReady = 71,
+    PathFileAccessError = 75,
+    PathNotFound = 76,
+    ObjectNotSet = 91,
+    InvalidPatternString = 93,
+    InvalidPropertyValue = 380,
+    CannotCreateObject = 429,
+    KeyNotFound = 35601,
+    KeyNotUnique = 457,
+};
+
+/// The description of a run-time failure; a number without one of its own has
+/// "Application-defined or object-defined error".
+[[nodiscard]] QString ErrorDescription(int number);
+
+/// A run-time failure: raised where a rule says that an operation fails, caught at the place that
+/// the rules call a trap.
+class RunTimeError : public std::exception {
+public:
+    explicit RunTimeError(ErrorNumber number);
+    RunTimeError(int number, QString description);
+
+    [[nodiscard]] int Number() const { return number_; }
+    [[nodiscard]] const QString& Description() const { return description_; }
+    [[nodiscard]] const char* what() const noexcept override { return what_.constData(); }
+
+private:
+    int number_;
+    QString description_;
+    QByteArray what_;
+};
+
+} // namespace netrove

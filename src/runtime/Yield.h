@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+
+namespace netrove {
+
+/// One pass of the event loop, in which pending input, paint and timer events are served before
+/// the call returns. Long jobs call it at many points; it costs a few nanoseconds unless
+/// some milliseconds have passed since the last pass, so that events can be due.
+void Yield();
+
+/// What a pass does: the window runs its event loop, the console program looks at its signals.
+/// An empty function makes yields do nothing. Gives back the one that was set before.
+std::function<void()> SetYieldPass(std::function<void()> pass);
+
+/// With true, every Yield() makes a pass, however little time has gone by: tests use it to let
+/// handlers in at every point where the rules allow one.
+void SetYieldAlways(bool always);
+
+/// Serves the display during a blocking wait of the platform: painting goes on, no handler of
+/// the program runs. Waits call it every few tens of milliseconds.
+void WhileWaiting();
+
+/// What WhileWaiting() does. Gives back the one that was set before.
+std::function<void()> SetWaitingPass(std::function<void()> pass);
+
+} // namespace netrove
