@@ -23,6 +23,9 @@ public:
 
     /// Raises ErrorNumber::InvalidPatternString if the pattern isn't valid.
     [[nodiscard]] bool Matches(QStringView name) const;
+
+private:
+    QString text_;
 };
 
 } // namespace netrove

@@ -1,0 +1,58 @@
+#include "search/ExclusionLists.h"
+
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+
+namespace netrove {
+
+void ExclusionLists::ParseNetNodes(const Settings& settings) {
+    for (QStringList* list :
+         {&ExcFolders, &ExcShares, &ExcWorkstations, &ExcWorkgroups, &ExcNetworks})
+        list->clear();
+    for (const QString& entry : settings.ExcNetNodes)
+        AddEntry(entry);
+    const auto active = [&settings](const QStringList& list) {
+        return !list.isEmpty() && settings.ExcludeNetNodes;
+    };
+    UseExcFolders = active(ExcFolders);
+    UseExcShares = active(ExcShares);
+    UseExcWorkstations = active(ExcWorkstations);
+    UseExcWorkgroups = active(ExcWorkgroups);
+    UseExcNetworks = active(ExcNetworks);
+}
+
+void ExclusionLists::TurnOff() {
+    UseExcFolders = false;
+    UseExcShares = false;
+    UseExcWorkstations = false;
+    UseExcWorkgroups = false;
+    UseExcNetworks = false;
+}
+
+void ExclusionLists::AddEntry(const QString& entry) {
+    const QStringList fields = entry.split(QLatin1Char('|'));
+    if (fields.size() < 3)
+        throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+    const QString type = UpperCase(fields[2]);
+    const bool folder = type == QLatin1String("FOLDER");
+    const bool workstation = type == QLatin1String("WORKSTATION");
+    const bool workgroup = type == QLatin1String("WORKGROUP");
+    const bool network = type == QLatin1String("NETWORK");
+    if (!folder && !workstation && !workgroup && !network)
+        return;
+    if (!ToBoolean(fields[1]))
+        return;
+    const QString name = UpperCase(Trim(fields[0]));
+    if (folder) {
+        ExcFolders.append(QLatin1Char('\\') + name + QLatin1Char('\\'));
+        ExcShares.append(name);
+    } else if (workstation) {
+        ExcWorkstations.append(QLatin1String("\\\\") + name);
+    } else if (workgroup) {
+        ExcWorkgroups.append(name);
+    } else {
+        ExcNetworks.append(name);
+    }
+}
+
+} // namespace netrove

@@ -1,0 +1,148 @@
+#include "search/FolderScan.h"
+
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+#include "runtime/Yield.h"
+
+#include <QScopedValueRollback>
+
+#include <new>
+
+namespace netrove {
+namespace {
+
+/// Levels of folders that a walk goes down. No path of a real server is that deep; a hostile one
+/// could answer every folder with another until the stack is used up.
+constexpr int MaxDepth = 2000;
+
+QString FolderPath(const QString& root) {
+    return root.endsWith(QLatin1Char('\\')) ? root : root + QLatin1Char('\\');
+}
+
+QString SearchPath(const QString& folderPath) {
+    return folderPath + QLatin1String("*.*");
+}
+
+/// Runs a step whose failure is passed over.
+template <typename Step>
+void Skipping(const Step& step) {
+    try {
+        step();
+    } catch (const RunTimeError&) {
+    }
+}
+
+} // namespace
+
+void FolderScan::WalkFolders(WalkRecord& record) {
+    Yield();
+    const QString folderPath = FolderPath(record.Root);
+    context_.Update(folderPath);
+    if (IsExcluded(folderPath) || depth_ >= MaxDepth)
+        return;
+    const QScopedValueRollback depth(depth_, depth_ + 1);
+    FindData entry;
+    const auto find = context_.services.files.FindFirst(SearchPath(folderPath), entry);
+    if (!find)
+        return;
+    ScanFiles(record);
+    do {
+        if (!WalkEntry(record, folderPath, entry))
+            return;
+    } while (find->FindNext(entry));
+}
+
+/// Gives false when the walk has been abandoned.
+bool FolderScan::WalkEntry(WalkRecord& record, const QString& folderPath, const FindData& entry) {
+    Yield();
+    if (context_.AbandonRequested)
+        return false;
+    if (!entry.IsDirectory())
+        return true;
+    Yield();
+    if (!record.Recurse)
+        return true;
+    if (context_.AbandonRequested)
+        return false;
+    const QString name = CutAtZero(entry.fileName);
+    if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
+        return true;
+    Yield();
+    record.Root = folderPath + name;
+    WalkFolders(record);
+    return !context_.AbandonRequested;
+}
+
+bool FolderScan::IsExcluded(const QString& folderPath) {
+    if (!context_.services.exclusions.UseExcFolders)
+        return false;
+    const QString below = UpperCase(folderPath.mid(context_.NodeBaseStart - 1));
+    for (const QString& entry : context_.services.exclusions.ExcFolders) {
+        if (!below.contains(entry, Qt::CaseInsensitive))
+            continue;
+        context_.services.log.PrintBlock(
+            {QLatin1String("Exclude Folder: ") + entry + QLatin1String(" in ") + folderPath});
+        return true;
+    }
+    return false;
+}
+
+void FolderScan::ScanFiles(const WalkRecord& record) {
+    Yield();
+    const QString folderPath = FolderPath(record.Root);
+    FindData entry;
+    const auto find = context_.services.files.FindFirst(SearchPath(folderPath), entry);
+    if (!find)
+        return;
+    // From the first match of a folder on, a failing step is passed over.
+    bool skipping = false;
+    do {
+        Yield();
+        if (context_.AbandonRequested)
+            return;
+        if (!entry.IsDirectory() && ScanEntry(folderPath, entry, skipping))
+            skipping = true;
+    } while (find->FindNext(entry));
+}
+
+/// Tests one file and reports it if it matches; gives whether it did.
+bool FolderScan::ScanEntry(const QString& folderPath, const FindData& entry, bool skipping) {
+    const QString name = CutAtZero(entry.fileName);
+    Yield();
+    if (!MatchesPattern(name, skipping))
+        return false;
+    Yield();
+    Report(folderPath + name);
+    return true;
+}
+
+bool FolderScan::MatchesPattern(const QString& name, bool skipping) const {
+    for (const Pattern& pattern : context_.PatternList) {
+        Yield();
+        bool matches = false;
+        if (skipping)
+            Skipping([&] { matches = pattern.Matches(name); });
+        else
+            matches = pattern.Matches(name);
+        if (matches)
+            return true;
+    }
+    return false;
+}
+
+void FolderScan::Report(const QString& netPath) {
+    if (context_.ItemFound)
+        Skipping([&] { context_.ItemFound(netPath); });
+    try {
+        context_.ResultList.push_back(netPath);
+    } catch (const std::bad_alloc&) {
+        context_.ResultList = {QString(), netPath};
+    }
+}
+
+bool FolderScan::IsFolder(const QString& path) {
+    Yield();
+    return context_.services.files.CanEnter(path);
+}
+
+} // namespace netrove

@@ -1,0 +1,226 @@
+#include "search/NWSearch.h"
+
+#include "runtime/Formats.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+#include "runtime/Yield.h"
+
+#include <limits>
+
+namespace netrove {
+
+NWSearch::NWSearch(const SearchServices& services)
+    : context_{.services = services,
+               .ItemFound = {},
+               .SearchUpdate = {},
+               .PatternList = {},
+               .ResultList = {}}
+    , folders_(context_) {
+    context_.ItemFound = [this](const QString& netPath) {
+        if (ItemFound)
+            ItemFound(netPath);
+    };
+    context_.SearchUpdate = [this](const QString& netPath) {
+        if (SearchUpdate)
+            SearchUpdate(netPath);
+    };
+}
+
+void NWSearch::BeginSearch(const QString& fileName,
+                           const std::shared_ptr<NetResource>& networkStartPoint) {
+    LogSearchHead();
+    Yield();
+    context_.AbandonRequested = false;
+    context_.ResultList.assign(1, QString());
+    if (!networkStartPoint)
+        throw RunTimeError(ErrorNumber::ObjectNotSet);
+    SearchNode(fileName, *networkStartPoint);
+}
+
+QString NWSearch::GetResult(qint32 resultNumber) const {
+    Yield();
+    if (resultNumber < 1 || resultNumber > NumResults())
+        return QString();
+    return context_.ResultList[static_cast<std::size_t>(resultNumber)];
+}
+
+qint32 NWSearch::NumResults() const {
+    return context_.ResultList.empty() ? 0 : static_cast<qint32>(context_.ResultList.size() - 1);
+}
+
+void NWSearch::SearchNode(const QString& fileName, NetResource& node) {
+    Yield();
+    context_.Update(node.RemoteName());
+    if (context_.AbandonRequested)
+        return;
+    LogNode(node);
+    context_.NodeBaseStart = node.RemoteName().size() + 1;
+    if (ActOnNode(fileName, node) == Next::WalkChildren)
+        WalkChildren(fileName, node);
+}
+
+NWSearch::Next NWSearch::ActOnNode(const QString& fileName, NetResource& node) {
+    const ExclusionLists& exclusions = context_.services.exclusions;
+    switch (node.ResourceType()) {
+    case ResourceType::Network:
+        return IsExcluded(exclusions.UseExcNetworks, exclusions.ExcNetworks, node.RemoteName(),
+                          QStringLiteral("Exclude Network: "))
+                   ? Next::Leave
+                   : Next::WalkChildren;
+    case ResourceType::Domain:
+    case ResourceType::Group:
+        return IsExcluded(exclusions.UseExcWorkgroups, exclusions.ExcWorkgroups, node.RemoteName(),
+                          QStringLiteral("Exclude Workgroup: "))
+                   ? Next::Leave
+                   : Next::WalkChildren;
+    case ResourceType::Server:
+        return ActOnServer(fileName, node);
+    case ResourceType::Share:
+    case ResourceType::ShareAdmin:
+    case ResourceType::Directory:
+        return ActOnShare(fileName, node);
+    case ResourceType::Generic:
+    case ResourceType::File:
+    case ResourceType::Root:
+    case ResourceType::Tree:
+    case ResourceType::NDSContainer:
+    case ResourceType::Printer:
+        break;
+    }
+    if (context_.services.log.IsOn())
+        context_.services.log.PrintBlock({QLatin1String("Other Type: ") + node.ResourceTypeName()});
+    return Next::WalkChildren;
+}
+
+NWSearch::Next NWSearch::ActOnServer(const QString& fileName, const NetResource& node) {
+    const ExclusionLists& exclusions = context_.services.exclusions;
+    if (!context_.services.settings.IncludeCurrentComputer && IsCurrentComputer(node))
+        return Next::Leave;
+    if (IsExcluded(exclusions.UseExcWorkstations, exclusions.ExcWorkstations, node.RemoteName(),
+                   QStringLiteral("Exclude Workstation: ")))
+        return Next::Leave;
+    Yield();
+    if (context_.services.settings.IncludeAdminShares &&
+        SearchAdminShares(fileName, node.RemoteName()) == Next::Leave)
+        return Next::Leave;
+    return context_.AbandonRequested ? Next::Leave : Next::WalkChildren;
+}
+
+bool NWSearch::IsCurrentComputer(const NetResource& node) {
+    const QString& computer = context_.services.settings.CurrentComputerName;
+    if (UpperCase(Trim(computer)) != UpperCase(Trim(node.RemoteName())))
+        return false;
+    context_.services.log.PrintBlock({QLatin1String("Exclude Current Workstation: ") + computer});
+    return true;
+}
+
+NWSearch::Next NWSearch::SearchAdminShares(const QString& fileName, const QString& server) {
+    SearchPath(fileName, server + QLatin1String("\\Admin$"));
+    if (context_.AbandonRequested)
+        return Next::Leave;
+    for (char letter = 'C'; letter <= 'Z'; ++letter) {
+        SearchPath(fileName, server + QLatin1Char('\\') + QLatin1Char(letter) + QLatin1Char('$'));
+        if (context_.AbandonRequested)
+            return Next::Leave;
+    }
+    return Next::WalkChildren;
+}
+
+NWSearch::Next NWSearch::ActOnShare(const QString& fileName, const NetResource& node) {
+    const ExclusionLists& exclusions = context_.services.exclusions;
+    if (IsExcluded(exclusions.UseExcShares, exclusions.ExcShares, node.ShortName(),
+                   QStringLiteral("Exclude Share: ")))
+        return Next::Leave;
+    Yield();
+    const bool isFolder = folders_.IsFolder(node.RemoteName());
+    Yield();
+    if (isFolder)
+        SearchPath(fileName, node.RemoteName());
+    return context_.AbandonRequested ? Next::Leave : Next::WalkChildren;
+}
+
+bool NWSearch::IsExcluded(bool active, const QStringList& list, const QString& text,
+                          const QString& logLine) {
+    if (!active)
+        return false;
+    const QString compared = UpperCase(Trim(text));
+    for (const QString& entry : list) {
+        if (!EqualText(entry, compared))
+            continue;
+        context_.services.log.PrintBlock({logLine + entry});
+        return true;
+    }
+    return false;
+}
+
+void NWSearch::WalkChildren(const QString& fileName, NetResource& node) {
+    const auto children = node.Children();
+    if (!children)
+        return;
+    // The trap serves once: a second failure among these children goes up to the next level.
+    bool trapArmed = true;
+    for (const auto& child : *children) {
+        try {
+            WalkChild(fileName, *child);
+        } catch (const RunTimeError&) {
+            if (!trapArmed)
+                throw;
+            trapArmed = false;
+        }
+        if (context_.AbandonRequested)
+            return;
+    }
+}
+
+void NWSearch::WalkChild(const QString& fileName, NetResource& child) {
+    Yield();
+    if (child.ResourceType() != ResourceType::NDSContainer) {
+        Yield();
+        SearchNode(fileName, child);
+        return;
+    }
+    Yield();
+    const bool isFolder = folders_.IsFolder(child.RemoteName());
+    Yield();
+    if (isFolder)
+        SearchPath(fileName, child.RemoteName());
+    else if (context_.services.settings.IncludeVirtualShares)
+        SearchNode(fileName, child);
+}
+
+void NWSearch::SearchPath(const QString& fileName, const QString& startPath) {
+    Yield();
+    context_.Update(startPath);
+    Yield();
+    const QStringList pieces = fileName.split(QLatin1Char(','));
+    if (pieces.size() > std::numeric_limits<qint16>::max())
+        throw RunTimeError(ErrorNumber::Overflow);
+    context_.PatternList.clear();
+    for (const QString& piece : pieces) {
+        Yield();
+        context_.PatternList.emplace_back(Trim(piece));
+    }
+    WalkRecord record{.Recurse = recurseFolders_, .Root = startPath};
+    Yield();
+    if (context_.AbandonRequested)
+        return;
+    folders_.WalkFolders(record);
+}
+
+void NWSearch::LogSearchHead() {
+    context_.services.log.PrintBlock(
+        {QString(60, QLatin1Char('-')), GeneralDate(QDateTime::currentDateTime())});
+}
+
+void NWSearch::LogNode(const NetResource& node) {
+    if (!context_.services.log.IsOn())
+        return;
+    context_.services.log.PrintBlock(
+        {QStringLiteral("NETWORK SEARCH"), QLatin1String("Remote Name: ") + node.RemoteName(),
+         QLatin1String("Resource Type: ") +
+             QString::number(static_cast<qint32>(node.ResourceType())),
+         QLatin1String("Resource Type Name: ") + node.ResourceTypeName(),
+         QLatin1String("Provider: ") + node.Provider()});
+}
+
+} // namespace netrove

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "network/NetResource.h"
+#include "search/FolderScan.h"
+#include "search/SearchContext.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace netrove {
+
+/// The search engine: walks the network downwards from a start node, decides at each node what is
+/// to be done with it, and reports every matching file. One object serves one search; it runs on
+/// the caller's thread and yields to the event loop all the time. It shows no message: what can't
+/// be listed or entered gives no files.
+class NWSearch {
+public:
+    explicit NWSearch(const SearchServices& services);
+    NWSearch(const NWSearch&) = delete;
+    NWSearch& operator=(const NWSearch&) = delete;
+    ~NWSearch() = default;
+
+    /// The file with this full path matches. A handler may call Abandon().
+    std::function<void(const QString& netPath)> ItemFound;
+    /// The walk has reached this place. Raised very often.
+    std::function<void(const QString& netPath)> SearchUpdate;
+
+    /// Asks the walk to stop at its next test. May be called at any time.
+    void Abandon() { context_.AbandonRequested = true; }
+
+    /// Searches for files whose names match one of the comma-separated patterns of `fileName`,
+    /// from `networkStartPoint` down; returns when the walk has ended. Raises
+    /// ErrorNumber::ObjectNotSet for an empty reference, and any failure that no walk over
+    /// children has caught.
+    void BeginSearch(const QString& fileName,
+                     const std::shared_ptr<NetResource>& networkStartPoint);
+
+    [[nodiscard]] bool RecurseFolders() const { return recurseFolders_; }
+    void SetRecurseFolders(bool recurse) { recurseFolders_ = recurse; }
+
+    /// The path of a match, by its number from 1 to NumResults(), after a yield; empty for any
+    /// other number.
+    [[nodiscard]] QString GetResult(qint32 resultNumber) const;
+    [[nodiscard]] qint32 NumResults() const;
+
+private:
+    enum class Next { WalkChildren, Leave };
+
+    void SearchNode(const QString& fileName, NetResource& node);
+    [[nodiscard]] Next ActOnNode(const QString& fileName, NetResource& node);
+    [[nodiscard]] Next ActOnServer(const QString& fileName, const NetResource& node);
+    [[nodiscard]] Next ActOnShare(const QString& fileName, const NetResource& node);
+    [[nodiscard]] Next SearchAdminShares(const QString& fileName, const QString& server);
+    void WalkChildren(const QString& fileName, NetResource& node);
+    void WalkChild(const QString& fileName, NetResource& child);
+    void SearchPath(const QString& fileName, const QString& startPath);
+    [[nodiscard]] bool IsExcluded(bool active, const QStringList& list, const QString& text,
+                                  const QString& logLine);
+    [[nodiscard]] bool IsCurrentComputer(const NetResource& node);
+    void LogSearchHead();
+    void LogNode(const NetResource& node);
+
+    SearchContext context_;
+    FolderScan folders_;
+    bool recurseFolders_ = false;
+};
+
+} // namespace netrove
