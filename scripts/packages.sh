@@ -1,0 +1,33 @@
+# What the program needs of Debian's packages, by purpose. Sourced by the other scripts.
+
+BUILD_PACKAGES=(
+    cmake ninja-build g++ pkg-config ccache
+    qt6-base-dev libsmbclient-dev
+)
+RUN_PACKAGES=(
+    libqt6svg6 shared-mime-info xdg-utils adwaita-icon-theme fonts-liberation
+)
+TEST_PACKAGES=(
+    clang clang-format clang-tidy clang-tools libclang-rt-14-dev
+    libgtest-dev samba smbclient
+    xvfb xauth openbox xdotool x11-utils imagemagick python3
+)
+BENCH_PACKAGES=(
+    libbenchmark-dev findutils
+)
+
+# install_packages NAME...: installs those that are missing, with sudo where needed.
+install_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    local sudo=()
+    [ "$(id -u)" -eq 0 ] || sudo=(sudo)
+    echo "Installing: ${missing[*]}" >&2
+    "${sudo[@]}" apt-get update -qq >&2
+    "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+}
