@@ -25,7 +25,7 @@ inline constexpr quint32 Offline = 0x1000;
 /// One entry of a folder listing. Only the name and the directory bit are always filled.
 struct FindData {
     quint32 attributes = 0;
-    QString fileName;
+    QString fileName = {};
 
     [[nodiscard]] bool IsDirectory() const { return (attributes & FileAttribute::Directory) != 0; }
 };
@@ -33,8 +33,8 @@ struct FindData {
 /// What is known of one file.
 struct FileInfo {
     quint32 attributes = 0;
-    qint64 length = 0;  ///< bytes
-    QDateTime modified; ///< local time
+    qint64 length = 0;       ///< bytes
+    QDateTime modified = {}; ///< local time
 };
 
 /// A running folder listing; letting go of it closes it.

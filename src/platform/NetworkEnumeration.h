@@ -12,10 +12,10 @@ struct NetRecord {
     qint32 dwType = 0;
     qint32 dwDisplayType = 0;
     qint32 dwUsage = 0;
-    QString lpLocalName;
-    QString lpRemoteName;
-    QString lpComment;
-    QString lpProvider;
+    QString lpLocalName = {};
+    QString lpRemoteName = {};
+    QString lpComment = {};
+    QString lpProvider = {};
 };
 
 /// Numbers that an enumeration is opened with and reports ([MS-DOCS] NETRESOURCE).
