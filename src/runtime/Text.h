@@ -6,7 +6,8 @@
 namespace netrove {
 
 /// Compares two texts without regard to case, in the order of the system's locale: below 0, 0 or
-/// above 0. Equal means equal but for case; it never ignores accents.
+/// above 0. Equal means equal but for case, exactly where EqualText says so; it never ignores
+/// accents, nor that an accent is written apart from its letter.
 [[nodiscard]] int CompareText(QStringView left, QStringView right);
 [[nodiscard]] bool EqualText(QStringView left, QStringView right);
 
@@ -19,19 +20,21 @@ namespace netrove {
 /// The text up to its first zero character; all of it if there is none.
 [[nodiscard]] QString CutAtZero(QStringView text);
 
-/// The number at the beginning of a text: blanks, tabs and line feeds are skipped, then an
-/// optional sign, digits, a point and an exponent (or "&H" or "&O" and digits) are taken as far
-/// as they go. The point is always ".", whatever the locale. A text that begins with no number
-/// gives 0.
+/// The number at the beginning of a text: blanks, tabs and line feeds are skipped wherever they
+/// stand ("5 000" is 5000), an optional sign, digits, a point and an exponent ("E" or "D"), or
+/// "&H" or "&O" and digits, are taken as far as they go. The point is always ".", whatever the
+/// locale. A text that begins with no number gives 0. Raises ErrorNumber::Overflow for a number
+/// that no double can hold.
 [[nodiscard]] double LeadingNumber(QStringView text);
 
 /// LeadingNumber rounded to the nearest whole number, a tie going to the even one. Raise
-/// ErrorNumber::Overflow where the result doesn't fit 16 or 32 bits.
+/// ErrorNumber::Overflow where the result doesn't fit 16 or 32 bits, signed.
 [[nodiscard]] qint16 LeadingInteger(QStringView text);
 [[nodiscard]] qint32 LeadingLong(QStringView text);
 
-/// "True" or "False" in any case, or a number (0 is false, any other true), blanks around allowed.
-/// Raises ErrorNumber::TypeMismatch for anything else, the empty text included.
+/// "True" or "False" in any case, or a number and nothing else (0 is false, any other true),
+/// blanks around allowed. Raises ErrorNumber::TypeMismatch for anything else, the empty text
+/// included.
 [[nodiscard]] bool ToBoolean(QStringView text);
 
 /// "True" or "False".

@@ -5,12 +5,16 @@
 namespace netrove {
 
 /// One pass of the event loop, in which pending input, paint and timer events are served before
-/// the call returns. Long jobs call it at many points; it costs a few nanoseconds unless
-/// some milliseconds have passed since the last pass, so that events can be due.
+/// the call returns. Long jobs call it at many points; it costs the reading of a clock unless
+/// some milliseconds have passed since the last pass, so that events can be due. A yield inside a
+/// pass may make a pass of its own.
+///
+/// Passes belong to the thread that sets them: in any other, yields do nothing.
 void Yield();
 
 /// What a pass does: the window runs its event loop, the console program looks at its signals.
-/// An empty function makes yields do nothing. Gives back the one that was set before.
+/// An empty function makes yields do nothing. Gives back the one that was set before. The next
+/// yield makes a pass.
 std::function<void()> SetYieldPass(std::function<void()> pass);
 
 /// With true, every Yield() makes a pass, however little time has gone by: tests use it to let

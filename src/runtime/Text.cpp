@@ -1,0 +1,226 @@
+#include "runtime/Text.h"
+
+#include "runtime/RunTimeError.h"
+
+#include <QCollator>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace netrove {
+
+namespace {
+
+/// A text with each of its characters put through `map`; one whose image is of another length in
+/// UTF-16 stays.
+QString Mapped(QStringView text, char32_t (*map)(char32_t)) {
+    QString result = text.toString();
+    for (qsizetype at = 0; at < result.size(); ++at) {
+        const QChar unit = result[at];
+        if (unit.isHighSurrogate() && at + 1 < result.size() && result[at + 1].isLowSurrogate()) {
+            const char32_t image = map(QChar::surrogateToUcs4(unit, result[at + 1]));
+            if (QChar::requiresSurrogates(image)) {
+                result[at] = QChar(QChar::highSurrogate(image));
+                result[at + 1] = QChar(QChar::lowSurrogate(image));
+            }
+            ++at;
+        } else if (const char32_t image = map(unit.unicode()); !QChar::requiresSurrogates(image)) {
+            result[at] = QChar(char16_t(image));
+        }
+    }
+    return result;
+}
+
+char32_t FoldedCharacter(char32_t character) {
+    return QChar::toCaseFolded(character);
+}
+char32_t UpperCharacter(char32_t character) {
+    return QChar::toUpper(character);
+}
+
+/// The order of the locale that is set now; making a collator is dear, so each thread keeps one.
+const QCollator& LocaleOrder() {
+    thread_local QLocale locale;
+    thread_local QCollator collator{locale.collation()};
+    if (locale != QLocale()) {
+        locale = QLocale();
+        collator.setLocale(locale.collation());
+    }
+    return collator;
+}
+
+bool IsDigit(QChar character) {
+    return character >= u'0' && character <= u'9';
+}
+
+/// The value of a hexadecimal digit; more than any for other characters.
+int DigitValue(QChar character) {
+    if (IsDigit(character))
+        return character.unicode() - u'0';
+    const char16_t letter = character.toUpper().unicode();
+    return letter >= u'A' && letter <= u'F' ? letter - u'A' + 10 : 16;
+}
+
+/// Reads a number from the beginning of a text.
+class NumberScanner {
+public:
+    explicit NumberScanner(QStringView text) : text_(text) {}
+
+    double Scan() {
+        if (TakePrefix(u'H'))
+            return TakeRadixDigits(16);
+        if (TakePrefix(u'O'))
+            return TakeRadixDigits(8);
+        return TakeDecimal();
+    }
+
+    /// Whether a number stood there and nothing behind it.
+    [[nodiscard]] bool TookAll() const { return found_ && at_ == text_.size(); }
+
+private:
+    [[nodiscard]] QChar At(qsizetype offset = 0) const {
+        return at_ + offset < text_.size() ? text_[at_ + offset] : QChar();
+    }
+
+    bool TakePrefix(char16_t letter) {
+        if (At() != u'&' || At(1).toUpper() != letter)
+            return false;
+        at_ += 2;
+        return true;
+    }
+
+    double TakeRadixDigits(int radix) {
+        double value = 0;
+        for (int digit = DigitValue(At()); digit < radix; digit = DigitValue(At())) {
+            value = value * radix + digit;
+            found_ = true;
+            ++at_;
+        }
+        return Checked(value);
+    }
+
+    double TakeDecimal() {
+        QByteArray number;
+        if (At() == u'-' || At() == u'+')
+            number += TakeOne();
+        TakeDigits(number);
+        if (At() == u'.') {
+            number += TakeOne();
+            TakeDigits(number);
+        }
+        if (!found_)
+            return 0;
+        TakeExponent(number);
+        // QByteArray gives 0 where the number is too big for a double, this the infinity.
+        return Checked(QLocale::c().toDouble(QString::fromLatin1(number)));
+    }
+
+    /// An exponent counts only with a digit: "1E" and "1E+" are 1.
+    void TakeExponent(QByteArray& number) {
+        const QChar letter = At().toUpper();
+        if (letter != u'E' && letter != u'D')
+            return;
+        const qsizetype sign = At(1) == u'-' || At(1) == u'+' ? 1 : 0;
+        if (!IsDigit(At(1 + sign)))
+            return;
+        ++at_;
+        number += 'e';
+        if (sign > 0)
+            number += TakeOne();
+        TakeDigits(number);
+    }
+
+    void TakeDigits(QByteArray& number) {
+        while (IsDigit(At())) {
+            number += TakeOne();
+            found_ = true;
+        }
+    }
+
+    char TakeOne() { return text_[at_++].toLatin1(); }
+
+    static double Checked(double value) {
+        if (std::isinf(value))
+            throw RunTimeError(ErrorNumber::Overflow);
+        return value;
+    }
+
+    QStringView text_;
+    qsizetype at_ = 0;
+    bool found_ = false;
+};
+
+template <typename Whole>
+Whole LeadingWhole(QStringView text) {
+    const double rounded = std::nearbyint(LeadingNumber(text));
+    if (rounded < std::numeric_limits<Whole>::min() || rounded > std::numeric_limits<Whole>::max())
+        throw RunTimeError(ErrorNumber::Overflow);
+    return static_cast<Whole>(rounded);
+}
+
+} // namespace
+
+int CompareText(QStringView left, QStringView right) {
+    if (EqualText(left, right))
+        return 0;
+    const QString foldedLeft = Mapped(left, FoldedCharacter);
+    const QString foldedRight = Mapped(right, FoldedCharacter);
+    if (const int order = LocaleOrder().compare(foldedLeft, foldedRight); order != 0)
+        return order;
+    // Locales ignore some characters and see composed and decomposed accents as one.
+    return foldedLeft.compare(foldedRight);
+}
+
+bool EqualText(QStringView left, QStringView right) {
+    return left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
+QString UpperCase(QStringView text) {
+    return Mapped(text, UpperCharacter);
+}
+
+QString Trim(QStringView text) {
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text.toString();
+}
+
+QString CutAtZero(QStringView text) {
+    const qsizetype zero = text.indexOf(QChar(u'\0'));
+    return (zero < 0 ? text : text.first(zero)).toString();
+}
+
+double LeadingNumber(QStringView text) {
+    QString solid = text.toString();
+    solid.removeIf([](QChar unit) { return unit == u' ' || unit == u'\t' || unit == u'\n'; });
+    return NumberScanner(solid).Scan();
+}
+
+qint16 LeadingInteger(QStringView text) {
+    return LeadingWhole<qint16>(text);
+}
+qint32 LeadingLong(QStringView text) {
+    return LeadingWhole<qint32>(text);
+}
+
+bool ToBoolean(QStringView text) {
+    const QString word = Trim(text);
+    if (EqualText(word, u"True"))
+        return true;
+    if (EqualText(word, u"False"))
+        return false;
+    NumberScanner scanner(word);
+    const double value = scanner.Scan();
+    if (!scanner.TookAll())
+        throw RunTimeError(ErrorNumber::TypeMismatch);
+    return value != 0;
+}
+
+QString BooleanWord(bool value) {
+    return value ? QStringLiteral("True") : QStringLiteral("False");
+}
+
+} // namespace netrove

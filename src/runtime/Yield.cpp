@@ -1,0 +1,61 @@
+#include "runtime/Yield.h"
+
+#include <chrono>
+#include <utility>
+
+namespace netrove {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Short enough that no key press feels late, long enough that passes cost a busy job little.
+constexpr std::chrono::milliseconds PassInterval{5};
+
+struct Passes {
+    std::function<void()> yield;
+    std::function<void()> waiting;
+};
+
+// A thread has its own, so that a helper thread which yields never runs the window's events. What
+// every call looks at is apart from the functions, which need construction.
+thread_local Passes passes;
+thread_local Clock::time_point nextPass = Clock::time_point::min();
+thread_local bool passAlways = false;
+
+void MakePass() {
+    // The first setting is for yields inside the pass; the second gives the job its share
+    // of time after a pass that took long.
+    nextPass = Clock::now() + PassInterval;
+    // A copy, as the pass may set another one.
+    if (const std::function<void()> pass = passes.yield)
+        pass();
+    nextPass = Clock::now() + PassInterval;
+}
+
+} // namespace
+
+void Yield() {
+    if (passAlways || Clock::now() >= nextPass)
+        MakePass();
+}
+
+std::function<void()> SetYieldPass(std::function<void()> pass) {
+    nextPass = Clock::time_point::min();
+    return std::exchange(passes.yield, std::move(pass));
+}
+
+void SetYieldAlways(bool always) {
+    passAlways = always;
+}
+
+void WhileWaiting() {
+    if (const std::function<void()> pass = passes.waiting)
+        pass();
+}
+
+std::function<void()> SetWaitingPass(std::function<void()> pass) {
+    return std::exchange(passes.waiting, std::move(pass));
+}
+
+} // namespace netrove
