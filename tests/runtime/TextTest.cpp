@@ -1,0 +1,100 @@
+#include "runtime/Text.h"
+
+#include "ExpectRaised.h"
+
+#include <QLocale>
+
+namespace netrove {
+namespace {
+
+TEST(Text, ComparesByLocaleWithoutCase) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    struct Case {
+        QStringView left;
+        QStringView right;
+        int sign;
+    };
+    const Case cases[] = {
+        {u"", u"", 0},
+        {u"", u"a", -1},
+        {u"Song", u"sONG", 0},
+        {u"ÄRGER", u"ärger", 0},
+        {u"apfel", u"Birne", -1},
+        {u"Zebra", u"apfel", 1},
+        {u"Äpfel", u"Birne", -1}, // as a code the umlaut would stand behind
+        {u"Apfel", u"Äpfel", -1}, // but an accent makes a difference
+        {u"\u00E9", u"e\u0301", 1},
+        {u"\U00010400", u"\U00010428", 0}, // a pair of letters outside the first plane
+    };
+    for (const auto& [left, right, sign] : cases) {
+        const int order = CompareText(left, right);
+        const std::string what =
+            left.toString().toStdString() + " ? " + right.toString().toStdString();
+        EXPECT_EQ((order > 0) - (order < 0), sign) << what;
+        const int reverse = CompareText(right, left);
+        EXPECT_EQ((reverse > 0) - (reverse < 0), -sign) << what;
+        EXPECT_EQ(EqualText(left, right), sign == 0) << what;
+    }
+    QLocale::setDefault(before);
+}
+
+TEST(Text, ShapesTexts) {
+    EXPECT_EQ(UpperCase(u"straße ñ\U00010428\xD800 7"), u"STRAßE Ñ\U00010400\xD800 7");
+    EXPECT_EQ(Trim(u"  a b\t "), u"a b\t");
+    EXPECT_EQ(Trim(u"   "), u"");
+    EXPECT_EQ(CutAtZero(QStringView(u"name\0rest", 9)), u"name");
+    EXPECT_EQ(CutAtZero(u"name"), u"name");
+}
+
+TEST(Text, ReadsNumbersAtTheBeginning) {
+    struct Case {
+        QStringView text;
+        double number;
+    };
+    const Case cases[] = {
+        {u"", 0},         {u"abc", 0},     {u" \t\n-12.5x", -12.5},
+        {u"5 000", 5000}, {u"+.5", .5},    {u"3.", 3},
+        {u".", 0},        {u"-", 0},       {u"--1", 0},
+        {u"1,5", 1},      {u"1.5.2", 1.5}, {u"1e3", 1000},
+        {u"2D-1", .2},    {u"1E", 1},      {u"7e+", 7},
+        {u"e5", 0},       {u"&HfFz", 255}, {u"&o178", 15},
+        {u"&H", 0},       {u"&7", 0},      {u"0e999", 0},
+        {u"1e-999", 0},   {u"\u0661", 0},  {u"8.25 pt", 8.25},
+    };
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(LeadingNumber(text), number) << text.toString().toStdString();
+    for (const QStringView text : {u"1e999", u"-1e99999999999999999999"})
+        ExpectRaised(
+            ErrorNumber::Overflow, [&] { (void)LeadingNumber(text); }, text.toString());
+    const QString radixDigits = u"&H" + QString(300, u'F');
+    ExpectRaised(
+        ErrorNumber::Overflow, [&] { (void)LeadingNumber(radixDigits); }, radixDigits);
+}
+
+TEST(Text, RoundsTiesToTheEvenAndChecksTheRange) {
+    EXPECT_EQ(LeadingInteger(u"2.5"), 2);
+    EXPECT_EQ(LeadingInteger(u"-3.5"), -4);
+    EXPECT_EQ(LeadingInteger(u"32767.4"), 32767);
+    EXPECT_EQ(LeadingInteger(u"-32768.5"), -32768);
+    EXPECT_EQ(LeadingLong(u"2147483647.4"), 2147483647);
+    for (const QStringView text : {u"32767.5", u"-32769", u"&HFFFF"})
+        ExpectRaised(
+            ErrorNumber::Overflow, [&] { (void)LeadingInteger(text); }, text.toString());
+    ExpectRaised(
+        ErrorNumber::Overflow, [] { (void)LeadingLong(u"2147483648"); }, QStringLiteral("Long"));
+}
+
+TEST(Text, ReadsBooleans) {
+    for (const QStringView text : {u"True", u"tRUE", u" true ", u"-1", u"1", u".5", u"1e2", u"&H1"})
+        EXPECT_TRUE(ToBoolean(text)) << text.toString().toStdString();
+    for (const QStringView text : {u"False", u" FALSE", u"0", u"0.0", u"-0"})
+        EXPECT_FALSE(ToBoolean(text)) << text.toString().toStdString();
+    for (const QStringView text :
+         {u"", u"  ", u"yes", u"True1", u"1x", u"1 0", u"&H", u"-", u"\ttrue"})
+        ExpectRaised(
+            ErrorNumber::TypeMismatch, [&] { (void)ToBoolean(text); }, text.toString());
+}
+
+} // namespace
+} // namespace netrove
