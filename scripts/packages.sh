@@ -10,7 +10,8 @@ RUN_PACKAGES=(
 TEST_PACKAGES=(
     clang clang-format clang-tidy clang-tools libclang-rt-14-dev
     libgtest-dev samba smbclient
-    xvfb xauth openbox xdotool x11-utils imagemagick python3
+    xvfb openbox xdotool x11-utils imagemagick
+    python3 python3-gi at-spi2-core gir1.2-atspi-2.0 dbus
 )
 BENCH_PACKAGES=(
     libbenchmark-dev findutils

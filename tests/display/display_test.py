@@ -1,0 +1,88 @@
+#!/usr/bin/python3
+"""Starts the built program as a user does, on a display with a window manager, and searches the
+sample network: it shows its rows, refuses to close while it searches, and closes afterwards."""
+
+import argparse
+import os
+import subprocess
+import sys
+import time
+
+from desktop import Desktop, Program, wait_for
+
+
+def expected_files(sample, suffix):
+    """The files of the sample network that a search can reach."""
+    faults = {}
+    section = None
+    with open(os.path.join(sample, "sample-network.ini"), encoding="utf-8") as lines:
+        for line in lines:
+            line = line.strip()
+            if line.startswith("["):
+                section = line.strip("[]")
+            elif line.lower().startswith("fault="):
+                faults[section] = line.split("=", 1)[1]
+    count = 0
+    for folder, _, files in os.walk(sample):
+        node = "/".join(os.path.relpath(folder, sample).split(os.sep)[:3])
+        if any(node == fault or node.startswith(fault + "/") for fault in faults):
+            continue
+        if node.count("/") == 2:
+            count += sum(1 for name in files if name.lower().endswith(suffix))
+    return count
+
+
+def caption(program, beginning):
+    return program.find("label", beginning).get_name()
+
+
+def start_search(desktop, program, pattern):
+    desktop.click(*program.centre(program.find("combo box", "Search For")))
+    desktop.keys("ctrl+a")
+    desktop.type(pattern)
+    desktop.keys("Return")
+
+
+def run(source, screenshots):
+    sample = os.path.join(source, "build/release/bin/sample-network")
+    with Desktop(screenshots) as desktop:
+        netrove = desktop.start([os.path.join(source, "scripts/run")], stderr=None)
+        window = desktop.window("Netrove")
+        program = Program("netrove")
+        program.find("push button", "Start Searching")
+        time.sleep(0.5)  # the first paint has no event of its own to wait for
+        desktop.screenshot("1-started")
+
+        start_search(desktop, program, "*.mp3")
+        wait_for("rows", lambda: caption(program, "Search in progress. "))
+        desktop.screenshot("2-searching")
+        summary = wait_for("the summary", lambda: caption(program, "Returned "), 60)
+        desktop.screenshot("3-found")
+        files = expected_files(sample, ".mp3")
+        assert files > 50, f"only {files} files in the sample network"
+        assert summary.startswith(f"Returned {files} files in "), (summary, files)
+
+        start_search(desktop, program, "*")
+        wait_for("rows", lambda: caption(program, "Search in progress. "))
+        desktop.click_close_box(window)
+        desktop.window("Search In Progress")
+        time.sleep(0.3)
+        desktop.screenshot("4-close-refused")
+        desktop.keys("Return")
+        summary = wait_for("the summary", lambda: caption(program, "Returned "), 60)
+        assert netrove.poll() is None, "the window closed during the search"
+
+        desktop.click_close_box(window)
+        assert netrove.wait(timeout=10) == 0, f"ended with {netrove.returncode}"
+        desktop.screenshot("5-closed")
+
+
+if __name__ == "__main__":
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--source", required=True)
+    parser.add_argument("--screenshots", required=True)
+    options = parser.parse_args()
+    try:
+        run(options.source, options.screenshots)
+    except (AssertionError, subprocess.SubprocessError) as failure:
+        sys.exit(f"display test: {failure}")

@@ -1,0 +1,154 @@
+#include "network/NetResource.h"
+
+#include "fakes/MemoryNetwork.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Yield.h"
+
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+constexpr auto ProviderName = "Microsoft Windows Network";
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+QStringList Names(const NetResources& nodes) {
+    QStringList names;
+    for (const auto& node : nodes)
+        names.append(node->RemoteName());
+    return names;
+}
+
+/// One provider, one workgroup, two servers; the first has a share and a printer.
+class SmallNetwork : public testing::Test {
+protected:
+    void SetUp() override {
+        network.AddNode(QString(), NetEnum::DisplayNetwork, Text(ProviderName));
+        network.AddNode(Text(ProviderName), NetEnum::DisplayDomain, Text("HOME"));
+        network.AddNode(Text("HOME"), NetEnum::DisplayServer, Text("\\\\MEDIA"));
+        network.AddNode(Text("HOME"), NetEnum::DisplayServer, Text("\\\\ATTIC"));
+        network.AddNode(Text("\\\\MEDIA"), NetEnum::DisplayShare, Text("\\\\MEDIA\\MUSIC"));
+        network.AddPrinter(Text("\\\\MEDIA"), Text("\\\\MEDIA\\LASER"));
+        network.AddPrinter(Text("\\\\MEDIA"), Text("\\\\MEDIA\\QUEUES"), NetEnum::DisplayServer);
+    }
+
+    MemoryNetwork network;
+    NetResource root{network};
+};
+
+TEST_F(SmallNetwork, RootIsNamelessAndGeneric) {
+    EXPECT_TRUE(root.RemoteName().isEmpty());
+    EXPECT_TRUE(root.ShortName().isEmpty());
+    EXPECT_EQ(root.ResourceType(), ResourceType::Generic);
+    EXPECT_EQ(root.ResourceTypeName(), Text("Generic"));
+}
+
+TEST_F(SmallNetwork, ChildrenAreSharesThenPrintersAndAreReadOnce) {
+    const auto provider = root.Children()->Item(Text("microsoft windows NETWORK"));
+    ASSERT_TRUE(provider);
+    EXPECT_EQ(provider->ShortName(), Text(ProviderName));
+    const auto media = provider->Children()->Item(1)->Children()->Item(Text("\\\\media"));
+    ASSERT_TRUE(media);
+    EXPECT_EQ(Names(*media->Children()),
+              (QStringList{Text("\\\\MEDIA\\MUSIC"), Text("\\\\MEDIA\\LASER")}));
+
+    const auto printer = media->Children()->Item(2);
+    EXPECT_EQ(printer->ResourceType(), ResourceType::Printer);
+    EXPECT_EQ(printer->ResourceTypeName(), Text("Printer"));
+    EXPECT_EQ(printer->ShortName(), Text("LASER"));
+
+    network.OnCall = [](const QString& call) { FAIL() << call.toStdString(); };
+    EXPECT_EQ(media->Children()->Count(), 2);
+}
+
+TEST_F(SmallNetwork, UnknownKeysGiveNothingAndRemoveFails) {
+    const auto children = root.Children();
+    EXPECT_FALSE(children->Item(Text("nobody")));
+    EXPECT_FALSE(children->Item(0));
+    EXPECT_FALSE(children->Item(2));
+    EXPECT_THROW(children->Remove(Text("nobody")), RunTimeError);
+    children->Remove(Text("MICROSOFT windows network"));
+    EXPECT_EQ(children->Count(), 0);
+}
+
+TEST_F(SmallNetwork, FailedOpenIsTriedAgain) {
+    network.Unlistable.insert(QString());
+    EXPECT_EQ(root.Children()->Count(), 0);
+    network.Unlistable.clear();
+    EXPECT_EQ(root.Children()->Count(), 1);
+    EXPECT_EQ(network.OpenHandles, 0);
+}
+
+TEST_F(SmallNetwork, BufferGrowsToTheSizeAskedFor) {
+    for (int number = 0; number < 100; ++number)
+        network.AddNode(Text("\\\\ATTIC"), NetEnum::DisplayShare,
+                        Text("\\\\ATTIC\\SHARE") + QString::number(number));
+    NetResource attic(network);
+    attic.InitFrom({.lpRemoteName = Text("\\\\ATTIC")});
+    EXPECT_EQ(attic.Children()->Count(), 100);
+    EXPECT_GT(network.LargestBuffer, 1024U);
+    EXPECT_EQ(network.OpenHandles, 0);
+}
+
+TEST_F(SmallNetwork, BrokenListKeepsWhatCame) {
+    network.BreakOff = true;
+    EXPECT_EQ(root.Children()->Count(), 1);
+    EXPECT_EQ(network.OpenHandles, 0);
+}
+
+TEST_F(SmallNetwork, EqualNamesFailAndCloseTheList) {
+    network.AddNode(Text("HOME"), NetEnum::DisplayServer, Text("\\\\media"));
+    NetResource home(network);
+    home.InitFrom({.lpRemoteName = Text("HOME")});
+    try {
+        static_cast<void>(home.Children());
+        FAIL() << "no failure";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), static_cast<int>(ErrorNumber::KeyNotUnique));
+    }
+    EXPECT_EQ(network.OpenHandles, 0);
+}
+
+TEST_F(SmallNetwork, FindNWObjectsVisitsServersButNotTheirShares) {
+    QStringList visited;
+    QStringList found;
+    root.SearchProgress = [&](const auto& node) { visited.append(node->RemoteName()); };
+    root.ResourceFound = [&](const auto& node) { found.append(node->RemoteName()); };
+    const QStringList servers{Text("\\\\MEDIA"), Text("\\\\ATTIC")};
+    EXPECT_EQ(Names(*root.FindNWObjects(ResourceType::Server)), servers);
+    EXPECT_EQ(found, servers);
+    EXPECT_EQ(visited, (QStringList{Text(ProviderName), Text("HOME")} + servers));
+    EXPECT_EQ(root.FindNWObjects(ResourceType::Share)->Count(), 0);
+}
+
+TEST_F(SmallNetwork, ChildListGrowsWhileItIsRead) {
+    for (int number = 0; number < 50; ++number)
+        network.AddNode(Text("\\\\ATTIC"), NetEnum::DisplayShare,
+                        Text("\\\\ATTIC\\SHARE") + QString::number(number));
+    NetResource attic(network);
+    attic.InitFrom({.lpRemoteName = Text("\\\\ATTIC")});
+    int passes = 0;
+    SetYieldAlways(true);
+    SetYieldPass([&] { ++passes; });
+    static_cast<void>(attic.Children());
+    SetYieldPass({});
+    SetYieldAlways(false);
+    // 1 at entry; 2 a call for three calls (more data, the records, the end); 1 a record; 2 around
+    // the opening for printers.
+    EXPECT_EQ(passes, 1 + 2 * 3 + 50 + 2);
+}
+
+TEST(NetResource, RecordTextsAreCut) {
+    MemoryNetwork network;
+    NetResource node(network);
+    node.InitFrom({.lpRemoteName = QString(300, QLatin1Char('x')),
+                   .lpComment = Text("short") + QChar(u'\0') + Text("hidden")});
+    EXPECT_EQ(node.RemoteName().size(), 255);
+    EXPECT_EQ(node.Comment(), Text("short"));
+}
+
+} // namespace
+} // namespace netrove

@@ -1,0 +1,65 @@
+#include "search/ExclusionLists.h"
+
+#include "runtime/RunTimeError.h"
+
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+TEST(ExclusionLists, EntriesGoToTheListsOfTheirType) {
+    Settings settings;
+    settings.ExcNetNodes = {Text(" Temp |True|Folder"),      Text("Media|1|WORKSTATION"),
+                            Text("Accounts|true|workgroup"), Text("My Net|True|Network"),
+                            Text("Off|False|Folder"),        Text("FOO|nonsense|Printer")};
+    ExclusionLists lists;
+    lists.ParseNetNodes(settings);
+    EXPECT_EQ(lists.ExcFolders, QStringList{Text("\\TEMP\\")});
+    EXPECT_EQ(lists.ExcShares, QStringList{Text("TEMP")});
+    EXPECT_EQ(lists.ExcWorkstations, QStringList{Text("\\\\MEDIA")});
+    EXPECT_EQ(lists.ExcWorkgroups, QStringList{Text("ACCOUNTS")});
+    EXPECT_EQ(lists.ExcNetworks, QStringList{Text("MY NET")});
+    EXPECT_TRUE(lists.UseExcFolders && lists.UseExcShares && lists.UseExcWorkstations &&
+                lists.UseExcWorkgroups && lists.UseExcNetworks);
+
+    lists.TurnOff();
+    EXPECT_FALSE(lists.UseExcFolders || lists.UseExcShares || lists.UseExcWorkstations ||
+                 lists.UseExcWorkgroups || lists.UseExcNetworks);
+
+    settings.ExcludeNetNodes = false;
+    lists.ParseNetNodes(settings);
+    EXPECT_FALSE(lists.UseExcFolders);
+
+    settings.ExcludeNetNodes = true;
+    settings.ExcNetNodes = {Text("Temp|False|Folder")};
+    lists.ParseNetNodes(settings);
+    EXPECT_FALSE(lists.UseExcFolders || lists.UseExcWorkstations);
+}
+
+TEST(ExclusionLists, BrokenEntriesFail) {
+    const struct {
+        const char* entry;
+        ErrorNumber number;
+    } cases[] = {{"Temp|True", ErrorNumber::SubscriptOutOfRange},
+                 {"", ErrorNumber::SubscriptOutOfRange},
+                 {"Temp|maybe|Folder", ErrorNumber::TypeMismatch},
+                 {"Temp||Folder", ErrorNumber::TypeMismatch}};
+    for (const auto& [entry, number] : cases) {
+        Settings settings;
+        settings.ExcNetNodes = {Text(entry)};
+        ExclusionLists lists;
+        try {
+            lists.ParseNetNodes(settings);
+            ADD_FAILURE() << entry;
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.Number(), static_cast<int>(number)) << entry;
+        }
+    }
+}
+
+} // namespace
+} // namespace netrove

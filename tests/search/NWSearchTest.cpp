@@ -1,0 +1,333 @@
+#include "search/NWSearch.h"
+
+#include "fakes/MemoryNetwork.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Yield.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// A network with one server \\S and its share \\S\D, searched with a written record of all that
+/// happens.
+class Engine : public testing::Test {
+protected:
+    void SetUp() override {
+        network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
+        network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
+        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\S"));
+        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
+        engine.SetRecurseFolders(true);
+        engine.ItemFound = [this](const QString& path) {
+            found.append(path);
+            if (onFound)
+                onFound();
+        };
+        engine.SearchUpdate = [this](const QString& path) {
+            updates.append(path);
+            record.append(Text("U ") + path);
+            if (onUpdate)
+                onUpdate(path);
+        };
+    }
+
+    std::shared_ptr<NetResource> Node(const char* remoteName, qint32 displayType,
+                                      bool printer = false) {
+        auto node = std::make_shared<NetResource>(network);
+        node->InitFrom({.dwDisplayType = displayType,
+                        .lpRemoteName = Text(remoteName),
+                        .lpProvider = Text("Net")});
+        node->MarkPrinter(printer);
+        return node;
+    }
+
+    std::shared_ptr<NetResource> Root() { return std::make_shared<NetResource>(network); }
+
+    void Search(const char* patterns, const std::shared_ptr<NetResource>& start) {
+        found.clear();
+        updates.clear();
+        lists.ParseNetNodes(settings);
+        engine.BeginSearch(Text(patterns), start);
+    }
+
+    /// What Search leaves in the log, without the search head.
+    QString Logged(const char* patterns, const std::shared_ptr<NetResource>& start) {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(Text("test.log"));
+        settings.Troubleshooting = 1;
+        log.Open(path);
+        Search(patterns, start);
+        log.Close();
+        settings.Troubleshooting = 0;
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(file.readAll());
+        return text.section(Text("\r\n"), 3);
+    }
+
+    MemoryNetwork network;
+    Settings settings;
+    ExclusionLists lists;
+    TroubleshootingLog log{settings};
+    NWSearch engine{SearchServices{network, settings, lists, log}};
+    QStringList found;
+    QStringList updates;
+    QStringList record;
+    std::function<void()> onFound;
+    std::function<void(const QString&)> onUpdate;
+};
+
+TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
+    network.AddFile(Text("\\\\S\\D\\OLD\\two.MP3"));
+    network.AddFile(Text("\\\\S\\D\\one.mp3"));
+    network.AddFile(Text("\\\\S\\D\\readme"));
+    network.AddFile(Text("\\\\S\\D\\music.mp3\\deep\\three.mp3"));
+    Search(" *.mp3 ,one*", Root());
+    EXPECT_EQ(found, (QStringList{Text("\\\\S\\D\\one.mp3"), Text("\\\\S\\D\\OLD\\two.MP3"),
+                                  Text("\\\\S\\D\\music.mp3\\deep\\three.mp3")}));
+    EXPECT_EQ(updates,
+              (QStringList{QString(), Text("Net"), Text("WG"), Text("\\\\S"), Text("\\\\S\\D"),
+                           Text("\\\\S\\D"), Text("\\\\S\\D\\"), Text("\\\\S\\D\\OLD\\"),
+                           Text("\\\\S\\D\\music.mp3\\"), Text("\\\\S\\D\\music.mp3\\deep\\")}));
+    EXPECT_EQ(engine.NumResults(), 3);
+    EXPECT_EQ(engine.GetResult(1), found[0]);
+    EXPECT_EQ(engine.GetResult(3), found[2]);
+    EXPECT_TRUE(engine.GetResult(0).isEmpty());
+    EXPECT_TRUE(engine.GetResult(4).isEmpty());
+
+    engine.SetRecurseFolders(false);
+    Search("*.mp3", Root());
+    EXPECT_EQ(found, QStringList{Text("\\\\S\\D\\one.mp3")});
+    Search("*.*", Root());
+    EXPECT_EQ(found, QStringList{Text("\\\\S\\D\\one.mp3")}) << "README has no dot";
+}
+
+TEST_F(Engine, YieldsAtItsPoints) {
+    network.AddFile(Text("\\\\S\\D\\a.txt"));
+    network.AddFile(Text("\\\\S\\D\\SUB\\"));
+    network.OnCall = [this](const QString& call) { record.append(call); };
+    onFound = [this] { record.append(Text("found")); };
+    SetYieldAlways(true);
+    SetYieldPass([this] { record.append(Text("y")); });
+    Search("*.mp3,*.txt", Node("\\\\S\\D", NetEnum::DisplayShare));
+    SetYieldPass({});
+    SetYieldAlways(false);
+    const QString expected =
+        Text("y y U \\\\S\\D y y enter \\\\S\\D y " // the search, the node, its test
+             "y U \\\\S\\D y y y y "                // the start path, two patterns
+             "y U \\\\S\\D\\ list \\\\S\\D\\ "      // the top folder
+             "y list \\\\S\\D\\ y y "               // its files: "." and "..",
+             "y y y y y found y "                   // a.txt: both patterns; SUB
+             "y y y y y "                           // its folders: "." and "..", a.txt
+             "y y y y U \\\\S\\D\\SUB\\ list \\\\S\\D\\SUB\\ "
+             "y list \\\\S\\D\\SUB\\ y y y y y y " // SUB: "." and ".." twice
+             "y open \\\\S\\D");                   // the share's children
+    EXPECT_EQ(record.join(QLatin1Char(' ')), expected);
+}
+
+TEST_F(Engine, LogsNodesAndFolderExclusions) {
+    network.AddFile(Text("\\\\MEDIA\\MUSIC\\OLD\\TEMP\\x.mp3"));
+    network.AddFile(Text("\\\\MEDIA\\MUSIC\\TEMPLATES\\y.mp3"));
+    settings.ExcNetNodes = {Text("Temp|True|Folder")};
+    EXPECT_EQ(Logged("*.mp3", Node("\\\\MEDIA\\MUSIC", NetEnum::DisplayShare)),
+              Text("NETWORK SEARCH\r\nRemote Name: \\\\MEDIA\\MUSIC\r\nResource Type: 3\r\n"
+                   "Resource Type Name: Share\r\nProvider: Net\r\n \r\n"
+                   "Exclude Folder: \\TEMP\\ in \\\\MEDIA\\MUSIC\\OLD\\TEMP\\\r\n \r\n"));
+    EXPECT_EQ(found, QStringList{Text("\\\\MEDIA\\MUSIC\\TEMPLATES\\y.mp3")});
+    EXPECT_TRUE(updates.contains(Text("\\\\MEDIA\\MUSIC\\OLD\\TEMP\\")));
+}
+
+TEST_F(Engine, ExcludesNodesByTypeAlsoTheStart) {
+    network.AddFile(Text("\\\\S\\D\\a.mp3"));
+    network.AddFile(Text("\\\\S\\TEMP\\a.mp3"));
+    const struct {
+        const char* entry;
+        const char* start;
+        qint32 displayType;
+        const char* logLine; ///< null: not excluded
+    } cases[] = {
+        {"net|True|Network", "Net", 6, "Exclude Network: NET"},
+        {"wg|True|Workgroup", "WG", 1, "Exclude Workgroup: WG"},
+        {"wg|True|Workgroup", "WG", 5, "Exclude Workgroup: WG"},
+        {"s|True|Workstation", "\\\\S", 2, "Exclude Workstation: \\\\S"},
+        {"s|True|Workgroup", "\\\\S", 2, nullptr},
+        {"temp|True|Folder", "\\\\S\\Temp", 3, "Exclude Share: TEMP"},
+        {"temp|True|Folder", "\\\\S\\Temp", 9, "Exclude Share: TEMP"},
+        {"temp|False|Folder", "\\\\S\\TEMP", 3, nullptr},
+    };
+    for (const auto& [entry, start, displayType, logLine] : cases) {
+        settings.ExcNetNodes = {Text(entry)};
+        const QString text = Logged("*.mp3", Node(start, displayType));
+        EXPECT_EQ(found.isEmpty(), logLine != nullptr) << entry << " at " << start;
+        if (logLine) {
+            EXPECT_TRUE(text.endsWith(Text(logLine) + Text("\r\n \r\n"))) << text.toStdString();
+        }
+    }
+}
+
+TEST_F(Engine, OtherTypesAreOnlyLogged) {
+    EXPECT_TRUE(
+        Logged("*", Node("\\\\S\\LASER", 3, true)).endsWith(Text("Other Type: Printer\r\n \r\n")));
+    EXPECT_TRUE(found.isEmpty());
+    EXPECT_TRUE(Logged("*", Root()).contains(Text("Other Type: Generic\r\n \r\n")));
+}
+
+TEST_F(Engine, PassesOverTheCurrentComputer) {
+    network.AddFile(Text("\\\\S\\D\\a.mp3"));
+    settings.CurrentComputerName = Text("\\\\s ");
+    EXPECT_TRUE(Logged("*", Root()).endsWith(Text("Exclude Current Workstation: \\\\s \r\n \r\n")));
+    EXPECT_TRUE(found.isEmpty());
+    Search("*", Node("\\\\S\\D", 3));
+    EXPECT_EQ(found.size(), 1) << "a start below the computer isn't affected";
+    settings.IncludeCurrentComputer = true;
+    Search("*", Root());
+    EXPECT_EQ(found.size(), 1);
+}
+
+TEST_F(Engine, SearchesAdminSharesBeforeTheListedOnes) {
+    network.AddFile(Text("\\\\S\\C$\\TEMP\\a.mp3"));
+    network.AddFile(Text("\\\\S\\E$\\b.mp3"));
+    network.AddFile(Text("\\\\S\\D\\c.mp3"));
+    settings.IncludeAdminShares = true;
+    Search("*.mp3", Node("\\\\S", 2));
+    EXPECT_EQ(found, (QStringList{Text("\\\\S\\C$\\TEMP\\a.mp3"), Text("\\\\S\\E$\\b.mp3"),
+                                  Text("\\\\S\\D\\c.mp3")}));
+    EXPECT_EQ(updates.filter(Text("$")).filter(QRegularExpression(Text("\\$$"))).size(), 25);
+    EXPECT_EQ(updates[1], Text("\\\\S\\Admin$"));
+    EXPECT_FALSE(updates.contains(Text("\\\\S\\B$")));
+
+    // The compared part of a folder path begins behind the server there.
+    settings.ExcNetNodes = {Text("C$|True|Folder")};
+    Search("*.mp3", Node("\\\\S", 2));
+    EXPECT_EQ(found.size(), 2);
+
+    settings.ExcNetNodes.clear();
+    onUpdate = [this](const QString& path) {
+        if (path == Text("\\\\S\\E$\\"))
+            engine.Abandon();
+    };
+    Search("*.mp3", Node("\\\\S", 2));
+    EXPECT_EQ(found, QStringList{Text("\\\\S\\C$\\TEMP\\a.mp3")});
+    EXPECT_EQ(updates.last(), Text("\\\\S\\E$\\"));
+}
+
+TEST_F(Engine, EntersContainersOrTheirChildren) {
+    network.AddNode(Text("\\\\S\\D"), 11, Text("\\\\T\\FOLDER"));
+    network.AddNode(Text("\\\\S\\D"), 11, Text("TREE"));
+    network.AddNode(Text("TREE"), NetEnum::DisplayShare, Text("\\\\T\\BELOW"));
+    network.AddFile(Text("\\\\T\\FOLDER\\a"));
+    network.AddFile(Text("\\\\T\\BELOW\\b"));
+    Search("*", Root());
+    EXPECT_EQ(found, QStringList{Text("\\\\T\\FOLDER\\a")});
+    settings.IncludeVirtualShares = true;
+    Search("*", Root());
+    EXPECT_EQ(found, (QStringList{Text("\\\\T\\FOLDER\\a"), Text("\\\\T\\BELOW\\b")}));
+}
+
+TEST_F(Engine, ShareThatCannotBeEnteredStillHasChildren) {
+    network.AddNode(Text("\\\\S\\D"), NetEnum::DisplayShare, Text("\\\\S\\INNER"));
+    network.AddFile(Text("\\\\S\\INNER\\a"));
+    Search("*", Root());
+    EXPECT_EQ(found, QStringList{Text("\\\\S\\INNER\\a")});
+}
+
+/// Two servers of four shares each, every one with a file.
+class Traps : public Engine {
+protected:
+    void SetUp() override {
+        Engine::SetUp();
+        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\T"));
+        network.AddFile(Text("\\\\S\\D\\a"));
+        for (const char* share : {"\\\\S\\E", "\\\\S\\F", "\\\\T\\G", "\\\\T\\H"}) {
+            network.AddNode(Text(share).left(3), NetEnum::DisplayShare, Text(share));
+            network.AddFile(Text(share) + Text("\\a"));
+        }
+    }
+
+    QStringList Entered() { return record.filter(Text("enter ")); }
+};
+
+TEST_F(Traps, ServeOnceInEachWalk) {
+    network.OnCall = [this](const QString& call) { record.append(call); };
+    // Every share fails: D is caught among the children of \\S, E among those of WG, G among
+    // those of \\T, and H goes up to the provider's walk; F is never reached.
+    Search("[", Root());
+    EXPECT_EQ(Entered(), (QStringList{Text("enter \\\\S\\D"), Text("enter \\\\S\\E"),
+                                      Text("enter \\\\T\\G"), Text("enter \\\\T\\H")}));
+    try {
+        Search("[", Node("\\\\S\\D", 3));
+        FAIL() << "no failure";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), static_cast<int>(ErrorNumber::InvalidPatternString));
+    }
+    EXPECT_EQ(engine.NumResults(), 0);
+}
+
+TEST_F(Traps, ServeForFailuresOfTheNetworkToo) {
+    network.OnCall = [](const QString& call) {
+        if (call == Text("open \\\\S") || call == Text("list \\\\T\\G\\"))
+            throw RunTimeError(ErrorNumber::DeviceIOError);
+    };
+    Search("*", Root());
+    EXPECT_EQ(found, QStringList{Text("\\\\T\\H\\a")});
+    EXPECT_THROW(Search("*", nullptr), RunTimeError);
+}
+
+TEST_F(Engine, FailuresAfterTheFirstMatchOfAFolderArePassedOver) {
+    for (const char* name : {"a.mp3", "b.txt", "c.mp3"})
+        network.AddFile(Text("\\\\S\\D\\") + Text(name));
+    network.AddFile(Text("\\\\S\\D\\SUB\\d.txt"));
+    onFound = [] { throw RunTimeError(ErrorNumber::Overflow); };
+    // b.txt reaches the second pattern, which no name may be tested with: after the match of
+    // a.mp3 that is skipped, in the next folder it isn't.
+    EXPECT_THROW(Search("*.mp3,[", Node("\\\\S\\D", 3)), RunTimeError);
+    EXPECT_EQ(found, (QStringList{Text("\\\\S\\D\\a.mp3"), Text("\\\\S\\D\\c.mp3")}));
+    EXPECT_EQ(engine.NumResults(), 2);
+}
+
+TEST_F(Engine, StopsAtTheNextTestAfterAbandon) {
+    for (const char* name : {"a", "b", "SUB\\c"})
+        network.AddFile(Text("\\\\S\\D\\") + Text(name));
+    onFound = [this] { engine.Abandon(); };
+    Search("*", Root());
+    EXPECT_EQ(found, QStringList{Text("\\\\S\\D\\a")});
+    EXPECT_EQ(updates.last(), Text("\\\\S\\D\\"));
+
+    onFound = {};
+    for (const QString& stop : {QString(), Text("WG"), Text("\\\\S\\D"), Text("\\\\S\\D\\SUB\\")}) {
+        onUpdate = [this, stop](const QString& path) {
+            if (path == stop)
+                engine.Abandon();
+        };
+        Search("*", Root());
+        EXPECT_EQ(updates.last(), stop);
+        EXPECT_FALSE(found.contains(Text("\\\\S\\D\\SUB\\c"))) << stop.toStdString();
+    }
+}
+
+TEST_F(Engine, EndlessFoldersEnd) {
+    class Endless : public MemoryNetwork {
+        std::unique_ptr<FileFind> FindFirst(const QString& /*searchPath*/,
+                                            FindData& first) override {
+            struct None : FileFind {
+                bool FindNext(FindData& /*data*/) override { return false; }
+            };
+            first = {.attributes = FileAttribute::Directory, .fileName = QStringLiteral("x")};
+            return std::make_unique<None>();
+        }
+        bool CanEnter(const QString& /*path*/) override { return true; }
+    } endless;
+    NWSearch search(SearchServices{endless, settings, lists, log});
+    search.SetRecurseFolders(true);
+    search.BeginSearch(Text("*"), Node("\\\\S\\D", 3));
+    EXPECT_EQ(search.NumResults(), 0);
+}
+
+} // namespace
+} // namespace netrove
