@@ -77,7 +77,7 @@ QString TextOf(const std::uint8_t* data, std::size_t size) {
     constexpr QStringView signs = u"*?#[]!-abAB09.";
     QString text;
     for (std::size_t at = 0; at < size; ++at)
-        text += data[at] < 0xE0 ? signs[data[at] % signs.size()] : QChar(data[at]);
+        text += data[at] < 0xE0 ? signs[data[at] % signs.size()] : QChar(char16_t{data[at]});
     return text;
 }
 
