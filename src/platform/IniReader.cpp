@@ -91,9 +91,8 @@ void IniReader::TakeEntry(QStringView text, int line) {
         return;
     }
     const QStringView value = WithoutQuotes(text.sliced(equals + 1).trimmed());
-    sections_.back().entries.push_back({.key = text.first(equals).trimmed().toString(),
-                                        .value = value.toString(),
-                                        .line = line});
+    sections_.back().entries.push_back(
+        {.key = text.first(equals).trimmed().toString(), .value = value.toString(), .line = line});
 }
 
 } // namespace netrove

@@ -122,9 +122,9 @@ std::unique_ptr<LocalListing> LocalListing::Read(const QByteArray& folder) {
 }
 
 void LocalListing::Add(quint32 attributes, QByteArrayView name) {
-    entries_.push_back({.attributes = attributes,
-                        .begin = static_cast<quint32>(names_.size()),
-                        .length = static_cast<quint32>(name.size())});
+    entries_.push_back({.begin = names_.size(),
+                        .length = static_cast<quint32>(name.size()),
+                        .attributes = attributes});
     names_ += name;
     if (!IsAscii(name) && !FromUtf8(name))
         hasForeignNames_ = true;

@@ -32,9 +32,9 @@ public:
 
 private:
     struct Entry {
-        quint32 attributes;
-        quint32 begin; ///< in names_
+        qsizetype begin; ///< in names_
         quint32 length;
+        quint32 attributes;
     };
 
     LocalListing() = default;

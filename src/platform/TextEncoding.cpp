@@ -18,9 +18,8 @@ constexpr std::array<char16_t, 32> Windows1252Characters = {
 std::optional<QString> FromUtf8(QByteArrayView bytes) {
     // Without the flags a mark at the beginning would be lost, and half a character at the end
     // would pass for more to come.
-    QStringDecoder decoder(QStringConverter::Utf8,
-                           QStringConverter::Flag::ConvertInitialBom |
-                               QStringConverter::Flag::Stateless);
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom |
+                                                       QStringConverter::Flag::Stateless);
     QString text = decoder(bytes);
     if (decoder.hasError())
         return std::nullopt;
