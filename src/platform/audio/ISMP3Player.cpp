@@ -15,8 +15,8 @@ namespace {
 constexpr qint64 MostBytes = 64 * 1024;
 /// The piece where the audio should begin.
 constexpr qint64 FirstPiece = 16 * 1024;
-/// A piece from the middle of the stream: at least eight frames of the longest kind in use.
-constexpr qint64 SamplePiece = 10 * 1024;
+/// A piece from the middle of the stream: three of them are what is left.
+constexpr qint64 SamplePiece = FirstPiece;
 
 /// A file that is read in pieces, and never more of it than MostBytes.
 class PiecewiseFile {
@@ -91,27 +91,41 @@ Estimate FromTable(const MpegAudioHeader& header, QByteArrayView piece, qint64 a
     return estimate;
 }
 
-Estimate FromFrames(const Beginning& beginning, PiecewiseFile& file, qint64 audioBytes) {
-    const MpegAudioHeader& header = *beginning.header;
-    MpegFrameRun run;
-    if (header.SoundBegin() < beginning.piece.size())
-        run.Add(QByteArrayView(beginning.piece).sliced(header.SoundBegin()), header.frame);
-    if (!beginning.ReachesEnd(file)) {
-        // One look at the middle tells whether the bit rate varies.
-        for (const qint64 quarter : {2, 1, 3}) {
-            const qint64 offset = file.Length() - audioBytes + audioBytes / 4 * quarter;
-            run.Add(file.Read(offset, SamplePiece), header.frame);
-            if (run.IsConstant())
-                break;
-        }
-    }
-    const double bitrate = run.Frames() == 0 ? header.frame.bitrate : run.HighestBitrate();
-    if (run.IsConstant())
-        return {.seconds = Kilobits(audioBytes) / bitrate, .bitrate = bitrate};
+Estimate FromConstantRate(int bitrate, qint64 audioBytes) {
+    return {.seconds = Kilobits(audioBytes) / bitrate, .bitrate = static_cast<double>(bitrate)};
+}
+
+Estimate FromVaryingRate(const MpegFrameRun& run, const MpegFrameHeader& frame, qint64 audioBytes) {
     const double frames = static_cast<double>(audioBytes) * static_cast<double>(run.Frames()) /
                           static_cast<double>(run.Bytes());
-    const double seconds = frames * header.frame.samples / header.frame.frequency;
+    const double seconds = frames * frame.samples / frame.frequency;
     return {.seconds = seconds, .bitrate = Kilobits(audioBytes) / seconds};
+}
+
+Estimate FromFrames(const Beginning& beginning, PiecewiseFile& file, qint64 audioBytes) {
+    const MpegAudioHeader& header = *beginning.header;
+    const MpegFrameHeader& frame = header.frame;
+    MpegFrameRun first;
+    if (header.SoundBegin() < beginning.piece.size())
+        first.Add(QByteArrayView(beginning.piece).sliced(header.SoundBegin()), frame);
+    if (first.Frames() == 0)
+        return FromConstantRate(frame.bitrate, audioBytes);
+
+    // The first piece may be a silence that tells little of the rest, so the middle is looked at
+    // too; where the bit rate varies, pieces of the same size all over the stream are counted.
+    MpegFrameRun spread;
+    if (!beginning.ReachesEnd(file)) {
+        const qint64 begin = file.Length() - audioBytes;
+        spread.Add(file.Read(begin + audioBytes / 2, SamplePiece), frame);
+        if (!first.SameRate(spread)) {
+            for (const qint64 quarter : {1, 3})
+                spread.Add(file.Read(begin + audioBytes / 4 * quarter, SamplePiece), frame);
+        }
+    }
+    if (spread.Frames() == 0)
+        spread = first;
+    return first.SameRate(spread) ? FromConstantRate(first.HighestBitrate(), audioBytes)
+                                  : FromVaryingRate(spread, frame, audioBytes);
 }
 
 } // namespace

@@ -34,7 +34,10 @@ public:
 
     [[nodiscard]] qint64 Frames() const { return frames_; }
     [[nodiscard]] qint64 Bytes() const { return bytes_; }
-    [[nodiscard]] bool IsConstant() const { return lowest_ == highest_; }
+    /// Whether all frames of both have the same bit rate.
+    [[nodiscard]] bool SameRate(const MpegFrameRun& other) const {
+        return lowest_ == highest_ && lowest_ == other.lowest_ && highest_ == other.highest_;
+    }
     [[nodiscard]] int HighestBitrate() const { return highest_; } ///< kbit/s
 
 private:
