@@ -32,6 +32,7 @@ inline constexpr qint32 DisplayDomain = 1;
 inline constexpr qint32 DisplayServer = 2;
 inline constexpr qint32 DisplayShare = 3;
 inline constexpr qint32 DisplayNetwork = 6;
+inline constexpr qint32 DisplayDirectory = 9;
 
 inline constexpr quint32 NoError = 0;
 inline constexpr quint32 MoreData = 234;

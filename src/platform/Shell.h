@@ -13,6 +13,7 @@ public:
     static constexpr int OutOfMemory = 0;
     static constexpr int FileNotFound = 2;
     static constexpr int PathNotFound = 3;
+    static constexpr int AccessDenied = 5;
     static constexpr int BadFormat = 11;
     static constexpr int NoAssociation = 31;
     static constexpr int Success = 42;

@@ -1,5 +1,7 @@
 #include "runtime/RunTimeError.h"
 
+#include <new>
+
 namespace netrove {
 
 RunTimeError::RunTimeError(ErrorNumber number)
@@ -24,6 +26,8 @@ QString ErrorDescription(int number) {
         return QStringLiteral("Division by zero");
     case ErrorNumber::TypeMismatch:
         return QStringLiteral("Type mismatch");
+    case ErrorNumber::InternalError:
+        return QStringLiteral("Internal error");
     case ErrorNumber::FileNotFound:
         return QStringLiteral("File not found");
     case ErrorNumber::BadFileMode:
@@ -62,6 +66,18 @@ QString ErrorDescription(int number) {
         return QStringLiteral("Element not found");
     }
     return QStringLiteral("Application-defined or object-defined error");
+}
+
+RunTimeError CurrentFailure() {
+    try {
+        throw;
+    } catch (const RunTimeError& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return RunTimeError(ErrorNumber::OutOfMemory);
+    } catch (...) {
+        return RunTimeError(ErrorNumber::InternalError);
+    }
 }
 
 } // namespace netrove

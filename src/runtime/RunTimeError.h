@@ -15,10 +15,11 @@ enum class ErrorNumber : int {
     SubscriptOutOfRange = 9,
     DivisionByZero = 11,
     TypeMismatch = 13,
-    DeviceIOError = 57,
+    InternalError = 51,
     FileNotFound = 53,
     BadFileMode = 54,
     FileAlreadyOpen = 55,
+    DeviceIOError = 57,
     FileAlreadyExists = 58,
     DiskFull = 61,
     TooManyFiles = 67,
@@ -31,8 +32,8 @@ enum class ErrorNumber : int {
     InvalidPatternString = 93,
     InvalidPropertyValue = 380,
     CannotCreateObject = 429,
-    KeyNotFound = 35601,
     KeyNotUnique = 457,
+    KeyNotFound = 35601,
 };
 
 /// The description of a run-time failure; a number without one of its own has
@@ -55,5 +56,9 @@ private:
     QString description_;
     QByteArray what_;
 };
+
+/// The failure that is being handled, called inside a catch: a RunTimeError as it is, a lack of
+/// memory as ErrorNumber::OutOfMemory, any other exception as ErrorNumber::InternalError.
+[[nodiscard]] RunTimeError CurrentFailure();
 
 } // namespace netrove

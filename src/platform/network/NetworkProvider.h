@@ -33,6 +33,9 @@ public:
     /// Whether this provider answers for a computer of this name (without "\\").
     [[nodiscard]] virtual bool Knows(const QString& server) = 0;
 
+    /// Whether a computer that no provider knows is this one's: its name may be found yet.
+    [[nodiscard]] virtual bool TakesUnknown() const { return false; }
+
     /// The workgroup of a computer, empty where nobody answers.
     [[nodiscard]] virtual QString Workgroup(const QString& server) = 0;
 

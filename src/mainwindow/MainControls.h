@@ -1,0 +1,70 @@
+#pragma once
+
+#include "controls/ImageList.h"
+#include "controls/ListView.h"
+#include "controls/StatusBar.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QWidget>
+
+#include <array>
+
+namespace netrove {
+
+/// The controls of the main window, by their names (which are their objectNames too), at their
+/// fixed places. What follows the size of the window is WindowLayout's affair. All of them are
+/// children of the widget that they are made in.
+struct MainControls {
+    explicit MainControls(QWidget& inner);
+    MainControls(const MainControls&) = delete;
+    MainControls& operator=(const MainControls&) = delete;
+    ~MainControls() = default;
+
+    QWidget* picListHolder = nullptr;
+    QTabWidget* SSTab1 = nullptr;
+    QLabel* RetFileLbl = nullptr;
+    ListView* lvwResults = nullptr;
+    QLabel* DownloadLbl = nullptr;
+    ListView* lvwDownloads = nullptr;
+
+    std::array<QWidget*, 10> picResource{}; ///< hidden, for the pictures of skins
+    QWidget* picIconLg = nullptr;           ///< hidden drawing surfaces of file icons
+    QWidget* picIconSm = nullptr;
+
+    QPushButton* cmdInpNetNode = nullptr;
+    QCheckBox* chkRecurse = nullptr;
+    QPushButton* cmdClearLst = nullptr;
+    QPushButton* cmdStartSearch = nullptr;
+    QPushButton* cmdAbandon = nullptr;
+    QPushButton* cmdSetSearchStart = nullptr;
+    QLineEdit* txtSearchStart = nullptr;
+    StatusBar* stbStatus = nullptr;
+    QComboBox* LstSearchFor = nullptr;
+    std::array<QLabel*, 2> imgFiles{}; ///< 0 while no job runs, 1 while one does
+    QLabel* Label1 = nullptr;
+    QLabel* Label2 = nullptr;
+    QLabel* HyperLbl = nullptr;
+    QFrame* Line1 = nullptr;
+    std::array<QFrame*, 6> Lne{};
+    std::array<QFrame*, 4> RecShp{};
+
+    ImageList imgPreIconsLg;
+    ImageList imgPreIconsSm;
+    ImageList imgSysIconsSm;
+    ImageList imgSysIconsLg;
+
+private:
+    void MakeTabs(QWidget& inner);
+    void MakeInputs(QWidget& inner);
+    void MakeDecoration(QWidget& inner);
+    void PlaceInputs();
+    void SetTabOrder() const;
+};
+
+} // namespace netrove

@@ -1,0 +1,171 @@
+#include "mainwindow/MainMenu.h"
+
+#include "runtime/RunTimeError.h"
+
+#include <QMenu>
+
+namespace netrove {
+namespace {
+
+constexpr auto Separator = "-";
+
+struct ItemText {
+    const char* name;
+    const char* caption;
+};
+
+struct MenuText {
+    const char* name;
+    const char* caption; ///< empty for a pop-up menu
+    std::vector<ItemText> items;
+};
+
+// The blanks at the end of captions widen their menus.
+const std::vector<MenuText>& MenuTexts() {
+    static const std::vector<MenuText> texts{
+        {"mnuFile",
+         "&File",
+         {{"mnuSaveResFile", "&Save Results to File..."},
+          {"mnuLoadResFile", "&Load Results File..."},
+          {"mnuSep11", Separator},
+          {"mnuListsFol(0)", "&Open 'Lists' Folder..."},
+          {"mnuListsFol(1)", "Explo&re 'Lists' Folder..."},
+          {"mnuSep13", Separator},
+          {"mnuExit1", "E&xit     "}}},
+        {"mnuTools",
+         "&Tools",
+         {{"mnuViewTrLog", "View &Troubleshooting Log File"},
+          {"mnuSep3", Separator},
+          {"mnuOpts", "&Options...     "}}},
+        {"mnuSkinTOP",
+         "S&kin",
+         {{"mnuSkin(0)", "&None"},
+          {"mnuSkin(1)", "&Trek"},
+          {"mnuSkin(2)", "&Serenity"},
+          {"mnuSkin(3)", "&J.I.L.L."},
+          {"mnuSkin(4)", "&Metropolis"},
+          {"mnuSkin(5)", "&Bullethead"},
+          {"mnuSep", Separator},
+          {"mnuSkinCust", "&Customize..."}}},
+        {"mnuHelp",
+         "&Help",
+         {{"mnuCont", "Help &Content..."},
+          {"mnuSep1", Separator},
+          {"mnuTBS", "&Tarn Bridge Software on the Web..."},
+          {"UpdateMnu", "Check for &Update..."},
+          {"mnuDonate", "&Donate..."},
+          {"mnuSep2", Separator},
+          {"mnuAbout1", "&About Netrove..."}}},
+        {"PopUp1Mnu",
+         "",
+         {{"ClearMnu", "Clear Selected"},
+          {"ClearAllMnu", "Clear All"},
+          {"mnuSep7", Separator},
+          {"mnuViewFolder(0)", "Open Downloads Folder"},
+          {"mnuViewFolder(1)", "Explore Downloads Folder"},
+          {"mnuSep6", Separator},
+          {"mnuSampleFileLoc", "Sample File Locally"},
+          {"mnuSep8", Separator},
+          {"ErrDescMnu", "Error Description"}}},
+        {"PopUp2Mnu",
+         "",
+         {{"mnuDownload", "Download"},
+          {"sep1", Separator},
+          {"OpenFolMnu", "Open Folder"},
+          {"ExpFolMnu", "Explore Folder"},
+          {"mnuSep9", Separator},
+          {"mnuTheWkGP", "Member of x Workgroup"},
+          {"sep2", Separator},
+          {"mnuSampleFile", "Sample File Remotely"}}},
+        {"PopUp3Mnu", "", {{"HelpColMnu", "Help with this Column?"}}},
+        {"PopUp4Mnu",
+         "",
+         {{"mnuRestore", "&Restore"},
+          {"mnuSep4", Separator},
+          {"mnuMax", "Maximize"},
+          {"mnuMin", "Minimize"},
+          {"mnuSep5", Separator},
+          {"mnuAbout", "&About Netrove"},
+          {"mnuExit", "E&xit"}}},
+        {"mnuPopUp5",
+         "",
+         {{"mnuFiles(0)", "MPEG Audio (MP3)"},
+          {"mnuFiles(1)", "Other Audio"},
+          {"mnuFiles(2)", "Video"},
+          {"mnuFiles(3)", "Pictures"},
+          {"mnuFiles(4)", "Executables"},
+          {"mnuFiles(5)", "Office Documents"},
+          {"mnuFiles(6)", "Compressed Files"},
+          {"mnuFiles(7)", "All Files"}}},
+        {"mnuPopUp6",
+         "",
+         {{"mnuInpNetNode(0)", "Input a Workstation"},
+          {"mnuInpNetNode(1)", "Input a Workgroup"},
+          {"mnuInpNetNode(2)", Separator},
+          {"mnuInpNetNode(3)", "Set to Network Root"}}},
+    };
+    return texts;
+}
+
+} // namespace
+
+MainMenu::MainMenu(QMenuBar& bar, QWidget& window) : QObject(&window) {
+    for (const MenuText& text : MenuTexts()) {
+        const QString name = QString::fromLatin1(text.name);
+        const QString caption = QString::fromLatin1(text.caption);
+        const bool isPopUp = caption.isEmpty();
+        QMenu* menu = AddMenu(name, caption, isPopUp ? &window : static_cast<QWidget*>(&bar));
+        if (!isPopUp)
+            bar.addMenu(menu);
+        for (const ItemText& item : text.items)
+            AddItem(*menu, QString::fromLatin1(item.name), QString::fromLatin1(item.caption));
+    }
+}
+
+QMenu* MainMenu::AddMenu(const QString& name, const QString& caption, QWidget* parent) {
+    auto* menu = new QMenu(caption, parent);
+    menu->setObjectName(name);
+    menu->setToolTipsVisible(true);
+    menus_.insert(name, menu);
+    return menu;
+}
+
+void MainMenu::AddItem(QMenu& menu, const QString& name, const QString& caption) {
+    QAction* item =
+        caption == QLatin1String(Separator) ? menu.addSeparator() : menu.addAction(caption);
+    item->setObjectName(name);
+    item->setEnabled(false);
+    items_.insert(name, item);
+}
+
+QAction* MainMenu::Item(const QString& name) const {
+    if (QAction* item = items_.value(name))
+        return item;
+    if (const QMenu* menu = menus_.value(name))
+        return menu->menuAction();
+    throw RunTimeError(ErrorNumber::KeyNotFound);
+}
+
+QMenu* MainMenu::Menu(const QString& name) const {
+    if (QMenu* menu = menus_.value(name))
+        return menu;
+    throw RunTimeError(ErrorNumber::KeyNotFound);
+}
+
+void MainMenu::Connect(const QString& name, const QObject* context, std::function<void()> work) {
+    QAction* item = Item(name);
+    connect(item, &QAction::triggered, context, std::move(work));
+    item->setEnabled(true);
+    withWork_.insert(name);
+}
+
+std::vector<QAction*> MainMenu::WithWork(const QStringList& names) const {
+    std::vector<QAction*> items;
+    for (const QString& name : names) {
+        if (menus_.contains(name) || withWork_.contains(name))
+            items.push_back(Item(name));
+    }
+    return items;
+}
+
+} // namespace netrove

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Files.h"
+#include "search/Settings.h"
+
+#include <QString>
+
+namespace netrove {
+
+/// What a row says of a file, as texts in the form that the settings ask for. The keys sort like
+/// what they are made from.
+struct FileDetails {
+    QString Folder;   ///< with its closing "\"
+    QString FileName; ///< with its extension
+    QString DateText;
+    QString DateKey; ///< year to second, 14 digits
+    QString SizeText;
+    QString SizeKey;  ///< of the rounded text: what shows alike has the same key
+    QString AttrText; ///< R, H, S and A, for those that are set
+
+    FileDetails() = default;
+
+    /// Reads date, length and attributes of the file. Where that fails all texts are empty, but
+    /// for the size and its key, which are "0".
+    FileDetails(const QString& fullPath, FileAccess& files, const Settings& settings);
+
+private:
+    void SplitPath(const QString& fullPath);
+    void SetSize(qint64 length, const Settings& settings);
+};
+
+} // namespace netrove

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "network/NetResource.h"
+#include "platform/NetworkEnumeration.h"
+#include "platform/SystemInformation.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace netrove {
+
+/// The node that a path of remote names leads to, from a new root down. Each name is followed by
+/// "|": Provider|WORKGROUP|\\SERVER|. Asks the network level by level, and takes as long as that
+/// takes. An empty reference where the network doesn't hold such a node.
+[[nodiscard]] std::shared_ptr<NetResource> FindNetNode(const QString& path,
+                                                       NetworkEnumeration& network);
+
+/// "\\" and the name of the computer that the program runs on, in upper case; "\\" alone if it
+/// has no name.
+[[nodiscard]] QString ComputerUNCName(const SystemInformation& system);
+
+} // namespace netrove

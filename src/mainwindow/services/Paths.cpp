@@ -1,0 +1,26 @@
+#include "mainwindow/services/Paths.h"
+
+#include "runtime/Text.h"
+
+#include <algorithm>
+
+namespace netrove {
+
+QString EnsureSuffix(const QString& text, const QString& suffix) {
+    return text.endsWith(suffix) ? text : text + suffix;
+}
+
+QString FileExtension(const QString& path) {
+    const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
+    if (dot < 0 || dot < path.lastIndexOf(QLatin1Char('\\')))
+        return QString();
+    return UpperCase(QStringView(path).mid(dot + 1));
+}
+
+bool HasIllegalNameChars(const QString& text) {
+    constexpr QStringView illegal = u"/\\:*?\"<>|";
+    return std::any_of(text.begin(), text.end(),
+                       [illegal](QChar character) { return illegal.contains(character); });
+}
+
+} // namespace netrove

@@ -1,0 +1,81 @@
+#include "mainwindow/windowservices/PredefinedIcons.h"
+
+#include "runtime/RunTimeError.h"
+
+#include <QImageReader>
+#include <QPixmap>
+
+#include <initializer_list>
+
+/// Names the resource file, so that the linker keeps it; has to stand outside any namespace.
+static void KeepPictures() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace netrove {
+
+namespace {
+
+/// A picture that was drawn on a grid of so many pixels, and the sizes that it serves. A size
+/// between two grids is scaled from the one that divides it better.
+struct Drawing {
+    int grid;
+    std::initializer_list<int> sizes;
+};
+
+/// The icon from ":/icons/NAME-GRID.svg" of each drawing. Rendered once: what lists draw is a
+/// picture, not a drawing.
+QIcon Render(const QString& name, std::initializer_list<Drawing> drawings) {
+    KeepPictures();
+    QIcon icon;
+    for (const Drawing& drawing : drawings) {
+        for (const int size : drawing.sizes) {
+            QImageReader reader(QStringLiteral(":/icons/%1-%2.svg").arg(name).arg(drawing.grid),
+                                "svg");
+            reader.setScaledSize(QSize(size, size));
+            icon.addPixmap(QPixmap::fromImageReader(&reader));
+        }
+    }
+    return icon;
+}
+
+QString FileOf(const QString& key) {
+    return key == QLatin1String("<NONE>") ? QStringLiteral("file-none")
+                                          : QLatin1String("file-") + key.toLower();
+}
+
+} // namespace
+
+QStringList PredefinedIconKeys() {
+    return {QStringLiteral("<NONE>"), QStringLiteral("CAB"), QStringLiteral("GIF"),
+            QStringLiteral("TXT"),    QStringLiteral("ZIP"), QStringLiteral("CSV"),
+            QStringLiteral("MP3"),    QStringLiteral("EXE"), QStringLiteral("AVI"),
+            QStringLiteral("RBY")};
+}
+
+QIcon PredefinedIcon(const QString& key) {
+    if (!PredefinedIconKeys().contains(key))
+        throw RunTimeError(ErrorNumber::KeyNotFound);
+    return Render(FileOf(key), {{16, {16, 24}}, {32, {32, 48, 64, 96}}});
+}
+
+QIcon BlankIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 64}) {
+        QPixmap picture(size, size);
+        picture.fill(Qt::transparent);
+        icon.addPixmap(picture);
+    }
+    return icon;
+}
+
+QIcon ProgramIcon() {
+    return Render(QStringLiteral("netrove"), {{16, {16, 24}}, {64, {32, 48, 64, 128, 256}}});
+}
+
+QIcon FileKindsIcon(bool active) {
+    return Render(active ? QStringLiteral("kinds") : QStringLiteral("kinds-greyed"),
+                  {{20, {20, 30, 40, 60}}});
+}
+
+} // namespace netrove

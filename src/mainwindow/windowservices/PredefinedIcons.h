@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QIcon>
+#include <QString>
+#include <QStringList>
+
+namespace netrove {
+
+/// The keys of the predefined file icons in the order of the image lists. The first, "<NONE>", is
+/// the picture of a file without a known kind.
+[[nodiscard]] QStringList PredefinedIconKeys();
+
+/// The icon of a key, drawn for 16 and 32 pixels and their multiples on dense screens. Raises
+/// ErrorNumber::KeyNotFound for any other key.
+[[nodiscard]] QIcon PredefinedIcon(const QString& key);
+
+/// The empty picture that stands for "<NONE>" beside the desktop's own icons.
+[[nodiscard]] QIcon BlankIcon();
+
+/// The program's icon.
+[[nodiscard]] QIcon ProgramIcon();
+
+/// The small picture beside the search text that opens the menu of predefined kinds; greyed while
+/// a job runs. Drawn for 20 pixels.
+[[nodiscard]] QIcon FileKindsIcon(bool active);
+
+} // namespace netrove

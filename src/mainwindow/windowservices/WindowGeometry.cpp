@@ -1,0 +1,34 @@
+#include "mainwindow/windowservices/WindowGeometry.h"
+
+#include <QCursor>
+#include <QFontMetrics>
+
+namespace netrove {
+
+void CentreWindow(const QWidget& parent, QWidget& child) {
+    const QRect outer = parent.frameGeometry();
+    const QSize size = child.frameGeometry().size();
+    child.move(outer.left() + (outer.width() - size.width()) / 2,
+               outer.top() + (outer.height() - size.height()) / 2);
+}
+
+void SetClientSize(QWidget& window, int width, int height) {
+    const QSize frame = window.size() - window.contentsRect().size();
+    window.resize(frame + QSize(ToPixels(width), ToPixels(height)));
+}
+
+int CursorX() {
+    return QCursor::pos().x();
+}
+
+int CursorY() {
+    return QCursor::pos().y();
+}
+
+std::function<int(const QString&)> TextWidthIn(const QWidget& widget) {
+    return [metrics = widget.fontMetrics()](const QString& text) {
+        return metrics.horizontalAdvance(text);
+    };
+}
+
+} // namespace netrove

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "controls/Twips.h"
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+
+namespace netrove {
+
+/// Moves `child` so that its frame stands in the middle of the frame of `parent`, also where that
+/// is partly off the screen.
+void CentreWindow(const QWidget& parent, QWidget& child);
+
+/// Sizes the window so that its inner area has this width and height (twips), whatever frame and
+/// margins stand around it.
+void SetClientSize(QWidget& window, int width, int height);
+
+/// Where the mouse is on the screen, in logical pixels.
+[[nodiscard]] int CursorX();
+[[nodiscard]] int CursorY();
+
+[[nodiscard]] constexpr int PixelsToTwipsX(int pixels) {
+    return ToTwips(pixels);
+}
+[[nodiscard]] constexpr int PixelsToTwipsY(int pixels) {
+    return ToTwips(pixels);
+}
+
+/// Measures texts in the font that the widget has now: their width in pixels.
+[[nodiscard]] std::function<int(const QString&)> TextWidthIn(const QWidget& widget);
+
+} // namespace netrove

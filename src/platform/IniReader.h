@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace netrove {
+
+/// One "Key=Value" line.
+struct IniEntry {
+    QString key;
+    QString value;
+    int line = 0; ///< from 1 on
+};
+
+/// One "[Name]" line and the entries up to the next one.
+struct IniSection {
+    QString name;
+    int line = 0; ///< from 1 on
+    std::vector<IniEntry> entries = {};
+
+    /// The first entry with that key, whatever its case; null if there is none.
+    [[nodiscard]] const IniEntry* Find(QStringView key) const;
+    /// The value of that entry, or the empty text.
+    [[nodiscard]] QString Value(QStringView key) const;
+};
+
+/// The text of an INI file, taken apart: sections in their order, each with its entries in their
+/// order. Names, keys and values lose the blanks and tabs around them, a value also one pair of
+/// quotation marks; lines that begin with ";" are comments. The text is UTF-8 with or without a
+/// byte order mark, or Windows-1252 where it isn't valid UTF-8, with LF or CR LF line ends.
+class IniReader {
+public:
+    /// Larger files are refused.
+    static constexpr qint64 MaxBytes = 1 << 20;
+
+    /// Takes any bytes. `name` is how problems call the file.
+    explicit IniReader(QByteArrayView bytes, QString name = {});
+
+    /// Reads a file. Raises ErrorNumber::FileNotFound where there is none, PathFileAccessError
+    /// where it can't be read or is larger than MaxBytes. Problems call it by its last name.
+    [[nodiscard]] static IniReader FromFile(const QString& path);
+
+    [[nodiscard]] const std::vector<IniSection>& Sections() const { return sections_; }
+    /// The first section with that name, whatever its case; null if there is none.
+    [[nodiscard]] const IniSection* Find(QStringView name) const;
+
+    /// What is wrong with lines that were passed over, each as "network.ini, line 7: …".
+    [[nodiscard]] const QStringList& Problems() const { return problems_; }
+    /// A text of that form.
+    [[nodiscard]] QString Problem(int line, const QString& what) const;
+
+private:
+    void TakeLine(QStringView text, int line);
+    void TakeSection(QStringView text, int line);
+    void TakeEntry(QStringView text, int line);
+
+    QString name_;
+    std::vector<IniSection> sections_;
+    QStringList problems_;
+};
+
+} // namespace netrove

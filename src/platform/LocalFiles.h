@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/Files.h"
+
+#include <QByteArray>
+
+namespace netrove {
+
+/// Files and folders of the local file system by their full paths, in the system's own form.
+///
+/// Attributes: FileAttribute::ReadOnly where nobody or not this user may write, Hidden for a
+/// leading dot, Archive for ordinary files. Listings are those of LocalListing: every entry that
+/// they give can be reached by its text.
+class LocalFiles : public FileAccess {
+public:
+    enum class NameCase {
+        Exact,
+        /// An element that isn't there as written stands for the first one that differs from it
+        /// only in case, as on a file server.
+        Ignored,
+    };
+
+    explicit LocalFiles(NameCase nameCase = NameCase::Exact) : nameCase_(nameCase) {}
+
+    [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const QString& searchPath,
+                                                      FindData& first) override;
+    [[nodiscard]] bool CanEnter(const QString& path) override;
+    [[nodiscard]] QDateTime Modified(const QString& path) override;
+    [[nodiscard]] qint64 Length(const QString& path) override;
+    [[nodiscard]] quint32 Attributes(const QString& path) override;
+    [[nodiscard]] QByteArray Read(const QString& path, qint64 offset, qint64 length) override;
+    /// The path itself, spelt as on disk; nothing where there is no such file.
+    [[nodiscard]] std::optional<QString> LocalPath(const QString& path) override;
+
+    /// All that is known of a file; a folder has the length 0. Raises as FileAccess.
+    [[nodiscard]] FileInfo Info(const QString& path);
+    /// The entries of a folder, given without "*.*"; null as in FindFirst.
+    [[nodiscard]] std::unique_ptr<FileFind> List(const QString& folder, FindData& first);
+
+private:
+    [[nodiscard]] QByteArray Existing(const QString& path) const;
+    [[nodiscard]] QByteArray LookUp(const QString& path) const;
+
+    NameCase nameCase_;
+};
+
+} // namespace netrove

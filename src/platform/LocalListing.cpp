@@ -1,0 +1,177 @@
+#include "platform/LocalListing.h"
+
+#include "platform/TextEncoding.h"
+#include "runtime/Text.h"
+#include "runtime/Yield.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <optional>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace netrove {
+namespace {
+
+/// Entries read between two looks at the display; some milliseconds even on a slow disk.
+constexpr std::size_t EntriesPerWait = 4096;
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+using OpenFolder = std::unique_ptr<DIR, CloseFolder>;
+
+bool IsAscii(QByteArrayView bytes) {
+    unsigned char all = 0;
+    for (const char byte : bytes)
+        all |= static_cast<unsigned char>(byte);
+    return all < 0x80;
+}
+
+/// Whether the way to the open folder, as its path has it, goes through a symbolic link.
+bool ReachedThroughLink(int folder, const QByteArray& path) {
+    const QByteArray self = "/proc/self/fd/" + QByteArray::number(folder);
+    QByteArray real(4096, Qt::Uninitialized);
+    const ssize_t length =
+        readlink(self.constData(), real.data(), static_cast<std::size_t>(real.size()));
+    const QByteArrayView asked =
+        path.size() > 1 && path.endsWith('/') ? QByteArrayView(path).chopped(1) : path;
+    return length < 0 || QByteArrayView(real).first(length) != asked;
+}
+
+/// Decides what the entries of one open folder are.
+class EntryKinds {
+public:
+    EntryKinds(int folder, const QByteArray& path) : folder_(folder), path_(path) {}
+
+    /// The attributes; nothing for an entry that isn't to be listed.
+    [[nodiscard]] std::optional<quint32> Attributes(const dirent& entry) {
+        const quint32 hidden =
+            entry.d_name[0] == '.' && !IsDots(entry.d_name) ? FileAttribute::Hidden : 0;
+        switch (entry.d_type) {
+        case DT_DIR:
+            return hidden | FileAttribute::Directory;
+        case DT_REG:
+            return hidden | FileAttribute::Archive;
+        case DT_LNK:
+            return OfLink(entry, hidden);
+        case DT_UNKNOWN:
+            return OfUnknown(entry, hidden);
+        default:
+            return hidden;
+        }
+    }
+
+private:
+    static bool IsDots(QByteArrayView name) { return name == "." || name == ".."; }
+
+    static quint32 OfMode(mode_t mode) {
+        if (S_ISDIR(mode))
+            return FileAttribute::Directory;
+        return S_ISREG(mode) ? FileAttribute::Archive : 0;
+    }
+
+    [[nodiscard]] std::optional<quint32> OfUnknown(const dirent& entry, quint32 hidden) {
+        struct stat status {};
+        if (fstatat(folder_, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+            return std::nullopt;
+        if (S_ISLNK(status.st_mode))
+            return OfLink(entry, hidden);
+        return hidden | OfMode(status.st_mode);
+    }
+
+    [[nodiscard]] std::optional<quint32> OfLink(const dirent& entry, quint32 hidden) {
+        struct stat status {};
+        if (fstatat(folder_, entry.d_name, &status, 0) != 0)
+            return std::nullopt;
+        const quint32 attributes = hidden | FileAttribute::ReparsePoint | OfMode(status.st_mode);
+        if (!S_ISDIR(status.st_mode))
+            return attributes;
+        if (!throughLink_)
+            throughLink_ = ReachedThroughLink(folder_, path_);
+        return *throughLink_ ? attributes & ~FileAttribute::Directory : attributes;
+    }
+
+    int folder_;
+    const QByteArray& path_;
+    std::optional<bool> throughLink_; ///< asked for at the first link to a folder
+};
+
+} // namespace
+
+std::unique_ptr<LocalListing> LocalListing::Read(const QByteArray& folder) {
+    const OpenFolder open(opendir(folder.constData()));
+    if (!open)
+        return nullptr;
+    std::unique_ptr<LocalListing> listing(new LocalListing);
+    EntryKinds kinds(dirfd(open.get()), folder);
+    while (const dirent* entry = readdir(open.get())) {
+        const QByteArrayView name(entry->d_name);
+        if (name.contains('\\'))
+            continue;
+        if (const std::optional<quint32> attributes = kinds.Attributes(*entry))
+            listing->Add(*attributes, name);
+    }
+    if (listing->hasForeignNames_)
+        listing->LeaveOutDoubles();
+    return listing;
+}
+
+void LocalListing::Add(quint32 attributes, QByteArrayView name) {
+    entries_.push_back({.begin = names_.size(),
+                        .length = static_cast<quint32>(name.size()),
+                        .attributes = attributes});
+    names_ += name;
+    if (!IsAscii(name) && !FromUtf8(name))
+        hasForeignNames_ = true;
+    if (entries_.size() % EntriesPerWait == 0)
+        WhileWaiting();
+}
+
+QByteArrayView LocalListing::Name(const Entry& entry) const {
+    return QByteArrayView(names_).sliced(entry.begin, entry.length);
+}
+
+void LocalListing::LeaveOutDoubles() {
+    QSet<QString> valid;
+    for (const Entry& entry : entries_) {
+        if (const std::optional<QString> text = FromUtf8(Name(entry)))
+            valid.insert(*text);
+    }
+    std::erase_if(entries_, [&](const Entry& entry) {
+        const QByteArrayView name = Name(entry);
+        return !FromUtf8(name) && valid.contains(FromWindows1252(name));
+    });
+}
+
+bool LocalListing::FindNext(FindData& data) {
+    if (next_ == entries_.size())
+        return false;
+    const Entry& entry = entries_[next_++];
+    const QByteArrayView name = Name(entry);
+    data.attributes = entry.attributes;
+    if (IsAscii(name))
+        data.fileName = QLatin1String(name); // keeps the text's memory
+    else
+        data.fileName = FromUtf8OrWindows1252(name);
+    return true;
+}
+
+QByteArray LocalListing::EntryBytes(const QString& text, bool ignoringCase) const {
+    QByteArrayView found;
+    for (const Entry& entry : entries_) {
+        const QByteArrayView name = Name(entry);
+        const QString given = FromUtf8OrWindows1252(name);
+        if (given == text)
+            return name.toByteArray();
+        if (ignoringCase && found.isEmpty() && EqualText(given, text))
+            found = name;
+    }
+    return found.toByteArray();
+}
+
+} // namespace netrove

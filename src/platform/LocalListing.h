@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/Files.h"
+
+#include <QByteArray>
+
+#include <memory>
+#include <vector>
+
+namespace netrove {
+
+/// What a local folder held when it was read. Nothing stays open, so that a walk of any depth
+/// needs no file descriptors.
+///
+/// A name that isn't valid UTF-8 is given out as Windows-1252 reads it, and left out where another
+/// entry has that text already; EntryBytes finds the way back. A name with a backslash, which
+/// can't stand in a network path, and a link that leads nowhere are left out. A symbolic link to
+/// a folder is a folder with FileAttribute::ReparsePoint; in a folder that was itself reached
+/// through a link, such a link is no folder, so that no walk goes round for ever.
+class LocalListing : public FileFind {
+public:
+    /// Null where the folder can't be read; then errno says why.
+    [[nodiscard]] static std::unique_ptr<LocalListing> Read(const QByteArray& folder);
+
+    /// Whether entries are left, and the attributes and the directory bit only as the listing
+    /// itself brings them: read-only isn't among them.
+    [[nodiscard]] bool FindNext(FindData& data) override;
+
+    /// The name on disk of the entry that was given out as `text`, or else of the first one that
+    /// differs from it only in case, if `ignoringCase`; empty if there is none.
+    [[nodiscard]] QByteArray EntryBytes(const QString& text, bool ignoringCase) const;
+
+private:
+    struct Entry {
+        qsizetype begin; ///< in names_
+        quint32 length;
+        quint32 attributes;
+    };
+
+    LocalListing() = default;
+    [[nodiscard]] QByteArrayView Name(const Entry& entry) const;
+    void Add(quint32 attributes, QByteArrayView name);
+    void LeaveOutDoubles();
+
+    QByteArray names_;
+    std::vector<Entry> entries_;
+    std::size_t next_ = 0;
+    bool hasForeignNames_ = false; ///< some aren't valid UTF-8
+};
+
+} // namespace netrove

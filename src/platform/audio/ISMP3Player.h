@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/Files.h"
+
+#include <QString>
+
+namespace netrove {
+
+/// Reads playing time, bit rate and frequency of a file of MPEG audio (versions 1, 2 and 2.5,
+/// Layers I to III) from a few pieces of it: two for most files, 64 KiB at most. An ID3v2 tag is
+/// stepped over, however large it is. A stream of varying bit rate without an encoder's table is
+/// reckoned from frames in four places of it.
+class ISMP3Player {
+public:
+    explicit ISMP3Player(FileAccess& files) : files_(files) {}
+
+    /// Reads the file; afterwards the values describe it. They are 0 where it holds no such audio,
+    /// for an empty name, and for a file on slow storage, which is left alone. Raises what the
+    /// reading of a file raises (FileAccess).
+    void SetMP3FileName(const QString& path);
+
+    /// Playing time in whole seconds, rounded. Raises ErrorNumber::Overflow above 32767.
+    [[nodiscard]] qint16 MP3Length() const;
+    /// Bit rate in kbit/s; the average where it varies.
+    [[nodiscard]] qint32 MP3Bitrate() const { return bitrate_; }
+    /// Sampling frequency in Hz.
+    [[nodiscard]] qint32 MP3Frequency() const { return frequency_; }
+
+private:
+    FileAccess& files_;
+    qint64 seconds_ = 0;
+    qint32 bitrate_ = 0;
+    qint32 frequency_ = 0;
+};
+
+} // namespace netrove

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+#include <optional>
+
+namespace netrove {
+
+/// The "smb:" address of a path in the Universal Naming Convention. Every character of a name
+/// that could mean something else in an address or to a program that reads it is
+/// percent-encoded. Nothing where the text isn't such a path, or holds an empty name, ".", "..",
+/// a "/" or a zero character, or where the computer's name can't stand in an address.
+[[nodiscard]] std::optional<QUrl> SmbAddress(const QString& networkPath);
+
+/// The "file:" address of an absolute local path, encoded in the same way.
+[[nodiscard]] QUrl FileAddress(const QString& localPath);
+
+/// An http, https or mailto address as it may be handed to the desktop; nothing for all others.
+[[nodiscard]] std::optional<QUrl> WebAddress(const QString& text);
+
+} // namespace netrove

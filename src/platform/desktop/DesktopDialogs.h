@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace netrove {
+
+/// Message boxes of the desktop. They block all windows of the program until they are answered;
+/// texts are shown as they are, never as markup. Escape and the close box mean OK or No.
+class DesktopDialogs : public Dialogs {
+public:
+    /// The window that the boxes belong to and stand over; none before it is set.
+    void SetParent(QWidget* parent) { parent_ = parent; }
+
+    MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
+                          MessageButtons buttons = MessageButtons::Ok) override;
+
+private:
+    QPointer<QWidget> parent_;
+};
+
+} // namespace netrove

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "network/NetResource.h"
+#include "search/NWSearch.h"
+
+#include <memory>
+
+namespace netrove {
+
+/// What the window's searches, and the loading of results, have in common.
+struct SearchState {
+    /// Where a search starts; empty only where the start of the program failed.
+    std::shared_ptr<NetResource> SearchStartNode;
+    /// The engine of the running search; empty outside one.
+    std::shared_ptr<NWSearch> SearchEvt;
+    /// Rows that the running job has put into the results list.
+    qint32 FilesFound = 0;
+    /// The user has pressed the abort button during the present job.
+    bool AbandonFlag = false;
+};
+
+} // namespace netrove

@@ -1,0 +1,32 @@
+#include "searchrun/columns/AudioColumns.h"
+
+namespace netrove {
+namespace {
+
+QString TwoDigits(qint32 number) {
+    return QString::number(number).rightJustified(2, QLatin1Char('0'));
+}
+
+bool IsMpegAudio(const QString& extension) {
+    return extension == QLatin1String("MP3") || extension == QLatin1String("MP2") ||
+           extension == QLatin1String("MP1");
+}
+
+} // namespace
+
+QString FormatPlayTime(qint32 seconds) {
+    return TwoDigits(seconds / 3600) + QLatin1Char(':') + TwoDigits(seconds % 3600 / 60) +
+           QLatin1Char(':') + TwoDigits(seconds % 60);
+}
+
+AudioTexts AudioColumns::Texts(const QString& folder, const QString& fileName,
+                               const QString& extension, bool includeMP3Info) {
+    if (!includeMP3Info || !IsMpegAudio(extension))
+        return {};
+    player_.SetMP3FileName(folder + fileName);
+    return {.Length = FormatPlayTime(player_.MP3Length()),
+            .Bitrate = QString::number(player_.MP3Bitrate()),
+            .Frequency = QString::number(player_.MP3Frequency())};
+}
+
+} // namespace netrove

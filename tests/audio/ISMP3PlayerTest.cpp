@@ -1,0 +1,161 @@
+#include "platform/audio/ISMP3Player.h"
+
+#include "audio/MpegStream.h"
+#include "fakes/OneFile.h"
+#include "runtime/ExpectRaised.h"
+
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+const QString Song = QStringLiteral("\\\\S\\D\\song.mp3");
+
+struct Values {
+    int length;
+    int bitrate;
+    int frequency;
+    bool operator==(const Values&) const = default;
+};
+
+void PrintTo(const Values& values, std::ostream* out) {
+    *out << values.length << " s, " << values.bitrate << " kbit/s, " << values.frequency << " Hz";
+}
+
+class AudioHeader : public testing::Test {
+protected:
+    Values Read(const QByteArray& content) {
+        file.content = content;
+        file.reads = 0;
+        file.bytesRead = 0;
+        player.SetMP3FileName(Song);
+        EXPECT_LE(file.bytesRead, 64 * 1024);
+        return {player.MP3Length(), player.MP3Bitrate(), player.MP3Frequency()};
+    }
+
+    OneFile file;
+    ISMP3Player player{file};
+};
+
+TEST_F(AudioHeader, ConstantRatesOfAllVersionsAndLayers) {
+    // Frames of the standards: samples in a frame over frequency is the time of one.
+    const struct {
+        const char* name;
+        quint32 header;
+        int frames;
+        qint64 bytes; ///< all of them
+        Values values;
+    } cases[] = {
+        {"version 1, layer III", 0xFFFB9000, 1000, 417'000, {26, 128, 44100}},
+        {"padded", 0xFFFB9200, 1000, 418'000, {26, 128, 44100}},
+        {"with checksum, mono", 0xFFFA90C0, 1000, 417'000, {26, 128, 44100}},
+        {"version 1, layer II", 0xFFFDA404, 1000, 576'000, {24, 192, 48000}},
+        {"version 1, layer I", 0xFFFFC800, 1000, 576'000, {12, 384, 32000}},
+        {"version 2, layer III", 0xFFF38000, 1000, 208'000, {26, 64, 22050}},
+        {"version 2, layer I", 0xFFF71400, 1000, 64'000, {16, 32, 24000}},
+        {"version 2.5, layer III", 0xFFE31800, 1000, 72'000, {72, 8, 8000}},
+    };
+    for (const auto& [name, header, frames, bytes, values] : cases) {
+        const QByteArray stream = MpegFrames(header, frames);
+        EXPECT_EQ(stream.size(), bytes) << name;
+        EXPECT_EQ(Read(stream), values) << name;
+    }
+}
+
+TEST_F(AudioHeader, TagsAreSteppedOver) {
+    const QByteArray audio = MpegFrames(Mp3Header, 2000);
+    const Values expected{52, 128, 44100};
+    EXPECT_EQ(Read(Id3v2Tag(100) + audio), expected);
+    EXPECT_EQ(Read(Id3v2Tag(300'000) + audio), expected) << "a cover";
+    EXPECT_LE(file.reads, 3);
+    EXPECT_EQ(Read(Id3v2Tag(20) + Id3v2Tag(40'000) + audio), expected);
+    EXPECT_EQ(Read(QByteArray(20'000, '\xFF') + audio), expected) << "junk before the first frame";
+    // Two and a half seconds: those of the tag would make it three.
+    EXPECT_EQ(Read(MpegFrames(0xFFE31800, 34) + QByteArray("TAG").leftJustified(128, ' ')).length,
+              2);
+}
+
+TEST_F(AudioHeader, TablesOfEncoders) {
+    const QByteArray slow = MpegFrames(0xFFFB5000, 3000);
+    const auto xing = [](const char* word, std::initializer_list<quint32> numbers) -> QByteArray {
+        return QByteArray(word) + BigEndian(numbers);
+    };
+    const quint32 bytes = 1'000'000;
+    const Values average{78, 102, 44100}; // 3000 frames, 1,000,000 bytes
+    const QByteArray table = xing("Xing", {3, 3000, bytes});
+    EXPECT_EQ(Read(TableFrame(Mp3Header, 36, table) + slow + slow), average);
+    EXPECT_EQ(file.reads, 1);
+    EXPECT_EQ(Read(TableFrame(0xFFFB90C0, 21, table) + slow + slow), average) << "mono";
+    EXPECT_EQ(Read(TableFrame(0xFFFA9000, 38, table) + slow + slow), average) << "checksum";
+    EXPECT_EQ(Read(TableFrame(Mp3Header, 36,
+                              QByteArray("VBRI\0\1\0\0\0\0", 10) + BigEndian({bytes, 3000})) +
+                   slow + slow),
+              average);
+    EXPECT_EQ(Read(TableFrame(Mp3Header, 36, xing("Info", {3, 3000, bytes})) + slow),
+              (Values{78, 64, 44100}))
+        << "the bit rate of the frames";
+    EXPECT_EQ(Read(TableFrame(Mp3Header, 36, xing("Xing", {1, 3000})) + slow).length, 78);
+
+    const Values counted{78, 64, 44100};
+    EXPECT_EQ(Read(TableFrame(Mp3Header, 36, xing("Xing", {0})) + slow), counted) << "no numbers";
+    EXPECT_EQ(Read(TableFrame(Mp3Header, 36, xing("Xing", {3, 0xFFFFFFFF, 7})) + slow), counted)
+        << "more frames than there is room for";
+}
+
+TEST_F(AudioHeader, VaryingRateWithoutATable) {
+    // Two seconds of silence, then music: 64, 128 and 320 kbit/s in no order.
+    QByteArray stream = MpegFrames(0xFFFB5000, 77);
+    quint32 random = 1;
+    for (int frame = 0; frame < 4600; ++frame) {
+        random = random * 1664525 + 1013904223;
+        const quint32 headers[] = {0xFFFB5000, 0xFFFB9000, 0xFFFBE000};
+        stream += MpegFrame(headers[(random >> 16) % 3]);
+    }
+    const Values values = Read(stream);
+    EXPECT_NEAR(values.length, 122, 18);
+    EXPECT_NEAR(values.bitrate, 169, 25);
+}
+
+TEST_F(AudioHeader, WhatIsNoAudioGivesZeros) {
+    const Values zeros{0, 0, 0};
+    Read(MpegFrames(Mp3Header, 100));
+    EXPECT_EQ(Read(QByteArray()), zeros) << "the values before are forgotten";
+    EXPECT_EQ(Read(QByteArray("ID3")), zeros);
+    EXPECT_EQ(Read(Id3v2Tag(5000).left(300)), zeros) << "cut off in its tag";
+    EXPECT_EQ(Read(QByteArray(1'000'000, '\xFF')), zeros);
+    EXPECT_LE(file.reads, 2);
+    EXPECT_EQ(Read(QByteArray(3000, 'x') + MpegFrame(Mp3Header) + QByteArray(3000, 'x')), zeros)
+        << "one header alone isn't believed";
+    EXPECT_EQ(Read(QByteArray::fromHex("FFFB0000").repeated(1000)), zeros) << "free format";
+    // A file that claims to be longer than it is.
+    file.length = 1'000'000'000;
+    EXPECT_EQ(Read(QByteArray("short")), zeros);
+}
+
+TEST_F(AudioHeader, EdgesOfTheProperties) {
+    file.content = TableFrame(Mp3Header, 36, QByteArray("Xing") + BigEndian({1, 1'254'000})) +
+                   MpegFrames(Mp3Header, 100);
+    file.length = 600'000'000;
+    player.SetMP3FileName(Song);
+    EXPECT_EQ(player.MP3Length(), 32758);
+    file.content = TableFrame(Mp3Header, 36, QByteArray("Xing") + BigEndian({1, 1'255'000})) +
+                   MpegFrames(Mp3Header, 100);
+    player.SetMP3FileName(Song);
+    ExpectRaised(
+        ErrorNumber::Overflow, [&] { (void)player.MP3Length(); }, Song);
+    EXPECT_EQ(player.MP3Frequency(), 44100);
+
+    player.SetMP3FileName(QString());
+    EXPECT_EQ(player.MP3Length(), 0);
+    ExpectRaised(
+        ErrorNumber::FileNotFound, [&] { player.SetMP3FileName(QStringLiteral("\\\\S\\D\\gone")); },
+        Song);
+
+    file.length = -1;
+    file.attributes = FileAttribute::Archive | FileAttribute::Offline;
+    EXPECT_EQ(Read(MpegFrames(Mp3Header, 100)), (Values{0, 0, 0}));
+    EXPECT_EQ(file.reads, 0) << "a file on slow storage isn't opened";
+}
+
+} // namespace
+} // namespace netrove

@@ -1,0 +1,54 @@
+#include "searchrun/columns/AudioColumns.h"
+
+#include "audio/MpegStream.h"
+#include "fakes/OneFile.h"
+#include "runtime/ExpectRaised.h"
+
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+TEST(AudioColumns, PlayTimes) {
+    const struct {
+        qint32 seconds;
+        const char* text;
+    } cases[] = {{0, "00:00:00"},
+                 {232, "00:03:52"},
+                 {3725, "01:02:05"},
+                 {32767, "09:06:07"},
+                 {400'000, "111:06:40"}};
+    for (const auto& [seconds, text] : cases)
+        EXPECT_EQ(FormatPlayTime(seconds), Text(text));
+}
+
+TEST(AudioColumns, OnlyAudioIsRead) {
+    OneFile file;
+    file.content = MpegFrames(Mp3Header, 1000);
+    AudioColumns columns(file);
+    const auto texts = [&columns](const char* extension, bool include) {
+        const AudioTexts of =
+            columns.Texts(Text("\\\\S\\D\\"), Text("song"), Text(extension), include);
+        return QStringList{of.Length, of.Bitrate, of.Frequency}.join(u'|');
+    };
+    EXPECT_EQ(texts("MP3", false), Text(" | | "));
+    EXPECT_EQ(texts("WAV", true), Text(" | | "));
+    EXPECT_EQ(texts("mp3", true), Text(" | | ")) << "extensions come in upper case";
+    EXPECT_EQ(file.reads, 0);
+    for (const char* extension : {"MP3", "MP2", "MP1"})
+        EXPECT_EQ(texts(extension, true), Text("00:00:26|128|44100")) << extension;
+    file.content = QByteArray("no audio");
+    EXPECT_EQ(texts("MP3", true), Text("00:00:00|0|0"));
+    columns.ReleaseAudioFile();
+    ExpectRaised(
+        ErrorNumber::FileNotFound,
+        [&columns] { (void)columns.Texts(Text("\\\\S\\"), Text("gone"), Text("MP3"), true); },
+        Text("gone"));
+}
+
+} // namespace
+} // namespace netrove
