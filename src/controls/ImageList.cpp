@@ -25,10 +25,10 @@ QIcon ImageList::Picture(const QString& key) const {
 }
 
 const QString& ImageList::Key(int index) const {
-    return At(index).Key;
+    return At(index).key;
 }
 const QIcon& ImageList::Picture(int index) const {
-    return At(index).Picture;
+    return At(index).picture;
 }
 
 const ImageList::KeyedPicture& ImageList::At(int index) const {

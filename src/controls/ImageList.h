@@ -34,8 +34,8 @@ public:
 
 private:
     struct KeyedPicture {
-        QString Key;
-        QIcon Picture;
+        QString key;
+        QIcon picture;
     };
 
     [[nodiscard]] const KeyedPicture& At(int index) const;

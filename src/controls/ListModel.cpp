@@ -33,16 +33,16 @@ int ListModel::AddColumn(const QString& header, Qt::Alignment alignment) {
 }
 
 const QString& ListModel::HeaderText(int column) const {
-    return ColumnAt(column).Header;
+    return ColumnAt(column).header;
 }
 
 void ListModel::SetHeaderText(int column, const QString& text) {
-    columns_[Place(column, columns_.size())].Header = text;
+    columns_[Place(column, columns_.size())].header = text;
     Q_EMIT headerDataChanged(Qt::Horizontal, column - 1, column - 1);
 }
 
 Qt::Alignment ListModel::Alignment(int column) const {
-    return ColumnAt(column).Align;
+    return ColumnAt(column).alignment;
 }
 
 void ListModel::CheckColumn(int column) const {
@@ -54,9 +54,9 @@ void ListModel::CheckRow(int row) const {
 
 int ListModel::Add(const QString& text, const QString& pictureKey) {
     auto row = std::make_unique<Row>();
-    row->Texts.reserve(columns_.size());
-    row->Texts.push_back(text);
-    row->PictureKey = pictureKey;
+    row->texts.reserve(columns_.size());
+    row->texts.push_back(text);
+    row->pictureKey = pictureKey;
     rows_.push_back(std::move(row));
     Q_EMIT FlushNeeded();
     return Count();
@@ -64,7 +64,7 @@ int ListModel::Add(const QString& text, const QString& pictureKey) {
 
 void ListModel::Remove(int row) {
     const std::size_t place = Place(row, rows_.size());
-    if (rows_[place]->Selected)
+    if (rows_[place]->selected)
         --selectedCount_;
     rows_.erase(rows_.begin() + std::ptrdiff_t(place));
     // The row that comes after a removed current row takes its place.
@@ -82,13 +82,13 @@ void ListModel::Clear() {
 }
 
 const QString& ListModel::Text(int row, int column) const {
-    const std::vector<QString>& texts = RowAt(row).Texts;
+    const std::vector<QString>& texts = RowAt(row).texts;
     const std::size_t place = Place(column, std::max(columns_.size(), std::size_t(1)));
     return place < texts.size() ? texts[place] : NoText();
 }
 
 void ListModel::SetText(int row, int column, const QString& text) {
-    std::vector<QString>& texts = RowAt(row).Texts;
+    std::vector<QString>& texts = RowAt(row).texts;
     const std::size_t place = Place(column, std::max(columns_.size(), std::size_t(1)));
     if (place >= texts.size())
         texts.resize(place + 1);
@@ -97,36 +97,36 @@ void ListModel::SetText(int row, int column, const QString& text) {
 }
 
 const QString& ListModel::PictureKey(int row) const {
-    return RowAt(row).PictureKey;
+    return RowAt(row).pictureKey;
 }
 
 bool ListModel::Bold(int row, int column) const {
-    return LookOf(row, column).Bold;
+    return LookOf(row, column).bold;
 }
 
 void ListModel::SetBold(int row, int column, bool bold) {
-    LookToSet(row, column).Bold = bold;
+    LookToSet(row, column).bold = bold;
     NoteChanged(row);
 }
 
 QColor ListModel::ForeColor(int row, int column) const {
-    return LookOf(row, column).ForeColor;
+    return LookOf(row, column).foreColor;
 }
 
 void ListModel::SetForeColor(int row, int column, const QColor& color) {
-    LookToSet(row, column).ForeColor = color;
+    LookToSet(row, column).foreColor = color;
     NoteChanged(row);
 }
 
 bool ListModel::IsSelected(int row) const {
-    return RowAt(row).Selected;
+    return RowAt(row).selected;
 }
 
 void ListModel::SetSelected(int row, bool selected) {
     Row& item = RowAt(row);
-    if (item.Selected == selected)
+    if (item.selected == selected)
         return;
-    item.Selected = selected;
+    item.selected = selected;
     selectedCount_ += selected ? 1 : -1;
     selectionChanged_ = true;
     Q_EMIT FlushNeeded();
@@ -134,7 +134,7 @@ void ListModel::SetSelected(int row, bool selected) {
 
 int ListModel::NextSelected(int fromRow) const {
     for (int row = std::max(fromRow, 1); row <= Count(); ++row) {
-        if (RowAt(row).Selected)
+        if (RowAt(row).selected)
             return row;
     }
     return 0;
@@ -151,8 +151,8 @@ void ListModel::SetCurrentRow(int row) {
 void ListModel::Sort(int column, Qt::SortOrder order) {
     CheckColumn(column);
     struct KeyedRow {
-        TextSortKey Key;
-        std::unique_ptr<Row> Item;
+        TextSortKey key;
+        std::unique_ptr<Row> row;
     };
     const Row* current = currentRow_ == 0 ? nullptr : &RowAt(currentRow_);
     std::vector<KeyedRow> keyed;
@@ -160,14 +160,14 @@ void ListModel::Sort(int column, Qt::SortOrder order) {
     for (int row = 1; row <= Count(); ++row)
         keyed.push_back({TextSortKey(Text(row, column)), nullptr});
     for (std::size_t place = 0; place < rows_.size(); ++place)
-        keyed[place].Item = std::move(rows_[place]);
+        keyed[place].row = std::move(rows_[place]);
     std::stable_sort(keyed.begin(), keyed.end(),
                      [order](const KeyedRow& left, const KeyedRow& right) {
-                         const int compared = left.Key.Compare(right.Key);
+                         const int compared = left.key.Compare(right.key);
                          return order == Qt::AscendingOrder ? compared < 0 : compared > 0;
                      });
     for (std::size_t place = 0; place < rows_.size(); ++place) {
-        rows_[place] = std::move(keyed[place].Item);
+        rows_[place] = std::move(keyed[place].row);
         if (rows_[place].get() == current)
             currentRow_ = int(place) + 1;
     }
@@ -177,9 +177,9 @@ void ListModel::Sort(int column, Qt::SortOrder order) {
 void ListModel::TakeSelection(int firstRow, int lastRow, bool selected) {
     for (int row = firstRow + 1; row <= std::min(lastRow + 1, Count()); ++row) {
         Row& item = RowAt(row);
-        if (item.Selected != selected)
+        if (item.selected != selected)
             selectedCount_ += selected ? 1 : -1;
-        item.Selected = selected;
+        item.selected = selected;
     }
 }
 
@@ -273,13 +273,13 @@ const ListModel::Row& ListModel::RowAt(int row) const {
 }
 
 ListModel::Look ListModel::LookOf(int row, int column) const {
-    const std::vector<Look>& looks = RowAt(row).Looks;
+    const std::vector<Look>& looks = RowAt(row).looks;
     const std::size_t place = Place(column, std::max(columns_.size(), std::size_t(1)));
     return place < looks.size() ? looks[place] : Look();
 }
 
 ListModel::Look& ListModel::LookToSet(int row, int column) {
-    std::vector<Look>& looks = RowAt(row).Looks;
+    std::vector<Look>& looks = RowAt(row).looks;
     const std::size_t place = Place(column, std::max(columns_.size(), std::size_t(1)));
     if (place >= looks.size())
         looks.resize(place + 1);

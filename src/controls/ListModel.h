@@ -96,18 +96,18 @@ Q_SIGNALS:
 
 private:
     struct Column {
-        QString Header;
-        Qt::Alignment Align;
+        QString header;
+        Qt::Alignment alignment;
     };
     struct Look {
-        bool Bold = false;
-        QColor ForeColor;
+        bool bold = false;
+        QColor foreColor;
     };
     struct Row {
-        std::vector<QString> Texts; ///< ends with the last text that was set
-        std::vector<Look> Looks;    ///< likewise, mostly empty
-        QString PictureKey;
-        bool Selected = false;
+        std::vector<QString> texts; ///< ends with the last text that was set
+        std::vector<Look> looks;    ///< likewise, mostly empty
+        QString pictureKey;
+        bool selected = false;
     };
 
     [[nodiscard]] const Column& ColumnAt(int column) const;
