@@ -52,6 +52,9 @@ TEST(FileDetails, SizesByTheSettings) {
         {1'500'000, 3, 4, "1500000", "0001500000"},
         {5'000'000'000, 3, 4, "5000000000", "5000000000"}, // beyond 32 bits
         {5'000'000'000, 1, 4, "4768.3716", "4768.3716000000"},
+        // Longer than the key is wide: the letter sorts them behind all that fit.
+        {12'884'901'888, 1, 2, "12288.00", "A12288.0000000000"},
+        {20'000'000'000, 3, 0, "20000000000", "A20000000000"},
     };
     OneFile file;
     Settings settings;

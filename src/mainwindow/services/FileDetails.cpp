@@ -18,6 +18,14 @@ QString SizeNumberFormat(qint16 decimals) {
                          : QStringLiteral("0.") + QString(decimals, QLatin1Char('0'));
 }
 
+/// A number by a format of fixed width. One that is too long for it gets a letter in front, which
+/// sorts behind all digits, the later the more digits there are.
+QString SortKey(double value, const QString& format) {
+    const QString key = FormatNumber(value, format);
+    const qsizetype excess = key.size() - format.size();
+    return excess <= 0 ? key : QChar(char16_t(u'A' + excess - 1)) + key;
+}
+
 QString AttributeLetters(quint32 attributes) {
     constexpr std::array<std::pair<quint32, char16_t>, 4> letters{{{FileAttribute::ReadOnly, u'R'},
                                                                    {FileAttribute::Hidden, u'H'},
@@ -62,15 +70,14 @@ void FileDetails::SetSize(qint64 length, const Settings& settings) {
     const auto count = static_cast<double>(length);
     if (settings.SizeFormat == bytes) {
         SizeText = QString::number(length);
-        SizeKey = FormatNumber(count, QStringLiteral("0000000000"));
+        SizeKey = SortKey(count, QStringLiteral("0000000000"));
         return;
     }
     const bool inKilobytes = settings.SizeFormat == kilobytes;
     SizeText = FormatNumber(count / (inKilobytes ? BytesInKilobyte : BytesInMegabyte),
                             SizeNumberFormat(settings.SizeNumDec));
-    SizeKey =
-        FormatNumber(NumberOfText(SizeText), inKilobytes ? QStringLiteral("0000000.0000000000")
-                                                         : QStringLiteral("0000.0000000000"));
+    SizeKey = SortKey(NumberOfText(SizeText), inKilobytes ? QStringLiteral("0000000.0000000000")
+                                                          : QStringLiteral("0000.0000000000"));
 }
 
 } // namespace netrove
