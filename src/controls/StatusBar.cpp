@@ -8,6 +8,8 @@
 #include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStyle>
+#include <QTextDocument>
 #include <QToolTip>
 #include <qdrawutil.h>
 
