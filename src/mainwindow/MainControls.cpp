@@ -234,7 +234,7 @@ void MainControls::MakeDecoration(QWidget& inner) {
     Line1 = Frame(inner, Text("Line1"), QFrame::HLine);
     for (std::size_t index = 0; index < Lne.size(); ++index)
         Lne[index] =
-            Frame(inner, Element("Lne", index), index == 3 ? QFrame::HLine : QFrame::VLine);
+            Frame(inner, Element("Lne", index), index >= 2 ? QFrame::HLine : QFrame::VLine);
     for (std::size_t index = 0; index < RecShp.size(); ++index)
         RecShp[index] = Frame(inner, Element("RecShp", index), QFrame::Box);
 }
@@ -312,9 +312,12 @@ void MainControls::PlaceDecoration(const QRect& first, int middle, int right, in
     const int bottom = first.bottom() - 1;
     const int top = first.y() - 3;
     const int edges[] = {Gap, middle - GroupGap / 2 - 1, right - GroupGap / 2 - 1, end};
-    for (std::size_t group = 0; group < 3; ++group)
-        RecShp[group]->setGeometry(
-            QRect(QPoint(edges[group], top), QPoint(edges[group + 1] - 1, bottom)));
+    QFrame* const undersides[] = {Lne[2], Lne[4], Lne[5]};
+    for (std::size_t group = 0; group < 3; ++group) {
+        const int width = edges[group + 1] - edges[group];
+        RecShp[group]->setGeometry(edges[group], top, width, bottom - top + 1);
+        undersides[group]->setGeometry(edges[group], bottom, width, 1);
+    }
     RecShp[3]->setGeometry(QRect(QPoint(Gap, bottom), QPoint(end - 1, tabsTop - Gap - 1)));
     Lne[0]->setGeometry(edges[1], bottom, 1, RecShp[3]->height());
     Lne[1]->setGeometry(edges[2], bottom, 1, RecShp[3]->height());
