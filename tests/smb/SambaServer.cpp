@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <array>
 #include <csignal>
 #include <filesystem>
 #include <system_error>
@@ -15,13 +14,11 @@
 #include <arpa/inet.h>
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-extern char** environ;
 
 namespace netrove {
 namespace {
@@ -134,34 +131,26 @@ bool SambaServer::WriteConfiguration(const QString& options) {
     text.replace(QLatin1String("%ROOT%"), folder_.path());
     text.replace(QLatin1String("%COMMENT%"), QString::fromUtf16(PublicComment));
     text.replace(QLatin1String("%OPTIONS%"), options);
-    QFile file(folder_.filePath(QStringLiteral("state/smb.conf")));
+    QFile file(StateFile("smb.conf"));
     return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0;
 }
 
 bool SambaServer::Start() {
-    QByteArray configuration =
-        QFile::encodeName(folder_.filePath(QStringLiteral("state/smb.conf")));
-    QByteArray program = Smbd;
-    QByteArray foreground = "--foreground";
-    QByteArray noGroup = "--no-process-group";
-    QByteArray option = "--configfile=" + configuration;
-    const std::array<char*, 5> arguments{program.data(), foreground.data(), noGroup.data(),
-                                         option.data(), nullptr};
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    // A group of its own, so that what serves the connections can be ended with it.
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
-    const int result =
-        posix_spawn(&process_, Smbd, &actions, &attributes, arguments.data(), environ);
-    posix_spawnattr_destroy(&attributes);
-    posix_spawn_file_actions_destroy(&actions);
-    if (result != 0)
-        process_ = -1;
-    return result == 0;
+    const QByteArray option = "--configfile=" + QFile::encodeName(StateFile("smb.conf"));
+    const int silence = open("/dev/null", O_RDWR | O_CLOEXEC);
+    process_ = fork();
+    if (process_ == 0) {
+        // A group of its own, so that what serves the connections can be ended with it; and it
+        // doesn't outlive a test that is killed.
+        setpgid(0, 0);
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        dup2(silence, STDIN_FILENO);
+        dup2(silence, STDOUT_FILENO);
+        execl(Smbd, Smbd, "--foreground", "--no-process-group", option.constData(), nullptr);
+        _exit(127);
+    }
+    close(silence);
+    return process_ > 0;
 }
 
 bool SambaServer::WaitUntilItAnswers() {
@@ -184,6 +173,17 @@ void SambaServer::Stop() {
     kill(-process_, SIGKILL);
     waitpid(process_, nullptr, 0);
     process_ = -1;
+    // The server has started one more, in a session of its own, if it was asked for its shares.
+    QFile file(StateFile("samba-dcerpcd.pid"));
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    const pid_t shares = file.readAll().trimmed().toInt();
+    if (shares > 1)
+        kill(-shares, SIGKILL);
+}
+
+QString SambaServer::StateFile(const char* name) const {
+    return folder_.filePath(QLatin1String("state/") + QString::fromLatin1(name));
 }
 
 SmbHost SambaServer::Host(const QString& name) const {

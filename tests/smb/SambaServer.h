@@ -51,6 +51,7 @@ private:
     [[nodiscard]] bool WriteConfiguration(const QString& options);
     [[nodiscard]] bool Start();
     [[nodiscard]] bool WaitUntilItAnswers();
+    [[nodiscard]] QString StateFile(const char* name) const;
 
     QTemporaryDir folder_;
     quint16 port_ = 0;

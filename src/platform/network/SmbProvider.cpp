@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 constexpr auto SharesLifetime = 5s;
 
 /// Entries of one folder that a server may have, before it counts as one that never ends.
-constexpr std::size_t MaxFolderEntries = 4'000'000;
+constexpr std::size_t MaxFolderEntries = 2'000'000;
 constexpr std::size_t MaxShares = 10'000;
 
 /// Bytes of one request of a read: each has its own limit of time.
