@@ -94,7 +94,7 @@ int ListView::Add(const QString& text, const QString& smallIcon) {
     return model_->Add(text, smallIcon);
 }
 
-const QString& ListView::SubItem(int row, int number) const {
+QString ListView::SubItem(int row, int number) const {
     return model_->Text(row, SubItemColumn(number));
 }
 void ListView::SetSubItem(int row, int number, const QString& text) {
@@ -422,6 +422,7 @@ void ListView::PaintRow(QPainter& painter, ListPainter& cells, int row, const QR
         QStyleOptionFocusRect frame;
         frame.initFrom(this);
         frame.rect = rowRect;
+        frame.state |= QStyle::State_KeyboardFocusChange; // some styles show none without it
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
     }
 }
