@@ -173,7 +173,6 @@ void ListView::Flush() {
     SortIfPending();
     flushTimer_.stop();
     const int rowsBefore = model_->rowCount();
-    const int top = verticalScrollBar()->value();
     switch (model_->Flush()) {
     case ListModel::Flushed::Nothing:
         break;
@@ -182,7 +181,6 @@ void ListView::Flush() {
         break;
     case ListModel::Flushed::Everything:
         executeDelayedItemsLayout();
-        verticalScrollBar()->setValue(top);
         ShowSelection();
         break;
     case ListModel::Flushed::Selection:

@@ -71,6 +71,15 @@ TEST_F(List, SortsOnceByOneColumn) {
     QLocale::setDefault(before);
 }
 
+TEST_F(List, SortsManyRowsStably) {
+    AddNumbered(500);
+    const std::string before = Names();
+    Sort(2, Qt::DescendingOrder);
+    EXPECT_EQ(Names(), before) << "all texts of the column are equal";
+    Sort(2, Qt::AscendingOrder);
+    EXPECT_EQ(Names(), before);
+}
+
 TEST_F(List, KeepsSelectionAndCurrentRowOnTheirRows) {
     AddRows({"d", "b", "c", "a"});
     Click(1);
