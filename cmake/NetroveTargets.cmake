@@ -92,17 +92,23 @@ function(netrove_configure name widgets)
     endif()
 endfunction()
 
-# netrove_test(NAME [WIDGETS] [TIMEOUT s] SOURCES … [LINKS …]): a GoogleTest program, one ctest
-# entry. A test that needs a main of its own (for QApplication) links gtest and brings it.
+# netrove_test(NAME [WIDGETS] [OWN_MAIN] [TIMEOUT s] SOURCES … [LINKS …]): a GoogleTest program, one
+# ctest entry. With WIDGETS its main makes a QApplication, and QTest's input functions are there.
 function(netrove_test name)
-    cmake_parse_arguments(ARG "WIDGETS" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
-    if(NOT NETROVE_TESTS)
+    cmake_parse_arguments(ARG "WIDGETS;OWN_MAIN" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+    if(NOT NETROVE_TESTS OR (ARG_WIDGETS AND NOT NETROVE_WINDOW))
         return()
     endif()
     find_package(GTest REQUIRED)
     add_executable(${name} ${ARG_SOURCES})
     netrove_configure(${name} "${ARG_WIDGETS}" ${ARG_LINKS} GTest::gtest)
-    if(NOT ARG_WIDGETS)
+    if(ARG_WIDGETS)
+        find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+        target_link_libraries(${name} PRIVATE Qt6::Test)
+    endif()
+    if(ARG_WIDGETS AND NOT ARG_OWN_MAIN)
+        target_sources(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests/WidgetMain.cpp)
+    elseif(NOT ARG_OWN_MAIN)
         target_link_libraries(${name} PRIVATE GTest::gtest_main)
     endif()
     if(NOT ARG_TIMEOUT)

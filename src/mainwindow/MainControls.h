@@ -3,6 +3,7 @@
 #include "controls/ImageList.h"
 #include "controls/ListView.h"
 #include "controls/StatusBar.h"
+#include "mainwindow/windowservices/IconImages.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -58,6 +59,8 @@ struct MainControls {
     ImageList imgPreIconsSm;
     ImageList imgSysIconsSm;
     ImageList imgSysIconsLg;
+
+    [[nodiscard]] IconSets Icons();
 
 private:
     void MakeTabs(QWidget& inner);

@@ -2,7 +2,7 @@
 
 #include "platform/IniReader.h"
 #include "platform/network/FolderProvider.h"
-#include "platform/network/SmbHost.h"
+#include "platform/network/SmbProvider.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 
@@ -44,13 +44,6 @@ bool TakeAddress(const QString& text, SmbHost& host) {
     return isNumber && host.port != 0 && !host.address.isEmpty();
 }
 
-std::unique_ptr<NetworkProvider> MakeSmbProvider(const QString& name, std::vector<SmbHost> hosts,
-                                                 QStringList& problems) {
-    static_cast<void>(hosts);
-    problems += QStringLiteral("%1: this build can't speak SMB").arg(name);
-    return nullptr;
-}
-
 /// Makes the providers of one file and notes what is wrong with it.
 class ProviderReader {
 public:
@@ -85,7 +78,7 @@ private:
         }
         const QString type = section.Value(u"Type");
         if (EqualText(type, u"smb"))
-            return MakeSmbProvider(section.name, ReadHosts(section), problems_);
+            return std::make_unique<SmbProvider>(section.name, ReadHosts(section));
         if (EqualText(type, u"folder"))
             return ReadFolder(section);
         const IniEntry* entry = section.Find(u"Type");
@@ -158,10 +151,9 @@ private:
     std::vector<std::unique_ptr<NetworkProvider>> providers_;
 };
 
-OpenedNetwork LocalAreaNetworkAlone(QStringList problems) {
+OpenedNetwork LocalAreaNetworkAlone(const QStringList& problems) {
     std::vector<std::unique_ptr<NetworkProvider>> providers;
-    if (auto provider = MakeSmbProvider(LocalAreaNetwork, {}, problems))
-        providers.push_back(std::move(provider));
+    providers.push_back(std::make_unique<SmbProvider>(LocalAreaNetwork, std::vector<SmbHost>()));
     return {.network = std::make_unique<Network>(std::move(providers)), .problems = problems};
 }
 

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+
+namespace netrove {
+
+/// How long each step of a connection may take, and how many there are. The limits are by phase:
+/// a dead computer must cost little, while one that is there may need long for its first answer.
+struct SmbLimits {
+    using Time = std::chrono::milliseconds;
+
+    Time start{5000};     ///< a helper until its hello, on a busy machine
+    Time lookup{5000};    ///< the address of a name
+    Time connect{1500};   ///< the TCP port
+    Time negotiate{3000}; ///< the first answer of whoever has accepted
+    /// Any other request, from one sign of life to the next. Disks that sleep need 10 to 15 s; the
+    /// library itself gives up after 20 s.
+    Time request{25000};
+    /// A folder: the library reads all of it before the first entry comes.
+    Time listing{60000};
+
+    Time deadFor{15000};              ///< a computer that failed isn't tried again for so long
+    Time idle{30000};                 ///< a helper without work is ended after so long
+    std::size_t maxIdle = 16;         ///< helpers kept in all
+    std::size_t maxIdlePerServer = 4; ///< and for one server
+};
+
+} // namespace netrove

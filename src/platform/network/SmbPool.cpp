@@ -1,0 +1,134 @@
+#include "platform/network/SmbPool.h"
+
+#include "platform/network/SmbProbe.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cerrno>
+
+#include <arpa/inet.h>
+
+namespace netrove {
+namespace {
+
+QString ServerKey(const SmbRequest& request) {
+    return request.host.toLower() + QLatin1Char(':') + QString::number(request.port);
+}
+
+bool IsNumeric(const QString& host) {
+    in6_addr address = {};
+    const QByteArray text = host.toUtf8();
+    return inet_pton(AF_INET, text.constData(), &address) == 1 ||
+           inet_pton(AF_INET6, text.constData(), &address) == 1;
+}
+
+} // namespace
+
+QString SmbPool::DefaultHelper() {
+    const QString name = QStringLiteral("netrove-smb");
+    const QString folder = QCoreApplication::applicationDirPath() + QLatin1Char('/');
+    const QString beside = folder + name;
+    return QFileInfo(beside).isExecutable() ? beside
+                                            : folder + QLatin1String("../libexec/netrove/") + name;
+}
+
+int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part) {
+    DropOld();
+    const QString server = ServerKey(request);
+    if (const auto dead = dead_.constFind(server); dead != dead_.cend())
+        return dead->status;
+    if (auto worker = TakeIdle(server))
+        return RunOn(std::move(worker), server, request, part);
+
+    auto worker = TakeIdle(QString());
+    if (!worker)
+        worker = NewWorker();
+    if (!worker)
+        return ECHILD;
+    if (const int status = Reach(*worker, request); status != 0) {
+        dead_.insert(server, {.status = status, .until = Clock::now() + limits_.deadFor});
+        Keep(QString(), std::move(worker));
+        return status;
+    }
+    return RunOn(std::move(worker), server, request, part);
+}
+
+int SmbPool::RunOn(std::unique_ptr<SmbWorker> worker, const QString& server,
+                   const SmbRequest& request, const SmbWorker::Part& part) {
+    const bool isListing = request.kind == SmbRequest::Kind::ListFolder;
+    const int status =
+        worker->Request(request, isListing ? limits_.listing : limits_.request, part);
+    Keep(server, std::move(worker));
+    return status;
+}
+
+std::unique_ptr<SmbWorker> SmbPool::NewWorker() const {
+    auto worker = SmbWorker::Start(helper_);
+    return worker && worker->Greet(limits_.start) ? std::move(worker) : nullptr;
+}
+
+/// Tests the port before the library gets the server. The worker looks up the name: that can take
+/// long, and can't be interrupted.
+int SmbPool::Reach(SmbWorker& worker, const SmbRequest& request) const {
+    std::vector<QString> addresses;
+    if (IsNumeric(request.host)) {
+        addresses.push_back(request.host);
+    } else {
+        SmbRequest lookup = request;
+        lookup.kind = SmbRequest::Kind::Resolve;
+        const int status = worker.Request(lookup, limits_.lookup, [&](SmbAnswer& part) {
+            const auto* found = std::get_if<SmbAddresses>(&part);
+            if (!found)
+                return false;
+            for (const SmbAddress& address : *found)
+                addresses.push_back(address.text);
+            return true;
+        });
+        if (status != 0)
+            return status;
+    }
+    return SmbProbe(limits_).Run(addresses, request.port);
+}
+
+std::unique_ptr<SmbWorker> SmbPool::TakeIdle(const QString& server) {
+    // The one used last is the warmest.
+    while (true) {
+        const auto found = std::find_if(idle_.rbegin(), idle_.rend(),
+                                        [&](const Idle& one) { return one.server == server; });
+        if (found == idle_.rend())
+            return nullptr;
+        auto worker = std::move(found->worker);
+        idle_.erase(std::next(found).base());
+        if (worker->IsAlive())
+            return worker;
+    }
+}
+
+void SmbPool::Keep(const QString& server, std::unique_ptr<SmbWorker> worker) {
+    if (!worker->IsAlive())
+        return;
+    const auto isOfServer = [&](const Idle& one) { return one.server == server; };
+    const auto ofServer = std::count_if(idle_.begin(), idle_.end(), isOfServer);
+    if (static_cast<std::size_t>(ofServer) >= limits_.maxIdlePerServer)
+        idle_.erase(std::find_if(idle_.begin(), idle_.end(), isOfServer));
+    else if (idle_.size() >= limits_.maxIdle)
+        idle_.erase(idle_.begin());
+    idle_.push_back({.server = server, .since = Clock::now(), .worker = std::move(worker)});
+}
+
+void SmbPool::DropOld() {
+    const auto now = Clock::now();
+    std::erase_if(idle_, [&](const Idle& one) { return now - one.since > limits_.idle; });
+    dead_.removeIf([&](const auto& one) { return now > one->until; });
+}
+
+std::vector<pid_t> SmbPool::IdleProcesses() const {
+    std::vector<pid_t> processes;
+    for (const Idle& one : idle_)
+        processes.push_back(one.worker->ProcessId());
+    return processes;
+}
+
+} // namespace netrove

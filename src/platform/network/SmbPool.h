@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/network/SmbLimits.h"
+#include "platform/network/SmbWorker.h"
+
+#include <QHash>
+#include <QString>
+
+#include <chrono>
+#include <memory>
+#include <vector>
+
+namespace netrove {
+
+/// The helper processes of the program. Each serves one server at a time and is kept for it while
+/// there is work; none is started before the first request. The destructor ends all of them.
+class SmbPool {
+public:
+    /// The helper that belongs to this program: beside its executable, else in ../libexec/netrove.
+    [[nodiscard]] static QString DefaultHelper();
+
+    explicit SmbPool(QString helper = DefaultHelper(), const SmbLimits& limits = {})
+        : helper_(std::move(helper)), limits_(limits) {}
+
+    /// Puts a request to the server that it names. Gives 0 or an errno: the server's, or one that
+    /// says why it can't be reached. Blocks, and calls WhileWaiting().
+    ///
+    /// A server that doesn't take connections, or takes them and doesn't speak SMB, costs one
+    /// short limit and then nothing for a while.
+    [[nodiscard]] int Run(const SmbRequest& request, const SmbWorker::Part& part);
+
+    /// The processes that wait for work.
+    [[nodiscard]] std::vector<pid_t> IdleProcesses() const;
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Idle {
+        QString server; ///< empty for one that hasn't spoken to any
+        Clock::time_point since;
+        std::unique_ptr<SmbWorker> worker;
+    };
+    struct Dead {
+        int status;
+        Clock::time_point until;
+    };
+
+    [[nodiscard]] int RunOn(std::unique_ptr<SmbWorker> worker, const QString& server,
+                            const SmbRequest& request, const SmbWorker::Part& part);
+    [[nodiscard]] int Reach(SmbWorker& worker, const SmbRequest& request) const;
+    [[nodiscard]] std::unique_ptr<SmbWorker> TakeIdle(const QString& server);
+    [[nodiscard]] std::unique_ptr<SmbWorker> NewWorker() const;
+    void Keep(const QString& server, std::unique_ptr<SmbWorker> worker);
+    void DropOld();
+
+    QString helper_;
+    SmbLimits limits_;
+    std::vector<Idle> idle_; ///< the longest idle first
+    QHash<QString, Dead> dead_;
+};
+
+} // namespace netrove

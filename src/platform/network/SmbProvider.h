@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/network/NetworkProvider.h"
+#include "platform/network/RecentListings.h"
+#include "platform/network/SmbErrors.h"
+#include "platform/network/SmbHost.h"
+#include "platform/network/SmbPool.h"
+
+#include <QSet>
+
+#include <chrono>
+#include <vector>
+
+namespace netrove {
+
+/// The SMB network: workgroups and computers as configured, and what the computers tell of their
+/// shares and files. Helper processes do the talking; none is started before the first question
+/// that needs one.
+///
+/// A folder is listed as a whole before its first entry is given out. One whose server closes in
+/// the middle isn't listed at all.
+class SmbProvider : public NetworkProvider {
+public:
+    /// Of hosts with equal names (but for case) the first counts.
+    SmbProvider(QString name, const std::vector<SmbHost>& hosts,
+                QString helper = SmbPool::DefaultHelper(), const SmbLimits& limits = {});
+
+    [[nodiscard]] std::optional<std::vector<NetRecord>> List(const NetRecord& node,
+                                                             qint32 type) override;
+    [[nodiscard]] bool Knows(const QString& server) override { return Host(server) != nullptr; }
+    /// The path of a computer that nobody has configured is tried by its name.
+    [[nodiscard]] bool TakesUnknown() const override { return true; }
+    [[nodiscard]] QString Workgroup(const QString& server) override;
+
+    [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const UncPath& path,
+                                                      FindData& first) override;
+    [[nodiscard]] bool CanEnter(const UncPath& path) override;
+    [[nodiscard]] FileInfo Info(const UncPath& path) override;
+    [[nodiscard]] QByteArray Read(const UncPath& path, qint64 offset, qint64 length) override;
+    [[nodiscard]] std::optional<QString> LocalPath(const UncPath& path) override;
+
+    [[nodiscard]] const SmbPool& Pool() const { return pool_; }
+
+private:
+    /// The answer of a server to the question for its shares; disks and printers come together.
+    struct Shares {
+        QString server;
+        std::chrono::steady_clock::time_point until;
+        std::optional<SmbShares> shares;
+    };
+
+    [[nodiscard]] std::vector<NetRecord> Workgroups() const;
+    [[nodiscard]] std::vector<NetRecord> Servers(const QString& workgroup) const;
+    [[nodiscard]] std::optional<std::vector<NetRecord>> SharesOf(const QString& server,
+                                                                 qint32 type);
+    [[nodiscard]] std::optional<SmbShares> FetchShares(const QString& server);
+    [[nodiscard]] RecentListings::Listing Entries(const UncPath& path);
+    [[nodiscard]] RecentListings::Listing FetchEntries(const UncPath& path);
+    void NoteJunctions(const UncPath& path, const SmbEntries& entries);
+    [[nodiscard]] bool IsInLoop(const UncPath& path) const;
+    [[nodiscard]] SmbEntry FetchInfo(const UncPath& path);
+    [[nodiscard]] ErrorNumber ErrorOf(int status, const UncPath& path, SmbAction action);
+
+    [[nodiscard]] const SmbHost* Host(const QString& server) const;
+    [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind, const QString& server) const;
+    [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind, const UncPath& path) const;
+
+    std::vector<SmbHost> hosts_;
+    SmbPool pool_;
+    RecentListings recent_;
+    Shares lastShares_;
+    QSet<QString> junctions_; ///< paths of folders that lead elsewhere
+};
+
+} // namespace netrove

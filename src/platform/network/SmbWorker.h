@@ -1,0 +1,60 @@
+#pragma once
+
+#include "smb/Frames.h"
+#include "smb/SmbMessages.h"
+
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+#include <sys/types.h>
+
+namespace netrove {
+
+/// One helper process, which speaks SMB for the program over a socket. Its calls can't be
+/// interrupted: it is ended instead.
+class SmbWorker {
+public:
+    using Time = std::chrono::milliseconds;
+    /// Takes one part of an answer; false where it can't be one of this request.
+    using Part = std::function<bool(SmbAnswer& part)>;
+
+    /// Starts the program at that path; null if that fails. It isn't known yet whether it speaks.
+    [[nodiscard]] static std::unique_ptr<SmbWorker> Start(const QString& program);
+
+    SmbWorker(const SmbWorker&) = delete;
+    SmbWorker& operator=(const SmbWorker&) = delete;
+    ~SmbWorker(); ///< ends the process
+
+    /// Waits for the hello of the process. False as for Request.
+    [[nodiscard]] bool Greet(Time limit);
+
+    /// Sends a request, gives each part of the answer to `part`, then the status of its end: 0 or
+    /// an errno. Calls WhileWaiting() meanwhile. Where the process has died, sends garbage or
+    /// nothing for longer than `limit`, it is ended; the status is then ECONNABORTED, EPROTO or
+    /// ETIMEDOUT and the worker of no further use.
+    [[nodiscard]] int Request(const SmbRequest& request, Time limit, const Part& part);
+
+    /// Whether the process still waits for requests, as far as can be told without asking.
+    [[nodiscard]] bool IsAlive();
+    [[nodiscard]] pid_t ProcessId() const { return process_; }
+
+private:
+    SmbWorker(pid_t process, int socket) : process_(process), socket_(socket) {}
+
+    [[nodiscard]] int Receive(SmbAnswer& answer, Time limit);
+    [[nodiscard]] int Transfer(Time wait);
+    [[nodiscard]] int Write();
+    [[nodiscard]] int Read();
+    int Fail(int status);
+    void End();
+
+    pid_t process_;
+    int socket_;
+    QByteArray unsent_;
+    Frames frames_;
+};
+
+} // namespace netrove

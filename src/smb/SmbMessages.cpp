@@ -1,0 +1,180 @@
+#include "smb/SmbMessages.h"
+
+#include <QDataStream>
+#include <QIODevice>
+
+#include <algorithm>
+#include <utility>
+
+namespace netrove {
+namespace {
+
+constexpr auto StreamVersion = QDataStream::Qt_6_4;
+
+/// Reads an enumerator, whose values go from 0 to `last`; one beyond makes the stream corrupt.
+template <typename Enum>
+void ReadEnum(QDataStream& stream, Enum& value, Enum last) {
+    quint8 number = 0;
+    stream >> number;
+    if (number > static_cast<quint8>(last))
+        stream.setStatus(QDataStream::ReadCorruptData);
+    else
+        value = static_cast<Enum>(number);
+}
+
+QDataStream& operator<<(QDataStream& stream, const SmbHello& hello) {
+    return stream << hello.version;
+}
+
+QDataStream& operator>>(QDataStream& stream, SmbHello& hello) {
+    return stream >> hello.version;
+}
+
+QDataStream& operator<<(QDataStream& stream, const SmbRequest& request) {
+    return stream << static_cast<quint8>(request.kind) << request.host << request.port
+                  << request.share << request.path << request.offset << request.length;
+}
+
+/// Whether a text can be a part of an address: what the library would take for something else,
+/// or cut off, is none.
+bool IsElement(const QString& text) {
+    return !text.isEmpty() && text != QLatin1String(".") && text != QLatin1String("..") &&
+           !text.contains(QLatin1Char('/')) && !text.contains(QLatin1Char('\\')) &&
+           !text.contains(QChar(u'\0'));
+}
+
+bool IsValid(const SmbRequest& request) {
+    using Kind = SmbRequest::Kind;
+    if (!IsElement(request.host) || request.offset < 0)
+        return false;
+    if (request.kind == Kind::Resolve || request.kind == Kind::ListShares)
+        return true;
+    if (!IsElement(request.share))
+        return false;
+    if (request.path.isEmpty())
+        return true;
+    const QStringList elements = request.path.split(QLatin1Char('/'));
+    return std::all_of(elements.begin(), elements.end(), IsElement);
+}
+
+QDataStream& operator>>(QDataStream& stream, SmbRequest& request) {
+    ReadEnum(stream, request.kind, SmbRequest::Kind::Read);
+    stream >> request.host >> request.port >> request.share >> request.path >> request.offset >>
+        request.length;
+    if (!IsValid(request))
+        stream.setStatus(QDataStream::ReadCorruptData);
+    return stream;
+}
+
+QDataStream& operator<<(QDataStream& stream, const SmbShare& share) {
+    return stream << static_cast<quint8>(share.kind) << share.name << share.comment;
+}
+
+QDataStream& operator>>(QDataStream& stream, SmbShare& share) {
+    ReadEnum(stream, share.kind, SmbShare::Kind::Printer);
+    return stream >> share.name >> share.comment;
+}
+
+QDataStream& operator<<(QDataStream& stream, const SmbEntry& entry) {
+    return stream << entry.name << entry.attributes << entry.length << entry.modified;
+}
+
+QDataStream& operator>>(QDataStream& stream, SmbEntry& entry) {
+    stream >> entry.name >> entry.attributes >> entry.length >> entry.modified;
+    if (entry.length < 0)
+        stream.setStatus(QDataStream::ReadCorruptData);
+    return stream;
+}
+
+QDataStream& operator<<(QDataStream& stream, const SmbAddress& address) {
+    return stream << address.text;
+}
+
+QDataStream& operator>>(QDataStream& stream, SmbAddress& address) {
+    return stream >> address.text;
+}
+
+/// Lists go to the end of their message: no count can promise more than there is.
+template <typename Item>
+QDataStream& operator<<(QDataStream& stream, const std::vector<Item>& items) {
+    for (const Item& item : items)
+        stream << item;
+    return stream;
+}
+
+template <typename Item>
+QDataStream& operator>>(QDataStream& stream, std::vector<Item>& items) {
+    while (!stream.atEnd() && stream.status() == QDataStream::Ok) {
+        Item item;
+        stream >> item;
+        items.push_back(std::move(item));
+    }
+    return stream;
+}
+
+QDataStream& operator<<(QDataStream& stream, const SmbData& data) {
+    return stream << data.bytes;
+}
+
+QDataStream& operator>>(QDataStream& stream, SmbData& data) {
+    return stream >> data.bytes;
+}
+
+QDataStream& operator<<(QDataStream& stream, const SmbEnd& end) {
+    return stream << end.status;
+}
+
+QDataStream& operator>>(QDataStream& stream, SmbEnd& end) {
+    return stream >> end.status;
+}
+
+/// A message is its number in the variant, then its fields.
+template <typename Message>
+QByteArray EncodeMessage(const Message& message) {
+    QByteArray payload;
+    QDataStream stream(&payload, QIODevice::WriteOnly);
+    stream.setVersion(StreamVersion);
+    stream << static_cast<quint8>(message.index());
+    std::visit([&](const auto& fields) { stream << fields; }, message);
+    return payload;
+}
+
+template <typename Message, std::size_t... Numbers>
+bool Emplace(Message& message, std::size_t number, std::index_sequence<Numbers...>) {
+    return ((number == Numbers && (message.template emplace<Numbers>(), true)) || ...);
+}
+
+template <typename Message>
+std::optional<Message> DecodeMessage(const QByteArray& payload) {
+    QDataStream stream(payload);
+    stream.setVersion(StreamVersion);
+    quint8 number = 0;
+    stream >> number;
+    Message message;
+    if (!Emplace(message, number, std::make_index_sequence<std::variant_size_v<Message>>()))
+        return std::nullopt;
+    std::visit([&](auto& fields) { stream >> fields; }, message);
+    if (stream.status() != QDataStream::Ok || !stream.atEnd())
+        return std::nullopt;
+    return message;
+}
+
+} // namespace
+
+QByteArray EncodeQuestion(const SmbQuestion& question) {
+    return EncodeMessage(question);
+}
+
+QByteArray EncodeAnswer(const SmbAnswer& answer) {
+    return EncodeMessage(answer);
+}
+
+std::optional<SmbQuestion> DecodeQuestion(const QByteArray& payload) {
+    return DecodeMessage<SmbQuestion>(payload);
+}
+
+std::optional<SmbAnswer> DecodeAnswer(const QByteArray& payload) {
+    return DecodeMessage<SmbAnswer>(payload);
+}
+
+} // namespace netrove

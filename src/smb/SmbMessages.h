@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+#include <variant>
+#include <vector>
+
+namespace netrove {
+
+/// The first message of both sides. Sides that don't speak the same version part.
+struct SmbHello {
+    static constexpr quint32 Version = 1;
+    quint32 version = Version;
+};
+
+/// What the program asks of a helper. Each request is answered by any number of parts and one
+/// SmbEnd; only then comes the next.
+struct SmbRequest {
+    enum class Kind : quint8 {
+        Resolve,    ///< the addresses of `host`: SmbAddresses
+        ListShares, ///< SmbShares
+        ListFolder, ///< SmbEntries
+        Stat,       ///< SmbEntries with one entry, whose name is empty
+        Read,       ///< SmbData
+    };
+
+    Kind kind = Kind::ListShares;
+    QString host = {};
+    quint16 port = 445;
+    QString share = {};
+    QString path = {};  ///< below the share, joined by "/"; empty for its top
+    qint64 offset = 0;  ///< of a read, in bytes
+    quint32 length = 0; ///< of a read, in bytes
+};
+
+struct SmbShare {
+    enum class Kind : quint8 { Disk, Printer };
+    Kind kind = Kind::Disk;
+    QString name = {};
+    QString comment = {};
+};
+
+struct SmbEntry {
+    QString name = {};
+    quint32 attributes = 0; ///< FileAttribute
+    qint64 length = 0;      ///< bytes
+    qint64 modified = 0;    ///< milliseconds since 1970 UTC
+};
+
+/// An address of a computer as numbers: "192.0.2.1", "2001:db8::1".
+struct SmbAddress {
+    QString text = {};
+};
+
+using SmbAddresses = std::vector<SmbAddress>;
+using SmbShares = std::vector<SmbShare>;
+using SmbEntries = std::vector<SmbEntry>;
+
+struct SmbData {
+    /// Bytes of one part at most.
+    static constexpr qsizetype MaxBytes = 1024 * 1024;
+    QByteArray bytes = {};
+};
+
+/// The end of an answer: 0, or the errno that the request failed with. Parts that came before a
+/// failure are good.
+struct SmbEnd {
+    qint32 status = 0;
+};
+
+using SmbQuestion = std::variant<SmbHello, SmbRequest>;
+using SmbAnswer = std::variant<SmbHello, SmbAddresses, SmbShares, SmbEntries, SmbData, SmbEnd>;
+
+[[nodiscard]] QByteArray EncodeQuestion(const SmbQuestion& question);
+[[nodiscard]] QByteArray EncodeAnswer(const SmbAnswer& answer);
+
+/// Nothing where the bytes aren't such a message, to the last byte.
+[[nodiscard]] std::optional<SmbQuestion> DecodeQuestion(const QByteArray& payload);
+[[nodiscard]] std::optional<SmbAnswer> DecodeAnswer(const QByteArray& payload);
+
+} // namespace netrove

@@ -1,0 +1,31 @@
+#include "smb/helper/Channel.h"
+#include "smb/helper/Session.h"
+#include "smb/helper/SmbClient.h"
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+
+#include <sys/prctl.h>
+#include <unistd.h>
+
+int main() {
+    using namespace netrove;
+
+    if (!Channel::IsThere()) {
+        std::fputs("netrove-smb " NETROVE_VERSION
+                   ": speaks SMB for Netrove, which starts it itself. Start netrove or "
+                   "netrove-find instead.\n",
+                   stderr);
+        return 2;
+    }
+    // The helper never outlives the program, even where that is killed in the middle of a call.
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    std::signal(SIGPIPE, SIG_IGN);
+    SmbClient client;
+    if (!client.IsReady())
+        return EXIT_FAILURE;
+    Session(client).Run();
+    // Without the library's farewells, which could take long where a server has gone.
+    _exit(EXIT_SUCCESS);
+}

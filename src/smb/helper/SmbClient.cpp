@@ -1,0 +1,277 @@
+#include "smb/helper/SmbClient.h"
+
+#include "platform/Files.h"
+#include "smb/helper/SmbUrl.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <ctime>
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace netrove {
+namespace {
+
+/// The library's own limit of a request, in milliseconds: the first answer of a disk that sleeps
+/// takes 10 to 15 s. The program has tested before that somebody answers at all.
+constexpr int RequestTimeout = 20000;
+
+/// Entries of one part.
+constexpr std::size_t PartEntries = 500;
+
+/// What libsmbclient is told on top of the system's configuration. Without NetBIOS no call waits
+/// for the answers to a broadcast.
+constexpr char Configuration[] = "[global]\n"
+                                 "disable netbios = yes\n"
+                                 "name resolve order = host\n";
+
+/// The failure of the call just made; the library leaves errno at 0 at times.
+int Failure() {
+    return errno == 0 ? EIO : errno;
+}
+
+qint64 Milliseconds(const timespec& time) {
+    return qint64{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
+}
+
+/// The library tells the attributes of one file as permissions: a file that may be written isn't
+/// read-only, and the three bits of execution stand for archive, system and hidden.
+quint32 AttributesOfMode(mode_t mode) {
+    quint32 attributes = 0;
+    if (S_ISDIR(mode))
+        return FileAttribute::Directory;
+    if ((mode & S_IWUSR) == 0)
+        attributes |= FileAttribute::ReadOnly;
+    if ((mode & S_IXUSR) != 0)
+        attributes |= FileAttribute::Archive;
+    if ((mode & S_IXGRP) != 0)
+        attributes |= FileAttribute::System;
+    if ((mode & S_IXOTH) != 0)
+        attributes |= FileAttribute::Hidden;
+    return attributes;
+}
+
+bool IsConnectionLost(int status) {
+    return status == ECONNABORTED || status == ECONNRESET || status == ENOTCONN || status == EPIPE;
+}
+
+} // namespace
+
+SmbClient::SmbClient() {
+    SMBCCTX* context = smbc_new_context();
+    if (!context)
+        return;
+    Configure(context);
+    if (!smbc_init_context(context)) {
+        smbc_free_context(context, 0);
+        return;
+    }
+    smbc_set_context(context);
+    context_ = context;
+}
+
+SmbClient::~SmbClient() {
+    CloseFile();
+    if (context_)
+        smbc_free_context(context_, 1);
+}
+
+void SmbClient::Configure(SMBCCTX* context) {
+    smbc_setDebug(context, 0);
+    smbc_setOptionDebugToStderr(context, 1);
+    smbc_setOptionUserData(context, this);
+    smbc_setFunctionAuthDataWithContext(context, &SmbClient::AnswerLogon);
+    smbc_setTimeout(context, RequestTimeout);
+    // Else a wrong password becomes a guest's session without a word.
+    smbc_setOptionNoAutoAnonymousLogin(context, 1);
+    // Else an empty password stands for one that winbind may know, and guests aren't let in.
+    smbc_setOptionUseCCache(context, 0);
+    const int file = memfd_create("smb.conf", MFD_CLOEXEC);
+    if (file < 0)
+        return;
+    const QByteArray path = "/proc/self/fd/" + QByteArray::number(file);
+    if (write(file, Configuration, sizeof Configuration - 1) > 0)
+        smbc_setConfiguration(context, path.constData());
+    close(file);
+}
+
+void SmbClient::AnswerLogon(SMBCCTX* context, const char* /*server*/, const char* /*share*/,
+                            char* /*workgroup*/, int /*workgroupSize*/, char* user, int userSize,
+                            char* password, int passwordSize) {
+    const auto* client = static_cast<const SmbClient*>(smbc_getOptionUserData(context));
+    const Logon& logon = Logons[client->logon_];
+    std::snprintf(user, static_cast<std::size_t>(userSize), "%s", logon.user);
+    std::snprintf(password, static_cast<std::size_t>(passwordSize), "%s", logon.password);
+}
+
+int SmbClient::Do(const SmbRequest& request, const Part& part) {
+    if (request.kind != SmbRequest::Kind::Read)
+        CloseFile();
+    LeaveOtherShare(request.share);
+    const std::size_t tries = letIn_ ? 1 : Logons.size();
+    int status = EACCES;
+    for (std::size_t at = 0; at < tries && status == EACCES; ++at) {
+        if (at > 0)
+            logon_ = (logon_ + 1) % Logons.size();
+        status = TryConnected(request, part);
+    }
+    letIn_ = letIn_ || status == 0;
+    return status;
+}
+
+/// The library makes a connection for each share. A search goes share by share, and many servers
+/// take few connections: the one of the share before is closed. (The library's own way to serve
+/// all shares by one connection takes one share's folders for another's.)
+void SmbClient::LeaveOtherShare(const QString& share) {
+    if (share == share_)
+        return;
+    CloseFile();
+    smbc_getFunctionPurgeCachedServers(context_)(context_);
+    share_ = share;
+}
+
+/// A connection that has gone while nobody used it is made anew, once.
+int SmbClient::TryConnected(const SmbRequest& request, const Part& part) {
+    bool sent = false;
+    const Part noting = [&](const SmbAnswer& answer) {
+        sent = true;
+        return part(answer);
+    };
+    const int status = Try(request, noting);
+    return IsConnectionLost(status) && !sent ? Try(request, noting) : status;
+}
+
+int SmbClient::Try(const SmbRequest& request, const Part& part) {
+    const QByteArray url = SmbUrl(request);
+    switch (request.kind) {
+    case SmbRequest::Kind::ListShares:
+        return ListShares(url, part);
+    case SmbRequest::Kind::ListFolder:
+        return ListFolder(request, url, part);
+    case SmbRequest::Kind::Stat:
+        return Stat(url, part);
+    case SmbRequest::Kind::Read:
+        return Read(request, url, part);
+    case SmbRequest::Kind::Resolve:
+        break;
+    }
+    return EINVAL;
+}
+
+int SmbClient::ListShares(const QByteArray& url, const Part& part) {
+    errno = 0;
+    const int server = smbc_opendir(url.constData());
+    if (server < 0)
+        return Failure();
+    SmbShares shares;
+    while (const smbc_dirent* entry = smbc_readdir(static_cast<unsigned>(server))) {
+        if (entry->smbc_type != SMBC_FILE_SHARE && entry->smbc_type != SMBC_PRINTER_SHARE)
+            continue;
+        shares.push_back({.kind = entry->smbc_type == SMBC_PRINTER_SHARE ? SmbShare::Kind::Printer
+                                                                         : SmbShare::Kind::Disk,
+                          .name = QString::fromUtf8(&entry->name[0], entry->namelen),
+                          .comment = QString::fromUtf8(entry->comment)});
+        if (shares.size() == PartEntries) {
+            if (!part(shares))
+                break;
+            shares.clear();
+        }
+    }
+    smbc_closedir(server);
+    part(shares);
+    return 0;
+}
+
+int SmbClient::ListFolder(const SmbRequest& request, const QByteArray& url, const Part& part) {
+    errno = 0;
+    const int folder = smbc_opendir(url.constData());
+    if (folder < 0) {
+        const int status = Failure();
+        struct stat top = {};
+        // The top of a share that holds nothing, not even "." and "..", looks as if it weren't.
+        const bool isEmptyTop =
+            status == ENOENT && request.path.isEmpty() && smbc_stat(url.constData(), &top) == 0;
+        return isEmptyTop ? 0 : status;
+    }
+    const int status = SendEntries(folder, part);
+    smbc_closedir(folder);
+    return status;
+}
+
+int SmbClient::SendEntries(int folder, const Part& part) {
+    SmbEntries entries;
+    errno = 0;
+    // With a second argument the library would take its address apart again for each entry.
+    while (const libsmb_file_info* info =
+               smbc_readdirplus2(static_cast<unsigned>(folder), nullptr)) {
+        entries.push_back({.name = QString::fromUtf8(info->name),
+                           .attributes = info->attrs,
+                           .length = static_cast<qint64>(info->size),
+                           .modified = Milliseconds(info->mtime_ts)});
+        if (entries.size() == PartEntries) {
+            if (!part(entries))
+                return ECANCELED;
+            entries.clear();
+        }
+    }
+    return part(entries) ? 0 : ECANCELED;
+}
+
+int SmbClient::Stat(const QByteArray& url, const Part& part) {
+    struct stat file = {};
+    errno = 0;
+    if (smbc_stat(url.constData(), &file) < 0)
+        return Failure();
+    part(SmbEntries{{.name = {},
+                     .attributes = AttributesOfMode(file.st_mode),
+                     .length = file.st_size,
+                     .modified = Milliseconds(file.st_mtim)}});
+    return 0;
+}
+
+/// Reads of one file come one after the other: it stays open between them, which saves two of
+/// three round trips.
+int SmbClient::OpenFile(const QByteArray& url) {
+    if (file_ >= 0 && fileUrl_ == url)
+        return 0;
+    CloseFile();
+    errno = 0;
+    file_ = smbc_open(url.constData(), O_RDONLY, 0);
+    fileUrl_ = url;
+    return file_ < 0 ? Failure() : 0;
+}
+
+void SmbClient::CloseFile() {
+    if (file_ >= 0)
+        smbc_close(file_);
+    file_ = -1;
+}
+
+int SmbClient::Read(const SmbRequest& request, const QByteArray& url, const Part& part) {
+    if (const int status = OpenFile(url); status != 0)
+        return status;
+    errno = 0;
+    int status = smbc_lseek(file_, request.offset, SEEK_SET) < 0 ? Failure() : 0;
+    qint64 left = request.length;
+    while (status == 0 && left > 0) {
+        SmbData data{QByteArray(std::min<qint64>(left, SmbData::MaxBytes), Qt::Uninitialized)};
+        errno = 0;
+        const ssize_t count =
+            smbc_read(file_, data.bytes.data(), static_cast<std::size_t>(data.bytes.size()));
+        if (count < 0)
+            status = Failure();
+        if (count <= 0)
+            break;
+        data.bytes.truncate(count);
+        left -= count;
+        if (!part(data))
+            status = ECANCELED;
+    }
+    if (status != 0)
+        CloseFile();
+    return status;
+}
+
+} // namespace netrove
