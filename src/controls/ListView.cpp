@@ -210,6 +210,11 @@ void ListView::doItemsLayout() {
         QTableView::doItemsLayout();
 }
 
+void ListView::selectAll() {
+    Flush();
+    QTableView::selectAll();
+}
+
 bool ListView::event(QEvent* event) {
     FlushBefore(*event);
     return QTableView::event(event);

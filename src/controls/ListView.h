@@ -130,6 +130,7 @@ public:
     void scrollTo(const QModelIndex& index,
                   ScrollHint hint = QAbstractItemView::EnsureVisible) override;
     void doItemsLayout() override;
+    void selectAll() override;
 
 protected:
     bool event(QEvent* event) override;

@@ -119,6 +119,8 @@ TEST_F(List, RemovesSelectedRowsOneByOne) {
     EXPECT_EQ(list.SelectedRows(), (std::vector<int>{1, 2}));
     AddRows({"7"});
     EXPECT_EQ(list.SelectedCount(), 2);
+    list.selectAll();
+    EXPECT_EQ(list.SelectedCount(), 3);
     list.Clear();
     EXPECT_EQ(list.SelectedCount(), 0);
     list.Refresh();
