@@ -3,9 +3,8 @@
 
 #include <benchmark/benchmark.h>
 
+namespace netrove {
 namespace {
-
-using namespace netrove;
 
 /// The texts of a result's row, without the time of the file system.
 void TextsOfAFile(benchmark::State& state) {
@@ -21,5 +20,6 @@ void TextsOfAFile(benchmark::State& state) {
 BENCHMARK(TextsOfAFile)->Arg(1)->Arg(3);
 
 } // namespace
+} // namespace netrove
 
 BENCHMARK_MAIN();

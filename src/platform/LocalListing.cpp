@@ -49,7 +49,7 @@ public:
     EntryKinds(int folder, const QByteArray& path) : folder_(folder), path_(path) {}
 
     /// The attributes; nothing for an entry that isn't to be listed.
-    [[nodiscard]] std::optional<quint32> Attributes(const dirent& entry) {
+    [[nodiscard]] std::optional<quint32> Attributes(const dirent& entry) const {
         const quint32 hidden =
             entry.d_name[0] == '.' && !IsDots(entry.d_name) ? FileAttribute::Hidden : 0;
         switch (entry.d_type) {
@@ -75,7 +75,7 @@ private:
         return S_ISREG(mode) ? FileAttribute::Archive : 0;
     }
 
-    [[nodiscard]] std::optional<quint32> OfUnknown(const dirent& entry, quint32 hidden) {
+    [[nodiscard]] std::optional<quint32> OfUnknown(const dirent& entry, quint32 hidden) const {
         struct stat status {};
         if (fstatat(folder_, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0)
             return std::nullopt;
@@ -84,30 +84,27 @@ private:
         return hidden | OfMode(status.st_mode);
     }
 
-    [[nodiscard]] std::optional<quint32> OfLink(const dirent& entry, quint32 hidden) {
+    [[nodiscard]] std::optional<quint32> OfLink(const dirent& entry, quint32 hidden) const {
         struct stat status {};
         if (fstatat(folder_, entry.d_name, &status, 0) != 0)
             return std::nullopt;
         const quint32 attributes = hidden | FileAttribute::ReparsePoint | OfMode(status.st_mode);
-        if (!S_ISDIR(status.st_mode))
-            return attributes;
-        if (!throughLink_)
-            throughLink_ = ReachedThroughLink(folder_, path_);
-        return *throughLink_ ? attributes & ~FileAttribute::Directory : attributes;
+        if (S_ISDIR(status.st_mode) && ReachedThroughLink(folder_, path_))
+            return attributes & ~FileAttribute::Directory;
+        return attributes;
     }
 
     int folder_;
     const QByteArray& path_;
-    std::optional<bool> throughLink_; ///< asked for at the first link to a folder
 };
 
 } // namespace
 
-std::unique_ptr<LocalListing> LocalListing::Read(const QByteArray& folder) {
+std::shared_ptr<const LocalListing> LocalListing::Read(const QByteArray& folder) {
     const OpenFolder open(opendir(folder.constData()));
     if (!open)
         return nullptr;
-    std::unique_ptr<LocalListing> listing(new LocalListing);
+    const std::shared_ptr<LocalListing> listing(new LocalListing);
     EntryKinds kinds(dirfd(open.get()), folder);
     while (const dirent* entry = readdir(open.get())) {
         const QByteArrayView name(entry->d_name);
@@ -148,17 +145,14 @@ void LocalListing::LeaveOutDoubles() {
     });
 }
 
-bool LocalListing::FindNext(FindData& data) {
-    if (next_ == entries_.size())
-        return false;
-    const Entry& entry = entries_[next_++];
+void LocalListing::Get(std::size_t number, FindData& data) const {
+    const Entry& entry = entries_[number];
     const QByteArrayView name = Name(entry);
     data.attributes = entry.attributes;
     if (IsAscii(name))
         data.fileName = QLatin1String(name); // keeps the text's memory
     else
         data.fileName = FromUtf8OrWindows1252(name);
-    return true;
 }
 
 QByteArray LocalListing::EntryBytes(const QString& text, bool ignoringCase) const {

@@ -2,8 +2,6 @@
 
 #include "runtime/RunTimeError.h"
 
-#include <QCollator>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -174,6 +172,15 @@ int CompareText(QStringView left, QStringView right) {
 
 bool EqualText(QStringView left, QStringView right) {
     return left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
+TextSortKey::TextSortKey(QStringView text)
+    : folded_(Mapped(text, FoldedCharacter)), order_(LocaleOrder().sortKey(folded_)) {}
+
+int TextSortKey::Compare(const TextSortKey& other) const {
+    if (const int order = order_.compare(other.order_); order != 0)
+        return order;
+    return folded_.compare(other.folded_);
 }
 
 QString UpperCase(QStringView text) {

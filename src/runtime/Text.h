@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCollator>
 #include <QString>
 #include <QStringView>
 
@@ -10,6 +11,20 @@ namespace netrove {
 /// accents, nor that an accent is written apart from its letter.
 [[nodiscard]] int CompareText(QStringView left, QStringView right);
 [[nodiscard]] bool EqualText(QStringView left, QStringView right);
+
+/// A text made ready for being compared many times, as sorting does: keys stand in the order that
+/// CompareText gives their texts, at a fraction of its cost.
+class TextSortKey {
+public:
+    explicit TextSortKey(QStringView text);
+
+    /// Below 0, 0 or above 0, as CompareText.
+    [[nodiscard]] int Compare(const TextSortKey& other) const;
+
+private:
+    QString folded_;
+    QCollatorSortKey order_;
+};
 
 /// Upper case, character by character: the text keeps its length ("ß" stays).
 [[nodiscard]] QString UpperCase(QStringView text);

@@ -5,8 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-using namespace netrove;
-
+namespace netrove {
 namespace {
 
 /// Bytes alone would seldom make two frames that fit: the first byte says how many real ones
@@ -22,9 +21,7 @@ void Fill(OneFile& file, const std::uint8_t* data, std::size_t size) {
         file.length = 5'000'000'000;
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+int TestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0)
         return 0;
     OneFile file;
@@ -40,4 +37,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         file.reads > 50)
         std::abort();
     return 0;
+}
+
+} // namespace
+} // namespace netrove
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    return netrove::TestOneInput(data, size);
 }

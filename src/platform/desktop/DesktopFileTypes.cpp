@@ -1,5 +1,9 @@
 #include "platform/desktop/DesktopFileTypes.h"
 
+#include <QStandardPaths>
+
+#include <algorithm>
+
 namespace netrove {
 
 namespace {
@@ -21,12 +25,27 @@ QString Ending(const QString& fileName) {
     return fileName.mid(before >= 0 ? before : last);
 }
 
+/// Without a desktop that names a theme and its place, the one that the program is installed with.
+void EnsureIconTheme() {
+    const QString ours = QStringLiteral("Adwaita");
+    if (QIcon::themeName().isEmpty())
+        QIcon::setThemeName(ours);
+    if (QIcon::fallbackThemeName().isEmpty())
+        QIcon::setFallbackThemeName(ours);
+    QStringList places = QIcon::themeSearchPaths();
+    for (const QString& place :
+         QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, QStringLiteral("icons"),
+                                   QStandardPaths::LocateDirectory)) {
+        if (!places.contains(place))
+            places.append(place);
+    }
+    QIcon::setThemeSearchPaths(places);
+}
+
 } // namespace
 
 DesktopFileTypes::DesktopFileTypes() {
-    // Without a desktop that names a theme, the one that the program is installed with.
-    if (QIcon::fallbackThemeName().isEmpty())
-        QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+    EnsureIconTheme();
 }
 
 ShellFileInfo DesktopFileTypes::Info(const QString& path) {

@@ -2,26 +2,14 @@
 
 #include "runtime/Yield.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QScopedValueRollback>
 
-#include <exception>
 #include <utility>
 
 namespace netrove {
-
-namespace {
-
-void ServeEvents(QEventLoop::ProcessEventsFlags flags) {
-    try {
-        QCoreApplication::processEvents(flags);
-    } catch (const std::exception& failure) {
-        qCritical("A handler failed during a pass of the event loop: %s", failure.what());
-    }
-}
-
-} // namespace
 
 WindowYield::WindowYield()
     : previousYield_(SetYieldPass([this] { YieldPass(); }))
@@ -34,7 +22,7 @@ WindowYield::~WindowYield() {
 
 void WindowYield::YieldPass() const {
     if (!waiting_)
-        ServeEvents(QEventLoop::AllEvents);
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 
 void WindowYield::WaitingPass() {
@@ -43,8 +31,11 @@ void WindowYield::WaitingPass() {
     const QScopedValueRollback<bool> waiting(waiting_, true);
     // The flag for timers has X11 in its name for historical reasons; the Unix event dispatchers
     // all follow it.
-    ServeEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers |
-                QEventLoop::X11ExcludeTimers);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                    QEventLoop::ExcludeSocketNotifiers |
+                                    QEventLoop::X11ExcludeTimers);
+    // Input that stays queued is out of GLib's sight until somebody wakes its dispatcher.
+    QAbstractEventDispatcher::instance()->wakeUp();
 }
 
 } // namespace netrove

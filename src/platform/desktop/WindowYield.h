@@ -7,8 +7,8 @@ namespace netrove {
 /// What Yield() and WhileWaiting() do in a program with windows, as long as this object lives; the
 /// passes from before come back with its end. For the thread of the windows.
 ///
-/// A yield makes one pass of the event loop: input, painting, timers. A failure that escapes from
-/// a handler there is logged and ends in the pass; the job that yields goes on.
+/// A yield makes one pass of the event loop: input, painting, timers. Failures of handlers don't
+/// come through to the job that yields: DesktopApplication ends them.
 ///
 /// A wait serves the display alone:
 /// - Windows are painted, resized and uncovered, and answer the window manager.

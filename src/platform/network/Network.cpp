@@ -50,10 +50,7 @@ bool FitsBelow(const NetRecord& node, const NetRecord& record) {
 /// Whether an entry's name can stand in a path; "." and ".." are folders in every listing.
 bool IsEntry(const FindData& entry) {
     const QString& name = entry.fileName;
-    const auto forbidden = [](QChar character) {
-        return character == u'\\' || character == u'/' || character == u'\0';
-    };
-    if (name.isEmpty() || std::any_of(name.begin(), name.end(), forbidden))
+    if (name.isEmpty() || name.contains(u'\\') || name.contains(u'/') || name.contains(QChar::Null))
         return false;
     return entry.IsDirectory() || (name != QLatin1String(".") && name != QLatin1String(".."));
 }

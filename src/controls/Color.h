@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QColor>
+
+namespace netrove {
+
+/// Colours as the rules and the settings file write them: 32 bits, red in the low byte. A value
+/// with the top bit set names a colour of the desktop.
+inline constexpr quint32 ButtonFaceColor = 0x8000000F;
+inline constexpr quint32 WindowBackColor = 0x80000005;
+inline constexpr quint32 WindowTextColor = 0x80000008;
+
+/// The colour that such a value means now; an unknown name of the desktop gives the text colour.
+[[nodiscard]] QColor ToColor(quint32 value);
+
+/// The value of a colour; never a name of the desktop.
+[[nodiscard]] quint32 FromColor(const QColor& color);
+
+/// Black or white, whichever reads better on this colour.
+[[nodiscard]] QColor ReadableOn(const QColor& background);
+
+/// The colour that lies between two: `share` of 0 gives the first, of 1 the second.
+[[nodiscard]] QColor Mixed(const QColor& first, const QColor& second, double share);
+
+} // namespace netrove

@@ -1,0 +1,88 @@
+#include "controls/ListPainter.h"
+
+#include "controls/Color.h"
+#include "controls/ImageList.h"
+#include "controls/ListModel.h"
+
+#include <algorithm>
+
+namespace netrove {
+
+namespace {
+
+/// No column shows more characters than this; laying out a huge text would hold up the window.
+constexpr qsizetype MaxShownText = 1024;
+
+QFont Emboldened(QFont font) {
+    font.setBold(true);
+    return font;
+}
+
+int PictureSpace(int column, const ImageList* pictures) {
+    return column == 1 && pictures != nullptr ? ListPainter::PictureSize + ListPainter::Margin : 0;
+}
+
+} // namespace
+
+ListPainter::ListPainter(QPainter& painter, const ListModel& model, const QFont& font,
+                         const QPalette& palette, QPalette::ColorGroup group,
+                         const ImageList* pictures)
+    : painter_(painter)
+    , model_(model)
+    , font_(font)
+    , boldFont_(Emboldened(font))
+    , palette_(palette)
+    , group_(group)
+    , pictures_(pictures) {}
+
+int ListPainter::RowHeight(const QFontMetrics& metrics) {
+    return std::max(metrics.height(), PictureSize) + 2;
+}
+
+int ListPainter::CellWidth(const ListModel& model, int row, int column, const QFont& font,
+                           const ImageList* pictures) {
+    const QFontMetrics metrics(model.Bold(row, column) ? Emboldened(font) : font);
+    return metrics.horizontalAdvance(model.Text(row, column).left(MaxShownText)) + 2 * Margin + 1 +
+           PictureSpace(column, pictures);
+}
+
+void ListPainter::PaintRowBackground(const QRect& rowRect, int row) {
+    if (model_.IsSelected(row))
+        painter_.fillRect(rowRect, palette_.brush(group_, QPalette::Highlight));
+}
+
+void ListPainter::PaintCell(const QRect& cellRect, int row, int column) {
+    QRect space = cellRect.adjusted(Margin, 0, -Margin, 0);
+    if (column == 1 && pictures_ != nullptr) {
+        const QRect place(space.x(), space.y() + (space.height() - PictureSize) / 2, PictureSize,
+                          PictureSize);
+        const QIcon picture = pictures_->Picture(model_.PictureKey(row));
+        if (!picture.isNull() && place.right() < cellRect.right())
+            picture.paint(&painter_, place);
+        space.setLeft(space.x() + PictureSpace(column, pictures_));
+    }
+    QString text = model_.Text(row, column);
+    if (text.isEmpty() || space.width() <= 0)
+        return;
+    text.truncate(MaxShownText);
+    const QFont& font = model_.Bold(row, column) ? boldFont_ : font_;
+    painter_.setFont(font);
+    painter_.setPen(TextColor(row, column));
+    // A text of several lines is shown in one.
+    painter_.drawText(space, int(model_.Alignment(column) | Qt::AlignVCenter) | Qt::TextSingleLine,
+                      QFontMetrics(font).elidedText(text, Qt::ElideRight, space.width()));
+}
+
+QColor ListPainter::GridColor() const {
+    return Mixed(palette_.color(group_, QPalette::Base), palette_.color(group_, QPalette::Text),
+                 0.15);
+}
+
+QColor ListPainter::TextColor(int row, int column) const {
+    if (model_.IsSelected(row))
+        return palette_.color(group_, QPalette::HighlightedText);
+    const QColor own = model_.ForeColor(row, column);
+    return own.isValid() ? own : palette_.color(group_, QPalette::Text);
+}
+
+} // namespace netrove

@@ -1,0 +1,180 @@
+#pragma once
+
+#include "controls/ListModel.h"
+
+#include <QPointer>
+#include <QTableView>
+#include <QTimer>
+
+#include <vector>
+
+namespace netrove {
+
+class ImageList;
+class ListHeader;
+class ListPainter;
+
+/// A list of rows with columns of text under a header: what shows the found files and the
+/// downloads. Rows and columns are counted from 1; sub-item n stands in column n + 1. A row,
+/// column or sub-item that isn't there raises ErrorNumber::SubscriptOutOfRange. Widths are in
+/// twips.
+///
+/// Changes are in the list at once for every call. The screen follows some hundredths of a second
+/// later, so that many changes cost little, and always before the user's next key or click is
+/// served.
+///
+/// The signals are raised last in the handling of an event: handlers may run the event loop and
+/// change the list.
+class ListView : public QTableView {
+    Q_OBJECT
+public:
+    explicit ListView(QWidget* parent = nullptr);
+
+    /// Adds a column behind the last one and gives its number.
+    int AddColumn(const QString& header, Qt::Alignment alignment, int width);
+    [[nodiscard]] int ColumnCount() const { return model_->ColumnCount(); }
+    [[nodiscard]] QString HeaderText(int column) const { return model_->HeaderText(column); }
+    void SetHeaderText(int column, const QString& text) { model_->SetHeaderText(column, text); }
+    [[nodiscard]] int ColumnWidth(int column) const;
+    /// A hidden column stays as it is.
+    void SetColumnWidth(int column, int width);
+    /// Gives a column the width 0 for good: the user can't open it.
+    void HideColumn(int column);
+
+    /// Adds a row at the end, whatever the rows were sorted by, and gives its number. The picture
+    /// is the one that SmallIcons has under this key, none if there's no such.
+    int Add(const QString& text, const QString& smallIcon = QString());
+    void Remove(int row) { model_->Remove(row); }
+    void Clear() { model_->Clear(); }
+    [[nodiscard]] int Count() const { return model_->Count(); }
+
+    [[nodiscard]] QString Text(int row) const { return model_->Text(row, 1); }
+    void SetText(int row, const QString& text) { model_->SetText(row, 1, text); }
+    [[nodiscard]] QString SubItem(int row, int number) const;
+    void SetSubItem(int row, int number, const QString& text);
+    [[nodiscard]] QString SmallIcon(int row) const { return model_->PictureKey(row); }
+
+    /// The looks of a row's own text, and of a sub-item. A colour that isn't valid means the
+    /// list's own text colour.
+    [[nodiscard]] bool Bold(int row) const { return model_->Bold(row, 1); }
+    void SetBold(int row, bool bold) { model_->SetBold(row, 1, bold); }
+    [[nodiscard]] QColor ForeColor(int row) const { return model_->ForeColor(row, 1); }
+    void SetForeColor(int row, const QColor& color) { model_->SetForeColor(row, 1, color); }
+    [[nodiscard]] bool SubItemBold(int row, int number) const;
+    void SetSubItemBold(int row, int number, bool bold);
+    [[nodiscard]] QColor SubItemForeColor(int row, int number) const;
+    void SetSubItemForeColor(int row, int number, const QColor& color);
+
+    [[nodiscard]] bool Selected(int row) const { return model_->IsSelected(row); }
+    void SetSelected(int row, bool selected) { model_->SetSelected(row, selected); }
+    [[nodiscard]] int SelectedCount() const { return model_->SelectedCount(); }
+    /// In the order of the list.
+    [[nodiscard]] std::vector<int> SelectedRows() const;
+    /// The first selected row from this one on, 0 if there's none.
+    [[nodiscard]] int NextSelected(int fromRow) const { return model_->NextSelected(fromRow); }
+    /// The row with the keyboard's mark, 0 if there's none.
+    [[nodiscard]] int CurrentRow() const { return model_->CurrentRow(); }
+    void SetCurrentRow(int row) { model_->SetCurrentRow(row); }
+    /// Whether the user can select several rows; initially so.
+    void SetMultiSelect(bool multiSelect);
+    /// Scrolls a row into view.
+    void EnsureVisible(int row);
+
+    /// Where the rows' pictures come from; null for no pictures. Icons, the large pictures, aren't
+    /// shown by a list of rows and only kept.
+    [[nodiscard]] ImageList* Icons() const { return icons_; }
+    void SetIcons(ImageList* icons) { icons_ = icons; }
+    [[nodiscard]] ImageList* SmallIcons() const { return model_->Pictures(); }
+    void SetSmallIcons(ImageList* smallIcons);
+
+    /// Sorting happens once for each time that Sorted is switched on: by the text of the column
+    /// with the number SortKey + 1, without regard to case, in the order of the locale. The rows
+    /// are in their new order when Sorted is switched off again, or earlier.
+    [[nodiscard]] bool Sorted() const { return sorted_; }
+    void SetSorted(bool sorted);
+    [[nodiscard]] int SortKey() const { return sortKey_; }
+    void SetSortKey(int sortKey);
+    [[nodiscard]] Qt::SortOrder SortOrder() const { return sortOrder_; }
+    void SetSortOrder(Qt::SortOrder order);
+
+    /// The colour behind the rows; text and selection get colours that are readable on it. One
+    /// that isn't valid gives the desktop's colours.
+    [[nodiscard]] QColor BackColor() const { return backColor_; }
+    void SetBackColor(const QColor& color);
+    [[nodiscard]] bool GridLines() const { return gridLines_; }
+    void SetGridLines(bool gridLines);
+
+    /// Brings the screen's state up to date with the list now.
+    void Flush();
+    /// Flush, and paints at once.
+    void Refresh();
+
+    [[nodiscard]] ListHeader* Header() const { return header_; }
+
+Q_SIGNALS:
+    /// The left button clicked a header; columns from 1.
+    void ColumnClick(int column);
+    /// The right button clicked the header; columns from 0, hidden ones included, -1 behind the
+    /// last one.
+    void HeaderRightClick(int column, const QPoint& globalPosition);
+    void RowDoubleClick(int row);
+    void EnterPressed();
+    void DeletePressed();
+    /// The right button went down on the rows or below them, or the menu key was pressed.
+    void RightButtonDown(const QPoint& globalPosition);
+    void GotFocus();
+    void LostFocus();
+
+public:
+    // The view's side of Qt. Rows are scrolled to, columns never jump sideways.
+    void scrollTo(const QModelIndex& index,
+                  ScrollHint hint = QAbstractItemView::EnsureVisible) override;
+    void doItemsLayout() override;
+    void selectAll() override;
+
+protected:
+    bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    [[nodiscard]] int sizeHintForColumn(int column) const override;
+
+private:
+    [[nodiscard]] static int SubItemColumn(int number);
+    void ScheduleFlush();
+    void FlushBefore(const QEvent& event);
+    void SortIfPending();
+    void NotePendingSort();
+    void ShowAppendedRows(int firstRow);
+    void ShowSelection();
+    [[nodiscard]] int RowHeight() const;
+    [[nodiscard]] int RowTop(int row) const;
+    void UpdateRowHeight();
+    void PaintRow(QPainter& painter, ListPainter& cells, int row, const QRect& area);
+    void PaintGrid(QPainter& painter, const QColor& color, const QRect& area);
+
+    ListModel* model_;
+    ListHeader* header_;
+    QTimer flushTimer_;
+    QPointer<ImageList> icons_;
+    QColor backColor_;
+    bool gridLines_ = false;
+    bool sorted_ = false;
+    bool sortPending_ = false;
+    int sortKey_ = 0;
+    Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
+    bool appending_ = false;        ///< the layout that goes on only adds rows at the end
+    bool showingSelection_ = false; ///< the model's selection is being told to the view
+};
+
+} // namespace netrove

@@ -1,0 +1,45 @@
+#include "find/ConsoleOutput.h"
+
+#include <cerrno>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace netrove {
+namespace {
+
+/// Enough that a busy search makes few calls of the system.
+constexpr qsizetype MostUnwritten = 64 * 1024;
+
+} // namespace
+
+ConsoleOutput::ConsoleOutput(int descriptor)
+    : descriptor_(descriptor), isTerminal_(isatty(descriptor) != 0) {}
+
+int ConsoleOutput::Columns() const {
+    winsize size{};
+    return ioctl(descriptor_, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+}
+
+void ConsoleOutput::Write(const QByteArray& text) {
+    if (error_ != 0)
+        return;
+    buffer_ += text;
+    if (buffer_.size() >= MostUnwritten)
+        Flush();
+}
+
+void ConsoleOutput::Flush() {
+    qsizetype written = 0;
+    while (written < buffer_.size() && error_ == 0) {
+        const auto count = ::write(descriptor_, buffer_.constData() + written,
+                                   static_cast<std::size_t>(buffer_.size() - written));
+        if (count >= 0)
+            written += count;
+        else if (errno != EINTR)
+            error_ = errno;
+    }
+    buffer_.clear();
+}
+
+} // namespace netrove

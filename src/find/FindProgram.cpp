@@ -1,0 +1,62 @@
+#include "find/FindProgram.h"
+
+#include "find/ConsoleText.h"
+#include "find/WrongUse.h"
+#include "runtime/RunTimeError.h"
+
+#include <cerrno>
+#include <cstring>
+
+namespace netrove {
+namespace {
+
+int Execute(const QStringList& arguments, const FindConsole& console,
+            const std::function<FindServices()>& openNetwork) {
+    const FindArguments parsed = FindArguments::Parse(arguments);
+    switch (parsed.action) {
+    case FindArguments::Action::ShowHelp:
+        console.out.Write(HelpText().toUtf8());
+        return FindStatus::Found;
+    case FindArguments::Action::ShowVersion:
+        console.out.WriteLine(QStringLiteral("netrove-find " NETROVE_VERSION));
+        return FindStatus::Found;
+    case FindArguments::Action::Search:
+        break;
+    }
+    const FindServices services = openNetwork();
+    return FindRun(parsed, services, console).Execute();
+}
+
+/// Whoever reads the output may stop reading; any other failure is a loss.
+bool IsLost(const ConsoleOutput& out) {
+    return out.Error() != 0 && out.Error() != EPIPE;
+}
+
+} // namespace
+
+void PrintMessage(ConsoleOutput& err, const QString& text) {
+    err.WriteLine(QLatin1String("netrove-find: ") + Escaped(text, Escaping::AllControls));
+}
+
+int FindProgram(const QStringList& arguments, const FindConsole& console,
+                const std::function<FindServices()>& openNetwork) {
+    int status = FindStatus::Failed;
+    try {
+        status = Execute(arguments, console, openNetwork);
+    } catch (const WrongUse& error) {
+        PrintMessage(console.err, error.Text());
+        console.err.WriteLine(QStringLiteral("Try 'netrove-find --help' for more information."));
+    } catch (const RunTimeError& error) {
+        PrintMessage(console.err, error.Description());
+    }
+    console.out.Flush();
+    if (IsLost(console.out)) {
+        PrintMessage(console.err, QLatin1String("cannot write the output: ") +
+                                      QString::fromLocal8Bit(std::strerror(console.out.Error())));
+        status = FindStatus::Failed;
+    }
+    console.err.Flush();
+    return status;
+}
+
+} // namespace netrove

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "find/FindRun.h"
+
+#include <QStringList>
+
+#include <functional>
+
+namespace netrove {
+
+/// The whole of netrove-find: reads its arguments (those behind the program's name), opens the
+/// network if it is to be searched, and gives the exit status. Whatever goes wrong is told on
+/// standard error.
+[[nodiscard]] int FindProgram(const QStringList& arguments, const FindConsole& console,
+                              const std::function<FindServices()>& openNetwork);
+
+/// Prints a message about the program's run.
+void PrintMessage(ConsoleOutput& err, const QString& text);
+
+} // namespace netrove

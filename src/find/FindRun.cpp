@@ -1,0 +1,136 @@
+#include "find/FindRun.h"
+
+#include "find/WrongUse.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Yield.h"
+
+#include <limits>
+
+namespace netrove {
+namespace {
+
+Settings SearchSettings(const FindArguments& arguments, const QString& computer) {
+    constexpr qint16 bytes = 3;
+    Settings settings;
+    settings.MaxReturnFiles = arguments.max.value_or(std::numeric_limits<qint32>::max());
+    settings.IncludeAdminShares = arguments.adminShares;
+    settings.IncludeCurrentComputer = arguments.thisComputer;
+    settings.CurrentComputerName = computer;
+    settings.ExcNetNodes = arguments.excluded;
+    settings.Troubleshooting = arguments.logFile.isEmpty() ? 0 : 1;
+    settings.IncludeMP3Info = arguments.details;
+    settings.SizeFormat = bytes;
+    settings.DateFormat = QStringLiteral("YYYY-MM-DD HH:NN:SS");
+    return settings;
+}
+
+/// Lets `pass` run at the yields and waits of the search.
+class PassesOf {
+public:
+    explicit PassesOf(const std::function<void()>& pass)
+        : yield_(SetYieldPass(pass)), waiting_(SetWaitingPass(pass)) {}
+    PassesOf(const PassesOf&) = delete;
+    PassesOf& operator=(const PassesOf&) = delete;
+    ~PassesOf() {
+        SetYieldPass(std::move(yield_));
+        SetWaitingPass(std::move(waiting_));
+    }
+
+private:
+    std::function<void()> yield_;
+    std::function<void()> waiting_;
+};
+
+} // namespace
+
+FindRun::FindRun(const FindArguments& arguments, const FindServices& services,
+                 const FindConsole& console)
+    : arguments_(arguments)
+    , services_(services)
+    , console_(console)
+    , settings_(SearchSettings(arguments, services.computer))
+    , log_(settings_)
+    , engine_(
+          {.files = services.files, .settings = settings_, .exclusions = exclusions_, .log = log_})
+    , lines_(services.files, settings_, arguments.details, console.out.IsTerminal())
+    , progress_(console.err) {
+    engine_.ItemFound = [this](const QString& netPath) { OnFound(netPath); };
+    engine_.SearchUpdate = [this](const QString& netPath) { place_ = netPath; };
+    engine_.SetRecurseFolders(arguments.recurse);
+}
+
+int FindRun::Execute() {
+    clock_.start();
+    {
+        const PassesOf passes([this] { Pass(); });
+        Search();
+    }
+    progress_.Clear();
+    console_.out.Flush();
+    PrintSummary();
+    if (signal_ != 0)
+        return FindStatus::Signal + signal_;
+    return found_ > 0 ? FindStatus::Found : FindStatus::NothingFound;
+}
+
+void FindRun::Search() {
+    exclusions_.ParseNetNodes(settings_);
+    if (!arguments_.logFile.isEmpty()) {
+        try {
+            log_.Open(arguments_.logFile);
+        } catch (const RunTimeError&) {
+            throw WrongUse(QLatin1String("cannot write to '") + arguments_.logFile +
+                           QLatin1Char('\''));
+        }
+    }
+    place_ = arguments_.from;
+    const auto start = StartNode(arguments_.from, services_);
+    // A signal during that is older than the engine's own request to stop.
+    if (signal_ == 0)
+        engine_.BeginSearch(arguments_.patterns, start);
+}
+
+void FindRun::OnFound(const QString& netPath) {
+    // The first file above the limit stops the search and isn't printed.
+    if (found_ == settings_.MaxReturnFiles) {
+        capped_ = true;
+        engine_.Abandon();
+        return;
+    }
+    const auto line = lines_.Line(netPath);
+    if (!line)
+        return;
+    ++found_;
+    console_.out.WriteLine(*line);
+}
+
+void FindRun::Pass() {
+    if (signal_ == 0)
+        signal_ = console_.signal();
+    if (console_.out.HasUnwritten()) {
+        progress_.Clear();
+        console_.out.Flush();
+    }
+    if (signal_ != 0 || console_.out.Error() != 0)
+        engine_.Abandon();
+    else
+        progress_.Show(found_, place_);
+}
+
+void FindRun::PrintSummary() {
+    const bool incomplete = signal_ != 0 || capped_;
+    const bool nobodyReads = console_.out.Error() != 0;
+    if (nobodyReads || (!incomplete && !console_.err.IsTerminal()))
+        return;
+    const qint64 seconds = clock_.elapsed() / 1000;
+    QString summary =
+        signal_ != 0 ? QStringLiteral("Aborted, but returned ") : QStringLiteral("Returned ");
+    summary += QString::number(found_) + QLatin1String(" files in ") + QString::number(seconds) +
+               (seconds == 1 ? QLatin1String(" second.") : QLatin1String(" seconds."));
+    if (arguments_.max)
+        summary += QLatin1String(" (Max return is set to ") + QString::number(*arguments_.max) +
+                   QLatin1Char(')');
+    console_.err.WriteLine(summary);
+}
+
+} // namespace netrove

@@ -1,0 +1,69 @@
+#include "find/FindProgram.h"
+#include "find/Interruption.h"
+#include "mainwindow/services/NetworkNodes.h"
+#include "platform/ApplicationFolder.h"
+#include "platform/LinuxSystemInformation.h"
+#include "platform/network/OpenNetwork.h"
+
+#include <QCoreApplication>
+
+#include <clocale>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+
+#include <fcntl.h>
+#include <langinfo.h>
+#include <unistd.h>
+
+namespace netrove {
+namespace {
+
+/// Opens those of the standard streams that the caller has closed, so that no connection gets the
+/// number of one and is written to.
+void OpenStandardStreams() {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(descriptor, F_GETFD) < 0)
+            (void)open("/dev/null", O_RDWR);
+    }
+}
+
+/// Names are in UTF-8 whatever the caller's locale says.
+void UseUtf8() {
+    std::setlocale(LC_CTYPE, "");
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
+        setenv("LC_ALL", "C.UTF-8", 1);
+}
+
+int Main(int argc, char** argv) {
+    OpenStandardStreams();
+    UseUtf8();
+    // A reader that has gone is noticed at the next write.
+    std::signal(SIGPIPE, SIG_IGN);
+    const Interruption interruption;
+    const QCoreApplication application(argc, argv);
+
+    ConsoleOutput out(STDOUT_FILENO);
+    ConsoleOutput err(STDERR_FILENO);
+    OpenedNetwork opened;
+    const auto openNetwork = [&opened, &err]() -> FindServices {
+        opened = OpenNetwork(ApplicationFolder());
+        for (const QString& problem : opened.problems)
+            PrintMessage(err, problem);
+        err.Flush();
+        Network& network = *opened.network;
+        return {.network = network,
+                .files = network,
+                .record = [&network](const UncPath& path) { return network.Record(path); },
+                .computer = ComputerUNCName(LinuxSystemInformation())};
+    };
+    return FindProgram(application.arguments().mid(1),
+                       {.out = out, .err = err, .signal = Interruption::Signal}, openNetwork);
+}
+
+} // namespace
+} // namespace netrove
+
+int main(int argc, char** argv) {
+    return netrove::Main(argc, argv);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "find/ConsoleOutput.h"
+
+#include <QElapsedTimer>
+#include <QString>
+
+namespace netrove {
+
+/// One line on a terminal that is written anew again and again: how far the search is. Writes
+/// nothing where there is no terminal.
+class ProgressLine {
+public:
+    explicit ProgressLine(ConsoleOutput& output) : output_(output) {}
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+    ~ProgressLine() { Clear(); }
+
+    /// Shows the line, at most a few times a second.
+    void Show(qint32 found, const QString& place);
+
+    /// Takes the line off, so that something else can be printed.
+    void Clear();
+
+private:
+    ConsoleOutput& output_;
+    QElapsedTimer shown_;
+    bool isShown_ = false;
+};
+
+} // namespace netrove

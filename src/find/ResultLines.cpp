@@ -1,0 +1,45 @@
+#include "find/ResultLines.h"
+
+#include "mainwindow/services/FileDetails.h"
+#include "mainwindow/services/Paths.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+
+namespace netrove {
+
+ResultLines::ResultLines(FileAccess& files, const Settings& settings, bool details,
+                         bool forTerminal)
+    : files_(files)
+    , settings_(settings)
+    , audio_(files)
+    , details_(details)
+    , escaping_(forTerminal ? Escaping::AllControls
+                            : (details ? Escaping::TabsToo : Escaping::LineBreaks)) {}
+
+std::optional<QString> ResultLines::Line(const QString& netPath) {
+    if (!details_)
+        return Escaped(netPath, escaping_);
+    const FileDetails file(netPath, files_, settings_);
+    if (file.Folder.isEmpty())
+        return std::nullopt;
+    const AudioTexts audio = Audio(file.Folder, file.FileName);
+    return QStringList{Escaped(file.FileName, escaping_),
+                       Escaped(file.Folder, escaping_),
+                       file.SizeText,
+                       file.DateText,
+                       file.AttrText,
+                       Trim(audio.Length),
+                       Trim(audio.Bitrate),
+                       Trim(audio.Frequency)}
+        .join(QLatin1Char('\t'));
+}
+
+AudioTexts ResultLines::Audio(const QString& folder, const QString& fileName) {
+    try {
+        return audio_.Texts(folder, fileName, FileExtension(fileName), settings_.IncludeMP3Info);
+    } catch (const RunTimeError&) {
+        return {};
+    }
+}
+
+} // namespace netrove

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "find/ConsoleText.h"
+#include "platform/Files.h"
+#include "search/Settings.h"
+#include "searchrun/columns/AudioColumns.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace netrove {
+
+/// Makes the line that is printed for a found file.
+class ResultLines {
+public:
+    /// With `details` a line has the texts of the results list, separated by tabs. `settings` say
+    /// how sizes and dates are written.
+    ResultLines(FileAccess& files, const Settings& settings, bool details, bool forTerminal);
+
+    /// Nothing where details are wanted and the file can't be read: it has gone.
+    [[nodiscard]] std::optional<QString> Line(const QString& netPath);
+
+private:
+    [[nodiscard]] AudioTexts Audio(const QString& folder, const QString& fileName);
+
+    FileAccess& files_;
+    const Settings& settings_;
+    AudioColumns audio_;
+    bool details_;
+    Escaping escaping_;
+};
+
+} // namespace netrove

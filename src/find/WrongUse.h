@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+namespace netrove {
+
+/// The program was called in a way that it can't serve. The text tells the user why, in one line.
+class WrongUse : public std::exception {
+public:
+    explicit WrongUse(QString text) : text_(std::move(text)), what_(text_.toUtf8()) {}
+
+    [[nodiscard]] const QString& Text() const { return text_; }
+    [[nodiscard]] const char* what() const noexcept override { return what_.constData(); }
+
+private:
+    QString text_;
+    QByteArray what_;
+};
+
+} // namespace netrove

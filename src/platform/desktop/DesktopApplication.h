@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QApplication>
+
+namespace netrove {
+
+/// The application object of a program with windows. A failure that escapes from an event handler
+/// ends here, with a line in the log: beyond stand the event loops of Qt and GLib, which a failure
+/// can't pass without breaking them.
+class DesktopApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override;
+};
+
+} // namespace netrove

@@ -1,0 +1,140 @@
+#include "controls/StatusBar.h"
+
+#include "controls/Twips.h"
+#include "runtime/RunTimeError.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QPaintEvent>
+#include <QSizeGrip>
+#include <QTextDocument>
+#include <QToolTip>
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+class StatusBarTest : public testing::Test, public QObject {
+protected:
+    StatusBarTest() {
+        bar.AddPanel(QStringLiteral("Idle"), ToTwips(100));
+        bar.AddPanel(QString(), ToTwips(200));
+        bar.AddPanel(QString(), ToTwips(35));
+        window.resize(335, 100);
+        bar.setGeometry(0, 100 - bar.sizeHint().height(), 335, bar.sizeHint().height());
+        window.show();
+        QApplication::processEvents();
+        bar.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == &bar && event->type() == QEvent::Paint)
+            painted += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+    QRect Painted() {
+        painted = QRegion();
+        QApplication::processEvents();
+        return painted.boundingRect();
+    }
+    /// The columns of a picture of the bar that differ from `before`.
+    QRect Changed(const QImage& before) {
+        const QImage now = bar.grab().toImage();
+        QRegion changed;
+        for (int y = 0; y < now.height(); ++y) {
+            for (int x = 0; x < now.width(); ++x) {
+                if (now.pixel(x, y) != before.pixel(x, y))
+                    changed += QRect(x, y, 1, 1);
+            }
+        }
+        return changed.boundingRect();
+    }
+
+    QWidget window;
+    StatusBar bar{&window};
+    QRegion painted;
+};
+
+TEST_F(StatusBarTest, PanelsFollowTheirWidths) {
+    EXPECT_EQ(bar.PanelRect(1).left(), 0);
+    EXPECT_EQ(bar.PanelRect(2).left(), 100);
+    EXPECT_EQ(bar.PanelRect(3).left(), 300);
+    EXPECT_LT(bar.PanelRect(2).right(), 300);
+
+    bar.SetMinWidth(2, ToTwips(50));
+    EXPECT_EQ(bar.PanelRect(3).left(), 150);
+    bar.SetMinWidth(2, -4000);
+    EXPECT_EQ(bar.MinWidth(2), 0);
+    EXPECT_EQ(bar.PanelRect(3).left(), 100);
+    EXPECT_EQ(bar.PanelRect(2).width(), 0);
+    bar.SetMinWidth(2, std::numeric_limits<int>::max());
+    bar.SetMinWidth(1, std::numeric_limits<int>::max());
+    EXPECT_GT(bar.PanelRect(3).left(), 335);
+    bar.grab();
+
+    for (const int none : {-1, 0, 4})
+        EXPECT_THROW(bar.SetText(none, QString()), RunTimeError);
+}
+
+TEST_F(StatusBarTest, PaintsOnlyThePanelThatChanged) {
+    for (int count = 0; count < 1000; ++count)
+        bar.SetText(2, QString::number(count));
+    EXPECT_EQ(Painted(), bar.PanelRect(2));
+    bar.SetText(2, QStringLiteral("999"));
+    EXPECT_TRUE(Painted().isEmpty());
+    bar.SetText(2, QStringLiteral("1000"));
+    EXPECT_EQ(Painted(), bar.PanelRect(2));
+
+    window.hide();
+    bar.SetText(1, QStringLiteral("Searching..."));
+    window.show();
+    Painted();
+    bar.SetText(1, QStringLiteral("Idle"));
+    EXPECT_EQ(Painted(), bar.PanelRect(1));
+}
+
+TEST_F(StatusBarTest, TextsStayInTheirPanels) {
+    const QImage before = bar.grab().toImage();
+    const QString path = QStringLiteral("<b>\\\\SERVER\\SHARE\\FOLDER\r\n</b>");
+    bar.SetText(2, path.repeated(5000));
+    EXPECT_TRUE(bar.PanelRect(2).contains(Changed(before))) << "panel 2";
+    bar.SetText(2, QString());
+    bar.SetText(3, QStringLiteral("W").repeated(50));
+    const QRect changed = Changed(before);
+    EXPECT_TRUE(bar.PanelRect(3).contains(changed)) << "panel 3";
+    EXPECT_LT(changed.right(), bar.findChild<QSizeGrip*>()->geometry().left());
+}
+
+TEST_F(StatusBarTest, TellsToolTipsAndScreenReaders) {
+    bar.SetToolTipText(2, QStringLiteral("<i>\\\\A\\B</i>"));
+    const auto tipAt = [&](int x) {
+        QToolTip::hideText();
+        QHelpEvent help(QEvent::ToolTip, QPoint(x, 5), bar.mapToGlobal(QPoint(x, 5)));
+        QApplication::sendEvent(&bar, &help);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tipAt(150), Qt::convertFromPlainText(QStringLiteral("<i>\\\\A\\B</i>")));
+    bar.SetToolTipText(2, QStringLiteral("plain"));
+    EXPECT_EQ(tipAt(150), QStringLiteral("plain"));
+
+    bar.SetText(2, QStringLiteral("\\\\A\\B"));
+    const QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&bar);
+    ASSERT_TRUE(reader);
+    EXPECT_EQ(reader->role(), QAccessible::StatusBar);
+    EXPECT_EQ(reader->text(QAccessible::Name), QStringLiteral("Status bar"));
+    EXPECT_EQ(reader->text(QAccessible::Description), QStringLiteral("Idle; \\\\A\\B"));
+}
+
+TEST_F(StatusBarTest, GrowsWithTheFontAndKeepsTheGripInTheCorner) {
+    const int height = bar.sizeHint().height();
+    QFont large = bar.font();
+    large.setPointSize(40);
+    bar.setFont(large);
+    EXPECT_GT(bar.sizeHint().height(), height);
+    bar.resize(400, 70);
+    EXPECT_EQ(bar.findChild<QSizeGrip*>()->geometry().bottomRight(), bar.rect().bottomRight());
+}
+
+} // namespace
+} // namespace netrove

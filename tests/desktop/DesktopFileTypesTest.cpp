@@ -1,0 +1,43 @@
+#include "platform/desktop/DesktopFileTypes.h"
+
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+TEST(DesktopFileTypesTest, TellsKindsByNameAlone) {
+    DesktopFileTypes types;
+    const auto info = [&](const char* path) { return types.Info(QString::fromUtf8(path)); };
+
+    const ShellFileInfo song = info("\\\\NAS\\S\\song.mp3");
+    EXPECT_EQ(song.iconIndex, 1);
+    EXPECT_FALSE(song.typeName.isEmpty());
+    EXPECT_EQ(info("/x/b.01.MP3").typeName, song.typeName);
+
+    // Who asks first makes no difference for the others with the same ending.
+    const QString cmake = info("\\\\NAS\\S\\CMakeLists.txt").typeName;
+    EXPECT_EQ(cmake, info("\\\\NAS\\S\\readme.txt").typeName);
+    EXPECT_NE(info("a.tar.gz").typeName, info("a.gz").typeName);
+    EXPECT_FALSE(info("\\\\NAS\\S\\Makefile").typeName.isEmpty());
+
+    for (const char* unknown : {"", "\\\\NAS\\S\\", "a.qqq", "a.", ".mp3", "a.mp3\\b", "..."}) {
+        const ShellFileInfo none = info(unknown);
+        const bool hidden = std::string(unknown) == ".mp3";
+        EXPECT_EQ(none.iconIndex, hidden ? song.iconIndex : 0) << unknown;
+        EXPECT_EQ(none.typeName, hidden ? song.typeName : QString()) << unknown;
+    }
+    EXPECT_EQ(info("other.mp3").iconIndex, song.iconIndex);
+}
+
+TEST(DesktopFileTypesTest, FindsPicturesWithoutADesktop) {
+    DesktopFileTypes types;
+    for (const char* name : {"a.mp3", "a.txt", "a.png", "a.pdf", "a.zip", "a.avi"}) {
+        const int index = types.Info(QString::fromLatin1(name)).iconIndex;
+        EXPECT_FALSE(types.Icon(index).pixmap(16, 16).isNull()) << name;
+    }
+    for (const int unknown : {-1, 0, 1000})
+        EXPECT_TRUE(types.Icon(unknown).isNull());
+}
+
+} // namespace
+} // namespace netrove

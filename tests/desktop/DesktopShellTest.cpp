@@ -1,0 +1,142 @@
+#include "platform/desktop/DesktopShell.h"
+
+#include "fakes/MemoryNetwork.h"
+#include "platform/desktop/DesktopAddress.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString U(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+std::string Encoded(const std::optional<QUrl>& address) {
+    return address ? address->toEncoded().toStdString() : "none";
+}
+
+TEST(DesktopAddressTest, EncodesNetworkPaths) {
+    const struct {
+        const char* path;
+        const char* address;
+    } cases[] = {
+        {"\\\\NAS", "smb://nas"},
+        {"\\\\NAS\\", "smb://nas"},
+        {"\\\\nas_2\\Music\\", "smb://nas_2/Music"},
+        {"\\\\192.168.1.7\\C$\\a b", "smb://192.168.1.7/C%24/a%20b"},
+        {"\\\\nas\\s\\100% #1?.mp3", "smb://nas/s/100%25%20%231%3F.mp3"},
+        {"\\\\nas\\s\\%2e%2e\\\"; rm -rf '$(x)'&.txt",
+         "smb://nas/s/%252e%252e/%22%3B%20rm%20-rf%20%27%24%28x%29%27%26.txt"},
+        {"\\\\nas\\s\\--option", "smb://nas/s/--option"},
+        {"\\\\nas\\s\\Füße\nmore", "smb://nas/s/F%C3%BC%C3%9Fe%0Amore"},
+        {"\\\\nas\\s\\..\\t", "none"},
+        {"\\\\nas\\s\\.", "none"},
+        {"\\\\nas\\s\\a/b", "none"},
+        {"\\\\nas\\\\s", "none"},
+        {"\\\\user@nas:80\\s", "none"},
+        {"\\\\", "none"},
+        {"\\nas\\s", "none"},
+        {"/home/x", "none"},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(Encoded(SmbAddress(U(each.path))), each.address) << each.path;
+    EXPECT_EQ(Encoded(SmbAddress(U("\\\\nas\\s\\a") + QChar(0))), "none");
+    EXPECT_EQ(Encoded(FileAddress(U("/tmp/a b/'%#?.txt"))), "file:///tmp/a%20b/%27%25%23%3F.txt");
+}
+
+/// A network whose share \\LOCAL\SHARE lies in a folder of this computer.
+class Network : public MemoryNetwork {
+public:
+    QString Folder;
+
+    std::optional<QString> LocalPath(const QString& path) override {
+        const QString share = U("\\\\LOCAL\\SHARE\\");
+        if (!path.startsWith(share))
+            return std::nullopt;
+        return Folder + U("/") + path.mid(share.size()).replace(u'\\', u'/');
+    }
+};
+
+class DesktopShellTest : public testing::Test {
+protected:
+    DesktopShellTest() {
+        network.Folder = folder.path();
+        QDir(folder.path()).mkdir(U("sub"));
+        for (const char* name : {"song.mp3", "tool.py", "unknown.qqq", "notes", "sub/--x y.txt"}) {
+            QFile file(folder.filePath(U(name)));
+            EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("plain text\n"));
+        }
+        network.AddFile(U("\\\\NAS\\S\\D\\a #1.mp3"));
+    }
+
+    int Execute(const QString& file, ShellVerb verb = ShellVerb::Default) {
+        opened.clear();
+        return shell.Execute(file, verb);
+    }
+    std::string Local(const char* name) { return "file://" + folder.path().toStdString() + name; }
+
+    QTemporaryDir folder;
+    Network network;
+    std::string opened;
+    bool openerWorks = true;
+    DesktopShell shell{network, [this](const QUrl& address) {
+                           opened = address.toEncoded().toStdString();
+                           return openerWorks;
+                       }};
+};
+
+TEST_F(DesktopShellTest, OpensWhatIsThere) {
+    const struct {
+        QString file;
+        ShellVerb verb;
+        int code;
+        std::string opened;
+    } cases[] = {
+        {folder.filePath(U("song.mp3")), ShellVerb::Default, 42, Local("/song.mp3")},
+        {U("\\\\LOCAL\\SHARE\\sub\\--x y.txt"), ShellVerb::Open, 42, Local("/sub/--x%20y.txt")},
+        {U("\\\\LOCAL\\SHARE\\sub\\--x y.txt"), ShellVerb::Explore, 42, Local("/sub/")},
+        {folder.path(), ShellVerb::Explore, 42, Local("")},
+        // A more general kind has a program; a local file may be looked into.
+        {folder.filePath(U("tool.py")), ShellVerb::Default, 42, Local("/tool.py")},
+        {folder.filePath(U("notes")), ShellVerb::Default, 42, Local("/notes")},
+        {U("\\\\NAS\\S\\D\\a #1.mp3"), ShellVerb::Default, 42, "smb://nas/S/D/a%20%231.mp3"},
+        {U("\\\\NAS\\S\\D\\a #1.mp3"), ShellVerb::Explore, 42, "smb://nas/S/D/"},
+        {U("\\\\NAS\\S\\D\\"), ShellVerb::Open, 42, "smb://nas/S/D"},
+        {U("https://netrove.example/files"), ShellVerb::Default, 42,
+         "https://netrove.example/files"},
+
+        {folder.filePath(U("none.mp3")), ShellVerb::Default, 2, ""},
+        {folder.filePath(U("none/none.mp3")), ShellVerb::Default, 3, ""},
+        {folder.filePath(U("none/")), ShellVerb::Explore, 3, ""},
+        {U("\\\\NAS\\S\\D\\none.mp3"), ShellVerb::Default, 2, ""},
+        {U("\\\\NAS\\S\\..\\a.mp3"), ShellVerb::Default, 3, ""},
+        {U("file:///etc/passwd"), ShellVerb::Default, 11, ""},
+        {U("javascript:alert(1)"), ShellVerb::Default, 11, ""},
+        {U("https:"), ShellVerb::Default, 11, ""},
+        {U("--help"), ShellVerb::Default, 11, ""},
+        {QString(), ShellVerb::Default, 11, ""},
+        {U("mailto:somebody@netrove.example"), ShellVerb::Open, 31, ""},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(Execute(each.file, each.verb), each.code) << each.file.toStdString();
+        EXPECT_EQ(opened, each.opened) << each.file.toStdString();
+    }
+}
+
+TEST_F(DesktopShellTest, SaysWhatHasNoProgram) {
+    network.AddFile(U("\\\\NAS\\S\\D\\film.blend"));
+    EXPECT_EQ(Execute(U("\\\\NAS\\S\\D\\film.blend")), Shell::NoAssociation);
+    EXPECT_EQ(opened, "");
+    openerWorks = false;
+    EXPECT_EQ(Execute(folder.filePath(U("song.mp3"))), Shell::NoAssociation);
+    // Nobody can be asked without a session bus.
+    EXPECT_FALSE(shell.OpenWith(folder.filePath(U("unknown.qqq"))));
+    EXPECT_FALSE(shell.OpenWith(U("https://netrove.example/")));
+}
+
+} // namespace
+} // namespace netrove

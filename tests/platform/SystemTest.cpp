@@ -1,0 +1,52 @@
+#include "platform/ApplicationFolder.h"
+#include "platform/InstanceMarker.h"
+#include "platform/LinuxSystemInformation.h"
+#include "platform/TempTree.h"
+#include "platform/TextEncoding.h"
+
+#include <QFileInfo>
+#include <QSet>
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+TEST(SystemTest, DescribesTheSystem) {
+    const LinuxSystemInformation system;
+    EXPECT_FALSE(system.OSName().isEmpty());
+    EXPECT_TRUE(system.OSVersion()[0].isDigit()) << system.OSVersion().toStdString();
+    EXPECT_FALSE(system.UserName().isEmpty());
+    EXPECT_FALSE(system.ComputerName().contains(QLatin1Char('.')));
+}
+
+TEST(SystemTest, KeepsItsFilesWhereItMayWrite) {
+    const QString folder = ApplicationFolder();
+    EXPECT_TRUE(QFileInfo(folder).isWritable()) << folder.toStdString();
+    EXPECT_FALSE(folder.endsWith(QLatin1Char('/')));
+}
+
+TEST(SystemTest, MarksTheProcessAndLetsASecondOneStart) {
+    const TempTree runtimeFolder;
+    qputenv("XDG_RUNTIME_DIR", runtimeFolder.Path().toUtf8());
+    const QString file = runtimeFolder.Path(QStringLiteral("TBS_Netrove.lock"));
+    {
+        const InstanceMarker first;
+        EXPECT_TRUE(QFileInfo::exists(file));
+        { const InstanceMarker second; }
+        EXPECT_TRUE(QFileInfo::exists(file)) << "the second took the first one's";
+    }
+    EXPECT_FALSE(QFileInfo::exists(file));
+    qputenv("XDG_RUNTIME_DIR", "/missing");
+    const InstanceMarker nowhere;
+}
+
+TEST(SystemTest, GivesEveryByteACharacterOfItsOwn) {
+    QSet<QString> texts;
+    for (int byte = 0; byte < 256; ++byte)
+        texts.insert(FromWindows1252(QByteArray(1, static_cast<char>(byte))));
+    EXPECT_EQ(texts.size(), 256);
+    EXPECT_EQ(FromWindows1252("\x80\x99\xE9"), QStringLiteral("€™é"));
+}
+
+} // namespace
+} // namespace netrove

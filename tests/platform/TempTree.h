@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+namespace netrove {
+
+/// A temporary folder that tests fill; names are bytes, as the file system has them.
+class TempTree {
+public:
+    TempTree() { dir_.setAutoRemove(false); }
+    TempTree(const TempTree&) = delete;
+    TempTree& operator=(const TempTree&) = delete;
+    /// QTemporaryDir can't remove names that aren't UTF-8.
+    ~TempTree() { std::filesystem::remove_all(dir_.path().toStdString()); }
+
+    [[nodiscard]] QString Path(const QString& below = {}) const {
+        return below.isEmpty() ? dir_.path() : dir_.path() + QLatin1Char('/') + below;
+    }
+    [[nodiscard]] QByteArray Bytes(const QByteArray& below) const {
+        return dir_.path().toUtf8() + '/' + below;
+    }
+
+    void Folder(const QByteArray& name) const {
+        std::filesystem::create_directories(Bytes(name).toStdString());
+    }
+
+    void File(const QByteArray& name, const QByteArray& content = {}) const {
+        const std::filesystem::path path(Bytes(name).toStdString());
+        std::filesystem::create_directories(path.parent_path());
+        const std::unique_ptr<FILE, int (*)(FILE*)> file(fopen(path.c_str(), "wb"), fclose);
+        ASSERT_TRUE(file) << path;
+        fwrite(content.constData(), 1, static_cast<std::size_t>(content.size()), file.get());
+    }
+
+    void Link(const QByteArray& name, const QByteArray& target) const {
+        std::filesystem::create_symlink(target.toStdString(), Bytes(name).toStdString());
+    }
+
+private:
+    QTemporaryDir dir_;
+};
+
+} // namespace netrove

@@ -1,0 +1,182 @@
+#include "platform/network/FolderProvider.h"
+
+#include "platform/TempTree.h"
+#include "runtime/ExpectRaised.h"
+#include "runtime/Yield.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace netrove {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+UncPath Unc(const QString& text) {
+    return *UncPath::Parse(text);
+}
+
+class FolderProviderTest : public testing::Test {
+protected:
+    FolderProviderTest() {
+        tree_.File("NORTH/ALPHA/Music/Rock/song.mp3", "12345");
+        tree_.File("NORTH/ALPHA/C$/boot.ini", "x");
+        tree_.Folder("NORTH/ALPHA/Laser");
+        tree_.File("NORTH/ALPHA/Closed/file");
+        tree_.File("NORTH/ALPHA/Slow/Sub/file");
+        tree_.Folder("NORTH/BETA/Music");
+        tree_.Folder("SOUTH/GAMMA");
+        tree_.File("NORTH/no folder.txt");
+        tree_.File("sample-network.ini", "[NORTH]\ncomment=Up there\n"
+                                         "[north/alpha/laser]\ntype=printer\n"
+                                         "[NORTH/ALPHA/Closed]\nfault=refused\n"
+                                         "[NORTH/ALPHA/Slow]\nfault=slow\ndelay=50\n"
+                                         "[NORTH/BETA]\nfault=unreachable\ndelay=100\n");
+        previous_ = SetWaitingPass([this] {
+            const auto now = steady_clock::now();
+            if (waits_++ > 0)
+                longestGap_ = std::max(longestGap_, now - lastWait_);
+            lastWait_ = now;
+        });
+    }
+    ~FolderProviderTest() override { SetWaitingPass(previous_); }
+
+    FolderProvider& Provider() {
+        if (!provider_)
+            provider_.emplace(QStringLiteral("Sample"), tree_.Path());
+        return *provider_;
+    }
+
+    /// What is listed below a node: names and comments.
+    QStringList Names(qint32 displayType, const QString& name, qint32 type = NetEnum::TypeDisk) {
+        const auto records =
+            Provider().List({.dwDisplayType = displayType, .lpRemoteName = name}, type);
+        if (!records)
+            return {QStringLiteral("none")};
+        QStringList names;
+        for (const NetRecord& record : *records)
+            names += record.lpComment.isEmpty()
+                         ? record.lpRemoteName
+                         : record.lpRemoteName + QLatin1Char(' ') + record.lpComment;
+        return names;
+    }
+
+    template <typename Call>
+    steady_clock::duration TimeOf(const Call& call) {
+        const auto start = steady_clock::now();
+        call();
+        return steady_clock::now() - start;
+    }
+
+    TempTree tree_;
+    std::optional<FolderProvider> provider_;
+    std::function<void()> previous_;
+    int waits_ = 0;
+    steady_clock::time_point lastWait_;
+    steady_clock::duration longestGap_{0};
+};
+
+TEST_F(FolderProviderTest, ListsEachLevel) {
+    EXPECT_EQ(Names(NetEnum::DisplayNetwork, QStringLiteral("Sample")),
+              (QStringList{QStringLiteral("NORTH Up there"), QStringLiteral("SOUTH")}));
+    EXPECT_EQ(Names(NetEnum::DisplayDomain, QStringLiteral("north")),
+              (QStringList{QStringLiteral("\\\\ALPHA"), QStringLiteral("\\\\BETA")}));
+    EXPECT_EQ(Names(NetEnum::DisplayServer, QStringLiteral("\\\\ALPHA")),
+              (QStringList{QStringLiteral("\\\\ALPHA\\Closed"), QStringLiteral("\\\\ALPHA\\Music"),
+                           QStringLiteral("\\\\ALPHA\\Slow")}));
+    EXPECT_EQ(Names(NetEnum::DisplayServer, QStringLiteral("\\\\ALPHA"), NetEnum::TypePrint),
+              QStringList(QStringLiteral("\\\\ALPHA\\Laser")));
+    EXPECT_EQ(Names(NetEnum::DisplayServer, QStringLiteral("\\\\GAMMA")), QStringList());
+    EXPECT_EQ(Names(NetEnum::DisplayServer, QStringLiteral("\\\\DELTA")),
+              QStringList(QStringLiteral("none")));
+    EXPECT_EQ(Names(NetEnum::DisplayDomain, QStringLiteral("EAST")),
+              QStringList(QStringLiteral("none")));
+    EXPECT_TRUE(Provider().Problems().isEmpty());
+    EXPECT_TRUE(Provider().Knows(QStringLiteral("alpha")));
+    EXPECT_FALSE(Provider().Knows(QStringLiteral("DELTA")));
+    EXPECT_EQ(Provider().Workgroup(QStringLiteral("gamma")), QStringLiteral("SOUTH"));
+}
+
+TEST_F(FolderProviderTest, SeesWhatCameAfterItsStart) {
+    EXPECT_FALSE(Provider().Knows(QStringLiteral("DELTA")));
+    tree_.Folder("EAST/DELTA/New");
+    EXPECT_EQ(Names(NetEnum::DisplayNetwork, QStringLiteral("Sample")).value(0),
+              QStringLiteral("EAST"));
+    EXPECT_TRUE(Provider().CanEnter(Unc(QStringLiteral("\\\\delta\\new"))));
+}
+
+TEST_F(FolderProviderTest, FindsFilesInAnyCase) {
+    const UncPath typed = Unc(QStringLiteral("\\\\alpha\\MUSIC\\rock\\Song.MP3"));
+    EXPECT_EQ(Provider().Info(typed).length, 5);
+    EXPECT_EQ(Provider().Read(typed, 1, 3), "234");
+    EXPECT_EQ(Provider().LocalPath(typed),
+              QFileInfo(tree_.Path(QStringLiteral("NORTH/ALPHA/Music/Rock/song.mp3")))
+                  .canonicalFilePath());
+    FindData data;
+    EXPECT_TRUE(Provider().FindFirst(Unc(QStringLiteral("\\\\alpha\\music\\ROCK")), data));
+    EXPECT_TRUE(Provider().CanEnter(Unc(QStringLiteral("\\\\alpha\\c$")))) << "hidden, not closed";
+    ExpectRaised(
+        ErrorNumber::FileNotFound,
+        [&] { return Provider().Info(Unc(QStringLiteral("\\\\alpha\\music\\missing"))); },
+        QStringLiteral("a missing file"));
+}
+
+TEST_F(FolderProviderTest, RefusesWhatIsClosed) {
+    FindData data;
+    for (const QString& path :
+         {QStringLiteral("\\\\ALPHA\\Closed"), QStringLiteral("\\\\ALPHA\\Laser")}) {
+        EXPECT_FALSE(Provider().CanEnter(Unc(path)));
+        EXPECT_FALSE(Provider().FindFirst(Unc(path), data));
+        EXPECT_FALSE(Provider().LocalPath(Unc(path + QLatin1String("\\file"))));
+        ExpectRaised(
+            ErrorNumber::PermissionDenied,
+            [&] { return Provider().Read(Unc(path + QLatin1String("\\file")), 0, 1); }, path);
+    }
+    EXPECT_EQ(waits_, 0) << "a refusal comes at once";
+}
+
+TEST_F(FolderProviderTest, KeepsTheDisplayAliveWhileItWaits) {
+    EXPECT_GE(TimeOf([&] {
+                  EXPECT_EQ(Names(NetEnum::DisplayServer, QStringLiteral("\\\\BETA")),
+                            QStringList(QStringLiteral("none")));
+              }),
+              milliseconds(100));
+    EXPECT_GE(waits_, 4);
+    FindData data;
+    EXPECT_FALSE(Provider().CanEnter(Unc(QStringLiteral("\\\\BETA\\Music"))));
+    EXPECT_EQ(Provider().Workgroup(QStringLiteral("BETA")), QString());
+    waits_ = 0;
+    EXPECT_GE(TimeOf([&] {
+                  EXPECT_TRUE(
+                      Provider().FindFirst(Unc(QStringLiteral("\\\\ALPHA\\Slow\\Sub")), data));
+              }),
+              milliseconds(50));
+    EXPECT_GE(waits_, 2);
+    EXPECT_LT(longestGap_, milliseconds(500)); // 20 on a machine that has nothing else to do
+}
+
+TEST_F(FolderProviderTest, SaysWhatIsWrongWithItsFile) {
+    tree_.File("sample-network.ini", "[NORTH/ALPHA/Slow]\nfault=slow\ndelay=999999999999\n"
+                                     "fault=broken\ncolour=red\n"
+                                     "[NORTH/OMEGA]\ncomment=x\n"
+                                     "nonsense\n"
+                                     "[NORTH/ALPHA/Closed]\nfault=refused\n"
+                                     "[NORTH]\ntype=printer\ndelay=-5\n");
+    QStringList lines;
+    for (const QString& problem : Provider().Problems())
+        lines += problem.section(QLatin1Char(':'), 0, 0);
+    lines.sort();
+    QStringList expected;
+    for (const char* number : {"12", "3", "4", "5", "6", "8"})
+        expected += QLatin1String("sample-network.ini, line ") + QLatin1String(number);
+    EXPECT_EQ(lines, expected);
+    EXPECT_FALSE(Provider().CanEnter(Unc(QStringLiteral("\\\\ALPHA\\Closed"))))
+        << "the good lines hold";
+    const FolderProvider nowhere(QStringLiteral("Gone"), tree_.Path(QStringLiteral("gone")));
+    EXPECT_EQ(nowhere.Problems().size(), 1);
+}
+
+} // namespace
+} // namespace netrove

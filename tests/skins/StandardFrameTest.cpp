@@ -1,0 +1,44 @@
+#include "skins/StandardFrame.h"
+
+#include "skins/SkinFrame.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace netrove {
+namespace {
+
+class NoFrame : public SkinFrame {
+public:
+    void PaintSample(const SkinConfiguration& /*configuration*/, const QWidget& /*window*/,
+                     QPainter& /*painter*/, const QRect& /*area*/, bool /*active*/) override {}
+    void Parse(const QString& /*text*/, const QPixmap& /*firstPicture*/,
+               const QPixmap& /*secondPicture*/, SkinConfiguration& /*configuration*/) override {}
+};
+
+TEST(StandardFrameTest, TakesTheColoursOfTheWindowWhileThereIsOne) {
+    NoFrame painter;
+    const SkinConfiguration configuration(painter);
+    StandardFrame frame;
+    const quint32 desktopBack = frame.ResolvedBackColor();
+    const quint32 desktopFore = frame.ResolvedForeColor();
+    EXPECT_NE(desktopBack, desktopFore);
+
+    auto window = std::make_unique<QWidget>();
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(1, 2, 3));
+    palette.setColor(QPalette::WindowText, QColor(250, 128, 0));
+    window->setPalette(palette);
+    frame.Attach(*window, configuration);
+    EXPECT_EQ(frame.ResolvedBackColor(), 0x030201U);
+    EXPECT_EQ(frame.ResolvedForeColor(), 0x0080FAU);
+
+    window.reset();
+    EXPECT_EQ(frame.ResolvedBackColor(), desktopBack);
+    frame.Detach();
+    EXPECT_EQ(frame.ResolvedForeColor(), desktopFore);
+}
+
+} // namespace
+} // namespace netrove
