@@ -285,6 +285,15 @@ TEST_F(SmbProviderTest, HiddenSharesAreReachedByTyping) {
     }
 }
 
+TEST_F(SmbProviderTest, TheNamelessAreLetInWhereGuestsArenT) {
+    SambaServer strict(QStringLiteral("    map to guest = never"));
+    ASSERT_TRUE(strict.IsRunning());
+    strict.AddFile(QStringLiteral("public/file"));
+    SmbProvider provider = Provider({strict.Host()});
+    EXPECT_FALSE(provider.CanEnter(Path(QStringLiteral("FILER\\REFUSED"))));
+    EXPECT_EQ(Names(provider, QStringLiteral("FILER\\PUBLIC")).size(), 1);
+}
+
 TEST_F(SmbProviderTest, ABigFolderIsFetchedOnce) {
     constexpr int files = 5000;
     for (int at = 0; at < files; ++at)

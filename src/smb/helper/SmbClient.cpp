@@ -57,6 +57,11 @@ bool IsConnectionLost(int status) {
     return status == ECONNABORTED || status == ECONNRESET || status == ENOTCONN || status == EPIPE;
 }
 
+/// Whether another logon may be let in. What the library has no errno for is EINVAL.
+bool IsRefusal(int status) {
+    return status == EACCES || status == EPERM || status == EINVAL;
+}
+
 } // namespace
 
 SmbClient::SmbClient() {
@@ -111,10 +116,9 @@ int SmbClient::Do(const SmbRequest& request, const Part& part) {
         CloseFile();
     LeaveOtherShare(request.share);
     const std::size_t tries = letIn_ ? 1 : Logons.size();
-    int status = EACCES;
-    for (std::size_t at = 0; at < tries && status == EACCES; ++at) {
-        if (at > 0)
-            logon_ = (logon_ + 1) % Logons.size();
+    int status = TryConnected(request, part);
+    for (std::size_t at = 1; at < tries && IsRefusal(status); ++at) {
+        logon_ = (logon_ + 1) % Logons.size();
         status = TryConnected(request, part);
     }
     letIn_ = letIn_ || status == 0;
