@@ -86,7 +86,7 @@ FindArguments FindArguments::Parse(const QStringList& arguments) {
         return result;
     }
     if (!parsed)
-        throw WrongUse(parser.errorText());
+        throw WrongUse(parser.errorText().chopped(1)); // its full stop
     result.patterns = SearchText::Strip(parser.positionalArguments().join(QLatin1Char(',')));
     if (result.patterns.isEmpty())
         throw WrongUse(QStringLiteral("no pattern to search for"));
@@ -131,9 +131,9 @@ Where to search:
 
 What to print:
   --details              print name, folder, size in bytes, date (as 2020-02-03
-                           04:05:06), attributes (R, H, S, A), and for MPEG audio
-                           length, bit rate in kbit/s and frequency in Hz;
-                           separated by tabs
+                           04:05:06), attributes (R, H, S, A), and for MPEG
+                           audio length, bit rate in kbit/s and frequency in
+                           Hz; separated by tabs
   --max N                stop after N files
   --log FILE             write what the search looks at to FILE
 
@@ -141,11 +141,11 @@ What to print:
   --version              print the version
 
 One file a line, with its full path, as soon as it is found. A line break in a
-name is printed as its code in angle brackets, <0A>, which no name can hold; with
---details a tab too, and on a terminal every control character.
+name is printed as its code in angle brackets, <0A>, which no name can hold;
+with --details a tab too, and on a terminal every control character.
 
-While the search runs, a terminal shows how far it is. Ctrl+C stops it and prints
-what was found so far; a second Ctrl+C ends the program at once.
+While the search runs, a terminal shows how far it is. Ctrl+C stops it and
+prints what was found so far; a second Ctrl+C ends the program at once.
 
 Exit status: 0 if a file was found, 1 if none was, 2 for wrong use or a failure,
 128 and the signal's number if a signal stopped the search.

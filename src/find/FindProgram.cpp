@@ -4,6 +4,9 @@
 #include "find/WrongUse.h"
 #include "runtime/RunTimeError.h"
 
+#include <cerrno>
+#include <cstring>
+
 namespace netrove {
 namespace {
 
@@ -24,6 +27,11 @@ int Execute(const QStringList& arguments, const FindConsole& console,
     return FindRun(parsed, services, console).Execute();
 }
 
+/// Whoever reads the output may stop reading; any other failure is a loss.
+bool IsLost(const ConsoleOutput& out) {
+    return out.Error() != 0 && out.Error() != EPIPE;
+}
+
 } // namespace
 
 void PrintMessage(ConsoleOutput& err, const QString& text) {
@@ -42,6 +50,11 @@ int FindProgram(const QStringList& arguments, const FindConsole& console,
         PrintMessage(console.err, error.Description());
     }
     console.out.Flush();
+    if (IsLost(console.out)) {
+        PrintMessage(console.err, QLatin1String("cannot write the output: ") +
+                                      QString::fromLocal8Bit(std::strerror(console.out.Error())));
+        status = FindStatus::Failed;
+    }
     console.err.Flush();
     return status;
 }

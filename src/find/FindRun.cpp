@@ -4,8 +4,6 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 
-#include <cerrno>
-#include <cstring>
 #include <limits>
 
 namespace netrove {
@@ -69,7 +67,6 @@ int FindRun::Execute() {
     }
     progress_.Clear();
     console_.out.Flush();
-    CheckOutput();
     PrintSummary();
     if (signal_ != 0)
         return FindStatus::Signal + signal_;
@@ -134,15 +131,6 @@ void FindRun::PrintSummary() {
         summary += QLatin1String(" (Max return is set to ") + QString::number(*arguments_.max) +
                    QLatin1Char(')');
     console_.err.WriteLine(summary);
-}
-
-void FindRun::CheckOutput() const {
-    // Whoever reads the results may stop reading; anything else is a loss.
-    const int error = console_.out.Error();
-    if (error != 0 && error != EPIPE)
-        throw RunTimeError(static_cast<int>(ErrorNumber::DeviceIOError),
-                           QLatin1String("cannot write the results: ") +
-                               QString::fromLocal8Bit(std::strerror(error)));
 }
 
 } // namespace netrove

@@ -46,7 +46,6 @@ private:
     /// What happens between the steps of the walk and while it waits for the network.
     void Pass();
     void PrintSummary();
-    void CheckOutput() const;
 
     const FindArguments& arguments_;
     const FindServices& services_;

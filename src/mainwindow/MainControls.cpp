@@ -68,7 +68,10 @@ QWidget* HiddenWidget(QWidget& parent, const QString& name) {
 QFrame* Frame(QWidget& parent, const QString& name, QFrame::Shape shape) {
     auto* frame = Named(new QFrame(&parent), name);
     frame->setFrameShape(shape);
-    frame->setFrameShadow(QFrame::Sunken);
+    frame->setFrameShadow(QFrame::Plain);
+    QPalette palette = frame->palette();
+    palette.setColor(QPalette::WindowText, palette.color(QPalette::Midlight).darker(115));
+    frame->setPalette(palette);
     frame->setAttribute(Qt::WA_TransparentForMouseEvents);
     frame->lower();
     return frame;
@@ -117,10 +120,11 @@ constexpr Column DownloadColumns[] = {
 
 } // namespace
 
-MainControls::MainControls(QWidget& inner)
+MainControls::MainControls(QWidget& inner, const QString& webAddress)
     : imgPreIconsLg(32), imgPreIconsSm(16), imgSysIconsSm(16), imgSysIconsLg(32) {
     MakeTabs(inner);
     MakeInputs(inner);
+    MakeLabels(inner, webAddress);
     MakeDecoration(inner);
     PlaceInputs();
     SetTabOrder();
@@ -207,10 +211,22 @@ void MainControls::MakeInputs(QWidget& inner) {
             FileKindsIcon(index == 0).pixmap(QSize(PictureSize, PictureSize), devicePixelRatio));
     }
     imgFiles[1]->hide();
+}
+
+void MainControls::MakeLabels(QWidget& inner, const QString& webAddress) {
     Label1 = Label(&inner, "Label1", "Search For:");
     Label2 = Label(&inner, "Label2", "Search Within This Node:");
     HyperLbl = Label(&inner, "HyperLbl", "");
+    HyperLbl->setText(webAddress);
+    Label1->setBuddy(LstSearchFor);
+    Label2->setBuddy(txtSearchStart);
     HyperLbl->setToolTip(Text("Click here to go to the official website"));
+    QFont linkFont = HyperLbl->font();
+    linkFont.setUnderline(true);
+    HyperLbl->setFont(linkFont);
+    QPalette linkPalette = HyperLbl->palette();
+    linkPalette.setColor(QPalette::WindowText, linkPalette.color(QPalette::Link));
+    HyperLbl->setPalette(linkPalette);
     HyperLbl->setCursor(Qt::PointingHandCursor);
 }
 
@@ -218,40 +234,31 @@ void MainControls::MakeDecoration(QWidget& inner) {
     Line1 = Frame(inner, Text("Line1"), QFrame::HLine);
     for (std::size_t index = 0; index < Lne.size(); ++index)
         Lne[index] =
-            Frame(inner, Element("Lne", index), index == 3 ? QFrame::HLine : QFrame::VLine);
+            Frame(inner, Element("Lne", index), index >= 2 ? QFrame::HLine : QFrame::VLine);
     for (std::size_t index = 0; index < RecShp.size(); ++index)
         RecShp[index] = Frame(inner, Element("RecShp", index), QFrame::Box);
 }
 
-/// Two rows of inputs and the link below, in three groups whose widths follow the font.
+/// Three groups side by side, of two rows each, and the link below the first. Their widths follow
+/// the font; together they fill the width that the window is designed with.
 void MainControls::PlaceInputs() {
     const int rowHeight =
         std::max(LstSearchFor->sizeHint().height(), cmdStartSearch->sizeHint().height());
-    const int row1 = Gap + 2;
+    const int row1 = Gap + 1;
     const int row2 = row1 + rowHeight + Gap;
     const int row3 = row2 + rowHeight + Gap;
 
-    const int labels = std::max(Label1->sizeHint().width(), Label2->sizeHint().width());
-    const int left = 2 * Gap;
-    const int inputs = left + labels + Gap;
     const int rightWidth =
         std::max(cmdStartSearch->sizeHint().width(), cmdClearLst->sizeHint().width());
     const int right = ToPixels(DesignWidth) - 2 * Gap - rightWidth;
     const int middleWidth =
         std::max(chkRecurse->sizeHint().width(), cmdAbandon->sizeHint().width());
     const int middle = right - GroupGap - middleWidth;
-    const int inputsEnd = middle - GroupGap;
+    const int left = 2 * Gap;
+    const int leftWidth = middle - GroupGap - left;
 
-    Label1->setGeometry(left, row1, labels, rowHeight);
-    Label2->setGeometry(left, row2, labels, rowHeight);
-    LstSearchFor->setGeometry(inputs, row1, inputsEnd - PictureSize - Gap - inputs, rowHeight);
-    for (QLabel* picture : imgFiles)
-        picture->setGeometry(inputsEnd - PictureSize, row1 + (rowHeight - PictureSize) / 2,
-                             PictureSize, PictureSize);
-    const int browse = inputsEnd - 2 * SmallButtonWidth - Gap;
-    txtSearchStart->setGeometry(inputs, row2, browse - Gap - inputs, rowHeight);
-    cmdSetSearchStart->setGeometry(browse, row2, SmallButtonWidth, rowHeight);
-    cmdInpNetNode->setGeometry(browse + SmallButtonWidth + Gap, row2, SmallButtonWidth, rowHeight);
+    PlaceSearchText(QRect(left, row1, leftWidth, rowHeight));
+    PlaceStartNode(QRect(left, row2, leftWidth, rowHeight));
     chkRecurse->setGeometry(middle, row1, middleWidth, rowHeight);
     cmdAbandon->setGeometry(middle, row2, middleWidth, rowHeight);
     cmdStartSearch->setGeometry(right, row1, rightWidth, rowHeight);
@@ -259,12 +266,61 @@ void MainControls::PlaceInputs() {
 
     const int tabsTop = ToPixels(AroundTabs) - stbStatus->sizeHint().height() - Gap / 2;
     picListHolder->move(ToPixels(75), tabsTop);
+    HyperLbl->setGeometry(left, row3, HyperLbl->sizeHint().width(), tabsTop - Gap - row3);
+    PlaceTabs();
+    PlaceDecoration(QRect(left, row1, middle - GroupGap - left, row3 - row1), middle, right,
+                    tabsTop);
+}
+
+int MainControls::LabelsWidth() const {
+    return std::max(Label1->sizeHint().width(), Label2->sizeHint().width()) + Gap;
+}
+
+void MainControls::PlaceSearchText(const QRect& row) {
+    const int input = row.x() + LabelsWidth();
+    const int picture = row.right() + 1 - PictureSize;
+    Label1->setGeometry(row.x(), row.y(), LabelsWidth(), row.height());
+    LstSearchFor->setGeometry(input, row.y(), picture - Gap - input, row.height());
+    for (QLabel* image : imgFiles)
+        image->setGeometry(picture, row.y() + (row.height() - PictureSize) / 2, PictureSize,
+                           PictureSize);
+}
+
+void MainControls::PlaceStartNode(const QRect& row) {
+    const int input = row.x() + LabelsWidth();
+    const int byHand = row.right() + 1 - SmallButtonWidth;
+    const int browse = byHand - Gap - SmallButtonWidth;
+    Label2->setGeometry(row.x(), row.y(), LabelsWidth(), row.height());
+    txtSearchStart->setGeometry(input, row.y(), browse - Gap - input, row.height());
+    cmdSetSearchStart->setGeometry(browse, row.y(), SmallButtonWidth, row.height());
+    cmdInpNetNode->setGeometry(byHand, row.y(), SmallButtonWidth, row.height());
+}
+
+void MainControls::PlaceTabs() {
     SSTab1->move(0, 0);
     for (QLabel* caption : {RetFileLbl, DownloadLbl})
         caption->setGeometry(Gap, 0, 0, caption->sizeHint().height());
     for (ListView* list : {lvwResults, lvwDownloads})
         list->move(Gap - 1, 0);
-    HyperLbl->setGeometry(left, row3, inputsEnd - left, tabsTop - Gap - row3);
+}
+
+/// Lines between the groups, and a frame around what each group holds. `first` is the first group.
+void MainControls::PlaceDecoration(const QRect& first, int middle, int right, int tabsTop) {
+    Line1->setGeometry(0, 0, ToPixels(DesignWidth), 2);
+    Lne[3]->setGeometry(0, tabsTop - Gap + 1, ToPixels(DesignWidth), 2);
+    const int end = ToPixels(DesignWidth) - Gap;
+    const int bottom = first.bottom() - 1;
+    const int top = first.y() - 3;
+    const int edges[] = {Gap, middle - GroupGap / 2 - 1, right - GroupGap / 2 - 1, end};
+    QFrame* const undersides[] = {Lne[2], Lne[4], Lne[5]};
+    for (std::size_t group = 0; group < 3; ++group) {
+        const int width = edges[group + 1] - edges[group];
+        RecShp[group]->setGeometry(edges[group], top, width, bottom - top + 1);
+        undersides[group]->setGeometry(edges[group], bottom, width, 1);
+    }
+    RecShp[3]->setGeometry(QRect(QPoint(Gap, bottom), QPoint(end - 1, tabsTop - Gap - 1)));
+    Lne[0]->setGeometry(edges[1], bottom, 1, RecShp[3]->height());
+    Lne[1]->setGeometry(edges[2], bottom, 1, RecShp[3]->height());
 }
 
 void MainControls::SetTabOrder() const {

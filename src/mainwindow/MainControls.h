@@ -22,7 +22,8 @@ namespace netrove {
 /// fixed places. What follows the size of the window is WindowLayout's affair. All of them are
 /// children of the widget that they are made in.
 struct MainControls {
-    explicit MainControls(QWidget& inner);
+    /// `webAddress` is what the link shows.
+    MainControls(QWidget& inner, const QString& webAddress);
     MainControls(const MainControls&) = delete;
     MainControls& operator=(const MainControls&) = delete;
     ~MainControls() = default;
@@ -65,8 +66,14 @@ struct MainControls {
 private:
     void MakeTabs(QWidget& inner);
     void MakeInputs(QWidget& inner);
+    void MakeLabels(QWidget& inner, const QString& webAddress);
     void MakeDecoration(QWidget& inner);
     void PlaceInputs();
+    void PlaceSearchText(const QRect& row);
+    void PlaceStartNode(const QRect& row);
+    void PlaceTabs();
+    void PlaceDecoration(const QRect& first, int middle, int right, int tabsTop);
+    [[nodiscard]] int LabelsWidth() const;
     void SetTabOrder() const;
 };
 

@@ -37,7 +37,7 @@ QWidget* InnerWidget(QMainWindow& window) {
 frmNetrove::frmNetrove(const ProgramServices& services)
     : services_(services)
     , inner_(InnerWidget(*this))
-    , controls_(*inner_)
+    , controls_(*inner_, services.webAddress)
     , menu_(MakeMenu())
     , layout_(*this, controls_)
     , icons_(services.fileTypes, services.systemIcon)
@@ -64,7 +64,6 @@ void frmNetrove::ConnectControls() {
         controls_.picListHolder->update();
         controls_.stbStatus->update();
     });
-    controls_.HyperLbl->setText(services_.webAddress);
     controls_.HyperLbl->installEventFilter(this);
     controls_.cmdAbandon->setEnabled(false);
     // What these three open isn't there yet.

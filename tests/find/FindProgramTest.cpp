@@ -1,0 +1,265 @@
+#include "find/FindProgram.h"
+
+#include "fakes/MemoryNetwork.h"
+#include "find/ConsoleText.h"
+#include "runtime/Yield.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+#include <fcntl.h>
+#include <pty.h>
+#include <unistd.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// A file that is written through a descriptor, like a standard stream, and read back.
+class StreamFile {
+public:
+    StreamFile() {
+        EXPECT_TRUE(folder_.isValid());
+        const QByteArray path = folder_.filePath(Text("stream")).toLocal8Bit();
+        descriptor_ = open(path.constData(), O_RDWR | O_CREAT, 0600);
+    }
+    StreamFile(const StreamFile&) = delete;
+    StreamFile& operator=(const StreamFile&) = delete;
+    ~StreamFile() { close(descriptor_); }
+
+    [[nodiscard]] int Descriptor() const { return descriptor_; }
+    [[nodiscard]] QString Written() const {
+        QFile file(folder_.filePath(Text("stream")));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll())
+                                              : Text("can't be read");
+    }
+
+private:
+    QTemporaryDir folder_;
+    int descriptor_ = -1;
+};
+
+class Find : public testing::Test {
+protected:
+    void SetUp() override {
+        network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
+        network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
+        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\S"));
+        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\HERE"));
+        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
+        network.AddNode(Text("\\\\HERE"), NetEnum::DisplayShare, Text("\\\\HERE\\D"));
+        network.AddFile(Text("\\\\S\\D\\one.txt"), 5'000'000'000);
+        network.AddFile(Text("\\\\S\\D\\OLD\\two.txt"));
+        network.AddFile(Text("\\\\S\\D\\OLD\\song.mp3"));
+        network.AddFile(Text("\\\\S\\C$\\admin.txt"));
+        network.AddFile(Text("\\\\HERE\\D\\here.txt"));
+    }
+
+    struct Outcome {
+        int status;
+        QString out;
+        QString err;
+    };
+
+    int RunOn(const QStringList& arguments, int out, int err) {
+        ConsoleOutput outStream(out);
+        ConsoleOutput errStream(err);
+        return FindProgram(arguments, {.out = outStream, .err = errStream, .signal = signal},
+                           [this] { return Services(); });
+    }
+
+    Outcome Run(const QStringList& arguments) {
+        const StreamFile out;
+        const StreamFile err;
+        const int status = RunOn(arguments, out.Descriptor(), err.Descriptor());
+        return {.status = status, .out = out.Written(), .err = err.Written()};
+    }
+
+    FindServices Services() {
+        const auto record = [](const UncPath& path) -> std::optional<NetRecord> {
+            if (path.Server() == Text("UNKNOWN"))
+                return std::nullopt;
+            const qint32 type =
+                path.Share().isEmpty() ? NetEnum::DisplayServer : NetEnum::DisplayShare;
+            return NetRecord{.dwDisplayType = type, .lpRemoteName = path.Text()};
+        };
+        return {
+            .network = network, .files = network, .record = record, .computer = Text("\\\\HERE")};
+    }
+
+    MemoryNetwork network;
+    std::function<int()> signal = [] { return 0; };
+};
+
+TEST_F(Find, PrintsThePathsThatItFinds) {
+    const char* const all = "\\\\S\\D\\one.txt\n\\\\S\\D\\OLD\\two.txt\n";
+    const struct {
+        QStringList arguments;
+        const char* out;
+    } cases[] = {
+        {{Text(" *.txt ,, ")}, all},
+        {{Text("one*"), Text("TWO*,x")}, all},
+        {{Text("--no-recurse"), Text("*.txt")}, "\\\\S\\D\\one.txt\n"},
+        {{Text("*.txt"), Text("--exclude"), Text("old")}, "\\\\S\\D\\one.txt\n"},
+        {{Text("*.txt"), Text("--exclude=s:Workstation"), Text("--this-computer")},
+         "\\\\HERE\\D\\here.txt\n"},
+        {{Text("--admin-shares"), Text("*min*")}, "\\\\S\\C$\\admin.txt\n"},
+        {{Text("--from"), QString(), Text("*.txt")}, all},
+        {{Text("--from"), Text("net|wg"), Text("*.txt")}, all},
+        {{Text("--from"), Text("Net|WG|\\\\S|"), Text("*.txt")}, all},
+        {{Text("--from"), Text("\\\\S"), Text("*.txt")}, all},
+        {{Text("--from"), Text("//S/D/OLD/"), Text("*.txt")}, "\\\\S\\D\\OLD\\two.txt\n"},
+        {{Text("--"), Text("-x"), Text("one.*")}, "\\\\S\\D\\one.txt\n"},
+    };
+    for (const auto& [arguments, out] : cases) {
+        const Outcome outcome = Run(arguments);
+        EXPECT_EQ(outcome.out.toStdString(), out) << arguments.join(u' ').toStdString();
+        EXPECT_EQ(outcome.err.toStdString(), "");
+        EXPECT_EQ(outcome.status, FindStatus::Found);
+    }
+    EXPECT_EQ(Run({Text("two")}).status, FindStatus::NothingFound) << "no asterisks are added";
+}
+
+TEST_F(Find, StopsAtTheFirstFileAboveTheLimit) {
+    const Outcome cut = Run({Text("--max"), Text("1"), Text("*.txt")});
+    EXPECT_EQ(cut.out, Text("\\\\S\\D\\one.txt\n"));
+    EXPECT_EQ(cut.err, Text("Returned 1 files in 0 seconds. (Max return is set to 1)\n"));
+    EXPECT_EQ(cut.status, FindStatus::Found);
+    const Outcome exact = Run({Text("--max"), Text("2"), Text("*.txt")});
+    EXPECT_EQ(exact.out.count(u'\n'), 2);
+    EXPECT_TRUE(exact.err.isEmpty());
+}
+
+TEST_F(Find, PrintsDetails) {
+    const Outcome outcome = Run({Text("--details"), Text("one*,*.mp3")});
+    EXPECT_EQ(outcome.out.toStdString(),
+              "one.txt\t\\\\S\\D\\\t5000000000\t2020-02-03 04:05:06\tA\t\t\t\n"
+              "song.mp3\t\\\\S\\D\\OLD\\\t0\t2020-02-03 04:05:06\tA\t00:00:00\t0\t0\n");
+}
+
+TEST_F(Find, NamesCantForgeLinesOrColumns) {
+    network.AddFile(Text("\\\\S\\D\\a\nb\tc\r\x1b[2J.bad"));
+    EXPECT_EQ(Run({Text("*.bad")}).out, Text("\\\\S\\D\\a<0A>b\tc<0D>\x1b[2J.bad\n"));
+    EXPECT_EQ(Run({Text("--details"), Text("*.bad")}).out.count(u'\t'), 7);
+    EXPECT_EQ(
+        Escaped(Text("\t\u0085\u2028\u202Egnp\u2069.👨‍👩‍👧"), Escaping::AllControls),
+        Text("<09><85><2028><202E>gnp<2069>.👨‍👩‍👧"));
+}
+
+TEST_F(Find, WrongUseIsTold) {
+    const struct {
+        QStringList arguments;
+        const char* message;
+    } cases[] = {
+        {{}, "no pattern to search for"},
+        {{Text(" , ")}, "no pattern to search for"},
+        {{Text("a,[b")}, "'[b' is no valid pattern ('[' without ']', or a range from high to low)"},
+        {{Text("--bogus"), Text("a")}, "Unknown option 'bogus'"},
+        {{Text("a"), Text("--from")}, "Missing value after '--from'"},
+        {{Text("a"), Text("--max"), Text("0")}, "--max takes a whole number above 0, not '0'"},
+        {{Text("a"), Text("--max=3000000000")},
+         "--max takes a whole number above 0, not '3000000000'"},
+        {{Text("a"), Text("--exclude=T:printer")},
+         "--exclude knows no type 'printer' (folder, workstation, workgroup, network)"},
+        {{Text("a"), Text("--exclude=x|False|y")},
+         "--exclude takes a name, without a path and wildcards, not 'x|False|y'"},
+        {{Text("a"), Text("--exclude= :folder")},
+         "--exclude takes a name, without a path and wildcards, not ''"},
+        {{Text("a"), Text("--from=Net|Other")},
+         "there is no 'Net|Other' on the network; its first level is 'Net'"},
+        {{Text("a"), Text("--from=\\\\S\\\nX")}, "cannot reach '\\\\S\\<0A>X'"},
+        {{Text("a"), Text("--from=\\\\GONE")}, "cannot reach '\\\\GONE'"},
+        {{Text("a"), Text("--from=\\\\UNKNOWN")}, "no network answers for '\\\\UNKNOWN'"},
+        {{Text("a"), Text("--from=\\S\\D")},
+         "'\\S\\D' is no path of a server, share or folder (quote it for the shell: "
+         "'\\\\SERVER\\SHARE')"},
+        {{Text("a"), Text("--log=/nowhere/at/all")}, "cannot write to '/nowhere/at/all'"},
+    };
+    for (const auto& [arguments, message] : cases) {
+        const Outcome outcome = Run(arguments);
+        EXPECT_EQ(outcome.err.toStdString(),
+                  std::string("netrove-find: ") + message +
+                      "\nTry 'netrove-find --help' for more information.\n");
+        EXPECT_TRUE(outcome.out.isEmpty());
+        EXPECT_EQ(outcome.status, FindStatus::Failed);
+    }
+}
+
+TEST_F(Find, HelpNamesEveryOption) {
+    const Outcome help = Run({Text("a"), Text("--help")});
+    EXPECT_EQ(help.status, 0);
+    for (const char* option : {"--from", "--no-recurse", "--exclude", "--admin-shares",
+                               "--this-computer", "--details", "--max", "--log", "--version"})
+        EXPECT_TRUE(help.out.contains(Text(option))) << option;
+    for (const QString& line : help.out.split(u'\n'))
+        EXPECT_LE(line.size(), 80) << line.toStdString();
+    EXPECT_EQ(Run({Text("--version")}).out, Text("netrove-find " NETROVE_VERSION "\n"));
+}
+
+TEST_F(Find, ASignalStopsTheSearch) {
+    SetYieldAlways(true);
+    int looks = 0;
+    network.OnCall = [&looks](const QString& call) {
+        looks += call == Text("list \\\\S\\D\\OLD\\") ? 1 : 0;
+    };
+    signal = [&looks] { return looks > 0 ? SIGINT : 0; };
+    const Outcome outcome = Run({Text("*.txt")});
+    SetYieldAlways(false);
+    EXPECT_EQ(outcome.out, Text("\\\\S\\D\\one.txt\n"));
+    EXPECT_EQ(outcome.err, Text("Aborted, but returned 1 files in 0 seconds.\n"));
+    EXPECT_EQ(outcome.status, 128 + SIGINT);
+
+    signal = [] { return SIGTERM; };
+    EXPECT_EQ(Run({Text("*.txt")}).status, 128 + SIGTERM) << "before the walk has begun";
+}
+
+TEST_F(Find, OutputThatFails) {
+    std::signal(SIGPIPE, SIG_IGN);
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    close(ends[0]);
+    const StreamFile err;
+    EXPECT_EQ(RunOn({Text("*.txt")}, ends[1], err.Descriptor()), FindStatus::Found);
+    close(ends[1]);
+    EXPECT_TRUE(err.Written().isEmpty()) << "a reader that has enough";
+
+    const int full = open("/dev/full", O_WRONLY);
+    ASSERT_GE(full, 0);
+    EXPECT_EQ(RunOn({Text("*.txt")}, full, err.Descriptor()), FindStatus::Failed);
+    EXPECT_TRUE(err.Written().startsWith(Text("netrove-find: cannot write the output: ")));
+    for (const char* option : {"--help", "--version"})
+        EXPECT_EQ(RunOn({Text(option)}, full, err.Descriptor()), FindStatus::Failed);
+    close(full);
+}
+
+TEST_F(Find, ATerminalShowsHowFarItIs) {
+    network.AddFile(Text("\\\\S\\D\\A FOLDER WITH A VERY LONG NAME\\bell\a.txt"));
+    winsize size{.ws_row = 25, .ws_col = 40, .ws_xpixel = 0, .ws_ypixel = 0};
+    int master = -1;
+    int terminal = -1;
+    ASSERT_EQ(openpty(&master, &terminal, nullptr, nullptr, &size), 0);
+    SetYieldAlways(true);
+    EXPECT_EQ(RunOn({Text("bell*")}, terminal, terminal), FindStatus::Found);
+    SetYieldAlways(false);
+    QByteArray bytes(65536, '\0');
+    bytes.resize(read(master, bytes.data(), static_cast<std::size_t>(bytes.size())));
+    close(terminal);
+    close(master);
+    const QString shown = QString::fromUtf8(bytes);
+    EXPECT_TRUE(shown.contains(Text("\\bell<07>.txt\r\n"))) << bytes.constData();
+    EXPECT_TRUE(shown.endsWith(Text("\r\x1b[KReturned 1 files in 0 seconds.\r\n")));
+    const QStringList progress = shown.split(Text("\r\x1b[K"));
+    EXPECT_GT(progress.size(), 2);
+    for (const QString& line : progress) {
+        if (line.contains(Text(" found  ")))
+            EXPECT_LT(line.size(), 40) << line.toStdString();
+    }
+}
+
+} // namespace
+} // namespace netrove
