@@ -9,6 +9,10 @@
 
 namespace netrove {
 
+/// The descriptor at which a helper finds its end of the socket. Standard output isn't used: the
+/// library prints there at times.
+inline constexpr int SmbHelperDescriptor = 3;
+
 /// The first message of both sides. Sides that don't speak the same version part.
 struct SmbHello {
     static constexpr quint32 Version = 1;

@@ -180,6 +180,18 @@ TEST_F(SmbFaultsTest, AComputerThatSaysNothingCostsOneLimit) {
     EXPECT_EQ(proxy.Connections(), 1);
 }
 
+TEST_F(SmbFaultsTest, AServerThatStopsAnsweringCostsTwoLimits) {
+    const auto provider = Provider(samba_->Port(), Limits(&SmbLimits::listing, 300ms),
+                                   ScriptedHelper(Said(SmbHello())));
+    QElapsedTimer time;
+    time.start();
+    EXPECT_EQ(Count(*provider, small_), -1);
+    EXPECT_EQ(Count(*provider, small_), -1);
+    EXPECT_GE(time.restart(), 600);
+    EXPECT_EQ(Count(*provider, small_), -1);
+    EXPECT_LT(time.elapsed(), 300);
+}
+
 TEST_F(SmbFaultsTest, SilenceInTheMiddleOfAListingEndsTheHelper) {
     FaultyProxy proxy(samba_->Port());
     const auto provider = Provider(proxy.Port(), Limits(&SmbLimits::listing, 2000ms));

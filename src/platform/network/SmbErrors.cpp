@@ -17,7 +17,7 @@ ErrorNumber ErrorOfSmbStatus(int status, SmbAction action) {
     case EIO:
     case EINVAL:
         return action == SmbAction::Read ? ErrorNumber::DeviceIOError : ErrorNumber::PathNotFound;
-    default: // a file in the place of a folder, no such share, no way to the server, a failed helper
+    default: // no folder, no such share, no way to the server, a helper that failed
         return ErrorNumber::PathNotFound;
     }
 }

@@ -13,6 +13,10 @@
 namespace netrove {
 namespace {
 
+/// Requests in a row that a server may leave without an answer. One may be a folder that is too
+/// big for the limit.
+constexpr int MaxTimeouts = 2;
+
 QString ServerKey(const SmbRequest& request) {
     return request.host.toLower() + QLatin1Char(':') + QString::number(request.port);
 }
@@ -48,7 +52,7 @@ int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part) {
     if (!worker)
         return ECHILD;
     if (const int status = Reach(*worker, request); status != 0) {
-        dead_.insert(server, {.status = status, .until = Clock::now() + limits_.deadFor});
+        Bury(server, status);
         Keep(QString(), std::move(worker));
         return status;
     }
@@ -61,7 +65,16 @@ int SmbPool::RunOn(std::unique_ptr<SmbWorker> worker, const QString& server,
     const int status =
         worker->Request(request, isListing ? limits_.listing : limits_.request, part);
     Keep(server, std::move(worker));
+    if (status != ETIMEDOUT)
+        timeouts_.remove(server);
+    else if (++timeouts_[server] == MaxTimeouts)
+        Bury(server, status);
     return status;
+}
+
+void SmbPool::Bury(const QString& server, int status) {
+    timeouts_.remove(server);
+    dead_.insert(server, {.status = status, .until = Clock::now() + limits_.deadFor});
 }
 
 std::unique_ptr<SmbWorker> SmbPool::NewWorker() const {

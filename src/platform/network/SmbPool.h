@@ -26,7 +26,7 @@ public:
     /// says why it can't be reached. Blocks, and calls WhileWaiting().
     ///
     /// A server that doesn't take connections, or takes them and doesn't speak SMB, costs one
-    /// short limit and then nothing for a while.
+    /// short limit and then nothing for a while; one that stops answering costs two.
     [[nodiscard]] int Run(const SmbRequest& request, const SmbWorker::Part& part);
 
     /// The processes that wait for work.
@@ -50,6 +50,7 @@ private:
     [[nodiscard]] int Reach(SmbWorker& worker, const SmbRequest& request) const;
     [[nodiscard]] std::unique_ptr<SmbWorker> TakeIdle(const QString& server);
     [[nodiscard]] std::unique_ptr<SmbWorker> NewWorker() const;
+    void Bury(const QString& server, int status);
     void Keep(const QString& server, std::unique_ptr<SmbWorker> worker);
     void DropOld();
 
@@ -57,6 +58,7 @@ private:
     SmbLimits limits_;
     std::vector<Idle> idle_; ///< the longest idle first
     QHash<QString, Dead> dead_;
+    QHash<QString, int> timeouts_; ///< in a row, of servers whose last request had one
 };
 
 } // namespace netrove

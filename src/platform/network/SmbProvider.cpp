@@ -257,8 +257,8 @@ ErrorNumber SmbProvider::ErrorOf(int status, const UncPath& path, SmbAction acti
     bool isFolder = false;
     const auto take = [&](SmbAnswer& part) {
         const auto* some = std::get_if<SmbEntries>(&part);
-        isFolder = some && !some->empty() &&
-                   (some->front().attributes & FileAttribute::Directory) != 0;
+        isFolder =
+            some && !some->empty() && (some->front().attributes & FileAttribute::Directory) != 0;
         return some != nullptr;
     };
     return pool_.Run(above, take) == 0 && isFolder ? ErrorNumber::FileNotFound

@@ -20,16 +20,13 @@ extern char** environ;
 namespace netrove {
 namespace {
 
-/// Where the process finds its end of the socket.
-constexpr int HelperDescriptor = 3;
-
 /// Starts a program that has nothing but an end of the socket and the program's standard error.
 pid_t Spawn(const QByteArray& program, int descriptor) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions, descriptor, HelperDescriptor);
+    posix_spawn_file_actions_adddup2(&actions, descriptor, SmbHelperDescriptor);
     QByteArray name = program;
     const std::array<char*, 2> arguments{name.data(), nullptr};
     pid_t process = -1;

@@ -11,7 +11,7 @@ namespace netrove {
 
 bool Channel::IsThere() {
     struct stat status = {};
-    return fstat(Descriptor, &status) == 0 && S_ISSOCK(status.st_mode);
+    return fstat(SmbHelperDescriptor, &status) == 0 && S_ISSOCK(status.st_mode);
 }
 
 Channel::Event Channel::Receive(SmbQuestion& question, std::chrono::milliseconds limit) {
@@ -25,7 +25,7 @@ Channel::Event Channel::Receive(SmbQuestion& question, std::chrono::milliseconds
         }
         if (frames_.IsBroken())
             return Event::End;
-        pollfd waiting = {.fd = Descriptor, .events = POLLIN, .revents = 0};
+        pollfd waiting = {.fd = SmbHelperDescriptor, .events = POLLIN, .revents = 0};
         const int ready = poll(&waiting, 1, static_cast<int>(limit.count()));
         if (ready == 0)
             return Event::Quiet;
@@ -36,7 +36,7 @@ Channel::Event Channel::Receive(SmbQuestion& question, std::chrono::milliseconds
 
 bool Channel::ReadSome() {
     std::array<char, 4096> buffer; // NOLINT: recv fills it
-    const ssize_t count = recv(Descriptor, buffer.data(), buffer.size(), 0);
+    const ssize_t count = recv(SmbHelperDescriptor, buffer.data(), buffer.size(), 0);
     if (count < 0)
         return errno == EINTR;
     frames_.Append(QByteArrayView(buffer.data(), count));
@@ -47,7 +47,7 @@ bool Channel::Send(const SmbAnswer& answer) {
     const QByteArray frame = Frames::Framed(EncodeAnswer(answer));
     qsizetype sent = 0;
     while (sent < frame.size()) {
-        const ssize_t count = send(Descriptor, frame.constData() + sent,
+        const ssize_t count = send(SmbHelperDescriptor, frame.constData() + sent,
                                    static_cast<std::size_t>(frame.size() - sent), MSG_NOSIGNAL);
         if (count < 0 && errno != EINTR)
             return false;

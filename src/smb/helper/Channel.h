@@ -11,10 +11,6 @@ namespace netrove {
 /// The helper's end of the socket to the program.
 class Channel {
 public:
-    /// The descriptor that the program hands down. Standard output isn't used: the library prints
-    /// there at times.
-    static constexpr int Descriptor = 3;
-
     /// Whether the program has handed down a socket.
     [[nodiscard]] static bool IsThere();
 
