@@ -1,5 +1,6 @@
 #include "controls/ListView.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QScrollBar>
@@ -80,11 +81,14 @@ double AllocatedBytes() {
 }
 
 /// What a row costs: one by one into the list, with the event loop run as a search runs it and
-/// the list painted as it grows.
+/// the list painted as it grows; where the argument is 1, while a screen reader listens.
 void BM_AddRows(benchmark::State& state) {
     const std::vector<RowTexts> rows = MakeRows(FullList);
+    QAccessible::setActive(state.range(0) != 0);
     for (auto _ : state) {
         FilledList list({});
+        if (QAccessible::isActive())
+            QAccessible::queryAccessibleInterface(&list);
         QElapsedTimer sincePass;
         sincePass.start();
         for (const RowTexts& row : rows) {
@@ -100,8 +104,9 @@ void BM_AddRows(benchmark::State& state) {
         state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations() * FullList);
+    QAccessible::setActive(false);
 }
-BENCHMARK(BM_AddRows)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+BENCHMARK(BM_AddRows)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 /// The same at the pace of a search, 5,000 rows a second, on top of as many rows as the argument
 /// says: the window's share of the processor.

@@ -6,7 +6,7 @@
 #include <array>
 #include <stdexcept>
 
-namespace netrove {
+namespace netrove::sample {
 namespace {
 
 using BitRates = std::array<int, 15>;
@@ -184,4 +184,4 @@ QByteArray TagBytes(const AudioTag& tag) {
     return QByteArrayLiteral("ID3\x03\x00\x00") + SyncSafe(frames.size()) + frames;
 }
 
-} // namespace netrove
+} // namespace netrove::sample

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace netrove {
+namespace netrove::sample {
 
 enum class MpegVersion { Mpeg1, Mpeg2, Mpeg25 };
 
@@ -43,4 +43,4 @@ struct AudioTag {
 
 [[nodiscard]] QByteArray TagBytes(const AudioTag& tag);
 
-} // namespace netrove
+} // namespace netrove::sample

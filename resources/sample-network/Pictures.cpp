@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <random>
 
-namespace netrove {
+namespace netrove::sample {
 namespace {
 
 constexpr std::size_t Components = 3; // brightness and two of colour
@@ -91,4 +91,4 @@ QByteArray TilePicture(int tilesAcross, int tilesDown, quint32 number) {
            scan.Finish() + end;
 }
 
-} // namespace netrove
+} // namespace netrove::sample

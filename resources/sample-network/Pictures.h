@@ -2,9 +2,9 @@
 
 #include <QByteArray>
 
-namespace netrove {
+namespace netrove::sample {
 
 /// A JPEG picture of coloured tiles, 8 pixels a side; the same number gives the same picture.
 [[nodiscard]] QByteArray TilePicture(int tilesAcross, int tilesDown, quint32 number);
 
-} // namespace netrove
+} // namespace netrove::sample

@@ -14,7 +14,7 @@
 #include <stdexcept>
 #include <vector>
 
-namespace netrove {
+namespace netrove::sample {
 namespace {
 
 constexpr QLatin1String Mark("/sample-network.ini");
@@ -299,4 +299,4 @@ void MakeSampleTree(const QString& folder) {
     MakeHiddenShares(tree);
 }
 
-} // namespace netrove
+} // namespace netrove::sample

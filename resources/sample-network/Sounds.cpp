@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace netrove {
+namespace netrove::sample {
 namespace {
 
 constexpr quint32 SamplesPerSecond = 8000;
@@ -39,4 +39,4 @@ QByteArray ToneWave(int hertz, int milliseconds) {
     return Chunk("RIFF", "WAVE" + Chunk("fmt ", format) + Chunk("data", data));
 }
 
-} // namespace netrove
+} // namespace netrove::sample

@@ -9,7 +9,7 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     try {
-        netrove::MakeSampleTree(QString::fromLocal8Bit(argv[1]));
+        netrove::sample::MakeSampleTree(QString::fromLocal8Bit(argv[1]));
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "sample_network_maker: %s\n", failure.what());
         return 1;

@@ -24,10 +24,10 @@ QIcon ImageList::Picture(const QString& key) const {
     return index == indexes_.cend() ? QIcon() : Picture(*index);
 }
 
-const QString& ImageList::Key(int index) const {
+QString ImageList::Key(int index) const {
     return At(index).key;
 }
-const QIcon& ImageList::Picture(int index) const {
+QIcon ImageList::Picture(int index) const {
     return At(index).picture;
 }
 

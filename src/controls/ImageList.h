@@ -29,8 +29,8 @@ public:
     [[nodiscard]] QIcon Picture(const QString& key) const;
 
     /// By number, from 1 to Count(). Raise ErrorNumber::SubscriptOutOfRange for any other.
-    [[nodiscard]] const QString& Key(int index) const;
-    [[nodiscard]] const QIcon& Picture(int index) const;
+    [[nodiscard]] QString Key(int index) const;
+    [[nodiscard]] QIcon Picture(int index) const;
 
 private:
     struct KeyedPicture {

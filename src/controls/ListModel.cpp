@@ -18,11 +18,6 @@ std::size_t Place(int number, std::size_t count) {
     return std::size_t(number) - 1;
 }
 
-const QString& NoText() {
-    static const QString none;
-    return none;
-}
-
 } // namespace
 
 int ListModel::AddColumn(const QString& header, Qt::Alignment alignment) {
@@ -32,7 +27,7 @@ int ListModel::AddColumn(const QString& header, Qt::Alignment alignment) {
     return ColumnCount();
 }
 
-const QString& ListModel::HeaderText(int column) const {
+QString ListModel::HeaderText(int column) const {
     return ColumnAt(column).header;
 }
 
@@ -81,10 +76,10 @@ void ListModel::Clear() {
     NoteRestructured();
 }
 
-const QString& ListModel::Text(int row, int column) const {
+QString ListModel::Text(int row, int column) const {
     const std::vector<QString>& texts = RowAt(row).texts;
     const std::size_t place = Place(column, std::max(columns_.size(), std::size_t(1)));
-    return place < texts.size() ? texts[place] : NoText();
+    return place < texts.size() ? texts[place] : QString();
 }
 
 void ListModel::SetText(int row, int column, const QString& text) {
@@ -96,7 +91,7 @@ void ListModel::SetText(int row, int column, const QString& text) {
     NoteChanged(row);
 }
 
-const QString& ListModel::PictureKey(int row) const {
+QString ListModel::PictureKey(int row) const {
     return RowAt(row).pictureKey;
 }
 

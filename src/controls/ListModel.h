@@ -30,7 +30,7 @@ public:
 
     int AddColumn(const QString& header, Qt::Alignment alignment);
     [[nodiscard]] int ColumnCount() const { return int(columns_.size()); }
-    [[nodiscard]] const QString& HeaderText(int column) const;
+    [[nodiscard]] QString HeaderText(int column) const;
     void SetHeaderText(int column, const QString& text);
     [[nodiscard]] Qt::Alignment Alignment(int column) const;
 
@@ -45,9 +45,9 @@ public:
     void Clear();
     [[nodiscard]] int Count() const { return int(rows_.size()); }
 
-    [[nodiscard]] const QString& Text(int row, int column) const;
+    [[nodiscard]] QString Text(int row, int column) const;
     void SetText(int row, int column, const QString& text);
-    [[nodiscard]] const QString& PictureKey(int row) const;
+    [[nodiscard]] QString PictureKey(int row) const;
 
     [[nodiscard]] bool Bold(int row, int column) const;
     void SetBold(int row, int column, bool bold);

@@ -94,7 +94,7 @@ int ListView::Add(const QString& text, const QString& smallIcon) {
     return model_->Add(text, smallIcon);
 }
 
-const QString& ListView::SubItem(int row, int number) const {
+QString ListView::SubItem(int row, int number) const {
     return model_->Text(row, SubItemColumn(number));
 }
 void ListView::SetSubItem(int row, int number, const QString& text) {
@@ -173,7 +173,6 @@ void ListView::Flush() {
     SortIfPending();
     flushTimer_.stop();
     const int rowsBefore = model_->rowCount();
-    const int top = verticalScrollBar()->value();
     switch (model_->Flush()) {
     case ListModel::Flushed::Nothing:
         break;
@@ -182,7 +181,6 @@ void ListView::Flush() {
         break;
     case ListModel::Flushed::Everything:
         executeDelayedItemsLayout();
-        verticalScrollBar()->setValue(top);
         ShowSelection();
         break;
     case ListModel::Flushed::Selection:
@@ -210,6 +208,11 @@ void ListView::doItemsLayout() {
         updateGeometries();
     else
         QTableView::doItemsLayout();
+}
+
+void ListView::selectAll() {
+    Flush();
+    QTableView::selectAll();
 }
 
 bool ListView::event(QEvent* event) {
@@ -422,6 +425,7 @@ void ListView::PaintRow(QPainter& painter, ListPainter& cells, int row, const QR
         QStyleOptionFocusRect frame;
         frame.initFrom(this);
         frame.rect = rowRect;
+        frame.state |= QStyle::State_KeyboardFocusChange; // some styles show none without it
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
     }
 }

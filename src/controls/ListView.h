@@ -48,9 +48,9 @@ public:
     void Clear() { model_->Clear(); }
     [[nodiscard]] int Count() const { return model_->Count(); }
 
-    [[nodiscard]] const QString& Text(int row) const { return model_->Text(row, 1); }
+    [[nodiscard]] QString Text(int row) const { return model_->Text(row, 1); }
     void SetText(int row, const QString& text) { model_->SetText(row, 1, text); }
-    [[nodiscard]] const QString& SubItem(int row, int number) const;
+    [[nodiscard]] QString SubItem(int row, int number) const;
     void SetSubItem(int row, int number, const QString& text);
     [[nodiscard]] QString SmallIcon(int row) const { return model_->PictureKey(row); }
 
@@ -130,6 +130,7 @@ public:
     void scrollTo(const QModelIndex& index,
                   ScrollHint hint = QAbstractItemView::EnsureVisible) override;
     void doItemsLayout() override;
+    void selectAll() override;
 
 protected:
     bool event(QEvent* event) override;

@@ -8,6 +8,8 @@
 #include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStyle>
+#include <QTextDocument>
 #include <QToolTip>
 #include <qdrawutil.h>
 
@@ -174,10 +176,8 @@ void StatusBar::PaintPanel(QPainter& painter, const Panel& panel, const QRect& r
         return;
     const QString shown = fontMetrics().elidedText(panel.text.left(MaxShownText), Qt::ElideRight,
                                                    area.width(), Qt::TextSingleLine);
-    painter.setClipRect(area);
     style()->drawItemText(&painter, area, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
                           palette(), isEnabled(), shown, foregroundRole());
-    painter.setClipping(false);
 }
 
 bool StatusBar::ShowToolTip(const QPoint& position, const QPoint& globalPosition) {

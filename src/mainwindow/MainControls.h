@@ -3,6 +3,7 @@
 #include "controls/ImageList.h"
 #include "controls/ListView.h"
 #include "controls/StatusBar.h"
+#include "mainwindow/windowservices/IconImages.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -21,7 +22,8 @@ namespace netrove {
 /// fixed places. What follows the size of the window is WindowLayout's affair. All of them are
 /// children of the widget that they are made in.
 struct MainControls {
-    explicit MainControls(QWidget& inner);
+    /// `webAddress` is what the link shows.
+    MainControls(QWidget& inner, const QString& webAddress);
     MainControls(const MainControls&) = delete;
     MainControls& operator=(const MainControls&) = delete;
     ~MainControls() = default;
@@ -59,11 +61,19 @@ struct MainControls {
     ImageList imgSysIconsSm;
     ImageList imgSysIconsLg;
 
+    [[nodiscard]] IconSets Icons();
+
 private:
     void MakeTabs(QWidget& inner);
     void MakeInputs(QWidget& inner);
+    void MakeLabels(QWidget& inner, const QString& webAddress);
     void MakeDecoration(QWidget& inner);
     void PlaceInputs();
+    void PlaceSearchText(const QRect& row);
+    void PlaceStartNode(const QRect& row);
+    void PlaceTabs();
+    void PlaceDecoration(const QRect& first, int middle, int right, int tabsTop);
+    [[nodiscard]] int LabelsWidth() const;
     void SetTabOrder() const;
 };
 

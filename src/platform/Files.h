@@ -78,7 +78,8 @@ public:
     [[nodiscard]] virtual qint64 Length(const QString& path) = 0;
     [[nodiscard]] virtual quint32 Attributes(const QString& path) = 0;
 
-    /// At most `length` bytes from `offset` on; fewer at the end of the file. Raises as above.
+    /// At most `length` bytes from `offset` on; fewer at the end of the file. Raises as above, and
+    /// ErrorNumber::DeviceIOError where reading fails in the middle.
     [[nodiscard]] virtual QByteArray Read(const QString& path, qint64 offset, qint64 length) = 0;
 
     /// Where a network path lies in the local file system, if it does.

@@ -1,6 +1,5 @@
 #include "platform/LocalFiles.h"
 
-#include "platform/LocalListing.h"
 #include "platform/TextEncoding.h"
 #include "runtime/RunTimeError.h"
 
@@ -17,6 +16,26 @@ namespace {
 /// The times that a date can hold: the years 1 to 9999.
 constexpr qint64 EarliestSecond = -62'135'596'800;
 constexpr qint64 LatestSecond = 253'402'300'799;
+
+/// How long an answer that is in use may be given again.
+constexpr std::chrono::seconds LongestSharing{1};
+
+class LocalFind : public FileFind {
+public:
+    explicit LocalFind(std::shared_ptr<const LocalListing> listing)
+        : listing_(std::move(listing)) {}
+
+    bool FindNext(FindData& data) override {
+        if (next_ == listing_->Count())
+            return false;
+        listing_->Get(next_++, data);
+        return true;
+    }
+
+private:
+    std::shared_ptr<const LocalListing> listing_;
+    std::size_t next_ = 0;
+};
 
 class FileDescriptor {
 public:
@@ -90,12 +109,26 @@ std::unique_ptr<FileFind> LocalFiles::FindFirst(const QString& searchPath, FindD
 }
 
 std::unique_ptr<FileFind> LocalFiles::List(const QString& folder, FindData& first) {
+    auto listing = Listing(folder);
+    if (!listing)
+        return nullptr;
+    auto find = std::make_unique<LocalFind>(std::move(listing));
+    return find->FindNext(first) ? std::move(find) : nullptr;
+}
+
+std::shared_ptr<const LocalListing> LocalFiles::Listing(const QString& folder) {
+    const auto now = std::chrono::steady_clock::now();
+    if (folder == lastFolder_ && now - lastRead_ <= LongestSharing) {
+        if (auto listing = lastListing_.lock())
+            return listing;
+    }
     // As written first: looking for it before would cost as much again.
     auto listing = LocalListing::Read(BytesOf(folder));
     if (!listing && errno == ENOENT)
         listing = LocalListing::Read(LookUp(folder));
-    if (!listing || !listing->FindNext(first))
-        return nullptr;
+    lastFolder_ = folder;
+    lastListing_ = listing;
+    lastRead_ = now;
     return listing;
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "platform/Files.h"
+#include "platform/LocalListing.h"
 
 #include <QByteArray>
+
+#include <chrono>
 
 namespace netrove {
 
@@ -34,14 +37,20 @@ public:
 
     /// All that is known of a file; a folder has the length 0. Raises as FileAccess.
     [[nodiscard]] FileInfo Info(const QString& path);
-    /// The entries of a folder, given without "*.*"; null as in FindFirst.
+    /// The entries of a folder, given without "*.*"; null as in FindFirst. Asked again for the
+    /// folder that it was asked for last, while that answer is in use and a second old at most, it
+    /// gives the same entries: a search lists each folder twice in a row.
     [[nodiscard]] std::unique_ptr<FileFind> List(const QString& folder, FindData& first);
 
 private:
+    [[nodiscard]] std::shared_ptr<const LocalListing> Listing(const QString& folder);
     [[nodiscard]] QByteArray Existing(const QString& path) const;
     [[nodiscard]] QByteArray LookUp(const QString& path) const;
 
     NameCase nameCase_;
+    QString lastFolder_;
+    std::weak_ptr<const LocalListing> lastListing_;
+    std::chrono::steady_clock::time_point lastRead_;
 };
 
 } // namespace netrove

@@ -100,11 +100,11 @@ private:
 
 } // namespace
 
-std::unique_ptr<LocalListing> LocalListing::Read(const QByteArray& folder) {
+std::shared_ptr<const LocalListing> LocalListing::Read(const QByteArray& folder) {
     const OpenFolder open(opendir(folder.constData()));
     if (!open)
         return nullptr;
-    std::unique_ptr<LocalListing> listing(new LocalListing);
+    const std::shared_ptr<LocalListing> listing(new LocalListing);
     EntryKinds kinds(dirfd(open.get()), folder);
     while (const dirent* entry = readdir(open.get())) {
         const QByteArrayView name(entry->d_name);
@@ -145,17 +145,14 @@ void LocalListing::LeaveOutDoubles() {
     });
 }
 
-bool LocalListing::FindNext(FindData& data) {
-    if (next_ == entries_.size())
-        return false;
-    const Entry& entry = entries_[next_++];
+void LocalListing::Get(std::size_t number, FindData& data) const {
+    const Entry& entry = entries_[number];
     const QByteArrayView name = Name(entry);
     data.attributes = entry.attributes;
     if (IsAscii(name))
         data.fileName = QLatin1String(name); // keeps the text's memory
     else
         data.fileName = FromUtf8OrWindows1252(name);
-    return true;
 }
 
 QByteArray LocalListing::EntryBytes(const QString& text, bool ignoringCase) const {

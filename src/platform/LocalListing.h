@@ -9,22 +9,24 @@
 
 namespace netrove {
 
-/// What a local folder held when it was read. Nothing stays open, so that a walk of any depth
-/// needs no file descriptors.
+/// What a local folder held when it was read; it doesn't change. Nothing stays open, so that a
+/// walk of any depth needs no file descriptors.
 ///
 /// A name that isn't valid UTF-8 is given out as Windows-1252 reads it, and left out where another
 /// entry has that text already; EntryBytes finds the way back. A name with a backslash, which
 /// can't stand in a network path, and a link that leads nowhere are left out. A symbolic link to
 /// a folder is a folder with FileAttribute::ReparsePoint; in a folder that was itself reached
 /// through a link, such a link is no folder, so that no walk goes round for ever.
-class LocalListing : public FileFind {
+class LocalListing {
 public:
     /// Null where the folder can't be read; then errno says why.
-    [[nodiscard]] static std::unique_ptr<LocalListing> Read(const QByteArray& folder);
+    [[nodiscard]] static std::shared_ptr<const LocalListing> Read(const QByteArray& folder);
 
-    /// Whether entries are left, and the attributes and the directory bit only as the listing
-    /// itself brings them: read-only isn't among them.
-    [[nodiscard]] bool FindNext(FindData& data) override;
+    [[nodiscard]] std::size_t Count() const { return entries_.size(); }
+
+    /// Puts an entry, counted from 0, into `data`. Its attributes are those that the listing
+    /// itself brings: read-only isn't among them.
+    void Get(std::size_t number, FindData& data) const;
 
     /// The name on disk of the entry that was given out as `text`, or else of the first one that
     /// differs from it only in case, if `ignoringCase`; empty if there is none.
@@ -44,7 +46,6 @@ private:
 
     QByteArray names_;
     std::vector<Entry> entries_;
-    std::size_t next_ = 0;
     bool hasForeignNames_ = false; ///< some aren't valid UTF-8
 };
 

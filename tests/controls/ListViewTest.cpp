@@ -71,6 +71,15 @@ TEST_F(List, SortsOnceByOneColumn) {
     QLocale::setDefault(before);
 }
 
+TEST_F(List, SortsManyRowsStably) {
+    AddNumbered(500);
+    const std::string before = Names();
+    Sort(2, Qt::DescendingOrder);
+    EXPECT_EQ(Names(), before) << "all texts of the column are equal";
+    Sort(2, Qt::AscendingOrder);
+    EXPECT_EQ(Names(), before);
+}
+
 TEST_F(List, KeepsSelectionAndCurrentRowOnTheirRows) {
     AddRows({"d", "b", "c", "a"});
     Click(1);
@@ -96,6 +105,196 @@ TEST_F(List, KeepsSelectionAndCurrentRowOnTheirRows) {
     list.SetSelected(3, true);
     list.Flush();
     EXPECT_TRUE(list.selectionModel()->isSelected(list.model()->index(2, 0)));
+}
+
+TEST_F(List, RemovesSelectedRowsOneByOne) {
+    AddNumbered(6);
+    for (const int row : {1, 3, 4, 6})
+        list.SetSelected(row, true);
+    list.Flush();
+    while (list.SelectedCount() > 0)
+        list.Remove(list.NextSelected(1));
+    EXPECT_EQ(Names(), "2 5");
+    QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{1, 2}));
+    AddRows({"7"});
+    EXPECT_EQ(list.SelectedCount(), 2);
+    list.selectAll();
+    EXPECT_EQ(list.SelectedCount(), 3);
+    list.Clear();
+    EXPECT_EQ(list.SelectedCount(), 0);
+    list.Refresh();
+    EXPECT_FALSE(list.selectionModel()->hasSelection());
+}
+
+TEST_F(List, MovesByKeyboard) {
+    AddNumbered(100);
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&list, key, modifiers);
+        return list.CurrentRow();
+    };
+    list.Flush();
+    const int page = list.verticalScrollBar()->pageStep();
+    EXPECT_EQ(press(Qt::Key_End), 100);
+    EXPECT_EQ(list.verticalScrollBar()->value(), 100 - page);
+    EXPECT_EQ(press(Qt::Key_Home), 1);
+    EXPECT_EQ(list.verticalScrollBar()->value(), 0);
+    const int paged = press(Qt::Key_PageDown);
+    EXPECT_TRUE(paged == page || paged == page + 1) << paged;
+    EXPECT_EQ(press(Qt::Key_Home), 1);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{1, 2}));
+    press(Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{1, 2}));
+    EXPECT_EQ(press(Qt::Key_Right), 3) << "sideways scrolls";
+
+    // Rows that come in leave what is read where it is.
+    list.EnsureVisible(50);
+    const int top = list.verticalScrollBar()->value();
+    AddNumbered(100);
+    list.Flush();
+    EXPECT_EQ(list.verticalScrollBar()->value(), top);
+    Sort(1, Qt::DescendingOrder);
+    list.Flush();
+    EXPECT_EQ(list.verticalScrollBar()->value(), top);
+}
+
+TEST_F(List, FindsRowsByTheirFirstLetters) {
+    AddRows({"alpha", "beta", "Bravo", "gamma"});
+    for (int row = 1; row <= 4; ++row)
+        list.SetSubItem(row, 1, Text("second"));
+    list.Flush();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualRect(list.model()->index(3, 1)).center());
+    ASSERT_EQ(list.CurrentRow(), 4);
+    QTest::keyClicks(&list, Text("br"));
+    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{3}));
+    EXPECT_EQ(list.CurrentRow(), 3);
+}
+
+TEST_F(List, RaisesTheUsersActions) {
+    QStringList raised;
+    QPoint menuPlace;
+    const auto note = [&raised](const char* what) {
+        return [&raised, what] { raised.append(Text(what)); };
+    };
+    QObject::connect(&list, &ListView::EnterPressed, &list, note("Enter"));
+    QObject::connect(&list, &ListView::DeletePressed, &list, note("Delete"));
+    QObject::connect(&list, &ListView::GotFocus, &list, note("Got"));
+    QObject::connect(&list, &ListView::LostFocus, &list, note("Lost"));
+    QObject::connect(&list, &ListView::RowDoubleClick, &list,
+                     [&raised](int row) { raised.append(QString::number(row)); });
+    QObject::connect(&list, &ListView::RightButtonDown, &list, [&](const QPoint& place) {
+        raised.append(Text("Right"));
+        menuPlace = place;
+    });
+    AddRows({"a", "b"});
+    QTest::keyClick(&list, Qt::Key_Return);
+    QTest::keyClick(&list, Qt::Key_Enter, Qt::KeypadModifier);
+    QTest::keyClick(&list, Qt::Key_Delete);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, On(2));
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, QPoint(20, 200)); // below the rows
+    EXPECT_EQ(raised.join(u' ').toStdString(), "Enter Enter Delete 2");
+
+    raised.clear();
+    QTest::mousePress(list.viewport(), Qt::RightButton, {}, On(1));
+    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{1})) << "the menu is about the row clicked";
+    QTest::mouseRelease(list.viewport(), Qt::RightButton, {}, On(1));
+    EXPECT_EQ(list.viewport()->mapFromGlobal(menuPlace), On(1));
+    QTest::mouseClick(list.viewport(), Qt::RightButton, {}, QPoint(20, 200));
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(list.viewport(), &key);
+    EXPECT_EQ(list.indexAt(list.viewport()->mapFromGlobal(menuPlace) - QPoint(-5, 1)).row(), 0);
+    list.clearFocus();
+    EXPECT_EQ(raised.join(u' ').toStdString(), "Right Right Right Lost");
+}
+
+/// The colours in a row's strip of the screen, as many pixels each.
+QHash<QRgb, int> ColorsIn(ListView& list, int row) {
+    list.Refresh();
+    const QRect strip = list.visualRect(list.model()->index(row - 1, 0));
+    const QImage image = list.viewport()->grab(strip).toImage();
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            ++counts[image.pixel(x, y)];
+    }
+    return counts;
+}
+
+TEST_F(List, IsReadableOnItsBackground) {
+    // A dark desktop: white on dark.
+    const QPalette before = QApplication::palette();
+    QPalette dark = before;
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::Text, Qt::white);
+    QApplication::setPalette(dark);
+    AddRows({"WWWWWWWW", "WWWWWWWW", "WWWWWWWW"});
+    EXPECT_GT(ColorsIn(list, 1).value(qRgb(255, 255, 255)), 10);
+
+    const QColor back(0xD5, 0xEA, 0xEA);
+    list.SetBackColor(back);
+    list.SetForeColor(2, QColor(255, 0, 0));
+    list.SetSelected(3, true);
+    EXPECT_GT(ColorsIn(list, 1).value(back.rgb()), 100);
+    EXPECT_GT(ColorsIn(list, 1).value(qRgb(0, 0, 0)), 10);
+    EXPECT_GT(ColorsIn(list, 2).value(qRgb(255, 0, 0)), 10);
+    EXPECT_EQ(ColorsIn(list, 3).value(back.rgb()), 0);
+    EXPECT_GT(ColorsIn(list, 3).value(qRgb(255, 255, 255)), 10);
+
+    list.SetBold(1, true);
+    const int bold = ColorsIn(list, 1).value(qRgb(0, 0, 0));
+    list.SetBold(1, false);
+    EXPECT_GT(bold, ColorsIn(list, 1).value(qRgb(0, 0, 0)));
+
+    list.SetBackColor(QColor());
+    EXPECT_EQ(ColorsIn(list, 1).value(back.rgb()), 0);
+    QApplication::setPalette(before);
+}
+
+TEST_F(List, ShowsPicturesByKey) {
+    ImageList images(16);
+    QPixmap picture(16, 16);
+    picture.fill(Qt::magenta);
+    images.Add(Text("K1"), picture);
+    list.SetSmallIcons(&images);
+    list.Add(Text("a"), Text("K1"));
+    list.Add(Text("b"), Text("k1"));
+    EXPECT_EQ(ColorsIn(list, 1).value(qRgb(255, 0, 255)), 256);
+    EXPECT_EQ(ColorsIn(list, 2).value(qRgb(255, 0, 255)), 0) << "keys are exact";
+    list.SetSmallIcons(nullptr);
+    EXPECT_EQ(ColorsIn(list, 1).value(qRgb(255, 0, 255)), 0);
+
+    EXPECT_EQ(Raised([&images] { images.Add(Text("K1"), QIcon()); }),
+              int(ErrorNumber::KeyNotUnique));
+    images.Add(Text("k1"), QIcon());
+    EXPECT_EQ(images.Key(2), Text("k1"));
+    EXPECT_EQ(Raised([&images] { (void)images.Picture(3); }),
+              int(ErrorNumber::SubscriptOutOfRange));
+    images.Clear();
+    EXPECT_EQ(images.Count(), 0);
+    EXPECT_FALSE(images.Contains(Text("K1")));
+}
+
+TEST_F(List, CanBeReadByAssistiveTools) {
+    QAccessible::setActive(true);
+    QAccessibleInterface* view = QAccessible::queryAccessibleInterface(&list);
+    ASSERT_NE(view, nullptr);
+    AddRows({"a", "b"});
+    list.Flush();
+    QAccessibleTableInterface* table = view->tableInterface();
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->rowCount(), 2);
+    EXPECT_EQ(table->cellAt(1, 0)->text(QAccessible::Name), Text("b"));
+    EXPECT_EQ(table->columnDescription(0), Text("A"));
+    list.Remove(1);
+    list.Flush();
+    EXPECT_EQ(table->cellAt(0, 0)->text(QAccessible::Name), Text("b"));
+    EXPECT_EQ(table->cellAt(1, 0), nullptr);
+    list.SetSelected(1, true);
+    list.Flush();
+    EXPECT_EQ(table->selectedRows(), QList<int>{0});
+    QAccessible::setActive(false);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <QHelpEvent>
 #include <QPaintEvent>
 #include <QSizeGrip>
+#include <QTextDocument>
 #include <QToolTip>
 #include <gtest/gtest.h>
 

@@ -39,7 +39,7 @@ def caption(program, beginning):
 
 
 def start_search(desktop, program, pattern):
-    desktop.click(*program.centre(program.find("combo box", "Search For")))
+    desktop.click(*program.centre(program.find("combo box", "")))
     desktop.keys("ctrl+a")
     desktop.type(pattern)
     desktop.keys("Return")

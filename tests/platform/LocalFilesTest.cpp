@@ -66,6 +66,19 @@ TEST_F(LocalFilesTest, ListsAFolderWithItsKinds) {
     EXPECT_FALSE(files_.FindFirst(tree_.Path(), data)) << "without *.*";
 }
 
+TEST_F(LocalFilesTest, GivesTheSameEntriesAgainOnlyWhileTheyAreInUse) {
+    tree_.File("one");
+    const QString all = tree_.Path() + QLatin1String("/*.*");
+    FindData data;
+    auto outer = files_.FindFirst(all, data);
+    ASSERT_TRUE(outer);
+    const QStringList before = Entries();
+    tree_.File("two");
+    EXPECT_EQ(Entries(), before);
+    outer.reset();
+    EXPECT_EQ(Entries().size(), 2);
+}
+
 TEST_F(LocalFilesTest, ReachesEveryNameThatItGivesOut) {
     const QList<QByteArray> names = {"plain",
                                      "\xEF\xBB\xBF"

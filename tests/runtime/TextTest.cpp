@@ -35,6 +35,8 @@ TEST(Text, ComparesByLocaleWithoutCase) {
         const int reverse = CompareText(right, left);
         EXPECT_EQ((reverse > 0) - (reverse < 0), -sign) << what;
         EXPECT_EQ(EqualText(left, right), sign == 0) << what;
+        const int byKey = TextSortKey(left).Compare(TextSortKey(right));
+        EXPECT_EQ((byKey > 0) - (byKey < 0), sign) << what;
     }
     QLocale::setDefault(before);
 }

@@ -29,8 +29,8 @@ struct IconSets {
 
 /// What AddIconItem found out about a file, and the row that it made.
 struct IconItem {
-    QString extension;
-    QString typeName;
+    QString extension = {};
+    QString typeName = {};
     int row = 0;
 };
 

@@ -45,7 +45,7 @@ public:
     [[nodiscard]] virtual bool CanEnter(const UncPath& path) = 0;
     /// Raises ErrorNumber::FileNotFound, PathNotFound or PermissionDenied.
     [[nodiscard]] virtual FileInfo Info(const UncPath& path) = 0;
-    /// Raises as Info.
+    /// Raises as Info, and ErrorNumber::DeviceIOError where the server fails in the middle.
     [[nodiscard]] virtual QByteArray Read(const UncPath& path, qint64 offset, qint64 length) = 0;
     [[nodiscard]] virtual std::optional<QString> LocalPath(const UncPath& path) = 0;
 

@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 constexpr auto SharesLifetime = 5s;
 
 /// Entries of one folder that a server may have, before it counts as one that never ends.
-constexpr std::size_t MaxFolderEntries = 4'000'000;
+constexpr std::size_t MaxFolderEntries = 2'000'000;
 constexpr std::size_t MaxShares = 10'000;
 
 /// Bytes of one request of a read: each has its own limit of time.
@@ -248,15 +248,21 @@ SmbEntry SmbProvider::FetchInfo(const UncPath& path) {
 /// What isn't there may be the file or the folder: the server says the same for both, and is
 /// asked again.
 ErrorNumber SmbProvider::ErrorOf(int status, const UncPath& path, SmbAction action) {
-    const qsizetype depth = path.Elements().size();
-    if (status != ENOENT || depth == 1)
+    if (status != ENOENT)
         return ErrorOfSmbStatus(status, action);
-    if (depth == 0)
+    if (path.Elements().isEmpty())
         return ErrorNumber::PathNotFound;
-    SmbRequest folder = Request(SmbRequest::Kind::Stat, path);
-    folder.path = path.Elements().mid(0, depth - 1).join(QLatin1Char('/'));
-    const bool isThere = pool_.Run(folder, [](SmbAnswer&) { return true; }) == 0;
-    return isThere ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound;
+    SmbRequest above = Request(SmbRequest::Kind::Stat, path);
+    above.path = path.Elements().mid(0, path.Elements().size() - 1).join(QLatin1Char('/'));
+    bool isFolder = false;
+    const auto take = [&](SmbAnswer& part) {
+        const auto* some = std::get_if<SmbEntries>(&part);
+        isFolder = some && !some->empty() &&
+                   (some->front().attributes & FileAttribute::Directory) != 0;
+        return some != nullptr;
+    };
+    return pool_.Run(above, take) == 0 && isFolder ? ErrorNumber::FileNotFound
+                                                   : ErrorNumber::PathNotFound;
 }
 
 QByteArray SmbProvider::Read(const UncPath& path, qint64 offset, qint64 length) {

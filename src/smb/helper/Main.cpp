@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 int main() {
@@ -21,6 +22,9 @@ int main() {
     }
     // The helper never outlives the program, even where that is killed in the middle of a call.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
+    // A folder without end must not take the machine's memory: the library holds all of it.
+    const rlimit memory{NETROVE_SMB_MEMORY, NETROVE_SMB_MEMORY};
+    setrlimit(RLIMIT_DATA, &memory);
     std::signal(SIGPIPE, SIG_IGN);
     SmbClient client;
     if (!client.IsReady())

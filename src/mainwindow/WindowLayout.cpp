@@ -1,0 +1,82 @@
+#include "mainwindow/WindowLayout.h"
+
+#include "controls/Twips.h"
+#include "runtime/Yield.h"
+
+namespace netrove {
+namespace {
+
+void SetWidth(QWidget& widget, int twips) {
+    widget.resize(ToPixels(twips), widget.height());
+}
+
+void SetHeight(QWidget& widget, int twips) {
+    widget.resize(widget.width(), ToPixels(twips));
+}
+
+/// Moves the right end of a horizontal line.
+void SetRightEnd(QWidget& line, int twips) {
+    line.resize(ToPixels(twips) - line.x(), line.height());
+}
+
+} // namespace
+
+void WindowLayout::Form_Resize() {
+    const int pass = ++passes_;
+    EnforceMinimumSize();
+    const QSize inner = window_.centralWidget()->size();
+    // A yield may let the window be resized again; what that pass has laid out is newer.
+    Yield();
+    if (pass != passes_)
+        return;
+    ResizeWidths(ToTwips(inner.width()));
+    Yield();
+    if (pass != passes_)
+        return;
+    ResizeHeights(ToTwips(inner.height()));
+    EnforceMinimumSize();
+    window_.update();
+}
+
+/// The window system keeps the window from going below its minimum size, which it counts without
+/// the frame.
+void WindowLayout::EnforceMinimumSize() {
+    if (window_.isMinimized())
+        return;
+    const QSize frame = window_.frameGeometry().size() - window_.size();
+    window_.setMinimumSize(ToPixels(MinFormWidth) - frame.width(),
+                           ToPixels(MinFormHeight) - frame.height());
+}
+
+void WindowLayout::ResizeWidths(int innerWidth) {
+    const int tabsWidth = innerWidth - 150;
+    SetWidth(*controls_.SSTab1, tabsWidth);
+    SetWidth(*controls_.picListHolder, tabsWidth);
+    for (QWidget* control : {static_cast<QWidget*>(controls_.lvwResults),
+                             static_cast<QWidget*>(controls_.lvwDownloads),
+                             static_cast<QWidget*>(controls_.RetFileLbl),
+                             static_cast<QWidget*>(controls_.DownloadLbl)})
+        SetWidth(*control, tabsWidth - 120);
+    SetRightEnd(*controls_.Line1, innerWidth);
+    SetRightEnd(*controls_.Lne[3], innerWidth);
+}
+
+void WindowLayout::ResizeHeights(int innerHeight) {
+    const int tabsHeight = innerHeight - 1675;
+    SetHeight(*controls_.SSTab1, tabsHeight);
+    SetHeight(*controls_.picListHolder, tabsHeight);
+    controls_.picListHolder->update();
+    SetHeight(*controls_.lvwResults, tabsHeight - 640);
+    SetHeight(*controls_.lvwDownloads, tabsHeight - 640);
+    const int captionTop = controls_.lvwResults->geometry().bottom() + 1 + ToPixels(15);
+    controls_.RetFileLbl->move(controls_.RetFileLbl->x(), captionTop);
+    controls_.DownloadLbl->move(controls_.DownloadLbl->x(), captionTop);
+
+    StatusBar& status = *controls_.stbStatus;
+    const int innerWidth = ToTwips(window_.centralWidget()->width());
+    status.SetMinWidth(2, innerWidth - 45 - status.MinWidth(1) - status.MinWidth(3));
+    status.setGeometry(0, ToPixels(innerHeight) - status.height(), window_.centralWidget()->width(),
+                       status.height());
+}
+
+} // namespace netrove

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "mainwindow/MainControls.h"
+
+#include <QMainWindow>
+
+namespace netrove {
+
+/// What of the main window follows its size: the tabs, the lists in them, the captions below the
+/// lists, the middle panel of the status bar.
+class WindowLayout {
+public:
+    /// Smallest outer size of the window, in twips.
+    static constexpr int MinFormWidth = 11010;
+    static constexpr int MinFormHeight = 6975;
+
+    WindowLayout(QMainWindow& window, MainControls& controls)
+        : window_(window), controls_(controls) {}
+
+    /// To be called whenever the window's size has changed. Yields twice.
+    void Form_Resize();
+
+private:
+    void EnforceMinimumSize();
+    void ResizeWidths(int innerWidth);
+    void ResizeHeights(int innerHeight);
+
+    QMainWindow& window_;
+    MainControls& controls_;
+    int passes_ = 0;
+};
+
+} // namespace netrove

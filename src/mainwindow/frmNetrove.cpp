@@ -1,0 +1,296 @@
+#include "mainwindow/frmNetrove.h"
+
+#include "controls/Color.h"
+#include "controls/Twips.h"
+#include "mainwindow/services/NetworkNodes.h"
+#include "mainwindow/services/WinVer.h"
+#include "mainwindow/windowservices/WindowGeometry.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+#include "skins/StandardFrame.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QShortcut>
+
+namespace netrove {
+namespace {
+
+/// Background of lists without a colour of their own; red in the low byte.
+constexpr quint32 White = 0xFFFFFF;
+
+QString Text(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+QWidget* InnerWidget(QMainWindow& window) {
+    auto* inner = new QWidget(&window);
+    window.setCentralWidget(inner);
+    return inner;
+}
+
+} // namespace
+
+frmNetrove::frmNetrove(const ProgramServices& services)
+    : services_(services)
+    , inner_(InnerWidget(*this))
+    , controls_(*inner_, services.webAddress)
+    , menu_(MakeMenu())
+    , layout_(*this, controls_)
+    , icons_(services.fileTypes, services.systemIcon)
+    , shell_(services.shell, services.dialogs)
+    , rows_({*controls_.lvwResults, *controls_.RetFileLbl, *controls_.stbStatus, controls_.Icons()},
+            state_, settings_, services.files, icons_)
+    , run_({*this, *controls_.LstSearchFor, *controls_.chkRecurse, *controls_.RetFileLbl,
+            *controls_.stbStatus, *controls_.SSTab1, *controls_.cmdAbandon, *controls_.lvwResults,
+            *controls_.lvwDownloads, controls_.Icons()},
+           MakeJobControls(),
+           {{services.files, settings_, exclusions_, log_}, exclusions_, services.dialogs}, state_,
+           rows_) {
+    setObjectName(Text("frmNetrove"));
+    setWindowTitle(Text("Netrove"));
+    ConnectControls();
+    ConnectReturnKey();
+}
+
+void frmNetrove::ConnectControls() {
+    connect(controls_.cmdStartSearch, &QPushButton::clicked, this,
+            [this] { run_.cmdStartSearch_Click(); });
+    connect(controls_.cmdAbandon, &QPushButton::clicked, this, [this] { run_.cmdAbandon_Click(); });
+    connect(controls_.SSTab1, &QTabWidget::tabBarClicked, this, [this] {
+        controls_.picListHolder->update();
+        controls_.stbStatus->update();
+    });
+    controls_.HyperLbl->installEventFilter(this);
+    controls_.cmdAbandon->setEnabled(false);
+    // What these three open isn't there yet.
+    controls_.cmdSetSearchStart->setEnabled(false);
+    controls_.cmdInpNetNode->setEnabled(false);
+    controls_.cmdClearLst->setEnabled(false);
+}
+
+MainMenu* frmNetrove::MakeMenu() {
+    auto* menu = new MainMenu(*menuBar(), *this);
+    menu->Connect(Text("mnuExit1"), this, [this] { close(); });
+    menu->Connect(Text("mnuCont"), this, [this] { OpenHelp(); });
+    menu->Connect(Text("mnuTBS"), this, [this] { shell_.ShellRun(services_.webAddress); });
+    menu->Connect(Text("mnuSkin(0)"), this, [this] { ApplySkin(0); });
+    return menu;
+}
+
+JobControls frmNetrove::MakeJobControls() {
+    return {.fileItems =
+                menu_->WithWork({Text("mnuSaveResFile"), Text("mnuLoadResFile"), Text("mnuOpts")}),
+            .helpItems = menu_->WithWork({Text("mnuHelp"), Text("mnuCont"), Text("UpdateMnu"),
+                                          Text("mnuDonate"), Text("mnuAbout1")}),
+            .filesPicture = controls_.imgFiles[0],
+            .busyPicture = controls_.imgFiles[1],
+            .inputs = {controls_.LstSearchFor, controls_.chkRecurse, controls_.cmdStartSearch},
+            .cmdAbandon = controls_.cmdAbandon};
+}
+
+/// The search button is the default button, except while one of the lists has the focus.
+void frmNetrove::ConnectReturnKey() {
+    controls_.cmdStartSearch->setDefault(true);
+    std::vector<QShortcut*> keys;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* shortcut = new QShortcut(QKeySequence(key), this);
+        connect(shortcut, &QShortcut::activated, this, [this] { PressDefaultButton(); });
+        keys.push_back(shortcut);
+    }
+    for (ListView* list : {controls_.lvwResults, controls_.lvwDownloads}) {
+        const auto setDefault = [this, keys](bool isDefault) {
+            controls_.cmdStartSearch->setDefault(isDefault);
+            for (QShortcut* key : keys)
+                key->setEnabled(isDefault);
+        };
+        connect(list, &ListView::GotFocus, this, [setDefault] { setDefault(false); });
+        connect(list, &ListView::LostFocus, this, [setDefault] { setDefault(true); });
+    }
+}
+
+/// Enter presses the button that has the focus, else the search button.
+void frmNetrove::PressDefaultButton() {
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    if (!button || !button->isEnabled())
+        button = controls_.cmdStartSearch;
+    button->click();
+}
+
+void frmNetrove::Form_Load() {
+    state_.SearchStartNode = std::make_shared<NetResource>(services_.network);
+    std::optional<RunTimeError> failure;
+    try {
+        LoadSteps();
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    show();
+    if (failure)
+        services_.dialogs.Failure(failure->Number(), failure->Description(),
+                                  Text("frmNetrove.Form_Load Error"));
+}
+
+void frmNetrove::LoadSteps() {
+    hide();
+    HelpFile = services_.applicationFolder + QDir::separator() + Text("Help") + QDir::separator() +
+               Text("Netrove.html");
+    ReadSystem();
+    frame_ = std::make_unique<StandardFrame>();
+    ApplySkin(0);
+    ChooseStartNode();
+    settings_.ResultsBackColor = 0xEAEAD5;
+    settings_.DownloadsBackColor = 0xBFFFFF;
+    state_.AbandonFlag = false;
+    state_.FilesFound = 0;
+    settings_.MaxConcurrentDownloads = 5;
+    ApplySettings();
+    log_.Open(services_.applicationFolder + QDir::separator() + Text("Netrove.log"));
+    controls_.SSTab1->setCurrentIndex(0);
+}
+
+void frmNetrove::ReadSystem() {
+    const OSInfo info = GetOSInfo(services_.system);
+    IsWinXP = info.IsXP;
+    IsWinNT = info.IsNT;
+    OSVersion = info.Version;
+    OSName = UpperCase(info.Name);
+    menu_->Item(Text("mnuSep9"))->setVisible(IsWinNT);
+    menu_->Item(Text("mnuTheWkGP"))->setVisible(IsWinNT);
+    CurrentUser = CutAtZero(GetUserNameText(services_.system));
+}
+
+void frmNetrove::ChooseStartNode() {
+    if (!IsWinXP) {
+        controls_.txtSearchStart->setText(Text("[Root]"));
+        return;
+    }
+    const QString provider = Text("Microsoft Windows Network");
+    NetResource root(services_.network);
+    state_.SearchStartNode = root.Children()->Item(provider);
+    if (!state_.SearchStartNode)
+        throw RunTimeError(ErrorNumber::ObjectNotSet);
+    controls_.txtSearchStart->setText(provider);
+}
+
+void frmNetrove::ApplySkin(int index) {
+    for (int skin = 0; skin <= 5; ++skin) {
+        QAction* item = menu_->Item(Text("mnuSkin(") + QString::number(skin) + u')');
+        item->setCheckable(true);
+        item->setChecked(skin == index);
+    }
+    settings_.SkinIndex = index;
+    frame_->Detach();
+    layout_.Form_Resize();
+}
+
+/// Puts those settings into the controls that show in them.
+void frmNetrove::ApplySettings() {
+    settings_.CurrentComputerName = ComputerUNCName(services_.system);
+    run_.SetSizeHeaders();
+    const bool colored = settings_.ColorsState == 1;
+    controls_.lvwResults->SetBackColor(ToColor(colored ? settings_.ResultsBackColor : White));
+    controls_.lvwDownloads->SetBackColor(ToColor(colored ? settings_.DownloadsBackColor : White));
+    for (ListView* list : {controls_.lvwResults, controls_.lvwDownloads})
+        list->SetGridLines(settings_.GridsState == 1);
+    PlaceWindow();
+}
+
+/// In the middle of the screen, in the smallest size.
+void frmNetrove::PlaceWindow() {
+    resize(ToPixels(WindowLayout::MinFormWidth), ToPixels(WindowLayout::MinFormHeight));
+    const QRect screenArea = screen()->availableGeometry();
+    move(screenArea.x() + (screenArea.width() - width()) / 2,
+         screenArea.y() + (screenArea.height() - height()) / 2);
+}
+
+void frmNetrove::closeEvent(QCloseEvent* event) {
+    if (Form_QueryUnload()) {
+        Form_Unload();
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+/// Whether the window may close. A search is asked to stop; the user closes again when it has.
+bool frmNetrove::Form_QueryUnload() {
+    if (state_.SearchEvt)
+        state_.SearchEvt->Abandon();
+    if (controls_.cmdStartSearch->isEnabled())
+        return true;
+    services_.dialogs.Message(MessageIcon::Exclamation,
+                              Text("Wait until the program reaches a stopping point."),
+                              Text("Search In Progress"));
+    return false;
+}
+
+void frmNetrove::Form_Unload() {
+    hide();
+    log_.Close();
+    if (state_.SearchEvt)
+        state_.SearchEvt->Abandon();
+    if (frame_)
+        frame_->Detach();
+    state_.SearchEvt.reset();
+    state_.SearchStartNode.reset();
+    frame_.reset();
+    controls_.imgSysIconsSm.Clear();
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window != this && window->isWindow() && window->isVisible())
+            window->close();
+    }
+}
+
+void frmNetrove::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    layout_.Form_Resize();
+}
+
+void frmNetrove::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    // The size of the frame is known only now.
+    layout_.Form_Resize();
+}
+
+void frmNetrove::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1)
+        OpenHelp();
+    else
+        QMainWindow::keyPressEvent(event);
+}
+
+void frmNetrove::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        update();
+}
+
+bool frmNetrove::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == controls_.HyperLbl && event->type() == QEvent::MouseButtonPress &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+        HyperLbl_MouseDown();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmNetrove::OpenHelp() {
+    shell_.ShellRun(HelpFile);
+}
+
+void frmNetrove::HyperLbl_MouseDown() {
+    try {
+        QPalette palette = controls_.HyperLbl->palette();
+        palette.setColor(QPalette::WindowText, Qt::red);
+        controls_.HyperLbl->setPalette(palette);
+        shell_.ShellRun(services_.webAddress);
+        unsetCursor();
+    } catch (...) {
+        const RunTimeError error = CurrentFailure();
+        services_.dialogs.Failure(error.Number(), error.Description(), Text("Error in Hyperlink"));
+    }
+}
+
+} // namespace netrove

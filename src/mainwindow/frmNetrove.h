@@ -1,0 +1,88 @@
+#pragma once
+
+#include "mainwindow/MainControls.h"
+#include "mainwindow/MainMenu.h"
+#include "mainwindow/ProgramServices.h"
+#include "mainwindow/WindowLayout.h"
+#include "mainwindow/services/ShellServices.h"
+#include "search/ExclusionLists.h"
+#include "search/Settings.h"
+#include "search/TroubleshootingLog.h"
+#include "searchrun/ResultRows.h"
+#include "searchrun/SearchRun.h"
+#include "searchrun/SearchState.h"
+#include "skins/NCSizeModifier.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+namespace netrove {
+
+/// The main window: makes the controls, connects them with the classes that hold the rules, and
+/// follows the order of its start and its end.
+class frmNetrove : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit frmNetrove(const ProgramServices& services);
+    ~frmNetrove() override = default;
+
+    /// The start: to be called once, before the event loop. Shows the window also where a step
+    /// has failed.
+    void Form_Load();
+
+    [[nodiscard]] Settings& ProgramSettings() { return settings_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    [[nodiscard]] MainMenu* MakeMenu();
+    void ConnectControls();
+    void ConnectReturnKey();
+    [[nodiscard]] JobControls MakeJobControls();
+    void PressDefaultButton();
+
+    void LoadSteps();
+    void ReadSystem();
+    void ChooseStartNode();
+    void ApplySkin(int index);
+    void ApplySettings();
+    void PlaceWindow();
+    [[nodiscard]] bool Form_QueryUnload();
+    void Form_Unload();
+
+    void OpenHelp();
+    void HyperLbl_MouseDown();
+
+    ProgramServices services_;
+    Settings settings_;
+    ExclusionLists exclusions_;
+    TroubleshootingLog log_{settings_};
+    SearchState state_;
+
+    QWidget* inner_;
+    MainControls controls_;
+    MainMenu* menu_;
+    WindowLayout layout_;
+    IconImages icons_;
+    ShellServices shell_;
+    ResultRows rows_;
+    SearchRun run_;
+
+    std::unique_ptr<NCSizeModifier> frame_;
+    QString HelpFile;
+    QString OSName;
+    QString OSVersion;
+    QString CurrentUser;
+    bool IsWinNT = false;
+    bool IsWinXP = false;
+};
+
+} // namespace netrove

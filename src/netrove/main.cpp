@@ -1,0 +1,46 @@
+#include "mainwindow/frmNetrove.h"
+#include "mainwindow/windowservices/PredefinedIcons.h"
+#include "platform/ApplicationFolder.h"
+#include "platform/InstanceMarker.h"
+#include "platform/LinuxSystemInformation.h"
+#include "platform/desktop/DesktopApplication.h"
+#include "platform/desktop/DesktopDialogs.h"
+#include "platform/desktop/DesktopFileTypes.h"
+#include "platform/desktop/DesktopShell.h"
+#include "platform/desktop/WindowYield.h"
+#include "platform/network/OpenNetwork.h"
+
+int main(int argc, char** argv) {
+    const netrove::DesktopApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("netrove"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Netrove"));
+    QApplication::setApplicationVersion(QStringLiteral(NETROVE_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("netrove"));
+    QApplication::setWindowIcon(netrove::ProgramIcon());
+
+    const netrove::InstanceMarker marker;
+    const netrove::WindowYield yield;
+    const QString folder = netrove::ApplicationFolder();
+    const netrove::OpenedNetwork opened = netrove::OpenNetwork(folder);
+    netrove::DesktopDialogs dialogs;
+    netrove::DesktopShell shell(*opened.network);
+    netrove::DesktopFileTypes fileTypes;
+    netrove::LinuxSystemInformation system;
+
+    netrove::frmNetrove window({.network = *opened.network,
+                                .files = *opened.network,
+                                .dialogs = dialogs,
+                                .shell = shell,
+                                .fileTypes = fileTypes,
+                                .systemIcon = [&](int index) { return fileTypes.Icon(index); },
+                                .system = system,
+                                .applicationFolder = folder,
+                                .webAddress = QStringLiteral(NETROVE_WEB_ADDRESS)});
+    dialogs.SetParent(&window);
+    window.Form_Load();
+    if (!opened.problems.isEmpty())
+        dialogs.Message(netrove::MessageIcon::Exclamation,
+                        opened.problems.join(QStringLiteral("\r\n")),
+                        QStringLiteral("Network Configuration"));
+    return QApplication::exec();
+}

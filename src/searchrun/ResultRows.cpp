@@ -1,0 +1,62 @@
+#include "searchrun/ResultRows.h"
+
+#include "controls/Twips.h"
+#include "mainwindow/services/CompactPath.h"
+#include "mainwindow/windowservices/WindowGeometry.h"
+#include "runtime/Text.h"
+#include "runtime/Yield.h"
+
+namespace netrove {
+namespace {
+
+/// Twips of the status bar's middle panel that are taken off for its borders.
+constexpr int PanelBorders = 100;
+
+} // namespace
+
+void ResultRows::SearchEvt_ItemFound(const QString& netPath) {
+    const FileDetails details(netPath, files_, settings_);
+    if (Trim(details.Folder).isEmpty())
+        return;
+    ++state_.FilesFound;
+    if (state_.FilesFound > settings_.MaxReturnFiles) {
+        --state_.FilesFound;
+        if (state_.SearchEvt)
+            state_.SearchEvt->Abandon();
+        return;
+    }
+    const IconItem added = icons_.AddIconItem(
+        controls_.lvwResults, controls_.icons.picIconSm, controls_.icons.imgSysIconsSm, netPath,
+        details.FileName, settings_.ShowFileTypes, settings_.ShowListIcons, settings_.ListIconType);
+    FillRow(added.row, details, added.extension, added.typeName);
+    controls_.RetFileLbl.setText(QStringLiteral("Search in progress. ") +
+                                 QString::number(state_.FilesFound) +
+                                 QStringLiteral(" files found."));
+    controls_.RetFileLbl.repaint();
+}
+
+void ResultRows::FillRow(int row, const FileDetails& details, const QString& extension,
+                         const QString& typeName) {
+    ListView& list = controls_.lvwResults;
+    list.SetSubItem(row, 1, details.Folder);
+    list.SetSubItem(row, 2, details.SizeText);
+    list.SetSubItem(row, 3, details.DateText);
+    list.SetSubItem(row, 4, details.AttrText);
+    const AudioTexts audio =
+        audio_.Texts(details.Folder, details.FileName, extension, settings_.IncludeMP3Info);
+    list.SetSubItem(row, 5, audio.Length);
+    list.SetSubItem(row, 6, audio.Bitrate);
+    list.SetSubItem(row, 7, audio.Frequency);
+    list.SetSubItem(row, 8, details.SizeKey);
+    list.SetSubItem(row, 9, details.DateKey);
+    list.SetSubItem(row, 10, typeName);
+    list.SetSubItem(row, 11, extension);
+}
+
+void ResultRows::SearchEvt_SearchUpdate(const QString& netPath) {
+    const int width = ToPixels(controls_.stbStatus.MinWidth(2) - PanelBorders);
+    controls_.stbStatus.SetText(2, CompactPath(netPath, width, TextWidthIn(controls_.stbStatus)));
+    Yield();
+}
+
+} // namespace netrove

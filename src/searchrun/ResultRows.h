@@ -1,0 +1,68 @@
+#pragma once
+
+#include "controls/ListView.h"
+#include "controls/StatusBar.h"
+#include "mainwindow/services/FileDetails.h"
+#include "mainwindow/windowservices/IconImages.h"
+#include "platform/Files.h"
+#include "search/Settings.h"
+#include "searchrun/SearchState.h"
+#include "searchrun/columns/AudioColumns.h"
+
+#include <QLabel>
+#include <QString>
+
+namespace netrove {
+
+/// Numbers of the columns of lvwResults that are filled from other sources than the row's text.
+namespace ResultColumn {
+inline constexpr int FileName = 1;
+inline constexpr int Size = 3;
+inline constexpr int Size2 = 9;  ///< hidden sort key
+inline constexpr int Date2 = 10; ///< hidden sort key
+} // namespace ResultColumn
+
+/// What stands at the window's end of a search: turns each found file into a row of the results
+/// list, keeps the count of rows and its cap, and shows in the status bar where the walk is.
+class ResultRows {
+public:
+    struct Controls {
+        ListView& lvwResults;
+        QLabel& RetFileLbl;
+        StatusBar& stbStatus;
+        IconSets icons;
+    };
+
+    ResultRows(const Controls& controls, SearchState& state, const Settings& settings,
+               FileAccess& files, IconImages& icons)
+        : controls_(controls)
+        , state_(state)
+        , settings_(settings)
+        , files_(files)
+        , icons_(icons)
+        , audio_(files) {}
+
+    /// Adds a row for the file, unless it can't be read any more or the cap is reached; then the
+    /// running search is abandoned. Raises what reading the audio header raises; the row stays as
+    /// far as it got.
+    void SearchEvt_ItemFound(const QString& netPath);
+
+    /// Shows the path in the status bar, and yields.
+    void SearchEvt_SearchUpdate(const QString& netPath);
+
+    /// Lets go of the last audio file.
+    void ReleaseAudioFile() { audio_.ReleaseAudioFile(); }
+
+private:
+    void FillRow(int row, const FileDetails& details, const QString& extension,
+                 const QString& typeName);
+
+    Controls controls_;
+    SearchState& state_;
+    const Settings& settings_;
+    FileAccess& files_;
+    IconImages& icons_;
+    AudioColumns audio_;
+};
+
+} // namespace netrove

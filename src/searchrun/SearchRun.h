@@ -1,0 +1,85 @@
+#pragma once
+
+#include "controls/ListView.h"
+#include "controls/StatusBar.h"
+#include "mainwindow/windowservices/IconImages.h"
+#include "platform/Dialogs.h"
+#include "runtime/RunTimeError.h"
+#include "search/ExclusionLists.h"
+#include "search/NWSearch.h"
+#include "search/Settings.h"
+#include "searchrun/JobControls.h"
+#include "searchrun/ResultRows.h"
+#include "searchrun/SearchState.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+
+namespace netrove {
+
+/// One press of the search button, from the click to the summary: prepares the input and the
+/// window, stays inside the engine's walk until it has ended, and gives the window back.
+class SearchRun {
+public:
+    struct Controls {
+        QWidget& window;
+        QComboBox& LstSearchFor;
+        QCheckBox& chkRecurse;
+        QLabel& RetFileLbl;
+        StatusBar& stbStatus;
+        QTabWidget& SSTab1;
+        QPushButton& cmdAbandon;
+        ListView& lvwResults;
+        ListView& lvwDownloads;
+        IconSets icons;
+    };
+    struct Services {
+        SearchServices search;
+        ExclusionLists& exclusions; ///< the same as the engine reads
+        Dialogs& dialogs;
+    };
+
+    SearchRun(const Controls& controls, const JobControls& jobControls, const Services& services,
+              SearchState& state, ResultRows& rows)
+        : controls_(controls)
+        , jobControls_(jobControls)
+        , services_(services)
+        , state_(state)
+        , rows_(rows) {}
+
+    /// The whole run. Failures end in a message box; nothing is raised.
+    void cmdStartSearch_Click();
+
+    /// Asks the running walk to stop at its next test.
+    void cmdAbandon_Click();
+
+    /// Names the size column of both lists after the unit.
+    void SetSizeHeaders();
+
+private:
+    /// Gives the number of whole seconds that the walk took; nothing if there was no text to
+    /// search for.
+    [[nodiscard]] std::optional<qint64> Run();
+    [[nodiscard]] QString TakeSearchText();
+    void RefuseEmptyText();
+    void RememberSearchText(const QString& text);
+    void ParseExclusions();
+    void ClearResults();
+    void DisableButtons();
+    void ConnectEngine();
+    void ShowFailure(const RunTimeError& error);
+    void GiveControlsBack();
+    void WriteSummary(qint64 seconds);
+    void RepaintWindow();
+
+    Controls controls_;
+    JobControls jobControls_;
+    Services services_;
+    SearchState& state_;
+    ResultRows& rows_;
+};
+
+} // namespace netrove

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "platform/Shell.h"
+#include "platform/SystemInformation.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace netrove {
+
+/// Keeps the boxes that the program shows, as "title: text", and answers them.
+class RecordedDialogs : public Dialogs {
+public:
+    QStringList Shown;
+    MessageAnswer Answer = MessageAnswer::Ok;
+    std::function<void()> OnMessage;
+
+    MessageAnswer Message(MessageIcon /*icon*/, const QString& text, const QString& title,
+                          MessageButtons /*buttons*/) override {
+        Shown.append(title + QStringLiteral(": ") + text);
+        if (OnMessage)
+            OnMessage();
+        return Answer;
+    }
+};
+
+/// Keeps what it is asked to open, and gives one result code for all.
+class RecordedShell : public Shell {
+public:
+    QStringList Opened;
+    int Result = Shell::Success;
+
+    int Execute(const QString& file, ShellVerb /*verb*/) override {
+        Opened.append(file);
+        return Result;
+    }
+    bool OpenWith(const QString& /*file*/) override { return false; }
+};
+
+class TestSystem : public SystemInformation {
+public:
+    QString OSName() const override { return QStringLiteral("Test OS"); }
+    QString OSVersion() const override { return QStringLiteral("1.2.3"); }
+    QString UserName() const override { return QStringLiteral("tester"); }
+    QString ComputerName() const override { return QStringLiteral("ThisOne"); }
+};
+
+} // namespace netrove

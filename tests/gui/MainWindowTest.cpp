@@ -1,0 +1,258 @@
+#include "controls/Twips.h"
+#include "fakes/DesktopFakes.h"
+#include "fakes/MemoryNetwork.h"
+#include "gui/WindowDriver.h"
+#include "mainwindow/frmNetrove.h"
+#include "platform/desktop/DesktopFileTypes.h"
+#include "platform/desktop/WindowYield.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// The real window over a network in memory: \\S with the share D and \\T with the share E, used
+/// with keys and mouse.
+class Window : public testing::Test, public WindowDriver {
+protected:
+    Window() : WindowDriver(window) {}
+
+    void SetUp() override {
+        network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
+        network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
+        for (const char* server : {"\\\\S", "\\\\T"})
+            network.AddNode(Text("WG"), NetEnum::DisplayServer, Text(server));
+        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
+        network.AddNode(Text("\\\\T"), NetEnum::DisplayShare, Text("\\\\T\\E"));
+        network.AddFile(Text("\\\\S\\D\\one.mp3"), 1500000);
+        network.AddFile(Text("\\\\S\\D\\TEMP\\two.MP3"), 2);
+        network.AddFile(Text("\\\\S\\D\\readme"), 3);
+        network.AddFile(Text("\\\\T\\E\\three.mp3"), 4);
+    }
+
+    /// Does something when the engine lists that folder: in the middle of a search.
+    void When(const char* listed, std::function<void()> action) {
+        network.OnCall = [call = QString(Text("list ") + Text(listed)), action,
+                          done = false](const QString& made) mutable {
+            if (!done && made == call) {
+                done = true;
+                action();
+            }
+        };
+    }
+
+    QTemporaryDir folder;
+    MemoryNetwork network;
+    RecordedDialogs dialogs;
+    RecordedShell shell;
+    DesktopFileTypes fileTypes;
+    TestSystem system;
+    WindowYield yield;
+    frmNetrove window{{network, network, dialogs, shell, fileTypes,
+                       [this](int index) { return fileTypes.Icon(index); }, system, folder.path(),
+                       Text("https://www.example.com/")}};
+};
+
+TEST_F(Window, SearchFillsRowsAndSummary) {
+    Open();
+    EXPECT_EQ(Find<StatusBar>("stbStatus").Text(1), Text("Idle"));
+    EXPECT_EQ(Find<QLineEdit>("txtSearchStart").text(), Text("[Root]"));
+    Search(" *.MP3 , ,");
+    EXPECT_EQ(Rows(), (QStringList{Text("\\\\S\\D\\one.mp3"), Text("\\\\S\\D\\TEMP\\two.MP3"),
+                                   Text("\\\\T\\E\\three.mp3")}));
+    auto& list = Find<ListView>("lvwResults");
+    EXPECT_EQ(list.SubItem(1, 2), Text("1.4305"));
+    EXPECT_EQ(list.SubItem(1, 3), Text("02/03/20"));
+    EXPECT_EQ(list.SubItem(1, 4), Text("A"));
+    EXPECT_EQ(list.SubItem(1, 5) + list.SubItem(1, 6) + list.SubItem(1, 7), Text("   "));
+    EXPECT_EQ(list.SubItem(1, 8), Text("0001.4305000000"));
+    EXPECT_EQ(list.SubItem(1, 9), Text("20200203040506"));
+    EXPECT_EQ(list.SubItem(1, 11), Text("MP3"));
+    EXPECT_TRUE(QRegularExpression(
+                    Text("^Returned 3 files in \\d+ seconds?\\. \\(Max return is set to 5000\\)$"))
+                    .match(Caption())
+                    .hasMatch())
+        << Caption().toStdString();
+    auto& input = Find<QComboBox>("LstSearchFor");
+    EXPECT_EQ(input.currentText(), Text("*.MP3"));
+    Search("one*");
+    Search("*.mp3");
+    Search("one*");
+    QStringList items;
+    for (int item = 0; item < input.count(); ++item)
+        items.append(input.itemText(item));
+    EXPECT_EQ(items, (QStringList{Text("*.mp3"), Text("one*"), Text("*.MP3")}));
+    EXPECT_EQ(Rows().size(), 1);
+    EXPECT_EQ(input.currentText(), Text("one*"));
+}
+
+TEST_F(Window, EmptyTextLeavesTheRows) {
+    Open();
+    Search("readme");
+    Find<QCheckBox>("chkRecurse").setFocus();
+    Search(" , ");
+    EXPECT_EQ(dialogs.Shown, QStringList{Text("Null search input: No search parameters!")});
+    EXPECT_EQ(Rows().size(), 1);
+    EXPECT_TRUE(Find<QComboBox>("LstSearchFor").lineEdit()->hasFocus());
+    EXPECT_TRUE(Find<QWidget>("cmdStartSearch").isEnabled());
+    Search("readme");
+    EXPECT_EQ(Rows().size(), 1);
+}
+
+TEST_F(Window, OptionsOfASearch) {
+    Open();
+    Settings& settings = window.ProgramSettings();
+    settings.SizeFormat = 3;
+    settings.MaxReturnFiles = 1;
+    Search("*.mp3");
+    EXPECT_EQ(Rows(), QStringList{Text("\\\\S\\D\\one.mp3")});
+    EXPECT_TRUE(Caption().startsWith(Text("Returned 1 files in "))) << Caption().toStdString();
+    for (const char* list : {"lvwResults", "lvwDownloads"})
+        EXPECT_EQ(Find<ListView>(list).HeaderText(3), Text("Size (B)"));
+    EXPECT_EQ(Find<ListView>("lvwResults").SubItem(1, 2), Text("1500000"));
+
+    settings.MaxReturnFiles = 5000;
+    settings.ExcNetNodes = {Text("Temp|True|Folder"), Text("T|True|Workstation")};
+    Search("*.mp3");
+    EXPECT_EQ(Rows(), QStringList{Text("\\\\S\\D\\one.mp3")});
+    settings.ExcludeNetNodes = false;
+    QTest::keyClick(&Find<QCheckBox>("chkRecurse"), Qt::Key_Space);
+    Search("*.mp3");
+    EXPECT_EQ(Rows(), (QStringList{Text("\\\\S\\D\\one.mp3"), Text("\\\\T\\E\\three.mp3")}));
+    settings.AutoAsterisks = false;
+    Search("one,read");
+    EXPECT_TRUE(Rows().isEmpty());
+}
+
+TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
+    Open();
+    bool seen = false;
+    When("\\\\T\\E\\", [&] {
+        seen = true;
+        for (const char* name : {"LstSearchFor", "chkRecurse", "cmdStartSearch", "imgFiles(0)"})
+            EXPECT_FALSE(Find<QWidget>(name).isEnabled()) << name;
+        EXPECT_TRUE(Find<QWidget>("imgFiles(1)").isVisible());
+        EXPECT_FALSE(Find<QWidget>("imgFiles(0)").isVisible());
+        EXPECT_TRUE(Find<QWidget>("cmdAbandon").hasFocus());
+        EXPECT_EQ(Find<StatusBar>("stbStatus").Text(1), Text("Searching..."));
+        EXPECT_EQ(Find<StatusBar>("stbStatus").Text(2), Text("\\\\T\\E\\"));
+        EXPECT_EQ(Caption(), Text("Search in progress. 2 files found."));
+        EXPECT_FALSE(Find<QAction>("mnuCont").isEnabled());
+        QTest::keyClick(&window, Qt::Key_Return);
+    });
+    Search("*.mp3");
+    EXPECT_TRUE(seen);
+    EXPECT_EQ(Rows().size(), 2);
+    EXPECT_TRUE(Caption().startsWith(Text("Aborted, but returned 2 files in ")))
+        << Caption().toStdString();
+    EXPECT_FALSE(Find<QWidget>("cmdAbandon").isEnabled());
+    EXPECT_TRUE(Find<QWidget>("cmdStartSearch").isEnabled());
+    EXPECT_TRUE(Find<QAction>("mnuCont").isEnabled());
+    EXPECT_FALSE(Find<QAction>("mnuOpts").isEnabled());
+    EXPECT_EQ(Find<StatusBar>("stbStatus").Text(2), QString());
+}
+
+TEST_F(Window, FailuresEndInABox) {
+    Open();
+    network.OnCall = [](const QString& call) {
+        if (call == Text("open "))
+            throw RunTimeError(ErrorNumber::DeviceIOError);
+    };
+    Search("*.mp3");
+    EXPECT_EQ(dialogs.Shown, QStringList{Text("Error while searching: Error while processing "
+                                              "request.\r\n57\r\nDevice I/O error")});
+    EXPECT_TRUE(Caption().startsWith(Text("Returned 0 files in 0 seconds."))) << "summary";
+    EXPECT_TRUE(Find<QWidget>("cmdStartSearch").isEnabled());
+    network.OnCall = {};
+    Search("[");
+    EXPECT_EQ(dialogs.Shown.size(), 1) << "the walk over children catches that one";
+}
+
+TEST_F(Window, CloseIsRefusedDuringASearch) {
+    Open();
+    EXPECT_TRUE(QFile::exists(folder.filePath(Text("Netrove.log"))));
+    When("\\\\S\\D\\", [&] { window.close(); });
+    Search("*");
+    EXPECT_EQ(dialogs.Shown, QStringList{Text("Search In Progress: Wait until the program reaches "
+                                              "a stopping point.")});
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(Caption().startsWith(Text("Returned 0 files in "))) << Caption().toStdString();
+    Find<QAction>("mnuExit1").trigger();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(dialogs.Shown.size(), 1);
+}
+
+TEST_F(Window, ComesUpWithoutALog) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(Text("Netrove.log")));
+    Open();
+    EXPECT_EQ(dialogs.Shown,
+              QStringList{Text("frmNetrove.Form_Load Error: 75\r\nPath/File access error")});
+    Search("*.mp3");
+    EXPECT_EQ(Rows().size(), 3);
+}
+
+TEST_F(Window, EnterInAListStartsNoSearch) {
+    Open();
+    Search("*.mp3");
+    auto& list = Find<ListView>("lvwResults");
+    list.setFocus();
+    QTest::keyClick(list.focusWidget(), Qt::Key_Down);
+    Find<QComboBox>("LstSearchFor").setEditText(Text("readme"));
+    QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(Rows().size(), 3);
+    Find<QWidget>("chkRecurse").setFocus();
+    QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(Rows().size(), 1);
+}
+
+TEST_F(Window, OpensHelpAndTheWebSite) {
+    Open();
+    QTest::keyClick(&Find<QWidget>("chkRecurse"), Qt::Key_F1);
+    QTest::mouseClick(&Find<QWidget>("HyperLbl"), Qt::RightButton);
+    QTest::mouseClick(&Find<QWidget>("HyperLbl"), Qt::LeftButton);
+    ASSERT_EQ(shell.Opened.size(), 2);
+    EXPECT_TRUE(shell.Opened[0].startsWith(folder.path()));
+    EXPECT_EQ(shell.Opened[1], Text("https://www.example.com/"));
+    shell.Result = Shell::FileNotFound;
+    Find<QAction>("mnuTBS").trigger();
+    EXPECT_EQ(dialogs.Shown,
+              QStringList{Text("Shell execute failed...: https://www.example.com/\r\nError: File "
+                               "not found.  Couldn't Execute!")});
+}
+
+TEST_F(Window, FollowsItsSize) {
+    Open();
+    const auto& tabs = Find<QTabWidget>("SSTab1");
+    const auto& status = Find<StatusBar>("stbStatus");
+    for (const QSize size : {QSize(800, 600), QSize(1200, 700), QSize(740, 470)}) {
+        window.resize(size);
+        QCoreApplication::processEvents();
+        const QSize inner = window.centralWidget()->size();
+        EXPECT_EQ(tabs.width(), inner.width() - 10);
+        EXPECT_EQ(tabs.height(), (ToTwips(inner.height()) - 1675) / 15);
+        for (const char* list : {"lvwResults", "lvwDownloads"}) {
+            EXPECT_EQ(Find<ListView>(list).width(), tabs.width() - 8);
+            EXPECT_NEAR(Find<ListView>(list).height(), tabs.height() - 42, 1);
+        }
+        const auto& caption = Find<QLabel>("RetFileLbl");
+        const auto& results = Find<ListView>("lvwResults");
+        EXPECT_EQ(caption.y(), results.y() + results.height() + 1);
+        EXPECT_LE(caption.geometry().bottom(), caption.parentWidget()->height());
+        EXPECT_EQ(status.MinWidth(2), ToTwips(inner.width()) - 45 - 1764 - 529);
+        EXPECT_EQ(status.geometry().bottom(), window.centralWidget()->rect().bottom());
+        EXPECT_LE(tabs.mapTo(window.centralWidget(), QPoint(0, tabs.height())).y(), status.y());
+    }
+    window.resize(100, 100);
+    QCoreApplication::processEvents();
+    EXPECT_GE(window.frameGeometry().width(), 11010 / 15);
+    EXPECT_GE(window.frameGeometry().height(), 6975 / 15);
+}
+
+} // namespace
+} // namespace netrove

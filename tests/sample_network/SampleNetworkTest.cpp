@@ -1,0 +1,75 @@
+#include "SampleTree.h"
+#include "platform/TempTree.h"
+#include "platform/audio/ISMP3Player.h"
+#include "platform/network/FolderProvider.h"
+
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QSet>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include <sys/stat.h>
+
+namespace netrove {
+namespace {
+
+QStringList Files(const QString& folder, const QString& pattern) {
+    QStringList files;
+    QDirIterator walk(folder, {pattern}, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (walk.hasNext())
+        files += walk.next();
+    return files;
+}
+
+TEST(SampleNetworkTest, HoldsWhatItsFileSays) {
+    const TempTree tree;
+    const QString folder = tree.Path(QStringLiteral("network"));
+    sample::MakeSampleTree(folder);
+    QFile::remove(folder + QLatin1String("/sample-network.ini"));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(SAMPLE_NETWORK_INI),
+                            folder + QLatin1String("/sample-network.ini")));
+    const FolderProvider provider(QStringLiteral("Sample"), folder);
+    EXPECT_TRUE(provider.Problems().isEmpty())
+        << provider.Problems().join(QLatin1Char('\n')).toStdString();
+
+    qint64 onDisk = 0;
+    qint64 largest = 0;
+    for (const QString& path : Files(folder, QStringLiteral("*"))) {
+        struct stat status {};
+        ASSERT_EQ(::stat(path.toUtf8().constData(), &status), 0);
+        onDisk += status.st_blocks * 512;
+        largest = std::max<qint64>(largest, status.st_size);
+    }
+    EXPECT_LT(onDisk, 10'000'000);
+    EXPECT_GT(largest, Q_INT64_C(0x7FFFFFFF)) << "a length of more than 31 bits";
+    sample::MakeSampleTree(folder); // again, over itself
+}
+
+TEST(SampleNetworkTest, HasAudioOfManyForms) {
+    const TempTree tree;
+    const QString folder = tree.Path(QStringLiteral("network"));
+    sample::MakeSampleTree(folder);
+    LocalFiles files;
+    ISMP3Player player(files);
+    QSet<qint32> frequencies;
+    for (const QString& path : Files(folder, QStringLiteral("*.mp3"))) {
+        player.SetMP3FileName(path);
+        EXPECT_GE(player.MP3Length(), 3) << path.toStdString();
+        EXPECT_LE(player.MP3Length(), 63) << path.toStdString();
+        EXPECT_GT(player.MP3Bitrate(), 0) << path.toStdString();
+        frequencies.insert(player.MP3Frequency());
+    }
+    EXPECT_EQ(frequencies, (QSet<qint32>{8000, 16000, 22050, 24000, 32000, 44100, 48000}));
+}
+
+TEST(SampleNetworkTest, EmptiesNoFolderOfAnotherKind) {
+    const TempTree tree;
+    tree.File("mine/letter.txt", "Dear");
+    EXPECT_THROW(sample::MakeSampleTree(tree.Path(QStringLiteral("mine"))), std::runtime_error);
+    EXPECT_TRUE(QFileInfo::exists(tree.Path(QStringLiteral("mine/letter.txt"))));
+}
+
+} // namespace
+} // namespace netrove

@@ -1,0 +1,212 @@
+#include "smb/SambaServer.h"
+
+#include "platform/network/SmbProbe.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <csignal>
+#include <filesystem>
+#include <system_error>
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace netrove {
+namespace {
+
+constexpr char Smbd[] = "/usr/sbin/smbd";
+
+/// A port of 127.0.0.1 that nobody listens at; 0 if there is none.
+quint16 FreePort() {
+    const int handle = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    const bool bound = bind(handle, generic, size) == 0 && getsockname(handle, generic, &size) == 0;
+    close(handle);
+    return bound ? ntohs(address.sin_port) : quint16{0};
+}
+
+constexpr char Configuration[] = R"([global]
+    workgroup = WORKGROUP
+    netbios name = FILER
+    server role = standalone server
+    interfaces = lo
+    bind interfaces only = yes
+    smb ports = %PORT%
+    disable netbios = yes
+    security = user
+    map to guest = bad user
+    guest account = nobody
+    load printers = no
+    printing = bsd
+    printcap name = /dev/null
+    host msdfs = yes
+    private dir = %STATE%
+    lock directory = %STATE%
+    state directory = %STATE%
+    cache directory = %STATE%
+    pid directory = %STATE%
+    ncalrpc dir = %STATE%/ncalrpc
+    log file = %STATE%/log
+    log level = 0
+    server multi channel support = no
+    store dos attributes = no
+    map readonly = yes
+    map archive = yes
+    map system = yes
+    map hidden = yes
+    deadtime = 0
+%OPTIONS%
+[PUBLIC]
+    path = %ROOT%/public
+    comment = %COMMENT%
+    guest ok = yes
+[REFUSED]
+    path = %ROOT%/public
+    comment = Nobody may enter
+    valid users = nobody-at-all
+    guest ok = no
+[PRINTER]
+    path = %STATE%
+    comment = Laser on the second floor
+    printable = yes
+    guest ok = yes
+[HIDDEN$]
+    path = %ROOT%/hidden
+    guest ok = yes
+[UNLISTED]
+    path = %ROOT%/unlisted
+    browseable = no
+    guest ok = yes
+[JUNCTIONS]
+    path = %ROOT%/junctions
+    msdfs root = yes
+    guest ok = yes
+)";
+
+} // namespace
+
+bool SambaServer::IsAvailable() {
+    return geteuid() == 0 && QFileInfo(QString::fromLatin1(Smbd)).isExecutable();
+}
+
+QString SambaServer::Helper() {
+    return QStringLiteral(NETROVE_SMB);
+}
+
+SambaServer::SambaServer(const QString& options) : port_(FreePort()) {
+    folder_.setAutoRemove(false);
+    // Guests must get through to the shares.
+    chmod(QFile::encodeName(folder_.path()).constData(), 0755);
+    for (const char* name : {"public", "hidden", "unlisted", "junctions"})
+        AddFolder(QString::fromLatin1(name));
+    QDir(folder_.path()).mkpath(QStringLiteral("state"));
+    if (!IsAvailable() || !WriteConfiguration(options) || !Start() || !WaitUntilItAnswers())
+        Stop();
+}
+
+SambaServer::~SambaServer() {
+    Stop();
+    // Qt doesn't remove files whose names aren't valid UTF-8.
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_.path().toStdString(), ignored);
+}
+
+bool SambaServer::WriteConfiguration(const QString& options) {
+    QString text = QString::fromLatin1(Configuration);
+    text.replace(QLatin1String("%PORT%"), QString::number(port_));
+    text.replace(QLatin1String("%STATE%"), folder_.filePath(QStringLiteral("state")));
+    text.replace(QLatin1String("%ROOT%"), folder_.path());
+    text.replace(QLatin1String("%COMMENT%"), QString::fromUtf16(PublicComment));
+    text.replace(QLatin1String("%OPTIONS%"), options);
+    QFile file(StateFile("smb.conf"));
+    return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0;
+}
+
+bool SambaServer::Start() {
+    const QByteArray option = "--configfile=" + QFile::encodeName(StateFile("smb.conf"));
+    const int silence = open("/dev/null", O_RDWR | O_CLOEXEC);
+    process_ = fork();
+    if (process_ == 0) {
+        // A group of its own, so that what serves the connections can be ended with it; and it
+        // doesn't outlive a test that is killed.
+        setpgid(0, 0);
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        dup2(silence, STDIN_FILENO);
+        dup2(silence, STDOUT_FILENO);
+        execl(Smbd, Smbd, "--foreground", "--no-process-group", option.constData(), nullptr);
+        _exit(127);
+    }
+    close(silence);
+    return process_ > 0;
+}
+
+bool SambaServer::WaitUntilItAnswers() {
+    QDeadlineTimer limit(20000);
+    while (!limit.hasExpired()) {
+        if (waitpid(process_, nullptr, WNOHANG) != 0) {
+            process_ = -1;
+            return false;
+        }
+        if (SmbProbe(SmbLimits()).Run({QStringLiteral("127.0.0.1")}, port_) == 0)
+            return true;
+        poll(nullptr, 0, 20);
+    }
+    return false;
+}
+
+void SambaServer::Stop() {
+    if (process_ <= 0)
+        return;
+    kill(-process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+    process_ = -1;
+    // The server has started one more, in a session of its own, if it was asked for its shares.
+    QFile file(StateFile("samba-dcerpcd.pid"));
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    const pid_t shares = file.readAll().trimmed().toInt();
+    if (shares > 1)
+        kill(-shares, SIGKILL);
+}
+
+QString SambaServer::StateFile(const char* name) const {
+    return folder_.filePath(QLatin1String("state/") + QString::fromLatin1(name));
+}
+
+SmbHost SambaServer::Host(const QString& name) const {
+    return {.name = name,
+            .workgroup = QStringLiteral("WORKGROUP"),
+            .address = QStringLiteral("127.0.0.1"),
+            .port = port_};
+}
+
+QString SambaServer::Path(const QString& relative) const {
+    return folder_.filePath(relative);
+}
+
+void SambaServer::AddFolder(const QString& relative) {
+    QDir(folder_.path()).mkpath(relative);
+}
+
+void SambaServer::AddFile(const QString& relative, const QByteArray& content) {
+    const QString path = Path(relative);
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(content);
+}
+
+} // namespace netrove

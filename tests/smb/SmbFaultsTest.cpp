@@ -1,0 +1,299 @@
+#include "platform/network/SmbProvider.h"
+#include "runtime/Yield.h"
+#include "smb/FaultyProxy.h"
+#include "smb/Frames.h"
+#include "smb/SambaServer.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <csignal>
+
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace netrove {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The limits of the program but one, which a test runs into: the others must hold on a machine
+/// that is busy with other tests.
+SmbLimits Limits(SmbLimits::Time SmbLimits::*one, SmbLimits::Time value) {
+    SmbLimits limits;
+    limits.*one = value;
+    return limits;
+}
+
+/// A port that never takes a connection: its queue is full, and it says nothing to more.
+class FullPort {
+public:
+    FullPort() {
+        listener_ = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        auto* generic = reinterpret_cast<sockaddr*>(&address);
+        if (bind(listener_, generic, size) != 0 || listen(listener_, 0) != 0 ||
+            getsockname(listener_, generic, &size) != 0)
+            return;
+        port_ = ntohs(address.sin_port);
+        for (int& client : clients_) {
+            client = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+            static_cast<void>(connect(client, generic, size));
+        }
+    }
+    FullPort(const FullPort&) = delete;
+    FullPort& operator=(const FullPort&) = delete;
+    ~FullPort() {
+        for (const int client : clients_)
+            close(client);
+        close(listener_);
+    }
+
+    [[nodiscard]] quint16 Port() const { return port_; }
+
+private:
+    int listener_ = -1;
+    quint16 port_ = 0;
+    std::array<int, 3> clients_{};
+};
+
+class SmbFaultsTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        samba_ = std::make_unique<SambaServer>();
+        for (int at = 0; at < 5000; ++at)
+            samba_->AddFile(QStringLiteral("public/big/a rather long name of a file %1").arg(at));
+        samba_->AddFile(QStringLiteral("public/small/file"), "content");
+    }
+    static void TearDownTestSuite() { samba_.reset(); }
+
+    void SetUp() override {
+        if (!SambaServer::IsAvailable())
+            GTEST_SKIP() << "Samba needs to be installed and the user to be root";
+        ASSERT_TRUE(samba_->IsRunning());
+        SetWaitingPass([this] { Pass(); });
+    }
+    void TearDown() override { SetWaitingPass({}); }
+
+    void Pass() {
+        ++passes_;
+        if (duringWait_)
+            duringWait_();
+    }
+
+    /// A provider whose computer FILER is at that port.
+    std::unique_ptr<SmbProvider> Provider(quint16 port, const SmbLimits& limits = {},
+                                          const QString& helper = SambaServer::Helper()) {
+        SmbHost host = samba_->Host();
+        host.port = port;
+        return std::make_unique<SmbProvider>(QStringLiteral("LAN"), std::vector<SmbHost>{host},
+                                             helper, limits);
+    }
+
+    /// How many entries a folder of FILER has; -1 where it can't be listed.
+    static int Count(SmbProvider& provider, const QString& folder) {
+        FindData data;
+        const auto path = UncPath::Parse(QLatin1String("\\\\FILER\\PUBLIC\\") + folder).value();
+        auto find = provider.FindFirst(path, data);
+        if (!find)
+            return -1;
+        int count = 1;
+        while (find->FindNext(data))
+            ++count;
+        return count;
+    }
+
+    /// A helper that says what it has to say at once, whatever it is asked, and then waits or ends.
+    QString ScriptedHelper(const QByteArray& speech, const QByteArray& then = "exec sleep 60") {
+        const QString number = QString::number(++scripts_);
+        QFile words(folder_.filePath(QLatin1String("words") + number));
+        QFile script(folder_.filePath(QLatin1String("helper") + number));
+        if (!words.open(QIODevice::WriteOnly) || !script.open(QIODevice::WriteOnly))
+            return QString();
+        words.write(speech);
+        script.write("#!/bin/sh\ncat '" + QFile::encodeName(words.fileName()) + "' >&3\n" + then +
+                     "\n");
+        script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        return script.fileName();
+    }
+
+    /// A helper that gives the same answer to every request.
+    QString AnsweringHelper(const QByteArray& answer) {
+        QFile words(folder_.filePath(QStringLiteral("answer")));
+        if (!words.open(QIODevice::WriteOnly))
+            return QString();
+        words.write(answer);
+        const QByteArray hello = Said(SmbHello());
+        return ScriptedHelper(hello, "head -c " + QByteArray::number(hello.size()) +
+                                         " <&3 >/dev/null\n"
+                                         "while dd bs=65536 count=1 <&3 >/dev/null 2>&1; do\n"
+                                         "cat '" +
+                                         QFile::encodeName(words.fileName()) + "' >&3; done");
+    }
+
+    static QByteArray Said(const SmbAnswer& answer) { return Frames::Framed(EncodeAnswer(answer)); }
+
+    static inline std::unique_ptr<SambaServer> samba_;
+    const QString small_ = QStringLiteral("small");
+    const QString big_ = QStringLiteral("big");
+    QTemporaryDir folder_;
+    int scripts_ = 0;
+    int passes_ = 0;
+    std::function<void()> duringWait_;
+};
+
+TEST_F(SmbFaultsTest, APortThatTakesNoConnectionCostsOneLimit) {
+    const FullPort port;
+    const auto provider = Provider(port.Port(), Limits(&SmbLimits::connect, 600ms));
+    QElapsedTimer time;
+    time.start();
+    EXPECT_EQ(Count(*provider, small_), -1);
+    const qint64 first = time.restart();
+    EXPECT_GE(first, 600);
+    EXPECT_LT(first, 5000);
+    EXPECT_GT(passes_, 10);
+    for (int share = 0; share < 10; ++share)
+        EXPECT_EQ(Count(*provider, small_ + QString::number(share)), -1);
+    EXPECT_LT(time.elapsed(), 600);
+    // The helper that was started for the dead computer serves the next one.
+    EXPECT_EQ(provider->Pool().IdleProcesses().size(), 1u);
+}
+
+TEST_F(SmbFaultsTest, AComputerThatSaysNothingCostsOneLimit) {
+    FaultyProxy proxy(samba_->Port());
+    proxy.FallSilentAfter(0);
+    const auto provider = Provider(proxy.Port(), Limits(&SmbLimits::negotiate, 600ms));
+    QElapsedTimer time;
+    time.start();
+    EXPECT_EQ(Count(*provider, small_), -1);
+    EXPECT_GE(time.restart(), 600);
+    EXPECT_EQ(Count(*provider, big_), -1);
+    EXPECT_LT(time.elapsed(), 600);
+    EXPECT_EQ(proxy.Connections(), 1);
+}
+
+TEST_F(SmbFaultsTest, SilenceInTheMiddleOfAListingEndsTheHelper) {
+    FaultyProxy proxy(samba_->Port());
+    const auto provider = Provider(proxy.Port(), Limits(&SmbLimits::listing, 2000ms));
+    ASSERT_GT(Count(*provider, small_), 0);
+    const auto before = provider->Pool().IdleProcesses();
+    proxy.FallSilentAfter(20000);
+    EXPECT_EQ(Count(*provider, big_), -1);
+    EXPECT_TRUE(provider->Pool().IdleProcesses().empty());
+    EXPECT_NE(kill(before.at(0), 0), 0) << "the process has been reaped";
+    proxy.Heal();
+    EXPECT_EQ(Count(*provider, big_), 5002);
+}
+
+TEST_F(SmbFaultsTest, AServerThatClosesInAListingLeavesItOut) {
+    FaultyProxy proxy(samba_->Port());
+    const auto provider = Provider(proxy.Port());
+    ASSERT_GT(Count(*provider, small_), 0);
+    proxy.CloseAfter(20000);
+    EXPECT_EQ(Count(*provider, big_), -1);
+    proxy.Heal();
+    EXPECT_EQ(Count(*provider, big_), 5002);
+}
+
+TEST_F(SmbFaultsTest, AConnectionLostBetweenRequestsIsMadeAnew) {
+    FaultyProxy proxy(samba_->Port());
+    const auto provider = Provider(proxy.Port());
+    const auto file = UncPath::Parse(QStringLiteral("\\\\FILER\\PUBLIC\\small\\file")).value();
+    ASSERT_EQ(provider->Info(file).length, 7);
+    EXPECT_EQ(proxy.CloseAll(), 1);
+    EXPECT_EQ(Count(*provider, small_), 3);
+    EXPECT_EQ(proxy.CloseAll(), 1);
+    EXPECT_EQ(provider->Read(file, 0, 100), QByteArray("content"));
+    EXPECT_EQ(proxy.CloseAll(), 1);
+    EXPECT_EQ(provider->Read(file, 3, 100), QByteArray("tent"));
+    EXPECT_EQ(proxy.CloseAll(), 1);
+    EXPECT_EQ(Count(*provider, big_), 5002);
+}
+
+TEST_F(SmbFaultsTest, AHelperThatDiesIsReplaced) {
+    FaultyProxy proxy(samba_->Port());
+    const auto provider = Provider(proxy.Port());
+    ASSERT_EQ(Count(*provider, small_), 3);
+
+    // While it waits for work:
+    const pid_t idle = provider->Pool().IdleProcesses().at(0);
+    kill(idle, SIGKILL);
+    siginfo_t end = {};
+    ASSERT_EQ(waitid(P_PID, static_cast<id_t>(idle), &end, WEXITED | WNOWAIT), 0);
+    EXPECT_EQ(Count(*provider, big_), 5002);
+
+    // In the middle of a request:
+    const pid_t helper = provider->Pool().IdleProcesses().at(0);
+    proxy.FallSilentAfter(0);
+    duringWait_ = [helper] { kill(helper, SIGKILL); };
+    QElapsedTimer time;
+    time.start();
+    EXPECT_EQ(Count(*provider, QStringLiteral("another")), -1);
+    EXPECT_LT(time.elapsed(), 10000) << "its death is noticed before the limit";
+    duringWait_ = {};
+    proxy.Heal();
+    EXPECT_EQ(Count(*provider, QString()), 4);
+}
+
+TEST_F(SmbFaultsTest, AHelperThatTalksNonsenseFailsItsRequest) {
+    const SmbEntries some{{.name = QStringLiteral("a")}};
+    const std::vector<std::pair<const char*, QString>> helpers{
+        {"no such program", QStringLiteral("/nonexistent/netrove-smb")},
+        {"nothing and ends", ScriptedHelper(QByteArray(), "exit 0")},
+        {"garbage", ScriptedHelper(QByteArray::fromHex("00000004deadbeef"))},
+        {"an endless frame", ScriptedHelper(QByteArray::fromHex("ffffffff") + QByteArray(99, 'x'))},
+        {"another version", ScriptedHelper(Said(SmbHello{.version = 2}) + Said(SmbEnd()))},
+        {"no hello", ScriptedHelper(Said(SmbEnd()))},
+        {"another kind of part",
+         ScriptedHelper(Said(SmbHello()) + Said(SmbShares()) + Said(SmbEnd()))},
+        {"a negative status", ScriptedHelper(Said(SmbHello()) + Said(SmbEnd{.status = -1}))},
+        {"half an answer", ScriptedHelper(Said(SmbHello()) + Said(some), "exit 0")},
+        {"half an answer, then nothing", ScriptedHelper(Said(SmbHello()) + Said(some))}};
+    for (const auto& [what, helper] : helpers) {
+        const auto provider = Provider(samba_->Port(), Limits(&SmbLimits::listing, 500ms), helper);
+        EXPECT_EQ(Count(*provider, small_), -1) << what;
+        EXPECT_TRUE(provider->Pool().IdleProcesses().empty()) << what;
+    }
+    // The script itself is a good one.
+    const auto provider = Provider(samba_->Port(), {},
+                                   ScriptedHelper(Said(SmbHello()) + Said(some) + Said(SmbEnd())));
+    EXPECT_EQ(Count(*provider, small_), 1);
+}
+
+TEST_F(SmbFaultsTest, AJunctionThatLeadsBackIsNotFollowedForever) {
+    const SmbEntries entries{
+        {.name = QStringLiteral("loop"),
+         .attributes = FileAttribute::Directory | FileAttribute::ReparsePoint},
+        {.name = QStringLiteral("folder"), .attributes = FileAttribute::Directory}};
+    const auto provider =
+        Provider(samba_->Port(), {}, AnsweringHelper(Said(entries) + Said(SmbEnd())));
+    EXPECT_EQ(Count(*provider, QStringLiteral("a")), 2);
+    EXPECT_EQ(Count(*provider, QStringLiteral("a\\loop")), 2);
+    EXPECT_EQ(Count(*provider, QStringLiteral("a\\loop\\folder")), 2);
+    EXPECT_EQ(Count(*provider, QStringLiteral("a\\loop\\folder\\loop")), 2);
+    EXPECT_EQ(Count(*provider, QStringLiteral("a\\loop\\folder\\loop\\loop")), -1);
+    EXPECT_EQ(Count(*provider, QStringLiteral("a\\loop\\folder\\loop\\folder")), 2);
+    EXPECT_EQ(Count(*provider, QStringLiteral("a\\folder\\folder\\folder\\folder")), 2);
+}
+
+TEST_F(SmbFaultsTest, NoHelperIsLeftBehind) {
+    std::vector<pid_t> helpers;
+    {
+        const auto provider = Provider(samba_->Port());
+        ASSERT_GT(Count(*provider, small_), 0);
+        helpers = provider->Pool().IdleProcesses();
+    }
+    ASSERT_EQ(helpers.size(), 1u);
+    EXPECT_NE(kill(helpers[0], 0), 0);
+}
+
+} // namespace
+} // namespace netrove

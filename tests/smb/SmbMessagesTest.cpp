@@ -1,0 +1,76 @@
+#include "smb/SmbMessages.h"
+
+#include "smb/Frames.h"
+
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+SmbRequest ListRequest(const QString& path) {
+    return {.kind = SmbRequest::Kind::ListFolder,
+            .host = QStringLiteral("h"),
+            .share = QStringLiteral("s"),
+            .path = path};
+}
+
+TEST(SmbMessages, ARequestNamesAPlaceInAShare) {
+    for (const QString& path : {QString(), QStringLiteral("a"), QStringLiteral("a/...b/c d"),
+                                QStringLiteral("%2e%2e/#?"), QStringLiteral("\u00e9")})
+        EXPECT_TRUE(DecodeQuestion(EncodeQuestion(ListRequest(path)))) << path.toStdString();
+    for (const QString& path : {QStringLiteral("/a"), QStringLiteral("a//b"), QStringLiteral("a/"),
+                                QStringLiteral(".."), QStringLiteral("a/../b"), QStringLiteral("."),
+                                QStringLiteral("a\\b"), QString(1, QChar(u'\0'))})
+        EXPECT_FALSE(DecodeQuestion(EncodeQuestion(ListRequest(path)))) << path.toStdString();
+
+    SmbRequest request = ListRequest(QString());
+    request.share = QStringLiteral("..");
+    EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
+    request = ListRequest(QString());
+    request.host = QStringLiteral("h/s");
+    EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
+    request = ListRequest(QString());
+    request.offset = -1;
+    EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
+}
+
+TEST(SmbMessages, AMessageIsWholeOrNone) {
+    const SmbAnswer entries = SmbEntries{
+        {.name = QStringLiteral("a"), .attributes = 32, .length = qint64{5} << 30, .modified = -1},
+        {.name = QStringLiteral("\U0001F3B5"), .attributes = 0x1020, .length = 0, .modified = 0}};
+    const QByteArray payload = EncodeAnswer(entries);
+    const auto decoded = DecodeAnswer(payload);
+    ASSERT_TRUE(decoded);
+    const auto& second = std::get<SmbEntries>(*decoded).at(1);
+    EXPECT_EQ(second.name, QStringLiteral("\U0001F3B5"));
+    EXPECT_EQ(second.attributes, 0x1020u);
+    EXPECT_EQ(std::get<SmbEntries>(*decoded).at(0).length, qint64{5} << 30);
+
+    EXPECT_FALSE(DecodeAnswer(payload.chopped(1)));
+    EXPECT_FALSE(DecodeAnswer(payload + '\0'));
+    EXPECT_FALSE(DecodeAnswer(QByteArray()));
+    EXPECT_FALSE(DecodeAnswer(QByteArray(1, '\x7f')));
+    EXPECT_FALSE(DecodeAnswer(EncodeAnswer(SmbEntries{{.length = -1}})));
+}
+
+TEST(Frames, ComeOutAsTheyWentIn) {
+    const QByteArray payload(300, 'x');
+    const QByteArray stream =
+        Frames::Framed(payload) + Frames::Framed(QByteArray()) + Frames::Framed(QByteArray("y"));
+    Frames frames;
+    QList<QByteArray> out;
+    for (const char byte : stream) {
+        frames.Append(QByteArrayView(&byte, 1));
+        while (const auto frame = frames.Take())
+            out.push_back(*frame);
+    }
+    EXPECT_EQ(out, (QList<QByteArray>{payload, QByteArray(), QByteArray("y")}));
+    EXPECT_FALSE(frames.IsBroken());
+    // No memory for what is only announced.
+    frames.Append(QByteArray::fromHex("00200001"));
+    EXPECT_FALSE(frames.Take());
+    EXPECT_TRUE(frames.IsBroken());
+}
+
+} // namespace
+} // namespace netrove
