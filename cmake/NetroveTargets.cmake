@@ -34,7 +34,10 @@ if(NETROVE_SANITIZERS)
 endif()
 
 function(netrove_pch name)
-    file(WRITE ${CMAKE_BINARY_DIR}/${name}.cpp "")
+    # Written once: a new time stamp would build everything anew.
+    if(NOT EXISTS ${CMAKE_BINARY_DIR}/${name}.cpp)
+        file(WRITE ${CMAKE_BINARY_DIR}/${name}.cpp "")
+    endif()
     add_library(${name} OBJECT ${CMAKE_BINARY_DIR}/${name}.cpp)
     target_link_libraries(${name} PUBLIC netrove_options ${ARGN})
 endfunction()

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -10,6 +11,12 @@ namespace {
 
 /// Enough that a busy search makes few calls of the system.
 constexpr qsizetype MostUnwritten = 64 * 1024;
+
+/// Another program may have set a shared terminal or pipe not to block.
+void WaitUntilWritable(int descriptor) {
+    pollfd wait{.fd = descriptor, .events = POLLOUT, .revents = 0};
+    (void)poll(&wait, 1, -1);
+}
 
 } // namespace
 
@@ -36,6 +43,8 @@ void ConsoleOutput::Flush() {
                                    static_cast<std::size_t>(buffer_.size() - written));
         if (count >= 0)
             written += count;
+        else if (errno == EAGAIN)
+            WaitUntilWritable(descriptor_);
         else if (errno != EINTR)
             error_ = errno;
     }

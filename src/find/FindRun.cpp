@@ -108,7 +108,8 @@ void FindRun::Pass() {
     if (signal_ == 0)
         signal_ = console_.signal();
     if (console_.out.HasUnwritten()) {
-        progress_.Clear();
+        if (console_.out.IsTerminal())
+            progress_.Clear();
         console_.out.Flush();
     }
     if (signal_ != 0 || console_.out.Error() != 0)

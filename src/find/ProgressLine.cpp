@@ -13,8 +13,7 @@ const char* const EraseLine = "\r\x1b[K";
 } // namespace
 
 void ProgressLine::Show(qint32 found, const QString& place) {
-    if (!output_.IsTerminal() ||
-        (isShown_ && shown_.isValid() && !shown_.hasExpired(MillisecondsBetween)))
+    if (!output_.IsTerminal() || (shown_.isValid() && !shown_.hasExpired(MillisecondsBetween)))
         return;
     const int columns = output_.Columns() > 0 ? output_.Columns() : UsualColumns;
     const QString count = QString::number(found) + QLatin1String(" found  ");

@@ -13,7 +13,6 @@
 int main(int argc, char** argv) {
     const netrove::DesktopApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("netrove"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Netrove"));
     QApplication::setApplicationVersion(QStringLiteral(NETROVE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("netrove"));
     QApplication::setWindowIcon(netrove::ProgramIcon());

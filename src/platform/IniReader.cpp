@@ -54,13 +54,17 @@ IniReader IniReader::FromFile(const QString& path) {
 }
 
 const IniSection* IniReader::Find(QStringView name) const {
-    const auto found = std::ranges::find_if(
-        sections_, [&](const auto& section) { return EqualText(section.name, name); });
-    return found == sections_.end() ? nullptr : &*found;
+    const auto found = firstByName_.constFind(name.toString().toCaseFolded());
+    return found == firstByName_.constEnd() ? nullptr : &sections_[*found];
 }
 
 QString IniReader::Problem(int line, const QString& what) const {
     return QStringLiteral("%1, line %2: %3").arg(name_, QString::number(line), what);
+}
+
+void IniReader::Note(int line, const QString& what) {
+    if (problems_.size() < MaxProblems)
+        problems_ += Problem(line, what);
 }
 
 void IniReader::TakeLine(QStringView text, int line) {
@@ -75,19 +79,21 @@ void IniReader::TakeLine(QStringView text, int line) {
 void IniReader::TakeSection(QStringView text, int line) {
     const qsizetype end = text.indexOf(u']');
     if (end < 0)
-        problems_ += Problem(line, QStringLiteral("a section's name has no closing \"]\""));
-    const QStringView name = end < 0 ? text.sliced(1) : text.sliced(1, end - 1);
-    sections_.push_back({.name = name.trimmed().toString(), .line = line});
+        Note(line, QStringLiteral("a section's name has no closing \"]\""));
+    const QString name = (end < 0 ? text.sliced(1) : text.sliced(1, end - 1)).trimmed().toString();
+    if (const QString key = name.toCaseFolded(); !firstByName_.contains(key))
+        firstByName_.insert(key, sections_.size());
+    sections_.push_back({.name = name, .line = line});
 }
 
 void IniReader::TakeEntry(QStringView text, int line) {
     const qsizetype equals = text.indexOf(u'=');
     if (equals <= 0) {
-        problems_ += Problem(line, QStringLiteral("neither a [section] nor key=value"));
+        Note(line, QStringLiteral("neither a [section] nor key=value"));
         return;
     }
     if (sections_.empty()) {
-        problems_ += Problem(line, QStringLiteral("key=value before the first [section]"));
+        Note(line, QStringLiteral("key=value before the first [section]"));
         return;
     }
     const QStringView value = WithoutQuotes(text.sliced(equals + 1).trimmed());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -35,6 +36,8 @@ class IniReader {
 public:
     /// Larger files are refused.
     static constexpr qint64 MaxBytes = 1 << 20;
+    /// Lines that are reported; a file that is no INI text would have one a line.
+    static constexpr qsizetype MaxProblems = 20;
 
     /// Takes any bytes. `name` is how problems call the file.
     explicit IniReader(QByteArrayView bytes, QString name = {});
@@ -56,9 +59,11 @@ private:
     void TakeLine(QStringView text, int line);
     void TakeSection(QStringView text, int line);
     void TakeEntry(QStringView text, int line);
+    void Note(int line, const QString& what);
 
     QString name_;
     std::vector<IniSection> sections_;
+    QHash<QString, std::size_t> firstByName_; ///< by the case-folded name
     QStringList problems_;
 };
 

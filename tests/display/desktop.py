@@ -1,6 +1,7 @@
 """A desktop of its own for one test: X server, session bus, window manager, and a user's hands."""
 
 import os
+import re
 import subprocess
 import time
 
@@ -83,23 +84,23 @@ class Desktop:
     def click(self, x, y, button=1):
         self.tool("xdotool", "mousemove", str(x), str(y), "click", str(button))
 
-    def window(self, title):
+    def window(self, title, seconds=60):
         """The X window with exactly this title, once it is there."""
         def find():
             found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name",
                                     f"^{title}$"], env=self.environment, text=True,
                                    stdout=subprocess.PIPE, check=False).stdout.split()
             return found[-1] if found else None
-        return wait_for(f"a window {title}", find, 60)
+        return wait_for(f"a window {title}", find, seconds)
 
     def click_close_box(self, window):
         """Clicks the right end of the title bar, where the window manager has the close box."""
-        geometry = dict(line.split("=") for line in
-                        self.tool("xdotool", "getwindowgeometry", "--shell", window).split())
+        info = self.tool("xwininfo", "-id", window)
+        left, top, width = (int(re.search(rf"{name}:\s+(\d+)", info)[1]) for name in
+                            ("Absolute upper-left X", "Absolute upper-left Y", "Width"))
         extents = self.tool("xprop", "-id", window, "_NET_FRAME_EXTENTS")
-        top = int(extents.split("=")[1].split(",")[2])
-        self.click(int(geometry["X"]) + int(geometry["WIDTH"]) - 8,
-                   int(geometry["Y"]) - top // 2)
+        title_bar = int(extents.split("=")[1].split(",")[2])
+        self.click(left + width - 8, top - title_bar // 2)
 
 
 def descendants(node):

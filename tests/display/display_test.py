@@ -11,6 +11,10 @@ import time
 from desktop import Desktop, Program, wait_for
 
 
+# scripts/run builds the program before it starts it.
+BUILD_SECONDS = 1500
+
+
 def expected_files(sample, suffix):
     """The files of the sample network that a search can reach."""
     faults = {}
@@ -49,7 +53,7 @@ def run(source, screenshots):
     sample = os.path.join(source, "build/release/bin/sample-network")
     with Desktop(screenshots) as desktop:
         netrove = desktop.start([os.path.join(source, "scripts/run")], stderr=None)
-        window = desktop.window("Netrove")
+        window = desktop.window("Netrove", BUILD_SECONDS)
         program = Program("netrove")
         program.find("push button", "Start Searching")
         time.sleep(0.5)  # the first paint has no event of its own to wait for

@@ -244,21 +244,21 @@ TEST_F(Find, ATerminalShowsHowFarItIs) {
     int terminal = -1;
     ASSERT_EQ(openpty(&master, &terminal, nullptr, nullptr, &size), 0);
     SetYieldAlways(true);
-    EXPECT_EQ(RunOn({Text("bell*")}, terminal, terminal), FindStatus::Found);
+    EXPECT_EQ(RunOn({Text("--from"), Text("//S/D/A FOLDER WITH A VERY LONG NAME"), Text("bell*")},
+                    terminal, terminal),
+              FindStatus::Found);
     SetYieldAlways(false);
-    QByteArray bytes(65536, '\0');
-    bytes.resize(read(master, bytes.data(), static_cast<std::size_t>(bytes.size())));
     close(terminal);
+    QByteArray bytes;
+    char byte = 0;
+    while (read(master, &byte, 1) == 1)
+        bytes += byte;
     close(master);
     const QString shown = QString::fromUtf8(bytes);
+    EXPECT_TRUE(shown.startsWith(Text("\r\x1b[K0 found  //S/D/A FOLDER WITH A VERY ...\r\x1b[K")))
+        << bytes.constData();
     EXPECT_TRUE(shown.contains(Text("\\bell<07>.txt\r\n"))) << bytes.constData();
-    EXPECT_TRUE(shown.endsWith(Text("\r\x1b[KReturned 1 files in 0 seconds.\r\n")));
-    const QStringList progress = shown.split(Text("\r\x1b[K"));
-    EXPECT_GT(progress.size(), 2);
-    for (const QString& line : progress) {
-        if (line.contains(Text(" found  ")))
-            EXPECT_LT(line.size(), 40) << line.toStdString();
-    }
+    EXPECT_TRUE(shown.endsWith(Text("Returned 1 files in 0 seconds.\r\n")));
 }
 
 } // namespace

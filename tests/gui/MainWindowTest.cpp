@@ -1,6 +1,7 @@
 #include "controls/Twips.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
+#include "gui/WindowDriver.h"
 #include "mainwindow/frmNetrove.h"
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/WindowYield.h"
@@ -18,8 +19,10 @@ QString Text(const char* text) {
 
 /// The real window over a network in memory: \\S with the share D and \\T with the share E, used
 /// with keys and mouse.
-class Window : public testing::Test {
+class Window : public testing::Test, public WindowDriver {
 protected:
+    Window() : WindowDriver(window) {}
+
     void SetUp() override {
         network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
         network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
@@ -31,40 +34,6 @@ protected:
         network.AddFile(Text("\\\\S\\D\\TEMP\\two.MP3"), 2);
         network.AddFile(Text("\\\\S\\D\\readme"), 3);
         network.AddFile(Text("\\\\T\\E\\three.mp3"), 4);
-    }
-
-    void Open() {
-        window.Form_Load();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        auto* widget = window.findChild<Widget*>(Text(name));
-        EXPECT_TRUE(widget) << name;
-        return *widget;
-    }
-
-    void Search(const char* text) {
-        auto& input = Find<QComboBox>("LstSearchFor");
-        input.setFocus();
-        input.lineEdit()->selectAll();
-        QTest::keyClicks(&input, Text(text));
-        QTest::keyClick(&input, Qt::Key_Return);
-    }
-
-    void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
-
-    QString Caption() { return Find<QLabel>("RetFileLbl").text(); }
-
-    QStringList Rows() {
-        auto& list = Find<ListView>("lvwResults");
-        QStringList rows;
-        for (int row = 1; row <= list.Count(); ++row)
-            rows.append(list.SubItem(row, 1) + list.Text(row));
-        return rows;
     }
 
     /// Does something when the engine lists that folder: in the middle of a search.

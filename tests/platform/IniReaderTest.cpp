@@ -67,6 +67,18 @@ TEST(IniReaderTest, NamesTheLineOfEachProblemAndReadsOn) {
             << ini.Problems()[number].toStdString();
 }
 
+TEST(IniReaderTest, ReadsHostileFilesInLittleTime) {
+    QByteArray sections;
+    for (int number = 0; sections.size() < IniReader::MaxBytes; ++number)
+        sections += '[' + QByteArray::number(number) + "]\n";
+    const IniReader ini(sections);
+    for (const IniSection& section : ini.Sections())
+        ASSERT_EQ(ini.Find(section.name), &section);
+    EXPECT_EQ(
+        IniReader(QByteArray(IniReader::MaxBytes / 2, 'x').replace("xx", "x\n")).Problems().size(),
+        IniReader::MaxProblems);
+}
+
 TEST(IniReaderTest, RefusesFilesThatAreNone) {
     const TempTree tree;
     tree.File("small.ini", "[A]\nnonsense");

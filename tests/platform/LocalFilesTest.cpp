@@ -204,8 +204,9 @@ TEST_F(LocalFilesTest, StopsAtClosedFolders) {
     const QString closed = tree_.Path(QStringLiteral("closed"));
     ::chmod(tree_.Bytes("closed").constData(), 0000);
     const uid_t user = geteuid();
-    if (user == 0) // nothing is closed to root
+    if (user == 0) { // nothing is closed to root
         ASSERT_EQ(::seteuid(65534), 0);
+    }
     EXPECT_FALSE(files_.CanEnter(closed));
     EXPECT_EQ(Entries(QStringLiteral("closed")), QStringList(QStringLiteral("not listed")));
     const QString file = closed + QLatin1String("/file");

@@ -1,0 +1,136 @@
+#include "fakes/DesktopFakes.h"
+#include "gui/WindowDriver.h"
+#include "platform/desktop/DesktopFileTypes.h"
+#include "platform/desktop/WindowYield.h"
+#include "platform/network/OpenNetwork.h"
+#include "smb/SambaServer.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// A real server, FILER in the workgroup HOME, searched by the window and by the console program.
+class SambaSearch : public testing::Test {
+protected:
+    static constexpr int ManyFiles = 3000;
+
+    static void SetUpTestSuite() {
+        if (!SambaServer::IsAvailable())
+            return;
+        samba = std::make_unique<SambaServer>();
+        for (const char* path :
+             {"public/one.mp3", "public/Temp/two.mp3", "public/Music [a, b]/Ünï.MP3",
+              "public/readme.txt", "hidden/secret.mp3", "unlisted/deep/x.mp3"})
+            samba->AddFile(Text(path), "some content");
+        for (int number = 0; number < ManyFiles; ++number)
+            samba->AddFile(QStringLiteral("public/many/file %1.dat").arg(number));
+    }
+    static void TearDownTestSuite() { samba.reset(); }
+
+    void SetUp() override {
+        if (!samba)
+            GTEST_SKIP() << "needs Samba, and root";
+        ASSERT_TRUE(samba->IsRunning());
+        QFile ini(folder.filePath(Text("network.ini")));
+        ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+        ini.write("[LAN]\nType=smb\nComputer1=FILER|HOME|127.0.0.1:" +
+                  QByteArray::number(samba->Port()) + "\n");
+    }
+
+    static QStringList Sorted(QStringList paths) {
+        paths.sort();
+        return paths;
+    }
+
+    static inline std::unique_ptr<SambaServer> samba;
+    QTemporaryDir folder;
+    const QStringList songs{Text("\\\\FILER\\PUBLIC\\Music [a, b]\\Ünï.MP3"),
+                            Text("\\\\FILER\\PUBLIC\\Temp\\two.mp3"),
+                            Text("\\\\FILER\\PUBLIC\\one.mp3")};
+};
+
+TEST_F(SambaSearch, InTheWindow) {
+    const OpenedNetwork opened = OpenNetwork(folder.path());
+    ASSERT_TRUE(opened.problems.isEmpty()) << opened.problems.first().toStdString();
+    RecordedDialogs dialogs;
+    RecordedShell shell;
+    DesktopFileTypes fileTypes;
+    TestSystem system;
+    const WindowYield yield;
+    frmNetrove window({*opened.network, *opened.network, dialogs, shell, fileTypes,
+                       [&](int index) { return fileTypes.Icon(index); }, system, folder.path(),
+                       QString()});
+    WindowDriver driver(window);
+    driver.Open();
+
+    driver.Search("*.mp3");
+    EXPECT_EQ(Sorted(driver.Rows()), songs);
+    auto& list = driver.Find<ListView>("lvwResults");
+    EXPECT_EQ(list.SubItem(1, 2), Text("0.0000"));
+    window.ProgramSettings().ExcNetNodes = {Text("temp|True|Folder")};
+    driver.Type("*.mp3");
+    driver.Click("cmdStartSearch");
+    EXPECT_EQ(Sorted(driver.Rows()), (QStringList{songs[0], songs[2]}));
+    window.ProgramSettings().ExcNetNodes = {Text("PUBLIC|True|Folder")};
+    driver.Search("*.mp3");
+    EXPECT_TRUE(driver.Rows().isEmpty());
+    window.ProgramSettings().ExcNetNodes.clear();
+
+    window.ProgramSettings().MaxReturnFiles = 2;
+    driver.Search("*.mp3");
+    EXPECT_EQ(driver.Rows().size(), 2);
+    EXPECT_TRUE(driver.Caption().startsWith(Text("Returned 2 files in ")));
+
+    // The mouse presses the button at the first yield that sees rows.
+    window.ProgramSettings().MaxReturnFiles = 5000;
+    QTimer mouse;
+    QObject::connect(&mouse, &QTimer::timeout, &window, [&] {
+        if (list.Count() > 0 && driver.Find<QWidget>("cmdAbandon").isEnabled())
+            driver.Click("cmdAbandon");
+    });
+    mouse.start(1);
+    driver.Search("*.dat");
+    mouse.stop();
+    EXPECT_GT(list.Count(), 0);
+    EXPECT_LT(list.Count(), ManyFiles);
+    EXPECT_EQ(driver.Caption().section(QLatin1Char(' '), 0, 4),
+              Text("Aborted, but returned %1 files").arg(list.Count()));
+    driver.Search("*.dat");
+    EXPECT_EQ(list.Count(), ManyFiles);
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
+}
+
+TEST_F(SambaSearch, OnTheConsole) {
+    // The programs look for network.ini in their own folder.
+    for (const char* program : {"netrove-find", "netrove-smb"})
+        ASSERT_TRUE(
+            QFile::copy(Text(NETROVE_BIN "/") + Text(program), folder.filePath(Text(program))));
+    const auto find = [this](const QStringList& arguments) {
+        QProcess program;
+        program.start(folder.filePath(Text("netrove-find")), arguments);
+        EXPECT_TRUE(program.waitForFinished(60000));
+        return QString::fromUtf8(program.readAllStandardOutput())
+            .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    };
+    EXPECT_EQ(Sorted(find({Text("*.mp3")})), songs);
+    EXPECT_EQ(Sorted(find({Text("--exclude"), Text("TEMP"), Text("*.mp3")})),
+              (QStringList{songs[0], songs[2]}));
+    EXPECT_EQ(find({Text("--max"), Text("2"), Text("*.mp3")}).size(), 2);
+    EXPECT_EQ(find({Text("--no-recurse"), Text("*.mp3")}), QStringList{songs[2]});
+    EXPECT_EQ(find({Text("--from"), Text("\\\\filer\\Hidden$"), Text("*")}),
+              QStringList{Text("\\\\filer\\Hidden$\\secret.mp3")});
+    EXPECT_EQ(find({Text("--from"), Text("LAN|HOME|\\\\FILER|\\\\FILER\\PUBLIC"), Text("readme*")}),
+              QStringList{Text("\\\\FILER\\PUBLIC\\readme.txt")});
+    EXPECT_EQ(find({Text("--from"), Text("//FILER/UNLISTED"), Text("x.*")}),
+              QStringList{Text("\\\\FILER\\UNLISTED\\deep\\x.mp3")});
+}
+
+} // namespace
+} // namespace netrove
