@@ -65,6 +65,14 @@ QWidget* HiddenWidget(QWidget& parent, const QString& name) {
     return widget;
 }
 
+/// An opaque one: the count below the list is painted for each row that comes in, and would have
+/// the tabs and the window painted below it each time.
+QWidget* TabPage() {
+    auto* page = new QWidget;
+    page->setAutoFillBackground(true);
+    return page;
+}
+
 QFrame* Frame(QWidget& parent, const QString& name, QFrame::Shape shape) {
     auto* frame = Named(new QFrame(&parent), name);
     frame->setFrameShape(shape);
@@ -152,14 +160,14 @@ void MainControls::MakeTabs(QWidget& inner) {
     tabStyle->setParent(SSTab1);
     SSTab1->tabBar()->setStyle(tabStyle);
 
-    auto* results = new QWidget;
+    QWidget* results = TabPage();
     RetFileLbl = Label(results, "RetFileLbl", "---");
     lvwResults = Named(new ListView(results), Text("lvwResults"));
     lvwResults->setAccessibleName(Text("Results"));
     AddColumns(*lvwResults, ResultColumns);
     SSTab1->addTab(results, Text("Results"));
 
-    auto* downloads = new QWidget;
+    QWidget* downloads = TabPage();
     DownloadLbl = Label(downloads, "DownloadLbl", "---");
     lvwDownloads = Named(new ListView(downloads), Text("lvwDownloads"));
     lvwDownloads->setAccessibleName(Text("Downloads"));

@@ -48,6 +48,9 @@ class Desktop:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
         os.environ.update(self.environment)
         self.start(["openbox"])
+        # A window that comes while the window manager starts can be missed by it.
+        wait_for("the window manager", lambda: "window id" in self.tool(
+            "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
         return self
 
     def __exit__(self, *_):

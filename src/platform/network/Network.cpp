@@ -10,6 +10,8 @@ namespace {
 
 constexpr QLatin1String UncStart("\\\\");
 constexpr QLatin1String AllEntries("*.*");
+/// Long enough for three questions in a row, too short for anybody to see an old answer.
+constexpr std::chrono::milliseconds InfoLifetime{50};
 
 bool IsUnc(const QString& path) {
     return path.startsWith(UncStart);
@@ -260,7 +262,17 @@ quint32 Network::Attributes(const QString& path) {
     return Info(path).attributes;
 }
 
-FileInfo Network::Info(const QString& path) {
+const FileInfo& Network::Info(const QString& path) {
+    if (lastInfo_.path != path || std::chrono::steady_clock::now() > lastInfo_.until) {
+        lastInfo_.path.clear();
+        lastInfo_.info = FetchInfo(path);
+        lastInfo_.until = std::chrono::steady_clock::now() + InfoLifetime;
+        lastInfo_.path = path;
+    }
+    return lastInfo_.info;
+}
+
+FileInfo Network::FetchInfo(const QString& path) {
     if (!IsUnc(path))
         return localFiles_.Info(path);
     const auto place = PlaceOf(path);

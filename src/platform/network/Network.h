@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QSet>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -63,6 +64,14 @@ private:
         UncPath path;
     };
 
+    /// What was told of a file: its date, length and attributes are asked for one right after the
+    /// other.
+    struct KnownInfo {
+        QString path;
+        std::chrono::steady_clock::time_point until;
+        FileInfo info;
+    };
+
     struct OpenList {
         std::vector<NetRecord> records;
         std::size_t next = 0;
@@ -73,12 +82,14 @@ private:
     [[nodiscard]] NetworkProvider* ProviderOf(const NetRecord& node);
     [[nodiscard]] NetworkProvider* ProviderFor(const QString& server);
     [[nodiscard]] std::optional<Place> PlaceOf(const QString& path);
-    [[nodiscard]] FileInfo Info(const QString& path);
+    [[nodiscard]] const FileInfo& Info(const QString& path);
+    [[nodiscard]] FileInfo FetchInfo(const QString& path);
 
     std::vector<std::unique_ptr<NetworkProvider>> providers_;
     LocalFiles localFiles_;
     QHash<NetEnum::Handle, OpenList> openLists_;
     NetEnum::Handle lastHandle_ = 0;
+    KnownInfo lastInfo_;
     /// The names in the disk list that was made last, and the node whose list it was.
     QString diskNode_;
     QSet<QString> diskNames_;
