@@ -8,8 +8,10 @@
 #include "search/ExclusionLists.h"
 #include "search/Settings.h"
 #include "search/TroubleshootingLog.h"
+#include "searchrun/PredefinedPatterns.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchRun.h"
+#include "searchrun/SearchStart.h"
 #include "searchrun/SearchState.h"
 #include "skins/NCSizeModifier.h"
 
@@ -45,6 +47,7 @@ protected:
 private:
     [[nodiscard]] MainMenu* MakeMenu();
     void ConnectControls();
+    void ConnectSearchParameters();
     void ConnectReturnKey();
     [[nodiscard]] JobControls MakeJobControls();
     void PressDefaultButton();
@@ -58,6 +61,8 @@ private:
     [[nodiscard]] bool Form_QueryUnload();
     void Form_Unload();
 
+    void LstSearchFor_FocusIn(Qt::FocusReason reason);
+    [[nodiscard]] QString LogFile() const;
     void OpenHelp();
     void HyperLbl_MouseDown();
 
@@ -75,6 +80,8 @@ private:
     ShellServices shell_;
     ResultRows rows_;
     SearchRun run_;
+    PredefinedPatterns patterns_;
+    SearchStart start_;
 
     std::unique_ptr<NCSizeModifier> frame_;
     QString HelpFile;

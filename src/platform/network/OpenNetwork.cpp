@@ -14,7 +14,6 @@ namespace netrove {
 namespace {
 
 constexpr QLatin1String FileName("network.ini");
-constexpr QLatin1String LocalAreaNetwork("Microsoft Windows Network");
 
 /// Whether the text can be a node's name: a provider's, a workgroup's or a computer's.
 bool IsName(const QString& text) {
@@ -153,7 +152,7 @@ private:
 
 OpenedNetwork LocalAreaNetworkAlone(const QStringList& problems) {
     std::vector<std::unique_ptr<NetworkProvider>> providers;
-    providers.push_back(std::make_unique<SmbProvider>(LocalAreaNetwork, std::vector<SmbHost>()));
+    providers.push_back(std::make_unique<SmbProvider>(NetEnum::LocalAreaNetwork, std::vector<SmbHost>()));
     return {.network = std::make_unique<Network>(std::move(providers)), .problems = problems};
 }
 
