@@ -12,6 +12,7 @@
 #include "searchrun/SearchRun.h"
 #include "searchrun/SearchState.h"
 #include "skins/NCSizeModifier.h"
+#include "storage/SettingsFile.h"
 
 #include <QMainWindow>
 
@@ -52,11 +53,11 @@ private:
     void LoadSteps();
     void ReadSystem();
     void ChooseStartNode();
+    void ReadSkin();
     void ApplySkin(int index);
-    void ApplySettings();
-    void PlaceWindow();
     [[nodiscard]] bool Form_QueryUnload();
     void Form_Unload();
+    void SaveSettings();
 
     void OpenHelp();
     void HyperLbl_MouseDown();
@@ -75,6 +76,7 @@ private:
     ShellServices shell_;
     ResultRows rows_;
     SearchRun run_;
+    SettingsFile settingsFile_;
 
     std::unique_ptr<NCSizeModifier> frame_;
     QString HelpFile;
