@@ -6,6 +6,7 @@
 #include "browser/NetworkTree.h"
 #include "browser/NodeExclusion.h"
 #include "network/NetResource.h"
+#include "runtime/RunTimeError.h"
 #include "skins/NCSizeModifier.h"
 
 #include <QDialog>
@@ -32,7 +33,7 @@ class frmNWDialog : public QDialog {
 public:
     /// `owner` is the window that it stands in the middle of.
     frmNWDialog(const BrowserServices& services, QWidget* owner);
-    ~frmNWDialog() override;
+    ~frmNWDialog() override = default;
 
     /// Whether it was closed without a choice.
     [[nodiscard]] bool Cancelled() const { return cancelled_; }
@@ -51,8 +52,9 @@ private:
     void Form_Load();
     void ConnectControls();
     void tmrNodes_Timer();
-    void FirstLoad();
-    void ShowTree();
+    void BeginFirstLoad();
+    void EndFirstLoad();
+    void ShowLoadFailure(const RunTimeError& failure);
     void tvwNetwork_Expand(const QString& key);
     void tvwNetwork_MouseDown(Qt::MouseButton button, const QPoint& position);
     void cmdOk_Click();
