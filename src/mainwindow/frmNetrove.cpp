@@ -1,8 +1,7 @@
 #include "mainwindow/frmNetrove.h"
 
-#include "controls/Color.h"
+#include "browser/frmNWDialog.h"
 #include "controls/Twips.h"
-#include "mainwindow/services/NetworkNodes.h"
 #include "mainwindow/services/WinVer.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/RunTimeError.h"
@@ -19,8 +18,12 @@
 namespace netrove {
 namespace {
 
-/// Background of lists without a colour of their own; red in the low byte.
-constexpr quint32 White = 0xFFFFFF;
+constexpr int LastSkin = 5;
+
+/// A stored number that no skin has means none.
+qint32 SkinOf(qint32 stored) {
+    return stored < 0 || stored > LastSkin ? 0 : stored;
+}
 
 QString Text(const char* text) {
     return QString::fromLatin1(text);
@@ -58,7 +61,17 @@ frmNetrove::frmNetrove(const ProgramServices& services)
     , patterns_({*controls_.LstSearchFor, *controls_.imgFiles[0], *menu_->Menu(Text("mnuPopUp5"))},
                 settings_, services.dialogs)
     , start_({*this, *controls_.txtSearchStart, *menu_->Menu(Text("mnuPopUp6"))}, MakeJobControls(),
-             {services.network, services.dialogs, settings_, exclusions_, {}}, state_) {
+             {services.network, services.dialogs, settings_, exclusions_,
+              [this] { return BrowseNetwork(); }},
+             state_)
+    , settingsFile_({*this, *controls_.LstSearchFor, *controls_.chkRecurse, *controls_.lvwResults,
+                     *controls_.lvwDownloads},
+                    {.settings = settings_,
+                     .system = services.system,
+                     .applicationFolder = services.applicationFolder},
+                    IniFileName(services.applicationFolder)) {
+    settings_.SaveFolder = DownloadsFolder(services.applicationFolder);
+    resize(ToPixels(WindowLayout::MinFormWidth), ToPixels(WindowLayout::MinFormHeight));
     setObjectName(Text("frmNetrove"));
     setWindowTitle(Text("Netrove"));
     ConnectControls();
@@ -76,13 +89,14 @@ void frmNetrove::ConnectControls() {
     });
     controls_.HyperLbl->installEventFilter(this);
     controls_.cmdAbandon->setEnabled(false);
-    // What these two open isn't there yet.
-    controls_.cmdSetSearchStart->setEnabled(false);
+    // What this one does isn't there yet.
     controls_.cmdClearLst->setEnabled(false);
 }
 
 /// What the controls of the search text and the start node do besides; eventFilter has the rest.
 void frmNetrove::ConnectSearchParameters() {
+    connect(controls_.cmdSetSearchStart, &QPushButton::clicked, this,
+            [this] { start_.cmdSetSearchStart_Click(); });
     connect(controls_.cmdInpNetNode, &QPushButton::clicked, this,
             [this] { start_.cmdInpNetNode_Click(); });
     for (QObject* watched : {static_cast<QObject*>(controls_.imgFiles[0]),
@@ -114,8 +128,8 @@ JobControls frmNetrove::MakeJobControls() {
                                           Text("mnuDonate"), Text("mnuAbout1")}),
             .filesPicture = controls_.imgFiles[0],
             .busyPicture = controls_.imgFiles[1],
-            .inputs = {controls_.cmdInpNetNode, controls_.LstSearchFor, controls_.chkRecurse,
-                       controls_.cmdStartSearch},
+            .inputs = {controls_.cmdSetSearchStart, controls_.cmdInpNetNode, controls_.LstSearchFor,
+                       controls_.chkRecurse, controls_.cmdStartSearch},
             .cmdAbandon = controls_.cmdAbandon};
 }
 
@@ -163,18 +177,20 @@ void frmNetrove::Form_Load() {
 
 void frmNetrove::LoadSteps() {
     hide();
+    marker_ = std::make_unique<InstanceMarker>();
     HelpFile = services_.applicationFolder + QDir::separator() + Text("Help") + QDir::separator() +
                Text("Netrove.html");
     ReadSystem();
     frame_ = std::make_unique<StandardFrame>();
-    ApplySkin(0);
+    ReadSkin();
     ChooseStartNode();
     settings_.ResultsBackColor = 0xEAEAD5;
     settings_.DownloadsBackColor = 0xBFFFFF;
     state_.AbandonFlag = false;
     state_.FilesFound = 0;
     settings_.MaxConcurrentDownloads = 5;
-    ApplySettings();
+    settingsFile_.LoadIni();
+    settings_.SkinIndex = SkinOf(settings_.SkinIndex);
     log_.Open(LogFile());
     controls_.SSTab1->setCurrentIndex(0);
 }
@@ -205,8 +221,16 @@ void frmNetrove::ChooseStartNode() {
     controls_.txtSearchStart->setText(provider);
 }
 
+/// The window has the desktop's frame whatever skin is stored, but the choice is kept.
+void frmNetrove::ReadSkin() {
+    const qint32 index =
+        LeadingLong(settingsFile_.Profile().ReadIni(Text("Skin"), Text("Index"), Text("1")));
+    ApplySkin(0);
+    settings_.SkinIndex = SkinOf(index);
+}
+
 void frmNetrove::ApplySkin(int index) {
-    for (int skin = 0; skin <= 5; ++skin) {
+    for (int skin = 0; skin <= LastSkin; ++skin) {
         QAction* item = menu_->Item(Element("mnuSkin", skin));
         item->setCheckable(true);
         item->setChecked(skin == index);
@@ -214,26 +238,6 @@ void frmNetrove::ApplySkin(int index) {
     settings_.SkinIndex = index;
     frame_->Detach();
     layout_.Form_Resize();
-}
-
-/// Puts those settings into the controls that show in them.
-void frmNetrove::ApplySettings() {
-    settings_.CurrentComputerName = ComputerUNCName(services_.system);
-    run_.SetSizeHeaders();
-    const bool colored = settings_.ColorsState == 1;
-    controls_.lvwResults->SetBackColor(ToColor(colored ? settings_.ResultsBackColor : White));
-    controls_.lvwDownloads->SetBackColor(ToColor(colored ? settings_.DownloadsBackColor : White));
-    for (ListView* list : {controls_.lvwResults, controls_.lvwDownloads})
-        list->SetGridLines(settings_.GridsState == 1);
-    PlaceWindow();
-}
-
-/// In the middle of the screen, in the smallest size.
-void frmNetrove::PlaceWindow() {
-    resize(ToPixels(WindowLayout::MinFormWidth), ToPixels(WindowLayout::MinFormHeight));
-    const QRect screenArea = screen()->availableGeometry();
-    move(screenArea.x() + (screenArea.width() - width()) / 2,
-         screenArea.y() + (screenArea.height() - height()) / 2);
 }
 
 void frmNetrove::closeEvent(QCloseEvent* event) {
@@ -260,6 +264,7 @@ bool frmNetrove::Form_QueryUnload() {
 void frmNetrove::Form_Unload() {
     hide();
     log_.Close();
+    SaveSettings();
     if (state_.SearchEvt)
         state_.SearchEvt->Abandon();
     if (frame_)
@@ -271,6 +276,15 @@ void frmNetrove::Form_Unload() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window != this && window->isWindow() && window->isVisible())
             window->close();
+    }
+}
+
+/// Whatever fails, the window goes on closing.
+void frmNetrove::SaveSettings() {
+    try {
+        settingsFile_.SaveIni();
+    } catch (...) {
+        qWarning("Not all settings could be saved.");
     }
 }
 
@@ -324,6 +338,21 @@ void frmNetrove::LstSearchFor_FocusIn(Qt::FocusReason reason) {
             this, [this] { patterns_.LstSearchFor_GotFocus(); }, Qt::QueuedConnection);
     else
         patterns_.LstSearchFor_GotFocus();
+}
+
+/// The chosen node; nothing where the user has chosen none.
+std::optional<std::shared_ptr<NetResource>> frmNetrove::BrowseNetwork() {
+    frmNWDialog browser({.network = services_.network,
+                         .settings = settings_,
+                         .exclusions = exclusions_,
+                         .log = log_,
+                         .dialogs = services_.dialogs,
+                         .openHelp = [this] { OpenHelp(); }},
+                        this);
+    browser.exec();
+    if (browser.Cancelled())
+        return std::nullopt;
+    return browser.Result();
 }
 
 QString frmNetrove::LogFile() const {

@@ -5,6 +5,7 @@
 #include "mainwindow/ProgramServices.h"
 #include "mainwindow/WindowLayout.h"
 #include "mainwindow/services/ShellServices.h"
+#include "platform/InstanceMarker.h"
 #include "search/ExclusionLists.h"
 #include "search/Settings.h"
 #include "search/TroubleshootingLog.h"
@@ -14,6 +15,7 @@
 #include "searchrun/SearchStart.h"
 #include "searchrun/SearchState.h"
 #include "skins/NCSizeModifier.h"
+#include "storage/SettingsFile.h"
 
 #include <QMainWindow>
 
@@ -55,13 +57,14 @@ private:
     void LoadSteps();
     void ReadSystem();
     void ChooseStartNode();
+    void ReadSkin();
     void ApplySkin(int index);
-    void ApplySettings();
-    void PlaceWindow();
     [[nodiscard]] bool Form_QueryUnload();
     void Form_Unload();
+    void SaveSettings();
 
     void LstSearchFor_FocusIn(Qt::FocusReason reason);
+    [[nodiscard]] std::optional<std::shared_ptr<NetResource>> BrowseNetwork();
     [[nodiscard]] QString LogFile() const;
     void OpenHelp();
     void HyperLbl_MouseDown();
@@ -82,7 +85,9 @@ private:
     SearchRun run_;
     PredefinedPatterns patterns_;
     SearchStart start_;
+    SettingsFile settingsFile_;
 
+    std::unique_ptr<InstanceMarker> marker_;
     std::unique_ptr<NCSizeModifier> frame_;
     QString HelpFile;
     QString OSName;

@@ -1,8 +1,10 @@
 #include "searchrun/SearchRun.h"
 
+#include "mainwindow/services/FileDetails.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "search/SearchSummary.h"
 #include "search/SearchText.h"
 
 #include <QDateTime>
@@ -97,12 +99,9 @@ void SearchRun::ClearResults() {
 }
 
 void SearchRun::SetSizeHeaders() {
-    const qint16 format = services_.search.settings.SizeFormat;
-    const QString header = format == 2   ? QStringLiteral("Size (KB)")
-                           : format == 3 ? QStringLiteral("Size (B)")
-                                         : QStringLiteral("Size (MB)");
-    controls_.lvwResults.SetHeaderText(ResultColumn::Size, header);
-    controls_.lvwDownloads.SetHeaderText(ResultColumn::Size, header);
+    const QString heading = SizeHeading(services_.search.settings.SizeFormat);
+    controls_.lvwResults.SetHeaderText(ResultColumn::Size, heading);
+    controls_.lvwDownloads.SetHeaderText(ResultColumn::Size, heading);
 }
 
 void SearchRun::DisableButtons() {
@@ -136,13 +135,8 @@ void SearchRun::GiveControlsBack() {
 }
 
 void SearchRun::WriteSummary(qint64 seconds) {
-    const QString start =
-        state_.AbandonFlag ? QStringLiteral("Aborted, but returned ") : QStringLiteral("Returned ");
-    const QString unit = seconds == 1 ? QStringLiteral(" second.") : QStringLiteral(" seconds.");
-    controls_.RetFileLbl.setText(start + QString::number(state_.FilesFound) +
-                                 QStringLiteral(" files in ") + QString::number(seconds) + unit +
-                                 QStringLiteral(" (Max return is set to ") +
-                                 QString::number(services_.search.settings.MaxReturnFiles) + u')');
+    controls_.RetFileLbl.setText(SearchSummary(state_.AbandonFlag, state_.FilesFound, seconds,
+                                               services_.search.settings.MaxReturnFiles));
 }
 
 void SearchRun::RepaintWindow() {
