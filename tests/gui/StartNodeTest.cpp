@@ -1,3 +1,5 @@
+#include "browser/frmNWDialog.h"
+#include "controls/TreeView.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
 #include "gui/WindowDriver.h"
@@ -49,6 +51,33 @@ protected:
         Click("cmdInpNetNode");
         Pick("mnuPopUp6", Text("mnuInpNetNode(%1)").arg(index).toLatin1().constData());
         EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+    }
+
+    /// Opens the browser and lets `user` act on it, once the first level is there.
+    void Browse(std::function<void(frmNWDialog&)> user) {
+        bool seen = false;
+        QTimer look;
+        look.callOnTimeout([&] {
+            auto* browser = qobject_cast<frmNWDialog*>(QApplication::activeModalWidget());
+            if (!browser || seen)
+                return;
+            auto& timer = *browser->findChild<QTimer*>(Text("tmrNodes"));
+            if (timer.isActive() && timer.interval() > 0)
+                timer.start(0);
+            if (!browser->findChild<QWidget*>(Text("cmdOk"))->isEnabled())
+                return;
+            seen = true;
+            user(*browser);
+        });
+        look.start(5);
+        Click("cmdSetSearchStart");
+        EXPECT_TRUE(seen);
+        EXPECT_TRUE(window.findChildren<frmNWDialog*>().isEmpty());
+    }
+
+    static void Choose(frmNWDialog& browser, const char* key) {
+        browser.findChild<TreeView*>(Text("tvwNetwork"))->SetSelected(Text(key));
+        QTest::mouseClick(browser.findChild<QWidget*>(Text("cmdOk")), Qt::LeftButton);
     }
 
     QString Shown() { return Find<QLineEdit>("txtSearchStart").text(); }
@@ -137,6 +166,62 @@ TEST_F(StartNode, IsSearchedAndKeepsWhatWasRead) {
     Input(3, "");
     Click("cmdStartSearch");
     EXPECT_EQ(Rows().size(), 3);
+}
+
+TEST_F(StartNode, ComesFromTheBrowser) {
+    const QStringList controls{Text("cmdStartSearch"), Text("cmdSetSearchStart"),
+                               Text("cmdInpNetNode"), Text("LstSearchFor"), Text("chkRecurse")};
+    const auto expectEnabled = [&](bool enabled) {
+        for (const QString& name : controls + QStringList(Text("cmdAbandon")))
+            EXPECT_EQ(Find<QWidget>(name.toLatin1().constData()).isEnabled(), enabled)
+                << name.toStdString();
+        EXPECT_EQ(Find<QAction>("mnuCont").isEnabled(), enabled);
+    };
+    EXPECT_FALSE(Find<QWidget>("cmdAbandon").isEnabled());
+    Browse([&](frmNWDialog& browser) {
+        expectEnabled(false);
+        Choose(browser, "??Other");
+    });
+    EXPECT_EQ(Shown(), Text("Other"));
+    expectEnabled(true);
+    Click("cmdAbandon");
+    calls.clear();
+    Click("cmdStartSearch");
+    EXPECT_EQ(Rows(), QStringList{Text("\\\\U\\D\\one.mp3")});
+    EXPECT_TRUE(Caption().startsWith(Text("Returned 1 files in ")));
+    EXPECT_FALSE(Find<QWidget>("cmdAbandon").isEnabled());
+    EXPECT_FALSE(calls.contains(Text("open ")));
+
+    const auto cancel = [](frmNWDialog& browser) { QTest::keyClick(&browser, Qt::Key_Escape); };
+    Browse(cancel);
+    EXPECT_EQ(Shown(), Text("Other"));
+    expectEnabled(true);
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
+}
+
+TEST_F(StartNode, BrowserSeesWhatIsExcluded) {
+    const auto isMarked = [this] {
+        bool marked = false;
+        Browse([&](frmNWDialog& browser) {
+            marked = browser.findChild<TreeView*>(Text("tvwNetwork"))
+                         ->ForeColor(Text("??Net"))
+                         .isValid();
+            Choose(browser, "??Net");
+        });
+        return marked;
+    };
+    EXPECT_FALSE(isMarked());
+    window.ProgramSettings().ExcNetNodes = {Text("Net|True|Network")};
+    EXPECT_TRUE(isMarked());
+    window.ProgramSettings().ExcNetNodes = {Text("Net")};
+    Click("cmdSetSearchStart");
+    EXPECT_EQ(dialogs.Shown, QStringList{Text("Error in browsing network: 9\r\nSubscript out of "
+                                              "range")});
+    EXPECT_EQ(Shown(), Text("Net"));
+    EXPECT_TRUE(Find<QWidget>("cmdStartSearch").isEnabled());
+    window.ProgramSettings().ExcludeNetNodes = false;
+    isMarked();
+    EXPECT_EQ(dialogs.Shown.size(), 1) << "the entries weren't read";
 }
 
 TEST_F(StartNode, FailuresEndInABox) {
