@@ -28,8 +28,8 @@ struct Settings {
     QStringList ExcNetNodes; ///< entries of the form name|enabled|type
     /// Stand in for entries that the settings file doesn't have.
     QStringList DefaultNetNodes;
-    qint16 SizeFormat = 1;   ///< 1 megabytes, 2 kilobytes, 3 bytes
-    qint16 SizeNumDec = 4;   ///< decimals of the size column, 0 to 10
+    qint16 SizeFormat = 1; ///< 1 megabytes, 2 kilobytes, 3 bytes
+    qint16 SizeNumDec = 4; ///< decimals of the size column, 0 to 10
     QString DateFormat = QStringLiteral("MM/DD/YY");
     bool ShowListIcons = false;
     qint16 ListIconType = 0; ///< 0 predefined, 1 the desktop's
