@@ -10,12 +10,20 @@ namespace netrove {
 namespace {
 
 constexpr quint32 DesktopColorBit = 0x80000000;
+/// The contrast that a text needs to be read: that of pure red on white is just above it.
+constexpr double ReadableContrast = 3.9;
 
 /// Luminance, 0 to 1, as the eye weighs the channels.
 double Luminance(const QColor& color) {
     const auto linear = [](double channel) { return std::pow(channel, 2.2); };
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
            0.0722 * linear(color.blueF());
+}
+
+double Contrast(const QColor& first, const QColor& second) {
+    const double one = Luminance(first) + 0.05;
+    const double other = Luminance(second) + 0.05;
+    return one > other ? one / other : other / one;
 }
 
 } // namespace
@@ -38,6 +46,15 @@ quint32 FromColor(const QColor& color) {
 QColor ReadableOn(const QColor& background) {
     // At this luminance black and white stand out equally.
     return Luminance(background) > 0.179 ? QColor(Qt::black) : QColor(Qt::white);
+}
+
+QColor Legible(const QColor& color, const QColor& background) {
+    constexpr double Step = 0.05;
+    QColor legible = color;
+    for (double share = 0; share < 1 && Contrast(legible, background) < ReadableContrast;
+         share += Step)
+        legible = Mixed(color, ReadableOn(background), share);
+    return legible;
 }
 
 QColor Mixed(const QColor& first, const QColor& second, double share) {

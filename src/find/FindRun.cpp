@@ -3,6 +3,7 @@
 #include "find/WrongUse.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
+#include "search/SearchSummary.h"
 
 #include <limits>
 
@@ -123,15 +124,8 @@ void FindRun::PrintSummary() {
     const bool nobodyReads = console_.out.Error() != 0;
     if (nobodyReads || (!incomplete && !console_.err.IsTerminal()))
         return;
-    const qint64 seconds = clock_.elapsed() / 1000;
-    QString summary =
-        signal_ != 0 ? QStringLiteral("Aborted, but returned ") : QStringLiteral("Returned ");
-    summary += QString::number(found_) + QLatin1String(" files in ") + QString::number(seconds) +
-               (seconds == 1 ? QLatin1String(" second.") : QLatin1String(" seconds."));
-    if (arguments_.max)
-        summary += QLatin1String(" (Max return is set to ") + QString::number(*arguments_.max) +
-                   QLatin1Char(')');
-    console_.err.WriteLine(summary);
+    console_.err.WriteLine(
+        SearchSummary(signal_ != 0, found_, clock_.elapsed() / 1000, arguments_.max));
 }
 
 } // namespace netrove

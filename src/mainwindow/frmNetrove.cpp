@@ -146,6 +146,7 @@ void frmNetrove::Form_Load() {
 
 void frmNetrove::LoadSteps() {
     hide();
+    marker_ = std::make_unique<InstanceMarker>();
     HelpFile = services_.applicationFolder + QDir::separator() + Text("Help") + QDir::separator() +
                Text("Netrove.html");
     ReadSystem();

@@ -5,6 +5,7 @@
 #include "mainwindow/ProgramServices.h"
 #include "mainwindow/WindowLayout.h"
 #include "mainwindow/services/ShellServices.h"
+#include "platform/InstanceMarker.h"
 #include "search/ExclusionLists.h"
 #include "search/Settings.h"
 #include "search/TroubleshootingLog.h"
@@ -78,6 +79,7 @@ private:
     SearchRun run_;
     SettingsFile settingsFile_;
 
+    std::unique_ptr<InstanceMarker> marker_;
     std::unique_ptr<NCSizeModifier> frame_;
     QString HelpFile;
     QString OSName;

@@ -1,7 +1,6 @@
 #include "mainwindow/frmNetrove.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
 #include "platform/ApplicationFolder.h"
-#include "platform/InstanceMarker.h"
 #include "platform/LinuxSystemInformation.h"
 #include "platform/desktop/DesktopApplication.h"
 #include "platform/desktop/DesktopDialogs.h"
@@ -17,7 +16,6 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("netrove"));
     QApplication::setWindowIcon(netrove::ProgramIcon());
 
-    const netrove::InstanceMarker marker;
     const netrove::WindowYield yield;
     const QString folder = netrove::ApplicationFolder();
     const netrove::OpenedNetwork opened = netrove::OpenNetwork(folder);

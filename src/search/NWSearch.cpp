@@ -53,7 +53,7 @@ void NWSearch::SearchNode(const QString& fileName, NetResource& node) {
     context_.Update(node.RemoteName());
     if (context_.AbandonRequested)
         return;
-    LogNode(node);
+    context_.services.log.PrintNode(QStringLiteral("NETWORK SEARCH"), node);
     context_.NodeBaseStart = node.RemoteName().size() + 1;
     if (ActOnNode(fileName, node) == Next::WalkChildren)
         WalkChildren(fileName, node);
@@ -210,17 +210,6 @@ void NWSearch::SearchPath(const QString& fileName, const QString& startPath) {
 void NWSearch::LogSearchHead() {
     context_.services.log.PrintBlock(
         {QString(60, QLatin1Char('-')), GeneralDate(QDateTime::currentDateTime())});
-}
-
-void NWSearch::LogNode(const NetResource& node) {
-    if (!context_.services.log.IsOn())
-        return;
-    context_.services.log.PrintBlock(
-        {QStringLiteral("NETWORK SEARCH"), QLatin1String("Remote Name: ") + node.RemoteName(),
-         QLatin1String("Resource Type: ") +
-             QString::number(static_cast<qint32>(node.ResourceType())),
-         QLatin1String("Resource Type Name: ") + node.ResourceTypeName(),
-         QLatin1String("Provider: ") + node.Provider()});
 }
 
 } // namespace netrove

@@ -60,7 +60,6 @@ private:
                                   const QString& logLine);
     [[nodiscard]] bool IsCurrentComputer(const NetResource& node);
     void LogSearchHead();
-    void LogNode(const NetResource& node);
 
     SearchContext context_;
     FolderScan folders_;

@@ -30,4 +30,14 @@ void TroubleshootingLog::PrintBlock(const QStringList& lines) {
     file_.flush();
 }
 
+void TroubleshootingLog::PrintNode(const QString& head, const NetResource& node) {
+    if (!IsOn())
+        return;
+    PrintBlock({head, QLatin1String("Remote Name: ") + node.RemoteName(),
+                QLatin1String("Resource Type: ") +
+                    QString::number(static_cast<qint32>(node.ResourceType())),
+                QLatin1String("Resource Type Name: ") + node.ResourceTypeName(),
+                QLatin1String("Provider: ") + node.Provider()});
+}
+
 } // namespace netrove

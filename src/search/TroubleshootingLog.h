@@ -1,5 +1,6 @@
 #pragma once
 
+#include "network/NetResource.h"
 #include "search/Settings.h"
 
 #include <QFile>
@@ -25,6 +26,9 @@ public:
     /// which names from the network can hold, are written as U+FFFD, so that a name can't
     /// forge a line.
     void PrintBlock(const QStringList& lines);
+
+    /// Writes the block of a node of the network, under this head line. Yields if the log is on.
+    void PrintNode(const QString& head, const NetResource& node);
 
 private:
     const Settings& settings_;

@@ -4,6 +4,7 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "search/SearchSummary.h"
 #include "search/SearchText.h"
 
 #include <QDateTime>
@@ -134,13 +135,8 @@ void SearchRun::GiveControlsBack() {
 }
 
 void SearchRun::WriteSummary(qint64 seconds) {
-    const QString start =
-        state_.AbandonFlag ? QStringLiteral("Aborted, but returned ") : QStringLiteral("Returned ");
-    const QString unit = seconds == 1 ? QStringLiteral(" second.") : QStringLiteral(" seconds.");
-    controls_.RetFileLbl.setText(start + QString::number(state_.FilesFound) +
-                                 QStringLiteral(" files in ") + QString::number(seconds) + unit +
-                                 QStringLiteral(" (Max return is set to ") +
-                                 QString::number(services_.search.settings.MaxReturnFiles) + u')');
+    controls_.RetFileLbl.setText(SearchSummary(state_.AbandonFlag, state_.FilesFound, seconds,
+                                               services_.search.settings.MaxReturnFiles));
 }
 
 void SearchRun::RepaintWindow() {

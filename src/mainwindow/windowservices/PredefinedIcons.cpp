@@ -44,6 +44,21 @@ QString FileOf(const QString& key) {
                                           : QLatin1String("file-") + key.toLower();
 }
 
+/// The keys of the network's pictures in their order, with the drawings that they show.
+struct NetworkDrawing {
+    const char* key;
+    const char* name;
+};
+constexpr NetworkDrawing NetworkDrawings[] = {
+    {"directory", "node-folder"}, {"root", "node-root"},
+    {"group", "node-group"},      {"ndscontainer", "node-ndscontainer"},
+    {"network", "node-network"},  {"server", "node-server"},
+    {"tree", "node-tree"},        {"domain", "node-domain"},
+    {"share", "node-share"},      {"adminshare", "node-adminshare"},
+    {"printer", "node-printer"},  {"folder", "node-folder"},
+    {"file", "file-none"},        {"shareadmin", "node-adminshare"},
+};
+
 } // namespace
 
 QStringList PredefinedIconKeys() {
@@ -67,6 +82,25 @@ QIcon BlankIcon() {
         icon.addPixmap(picture);
     }
     return icon;
+}
+
+QStringList NetworkIconKeys() {
+    QStringList keys;
+    for (const NetworkDrawing& drawing : NetworkDrawings)
+        keys.append(QString::fromLatin1(drawing.key));
+    return keys;
+}
+
+QIcon NetworkIcon(const QString& key) {
+    for (const NetworkDrawing& drawing : NetworkDrawings) {
+        if (key == QLatin1String(drawing.key))
+            return Render(QString::fromLatin1(drawing.name), {{16, {16, 24}}, {32, {32, 48}}});
+    }
+    throw RunTimeError(ErrorNumber::KeyNotFound);
+}
+
+QIcon NetworkPicture() {
+    return Render(QStringLiteral("network"), {{64, {64, 96, 128}}});
 }
 
 QIcon ProgramIcon() {

@@ -17,6 +17,17 @@ namespace netrove {
 /// The empty picture that stands for "<NONE>" beside the desktop's own icons.
 [[nodiscard]] QIcon BlankIcon();
 
+/// The keys of the pictures of network nodes: the words for a node's type in lower case, and a few
+/// more.
+[[nodiscard]] QStringList NetworkIconKeys();
+
+/// The picture of such a key, drawn for 16 pixels and for 32, which are 16 on a dense screen.
+/// Raises ErrorNumber::KeyNotFound for any other key.
+[[nodiscard]] QIcon NetworkIcon(const QString& key);
+
+/// The picture of computers on a network, drawn for 64 pixels.
+[[nodiscard]] QIcon NetworkPicture();
+
 /// The program's icon.
 [[nodiscard]] QIcon ProgramIcon();
 

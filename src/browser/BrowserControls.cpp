@@ -1,0 +1,102 @@
+#include "browser/BrowserControls.h"
+
+#include "browser/LoadProgress.h"
+#include "mainwindow/windowservices/PredefinedIcons.h"
+
+#include <algorithm>
+
+namespace netrove {
+namespace {
+
+/// Edges of pictures, in pixels.
+constexpr int NodePicture = 16;
+constexpr int LoadPicture = 64;
+/// Pixels between the parts of the progress display.
+constexpr int Gap = 6;
+
+QString Text(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+template <typename Widget>
+Widget* Named(Widget* widget, const char* name, const char* toolTip = "") {
+    widget->setObjectName(Text(name));
+    widget->setToolTip(Text(toolTip));
+    return widget;
+}
+
+/// Names come from outside, so that no label may read them as anything but text.
+QLabel* Label(QWidget& parent, const char* name, const char* caption) {
+    auto* label = Named(new QLabel(Text(caption), &parent), name);
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignCenter);
+    return label;
+}
+
+QFrame* Line(QWidget& parent, const char* name) {
+    auto* line = Named(new QFrame(&parent), name);
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    return line;
+}
+
+} // namespace
+
+BrowserControls::BrowserControls(QWidget& dialog) : imgXPNWImages(NodePicture) {
+    for (const QString& key : NetworkIconKeys())
+        imgXPNWImages.Add(key, NetworkIcon(key));
+
+    Ln = {Line(dialog, "Ln(0)"), Line(dialog, "Ln(1)")};
+    ImgNet1 = Label(dialog, "ImgNet(1)", "");
+    ImgNet1->setPixmap(
+        NetworkPicture().pixmap(QSize(LoadPicture, LoadPicture), dialog.devicePixelRatioF()));
+    LblMain = Label(dialog, "LblMain", "Searching for computers on the network.");
+    lblAddNode = Label(dialog, "lblAddNode", "");
+    tvwNetwork = Named(new TreeView(&dialog), "tvwNetwork");
+    tvwNetwork->setAccessibleName(Text("Network"));
+    cmdOk = Named(new QPushButton(Text("&Select"), &dialog), "cmdOk",
+                  "Set the selected node as the network node");
+    cmdCancel = Named(new QPushButton(Text("&Close"), &dialog), "cmdCancel", "Close the window");
+    lblWait = Label(dialog, "lblWait", "Wait...");
+    MakeProgress(dialog);
+    MakeMenu(dialog);
+
+    for (QWidget* hidden : {static_cast<QWidget*>(tvwNetwork), static_cast<QWidget*>(LblMain),
+                            static_cast<QWidget*>(lblWait), static_cast<QWidget*>(lblProg)})
+        hidden->hide();
+    cmdOk->setEnabled(false);
+    cmdOk->setDefault(true);
+}
+
+void BrowserControls::MakeProgress(QWidget& dialog) {
+    picProg = Named(new QFrame(&dialog), "picProg");
+    picProg->setFrameStyle(int(QFrame::StyledPanel) | QFrame::Raised);
+    picProg->setAutoFillBackground(true);
+    shpProg = Named(new QFrame(picProg), "shpProg");
+    shpProg->setFrameStyle(int(QFrame::Box) | QFrame::Plain);
+    lblProg = Label(*picProg, "lblProg", "");
+    lblProg->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    QPalette palette = lblProg->palette();
+    palette.setColor(QPalette::WindowText, palette.color(QPalette::Highlight));
+    lblProg->setPalette(palette);
+    QFont font = lblProg->font();
+    font.setBold(true);
+    lblProg->setFont(font);
+    lblProcPerc = Label(*picProg, "lblProcPerc", "");
+
+    const int height = lblProg->fontMetrics().height();
+    const int bar = lblProg->fontMetrics().horizontalAdvance(LoadProgress::FullBar());
+    const int percentage = lblProcPerc->fontMetrics().horizontalAdvance(Text("100%"));
+    lblProg->setGeometry(2 * Gap, Gap + 2, bar, height);
+    shpProg->setGeometry(lblProg->geometry().adjusted(-Gap / 2, -2, Gap / 2, 2));
+    lblProcPerc->setGeometry(shpProg->geometry().right() + Gap, Gap + 2, percentage, height);
+    picProg->resize(lblProcPerc->geometry().right() + 2 * Gap, height + 2 * Gap + 4);
+}
+
+void BrowserControls::MakeMenu(QWidget& dialog) {
+    mnupopUp1 = Named(new QMenu(&dialog), "mnupopUp1");
+    mnuExcNode = Named(mnupopUp1->addAction(Text("Exclude Node of this Name and Type in Search")),
+                       "mnuExcNode");
+}
+
+} // namespace netrove

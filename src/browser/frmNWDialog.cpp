@@ -1,0 +1,188 @@
+#include "browser/frmNWDialog.h"
+
+#include "controls/Twips.h"
+#include "mainwindow/windowservices/WindowGeometry.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Yield.h"
+#include "skins/StandardFrame.h"
+
+#include <QKeyEvent>
+
+#include <optional>
+
+namespace netrove {
+namespace {
+
+/// The size that the dialog comes up with, in twips.
+constexpr int DesignWidth = 6300;
+constexpr int DesignHeight = 6900;
+/// How long the dialog is up before the network is asked, in milliseconds.
+constexpr int LoadDelay = 1000;
+
+QString NumberAndDescription(const RunTimeError& failure) {
+    return QString::number(failure.Number()) + QLatin1String("\r\n") + failure.Description();
+}
+
+} // namespace
+
+frmNWDialog::frmNWDialog(const BrowserServices& services, QWidget* owner)
+    : QDialog(owner)
+    , services_(services)
+    , controls_(*this)
+    , layout_(*this, controls_)
+    , exclusion_(*controls_.tvwNetwork, services.settings, services.exclusions, services.dialogs)
+    , tree_(controls_, services_, exclusion_) {
+    setObjectName(QStringLiteral("frmNWDialog"));
+    setWindowTitle(QStringLiteral("Select Network Node"));
+    resize(ToPixels(DesignWidth), ToPixels(DesignHeight));
+    tmrNodes_.setObjectName(QStringLiteral("tmrNodes"));
+    tmrNodes_.setParent(this);
+    tmrNodes_.setSingleShot(true);
+    tmrNodes_.setInterval(LoadDelay);
+    ConnectControls();
+}
+
+void frmNWDialog::ConnectControls() {
+    connect(&tmrNodes_, &QTimer::timeout, this, &frmNWDialog::tmrNodes_Timer);
+    connect(controls_.cmdOk, &QPushButton::clicked, this, &frmNWDialog::cmdOk_Click);
+    connect(controls_.cmdCancel, &QPushButton::clicked, this, &frmNWDialog::reject);
+    connect(controls_.tvwNetwork, &TreeView::Expand, this, &frmNWDialog::tvwNetwork_Expand);
+    connect(controls_.tvwNetwork, &TreeView::MouseDown, this, &frmNWDialog::tvwNetwork_MouseDown);
+    connect(controls_.mnuExcNode, &QAction::triggered, this,
+            [this] { exclusion_.mnuExcNode_Click(); });
+}
+
+void frmNWDialog::Form_Load() {
+    controls_.tvwNetwork->SetImageList(&controls_.imgXPNWImages);
+    if (parentWidget())
+        CentreWindow(*parentWidget()->window(), *this);
+    frame_ = std::make_unique<StandardFrame>();
+    tmrNodes_.start();
+    controls_.lblProg->clear();
+    controls_.lblAddNode->clear();
+}
+
+/// The load runs inside this handler. After each of its yields the dialog may have been closed;
+/// then it leaves at its next test, with the tree still hidden.
+void frmNWDialog::tmrNodes_Timer() {
+    std::optional<RunTimeError> failure;
+    try {
+        BeginFirstLoad();
+        if (!tree_.LoadFirstLevel())
+            return;
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    if (controls_.tvwNetwork->Count() > 0)
+        controls_.tvwNetwork->EnsureVisible(controls_.tvwNetwork->Children({}).first());
+    if (failure) {
+        ShowLoadFailure(*failure);
+    } else {
+        controls_.lblAddNode->setText(QStringLiteral("Done"));
+        controls_.lblAddNode->repaint();
+    }
+    EndFirstLoad();
+}
+
+void frmNWDialog::BeginFirstLoad() {
+    tmrNodes_.stop();
+    controls_.lblWait->show();
+    controls_.LblMain->show();
+    controls_.lblProg->show();
+    LoadProgress::Reset(controls_);
+    controls_.tvwNetwork->hide();
+    controls_.cmdOk->setEnabled(false);
+    controls_.tvwNetwork->Clear();
+    Yield();
+}
+
+void frmNWDialog::ShowLoadFailure(const RunTimeError& failure) {
+    if (tree_.Aborted()) // a dialog that has gone says nothing
+        return;
+    services_.dialogs.Message(
+        MessageIcon::Critical,
+        QLatin1String("An error was encountered when searching the network.\r\n") +
+            NumberAndDescription(failure),
+        QLatin1String("Error while adding ") + tree_.ChildInWork());
+}
+
+void frmNWDialog::EndFirstLoad() {
+    Yield();
+    for (QWidget* shown :
+         {static_cast<QWidget*>(controls_.lblWait), static_cast<QWidget*>(controls_.lblAddNode),
+          static_cast<QWidget*>(controls_.ImgNet1), static_cast<QWidget*>(controls_.LblMain),
+          static_cast<QWidget*>(controls_.picProg)})
+        shown->hide();
+    LoadProgress::Reset(controls_);
+    controls_.tvwNetwork->show();
+    controls_.tvwNetwork->setFocus();
+    Yield();
+    controls_.cmdOk->setEnabled(true);
+}
+
+/// While a load yields, the user can expand further nodes, each in a handler inside this one.
+void frmNWDialog::tvwNetwork_Expand(const QString& key) {
+    const QString text = controls_.tvwNetwork->Text(key);
+    std::optional<RunTimeError> failure;
+    try {
+        setCursor(Qt::WaitCursor);
+        Yield();
+        if (!tree_.IsLoaded(key)) {
+            Yield();
+            tree_.LoadChildren(key);
+        }
+    } catch (...) {
+        failure = CurrentFailure();
+        controls_.lblWait->hide();
+        controls_.picProg->hide();
+    }
+    unsetCursor();
+    if (failure && failure->Number() >= 1)
+        services_.dialogs.Message(
+            MessageIcon::Critical,
+            QLatin1String("An error was encountered when expanding the node.\r\nNode = '") + text +
+                QLatin1String("'\r\n \r\n") + NumberAndDescription(*failure),
+            QLatin1String("Error While Expanding ") + text);
+}
+
+void frmNWDialog::tvwNetwork_MouseDown(Qt::MouseButton button, const QPoint& position) {
+    const QString selected = controls_.tvwNetwork->Selected();
+    if (selected.isEmpty() || exclusion_.IsMarked(selected))
+        return;
+    if (button == Qt::RightButton)
+        controls_.mnupopUp1->popup(controls_.tvwNetwork->viewport()->mapToGlobal(position));
+}
+
+void frmNWDialog::cmdOk_Click() {
+    result_ = tree_.SelectedResource();
+    cancelled_ = false;
+    accept();
+}
+
+void frmNWDialog::reject() {
+    tmrNodes_.stop();
+    cancelled_ = true;
+    tree_.Abort();
+    QDialog::reject();
+}
+
+void frmNWDialog::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!std::exchange(loaded_, true))
+        Form_Load();
+    layout_.Form_Resize();
+}
+
+void frmNWDialog::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    layout_.Form_Resize();
+}
+
+void frmNWDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && services_.openHelp)
+        services_.openHelp();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+} // namespace netrove

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "browser/BrowserControls.h"
+#include "browser/BrowserLayout.h"
+#include "browser/BrowserServices.h"
+#include "browser/NetworkTree.h"
+#include "browser/NodeExclusion.h"
+#include "network/NetResource.h"
+#include "runtime/RunTimeError.h"
+#include "skins/NCSizeModifier.h"
+
+#include <QDialog>
+#include <QTimer>
+
+#include <memory>
+
+namespace netrove {
+
+/// The network browser: the user picks the node where a search starts, and excludes nodes from
+/// searches. It is shown by exec(), once, and read afterwards:
+///
+///     frmNWDialog browser(services, owner);
+///     browser.exec();
+///     if (!browser.Cancelled())
+///         start = browser.Result();
+///
+/// The network is asked for the first level a second after the dialog has come up, and for each
+/// deeper level when its node is expanded. Both run inside handlers that yield, so that the
+/// dialog can be used and closed meanwhile; exec() comes back when they have noticed.
+class frmNWDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `owner` is the window that it stands in the middle of.
+    frmNWDialog(const BrowserServices& services, QWidget* owner);
+    ~frmNWDialog() override = default;
+
+    /// Whether it was closed without a choice.
+    [[nodiscard]] bool Cancelled() const { return cancelled_; }
+    /// The chosen node, which keeps what has been read below it; null before a choice.
+    [[nodiscard]] const std::shared_ptr<NetResource>& Result() const { return result_; }
+
+    /// Leaves without a choice: the close box and the Escape key come here too.
+    void reject() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Form_Load();
+    void ConnectControls();
+    void tmrNodes_Timer();
+    void BeginFirstLoad();
+    void EndFirstLoad();
+    void ShowLoadFailure(const RunTimeError& failure);
+    void tvwNetwork_Expand(const QString& key);
+    void tvwNetwork_MouseDown(Qt::MouseButton button, const QPoint& position);
+    void cmdOk_Click();
+
+    BrowserServices services_;
+    BrowserControls controls_;
+    BrowserLayout layout_;
+    NodeExclusion exclusion_;
+    NetworkTree tree_;
+    QTimer tmrNodes_;
+    std::unique_ptr<NCSizeModifier> frame_;
+    bool loaded_ = false;
+    bool cancelled_ = false;
+    std::shared_ptr<NetResource> result_;
+};
+
+} // namespace netrove

@@ -1,0 +1,186 @@
+#include "controls/TreeView.h"
+
+#include "controls/TreeDelegate.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+#include <utility>
+
+namespace netrove {
+
+namespace {
+
+/// How long changes gather before the screen follows: short enough to look immediate.
+constexpr int FlushDelay = 40;
+/// The edge of the pictures in logical pixels.
+constexpr int PictureSize = 16;
+
+} // namespace
+
+TreeView::TreeView(QWidget* parent) : QTreeView(parent), model_(new TreeModel(this)) {
+    setModel(model_);
+    setItemDelegate(new TreeDelegate(this));
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setHeaderHidden(true);
+    setUniformRowHeights(true);
+    setIconSize(QSize(PictureSize, PictureSize));
+    // As wide as the widest of the rows that can be seen; longer names are scrolled to.
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setResizeContentsPrecision(0);
+
+    flushTimer_.setSingleShot(true);
+    flushTimer_.setInterval(FlushDelay);
+    expandTimer_.setSingleShot(true);
+    connect(&flushTimer_, &QTimer::timeout, this, &TreeView::Flush);
+    connect(&expandTimer_, &QTimer::timeout, this, &TreeView::RaiseExpand);
+    connect(model_, &TreeModel::FlushNeeded, this, &TreeView::ScheduleFlush);
+    connect(this, &QTreeView::expanded, this, &TreeView::TakeExpanded);
+    connect(this, &QTreeView::collapsed, this,
+            [this](const QModelIndex& index) { model_->TakeExpanded(index, false); });
+}
+
+void TreeView::Clear() {
+    toScrollTo_.clear();
+    toRaise_.clear();
+    model_->Clear();
+}
+
+void TreeView::EnsureVisible(const QString& key) {
+    for (QString above = Parent(key); !above.isEmpty(); above = Parent(above))
+        SetExpanded(above, true);
+    toScrollTo_ = key;
+    ScheduleFlush();
+}
+
+QString TreeView::Selected() const {
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    return selected.isEmpty() ? QString() : model_->KeyOf(selected.first());
+}
+
+void TreeView::SetSelected(const QString& key) {
+    Flush();
+    setCurrentIndex(model_->IndexOf(key));
+}
+
+void TreeView::SetImageList(ImageList* pictures) {
+    model_->SetPictures(pictures);
+    viewport()->update();
+}
+
+void TreeView::Flush() {
+    flushTimer_.stop();
+    for (const QString& key : model_->Flush())
+        ShowExpansion(key);
+    const QString key = std::exchange(toScrollTo_, QString());
+    if (Contains(key))
+        scrollTo(model_->IndexOf(key));
+}
+
+void TreeView::Refresh() {
+    Flush();
+    viewport()->repaint();
+}
+
+bool TreeView::event(QEvent* event) {
+    FlushBefore(*event);
+    return QTreeView::event(event);
+}
+
+bool TreeView::viewportEvent(QEvent* event) {
+    FlushBefore(*event);
+    return QTreeView::viewportEvent(event);
+}
+
+void TreeView::keyPressEvent(QKeyEvent* event) {
+    // Reading what is below a node can take long: one key never expands more than one.
+    if (event->key() == Qt::Key_Asterisk)
+        expand(currentIndex());
+    else
+        QTreeView::keyPressEvent(event);
+    RaiseExpand();
+}
+
+void TreeView::mousePressEvent(QMouseEvent* event) {
+    const Qt::MouseButton button = event->button();
+    const QPoint position = event->pos();
+    if (button == Qt::LeftButton)
+        QTreeView::mousePressEvent(event);
+    Q_EMIT MouseDown(button, position);
+    RaiseExpand();
+}
+
+void TreeView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        QTreeView::mouseReleaseEvent(event);
+    RaiseExpand();
+}
+
+void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const Qt::MouseButton button = event->button();
+    const QPoint position = event->pos();
+    if (button == Qt::LeftButton)
+        QTreeView::mouseDoubleClickEvent(event);
+    else
+        Q_EMIT MouseDown(button, position);
+    RaiseExpand();
+}
+
+void TreeView::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    // The mouse's were raised when its button went down.
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        Q_EMIT MouseDown(Qt::RightButton, visualRect(currentIndex()).bottomLeft());
+}
+
+void TreeView::ScheduleFlush() {
+    if (!flushTimer_.isActive())
+        flushTimer_.start();
+}
+
+/// What the user does is about what the tree is now.
+void TreeView::FlushBefore(const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::ContextMenu:
+    case QEvent::FocusIn:
+        Flush();
+        break;
+    default:
+        break;
+    }
+}
+
+void TreeView::ShowExpansion(const QString& key) {
+    const QScopedValueRollback showing(showing_, true);
+    setExpanded(model_->IndexOf(key), model_->Expanded(key));
+}
+
+void TreeView::TakeExpanded(const QModelIndex& index) {
+    if (showing_)
+        return;
+    model_->TakeExpanded(index, true);
+    toRaise_.append(model_->KeyOf(index));
+    // For expansions that no key or click has asked for, but a screen reader.
+    expandTimer_.start();
+}
+
+/// A handler may let further nodes be expanded, which are raised inside.
+void TreeView::RaiseExpand() {
+    expandTimer_.stop();
+    while (!toRaise_.isEmpty()) {
+        const QString key = toRaise_.takeFirst();
+        if (Contains(key))
+            Q_EMIT Expand(key);
+    }
+}
+
+} // namespace netrove

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace netrove {
+
+/// How a search ended, as a sentence for the user: "Returned 12 files in 5 seconds. (Max return is
+/// set to 5000)". Without a cap on the files the bracket is left out.
+[[nodiscard]] QString SearchSummary(bool aborted, qint64 files, qint64 seconds,
+                                    std::optional<qint32> maxReturnFiles);
+
+} // namespace netrove
