@@ -1,8 +1,6 @@
 #include "mainwindow/frmNetrove.h"
 
-#include "controls/Color.h"
 #include "controls/Twips.h"
-#include "mainwindow/services/NetworkNodes.h"
 #include "mainwindow/services/WinVer.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/RunTimeError.h"
@@ -19,8 +17,12 @@
 namespace netrove {
 namespace {
 
-/// Background of lists without a colour of their own; red in the low byte.
-constexpr quint32 White = 0xFFFFFF;
+constexpr int LastSkin = 5;
+
+/// A stored number that no skin has means none.
+qint32 SkinOf(qint32 stored) {
+    return stored < 0 || stored > LastSkin ? 0 : stored;
+}
 
 QString Text(const char* text) {
     return QString::fromLatin1(text);
@@ -49,7 +51,15 @@ frmNetrove::frmNetrove(const ProgramServices& services)
             *controls_.lvwDownloads, controls_.Icons()},
            MakeJobControls(),
            {{services.files, settings_, exclusions_, log_}, exclusions_, services.dialogs}, state_,
-           rows_) {
+           rows_)
+    , settingsFile_({*this, *controls_.LstSearchFor, *controls_.chkRecurse, *controls_.lvwResults,
+                     *controls_.lvwDownloads},
+                    {.settings = settings_,
+                     .system = services.system,
+                     .applicationFolder = services.applicationFolder},
+                    IniFileName(services.applicationFolder)) {
+    settings_.SaveFolder = DownloadsFolder(services.applicationFolder);
+    resize(ToPixels(WindowLayout::MinFormWidth), ToPixels(WindowLayout::MinFormHeight));
     setObjectName(Text("frmNetrove"));
     setWindowTitle(Text("Netrove"));
     ConnectControls();
@@ -141,14 +151,15 @@ void frmNetrove::LoadSteps() {
                Text("Netrove.html");
     ReadSystem();
     frame_ = std::make_unique<StandardFrame>();
-    ApplySkin(0);
+    ReadSkin();
     ChooseStartNode();
     settings_.ResultsBackColor = 0xEAEAD5;
     settings_.DownloadsBackColor = 0xBFFFFF;
     state_.AbandonFlag = false;
     state_.FilesFound = 0;
     settings_.MaxConcurrentDownloads = 5;
-    ApplySettings();
+    settingsFile_.LoadIni();
+    settings_.SkinIndex = SkinOf(settings_.SkinIndex);
     log_.Open(services_.applicationFolder + QDir::separator() + Text("Netrove.log"));
     controls_.SSTab1->setCurrentIndex(0);
 }
@@ -177,8 +188,16 @@ void frmNetrove::ChooseStartNode() {
     controls_.txtSearchStart->setText(provider);
 }
 
+/// The window has the desktop's frame whatever skin is stored, but the choice is kept.
+void frmNetrove::ReadSkin() {
+    const qint32 index =
+        LeadingLong(settingsFile_.Profile().ReadIni(Text("Skin"), Text("Index"), Text("1")));
+    ApplySkin(0);
+    settings_.SkinIndex = SkinOf(index);
+}
+
 void frmNetrove::ApplySkin(int index) {
-    for (int skin = 0; skin <= 5; ++skin) {
+    for (int skin = 0; skin <= LastSkin; ++skin) {
         QAction* item = menu_->Item(Text("mnuSkin(") + QString::number(skin) + u')');
         item->setCheckable(true);
         item->setChecked(skin == index);
@@ -186,26 +205,6 @@ void frmNetrove::ApplySkin(int index) {
     settings_.SkinIndex = index;
     frame_->Detach();
     layout_.Form_Resize();
-}
-
-/// Puts those settings into the controls that show in them.
-void frmNetrove::ApplySettings() {
-    settings_.CurrentComputerName = ComputerUNCName(services_.system);
-    run_.SetSizeHeaders();
-    const bool colored = settings_.ColorsState == 1;
-    controls_.lvwResults->SetBackColor(ToColor(colored ? settings_.ResultsBackColor : White));
-    controls_.lvwDownloads->SetBackColor(ToColor(colored ? settings_.DownloadsBackColor : White));
-    for (ListView* list : {controls_.lvwResults, controls_.lvwDownloads})
-        list->SetGridLines(settings_.GridsState == 1);
-    PlaceWindow();
-}
-
-/// In the middle of the screen, in the smallest size.
-void frmNetrove::PlaceWindow() {
-    resize(ToPixels(WindowLayout::MinFormWidth), ToPixels(WindowLayout::MinFormHeight));
-    const QRect screenArea = screen()->availableGeometry();
-    move(screenArea.x() + (screenArea.width() - width()) / 2,
-         screenArea.y() + (screenArea.height() - height()) / 2);
 }
 
 void frmNetrove::closeEvent(QCloseEvent* event) {
@@ -232,6 +231,7 @@ bool frmNetrove::Form_QueryUnload() {
 void frmNetrove::Form_Unload() {
     hide();
     log_.Close();
+    SaveSettings();
     if (state_.SearchEvt)
         state_.SearchEvt->Abandon();
     if (frame_)
@@ -243,6 +243,15 @@ void frmNetrove::Form_Unload() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window != this && window->isWindow() && window->isVisible())
             window->close();
+    }
+}
+
+/// Whatever fails, the window goes on closing.
+void frmNetrove::SaveSettings() {
+    try {
+        settingsFile_.SaveIni();
+    } catch (...) {
+        qWarning("Not all settings could be saved.");
     }
 }
 

@@ -13,6 +13,7 @@
 #include "searchrun/SearchRun.h"
 #include "searchrun/SearchState.h"
 #include "skins/NCSizeModifier.h"
+#include "storage/SettingsFile.h"
 
 #include <QMainWindow>
 
@@ -53,11 +54,11 @@ private:
     void LoadSteps();
     void ReadSystem();
     void ChooseStartNode();
+    void ReadSkin();
     void ApplySkin(int index);
-    void ApplySettings();
-    void PlaceWindow();
     [[nodiscard]] bool Form_QueryUnload();
     void Form_Unload();
+    void SaveSettings();
 
     void OpenHelp();
     void HyperLbl_MouseDown();
@@ -76,6 +77,7 @@ private:
     ShellServices shell_;
     ResultRows rows_;
     SearchRun run_;
+    SettingsFile settingsFile_;
 
     std::unique_ptr<InstanceMarker> marker_;
     std::unique_ptr<NCSizeModifier> frame_;

@@ -1,5 +1,6 @@
 #include "platform/IniReader.h"
 
+#include "platform/IniLine.h"
 #include "platform/TextEncoding.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
@@ -10,16 +11,6 @@
 #include <algorithm>
 
 namespace netrove {
-namespace {
-
-QStringView WithoutQuotes(QStringView value) {
-    if (value.size() >= 2 && (value.front() == u'"' || value.front() == u'\'') &&
-        value.back() == value.front())
-        return value.sliced(1, value.size() - 2);
-    return value;
-}
-
-} // namespace
 
 const IniEntry* IniSection::Find(QStringView key) const {
     const auto found =
@@ -38,7 +29,7 @@ IniReader::IniReader(QByteArrayView bytes, QString name) : name_(std::move(name)
         text.remove(0, 1);
     int line = 0;
     for (const QStringView piece : QStringView(text).split(u'\n'))
-        TakeLine(piece.trimmed(), ++line);
+        TakeLine(piece, ++line);
 }
 
 IniReader IniReader::FromFile(const QString& path) {
@@ -68,37 +59,38 @@ void IniReader::Note(int line, const QString& what) {
 }
 
 void IniReader::TakeLine(QStringView text, int line) {
-    if (text.isEmpty() || text.startsWith(u';'))
-        return;
-    if (text.startsWith(u'['))
-        TakeSection(text, line);
-    else
-        TakeEntry(text, line);
+    const IniLine parts = IniLine::Parse(text);
+    switch (parts.kind) {
+    case IniLine::Kind::Blank:
+    case IniLine::Kind::Comment:
+        break;
+    case IniLine::Kind::Section:
+        TakeSection(parts, line);
+        break;
+    case IniLine::Kind::Entry:
+        TakeEntry(parts, line);
+        break;
+    case IniLine::Kind::Other:
+        Note(line, QStringLiteral("neither a [section] nor key=value"));
+    }
 }
 
-void IniReader::TakeSection(QStringView text, int line) {
-    const qsizetype end = text.indexOf(u']');
-    if (end < 0)
+void IniReader::TakeSection(const IniLine& parts, int line) {
+    if (!parts.closed)
         Note(line, QStringLiteral("a section's name has no closing \"]\""));
-    const QString name = (end < 0 ? text.sliced(1) : text.sliced(1, end - 1)).trimmed().toString();
+    const QString name = parts.name.toString();
     if (const QString key = name.toCaseFolded(); !firstByName_.contains(key))
         firstByName_.insert(key, sections_.size());
     sections_.push_back({.name = name, .line = line});
 }
 
-void IniReader::TakeEntry(QStringView text, int line) {
-    const qsizetype equals = text.indexOf(u'=');
-    if (equals <= 0) {
-        Note(line, QStringLiteral("neither a [section] nor key=value"));
-        return;
-    }
+void IniReader::TakeEntry(const IniLine& parts, int line) {
     if (sections_.empty()) {
         Note(line, QStringLiteral("key=value before the first [section]"));
         return;
     }
-    const QStringView value = WithoutQuotes(text.sliced(equals + 1).trimmed());
     sections_.back().entries.push_back(
-        {.key = text.first(equals).trimmed().toString(), .value = value.toString(), .line = line});
+        {.key = parts.name.toString(), .value = parts.value.toString(), .line = line});
 }
 
 } // namespace netrove

@@ -9,6 +9,8 @@
 
 namespace netrove {
 
+struct IniLine;
+
 /// One "Key=Value" line.
 struct IniEntry {
     QString key;
@@ -29,9 +31,8 @@ struct IniSection {
 };
 
 /// The text of an INI file, taken apart: sections in their order, each with its entries in their
-/// order. Names, keys and values lose the blanks and tabs around them, a value also one pair of
-/// quotation marks; lines that begin with ";" are comments. The text is UTF-8 with or without a
-/// byte order mark, or Windows-1252 where it isn't valid UTF-8, with LF or CR LF line ends.
+/// order; IniLine says what a line is. The text is UTF-8 with or without a byte order mark, or
+/// Windows-1252 where it isn't valid UTF-8, with LF or CR LF line ends.
 class IniReader {
 public:
     /// Larger files are refused.
@@ -57,8 +58,8 @@ public:
 
 private:
     void TakeLine(QStringView text, int line);
-    void TakeSection(QStringView text, int line);
-    void TakeEntry(QStringView text, int line);
+    void TakeSection(const IniLine& parts, int line);
+    void TakeEntry(const IniLine& parts, int line);
     void Note(int line, const QString& what);
 
     QString name_;

@@ -3,6 +3,8 @@
 #include "runtime/RunTimeError.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -211,6 +213,20 @@ qint16 LeadingInteger(QStringView text) {
 }
 qint32 LeadingLong(QStringView text) {
     return LeadingWhole<qint32>(text);
+}
+
+float LeadingSingle(QStringView text) {
+    const double number = LeadingNumber(text);
+    if (std::abs(number) > double(std::numeric_limits<float>::max()))
+        throw RunTimeError(ErrorNumber::Overflow);
+    return float(number);
+}
+
+QString SingleText(float value) {
+    std::array<char, 128> text{};
+    const char* end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed).ptr;
+    return QString::fromLatin1(text.data(), end - text.data());
 }
 
 bool ToBoolean(QStringView text) {

@@ -52,6 +52,13 @@ private:
 /// included.
 [[nodiscard]] bool ToBoolean(QStringView text);
 
+/// LeadingNumber as a Single. Raises ErrorNumber::Overflow for a number that none can hold.
+[[nodiscard]] float LeadingSingle(QStringView text);
+
+/// The shortest decimal text without an exponent that stands for this Single and no other ("1500",
+/// "8.25"); the point is always ".".
+[[nodiscard]] QString SingleText(float value);
+
 /// "True" or "False".
 [[nodiscard]] QString BooleanWord(bool value);
 

@@ -26,15 +26,18 @@ struct Settings {
     qint16 Troubleshooting = 0; ///< 1: write the log
     bool ExcludeNetNodes = true;
     QStringList ExcNetNodes; ///< entries of the form name|enabled|type
-    qint16 SizeFormat = 1;   ///< 1 megabytes, 2 kilobytes, 3 bytes
-    qint16 SizeNumDec = 4;   ///< decimals of the size column, 0 to 10
+    /// Stand in for entries that the settings file doesn't have.
+    QStringList DefaultNetNodes;
+    qint16 SizeFormat = 1; ///< 1 megabytes, 2 kilobytes, 3 bytes
+    qint16 SizeNumDec = 4; ///< decimals of the size column, 0 to 10
     QString DateFormat = QStringLiteral("MM/DD/YY");
     bool ShowListIcons = false;
     qint16 ListIconType = 0; ///< 0 predefined, 1 the desktop's
     bool ShowFileTypes = false;
     qint32 SkinIndex = 0;
-    QString ListFontName = QStringLiteral("Arial");
-    double ListFontSize = 8.25; ///< points
+    /// Of the lists' font, whose other properties the lists have themselves. The desktop finds
+    /// the characters whatever it is.
+    qint16 Font_CharSet = 1;
 };
 
 } // namespace netrove

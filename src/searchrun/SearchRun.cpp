@@ -1,5 +1,6 @@
 #include "searchrun/SearchRun.h"
 
+#include "mainwindow/services/FileDetails.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
@@ -98,12 +99,9 @@ void SearchRun::ClearResults() {
 }
 
 void SearchRun::SetSizeHeaders() {
-    const qint16 format = services_.search.settings.SizeFormat;
-    const QString header = format == 2   ? QStringLiteral("Size (KB)")
-                           : format == 3 ? QStringLiteral("Size (B)")
-                                         : QStringLiteral("Size (MB)");
-    controls_.lvwResults.SetHeaderText(ResultColumn::Size, header);
-    controls_.lvwDownloads.SetHeaderText(ResultColumn::Size, header);
+    const QString heading = SizeHeading(services_.search.settings.SizeFormat);
+    controls_.lvwResults.SetHeaderText(ResultColumn::Size, heading);
+    controls_.lvwDownloads.SetHeaderText(ResultColumn::Size, heading);
 }
 
 void SearchRun::DisableButtons() {

@@ -56,9 +56,6 @@ public:
     /// Asks the running walk to stop at its next test.
     void cmdAbandon_Click();
 
-    /// Names the size column of both lists after the unit.
-    void SetSizeHeaders();
-
 private:
     /// Gives the number of whole seconds that the walk took; nothing if there was no text to
     /// search for.
@@ -68,6 +65,7 @@ private:
     void RememberSearchText(const QString& text);
     void ParseExclusions();
     void ClearResults();
+    void SetSizeHeaders();
     void DisableButtons();
     void ConnectEngine();
     void ShowFailure(const RunTimeError& error);

@@ -31,7 +31,7 @@ protected:
         network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
         network.AddNode(Text("\\\\T"), NetEnum::DisplayShare, Text("\\\\T\\E"));
         network.AddFile(Text("\\\\S\\D\\one.mp3"), 1500000);
-        network.AddFile(Text("\\\\S\\D\\TEMP\\two.MP3"), 2);
+        network.AddFile(Text("\\\\S\\D\\SUB\\two.MP3"), 2);
         network.AddFile(Text("\\\\S\\D\\readme"), 3);
         network.AddFile(Text("\\\\T\\E\\three.mp3"), 4);
     }
@@ -64,7 +64,7 @@ TEST_F(Window, SearchFillsRowsAndSummary) {
     EXPECT_EQ(Find<StatusBar>("stbStatus").Text(1), Text("Idle"));
     EXPECT_EQ(Find<QLineEdit>("txtSearchStart").text(), Text("[Root]"));
     Search(" *.MP3 , ,");
-    EXPECT_EQ(Rows(), (QStringList{Text("\\\\S\\D\\one.mp3"), Text("\\\\S\\D\\TEMP\\two.MP3"),
+    EXPECT_EQ(Rows(), (QStringList{Text("\\\\S\\D\\one.mp3"), Text("\\\\S\\D\\SUB\\two.MP3"),
                                    Text("\\\\T\\E\\three.mp3")}));
     auto& list = Find<ListView>("lvwResults");
     EXPECT_EQ(list.SubItem(1, 2), Text("1.4305"));
@@ -118,7 +118,7 @@ TEST_F(Window, OptionsOfASearch) {
     EXPECT_EQ(Find<ListView>("lvwResults").SubItem(1, 2), Text("1500000"));
 
     settings.MaxReturnFiles = 5000;
-    settings.ExcNetNodes = {Text("Temp|True|Folder"), Text("T|True|Workstation")};
+    settings.ExcNetNodes = {Text("Sub|True|Folder"), Text("T|True|Workstation")};
     Search("*.mp3");
     EXPECT_EQ(Rows(), QStringList{Text("\\\\S\\D\\one.mp3")});
     settings.ExcludeNetNodes = false;

@@ -70,6 +70,7 @@ TEST_F(SambaSearch, InTheWindow) {
     WindowDriver driver(window);
     driver.Open();
 
+    window.ProgramSettings().ExcNetNodes.clear();
     driver.Search("*.mp3");
     EXPECT_EQ(Sorted(driver.Rows()), songs);
     auto& list = driver.Find<ListView>("lvwResults");

@@ -9,6 +9,8 @@
 namespace netrove {
 namespace {
 
+constexpr qint16 Kilobytes = 2;
+constexpr qint16 Bytes = 3;
 constexpr double BytesInKilobyte = 1024;
 constexpr double BytesInMegabyte = 1048576;
 
@@ -41,6 +43,12 @@ QString AttributeLetters(quint32 attributes) {
 
 } // namespace
 
+QString SizeHeading(qint16 sizeFormat) {
+    if (sizeFormat == Kilobytes)
+        return QStringLiteral("Size (KB)");
+    return sizeFormat == Bytes ? QStringLiteral("Size (B)") : QStringLiteral("Size (MB)");
+}
+
 FileDetails::FileDetails(const QString& fullPath, FileAccess& files, const Settings& settings) {
     try {
         SplitPath(fullPath);
@@ -65,15 +73,13 @@ void FileDetails::SplitPath(const QString& fullPath) {
 }
 
 void FileDetails::SetSize(qint64 length, const Settings& settings) {
-    constexpr qint16 kilobytes = 2;
-    constexpr qint16 bytes = 3;
     const auto count = static_cast<double>(length);
-    if (settings.SizeFormat == bytes) {
+    if (settings.SizeFormat == Bytes) {
         SizeText = QString::number(length);
         SizeKey = SortKey(count, QStringLiteral("0000000000"));
         return;
     }
-    const bool inKilobytes = settings.SizeFormat == kilobytes;
+    const bool inKilobytes = settings.SizeFormat == Kilobytes;
     SizeText = FormatNumber(count / (inKilobytes ? BytesInKilobyte : BytesInMegabyte),
                             SizeNumberFormat(settings.SizeNumDec));
     SizeKey = SortKey(NumberOfText(SizeText), inKilobytes ? QStringLiteral("0000000.0000000000")

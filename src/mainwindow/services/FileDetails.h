@@ -7,6 +7,10 @@
 
 namespace netrove {
 
+/// The heading of a list's size column, which names the unit: 2 kilobytes, 3 bytes, anything else
+/// megabytes.
+[[nodiscard]] QString SizeHeading(qint16 sizeFormat);
+
 /// What a row says of a file, as texts in the form that the settings ask for. The keys sort like
 /// what they are made from.
 struct FileDetails {

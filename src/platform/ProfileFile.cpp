@@ -1,0 +1,92 @@
+#include "platform/ProfileFile.h"
+
+#include "platform/IniLine.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace netrove {
+namespace {
+
+/// Whether this line, when read, is of that kind and has that name.
+bool ReadsBack(const QString& line, IniLine::Kind kind, const QString& name) {
+    const IniLine parts = IniLine::Parse(line);
+    return parts.kind == kind && parts.name == name && !line.contains(u'\n') && parts.closed;
+}
+
+QString OnOneLine(QString value) {
+    for (QChar& character : value) {
+        if (character == u'\r' || character == u'\n' || character.isNull())
+            character = u' ';
+    }
+    return value;
+}
+
+QString Cut(QString value) {
+    if (value.size() <= ProfileFile::MaxValue)
+        return value;
+    value.truncate(ProfileFile::MaxValue);
+    if (value.back().isHighSurrogate())
+        value.chop(1);
+    return value;
+}
+
+} // namespace
+
+QString ProfileFile::ReadIni(const QString& section, const QString& key,
+                             const QString& defaultValue) const {
+    const auto value = work_ ? work_->text.Value(section, key) : Load().text.Value(section, key);
+    return Cut(value.value_or(defaultValue));
+}
+
+bool ProfileFile::WriteIni(const QString& section, const QString& key, const QString& value) {
+    if (!ReadsBack(u'[' + section + u']', IniLine::Kind::Section, section) ||
+        (!key.isEmpty() && !ReadsBack(key + u'=', IniLine::Kind::Entry, key)))
+        return false;
+    Begin();
+    work_->changed = true;
+    if (key.isEmpty())
+        work_->text.RemoveSection(section);
+    else if (value.isEmpty())
+        work_->text.RemoveKey(section, key);
+    else
+        work_->text.SetValue(section, key, OnOneLine(value));
+    return End();
+}
+
+void ProfileFile::Begin() {
+    if (batches_++ == 0)
+        work_ = Load();
+}
+
+bool ProfileFile::End() {
+    if (--batches_ > 0)
+        return true;
+    const Work work = *std::exchange(work_, std::nullopt);
+    return !work.changed || (work.usable && Replace(work.text.ToBytes()));
+}
+
+ProfileFile::Work ProfileFile::Load() const {
+    const QFileInfo info(path_);
+    if (!info.exists() && !info.isSymLink())
+        return {};
+    Work unusable{.text = {}, .usable = false};
+    QFile file(path_);
+    // A pipe would be waited for.
+    if (info.exists() && (!info.isFile() || !file.open(QIODevice::ReadOnly)))
+        return unusable;
+    const QByteArray bytes = file.isOpen() ? file.read(MaxBytes + 1) : QByteArray();
+    if (bytes.size() > MaxBytes || file.error() != QFileDevice::NoError)
+        return unusable;
+    return {.text = IniText(bytes)};
+}
+
+bool ProfileFile::Replace(const QByteArray& bytes) const {
+    if (bytes.size() > MaxBytes)
+        return false;
+    QSaveFile file(path_);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+} // namespace netrove
