@@ -169,6 +169,8 @@ void frmNetrove::Form_Load() {
     } catch (...) {
         failure = CurrentFailure();
     }
+    // The settings have the number as it is stored.
+    settings_.SkinIndex = SkinOf(settings_.SkinIndex);
     show();
     if (failure)
         services_.dialogs.Failure(failure->Number(), failure->Description(),
@@ -190,7 +192,6 @@ void frmNetrove::LoadSteps() {
     state_.FilesFound = 0;
     settings_.MaxConcurrentDownloads = 5;
     settingsFile_.LoadIni();
-    settings_.SkinIndex = SkinOf(settings_.SkinIndex);
     log_.Open(LogFile());
     controls_.SSTab1->setCurrentIndex(0);
 }
