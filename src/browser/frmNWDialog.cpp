@@ -39,6 +39,7 @@ frmNWDialog::frmNWDialog(const BrowserServices& services, QWidget* owner)
     tmrNodes_.setParent(this);
     tmrNodes_.setSingleShot(true);
     tmrNodes_.setInterval(LoadDelay);
+    tmrNodes_.setTimerType(Qt::PreciseTimer); // a coarse one may fire earlier
     ConnectControls();
 }
 

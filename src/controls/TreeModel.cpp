@@ -186,6 +186,11 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
     }
 }
 
+QVariant TreeModel::headerData(int /*section*/, Qt::Orientation /*orientation*/,
+                               int /*role*/) const {
+    return {};
+}
+
 TreeModel::Node& TreeModel::At(const QString& key) const {
     Node* node = byKey_.value(key);
     if (node == nullptr)

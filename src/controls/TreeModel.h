@@ -79,6 +79,9 @@ public:
     [[nodiscard]] int rowCount(const QModelIndex& above = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& above = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    /// None: the header isn't shown.
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role) const override;
 
 Q_SIGNALS:
     /// Something has changed that the view hasn't been told of.

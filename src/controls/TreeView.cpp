@@ -62,6 +62,7 @@ QString TreeView::Selected() const {
 }
 
 void TreeView::SetSelected(const QString& key) {
+    EnsureVisible(key);
     Flush();
     setCurrentIndex(model_->IndexOf(key));
 }
@@ -76,8 +77,17 @@ void TreeView::Flush() {
     for (const QString& key : model_->Flush())
         ShowExpansion(key);
     const QString key = std::exchange(toScrollTo_, QString());
-    if (Contains(key))
+    if (Contains(key) && IsReachable(key))
         scrollTo(model_->IndexOf(key));
+}
+
+/// Scrolling to a node would expand what it is below, also where that has been collapsed since.
+bool TreeView::IsReachable(const QString& key) const {
+    for (QString above = Parent(key); !above.isEmpty(); above = Parent(above)) {
+        if (!Expanded(above))
+            return false;
+    }
+    return true;
 }
 
 void TreeView::Refresh() {

@@ -61,6 +61,7 @@ public:
     /// The key of the selected node; empty if there's none. Only the left button and the keyboard
     /// select.
     [[nodiscard]] QString Selected() const;
+    /// Makes the node visible too.
     void SetSelected(const QString& key);
 
     /// Binds the tree to the list that its pictures come from.
@@ -89,6 +90,7 @@ protected:
 
 private:
     void ScheduleFlush();
+    [[nodiscard]] bool IsReachable(const QString& key) const;
     void FlushBefore(const QEvent& event);
     void ShowExpansion(const QString& key);
     void TakeExpanded(const QModelIndex& index);

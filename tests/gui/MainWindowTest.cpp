@@ -159,7 +159,8 @@ TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
     bool seen = false;
     When("\\\\T\\E\\", [&] {
         seen = true;
-        for (const char* name : {"LstSearchFor", "chkRecurse", "cmdStartSearch", "imgFiles(0)"})
+        for (const char* name : {"cmdSetSearchStart", "cmdInpNetNode", "LstSearchFor", "chkRecurse",
+                                 "cmdStartSearch", "imgFiles(0)"})
             EXPECT_FALSE(Find<QWidget>(name).isEnabled()) << name;
         EXPECT_TRUE(Find<QWidget>("imgFiles(1)").isVisible());
         EXPECT_FALSE(Find<QWidget>("imgFiles(0)").isVisible());
@@ -168,6 +169,8 @@ TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
         EXPECT_EQ(Find<StatusBar>("stbStatus").Text(2), Text("\\\\T\\E\\"));
         EXPECT_EQ(Caption(), Text("Search in progress. 2 files found."));
         EXPECT_FALSE(Find<QAction>("mnuCont").isEnabled());
+        RightClick("imgFiles(1)");
+        EXPECT_FALSE(Find<QWidget>("mnuPopUp5").isVisible());
         QTest::keyClick(&window, Qt::Key_Return);
     });
     Search("*.mp3");
@@ -303,6 +306,8 @@ TEST_F(Window, OpensHelpAndTheWebSite) {
     ASSERT_EQ(shell.Opened.size(), 2);
     EXPECT_TRUE(shell.Opened[0].startsWith(folder.path()));
     EXPECT_EQ(shell.Opened[1], Text("https://www.example.com/"));
+    Find<QAction>("mnuViewTrLog").trigger();
+    EXPECT_EQ(shell.Opened.last(), folder.filePath(Text("Netrove.log")));
     shell.Result = Shell::FileNotFound;
     Find<QAction>("mnuTBS").trigger();
     EXPECT_EQ(dialogs.Shown,

@@ -1,0 +1,158 @@
+#include "OpenBrowser.h"
+
+namespace netrove {
+namespace {
+
+class BrowserNodes : public OpenBrowser {
+protected:
+    void Choose(const char* name) {
+        Tree().SetSelected(Text("??") + Text(name));
+        Find<QAction>("mnuExcNode").trigger();
+    }
+    [[nodiscard]] QPoint On(const char* name) {
+        const QModelIndexList found =
+            Tree().model()->match(Tree().model()->index(0, 0), Qt::DisplayRole, Text(name), 1,
+                                  Qt::MatchExactly | Qt::MatchRecursive);
+        return Tree().visualRect(found[0]).center();
+    }
+    bool RightClickOpensMenu(const char* name) {
+        QTest::mouseClick(Tree().viewport(), Qt::RightButton, {}, On(name));
+        auto& menu = Find<QMenu>("mnupopUp1");
+        const bool open = menu.isVisible();
+        menu.close();
+        return open;
+    }
+};
+
+TEST_F(BrowserNodes, SelectGivesTheResourceThatWasRead) {
+    Open();
+    ExpandAll({"Net", "WG", "\\\\S"});
+    calls.clear();
+    Tree().SetSelected(Text("??\\\\S\\E"));
+    Click("cmdOk");
+    EXPECT_FALSE(browser->isVisible());
+    EXPECT_FALSE(browser->Cancelled());
+    ASSERT_TRUE(browser->Result());
+    EXPECT_EQ(browser->Result()->RemoteName(), Text("\\\\S\\E"));
+    EXPECT_EQ(calls, QStringList());
+
+    // What is chosen keeps what has been read below it, without the dialog.
+    Open();
+    ExpandAll({"Net", "WG"});
+    Tree().SetSelected(Text("??WG"));
+    Press(Qt::Key_Return);
+    const auto workgroup = browser->Result();
+    browser.reset();
+    calls.clear();
+    ASSERT_TRUE(workgroup);
+    EXPECT_EQ(workgroup->Children()->Count(), 2);
+    EXPECT_EQ(calls, QStringList());
+}
+
+TEST_F(BrowserNodes, SelectTakesTheNearestNodeThatIsThere) {
+    Open();
+    EXPECT_EQ(Tree().Selected(), QString());
+    Click("cmdOk");
+    ASSERT_TRUE(browser->Result());
+    EXPECT_EQ(browser->Result()->RemoteName(), QString()) << "nothing selected";
+
+    Open();
+    Tree().SetSelected(Text("??Net_FAKE"));
+    Click("cmdOk");
+    ASSERT_TRUE(browser->Result());
+    EXPECT_EQ(browser->Result()->RemoteName(), Text("Net"));
+}
+
+TEST_F(BrowserNodes, MarksWhatTheListsExclude) {
+    network.AddNode(Text("\\\\S"), NetEnum::DisplayDirectory, Text("\\\\S\\WG"));
+    network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("s"));
+    settings.ExcNetNodes = {Text("net|True|Network"),    Text("wg|True|Workgroup"),
+                            Text("s|True|Workstation"),  Text("d|True|Folder"),
+                            Text("T|False|Workstation"), Text("P|True|Folder")};
+    Open();
+    ExpandAll({"Net", "WG", "\\\\S"});
+    EXPECT_EQ(Children("_ROOT"), "*Net+ Lone+");
+    EXPECT_EQ(Children("Net"), "*WG+ s+") << "a workstation's entry is no workgroup's";
+    EXPECT_EQ(Children("WG"), "*S+ T+");
+    EXPECT_EQ(Children("\\\\S"), "*D+ E+ WG+ P") << "printers are never marked";
+
+    settings.ExcludeNetNodes = false;
+    exclusions.UseExcNetworks = true;
+    Open();
+    EXPECT_EQ(Children("_ROOT"), "Net+ Lone+");
+    settings.ExcludeNetNodes = true;
+    Show();
+    exclusions.UseExcNetworks = false;
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Find<QWidget>("cmdOk").isEnabled(); }));
+    EXPECT_EQ(Children("_ROOT"), "Net+ Lone+") << "each list has its flag";
+}
+
+TEST_F(BrowserNodes, ExcludesByNameAndType) {
+    settings.ExcNetNodes = {Text("Temp|True|Folder")};
+    Open();
+    ExpandAll({"Net", "WG", "\\\\S"});
+    for (const char* name : {"Net", "WG", "\\\\S", "\\\\S\\D"})
+        Choose(name);
+    EXPECT_EQ(
+        settings.ExcNetNodes,
+        (QStringList{Text("Temp|True|Folder"), Text("Net|True|Network"), Text("WG|True|Workgroup"),
+                     Text("S|True|Workstation"), Text("D|True|Folder")}));
+    EXPECT_EQ(Children("_ROOT"), "*Net+ Lone+");
+    EXPECT_EQ(Children("\\\\S"), "*D+ E+ P");
+    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_TRUE(exclusions.ExcNetworks.isEmpty()) << "the lists wait for the next parse";
+
+    Choose("\\\\S\\D");
+    EXPECT_EQ(settings.ExcNetNodes.count(Text("D|True|Folder")), 2);
+    Click("cmdCancel");
+    EXPECT_EQ(settings.ExcNetNodes.size(), 6) << "closing takes nothing back";
+}
+
+TEST_F(BrowserNodes, SaysWhatItCanNotExclude) {
+    Open();
+    ExpandAll({"Net", "WG", "\\\\S"});
+    Find<QAction>("mnuExcNode").trigger();
+    settings.ExcNetNodes.clear();
+    Choose("_ROOT");
+    Choose("\\\\S\\P");
+    settings.ExcludeNetNodes = false;
+    Choose("Net");
+    EXPECT_EQ(
+        dialogs.Shown,
+        (QStringList{Text("Exclude Network Node <root>: Can not exclude the root node."),
+                     Text("Exclude Network Node <printer>: Can not exclude this network node. This "
+                          "probably\r\nmeans that the network node type is already excluded\r\n"
+                          "from the search."),
+                     Text("Exclude Network Node: The node exclusion option is currently off.\r\n"
+                          "To activate it go to Tools>Options>Search")}));
+    EXPECT_EQ(settings.ExcNetNodes, QStringList());
+    EXPECT_EQ(Children("_ROOT"), "Net+ Lone+");
+}
+
+TEST_F(BrowserNodes, TheMenuIsAboutTheSelectedNode) {
+    Open();
+    EXPECT_FALSE(RightClickOpensMenu("Net")) << "nothing is selected";
+    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, {}, On("Net"));
+    EXPECT_FALSE(Find<QMenu>("mnupopUp1").isVisible());
+    EXPECT_TRUE(RightClickOpensMenu("Lone"));
+    Find<QAction>("mnuExcNode").trigger();
+    EXPECT_EQ(Children("_ROOT"), "*Net+ Lone+");
+    EXPECT_FALSE(RightClickOpensMenu("Net")) << "it is excluded";
+    EXPECT_FALSE(RightClickOpensMenu("Lone"));
+}
+
+TEST_F(BrowserNodes, KeysReachTheButtonsAndTheHelp) {
+    Open();
+    Press(Qt::Key_F1);
+    EXPECT_EQ(helped, 1);
+    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, {}, On("Net"));
+    QTest::mouseDClick(Tree().viewport(), Qt::LeftButton, {}, On("Net"));
+    EXPECT_EQ(Children("Net"), "WG+") << "a double click expands";
+    EXPECT_TRUE(browser->isVisible());
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(browser->isVisible());
+    EXPECT_TRUE(browser->Cancelled());
+}
+
+} // namespace
+} // namespace netrove

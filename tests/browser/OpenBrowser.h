@@ -1,0 +1,123 @@
+#pragma once
+
+#include "browser/frmNWDialog.h"
+#include "fakes/DesktopFakes.h"
+#include "fakes/MemoryNetwork.h"
+#include "platform/desktop/WindowYield.h"
+#include "runtime/Yield.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace netrove {
+
+inline QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// The browser over a network in memory, used with keys and mouse, every yield making a pass:
+/// Net with the workgroup WG and in that \\S (shares D and E, a printer) and \\T (nothing); a
+/// second provider, Lone, with nothing below it.
+class OpenBrowser : public testing::Test {
+protected:
+    OpenBrowser() {
+        SetYieldAlways(true);
+        network.AddNode({}, NetEnum::DisplayNetwork, Text("Net"));
+        network.AddNode({}, NetEnum::DisplayNetwork, Text("Lone"));
+        network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
+        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\S"));
+        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\T"));
+        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
+        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\E"));
+        network.AddPrinter(Text("\\\\S"), Text("\\\\S\\P"));
+        network.OnCall = [this](const QString& call) {
+            calls.append(call);
+            if (const auto hook = onCall) // a copy, as it may set another one
+                hook(call);
+        };
+    }
+    ~OpenBrowser() override {
+        browser.reset();
+        SetYieldAlways(false);
+    }
+
+    /// Shows the dialog without its second of waiting.
+    void Show() {
+        exclusions.ParseNetNodes(settings);
+        browser = std::make_unique<frmNWDialog>(
+            BrowserServices{network, settings, exclusions, log, dialogs, [this] { ++helped; }},
+            nullptr);
+        Find<QTimer>("tmrNodes").setInterval(0);
+        browser->show();
+    }
+
+    /// Shows the dialog and waits for the first level.
+    void Open() {
+        Show();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return Find<QWidget>("cmdOk").isEnabled(); }));
+        browser->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(browser.get()));
+    }
+
+    template <typename Object>
+    Object& Find(const char* name) {
+        auto* object = browser->findChild<Object*>(QString::fromLatin1(name));
+        if (!object)
+            qFatal("There is no %s.", name);
+        return *object;
+    }
+    TreeView& Tree() { return Find<TreeView>("tvwNetwork"); }
+    QString LabelText(const char* name) { return Find<QLabel>(name).text(); }
+    bool IsShown(const char* name) { return Find<QWidget>(name).isVisible(); }
+
+    void Press(Qt::Key key) { QTest::keyClick(&Tree(), key); }
+    void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
+
+    /// Selects a node by its key without the "??" and expands it, as the Right key does.
+    void Expand(const char* name) {
+        Tree().SetSelected(Text("??") + Text(name));
+        Press(Qt::Key_Right);
+    }
+    void ExpandAll(std::initializer_list<const char*> names) {
+        for (const char* name : names)
+            Expand(name);
+    }
+
+    /// The texts of the children of a node, excluded ones as "*name", those that can be expanded
+    /// as "name+".
+    std::string Children(const char* name) {
+        QStringList texts;
+        for (const QString& key : Tree().Children(Text("??") + Text(name))) {
+            const bool marked = Tree().Bold(key) && Tree().ForeColor(key) == QColor(Qt::red);
+            texts.append((marked ? Text("*") : QString()) + Tree().Text(key) +
+                         (Tree().Children(key).isEmpty() ? QString() : Text("+")));
+        }
+        return texts.join(u' ').toStdString();
+    }
+
+    /// Does something at the first yield after a call of the network, as the user's hand does.
+    void AtYieldAfter(const char* call, std::function<void()> action) {
+        onCall = [this, wanted = Text(call), action](const QString& made) {
+            if (made != wanted)
+                return;
+            onCall = nullptr;
+            QTimer::singleShot(0, browser.get(), action);
+        };
+    }
+
+    MemoryNetwork network;
+    Settings settings;
+    ExclusionLists exclusions;
+    TroubleshootingLog log{settings};
+    RecordedDialogs dialogs;
+    WindowYield yield;
+    QStringList calls;
+    std::function<void(const QString&)> onCall;
+    int helped = 0;
+    std::unique_ptr<frmNWDialog> browser;
+};
+
+} // namespace netrove

@@ -1,0 +1,286 @@
+#include "controls/TreeView.h"
+
+#include "controls/Color.h"
+#include "runtime/RunTimeError.h"
+
+#include <QAbstractItemModelTester>
+#include <QAccessible>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+QIcon Plain(const QColor& color) {
+    QPixmap picture(16, 16);
+    picture.fill(color);
+    return picture;
+}
+
+/// A visible tree: "a" with "a1" and "a2", "b" without children.
+class Tree : public testing::Test {
+protected:
+    void SetUp() override {
+        pictures.Add(Text("closed"), Plain(Qt::blue));
+        pictures.Add(Text("open"), Plain(Qt::green));
+        tree.SetImageList(&pictures);
+        Add("", "a");
+        Add("a", "a1");
+        Add("a", "a2");
+        Add("", "b");
+        tree.resize(300, 300);
+        tree.show();
+        tree.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&tree));
+        tree.setFocus();
+        QObject::connect(&tree, &TreeView::Expand, &tree, [this](const QString& key) {
+            expanded.append(key);
+            if (onExpand)
+                onExpand(key);
+        });
+    }
+
+    void Add(const char* relative, const char* key) {
+        tree.Add(Text(relative), Text(key), Text(key), Text("closed"), Text("open"));
+    }
+
+    int RaisedByAdd(const char* relative, const char* key, const char* image) {
+        try {
+            tree.Add(Text(relative), Text(key), QString(), Text(image), Text("open"));
+        } catch (const RunTimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    }
+
+    [[nodiscard]] QModelIndex Index(const char* key) {
+        tree.Flush();
+        return tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, Text(key), 1,
+                                   Qt::MatchExactly | Qt::MatchRecursive)[0];
+    }
+    [[nodiscard]] QPoint On(const char* key) { return tree.visualRect(Index(key)).center(); }
+    [[nodiscard]] QPoint SignOf(const char* key) {
+        return {tree.visualRect(Index(key)).left() - tree.indentation() / 2, On(key).y()};
+    }
+    void Click(QPoint place, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(tree.viewport(), button, {}, place);
+    }
+    void DoubleClick(const char* key) {
+        Click(On(key));
+        QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, On(key));
+    }
+    void Press(Qt::Key key) { QTest::keyClick(&tree, key); }
+
+    ImageList pictures{16};
+    TreeView tree;
+    QStringList expanded;
+    std::function<void(const QString&)> onExpand;
+};
+
+TEST_F(Tree, KnowsNodesByTheirKeys) {
+    EXPECT_EQ(tree.Count(), 4);
+    EXPECT_EQ(tree.Children(Text("a")), (QStringList{Text("a1"), Text("a2")}));
+    EXPECT_EQ(tree.Parent(Text("a2")), Text("a"));
+    EXPECT_EQ(tree.Parent(Text("a")), QString());
+
+    EXPECT_EQ(RaisedByAdd("b", "a1", "closed"), int(ErrorNumber::KeyNotUnique));
+    EXPECT_EQ(RaisedByAdd("nobody", "c", "closed"), int(ErrorNumber::KeyNotFound));
+    EXPECT_EQ(RaisedByAdd("b", "c", "nothing"), int(ErrorNumber::KeyNotFound));
+    EXPECT_THROW(tree.Remove(Text("c")), RunTimeError);
+    EXPECT_THROW((void)tree.Text(Text("c")), RunTimeError);
+    EXPECT_EQ(tree.Count(), 4);
+
+    tree.Remove(Text("a"));
+    EXPECT_EQ(tree.Children({}), QStringList(Text("b")));
+    EXPECT_FALSE(tree.Contains(Text("a1")));
+    EXPECT_EQ(RaisedByAdd("b", "a1", "closed"), 0) << "the keys below it are free again";
+}
+
+TEST_F(Tree, TellsTheViewLaterButBeforeTheNextKey) {
+    const auto shownAtTop = [this] { return tree.model()->rowCount(); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shownAtTop() == 2; }, 1000));
+    Add("", "c");
+    EXPECT_EQ(shownAtTop(), 2);
+    tree.Remove(Text("a"));
+    EXPECT_EQ(shownAtTop(), 1) << "what is gone can't be painted";
+    tree.viewport()->repaint();
+    Press(Qt::Key_End);
+    EXPECT_EQ(tree.Selected(), Text("c"));
+    tree.Clear();
+    EXPECT_EQ(tree.Selected(), QString());
+    Press(Qt::Key_Down);
+    EXPECT_EQ(shownAtTop(), 0);
+}
+
+/// Whatever is done in whatever order, the view is told a consistent story.
+TEST_F(Tree, AnyOrderOfChangesIsToldConsistently) {
+    const QAbstractItemModelTester tester(tree.model(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    std::mt19937 random(7);
+    QStringList keys = {Text("a"), Text("b"), Text("a1"), Text("a2")};
+    for (int step = 0; step < 1500; ++step) {
+        const QString key = keys.isEmpty() ? QString() : keys[qsizetype(random()) % keys.size()];
+        switch (random() % 8) {
+        case 0:
+            tree.Flush();
+            break;
+        case 1:
+            if (!key.isEmpty())
+                tree.Remove(key);
+            keys.removeIf([this](const QString& known) { return !tree.Contains(known); });
+            break;
+        case 2:
+            if (!key.isEmpty())
+                tree.SetExpanded(key, random() % 2 == 0);
+            break;
+        case 3:
+            if (!key.isEmpty())
+                tree.EnsureVisible(key);
+            break;
+        default:
+            keys.append(QString::number(step));
+            tree.Add(key, keys.last(), Text("x"), Text("closed"), Text("open"));
+        }
+    }
+    tree.Refresh();
+    EXPECT_EQ(tree.Count(), keys.size());
+    for (const QString& key : keys) {
+        const bool isTop = tree.Parent(key).isEmpty();
+        EXPECT_EQ(tree.Children(tree.Parent(key)).count(key), 1) << isTop;
+    }
+}
+
+TEST_F(Tree, TheUserExpandsOneNodeAtATime) {
+    Click(SignOf("a"));
+    EXPECT_EQ(expanded, QStringList(Text("a")));
+    EXPECT_TRUE(tree.Expanded(Text("a")));
+    Click(SignOf("a"));
+    EXPECT_FALSE(tree.Expanded(Text("a")));
+
+    Add("a1", "a11");
+    Add("a11", "a111");
+    tree.SetSelected(Text("a"));
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Plus, Qt::Key_Asterisk}) {
+        Press(key);
+        EXPECT_EQ(expanded.count(Text("a")), expanded.size()) << "the asterisk too";
+        Press(Qt::Key_Minus);
+    }
+    DoubleClick("a");
+    EXPECT_EQ(expanded.size(), 5);
+
+    tree.EnsureVisible(Text("a111"));
+    EXPECT_TRUE(tree.Expanded(Text("a11")));
+    tree.SetExpanded(Text("a"), false);
+    tree.Flush();
+    EXPECT_EQ(expanded.size(), 5) << "the program's own expansions raise nothing";
+    EXPECT_FALSE(tree.isExpanded(Index("a")));
+
+    tree.expand(Index("a")); // as a screen reader does
+    EXPECT_TRUE(QTest::qWaitFor([this] { return expanded.size() == 6; }, 1000));
+}
+
+TEST_F(Tree, HandlersMayChangeTheTreeAndRunTheEventLoop) {
+    onExpand = [this](const QString& key) {
+        tree.Remove(Text("a1"));
+        tree.Remove(Text("a2"));
+        tree.Refresh();
+        EXPECT_TRUE(tree.Expanded(key)) << "also without children";
+        Press(Qt::Key_Down); // the user goes on meanwhile
+        QApplication::processEvents();
+        Add("a", "new");
+    };
+    DoubleClick("a");
+    EXPECT_EQ(tree.Selected(), Text("b"));
+    EXPECT_TRUE(tree.visualRect(Index("new")).isValid()) << "still expanded";
+
+    // A node that its own handler removes.
+    onExpand = [this](const QString& key) { tree.Remove(key); };
+    Add("b", "b1");
+    Click(SignOf("b"));
+    EXPECT_FALSE(tree.Contains(Text("b")));
+}
+
+TEST_F(Tree, OnlyTheLeftButtonAndTheKeyboardSelect) {
+    std::vector<std::pair<Qt::MouseButton, QPoint>> down;
+    QObject::connect(&tree, &TreeView::MouseDown, &tree,
+                     [&down](Qt::MouseButton button, QPoint at) { down.emplace_back(button, at); });
+    EXPECT_EQ(tree.Selected(), QString()) << "the focus alone selects nothing";
+    Click(On("b"), Qt::RightButton);
+    EXPECT_EQ(tree.Selected(), QString());
+    Click(On("a"));
+    EXPECT_EQ(tree.Selected(), Text("a"));
+    Click(On("b"), Qt::RightButton);
+    QTest::mouseDClick(tree.viewport(), Qt::RightButton, {}, On("b"));
+    EXPECT_EQ(tree.Selected(), Text("a"));
+    Press(Qt::Key_Down);
+    EXPECT_EQ(tree.Selected(), Text("b"));
+
+    ASSERT_GE(down.size(), 3U);
+    EXPECT_EQ(down[0], std::pair(Qt::RightButton, On("b")));
+    EXPECT_EQ(down[1], std::pair(Qt::LeftButton, On("a")));
+    down.clear();
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(tree.viewport(), &menuKey);
+    ASSERT_EQ(down.size(), 1U);
+    EXPECT_EQ(down[0].first, Qt::RightButton);
+    EXPECT_TRUE(tree.visualRect(Index("b")).contains(down[0].second));
+}
+
+TEST_F(Tree, MarksCanBeReadOnAnyDesktop) {
+    EXPECT_EQ(Legible(Qt::red, Qt::white), QColor(Qt::red));
+    for (const QColor background : {QColor(0x23, 0x26, 0x29), QColor(0x31, 0x36, 0x3B),
+                                    QColor(0x20, 0, 0), QColor(255, 120, 120)}) {
+        const QColor shown = Legible(Qt::red, background);
+        EXPECT_GT(std::abs(shown.lightnessF() - background.lightnessF()), 0.2F);
+        EXPECT_NE(shown, QColor(Qt::white)) << "still reddish";
+    }
+
+    tree.SetForeColor(Text("a"), Qt::red);
+    tree.SetBold(Text("a"), true);
+    EXPECT_EQ(tree.ForeColor(Text("a")), QColor(Qt::red));
+    QPalette dark;
+    dark.setColor(QPalette::Base, Qt::black);
+    tree.setPalette(dark);
+    tree.SetSelected(Text("b"));
+    const QImage picture = tree.viewport()->grab().toImage();
+    const auto has = [&](const char* key, auto matches) {
+        const QRect row = tree.visualRect(Index(key));
+        for (int y = row.top(); y <= row.bottom(); ++y) {
+            for (int x = row.left(); x <= row.right(); ++x) {
+                if (matches(picture.pixelColor(x, y)))
+                    return true;
+            }
+        }
+        return false;
+    };
+    const QColor mark = Legible(Qt::red, Qt::black);
+    const auto isMark = [mark](const QColor& pixel) { return pixel == mark; };
+    const auto isGreen = [](const QColor& pixel) { return pixel.green() > pixel.blue() + 20; };
+    EXPECT_TRUE(has("a", isMark) && !has("b", isMark));
+    EXPECT_TRUE(has("b", isGreen) && !has("a", isGreen)) << "the picture of the selected node";
+}
+
+TEST_F(Tree, IsReadOut) {
+    tree.setAccessibleName(Text("Network"));
+    tree.SetExpanded(Text("a"), true);
+    tree.Flush();
+    QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&tree);
+    ASSERT_TRUE(reader);
+    EXPECT_EQ(reader->role(), QAccessible::Tree);
+    EXPECT_EQ(reader->text(QAccessible::Name), Text("Network"));
+    QStringList names;
+    for (int child = 0; child < reader->childCount(); ++child)
+        names.append(reader->child(child)->text(QAccessible::Name));
+    EXPECT_EQ(names, (QStringList{QString(), Text("a"), Text("a1"), Text("a2"), Text("b")}))
+        << "the hidden header has no name";
+    EXPECT_TRUE(reader->child(1)->state().expanded);
+}
+
+} // namespace
+} // namespace netrove
