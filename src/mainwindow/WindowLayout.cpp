@@ -3,6 +3,8 @@
 #include "controls/Twips.h"
 #include "runtime/Yield.h"
 
+#include <QWindow>
+
 namespace netrove {
 namespace {
 
@@ -43,9 +45,10 @@ void WindowLayout::Form_Resize() {
 void WindowLayout::EnforceMinimumSize() {
     if (window_.isMinimized())
         return;
-    const QSize frame = window_.frameGeometry().size() - window_.size();
-    window_.setMinimumSize(ToPixels(MinFormWidth) - frame.width(),
-                           ToPixels(MinFormHeight) - frame.height());
+    const QWindow* shown = window_.windowHandle();
+    const QMargins frame = shown != nullptr ? shown->frameMargins() : QMargins();
+    window_.setMinimumSize(ToPixels(MinFormWidth) - frame.left() - frame.right(),
+                           ToPixels(MinFormHeight) - frame.top() - frame.bottom());
 }
 
 void WindowLayout::ResizeWidths(int innerWidth) {

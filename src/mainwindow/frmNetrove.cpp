@@ -1,5 +1,6 @@
 #include "mainwindow/frmNetrove.h"
 
+#include "browser/frmNWDialog.h"
 #include "controls/Twips.h"
 #include "mainwindow/services/WinVer.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
@@ -28,6 +29,11 @@ QString Text(const char* text) {
     return QString::fromLatin1(text);
 }
 
+/// An item of a menu array: "mnuSkin(3)" and so on.
+QString Element(const char* name, int index) {
+    return Text(name) + u'(' + QString::number(index) + u')';
+}
+
 QWidget* InnerWidget(QMainWindow& window) {
     auto* inner = new QWidget(&window);
     window.setCentralWidget(inner);
@@ -52,6 +58,12 @@ frmNetrove::frmNetrove(const ProgramServices& services)
            MakeJobControls(),
            {{services.files, settings_, exclusions_, log_}, exclusions_, services.dialogs}, state_,
            rows_)
+    , patterns_({*controls_.LstSearchFor, *controls_.imgFiles[0], *menu_->Menu(Text("mnuPopUp5"))},
+                settings_, services.dialogs)
+    , start_({*this, *controls_.txtSearchStart, *menu_->Menu(Text("mnuPopUp6"))}, MakeJobControls(),
+             {services.network, services.dialogs, settings_, exclusions_,
+              [this] { return BrowseNetwork(); }},
+             state_)
     , settingsFile_({*this, *controls_.LstSearchFor, *controls_.chkRecurse, *controls_.lvwResults,
                      *controls_.lvwDownloads},
                     {.settings = settings_,
@@ -63,6 +75,7 @@ frmNetrove::frmNetrove(const ProgramServices& services)
     setObjectName(Text("frmNetrove"));
     setWindowTitle(Text("Netrove"));
     ConnectControls();
+    ConnectSearchParameters();
     ConnectReturnKey();
 }
 
@@ -76,10 +89,20 @@ void frmNetrove::ConnectControls() {
     });
     controls_.HyperLbl->installEventFilter(this);
     controls_.cmdAbandon->setEnabled(false);
-    // What these three open isn't there yet.
-    controls_.cmdSetSearchStart->setEnabled(false);
-    controls_.cmdInpNetNode->setEnabled(false);
+    // What this one does isn't there yet.
     controls_.cmdClearLst->setEnabled(false);
+}
+
+/// What the controls of the search text and the start node do besides; eventFilter has the rest.
+void frmNetrove::ConnectSearchParameters() {
+    connect(controls_.cmdSetSearchStart, &QPushButton::clicked, this,
+            [this] { start_.cmdSetSearchStart_Click(); });
+    connect(controls_.cmdInpNetNode, &QPushButton::clicked, this,
+            [this] { start_.cmdInpNetNode_Click(); });
+    for (QObject* watched : {static_cast<QObject*>(controls_.imgFiles[0]),
+                             static_cast<QObject*>(controls_.cmdInpNetNode),
+                             static_cast<QObject*>(controls_.LstSearchFor)})
+        watched->installEventFilter(this);
 }
 
 MainMenu* frmNetrove::MakeMenu() {
@@ -88,6 +111,13 @@ MainMenu* frmNetrove::MakeMenu() {
     menu->Connect(Text("mnuCont"), this, [this] { OpenHelp(); });
     menu->Connect(Text("mnuTBS"), this, [this] { shell_.ShellRun(services_.webAddress); });
     menu->Connect(Text("mnuSkin(0)"), this, [this] { ApplySkin(0); });
+    menu->Connect(Text("mnuViewTrLog"), this, [this] { shell_.ShellRun(LogFile()); });
+    for (int index = 0; index < PredefinedPatterns::Count; ++index)
+        menu->Connect(Element("mnuFiles", index), this,
+                      [this, index] { patterns_.mnuFiles_Click(index); });
+    for (const int index : {0, 1, 3})
+        menu->Connect(Element("mnuInpNetNode", index), this,
+                      [this, index] { start_.mnuInpNetNode_Click(index); });
     return menu;
 }
 
@@ -98,7 +128,8 @@ JobControls frmNetrove::MakeJobControls() {
                                           Text("mnuDonate"), Text("mnuAbout1")}),
             .filesPicture = controls_.imgFiles[0],
             .busyPicture = controls_.imgFiles[1],
-            .inputs = {controls_.LstSearchFor, controls_.chkRecurse, controls_.cmdStartSearch},
+            .inputs = {controls_.cmdSetSearchStart, controls_.cmdInpNetNode, controls_.LstSearchFor,
+                       controls_.chkRecurse, controls_.cmdStartSearch},
             .cmdAbandon = controls_.cmdAbandon};
 }
 
@@ -138,6 +169,8 @@ void frmNetrove::Form_Load() {
     } catch (...) {
         failure = CurrentFailure();
     }
+    // The settings have the number as it is stored.
+    settings_.SkinIndex = SkinOf(settings_.SkinIndex);
     show();
     if (failure)
         services_.dialogs.Failure(failure->Number(), failure->Description(),
@@ -159,8 +192,7 @@ void frmNetrove::LoadSteps() {
     state_.FilesFound = 0;
     settings_.MaxConcurrentDownloads = 5;
     settingsFile_.LoadIni();
-    settings_.SkinIndex = SkinOf(settings_.SkinIndex);
-    log_.Open(services_.applicationFolder + QDir::separator() + Text("Netrove.log"));
+    log_.Open(LogFile());
     controls_.SSTab1->setCurrentIndex(0);
 }
 
@@ -170,6 +202,8 @@ void frmNetrove::ReadSystem() {
     IsWinNT = info.IsNT;
     OSVersion = info.Version;
     OSName = UpperCase(info.Name);
+    start_.SetIsWinNT(IsWinNT);
+    menu_->Item(Text("mnuInpNetNode(0)"))->setEnabled(IsWinNT);
     menu_->Item(Text("mnuSep9"))->setVisible(IsWinNT);
     menu_->Item(Text("mnuTheWkGP"))->setVisible(IsWinNT);
     CurrentUser = CutAtZero(GetUserNameText(services_.system));
@@ -180,7 +214,7 @@ void frmNetrove::ChooseStartNode() {
         controls_.txtSearchStart->setText(Text("[Root]"));
         return;
     }
-    const QString provider = Text("Microsoft Windows Network");
+    const QString provider = NetEnum::LocalAreaNetwork;
     NetResource root(services_.network);
     state_.SearchStartNode = root.Children()->Item(provider);
     if (!state_.SearchStartNode)
@@ -198,7 +232,7 @@ void frmNetrove::ReadSkin() {
 
 void frmNetrove::ApplySkin(int index) {
     for (int skin = 0; skin <= LastSkin; ++skin) {
-        QAction* item = menu_->Item(Text("mnuSkin(") + QString::number(skin) + u')');
+        QAction* item = menu_->Item(Element("mnuSkin", skin));
         item->setCheckable(true);
         item->setChecked(skin == index);
     }
@@ -280,10 +314,50 @@ void frmNetrove::changeEvent(QEvent* event) {
 }
 
 bool frmNetrove::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == controls_.HyperLbl && event->type() == QEvent::MouseButtonPress &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
-        HyperLbl_MouseDown();
+    if (event->type() == QEvent::MouseButtonPress) {
+        const auto* press = static_cast<QMouseEvent*>(event);
+        if (watched == controls_.HyperLbl && press->button() == Qt::LeftButton)
+            HyperLbl_MouseDown();
+        else if (watched == controls_.imgFiles[0])
+            patterns_.imgFiles_MouseDown(press->button(), press->pos());
+        else if (watched == controls_.cmdInpNetNode && press->button() == Qt::RightButton)
+            start_.cmdInpNetNode_Click();
+    } else if (event->type() == QEvent::FocusIn && watched == controls_.LstSearchFor) {
+        LstSearchFor_FocusIn(static_cast<QFocusEvent*>(event)->reason());
+    }
     return QMainWindow::eventFilter(watched, event);
+}
+
+/// The control has the focus all along while a menu is open or another window is in front.
+void frmNetrove::LstSearchFor_FocusIn(Qt::FocusReason reason) {
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+        reason == Qt::MenuBarFocusReason)
+        return;
+    // The press that gives the focus also moves the cursor, right afterwards.
+    if (reason == Qt::MouseFocusReason)
+        QMetaObject::invokeMethod(
+            this, [this] { patterns_.LstSearchFor_GotFocus(); }, Qt::QueuedConnection);
+    else
+        patterns_.LstSearchFor_GotFocus();
+}
+
+/// The chosen node; nothing where the user has chosen none.
+std::optional<std::shared_ptr<NetResource>> frmNetrove::BrowseNetwork() {
+    frmNWDialog browser({.network = services_.network,
+                         .settings = settings_,
+                         .exclusions = exclusions_,
+                         .log = log_,
+                         .dialogs = services_.dialogs,
+                         .openHelp = [this] { OpenHelp(); }},
+                        this);
+    browser.exec();
+    if (browser.Cancelled())
+        return std::nullopt;
+    return browser.Result();
+}
+
+QString frmNetrove::LogFile() const {
+    return services_.applicationFolder + QDir::separator() + Text("Netrove.log");
 }
 
 void frmNetrove::OpenHelp() {

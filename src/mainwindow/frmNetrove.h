@@ -9,8 +9,10 @@
 #include "search/ExclusionLists.h"
 #include "search/Settings.h"
 #include "search/TroubleshootingLog.h"
+#include "searchrun/PredefinedPatterns.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchRun.h"
+#include "searchrun/SearchStart.h"
 #include "searchrun/SearchState.h"
 #include "skins/NCSizeModifier.h"
 #include "storage/SettingsFile.h"
@@ -47,6 +49,7 @@ protected:
 private:
     [[nodiscard]] MainMenu* MakeMenu();
     void ConnectControls();
+    void ConnectSearchParameters();
     void ConnectReturnKey();
     [[nodiscard]] JobControls MakeJobControls();
     void PressDefaultButton();
@@ -60,6 +63,9 @@ private:
     void Form_Unload();
     void SaveSettings();
 
+    void LstSearchFor_FocusIn(Qt::FocusReason reason);
+    [[nodiscard]] std::optional<std::shared_ptr<NetResource>> BrowseNetwork();
+    [[nodiscard]] QString LogFile() const;
     void OpenHelp();
     void HyperLbl_MouseDown();
 
@@ -77,6 +83,8 @@ private:
     ShellServices shell_;
     ResultRows rows_;
     SearchRun run_;
+    PredefinedPatterns patterns_;
+    SearchStart start_;
     SettingsFile settingsFile_;
 
     std::unique_ptr<InstanceMarker> marker_;

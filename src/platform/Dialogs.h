@@ -21,6 +21,10 @@ public:
     virtual MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
                                   MessageButtons buttons = MessageButtons::Ok) = 0;
 
+    /// A modal box with a line to type in, empty at first. Gives the text as it was typed; the
+    /// empty text where the user cancels.
+    [[nodiscard]] virtual QString InputBox(const QString& prompt, const QString& title) = 0;
+
     /// The usual box for a run-time failure: critical icon, number, CR LF, description.
     void Failure(int number, const QString& description, const QString& title) {
         Message(MessageIcon::Critical,

@@ -45,6 +45,8 @@ inline constexpr quint32 InvalidHandle = 6;
 using Handle = quint32;
 /// As many records as fit.
 inline constexpr qint32 CountAll = -1;
+/// The usual name of the provider that is the local area network.
+inline constexpr QLatin1String LocalAreaNetwork("Microsoft Windows Network");
 /// Bytes of a record without its texts.
 inline constexpr quint32 RecordBytes = 32;
 } // namespace NetEnum

@@ -86,7 +86,9 @@ bool ProfileFile::Replace(const QByteArray& bytes) const {
     if (bytes.size() > MaxBytes)
         return false;
     QSaveFile file(path_);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    // What commit() itself flushes it believes to be written, also on a full disk.
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
+           file.commit();
 }
 
 } // namespace netrove

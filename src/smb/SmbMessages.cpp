@@ -47,7 +47,8 @@ bool IsValid(const SmbRequest& request) {
     using Kind = SmbRequest::Kind;
     if (!IsElement(request.host) || request.offset < 0)
         return false;
-    if (request.kind == Kind::Resolve || request.kind == Kind::ListShares)
+    if (request.kind == Kind::Resolve || request.kind == Kind::ListShares ||
+        request.kind == Kind::Workgroup)
         return true;
     if (!IsElement(request.share))
         return false;
@@ -58,7 +59,7 @@ bool IsValid(const SmbRequest& request) {
 }
 
 QDataStream& operator>>(QDataStream& stream, SmbRequest& request) {
-    ReadEnum(stream, request.kind, SmbRequest::Kind::Read);
+    ReadEnum(stream, request.kind, SmbRequest::Kind::Workgroup);
     stream >> request.host >> request.port >> request.share >> request.path >> request.offset >>
         request.length;
     if (!IsValid(request))
@@ -118,6 +119,14 @@ QDataStream& operator<<(QDataStream& stream, const SmbData& data) {
 
 QDataStream& operator>>(QDataStream& stream, SmbData& data) {
     return stream >> data.bytes;
+}
+
+QDataStream& operator<<(QDataStream& stream, const SmbWorkgroup& workgroup) {
+    return stream << workgroup.name;
+}
+
+QDataStream& operator>>(QDataStream& stream, SmbWorkgroup& workgroup) {
+    return stream >> workgroup.name;
 }
 
 QDataStream& operator<<(QDataStream& stream, const SmbEnd& end) {

@@ -15,7 +15,7 @@ inline constexpr int SmbHelperDescriptor = 3;
 
 /// The first message of both sides. Sides that don't speak the same version part.
 struct SmbHello {
-    static constexpr quint32 Version = 1;
+    static constexpr quint32 Version = 2;
     quint32 version = Version;
 };
 
@@ -28,6 +28,7 @@ struct SmbRequest {
         ListFolder, ///< SmbEntries
         Stat,       ///< SmbEntries with one entry, whose name is empty
         Read,       ///< SmbData
+        Workgroup,  ///< SmbWorkgroup
     };
 
     Kind kind = Kind::ListShares;
@@ -68,6 +69,11 @@ struct SmbData {
     QByteArray bytes = {};
 };
 
+/// The workgroup or domain of a computer, as it tells it.
+struct SmbWorkgroup {
+    QString name = {};
+};
+
 /// The end of an answer: 0, or the errno that the request failed with. Parts that came before a
 /// failure are good.
 struct SmbEnd {
@@ -75,7 +81,8 @@ struct SmbEnd {
 };
 
 using SmbQuestion = std::variant<SmbHello, SmbRequest>;
-using SmbAnswer = std::variant<SmbHello, SmbAddresses, SmbShares, SmbEntries, SmbData, SmbEnd>;
+using SmbAnswer =
+    std::variant<SmbHello, SmbAddresses, SmbShares, SmbEntries, SmbData, SmbWorkgroup, SmbEnd>;
 
 [[nodiscard]] QByteArray EncodeQuestion(const SmbQuestion& question);
 [[nodiscard]] QByteArray EncodeAnswer(const SmbAnswer& answer);

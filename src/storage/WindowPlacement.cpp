@@ -2,8 +2,10 @@
 
 #include "controls/Twips.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QWindow>
 
@@ -101,12 +103,16 @@ bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
     if (watched == window_.windowHandle() &&
         (event->type() == QEvent::Expose || event->type() == QEvent::Resize))
         FitFrame();
+    // Its size may come before or after this.
+    if (watched == &window_ && event->type() == QEvent::WindowStateChange && window_.isVisible() &&
+        window_.windowHandle()->size() == innerSize_)
+        FitFrame();
     return QObject::eventFilter(watched, event);
 }
 
-/// Makes the window with its frame as large as was asked for, once its frame is known. A window
-/// that is maximised waits for its normal state; one that was made larger than was asked for, by
-/// its smallest size, is kept on its screen.
+/// Makes the window with its frame as large as was asked for, once its frame is known; a maximised
+/// one when it is back in its normal state. Its smallest size may make it larger: then it is kept
+/// on its screen.
 void WindowPlacement::FitFrame() {
     const QWindow& window = *window_.windowHandle();
     const QMargins frame = window.frameMargins();
@@ -114,11 +120,16 @@ void WindowPlacement::FitFrame() {
         return;
     const QSize outer = *outerSize_;
     outerSize_.reset();
-    if (window.size() == innerSize_) {
+    // The window's own rules of size count the frame too.
+    QResizeEvent again(window_.size(), window_.size());
+    QCoreApplication::sendEvent(&window_, &again);
+    if (window.size() == innerSize_)
         window_.resize(outer - QSize(frame.left() + frame.right(), frame.top() + frame.bottom()));
-    } else if (CanMove()) {
-        const WindowPlace place = OnScreens(PlaceNow(), Screens());
-        window_.move(ToPixels(place.left), ToPixels(place.top));
+    const WindowPlace place = PlaceNow();
+    if (CanMove() &&
+        (place.width > ToTwips(outer.width()) || place.height > ToTwips(outer.height()))) {
+        const WindowPlace kept = OnScreens(place, Screens());
+        window_.move(ToPixels(kept.left), ToPixels(kept.top));
     }
 }
 

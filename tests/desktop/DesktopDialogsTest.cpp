@@ -1,6 +1,9 @@
 #include "platform/desktop/DesktopDialogs.h"
 
 #include <QAbstractButton>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -11,25 +14,36 @@ namespace {
 
 class DesktopDialogsTest : public testing::Test {
 protected:
-    /// Puts a box up and lets `user` act on it.
-    MessageAnswer Answer(MessageButtons buttons, std::function<void(QMessageBox&)> user) {
+    /// Has `show` put a box up, and lets `user` act on it.
+    template <typename Box, typename Show>
+    auto AnswerBox(std::function<void(Box&)> user, Show show) {
         bool seen = false;
         QTimer look;
         look.callOnTimeout([&] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
             if (!box || !box->isVisible() || seen)
                 return;
             seen = true;
             user(*box);
         });
         look.start(5);
-        const MessageAnswer answer =
-            dialogs.Message(MessageIcon::Critical, QStringLiteral("53\r\n<b>File</b> not found"),
-                            QStringLiteral("Error in Test"), buttons);
+        const auto answer = show();
         EXPECT_TRUE(seen);
         return answer;
     }
-    static void Press(QMessageBox& box, Qt::Key key) { QTest::keyClick(&box, key); }
+    MessageAnswer Answer(MessageButtons buttons, std::function<void(QMessageBox&)> user) {
+        return AnswerBox(std::move(user), [&] {
+            return dialogs.Message(MessageIcon::Critical,
+                                   QStringLiteral("53\r\n<b>File</b> not found"),
+                                   QStringLiteral("Error in Test"), buttons);
+        });
+    }
+    QString Input(std::function<void(QInputDialog&)> user) {
+        return AnswerBox(std::move(user), [&] {
+            return dialogs.InputBox(QStringLiteral("Which <b>name</b>?"), QStringLiteral("A name"));
+        });
+    }
+    static void Press(QWidget& box, Qt::Key key) { QTest::keyClick(&box, key); }
 
     DesktopDialogs dialogs;
 };
@@ -58,6 +72,26 @@ TEST_F(DesktopDialogsTest, AnswersSafelyUnlessYesIsChosen) {
     EXPECT_EQ(Answer(MessageButtons::YesNo,
                      [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); }),
               MessageAnswer::Yes);
+}
+
+TEST_F(DesktopDialogsTest, GivesWhatIsTypedUnlessCancelled) {
+    EXPECT_EQ(Input([](QInputDialog& box) {
+                  EXPECT_EQ(box.windowTitle(), QStringLiteral("A name"));
+                  const auto* label = box.findChild<QLabel*>();
+                  EXPECT_EQ(label->text(), QStringLiteral("Which <b>name</b>?"));
+                  EXPECT_EQ(label->textFormat(), Qt::PlainText);
+                  auto* input = box.findChild<QLineEdit*>();
+                  EXPECT_EQ(label->buddy(), input);
+                  EXPECT_EQ(input->text(), QString());
+                  QTest::keyClicks(input, QStringLiteral(" media "));
+                  Press(*input, Qt::Key_Return);
+              }),
+              QStringLiteral(" media "));
+    EXPECT_EQ(Input([](QInputDialog& box) {
+                  QTest::keyClicks(box.findChild<QLineEdit*>(), QStringLiteral("media"));
+                  Press(box, Qt::Key_Escape);
+              }),
+              QString());
 }
 
 } // namespace

@@ -15,8 +15,10 @@ namespace netrove {
 class RecordedDialogs : public Dialogs {
 public:
     QStringList Shown;
+    QStringList Inputs; ///< what is typed into the next input boxes; an empty list cancels them
     MessageAnswer Answer = MessageAnswer::Ok;
     std::function<void()> OnMessage;
+    std::function<void()> OnInput; ///< while an input box is up; may throw
 
     MessageAnswer Message(MessageIcon /*icon*/, const QString& text, const QString& title,
                           MessageButtons /*buttons*/) override {
@@ -24,6 +26,12 @@ public:
         if (OnMessage)
             OnMessage();
         return Answer;
+    }
+    QString InputBox(const QString& prompt, const QString& title) override {
+        Shown.append(title + QStringLiteral(": ") + prompt);
+        if (OnInput)
+            OnInput();
+        return Inputs.isEmpty() ? QString() : Inputs.takeFirst();
     }
 };
 

@@ -125,7 +125,14 @@ void MemoryNetwork::CloseEnum(NetEnum::Handle handle) {
     --OpenHandles;
 }
 
-QString MemoryNetwork::Workgroup(const QString& /*computer*/) {
+QString MemoryNetwork::Workgroup(const QString& computer) {
+    Call(QLatin1String("workgroup ") + computer);
+    for (auto list = disks_.cbegin(); list != disks_.cend(); ++list) {
+        for (const NetRecord& record : *list) {
+            if (record.lpRemoteName == QLatin1String("\\\\") + computer)
+                return list.key();
+        }
+    }
     return QString();
 }
 

@@ -242,7 +242,8 @@ TEST_F(Find, ATerminalShowsHowFarItIs) {
     winsize size{.ws_row = 25, .ws_col = 40, .ws_xpixel = 0, .ws_ypixel = 0};
     int master = -1;
     int terminal = -1;
-    ASSERT_EQ(openpty(&master, &terminal, nullptr, nullptr, &size), 0);
+    if (openpty(&master, &terminal, nullptr, nullptr, &size) != 0)
+        GTEST_SKIP() << "the system has no terminals";
     SetYieldAlways(true);
     EXPECT_EQ(RunOn({Text("--from"), Text("//S/D/A FOLDER WITH A VERY LONG NAME"), Text("bell*")},
                     terminal, terminal),

@@ -1,3 +1,4 @@
+#include "controls/ListHeader.h"
 #include "controls/Twips.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
@@ -6,8 +7,10 @@
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/WindowYield.h"
 
+#include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace netrove {
@@ -47,6 +50,9 @@ protected:
         };
     }
 
+    /// The settings file, which is named after the program: the test.
+    [[nodiscard]] QString SettingsPath() const { return IniFileName(folder.path()); }
+
     QTemporaryDir folder;
     MemoryNetwork network;
     RecordedDialogs dialogs;
@@ -54,10 +60,28 @@ protected:
     DesktopFileTypes fileTypes;
     TestSystem system;
     WindowYield yield;
-    frmNetrove window{{network, network, dialogs, shell, fileTypes,
-                       [this](int index) { return fileTypes.Icon(index); }, system, folder.path(),
-                       Text("https://www.example.com/")}};
+    const ProgramServices services{
+        network, network,       dialogs,
+        shell,   fileTypes,     [this](int index) { return fileTypes.Icon(index); },
+        system,  folder.path(), Text("https://www.example.com/")};
+    frmNetrove window{services};
 };
+
+/// Takes the right edge of a column with the mouse and draws it to the right.
+void DragColumnEdge(ListView& list, int column, int pixels) {
+    QWidget* header = list.Header()->viewport();
+    const int edge = list.Header()->sectionViewportPosition(column - 1) +
+                     list.Header()->sectionSize(column - 1) - 1;
+    const auto send = [&](QEvent::Type type, int x, Qt::MouseButton button, Qt::MouseButtons held) {
+        const QPoint place(x, header->height() / 2);
+        QMouseEvent event(type, place, header->mapToGlobal(place), button, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(header, &event);
+    };
+    send(QEvent::MouseMove, edge, Qt::NoButton, Qt::NoButton);
+    send(QEvent::MouseButtonPress, edge, Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseMove, edge + pixels, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, edge + pixels, Qt::LeftButton, Qt::NoButton);
+}
 
 TEST_F(Window, SearchFillsRowsAndSummary) {
     Open();
@@ -135,7 +159,8 @@ TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
     bool seen = false;
     When("\\\\T\\E\\", [&] {
         seen = true;
-        for (const char* name : {"LstSearchFor", "chkRecurse", "cmdStartSearch", "imgFiles(0)"})
+        for (const char* name : {"cmdSetSearchStart", "cmdInpNetNode", "LstSearchFor", "chkRecurse",
+                                 "cmdStartSearch", "imgFiles(0)"})
             EXPECT_FALSE(Find<QWidget>(name).isEnabled()) << name;
         EXPECT_TRUE(Find<QWidget>("imgFiles(1)").isVisible());
         EXPECT_FALSE(Find<QWidget>("imgFiles(0)").isVisible());
@@ -144,6 +169,8 @@ TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
         EXPECT_EQ(Find<StatusBar>("stbStatus").Text(2), Text("\\\\T\\E\\"));
         EXPECT_EQ(Caption(), Text("Search in progress. 2 files found."));
         EXPECT_FALSE(Find<QAction>("mnuCont").isEnabled());
+        RightClick("imgFiles(1)");
+        EXPECT_FALSE(Find<QWidget>("mnuPopUp5").isVisible());
         QTest::keyClick(&window, Qt::Key_Return);
     });
     Search("*.mp3");
@@ -197,6 +224,66 @@ TEST_F(Window, ComesUpWithoutALog) {
     EXPECT_EQ(Rows().size(), 3);
 }
 
+TEST_F(Window, ARestartFindsEverythingAsItWas) {
+    Open();
+    Search("*.mp3");
+    Search("one*,two*");
+    auto& list = Find<ListView>("lvwResults");
+    DragColumnEdge(list, 2, 40);
+    QTest::keyClick(&Find<QCheckBox>("chkRecurse"), Qt::Key_Space);
+    window.ProgramSettings().ExcNetNodes.append(Text("T|True|Workstation"));
+    window.ProgramSettings().SizeFormat = 3;
+    window.resize(760, 480);
+    window.move(20, 30);
+    QCoreApplication::processEvents();
+    const QRect place = window.windowHandle()->frameGeometry();
+    const int width = list.ColumnWidth(2);
+    EXPECT_EQ(width, 1500 + ToTwips(40));
+    EXPECT_FALSE(QFile::exists(SettingsPath())) << "written at the end only";
+    EXPECT_TRUE(window.close());
+
+    frmNetrove again(services);
+    WindowDriver driver(again);
+    driver.Open();
+    EXPECT_EQ(again.windowHandle()->frameGeometry(), place);
+    auto& input = driver.Find<QComboBox>("LstSearchFor");
+    EXPECT_EQ(input.currentText(), Text("one*,two*"));
+    ASSERT_EQ(input.count(), 2);
+    EXPECT_EQ(input.itemText(1), Text("*.mp3"));
+    EXPECT_FALSE(driver.Find<QCheckBox>("chkRecurse").isChecked());
+    for (const char* name : {"lvwResults", "lvwDownloads"}) {
+        EXPECT_EQ(driver.Find<ListView>(name).ColumnWidth(2), width);
+        EXPECT_EQ(driver.Find<ListView>(name).HeaderText(3), Text("Size (B)"));
+    }
+    driver.Search("*.mp3");
+    EXPECT_EQ(driver.Rows(), QStringList{Text("\\\\S\\D\\one.mp3")}) << "\\\\T is excluded";
+    EXPECT_TRUE(again.close());
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    ProfileFile file(SettingsPath());
+    EXPECT_EQ(file.ReadIni(Text("Exclude_Network_Nodes"), Text("Node5"), QString()),
+              Text("T|True|Workstation"));
+}
+
+TEST_F(Window, OpensWithAndOutlivesSettingsThatAreNone) {
+    ProfileFile(SettingsPath()).WriteIni(Text("Skin"), Text("Index"), Text("7"));
+    ProfileFile(SettingsPath()).WriteIni(Text("Downloads"), Text("Concurrent"), Text("40000"));
+    Open();
+    EXPECT_EQ(dialogs.Shown, QStringList{Text("frmNetrove.Form_Load Error: 6\r\nOverflow")});
+    EXPECT_FALSE(QFile::exists(folder.filePath(Text("Netrove.log")))) << "the start stopped there";
+    Search("*.mp3");
+    EXPECT_EQ(Rows().size(), 3);
+    EXPECT_TRUE(window.close());
+    EXPECT_EQ(ProfileFile(SettingsPath()).ReadIni(Text("Skin"), Text("Index"), QString()),
+              Text("0"));
+
+    QFile::remove(SettingsPath());
+    ASSERT_TRUE(QDir().mkdir(SettingsPath()));
+    frmNetrove again(services);
+    WindowDriver(again).Open();
+    EXPECT_TRUE(again.close());
+    EXPECT_EQ(dialogs.Shown.size(), 1) << "neither a missing file nor a failed write is told";
+}
+
 TEST_F(Window, EnterInAListStartsNoSearch) {
     Open();
     Search("*.mp3");
@@ -219,6 +306,8 @@ TEST_F(Window, OpensHelpAndTheWebSite) {
     ASSERT_EQ(shell.Opened.size(), 2);
     EXPECT_TRUE(shell.Opened[0].startsWith(folder.path()));
     EXPECT_EQ(shell.Opened[1], Text("https://www.example.com/"));
+    Find<QAction>("mnuViewTrLog").trigger();
+    EXPECT_EQ(shell.Opened.last(), folder.filePath(Text("Netrove.log")));
     shell.Result = Shell::FileNotFound;
     Find<QAction>("mnuTBS").trigger();
     EXPECT_EQ(dialogs.Shown,

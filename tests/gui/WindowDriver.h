@@ -15,8 +15,7 @@ public:
     void Open() {
         window_.Form_Load();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+        Activate();
     }
 
     template <typename Widget>
@@ -28,6 +27,25 @@ public:
     }
 
     void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
+
+    /// Presses the right button in the middle of the control.
+    void RightClick(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::RightButton); }
+
+    /// Clicks the item of a menu that is shown.
+    void Pick(const char* menuName, const char* item) {
+        auto& menu = Find<QMenu>(menuName);
+        ASSERT_TRUE(menu.isVisible()) << menuName;
+        QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier,
+                          menu.actionGeometry(&Find<QAction>(item)).center());
+        EXPECT_FALSE(menu.isVisible()) << item;
+        // The offscreen platform doesn't do this.
+        Activate();
+    }
+
+    void Activate() {
+        window_.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+    }
 
     void Type(const char* text) {
         auto& input = Find<QComboBox>("LstSearchFor");

@@ -87,6 +87,15 @@ TEST(Text, RoundsTiesToTheEvenAndChecksTheRange) {
         ErrorNumber::Overflow, [] { (void)LeadingLong(u"2147483648"); }, QStringLiteral("Long"));
 }
 
+TEST(Text, WritesSinglesThatReadBackTheSame) {
+    for (const char* text : {"0", "-0.5", "8.25", "0.1", "1500", "100000", "16777216",
+                             "0.00000000000000000000000000000000000001"})
+        EXPECT_EQ(SingleText(LeadingSingle(QString::fromLatin1(text))), QLatin1String(text));
+    EXPECT_EQ(LeadingSingle(SingleText(1.0F / 3)), 1.0F / 3);
+    ExpectRaised(
+        ErrorNumber::Overflow, [] { (void)LeadingSingle(u"3.5e38"); }, QStringLiteral("Single"));
+}
+
 TEST(Text, ReadsBooleans) {
     for (const QStringView text : {u"True", u"tRUE", u" true ", u"-1", u"1", u".5", u"1e2", u"&H1"})
         EXPECT_TRUE(ToBoolean(text)) << text.toString().toStdString();

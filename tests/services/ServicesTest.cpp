@@ -38,6 +38,9 @@ public:
                      text);
         return MessageAnswer::Ok;
     }
+    QString InputBox(const QString& /*prompt*/, const QString& /*title*/) override {
+        return QString();
+    }
 };
 
 TEST(ShellServices, RunsAndTellsFailures) {
@@ -104,6 +107,8 @@ TEST(NetworkNodes, FoundByAPathOfNames) {
     EXPECT_EQ(name("Net|Other|\\\\S|"), Text("nothing"));
     EXPECT_EQ(name("Net||"), Text("nothing"));
     EXPECT_EQ(name("Net|WG"), Text("Net")) << "what no bar follows doesn't count";
+    EXPECT_EQ(name("microsoft windows network|WG|\\\\S|"), Text("\\\\S"))
+        << "stands for any provider";
     network.OnCall = [](const QString&) { throw RunTimeError(ErrorNumber::DeviceIOError); };
     EXPECT_EQ(name("Net|"), Text("nothing"));
 }

@@ -89,11 +89,12 @@ protected:
             duringWait_();
     }
 
-    /// A provider whose computer FILER is at that port.
+    /// A provider whose computer FILER is at that port, in no workgroup that is known.
     std::unique_ptr<SmbProvider> Provider(quint16 port, const SmbLimits& limits = {},
                                           const QString& helper = SambaServer::Helper()) {
         SmbHost host = samba_->Host();
         host.port = port;
+        host.workgroup.reset();
         return std::make_unique<SmbProvider>(QStringLiteral("LAN"), std::vector<SmbHost>{host},
                                              helper, limits);
     }
@@ -262,7 +263,7 @@ TEST_F(SmbFaultsTest, AHelperThatTalksNonsenseFailsItsRequest) {
         {"nothing and ends", ScriptedHelper(QByteArray(), "exit 0")},
         {"garbage", ScriptedHelper(QByteArray::fromHex("00000004deadbeef"))},
         {"an endless frame", ScriptedHelper(QByteArray::fromHex("ffffffff") + QByteArray(99, 'x'))},
-        {"another version", ScriptedHelper(Said(SmbHello{.version = 2}) + Said(SmbEnd()))},
+        {"another version", ScriptedHelper(Said(SmbHello{.version = 1}) + Said(SmbEnd()))},
         {"no hello", ScriptedHelper(Said(SmbEnd()))},
         {"another kind of part",
          ScriptedHelper(Said(SmbHello()) + Said(SmbShares()) + Said(SmbEnd()))},
@@ -278,6 +279,19 @@ TEST_F(SmbFaultsTest, AHelperThatTalksNonsenseFailsItsRequest) {
     const auto provider = Provider(samba_->Port(), {},
                                    ScriptedHelper(Said(SmbHello()) + Said(some) + Said(SmbEnd())));
     EXPECT_EQ(Count(*provider, small_), 1);
+}
+
+TEST_F(SmbFaultsTest, TheQuestionForAWorkgroupHasItsOwnLimit) {
+    const auto limit = 200ms;
+    const auto provider = Provider(samba_->Port(), Limits(&SmbLimits::workgroup, limit),
+                                   ScriptedHelper(Said(SmbHello())));
+    const auto begin = std::chrono::steady_clock::now();
+    constexpr int times = 3;
+    for (int time = 0; time < times; ++time)
+        EXPECT_EQ(provider->Workgroup(QStringLiteral("FILER")), QString());
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, times * limit)
+        << "the computer doesn't count as one that never answers";
+    EXPECT_GE(passes_, times);
 }
 
 TEST_F(SmbFaultsTest, AJunctionThatLeadsBackIsNotFollowedForever) {

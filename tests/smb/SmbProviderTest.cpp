@@ -81,6 +81,35 @@ TEST_F(SmbProviderTest, ConfiguredComputersStandInTheirWorkgroups) {
     EXPECT_TRUE(provider.Pool().IdleProcesses().empty()) << "no helper before it is needed";
 }
 
+TEST_F(SmbProviderTest, ComputersTellTheirWorkgroups) {
+    SambaServer home(QStringLiteral("    workgroup = Home-1"));
+    SambaServer strict(QStringLiteral("    map to guest = never"));
+    ASSERT_TRUE(home.IsRunning() && strict.IsRunning());
+    SmbHost unstated = home.Host();
+    unstated.workgroup.reset();
+    SmbHost stated = home.Host(QStringLiteral("STATED"));
+    SmbHost nameless = strict.Host(QStringLiteral("STRICT"));
+    nameless.workgroup.reset();
+    SmbHost silent{
+        .name = QStringLiteral("SILENT"), .address = QStringLiteral("127.0.0.1"), .port = 1};
+    SmbProvider provider = Provider({unstated, stated, nameless, silent});
+    const QString network = QStringLiteral("LAN");
+    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayNetwork, network),
+              QStringList{QStringLiteral("WORKGROUP")});
+    EXPECT_EQ(provider.Workgroup(QStringLiteral("STATED")), QStringLiteral("WORKGROUP"));
+    EXPECT_EQ(provider.Workgroup(QStringLiteral("STRICT")), QStringLiteral("WORKGROUP"));
+    EXPECT_EQ(provider.Workgroup(QStringLiteral("SILENT")), QString());
+    EXPECT_EQ(provider.Workgroup(QStringLiteral("no-such-computer.invalid")), QString());
+    EXPECT_EQ(provider.Workgroup(QStringLiteral("filer")), QStringLiteral("HOME-1"));
+    // It stands there from now on, so that its path leads to it.
+    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayNetwork, network),
+              (QStringList{QStringLiteral("HOME-1"), QStringLiteral("WORKGROUP")}));
+    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayDomain, QStringLiteral("home-1")),
+              QStringList{QStringLiteral("\\\\FILER")});
+    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayServer, QStringLiteral("\\\\FILER")).size(), 3)
+        << "the same helper goes on";
+}
+
 TEST_F(SmbProviderTest, SharesAndPrintersComeFromOneQuestion) {
     FaultyProxy proxy(samba_->Port());
     SmbHost host = samba_->Host();

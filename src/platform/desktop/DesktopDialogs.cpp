@@ -1,6 +1,11 @@
 #include "platform/desktop/DesktopDialogs.h"
 
+#include <QDialogButtonBox>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QVBoxLayout>
 
 namespace netrove {
 
@@ -43,6 +48,16 @@ MessageAnswer DesktopDialogs::Message(MessageIcon icon, const QString& text, con
     if (!question)
         return MessageAnswer::Ok;
     return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+QString DesktopDialogs::InputBox(const QString& prompt, const QString& title) {
+    QInputDialog box(parent_);
+    box.setWindowTitle(title);
+    box.setWindowModality(Qt::ApplicationModal);
+    box.setLabelText(prompt);
+    for (QLabel* label : box.findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
+    return box.exec() == QDialog::Accepted ? box.textValue() : QString();
 }
 
 } // namespace netrove

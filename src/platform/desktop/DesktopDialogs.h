@@ -7,8 +7,9 @@
 
 namespace netrove {
 
-/// Message boxes of the desktop. They block all windows of the program until they are answered;
-/// texts are shown as they are, never as markup. Escape and the close box mean OK or No.
+/// Message and input boxes of the desktop. They block all windows of the program until they are
+/// answered; texts are shown as they are, never as markup. Escape and the close box mean OK, No or
+/// Cancel.
 class DesktopDialogs : public Dialogs {
 public:
     /// The window that the boxes belong to and stand over; none before it is set.
@@ -16,6 +17,7 @@ public:
 
     MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
                           MessageButtons buttons = MessageButtons::Ok) override;
+    [[nodiscard]] QString InputBox(const QString& prompt, const QString& title) override;
 
 private:
     QPointer<QWidget> parent_;

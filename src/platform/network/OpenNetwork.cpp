@@ -14,13 +14,9 @@ namespace netrove {
 namespace {
 
 constexpr QLatin1String FileName("network.ini");
-constexpr QLatin1String LocalAreaNetwork("Microsoft Windows Network");
 
-/// Whether the text can be a node's name: a provider's, a workgroup's or a computer's.
 bool IsName(const QString& text) {
-    const auto path = UncPath::Parse(QLatin1String("\\\\") + text);
-    return path && path->Server() == text && text.size() <= Network::MaxRemoteName &&
-           !text.contains(QLatin1Char('|'));
+    return UncPath::IsName(text) && text.size() <= Network::MaxRemoteName;
 }
 
 /// Takes "ADDRESS", "ADDRESS:PORT" or "[IPv6]:PORT" apart; false where the text is none of them.
@@ -124,7 +120,8 @@ private:
         if (const QString workgroup = Trim(parts.value(1)); !workgroup.isEmpty())
             host.workgroup = workgroup;
         const QString address = Trim(parts.value(2));
-        if (parts.size() > 3 || !IsName(host.name) || !IsName(host.workgroup)) {
+        if (parts.size() > 3 || !IsName(host.name) ||
+            (host.workgroup && !IsName(*host.workgroup))) {
             Note(entry.line, QStringLiteral("%1 isn't NAME|WORKGROUP|ADDRESS:PORT").arg(entry.key));
             return std::nullopt;
         }
@@ -153,7 +150,8 @@ private:
 
 OpenedNetwork LocalAreaNetworkAlone(const QStringList& problems) {
     std::vector<std::unique_ptr<NetworkProvider>> providers;
-    providers.push_back(std::make_unique<SmbProvider>(LocalAreaNetwork, std::vector<SmbHost>()));
+    providers.push_back(
+        std::make_unique<SmbProvider>(NetEnum::LocalAreaNetwork, std::vector<SmbHost>()));
     return {.network = std::make_unique<Network>(std::move(providers)), .problems = problems};
 }
 

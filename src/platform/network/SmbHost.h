@@ -2,12 +2,14 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace netrove {
 
 /// A computer that speaks SMB, and where it is reached.
 struct SmbHost {
-    QString name; ///< without "\\"
-    QString workgroup = QStringLiteral("WORKGROUP");
+    QString name;                          ///< without "\\"
+    std::optional<QString> workgroup = {}; ///< where somebody has told it
     QString address = {}; ///< an IP address or a host name; empty: found by the name
     quint16 port = 445;
 };

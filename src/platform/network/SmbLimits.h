@@ -17,6 +17,7 @@ struct SmbLimits {
     /// Any other request, from one sign of life to the next. Disks that sleep need 10 to 15 s; the
     /// library itself gives up after 20 s.
     Time request{25000};
+    Time workgroup{3000}; ///< the workgroup of a computer
     /// A folder: the library reads all of it before the first entry comes.
     Time listing{60000};
 

@@ -61,15 +61,30 @@ int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part) {
 
 int SmbPool::RunOn(std::unique_ptr<SmbWorker> worker, const QString& server,
                    const SmbRequest& request, const SmbWorker::Part& part) {
-    const bool isListing = request.kind == SmbRequest::Kind::ListFolder;
-    const int status =
-        worker->Request(request, isListing ? limits_.listing : limits_.request, part);
+    const int status = worker->Request(request, LimitOf(request.kind), part);
     Keep(server, std::move(worker));
     if (status != ETIMEDOUT)
         timeouts_.remove(server);
-    else if (++timeouts_[server] == MaxTimeouts)
+    // So short a limit says nothing of how long the server takes for its files.
+    else if (request.kind != SmbRequest::Kind::Workgroup && ++timeouts_[server] == MaxTimeouts)
         Bury(server, status);
     return status;
+}
+
+SmbLimits::Time SmbPool::LimitOf(SmbRequest::Kind kind) const {
+    switch (kind) {
+    case SmbRequest::Kind::Resolve:
+        return limits_.lookup;
+    case SmbRequest::Kind::ListFolder:
+        return limits_.listing;
+    case SmbRequest::Kind::Workgroup:
+        return limits_.workgroup;
+    case SmbRequest::Kind::ListShares:
+    case SmbRequest::Kind::Stat:
+    case SmbRequest::Kind::Read:
+        return limits_.request;
+    }
+    return limits_.request;
 }
 
 void SmbPool::Bury(const QString& server, int status) {

@@ -47,6 +47,7 @@ private:
 
     [[nodiscard]] int RunOn(std::unique_ptr<SmbWorker> worker, const QString& server,
                             const SmbRequest& request, const SmbWorker::Part& part);
+    [[nodiscard]] SmbLimits::Time LimitOf(SmbRequest::Kind kind) const;
     [[nodiscard]] int Reach(SmbWorker& worker, const SmbRequest& request) const;
     [[nodiscard]] std::unique_ptr<SmbWorker> TakeIdle(const QString& server);
     [[nodiscard]] std::unique_ptr<SmbWorker> NewWorker() const;

@@ -13,6 +13,9 @@ using namespace std::chrono_literals;
 /// Disks and printers of a server are asked for one right after the other.
 constexpr auto SharesLifetime = 5s;
 
+/// Where computers stand whose workgroup nobody has told.
+constexpr QLatin1String Unknown("WORKGROUP");
+
 /// Entries of one folder that a server may have, before it counts as one that never ends.
 constexpr std::size_t MaxFolderEntries = 2'000'000;
 constexpr std::size_t MaxShares = 10'000;
@@ -92,11 +95,12 @@ std::optional<std::vector<NetRecord>> SmbProvider::List(const NetRecord& node, q
 std::vector<NetRecord> SmbProvider::Workgroups() const {
     std::vector<NetRecord> records;
     for (const SmbHost& host : hosts_) {
+        const QString workgroup = WorkgroupOf(host);
         const auto isKnown = [&](const NetRecord& record) {
-            return SameName(record.lpRemoteName, host.workgroup);
+            return SameName(record.lpRemoteName, workgroup);
         };
         if (std::none_of(records.begin(), records.end(), isKnown))
-            records.push_back(Record(NetEnum::DisplayDomain, host.workgroup, QString()));
+            records.push_back(Record(NetEnum::DisplayDomain, workgroup, QString()));
     }
     return records;
 }
@@ -104,7 +108,7 @@ std::vector<NetRecord> SmbProvider::Workgroups() const {
 std::vector<NetRecord> SmbProvider::Servers(const QString& workgroup) const {
     std::vector<NetRecord> records;
     for (const SmbHost& host : hosts_) {
-        if (SameName(host.workgroup, workgroup))
+        if (SameName(WorkgroupOf(host), workgroup))
             records.push_back(
                 Record(NetEnum::DisplayServer, QLatin1String("\\\\") + host.name, QString()));
     }
@@ -150,9 +154,31 @@ std::optional<SmbShares> SmbProvider::FetchShares(const QString& server) {
     return shares;
 }
 
+QString SmbProvider::WorkgroupOf(const SmbHost& host) const {
+    return host.workgroup ? *host.workgroup : told_.value(host.name.toCaseFolded(), Unknown);
+}
+
 QString SmbProvider::Workgroup(const QString& server) {
     const SmbHost* host = Host(server);
-    return host ? host->workgroup : QString();
+    if (host && host->workgroup)
+        return *host->workgroup;
+    const QString workgroup = AskWorkgroup(server);
+    if (host && !workgroup.isEmpty())
+        told_.insert(host->name.toCaseFolded(), workgroup);
+    return workgroup;
+}
+
+QString SmbProvider::AskWorkgroup(const QString& server) {
+    QString workgroup;
+    const auto take = [&](SmbAnswer& part) {
+        const auto* told = std::get_if<SmbWorkgroup>(&part);
+        if (!told || !UncPath::IsName(told->name))
+            return false;
+        workgroup = told->name;
+        return true;
+    };
+    return pool_.Run(Request(SmbRequest::Kind::Workgroup, server), take) == 0 ? workgroup
+                                                                              : QString();
 }
 
 std::unique_ptr<FileFind> SmbProvider::FindFirst(const UncPath& path, FindData& first) {

@@ -6,6 +6,7 @@
 #include "platform/network/SmbHost.h"
 #include "platform/network/SmbPool.h"
 
+#include <QHash>
 #include <QSet>
 
 #include <chrono>
@@ -14,7 +15,8 @@
 namespace netrove {
 
 /// The SMB network: workgroups and computers as configured, and what the computers tell of their
-/// shares and files. Helper processes do the talking; none is started before the first question
+/// shares and files. A computer whose workgroup nobody has told stands in "WORKGROUP", until it is
+/// asked for it. Helper processes do the talking; none is started before the first question
 /// that needs one.
 ///
 /// A folder is listed as a whole before its first entry is given out. One whose server closes in
@@ -30,6 +32,7 @@ public:
     [[nodiscard]] bool Knows(const QString& server) override { return Host(server) != nullptr; }
     /// The path of a computer that nobody has configured is tried by its name.
     [[nodiscard]] bool TakesUnknown() const override { return true; }
+    /// As configured, else as the computer itself tells it.
     [[nodiscard]] QString Workgroup(const QString& server) override;
 
     [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const UncPath& path,
@@ -49,6 +52,8 @@ private:
         std::optional<SmbShares> shares;
     };
 
+    [[nodiscard]] QString WorkgroupOf(const SmbHost& host) const;
+    [[nodiscard]] QString AskWorkgroup(const QString& server);
     [[nodiscard]] std::vector<NetRecord> Workgroups() const;
     [[nodiscard]] std::vector<NetRecord> Servers(const QString& workgroup) const;
     [[nodiscard]] std::optional<std::vector<NetRecord>> SharesOf(const QString& server,
@@ -66,6 +71,7 @@ private:
     [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind, const UncPath& path) const;
 
     std::vector<SmbHost> hosts_;
+    QHash<QString, QString> told_; ///< workgroups that computers have told, by their folded names
     SmbPool pool_;
     RecentListings recent_;
     Shares lastShares_;

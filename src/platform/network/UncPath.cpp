@@ -28,6 +28,11 @@ std::optional<UncPath> UncPath::Parse(const QString& text) {
     return path;
 }
 
+bool UncPath::IsName(const QString& text) {
+    return IsSafeElement(text) && !text.contains(QLatin1Char('\\')) &&
+           !text.contains(QLatin1Char('|'));
+}
+
 QString UncPath::Text() const {
     QString text = QLatin1String("\\\\") + server_;
     if (!share_.isEmpty())

@@ -14,6 +14,10 @@ public:
     /// Nothing where the text isn't such a path. A closing "\" makes no difference.
     [[nodiscard]] static std::optional<UncPath> Parse(const QString& text);
 
+    /// Whether the text can be the name of a computer, and of any other node: a single element
+    /// without the "|" that joins names.
+    [[nodiscard]] static bool IsName(const QString& text);
+
     [[nodiscard]] const QString& Server() const { return server_; }
     [[nodiscard]] const QString& Share() const { return share_; } ///< empty for a server alone
     [[nodiscard]] const QStringList& Elements() const { return elements_; } ///< below the share

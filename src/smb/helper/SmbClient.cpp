@@ -1,6 +1,7 @@
 #include "smb/helper/SmbClient.h"
 
 #include "platform/Files.h"
+#include "smb/WorkstationInfo.h"
 #include "smb/helper/SmbUrl.h"
 
 #include <cerrno>
@@ -55,6 +56,44 @@ quint32 AttributesOfMode(mode_t mode) {
 
 bool IsConnectionLost(int status) {
     return status == ECONNABORTED || status == ECONNRESET || status == ENOTCONN || status == EPIPE;
+}
+
+/// Reads exactly so many bytes of a message. The library asks a pipe again for what is missing,
+/// and then waits for a message that never comes.
+int ReadExactly(int pipe, QByteArray& bytes, qsizetype count) {
+    const qsizetype before = bytes.size();
+    bytes.resize(before + count);
+    errno = 0;
+    const ssize_t read = smbc_read(pipe, bytes.data() + before, static_cast<std::size_t>(count));
+    if (read < 0)
+        return Failure();
+    return read == count ? 0 : EPROTO;
+}
+
+/// Writes one message to a pipe and reads the one that answers it.
+int Exchange(int pipe, const QByteArray& question, QByteArray& answer) {
+    answer.clear();
+    errno = 0;
+    if (smbc_write(pipe, question.constData(), static_cast<std::size_t>(question.size())) !=
+        question.size())
+        return Failure();
+    if (const int status = ReadExactly(pipe, answer, WorkstationInfo::HeaderBytes); status != 0)
+        return status;
+    const auto length = WorkstationInfo::MessageBytes(answer);
+    return length ? ReadExactly(pipe, answer, *length - answer.size()) : EPROTO;
+}
+
+int AskWorkgroup(int pipe, QString& workgroup) {
+    QByteArray answer;
+    if (const int status = Exchange(pipe, WorkstationInfo::Bind(), answer); status != 0)
+        return status;
+    if (!WorkstationInfo::IsBound(answer))
+        return EACCES;
+    if (const int status = Exchange(pipe, WorkstationInfo::Request(), answer); status != 0)
+        return status;
+    const auto name = WorkstationInfo::Workgroup(answer);
+    workgroup = name.value_or(QString());
+    return name ? 0 : EACCES;
 }
 
 /// Whether another logon may be let in. What the library has no errno for is EINVAL.
@@ -158,6 +197,8 @@ int SmbClient::Try(const SmbRequest& request, const Part& part) {
         return Stat(url, part);
     case SmbRequest::Kind::Read:
         return Read(request, url, part);
+    case SmbRequest::Kind::Workgroup:
+        return Workgroup(url, part);
     case SmbRequest::Kind::Resolve:
         break;
     }
@@ -275,6 +316,19 @@ int SmbClient::Read(const SmbRequest& request, const QByteArray& url, const Part
     }
     if (status != 0)
         CloseFile();
+    return status;
+}
+
+int SmbClient::Workgroup(const QByteArray& url, const Part& part) {
+    errno = 0;
+    const int pipe = smbc_open(url.constData(), O_RDWR, 0);
+    if (pipe < 0)
+        return Failure();
+    SmbWorkgroup workgroup;
+    const int status = AskWorkgroup(pipe, workgroup.name);
+    smbc_close(pipe);
+    if (status == 0)
+        part(workgroup);
     return status;
 }
 

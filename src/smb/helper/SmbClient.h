@@ -54,6 +54,7 @@ private:
     [[nodiscard]] int SendEntries(int folder, const Part& part);
     [[nodiscard]] int Stat(const QByteArray& url, const Part& part);
     [[nodiscard]] int Read(const SmbRequest& request, const QByteArray& url, const Part& part);
+    [[nodiscard]] static int Workgroup(const QByteArray& url, const Part& part);
     [[nodiscard]] int OpenFile(const QByteArray& url);
 
     SMBCCTX* context_ = nullptr;

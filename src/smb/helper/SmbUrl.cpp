@@ -7,6 +7,8 @@ QByteArray SmbUrl(const SmbRequest& request) {
                      QByteArray::number(request.port) + '/';
     if (request.kind == SmbRequest::Kind::ListShares)
         return url;
+    if (request.kind == SmbRequest::Kind::Workgroup)
+        return url + "IPC$/wkssvc";
     url += request.share.toUtf8().toPercentEncoding();
     if (!request.path.isEmpty())
         url += '/' + request.path.toUtf8().toPercentEncoding("/");

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "search/Settings.h"
+
+#include <QComboBox>
+#include <QMenu>
+#include <QWidget>
+
+namespace netrove {
+
+/// The menu of search texts that are often wanted, at the picture beside the search text.
+class PredefinedPatterns {
+public:
+    static constexpr int Count = 8; ///< items of the menu
+
+    struct Controls {
+        QComboBox& LstSearchFor;
+        QWidget& filesPicture; ///< the one that is there while no job runs
+        QMenu& mnuPopUp5;
+    };
+
+    PredefinedPatterns(const Controls& controls, const Settings& settings, Dialogs& dialogs)
+        : controls_(controls), settings_(settings), dialogs_(dialogs) {}
+
+    /// The right button shows the menu there, first a warning if the patterns won't be enclosed in
+    /// asterisks. `position` is in the picture.
+    void imgFiles_MouseDown(Qt::MouseButton button, const QPoint& position);
+
+    /// Puts a text in place of the search text: the item's number counts from 0.
+    void mnuFiles_Click(int index);
+
+    /// Selects the whole search text.
+    void LstSearchFor_GotFocus();
+
+private:
+    Controls controls_;
+    const Settings& settings_;
+    Dialogs& dialogs_;
+};
+
+} // namespace netrove

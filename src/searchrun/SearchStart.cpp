@@ -1,0 +1,129 @@
+#include "searchrun/SearchStart.h"
+
+#include "mainwindow/services/NetworkNodes.h"
+#include "mainwindow/services/Paths.h"
+#include "mainwindow/services/WinVer.h"
+#include "mainwindow/windowservices/WindowGeometry.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+#include "runtime/Yield.h"
+
+namespace netrove {
+namespace {
+
+constexpr int Workstation = 0;
+constexpr int Workgroup = 1;
+constexpr int Root = 3;
+
+constexpr QLatin1Char Bar('|');
+
+} // namespace
+
+struct SearchStart::Question {
+    QString prompt;
+    QString title;
+    QString warning;
+    QString warningTitle;
+    QString error;
+    QString errorTitle;
+    /// Makes the path of the node with that name.
+    QString (SearchStart::*path)(const QString& name) const;
+};
+
+void SearchStart::cmdInpNetNode_Click() {
+    controls_.mnuPopUp6.popup(QPoint(CursorX(), CursorY()));
+}
+
+void SearchStart::mnuInpNetNode_Click(int index) {
+    std::optional<RunTimeError> failure;
+    try {
+        if (index == Workstation)
+            InputNode({.prompt = QStringLiteral(
+                           "What is the name of the workstation, computer, or server?"),
+                       .title = QStringLiteral("Input a workstation name"),
+                       .warning = QStringLiteral("Workstation contains an illegal character!"),
+                       .warningTitle = QStringLiteral("Workstation Warning..."),
+                       .error = QStringLiteral("Invalid Workstation!"),
+                       .errorTitle = QStringLiteral("Workstation Error..."),
+                       .path = &SearchStart::WorkstationPath});
+        else if (index == Workgroup)
+            InputNode({.prompt = QStringLiteral("What is the name of the workgroup or domain?"),
+                       .title = QStringLiteral("Input a workgroup name"),
+                       .warning = QStringLiteral("Workgroup contains an illegal character!"),
+                       .warningTitle = QStringLiteral("Workgroup Warning..."),
+                       .error = QStringLiteral("Invalid workgroup!"),
+                       .errorTitle = QStringLiteral("Workgroup Error..."),
+                       .path = &SearchStart::WorkgroupPath});
+        else if (index == Root)
+            SetToRoot();
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    controls_.window.unsetCursor();
+    if (failure)
+        services_.dialogs.Failure(failure->Number(), failure->Description(),
+                                  QStringLiteral("Error in setting Network node"));
+}
+
+void SearchStart::InputNode(const Question& question) {
+    const QString name =
+        UpperCase(Trim(services_.dialogs.InputBox(question.prompt, question.title)));
+    if (name.isEmpty())
+        return;
+    if (HasIllegalNameChars(name)) {
+        services_.dialogs.Message(MessageIcon::Exclamation, question.warning,
+                                  question.warningTitle);
+        return;
+    }
+    controls_.window.setCursor(Qt::WaitCursor);
+    const auto node = FindNetNode((this->*question.path)(name), services_.network);
+    if (node && !node->RemoteName().isEmpty())
+        SetStartNode(node);
+    else
+        services_.dialogs.Message(MessageIcon::Critical, question.error, question.errorTitle);
+}
+
+QString SearchStart::WorkstationPath(const QString& name) const {
+    return NetEnum::LocalAreaNetwork + Bar + GetWorkgroup(name, services_.network) + Bar +
+           QLatin1String("\\\\") + name + Bar;
+}
+
+QString SearchStart::WorkgroupPath(const QString& name) const {
+    const QString path = name + Bar;
+    return isWinNT_ ? NetEnum::LocalAreaNetwork + Bar + path : path;
+}
+
+void SearchStart::SetToRoot() {
+    SetStartNode(std::make_shared<NetResource>(services_.network));
+}
+
+void SearchStart::SetStartNode(const std::shared_ptr<NetResource>& node) {
+    if (!node)
+        throw RunTimeError(ErrorNumber::ObjectNotSet);
+    state_.SearchStartNode = node;
+    const QString& name = node->RemoteName();
+    controls_.txtSearchStart.setText(name.isEmpty() ? QStringLiteral("[Root]") : name);
+}
+
+void SearchStart::cmdSetSearchStart_Click() {
+    try {
+        Browse();
+    } catch (...) {
+        const RunTimeError error = CurrentFailure();
+        services_.dialogs.Failure(error.Number(), error.Description(),
+                                  QStringLiteral("Error in browsing network"));
+    }
+    Yield();
+    jobControls_.EnableButtons(true, JobKind::Browsing);
+}
+
+void SearchStart::Browse() {
+    jobControls_.EnableButtons(false, JobKind::Browsing);
+    if (services_.settings.ExcludeNetNodes)
+        services_.exclusions.ParseNetNodes(services_.settings);
+    Yield();
+    if (const auto chosen = services_.browse())
+        SetStartNode(*chosen);
+}
+
+} // namespace netrove

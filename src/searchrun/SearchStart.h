@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "platform/NetworkEnumeration.h"
+#include "search/ExclusionLists.h"
+#include "search/Settings.h"
+#include "searchrun/JobControls.h"
+#include "searchrun/SearchState.h"
+
+#include <QLineEdit>
+#include <QMenu>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace netrove {
+
+/// The three ways of choosing the node where a search starts: a computer or a workgroup by its
+/// name, the root, a node from the network browser.
+class SearchStart {
+public:
+    struct Controls {
+        QWidget& window;
+        QLineEdit& txtSearchStart;
+        QMenu& mnuPopUp6;
+    };
+    struct Services {
+        NetworkEnumeration& network;
+        Dialogs& dialogs;
+        const Settings& settings;
+        ExclusionLists& exclusions; ///< the same as the browser marks
+        /// Shows the browser until it is closed: the node that was chosen, nothing if it was
+        /// cancelled.
+        std::function<std::optional<std::shared_ptr<NetResource>>()> browse;
+    };
+
+    SearchStart(const Controls& controls, const JobControls& jobControls, Services services,
+                SearchState& state)
+        : controls_(controls)
+        , jobControls_(jobControls)
+        , services_(std::move(services))
+        , state_(state) {}
+
+    /// Whether the network has workgroups, so that paths lead through its provider. True at first.
+    void SetIsWinNT(bool isWinNT) { isWinNT_ = isWinNT; }
+
+    /// Shows the menu of ways at the mouse: both buttons do.
+    void cmdInpNetNode_Click();
+
+    /// Item 0 asks for a computer, 1 for a workgroup, 3 takes the root. The start node stays as it
+    /// was where the name is cancelled, can't be one or isn't found. Yields, with the hourglass
+    /// up. Failures end in a message box.
+    void mnuInpNetNode_Click(int index);
+
+    /// Lets the user choose in the browser. Failures end in a message box.
+    void cmdSetSearchStart_Click();
+
+private:
+    /// What differs between asking for a computer and for a workgroup.
+    struct Question;
+
+    void InputNode(const Question& question);
+    void SetToRoot();
+    [[nodiscard]] QString WorkstationPath(const QString& name) const;
+    [[nodiscard]] QString WorkgroupPath(const QString& name) const;
+    void Browse();
+    void SetStartNode(const std::shared_ptr<NetResource>& node);
+
+    Controls controls_;
+    JobControls jobControls_;
+    Services services_;
+    SearchState& state_;
+    bool isWinNT_ = true;
+};
+
+} // namespace netrove

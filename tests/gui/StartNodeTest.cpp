@@ -1,0 +1,299 @@
+#include "browser/frmNWDialog.h"
+#include "controls/TreeView.h"
+#include "fakes/DesktopFakes.h"
+#include "fakes/MemoryNetwork.h"
+#include "gui/WindowDriver.h"
+#include "mainwindow/frmNetrove.h"
+#include "platform/desktop/DesktopFileTypes.h"
+#include "platform/desktop/WindowYield.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// The window over two networks in memory: "Net" with \\S and \\T in WG, "Other" with \\U in HOME.
+class StartNode : public testing::Test, public WindowDriver {
+protected:
+    StartNode() : WindowDriver(window) {}
+
+    void SetUp() override {
+        for (const auto& [provider, workgroup, servers] :
+             std::vector<std::tuple<const char*, const char*, std::vector<const char*>>>{
+                 {"Net", "WG", {"\\\\S", "\\\\T"}}, {"Other", "HOME", {"\\\\U"}}}) {
+            network.AddNode(QString(), NetEnum::DisplayNetwork, Text(provider));
+            network.AddNode(Text(provider), NetEnum::DisplayDomain, Text(workgroup));
+            for (const char* server : servers) {
+                network.AddNode(Text(workgroup), NetEnum::DisplayServer, Text(server));
+                const QString share = Text(server) + Text("\\D");
+                network.AddNode(Text(server), NetEnum::DisplayShare, share);
+                network.AddFile(share + Text("\\one.mp3"));
+            }
+        }
+        network.OnCall = [this](const QString& call) {
+            calls.append(call);
+            waited = waited && window.cursor().shape() == Qt::WaitCursor;
+        };
+        Open();
+    }
+
+    /// Opens the menu with the mouse and picks an item.
+    void Input(int index, const char* answer) {
+        calls.clear();
+        dialogs.Shown.clear();
+        dialogs.Inputs = QStringList(Text(answer));
+        Click("cmdInpNetNode");
+        Pick("mnuPopUp6", Text("mnuInpNetNode(%1)").arg(index).toLatin1().constData());
+        EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+    }
+
+    /// Opens the browser and lets `user` act on it, once the first level is there.
+    void Browse(std::function<void(frmNWDialog&)> user) {
+        bool seen = false;
+        QTimer look;
+        look.callOnTimeout([&] {
+            auto* browser = qobject_cast<frmNWDialog*>(QApplication::activeModalWidget());
+            if (!browser || seen)
+                return;
+            auto& timer = *browser->findChild<QTimer*>(Text("tmrNodes"));
+            if (timer.isActive() && timer.interval() > 0)
+                timer.start(0);
+            if (!browser->findChild<QWidget*>(Text("cmdOk"))->isEnabled())
+                return;
+            seen = true;
+            user(*browser);
+        });
+        look.start(5);
+        Click("cmdSetSearchStart");
+        EXPECT_TRUE(seen);
+        EXPECT_TRUE(window.findChildren<frmNWDialog*>().isEmpty());
+    }
+
+    static void Choose(frmNWDialog& browser, const char* key) {
+        browser.findChild<TreeView*>(Text("tvwNetwork"))->SetSelected(Text(key));
+        QTest::mouseClick(browser.findChild<QWidget*>(Text("cmdOk")), Qt::LeftButton);
+    }
+
+    QString Shown() { return Find<QLineEdit>("txtSearchStart").text(); }
+
+    QTemporaryDir folder;
+    MemoryNetwork network;
+    QStringList calls;
+    bool waited = true; ///< the hourglass was there at every call
+    RecordedDialogs dialogs;
+    RecordedShell shell;
+    DesktopFileTypes fileTypes;
+    TestSystem system;
+    WindowYield yield;
+    frmNetrove window{{network, network, dialogs, shell, fileTypes,
+                       [this](int index) { return fileTypes.Icon(index); }, system, folder.path(),
+                       QString()}};
+};
+
+TEST_F(StartNode, IsFoundByNameOrStays) {
+    constexpr int workstation = 0;
+    constexpr int workgroup = 1;
+    const QString workstationPrompt = Text("Input a workstation name: What is the name of the "
+                                           "workstation, computer, or server?");
+    const QString workgroupPrompt =
+        Text("Input a workgroup name: What is the name of the workgroup or domain?");
+    struct Case {
+        int index;
+        const char* answer;
+        const char* shown;
+        const char* box;
+    };
+    for (const Case& one : std::vector<Case>{
+             {workstation, " t ", "\\\\T", ""},
+             {workstation, "", "\\\\T", ""},
+             {workstation, "\\\\S", "\\\\T",
+              "Workstation Warning...: Workstation contains an illegal character!"},
+             {workstation, "nobody", "\\\\T", "Workstation Error...: Invalid Workstation!"},
+             {workstation, "u", "\\\\U", ""},
+             {workgroup, "wg", "WG", ""},
+             {workgroup, "   ", "WG", ""},
+             {workgroup, "A|B", "WG",
+              "Workgroup Warning...: Workgroup contains an illegal character!"},
+             {workgroup, "none", "WG", "Workgroup Error...: Invalid workgroup!"},
+             {workgroup, "Home", "HOME", ""}}) {
+        SCOPED_TRACE(one.answer);
+        Input(one.index, one.answer);
+        EXPECT_EQ(Shown(), Text(one.shown));
+        QStringList boxes{one.index == workstation ? workstationPrompt : workgroupPrompt};
+        if (*one.box != '\0')
+            boxes.append(Text(one.box));
+        EXPECT_EQ(dialogs.Shown, boxes);
+        if (boxes.last().contains(Text("illegal")))
+            EXPECT_TRUE(calls.isEmpty());
+    }
+    EXPECT_TRUE(waited);
+    Input(3, "");
+    EXPECT_EQ(Shown(), Text("[Root]"));
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
+}
+
+TEST_F(StartNode, StandsForTheUsualNameFirst) {
+    network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Microsoft Windows Network"));
+    network.AddNode(Text("Microsoft Windows Network"), NetEnum::DisplayDomain, Text("Wg"));
+    Input(1, "WG");
+    EXPECT_EQ(Shown(), Text("Wg"));
+    EXPECT_FALSE(calls.contains(Text("open Net")));
+    Input(0, "U");
+    EXPECT_EQ(Shown(), Text("\\\\U")) << "the other networks stand for it too";
+}
+
+TEST_F(StartNode, IsSearchedAndKeepsWhatWasRead) {
+    Input(0, "T");
+    // Searches \\T; whether that asked it for its shares.
+    const auto searchAsks = [this] {
+        calls.clear();
+        Click("cmdStartSearch");
+        EXPECT_EQ(Rows(), QStringList{Text("\\\\T\\D\\one.mp3")});
+        return calls.contains(Text("open \\\\T"));
+    };
+    EXPECT_TRUE(searchAsks());
+    EXPECT_FALSE(searchAsks());
+    Input(0, "nobody");
+    EXPECT_FALSE(searchAsks());
+    Input(0, "T");
+    EXPECT_TRUE(searchAsks()) << "a new node reads the network anew";
+    Input(3, "");
+    Click("cmdStartSearch");
+    EXPECT_EQ(Rows().size(), 3);
+}
+
+TEST_F(StartNode, ComesFromTheBrowser) {
+    const QStringList controls{Text("cmdStartSearch"), Text("cmdSetSearchStart"),
+                               Text("cmdInpNetNode"), Text("LstSearchFor"), Text("chkRecurse")};
+    const auto expectEnabled = [&](bool enabled) {
+        for (const QString& name : controls + QStringList(Text("cmdAbandon")))
+            EXPECT_EQ(Find<QWidget>(name.toLatin1().constData()).isEnabled(), enabled)
+                << name.toStdString();
+        EXPECT_EQ(Find<QAction>("mnuCont").isEnabled(), enabled);
+    };
+    EXPECT_FALSE(Find<QWidget>("cmdAbandon").isEnabled());
+    Browse([&](frmNWDialog& browser) {
+        expectEnabled(false);
+        Choose(browser, "??Other");
+    });
+    EXPECT_EQ(Shown(), Text("Other"));
+    expectEnabled(true);
+    Click("cmdAbandon");
+    calls.clear();
+    Click("cmdStartSearch");
+    EXPECT_EQ(Rows(), QStringList{Text("\\\\U\\D\\one.mp3")});
+    EXPECT_TRUE(Caption().startsWith(Text("Returned 1 files in ")));
+    EXPECT_FALSE(Find<QWidget>("cmdAbandon").isEnabled());
+    EXPECT_FALSE(calls.contains(Text("open ")));
+
+    const auto cancel = [](frmNWDialog& browser) { QTest::keyClick(&browser, Qt::Key_Escape); };
+    Browse(cancel);
+    EXPECT_EQ(Shown(), Text("Other"));
+    expectEnabled(true);
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
+}
+
+TEST_F(StartNode, BrowserSeesWhatIsExcluded) {
+    const auto isMarked = [this] {
+        bool marked = false;
+        Browse([&](frmNWDialog& browser) {
+            marked = browser.findChild<TreeView*>(Text("tvwNetwork"))
+                         ->ForeColor(Text("??Net"))
+                         .isValid();
+            Choose(browser, "??Net");
+        });
+        return marked;
+    };
+    EXPECT_FALSE(isMarked());
+    window.ProgramSettings().ExcNetNodes = {Text("Net|True|Network")};
+    EXPECT_TRUE(isMarked());
+    window.ProgramSettings().ExcNetNodes = {Text("Net")};
+    Click("cmdSetSearchStart");
+    EXPECT_EQ(dialogs.Shown, QStringList{Text("Error in browsing network: 9\r\nSubscript out of "
+                                              "range")});
+    EXPECT_EQ(Shown(), Text("Net"));
+    EXPECT_TRUE(Find<QWidget>("cmdStartSearch").isEnabled());
+    window.ProgramSettings().ExcludeNetNodes = false;
+    isMarked();
+    EXPECT_EQ(dialogs.Shown.size(), 1) << "the entries weren't read";
+}
+
+TEST_F(StartNode, FailuresEndInABox) {
+    Input(0, "T");
+    dialogs.OnInput = [] { throw RunTimeError(ErrorNumber::OutOfMemory); };
+    Input(1, "WG");
+    EXPECT_EQ(dialogs.Shown.last(), Text("Error in setting Network node: 7\r\nOut of memory"));
+    EXPECT_EQ(Shown(), Text("\\\\T"));
+    dialogs.OnInput = {};
+    network.OnCall = [](const QString& call) {
+        if (call.startsWith(Text("workgroup ")))
+            throw RunTimeError(ErrorNumber::DeviceIOError);
+    };
+    Input(0, "S");
+    EXPECT_EQ(dialogs.Shown.last(), Text("Workstation Error...: Invalid Workstation!"));
+    EXPECT_EQ(Shown(), Text("\\\\T"));
+}
+
+TEST_F(StartNode, MenusOpenUnderTheMouse) {
+    RightClick("cmdInpNetNode");
+    Pick("mnuPopUp6", "mnuInpNetNode(3)");
+
+    const auto& input = Find<QComboBox>("LstSearchFor");
+    Click("imgFiles(0)");
+    EXPECT_FALSE(Find<QWidget>("mnuPopUp5").isVisible());
+    auto& picture = Find<QWidget>("imgFiles(0)");
+    QTest::mouseClick(&picture, Qt::RightButton, Qt::NoModifier, QPoint(3, 4));
+    EXPECT_EQ(Find<QWidget>("mnuPopUp5").pos(), picture.mapToGlobal(QPoint(3, 4)));
+    Pick("mnuPopUp5", "mnuFiles(3)");
+    EXPECT_EQ(input.currentText(), Text("*.jpg,*.jpeg,*.gif,*.tiff,*.bmp,*.pcx,*.psp"));
+    EXPECT_EQ(input.count(), 0);
+    EXPECT_EQ(Caption(), Text("---"));
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
+
+    window.ProgramSettings().AutoAsterisks = false;
+    for (int time = 0; time < 2; ++time) {
+        dialogs.Shown.clear();
+        dialogs.OnMessage = [&] { EXPECT_FALSE(Find<QWidget>("mnuPopUp5").isVisible()); };
+        RightClick("imgFiles(0)");
+        ASSERT_EQ(dialogs.Shown.size(), 1);
+        EXPECT_TRUE(dialogs.Shown[0].startsWith(
+            Text("Auto-Asterisks is turned off: The option 'Auto-Enclose Search Parameters with "
+                 "Asterisks' is currently set \r\nto 'No'. ")));
+        Pick("mnuPopUp5", "mnuFiles(7)");
+    }
+    EXPECT_EQ(input.currentText(), Text("*.*"));
+}
+
+TEST_F(StartNode, SearchTextIsSelectedWhenItGetsTheFocus) {
+    auto& input = *Find<QComboBox>("LstSearchFor").lineEdit();
+    const auto leave = [&] {
+        input.deselect();
+        Find<QWidget>("chkRecurse").setFocus();
+    };
+    leave();
+    QTest::mouseClick(&input, Qt::LeftButton, Qt::NoModifier, QPoint(12, 8));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(input.selectedText(), Text("*.mp3"));
+    QTest::mouseClick(&input, Qt::LeftButton, Qt::NoModifier, QPoint(12, 8));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(input.selectedText(), QString()) << "it has the focus already";
+    leave();
+    Find<QWidget>("LstSearchFor").setFocus();
+    EXPECT_EQ(input.selectedText(), Text("*.mp3"));
+    EXPECT_EQ(input.selectionStart(), 0);
+    input.deselect();
+    Find<QMenu>("mnuPopUp6").popup(QPoint());
+    Find<QMenu>("mnuPopUp6").close();
+    Activate();
+    EXPECT_TRUE(input.hasFocus());
+    EXPECT_EQ(input.selectedText(), QString());
+}
+
+} // namespace
+} // namespace netrove

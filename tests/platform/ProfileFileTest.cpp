@@ -1,0 +1,258 @@
+#include "platform/ProfileFile.h"
+
+#include "platform/TempTree.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <functional>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace netrove {
+namespace {
+
+constexpr uid_t Nobody = 65534;
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+class ProfileFileTest : public testing::Test {
+protected:
+    [[nodiscard]] QString Path() const { return tree.Path(Text("a.ini")); }
+
+    [[nodiscard]] QByteArray Content() const {
+        QFile file(Path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+    }
+
+    [[nodiscard]] QString Read(const char* section, const char* key) const {
+        return ProfileFile(Path()).ReadIni(Text(section), Text(key), Text("(default)"));
+    }
+
+    TempTree tree;
+};
+
+/// Runs in a process of its own, whose rights and limits it may give up; gives back its result.
+bool InChild(const std::function<bool()>& action) {
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(action() ? 1 : 0);
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 1;
+}
+
+TEST_F(ProfileFileTest, Reads) {
+    EXPECT_EQ(Read("A", "k"), Text("(default)")) << "no file";
+    struct Case {
+        QByteArray content;
+        const char* section;
+        const char* key;
+        QString expected;
+    };
+    const QString longest(ProfileFile::MaxValue, u'x');
+    const Case cases[] = {
+        {"", "A", "k", Text("(default)")},
+        {"[A]\nk=1", "A", "k", Text("1")},
+        {"[A]\r\nk=1\r\n[B]\r\nk=2", "b", "K", Text("2")},
+        {"[A]\nk=1\nK=2\n[a]\nk=3\nl=4\n", "A", "k", Text("1")},
+        {"[A]\nk=1\n[a]\nl=4\n", "A", "l", Text("(default)")},
+        {"[A]\nk=\n", "A", "k", QString()},
+        {"[A]\nk\n", "A", "k", Text("(default)")},
+        {"k=1\n[A]\n", "", "k", Text("(default)")},
+        {"[A]\nk= ' v ' \nk=w", "A", "k", Text(" v ")},
+        {"[A]\nk=\"v'\n", "A", "k", Text("\"v'")},
+        {"[A]\nk=\xC2\xA0v\xC2\xA0\n", "A", "k", Text("\u00A0v\u00A0")},
+        {"[A]\nk=\xE4\n", "A", "k", Text("ä")},
+        {"\xEF\xBB\xBF[A]\nk=1\n", "A", "k", Text("1")},
+        {"[A]\n;k=1\n", "A", ";k", Text("(default)")},
+        {"[A]\nk=" + longest.toUtf8() + "yz\n", "A", "k", longest},
+        {"[A]\nk=" + longest.chopped(1).toUtf8() + "\xF0\x9D\x84\x9E\n", "A", "k",
+         longest.chopped(1)},
+    };
+    for (const Case& test : cases) {
+        tree.File("a.ini", test.content);
+        EXPECT_EQ(Read(test.section, test.key), test.expected) << test.content.toStdString();
+        EXPECT_EQ(Content(), test.content);
+    }
+}
+
+TEST_F(ProfileFileTest, Writes) {
+    struct Case {
+        QByteArray before;
+        const char* section;
+        const char* key;
+        QString value;
+        QByteArray after;
+    };
+    const Case cases[] = {
+        {"", "A", "k", Text("1"), "[A]\r\nk=1\r\n"},
+        {"[A]\nk=1\n\n; end\n[B]\nk=1", "A", "l", Text("2"),
+         "[A]\r\nk=1\r\nl=2\r\n\r\n; end\r\n[B]\r\nk=1\r\n"},
+        {"; first\nodd\n[ a ] x\n K = 1 \nk=2\n", "A", "k", Text("3"),
+         "; first\r\nodd\r\n[ a ] x\r\nk=3\r\nk=2\r\n"},
+        {"[A]\nk=1\n[a]\nl=1\n", "a", "l", Text("2"), "[A]\r\nk=1\r\nl=2\r\n[a]\r\nl=1\r\n"},
+        {"[A]\nk=1\nl=2\n K =3", "A", "k", QString(), "[A]\r\nl=2\r\n"},
+        {"[A]\nk=1", "A", "l", QString(), "[A]\r\nk=1\r\n"},
+        {"[A]\nk=1", "B", "l", QString(), "[A]\r\nk=1\r\n"},
+        {"[A]\nk=1\n[B]\n; in\nk=1\n\n; above C\n[C]\nk=1\n[b]\nk=2", "B", "", QString(),
+         "[A]\r\nk=1\r\n\r\n; above C\r\n[C]\r\nk=1\r\n"},
+        {"[A]\nk=1\n[B", "B", "", QString(), "[A]\r\nk=1\r\n"},
+        {"[A]\n\xE4=\xE4\n", "A", "k", Text("€"), "[A]\r\nä=ä\r\nk=€\r\n"},
+        {"", "A", "k", Text("a\nb\r\n[B]"), "[A]\r\nk=a b  [B]\r\n"},
+    };
+    for (const Case& test : cases) {
+        tree.File("a.ini", test.before);
+        EXPECT_TRUE(ProfileFile(Path()).WriteIni(Text(test.section), Text(test.key), test.value));
+        EXPECT_EQ(Content(), test.after) << test.before.toStdString();
+    }
+    const QByteArray before = Content();
+    for (const auto& [section, key] :
+         {std::pair("A]", "k"), {"A", "k=l"}, {"A", ";k"}, {"A", "[k"}, {"A\n[B", "k"}})
+        EXPECT_FALSE(ProfileFile(Path()).WriteIni(Text(section), Text(key), Text("1"))) << key;
+    EXPECT_EQ(Content(), before);
+}
+
+TEST_F(ProfileFileTest, ABatchReplacesTheFileOnceAtItsEnd) {
+    tree.File("a.ini", "[A]\nk=1\n[B]\nk=1\n");
+    ProfileFile file(Path());
+    try {
+        const ProfileFile::Batch outer(file);
+        EXPECT_TRUE(file.WriteIni(Text("A"), QString(), QString()));
+        EXPECT_EQ(file.ReadIni(Text("A"), Text("k"), Text("gone")), Text("gone"));
+        {
+            const ProfileFile::Batch inner(file);
+            file.WriteIni(Text("A"), Text("l"), Text("2"));
+        }
+        EXPECT_EQ(Content(), "[A]\nk=1\n[B]\nk=1\n");
+        throw std::runtime_error("a failure on the way");
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_EQ(Content(), "[B]\r\nk=1\r\n[A]\r\nl=2\r\n");
+}
+
+TEST_F(ProfileFileTest, KeepsWhatItCannotReadOrReplace) {
+    const auto write = [](const QString& path) {
+        return ProfileFile(path).WriteIni(Text("A"), Text("k"), Text("2"));
+    };
+    tree.Folder("a.ini");
+    EXPECT_EQ(Read("A", "k"), Text("(default)"));
+    EXPECT_FALSE(write(Path())) << "a folder";
+    EXPECT_FALSE(write(tree.Path(Text("missing/a.ini"))));
+
+    const QByteArray huge = "[A]\nk=1\n" + QByteArray(ProfileFile::MaxBytes, '\n');
+    tree.File("huge.ini", huge);
+    EXPECT_FALSE(write(tree.Path(Text("huge.ini"))));
+    EXPECT_EQ(QFileInfo(tree.Path(Text("huge.ini"))).size(), huge.size());
+
+    tree.File("real/a.ini", "[A]\nk=1\n");
+    tree.Link("link.ini", "real/a.ini");
+    tree.Link("new.ini", "real/b.ini");
+    for (const char* link : {"link.ini", "new.ini"}) {
+        EXPECT_TRUE(write(tree.Path(Text(link))));
+        EXPECT_TRUE(QFileInfo(tree.Path(Text(link))).isSymLink());
+        EXPECT_EQ(ProfileFile(tree.Path(Text(link))).ReadIni(Text("A"), Text("k"), QString()),
+                  Text("2"));
+    }
+    EXPECT_EQ(QDir(tree.Path(Text("real"))).entryList(QDir::Files),
+              (QStringList{Text("a.ini"), Text("b.ini")}));
+}
+
+TEST_F(ProfileFileTest, KeepsTheOldFileWhereNothingCanBeWritten) {
+    const QByteArray before = "[A]\r\nk=1\r\n";
+    tree.File("full/a.ini", before);
+    tree.File("closed/a.ini", before);
+    tree.File("secret/a.ini", before);
+    const auto path = [this](const char* below) { return tree.Path(Text(below)); };
+    const auto write = [](const QString& to) {
+        return ProfileFile(to).WriteIni(Text("A"), Text("k"), QString(5000, u'x'));
+    };
+    EXPECT_FALSE(InChild([&] {
+        // The system's answer to a disk without room, but for the number.
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{.rlim_cur = 100, .rlim_max = 100};
+        return setrlimit(RLIMIT_FSIZE, &limit) != 0 || write(path("full/a.ini"));
+    }));
+
+    QFile::setPermissions(tree.Path(), QFile::Permissions(0x5555));
+    QFile::setPermissions(path("closed"), QFile::Permissions(0x5555));
+    QFile::setPermissions(path("full"), QFile::Permissions(0x7777));
+    QFile::setPermissions(path("full/a.ini"), QFile::Permissions(0x4444));
+    QFile::setPermissions(path("secret"), QFile::Permissions(0x7777));
+    QFile::setPermissions(path("secret/a.ini"), {});
+    EXPECT_FALSE(InChild([&] {
+        // Root may write anywhere.
+        if (getuid() == 0 && setuid(Nobody) != 0)
+            return true;
+        return std::ranges::any_of(
+            std::initializer_list<const char*>{"closed/a.ini", "full/a.ini", "secret/a.ini"},
+            [&](const char* file) { return write(path(file)); });
+    }));
+    QFile::setPermissions(path("secret/a.ini"), QFile::Permissions(0x4444));
+    for (const char* folder : {"full", "closed", "secret"}) {
+        QFile::setPermissions(path(folder), QFile::Permissions(0x7777));
+        EXPECT_EQ(QDir(path(folder)).entryList(QDir::Files | QDir::Hidden).size(), 1) << folder;
+        QFile file(path(folder) + Text("/a.ini"));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), before) << folder;
+    }
+    QFile::setPermissions(tree.Path(), QFile::Permissions(0x7777));
+}
+
+/// Writes generation after generation of sixty keys.
+void WriteForEver(const QString& path) {
+    ProfileFile file(path);
+    for (int generation = 1;; ++generation) {
+        const ProfileFile::Batch batch(file);
+        file.WriteIni(Text("List"), QString(), QString());
+        for (int key = 0; key < 60; ++key)
+            file.WriteIni(key < 30 ? Text("A") : Text("List"), QString::number(key),
+                          QString::number(generation));
+    }
+}
+
+TEST_F(ProfileFileTest, IsWholeWheneverItsWriterIsKilled) {
+    tree.File("a.ini", "; kept\n[Foreign]\nk=1\n");
+    for (int round = 0; round < 10; ++round) {
+        const QByteArray before = Content();
+        const pid_t writer = fork();
+        if (writer == 0)
+            WriteForEver(Path());
+        while (Content() == before)
+            usleep(100);
+        // Somewhere in one of the next writes.
+        const auto end = std::chrono::steady_clock::now() + std::chrono::microseconds(round * 211);
+        while (std::chrono::steady_clock::now() < end) {
+        }
+        kill(writer, SIGKILL);
+        waitpid(writer, nullptr, 0);
+
+        const ProfileFile file(Path());
+        const QString generation = Read("A", "0");
+        EXPECT_GE(generation.toInt(), 1);
+        for (int key = 1; key < 60; ++key) {
+            ASSERT_EQ(file.ReadIni(key < 30 ? Text("A") : Text("List"), QString::number(key),
+                                   Text("missing")),
+                      generation);
+        }
+        ASSERT_TRUE(Content().startsWith("; kept\r\n[Foreign]\r\nk=1\r\n[A]\r\n"));
+    }
+}
+
+TEST_F(ProfileFileTest, HandlesAsManyKeysAsThereCanBe) {
+    ProfileFile file(Path());
+    const ProfileFile::Batch batch(file);
+    for (int key = 0; key < 32767; ++key)
+        file.WriteIni(Text("A"), QString::number(key), Text("v"));
+    for (int key = 0; key < 32767; ++key)
+        ASSERT_EQ(file.ReadIni(Text("a"), QString::number(key), QString()), Text("v"));
+}
+
+} // namespace
+} // namespace netrove

@@ -1,0 +1,370 @@
+#include "storage/SettingsFile.h"
+
+#include "fakes/DesktopFakes.h"
+#include "platform/TempTree.h"
+#include "runtime/ExpectRaised.h"
+#include "runtime/Text.h"
+
+#include <QMainWindow>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// One run of a program with a window, between its start and its end.
+class Session {
+public:
+    explicit Session(const TempTree& tree)
+        : file_({window, search, recurse, results, downloads},
+                {.settings = settings, .system = system_, .applicationFolder = tree.Path()},
+                tree.Path(Text("a.ini"))) {
+        window.resize(734, 465);
+        results.setGeometry(0, 0, 676, 300);
+        search.setEditable(true);
+        for (int column = 1; column <= 12; ++column)
+            results.AddColumn(Text("column"), Qt::AlignLeft, 1000);
+        for (int column = 1; column <= 9; ++column)
+            downloads.AddColumn(Text("column"), Qt::AlignLeft, 1000);
+        results.HideColumn(9);
+        results.HideColumn(10);
+    }
+
+    void Load() { file_.LoadIni(); }
+    void Save() { file_.SaveIni(); }
+
+    [[nodiscard]] QStringList Items() const {
+        QStringList items;
+        for (int item = 0; item < search.count(); ++item)
+            items += search.itemText(item);
+        return items;
+    }
+
+    Settings settings;
+    QMainWindow window;
+    QComboBox search{&window};
+    QCheckBox recurse{&window};
+    ListView results{&window};
+    ListView downloads{&window};
+
+private:
+    TestSystem system_;
+    SettingsFile file_;
+};
+
+class SettingsFileTest : public testing::Test {
+protected:
+    [[nodiscard]] QString Content() const {
+        QFile file(tree.Path(Text("a.ini")));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+    [[nodiscard]] QString Stored(const char* section, const char* key) const {
+        return ProfileFile(tree.Path(Text("a.ini"))).ReadIni(Text(section), Text(key), Text("-"));
+    }
+
+    TempTree tree;
+};
+
+TEST_F(SettingsFileTest, FirstExitWritesTheDefaultsInTheirOrder) {
+    {
+        Session run(tree);
+        run.Load();
+        EXPECT_TRUE(run.window.isVisible());
+        EXPECT_EQ(run.search.currentText(), Text("*.mp3"));
+        EXPECT_EQ(run.settings.CurrentComputerName, Text("\\\\THISONE"));
+        EXPECT_TRUE(QFileInfo(tree.Path(Text("Downloads"))).isDir());
+        for (const char* item : {"*.mp3", " one "})
+            run.search.addItem(Text(item));
+        run.search.setEditText(Text(" *.mp3 "));
+        run.Save();
+    }
+    const QString expected = Text("[Skin]\r\nIndex=1\r\n"
+                                  "[Positions]\r\nLeft=#\r\nTop=#\r\nWidth=11010\r\nHeight=6975\r\n"
+                                  "Maximized=False\r\nResultsCol1Width=1500\r\n"
+                                  "ResultsCol2Width=1500\r\nResultsCol3Width=1140\r\n"
+                                  "ResultsCol4Width=1140\r\nResultsCol5Width=1140\r\n"
+                                  "ResultsCol6Width=1140\r\nResultsCol7Width=1140\r\n"
+                                  "ResultsCol8Width=1140\r\nResultsCol11Width=1140\r\n"
+                                  "ResultsCol12Width=1140\r\nDownLoadsCol1Width=1500\r\n"
+                                  "DownLoadsCol2Width=1500\r\nDownLoadsCol3Width=1140\r\n"
+                                  "DownLoadsCol4Width=1140\r\nDownLoadsCol5Width=1140\r\n"
+                                  "DownLoadsCol6Width=1140\r\n"
+                                  "[Search Items]\r\nNumber=2\r\nCurrent=*.mp3\r\n0=*.mp3\r\n"
+                                  "1=one\r\n"
+                                  "[Recurse]\r\nState=1\r\n"
+                                  "[Save]\r\nFolder=%1/Downloads/\r\n"
+                                  "[Return Files]\r\nMaximum=5000\r\n"
+                                  "[Downloads]\r\nConcurrent=5\r\n"
+                                  "[Colors]\r\nState=1\r\n[Grids]\r\nState=0\r\n"
+                                  "[List]\r\nFont=Arial\r\nFont_Size=8.25\r\nFont_Italic=False\r\n"
+                                  "Font_Bold=False\r\nFont_CharSet=1\r\n"
+                                  "[Results_Options]\r\nSizeFormat=1\r\nSizeNumDec=4\r\n"
+                                  "DateFormat=MM/DD/YY\r\nShowListIcons=False\r\n"
+                                  "ListIconType=0\r\nShowFileTypes=False\r\n"
+                                  "[Search_Options]\r\nAuto_Asterisks=True\r\n"
+                                  "Include_Virtual_Shares=False\r\n"
+                                  "Include_Current_Computer=False\r\nInclude_MP3_Info=False\r\n"
+                                  "Include_Admin_Shares=False\r\n"
+                                  "[Main]\r\nMinToTray=False\r\nTroubleshooting=0\r\n"
+                                  "[Switch_To_Dload_Tab]\r\nState=True\r\n"
+                                  "[Exclude_Network_Nodes]\r\nState=True\r\nNumber=4\r\n"
+                                  "Node1=Windows|True|Folder\r\nNode2=WinNT|True|Folder\r\n"
+                                  "Node3=Temp|True|Folder\r\n"
+                                  "Node4=Temporary Internet Files|True|Folder\r\n")
+                                 .arg(tree.Path());
+    QString content = Content();
+    content.replace(QRegularExpression(Text("(Left|Top)=\\d+")), Text("\\1=#"));
+    EXPECT_EQ(content.toStdString(), expected.toStdString());
+
+    tree.File("a.ini", "; mine\n[Exclude_Network_Nodes]\nNumber=1\nNode1=X\n[Foreign]\nk=v\n"
+                       "[search items]\n0=old\n[Main]\nother=1\nMINTOTRAY=1\n");
+    Session run(tree);
+    run.Load();
+    run.Save();
+    EXPECT_TRUE(Content().startsWith(Text("; mine\r\n[Foreign]\r\nk=v\r\n[Main]\r\nother=1\r\n"
+                                          "MinToTray=True\r\nTroubleshooting=0\r\n[Skin]\r\n")));
+    EXPECT_TRUE(
+        Content().endsWith(Text("[Search Items]\r\nNumber=1\r\nCurrent=*.mp3\r\n0=old\r\n") +
+                           Content().mid(Content().indexOf(Text("[Recurse]")))));
+    EXPECT_TRUE(Content().endsWith(Text("[Exclude_Network_Nodes]\r\nState=True\r\nNumber=1\r\n"
+                                        "Node1=X\r\n")));
+}
+
+TEST_F(SettingsFileTest, TreatsStrangeValues) {
+    struct Case {
+        const char* section;
+        const char* line;
+        std::function<QString(const Session&)> value;
+        const char* expected;
+    };
+    const auto maximum = [](const Session& run) -> QString {
+        return QString::number(run.settings.MaxReturnFiles);
+    };
+    const auto concurrent = [](const Session& run) -> QString {
+        return QString::number(run.settings.MaxConcurrentDownloads);
+    };
+    const auto decimals = [](const Session& run) -> QString {
+        return QString::number(run.settings.SizeNumDec);
+    };
+    const auto fontSize = [](const Session& run) -> QString {
+        return QString::number(run.downloads.font().pointSizeF());
+    };
+    const auto heading = [](const Session& run) -> QString { return run.downloads.HeaderText(3); };
+    const auto column = [](const Session& run) -> QString {
+        return QString::number(run.results.ColumnWidth(1)) + u' ' +
+               QString::number(run.downloads.ColumnWidth(1));
+    };
+    const auto asterisks = [](const Session& run) -> QString {
+        return BooleanWord(run.settings.AutoAsterisks);
+    };
+    const auto nodes = [](const Session& run) -> QString {
+        return BooleanWord(run.settings.ExcludeNetNodes) + u' ' +
+               run.settings.ExcNetNodes.join(u' ').remove(Text("|True|Folder"));
+    };
+    const auto items = [](const Session& run) -> QString { return run.Items().join(u' '); };
+    const Case cases[] = {
+        {"Return Files", "Maximum=abc", maximum, "0"},
+        {"Return Files", "Maximum=-1", maximum, "5000"},
+        {"Return Files", "Maximum= &H10 or so", maximum, "16"},
+        {"Return Files", "Maximum=1 000.5", maximum, "1000"},
+        {"Return Files", "Maximum=7,9", maximum, "7"},
+        {"Return Files", "Maximum=", maximum, "0"},
+        {"Downloads", "Concurrent=-3", concurrent, "5"},
+        {"Downloads", "Concurrent=0", concurrent, "0"},
+        {"Results_Options", "SizeNumDec=11", decimals, "0"},
+        {"Results_Options", "SizeNumDec=10", decimals, "10"},
+        {"Results_Options", "SizeFormat=2", heading, "Size (KB)"},
+        {"Results_Options", "SizeFormat=9", heading, "Size (MB)"},
+        {"List", "Font_Size=100", fontSize, "8.25"},
+        {"List", "Font_Size=8.25", fontSize, "8.25"},
+        {"List", "Font_Size=72", fontSize, "72"},
+        {"Positions", "ResultsCol1Width=1E30", column, "15728625 15728625"},
+        {"Positions", "ResultsCol1Width=-1", column, "0 0"},
+        {"Positions", "ResultsCol1Width=2999.9", column, "3000 3000"},
+        {"Search_Options", "Auto_Asterisks=0", asterisks, "False"},
+        {"Search_Options", "AUTO_ASTERISKS=-1", asterisks, "True"},
+        {"Exclude_Network_Nodes", "Number=6", nodes,
+         "True Windows WinNT Temp Temporary Internet Files Windows WinNT"},
+        {"Exclude_Network_Nodes", "State=True\nNumber=0\nNode1=X", nodes, "False "},
+        {"Exclude_Network_Nodes", "Number=3\nNode1=X\nNode2= \nNode3=Y", nodes, "True X Y"},
+        {"Search Items", "0=a\n1=\" b \"\n2=c", items, "a b"},
+        {"Search Items", "Number=-7\n0=a\n1=b\n2=c", items, "a b"},
+        {"Search Items",
+         "Number=40\n0=0\n1=1\n2=2\n3=3\n4=4\n5=5\n7=7\n8=8\n9=9\n10=10\n11=11\n12=12\n13=13\n"
+         "14=14\n15=15\n16=16",
+         items, "0 1 2 3 4 5 7 8 9 10 11 12 13 14"},
+    };
+    QLocale::setDefault(QLocale(QLocale::German));
+    for (const Case& test : cases) {
+        tree.File("a.ini", QByteArray("[") + test.section + "]\n" + test.line + '\n');
+        Session run(tree);
+        run.Load();
+        EXPECT_EQ(test.value(run).toStdString(), test.expected) << test.section << test.line;
+        // What was loaded is what a second run loads.
+        run.Save();
+        Session second(tree);
+        second.Load();
+        EXPECT_EQ(test.value(second).toStdString(), test.expected) << test.section << test.line;
+    }
+    QLocale::setDefault(QLocale::c());
+}
+
+TEST_F(SettingsFileTest, StopsAtWhatIsNone) {
+    const auto expect = [this](ErrorNumber number, const char* section, const char* line) {
+        tree.File("a.ini", QByteArray("[") + section + "]\n" + line +
+                               "\n[Results_Options]\nSizeFormat=3\nSizeNumDec=2\n");
+        Session run(tree);
+        ExpectRaised(
+            number, [&] { run.Load(); }, Text(line));
+        EXPECT_TRUE(run.settings.ExcNetNodes.isEmpty()) << line;
+        return run.settings.SizeNumDec;
+    };
+    EXPECT_EQ(expect(ErrorNumber::Overflow, "Skin", "Index=2147483648"), 4);
+    EXPECT_EQ(expect(ErrorNumber::Overflow, "Downloads", "Concurrent=32768"), 4);
+    EXPECT_EQ(expect(ErrorNumber::Overflow, "Positions", "ResultsCol3Width=1E39"), 4);
+    EXPECT_EQ(expect(ErrorNumber::TypeMismatch, "Positions", "Maximized=maybe"), 4);
+    EXPECT_EQ(expect(ErrorNumber::TypeMismatch, "List", "Font_Bold="), 4);
+    EXPECT_EQ(expect(ErrorNumber::TypeMismatch, "Main", "MinToTray=1x"), 2);
+    EXPECT_EQ(expect(ErrorNumber::Overflow, "Exclude_Network_Nodes", "Number=&H10000"), 2);
+}
+
+TEST_F(SettingsFileTest, EverySettingSurvives) {
+    const auto describe = [](const Session& run) {
+        const Settings& s = run.settings;
+        const QFont font = run.downloads.font();
+        QStringList texts{run.search.currentText(),
+                          run.Items().join(u','),
+                          s.SaveFolder,
+                          s.DateFormat,
+                          s.ExcNetNodes.join(u','),
+                          run.results.HeaderText(3),
+                          run.results.BackColor().name(),
+                          run.downloads.BackColor().name(),
+                          font.family()};
+        for (const int number :
+             {s.SkinIndex, s.MaxReturnFiles, int(s.MaxConcurrentDownloads), int(s.ColorsState),
+              int(s.GridsState), int(s.Troubleshooting), int(s.SizeFormat), int(s.SizeNumDec),
+              int(s.ListIconType), int(s.Font_CharSet), run.results.ColumnWidth(1),
+              run.results.ColumnWidth(12), run.downloads.ColumnWidth(1)})
+            texts += QString::number(number);
+        for (const bool flag :
+             {s.AutoAsterisks, s.IncludeVirtualShares, s.IncludeCurrentComputer,
+              s.IncludeAdminShares, s.IncludeMP3Info, s.MinToTray, s.SwitchToDloadTab,
+              s.ExcludeNetNodes, s.ShowListIcons, s.ShowFileTypes, run.recurse.isChecked(),
+              run.results.GridLines(), run.downloads.GridLines(), font.italic(), font.bold()})
+            texts += BooleanWord(flag);
+        return texts;
+    };
+    tree.Folder("Müsik");
+    QStringList expected;
+    {
+        Session run(tree);
+        run.Load();
+        Settings& s = run.settings;
+        s.SkinIndex = 3;
+        s.SaveFolder = tree.Path(Text("Müsik/"));
+        s.MaxReturnFiles = 7;
+        s.MaxConcurrentDownloads = 9;
+        s.ColorsState = 0;
+        s.GridsState = 1;
+        s.Troubleshooting = 1;
+        s.SizeFormat = 2;
+        s.SizeNumDec = 3;
+        s.DateFormat = Text("YYYY-MM-DD");
+        s.ListIconType = 1;
+        s.Font_CharSet = 238;
+        s.ExcNetNodes = {Text("Ä b|False|Workstation"), Text("\\x|True|Folder")};
+        for (bool* flag :
+             {&s.AutoAsterisks, &s.IncludeVirtualShares, &s.IncludeCurrentComputer,
+              &s.IncludeAdminShares, &s.IncludeMP3Info, &s.MinToTray, &s.SwitchToDloadTab,
+              &s.ExcludeNetNodes, &s.ShowListIcons, &s.ShowFileTypes})
+            *flag = !*flag;
+        run.recurse.setChecked(false);
+        run.search.addItems({Text("\u00A0x\u00A0"), Text("a;b=[c]"), Text("日本語")});
+        run.search.setEditText(Text("; no comment"));
+        run.results.SetColumnWidth(1, 3000);
+        run.results.SetColumnWidth(12, 600);
+        run.downloads.SetColumnWidth(1, 750);
+        QFont font = run.results.font();
+        font.setFamily(Text("Serif"));
+        font.setItalic(true);
+        font.setBold(true);
+        run.results.setFont(font);
+        run.Save();
+        // What follows from these at a start.
+        run.downloads.SetColumnWidth(1, 3000);
+        run.downloads.setFont(font);
+        for (ListView* list : {&run.results, &run.downloads}) {
+            list->SetBackColor(Qt::white);
+            list->SetGridLines(true);
+            list->SetHeaderText(3, Text("Size (KB)"));
+        }
+        expected = describe(run);
+    }
+    Session run(tree);
+    run.Load();
+    EXPECT_EQ(describe(run).join(u'\n').toStdString(), expected.join(u'\n').toStdString());
+
+    run.search.setEditText(Text("  "));
+    run.settings.DateFormat.clear();
+    run.settings.ExcNetNodes.clear();
+    run.Save();
+    Session cleared(tree);
+    cleared.Load();
+    EXPECT_EQ(cleared.search.currentText(), Text("*.mp3"));
+    EXPECT_EQ(cleared.settings.DateFormat, Text("MM/DD/YY"));
+    EXPECT_FALSE(cleared.settings.ExcludeNetNodes);
+    EXPECT_TRUE(cleared.settings.ExcNetNodes.isEmpty());
+}
+
+TEST_F(SettingsFileTest, FallsBackFromAFolderThatIsGone) {
+    const QString own = tree.Path(Text("Downloads/"));
+    const auto loaded = [this](const QString& folder) {
+        tree.File("a.ini", "[Save]\nFolder=" + folder.toUtf8());
+        Session run(tree);
+        run.Load();
+        return run.settings.SaveFolder;
+    };
+    EXPECT_EQ(loaded(tree.Path(Text("gone/"))), own);
+    EXPECT_EQ(loaded(Text("C:\\Netrove\\Downloads\\")), own);
+    EXPECT_EQ(loaded(tree.Path()), tree.Path());
+    QDir().rmdir(own);
+    tree.File("Downloads", "in the way");
+    EXPECT_EQ(loaded(tree.Path(Text("gone/"))), tree.Path());
+}
+
+TEST_F(SettingsFileTest, KeepsTheNormalPlaceOfAWindowThatIsNotNormal) {
+    tree.File("a.ini", "[Positions]\nLeft=150\nTop=300\nWidth=6000\nHeight=4500\n");
+    const auto positions = [this] {
+        QStringList values;
+        for (const char* key : {"Left", "Top", "Width", "Height", "Maximized"})
+            values += Stored("Positions", key);
+        return values.join(u' ');
+    };
+    {
+        Session run(tree);
+        run.Load();
+        run.window.showMinimized();
+        run.Save();
+        EXPECT_EQ(positions(), Text("150 300 6000 4500 False"));
+        run.window.showMaximized();
+        run.Save();
+        EXPECT_EQ(positions(), Text("150 300 6000 4500 True"));
+    }
+    Session run(tree);
+    run.Load();
+    EXPECT_TRUE(run.window.isMaximized());
+    run.window.showNormal();
+    QCoreApplication::processEvents();
+    run.window.move(run.window.pos() + QPoint(10, 10));
+    run.window.hide();
+    run.Save();
+    EXPECT_EQ(positions(), Text("300 450 6000 4500 False"));
+}
+
+} // namespace
+} // namespace netrove

@@ -1,0 +1,84 @@
+#include "storage/WindowPlacement.h"
+
+#include "controls/Twips.h"
+
+#include <QMainWindow>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace netrove {
+namespace {
+
+constexpr qint32 Far = std::numeric_limits<qint32>::max();
+constexpr qint32 FarBack = std::numeric_limits<qint32>::min();
+
+TEST(WindowPlacementTest, PutsAnyPlaceOnAScreen) {
+    const WindowPlace screens[] = {
+        {0, 300, 20000, 11700}, {20000, 0, 30000, 20000}, {-10000, 0, 10000, 8000}};
+    struct Case {
+        WindowPlace stored;
+        WindowPlace expected;
+    };
+    const Case cases[] = {
+        {{2145, 1200, 11010, 6975}, {2145, 1200, 11010, 6975}},
+        {{0, 0, 11010, 6975}, {0, 300, 11010, 6975}},
+        {{99999, 1200, 11010, 6975}, {8990, 1200, 11010, 6975}},
+        {{-99999, 1200, 11010, 6975}, {0, 1200, 11010, 6975}},
+        {{500, 99999, 11010, 6975}, {500, 5025, 11010, 6975}},
+        {{500, 1000, 40000, 40000}, {20000, 0, 30000, 20000}},
+        {{500, 1000, -5, -5}, {500, 1000, 0, 0}},
+        {{15000, 1000, 11010, 6975}, {20000, 1000, 11010, 6975}},
+        {{14000, 1000, 11010, 6975}, {8990, 1000, 11010, 6975}},
+        {{-9000, -500, 11010, 6975}, {-10000, 0, 10000, 6975}},
+        {{Far, Far, Far, Far}, {0, 300, 20000, 11700}},
+        {{FarBack, FarBack, Far, Far}, {0, 300, 20000, 11700}},
+        {{FarBack, FarBack, FarBack, FarBack}, {0, 300, 0, 0}},
+    };
+    for (const Case& test : cases)
+        EXPECT_EQ(OnScreens(test.stored, screens), test.expected) << test.stored.left;
+    EXPECT_EQ(OnScreens({25000, 500, 11010, 6975}, std::span(screens).first(1)),
+              (WindowPlace{8990, 500, 11010, 6975}))
+        << "its screen is gone";
+}
+
+TEST(WindowPlacementTest, CountsTheFrame) {
+    QMainWindow window;
+    WindowPlacement placement(window);
+    const WindowPlace stored{300, 450, 6000, 4500};
+    placement.MoveTo(stored);
+    placement.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_EQ(placement.Place(), stored);
+    EXPECT_EQ(window.frameGeometry(), QRect(20, 30, 400, 300));
+    window.resize(500, 350);
+    window.hide();
+    const WindowPlace hidden = placement.Place();
+    EXPECT_EQ(hidden.left, 300);
+    EXPECT_GE(hidden.width, ToTwips(500));
+
+    QMainWindow second;
+    WindowPlacement again(second);
+    again.MoveTo(hidden);
+    again.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&second));
+    EXPECT_EQ(again.Place(), hidden);
+    EXPECT_EQ(second.size(), QSize(500, 350));
+}
+
+TEST(WindowPlacementTest, KeepsAWindowOnItsScreenThatIsLargerThanItWasStored) {
+    QMainWindow window;
+    window.setMinimumSize(400, 300);
+    WindowPlacement placement(window);
+    placement.MoveTo({.left = Far, .top = Far, .width = -5, .height = 0});
+    placement.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    const WindowPlace screen = WindowPlacement::MainScreen();
+    const WindowPlace place = placement.Place();
+    EXPECT_EQ(place.left + place.width, screen.left + screen.width);
+    EXPECT_EQ(place.top + place.height, screen.top + screen.height);
+}
+
+} // namespace
+} // namespace netrove
