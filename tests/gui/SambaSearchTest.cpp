@@ -16,6 +16,24 @@ QString Text(const char* text) {
     return QString::fromUtf8(text);
 }
 
+/// The window over the network that network.ini in the folder tells.
+struct OpenedWindow {
+    explicit OpenedWindow(const QString& folder) : opened(OpenNetwork(folder)), path(folder) {
+        EXPECT_TRUE(opened.problems.isEmpty());
+    }
+
+    OpenedNetwork opened;
+    QString path;
+    RecordedDialogs dialogs;
+    RecordedShell shell;
+    DesktopFileTypes fileTypes;
+    TestSystem system;
+    WindowYield yield;
+    frmNetrove window{{*opened.network, *opened.network, dialogs, shell, fileTypes,
+                       [this](int index) { return fileTypes.Icon(index); }, system, path,
+                       QString()}};
+};
+
 /// A real server, FILER in the workgroup HOME, searched by the window and by the console program.
 class SambaSearch : public testing::Test {
 protected:
@@ -24,7 +42,7 @@ protected:
     static void SetUpTestSuite() {
         if (!SambaServer::IsAvailable())
             return;
-        samba = std::make_unique<SambaServer>();
+        samba = std::make_unique<SambaServer>(Text("    workgroup = DEN"));
         for (const char* path :
              {"public/one.mp3", "public/Temp/two.mp3", "public/Music [a, b]/Ünï.MP3",
               "public/readme.txt", "hidden/secret.mp3", "unlisted/deep/x.mp3"})
@@ -38,10 +56,15 @@ protected:
         if (!samba)
             GTEST_SKIP() << "needs Samba, and root";
         ASSERT_TRUE(samba->IsRunning());
+        Configure("FILER|HOME");
+    }
+
+    /// Makes network.ini name one computer, by name and workgroup, at the server's port.
+    void Configure(const QByteArray& computer) {
         QFile ini(folder.filePath(Text("network.ini")));
         ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-        ini.write("[LAN]\nType=smb\nComputer1=FILER|HOME|127.0.0.1:" +
-                  QByteArray::number(samba->Port()) + "\n");
+        ini.write("[LAN]\nType=smb\nComputer1=" + computer +
+                  "|127.0.0.1:" + QByteArray::number(samba->Port()) + "\n");
     }
 
     static QStringList Sorted(QStringList paths) {
@@ -57,16 +80,8 @@ protected:
 };
 
 TEST_F(SambaSearch, InTheWindow) {
-    const OpenedNetwork opened = OpenNetwork(folder.path());
-    ASSERT_TRUE(opened.problems.isEmpty()) << opened.problems.first().toStdString();
-    RecordedDialogs dialogs;
-    RecordedShell shell;
-    DesktopFileTypes fileTypes;
-    TestSystem system;
-    const WindowYield yield;
-    frmNetrove window({*opened.network, *opened.network, dialogs, shell, fileTypes,
-                       [&](int index) { return fileTypes.Icon(index); }, system, folder.path(),
-                       QString()});
+    OpenedWindow opened(folder.path());
+    frmNetrove& window = opened.window;
     WindowDriver driver(window);
     driver.Open();
 
@@ -105,7 +120,24 @@ TEST_F(SambaSearch, InTheWindow) {
               Text("Aborted, but returned %1 files").arg(list.Count()));
     driver.Search("*.dat");
     EXPECT_EQ(list.Count(), ManyFiles);
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_TRUE(opened.dialogs.Shown.isEmpty());
+}
+
+TEST_F(SambaSearch, StartsAtAComputerThatIsAskedForItsWorkgroup) {
+    Configure("FILER|");
+    OpenedWindow opened(folder.path());
+    WindowDriver driver(opened.window);
+    driver.Open();
+    const auto input = [&](const char* name, const char* item) {
+        opened.dialogs.Inputs = QStringList(Text(name));
+        driver.Find<QAction>(item).trigger();
+        return driver.Find<QLineEdit>("txtSearchStart").text();
+    };
+    EXPECT_EQ(input("den", "mnuInpNetNode(1)"), Text("[Root]"));
+    EXPECT_EQ(input("filer", "mnuInpNetNode(0)"), Text("\\\\FILER"));
+    driver.Search("*.mp3");
+    EXPECT_EQ(Sorted(driver.Rows()).last(), songs.last());
+    EXPECT_EQ(input("den", "mnuInpNetNode(1)"), Text("DEN"));
 }
 
 TEST_F(SambaSearch, OnTheConsole) {
