@@ -56,6 +56,9 @@ public:
                                    netrove::MessageButtons /*buttons*/) override {
         qFatal("%s", qPrintable(text));
     }
+    QString InputBox(const QString& prompt, const QString& /*title*/) override {
+        qFatal("%s", qPrintable(prompt));
+    }
 };
 
 /// The dialog on the screen.

@@ -1,6 +1,7 @@
 #include "browser/BrowserControls.h"
 
 #include "browser/LoadProgress.h"
+#include "controls/Color.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
 
 #include <algorithm>
@@ -66,6 +67,7 @@ BrowserControls::BrowserControls(QWidget& dialog) : imgXPNWImages(NodePicture) {
         hidden->hide();
     cmdOk->setEnabled(false);
     cmdOk->setDefault(true);
+    cmdCancel->setAutoDefault(false); // no Enter closes while cmdOk is off
 }
 
 void BrowserControls::MakeProgress(QWidget& dialog) {
@@ -74,6 +76,11 @@ void BrowserControls::MakeProgress(QWidget& dialog) {
     picProg->setAutoFillBackground(true);
     shpProg = Named(new QFrame(picProg), "shpProg");
     shpProg->setFrameStyle(int(QFrame::Box) | QFrame::Plain);
+    QPalette framePalette = shpProg->palette();
+    framePalette.setColor(
+        QPalette::WindowText,
+        Mixed(framePalette.color(QPalette::Window), framePalette.color(QPalette::WindowText), 0.4));
+    shpProg->setPalette(framePalette);
     lblProg = Label(*picProg, "lblProg", "");
     lblProg->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     QPalette palette = lblProg->palette();

@@ -79,6 +79,8 @@ void NetworkTree::LoadChildren(const QString& key) {
     controls_.lblProcPerc->repaint();
     Yield();
     tree_.Remove(FakeKeyOf(key));
+    // By itself the tree would show this only after the wait for the network.
+    tree_.Refresh();
     const std::shared_ptr<NetResource> resource = ResourceOf(key);
     const std::shared_ptr<NetResources> children = resource->Children();
     LoadProgress progress(controls_, children->Count());

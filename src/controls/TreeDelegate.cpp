@@ -5,10 +5,24 @@
 
 namespace netrove {
 
+namespace {
+
+/// The picture as it is drawn: styles tint the pictures of selected rows, which takes from small
+/// ones what tells them apart.
+QIcon Untinted(const QIcon& icon, const QStyleOptionViewItem& option) {
+    const qreal density = option.widget ? option.widget->devicePixelRatioF() : 1;
+    const QPixmap picture = icon.pixmap(option.decorationSize, density);
+    QIcon untinted(picture);
+    untinted.addPixmap(picture, QIcon::Selected);
+    return untinted;
+}
+
+} // namespace
+
 void TreeDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     if (option->state & QStyle::State_Selected)
-        option->icon = index.data(TreeModel::SelectedPictureRole).value<QIcon>();
+        option->icon = Untinted(index.data(TreeModel::SelectedPictureRole).value<QIcon>(), *option);
     const QVariant own = index.data(Qt::ForegroundRole);
     if (own.isValid())
         option->palette.setColor(

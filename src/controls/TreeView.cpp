@@ -5,7 +5,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
+#include <algorithm>
 #include <utility>
 
 namespace netrove {
@@ -27,10 +29,11 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), model_(new TreeModel(th
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setIconSize(QSize(PictureSize, PictureSize));
-    // As wide as the widest of the rows that can be seen; longer names are scrolled to.
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header()->setResizeContentsPrecision(0);
+    header()->setResizeContentsPrecision(0); // only the rows that can be seen count
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
+            [this] { resizeColumnToContents(0); });
 
     flushTimer_.setSingleShot(true);
     flushTimer_.setInterval(FlushDelay);
@@ -144,6 +147,16 @@ void TreeView::contextMenuEvent(QContextMenuEvent* event) {
     // The mouse's were raised when its button went down.
     if (event->reason() == QContextMenuEvent::Keyboard)
         Q_EMIT MouseDown(Qt::RightButton, visualRect(currentIndex()).bottomLeft());
+}
+
+void TreeView::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    resizeColumnToContents(0);
+}
+
+/// The whole width, and more where a name that can be seen is longer.
+int TreeView::sizeHintForColumn(int column) const {
+    return std::max(QTreeView::sizeHintForColumn(column), viewport()->width());
 }
 
 void TreeView::ScheduleFlush() {

@@ -87,6 +87,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    [[nodiscard]] int sizeHintForColumn(int column) const override;
 
 private:
     void ScheduleFlush();

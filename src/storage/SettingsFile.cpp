@@ -113,12 +113,7 @@ void SettingsFile::LoadIni() {
     LoadSearchItems();
     controls_.chkRecurse.setChecked(ReadInteger("Recurse", "State", "1") != 0);
     LoadSaveFolder();
-    settings_.MaxReturnFiles = ReadLong("Return Files", "Maximum", Text("5000"));
-    if (settings_.MaxReturnFiles < 0)
-        settings_.MaxReturnFiles = 5000;
-    settings_.MaxConcurrentDownloads = ReadInteger("Downloads", "Concurrent", "5");
-    if (settings_.MaxConcurrentDownloads < 0)
-        settings_.MaxConcurrentDownloads = 5;
+    LoadLimits();
     LoadColorsAndGrids();
     LoadFont();
     LoadOptions();
@@ -186,6 +181,15 @@ void SettingsFile::LoadSaveFolder() {
     settings_.SaveFolder = Read("Save", Text("Folder"), own);
     if (!QFileInfo::exists(settings_.SaveFolder))
         settings_.SaveFolder = QFileInfo::exists(own) ? own : services_.applicationFolder;
+}
+
+void SettingsFile::LoadLimits() {
+    settings_.MaxReturnFiles = ReadLong("Return Files", "Maximum", Text("5000"));
+    if (settings_.MaxReturnFiles < 0)
+        settings_.MaxReturnFiles = 5000;
+    settings_.MaxConcurrentDownloads = ReadInteger("Downloads", "Concurrent", "5");
+    if (settings_.MaxConcurrentDownloads < 0)
+        settings_.MaxConcurrentDownloads = 5;
 }
 
 void SettingsFile::LoadColorsAndGrids() {
@@ -274,7 +278,7 @@ void SettingsFile::SaveIni() {
     SaveWindowPlace();
     SaveColumns();
     SaveSearchItems();
-    SaveFirstOptions();
+    SaveBasics();
     SaveFont();
     SaveOptions();
     SaveExclusions();
@@ -316,7 +320,7 @@ void SettingsFile::SaveSearchItems() {
         Write("Search Items", QString::number(item), Trim(list.itemText(item)));
 }
 
-void SettingsFile::SaveFirstOptions() {
+void SettingsFile::SaveBasics() {
     Write("Recurse", "State", controls_.chkRecurse.isChecked() ? 1 : 0);
     Write("Save", "Folder", Trim(settings_.SaveFolder));
     Write("Return Files", "Maximum", settings_.MaxReturnFiles);

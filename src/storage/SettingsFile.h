@@ -76,6 +76,7 @@ private:
     void LoadDownloadColumns();
     void LoadSearchItems();
     void LoadSaveFolder();
+    void LoadLimits();
     void LoadColorsAndGrids();
     void LoadFont();
     void SetFont(const QFont& font);
@@ -85,7 +86,7 @@ private:
     void SaveWindowPlace();
     void SaveColumns();
     void SaveSearchItems();
-    void SaveFirstOptions();
+    void SaveBasics();
     void SaveFont();
     void SaveOptions();
     void SaveExclusions();

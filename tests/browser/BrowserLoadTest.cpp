@@ -106,6 +106,34 @@ TEST_F(Browser, ExpansionReadsALevelOnce) {
     EXPECT_EQ(dialogs.Shown, QStringList());
 }
 
+/// While the network is waited for, no timer of the tree fires that would lay it out anew.
+TEST_F(Browser, TheFakeChildIsGoneFromTheScreenBeforeTheWait) {
+    class PaintWatch : public QObject {
+    public:
+        std::function<void()> onPaint;
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            if (event->type() == QEvent::Paint)
+                onPaint();
+            return false;
+        }
+    } watch;
+    Open();
+    int painted = -1; // rows below Net at the last painting
+    watch.onPaint = [&] {
+        const QModelIndex root = Tree().model()->index(0, 0);
+        painted = Tree().model()->rowCount(Tree().model()->index(0, 0, root));
+    };
+    Tree().viewport()->installEventFilter(&watch);
+    int paintedBeforeWait = -1;
+    onCall = [&](const QString& call) {
+        if (call == Text("open Net"))
+            paintedBeforeWait = painted;
+    };
+    Expand("Net");
+    EXPECT_EQ(paintedBeforeWait, 0);
+    EXPECT_EQ(painted, 1);
+}
+
 TEST_F(Browser, AnEmptyNetworkHasItsRoot) {
     network.Unlistable = {QString()};
     Open();

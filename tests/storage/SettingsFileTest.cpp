@@ -198,6 +198,7 @@ TEST_F(SettingsFileTest, TreatsStrangeValues) {
          "14=14\n15=15\n16=16",
          items, "0 1 2 3 4 5 7 8 9 10 11 12 13 14"},
     };
+    const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German));
     for (const Case& test : cases) {
         tree.File("a.ini", QByteArray("[") + test.section + "]\n" + test.line + '\n');
@@ -210,7 +211,7 @@ TEST_F(SettingsFileTest, TreatsStrangeValues) {
         second.Load();
         EXPECT_EQ(test.value(second).toStdString(), test.expected) << test.section << test.line;
     }
-    QLocale::setDefault(QLocale::c());
+    QLocale::setDefault(before);
 }
 
 TEST_F(SettingsFileTest, StopsAtWhatIsNone) {
