@@ -16,7 +16,7 @@ TEST(SortListView, TurnsRoundAndMarksOneHeader) {
     for (const char* header : {"Name", "Date", "Key"})
         list.AddColumn(Text(header), Qt::AlignLeft, 1000);
     RecordedDialogs dialogs;
-    const auto headers = [&list] {
+    const auto headers = [&list]() -> QString {
         return list.HeaderText(1) + u'|' + list.HeaderText(2) + u'|' + list.HeaderText(3);
     };
     const auto rows = [&list] {

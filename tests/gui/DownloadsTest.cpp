@@ -38,6 +38,8 @@ protected:
         Open();
         Search("*.*");
         ASSERT_EQ(results.Count(), 3);
+        EXPECT_EQ(Find<QTimer>("DloadScanTmr").interval(), 750);
+        EXPECT_EQ(Find<QTimer>("DloadQueueTmr").interval(), 250);
         Find<QTimer>("DloadScanTmr").setInterval(1);
         Find<QTimer>("DloadQueueTmr").setInterval(1);
     }
@@ -48,6 +50,10 @@ protected:
     }
     static void ClickRow(ListView& list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier) {
         QTest::mouseClick(list.viewport(), Qt::LeftButton, keys, On(list, row));
+    }
+    static void DoubleClickRow(ListView& list, int row) {
+        ClickRow(list, row);
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, On(list, row));
     }
     static void RightClickRow(ListView& list, int row) {
         QTest::mouseClick(list.viewport(), Qt::RightButton, Qt::NoModifier, On(list, row));
@@ -121,18 +127,17 @@ protected:
 };
 
 TEST_F(Downloads, DoubleClickDownloadsAndClears) {
-    EXPECT_EQ(Find<QTimer>("DloadQueueTmr").objectName(), Text("DloadQueueTmr"));
-    QTest::mouseDClick(results.viewport(), Qt::LeftButton, Qt::NoModifier, On(results, 1));
+    DoubleClickRow(results, 1);
     WaitForState(1, "Downloading");
     EXPECT_EQ(copier->Accepted.join(u','),
               Text("\\\\S\\D\\b.mp3 > ") + folder.path() + Text("/Downloads/b.mp3"));
-    QTest::mouseClick(downloads.viewport(), Qt::LeftButton, Qt::NoModifier, On(downloads, 1));
+    ClickRow(downloads, 1);
     QTest::keyClick(&downloads, Qt::Key_Delete);
     EXPECT_EQ(downloads.Count(), 1) << "it runs";
     EXPECT_EQ(downloads.SelectedCount(), 0);
     copier->Finish(1);
     WaitForState(1, "Done!");
-    QTest::mouseDClick(downloads.viewport(), Qt::LeftButton, Qt::NoModifier, On(downloads, 1));
+    DoubleClickRow(downloads, 1);
     EXPECT_EQ(downloads.Count(), 0);
     EXPECT_TRUE(dialogs.Shown.isEmpty());
 }
@@ -160,8 +165,11 @@ TEST_F(Downloads, HeadersSort) {
 TEST_F(Downloads, ResultsMenu) {
     RightClickRow(results, 1);
     EXPECT_EQ(TakeMenu("PopUp2Mnu"),
-              Text("Download|-|Open Folder|Explore Folder|-|Member of ?? Workgroup|-|"
+              Text("Download|-|Open Folder|Explore Folder|-|Member of Net Workgroup|-|"
                    "Sample MP3 Remotely"));
+    results.SetSubItem(1, 1, Text("\\\\GONE\\D\\"));
+    RightClickRow(results, 1);
+    EXPECT_TRUE(TakeMenu("PopUp2Mnu").contains(Text("|Member of ?? Workgroup|")));
     RightClickRow(results, 2);
     Pick("PopUp2Mnu", "mnuSampleFile");
     EXPECT_EQ(shell.Opened, QStringList(Text("\\\\S\\D\\a.txt")));
