@@ -181,7 +181,6 @@ void ListView::SetGridLines(bool gridLines) {
 void ListView::SetDragContent(DragContent content) {
     dragContent_ = std::move(content);
     setDragEnabled(true);
-    setDragDropMode(DragOnly);
 }
 
 void ListView::Flush() {

@@ -231,13 +231,37 @@ void DownloadQueue::ShowProgress() {
     if (!copier_)
         return;
     ListView& list = controls_.lvwDownloads;
+    CopyProgress all;
+    QStringList names;
     for (int row = 1; row <= list.Count(); ++row) {
         if (Status(row) != Downloading)
             continue;
         const auto copy = copier_->Progress(list.SubItem(row, DownloadItem::CopyID));
         list.SetProgress(row, DownloadItem::Status,
                          copy ? std::optional(RowProgress(*copy)) : std::nullopt);
+        if (copy) {
+            names.append(list.Text(row));
+            all.copied += copy->copied;
+            all.length += copy->length;
+            all.bytesPerSecond += copy->bytesPerSecond;
+        }
     }
+    if (names.isEmpty())
+        ShowInStatusBar(QString());
+    else
+        ShowInStatusBar((names.size() == 1
+                             ? names.first()
+                             : QString::number(names.size()) + QStringLiteral(" downloads")) +
+                        QStringLiteral(": ") + RowProgress(all).note);
+}
+
+/// While no job shows there where it is.
+void DownloadQueue::ShowInStatusBar(const QString& text) {
+    const bool isFree = controls_.stbStatus.Text(1) == QLatin1String("Idle");
+    if (!isFree || (text.isEmpty() && !inStatusBar_))
+        return;
+    controls_.stbStatus.SetText(2, text);
+    inStatusBar_ = !text.isEmpty();
 }
 
 void DownloadQueue::ClearMnu_Click() {

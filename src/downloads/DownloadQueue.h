@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ListView.h"
+#include "controls/StatusBar.h"
 #include "downloads/QueuedFiles.h"
 #include "downloads/copier/CopyQ.h"
 #include "platform/Dialogs.h"
@@ -35,6 +36,7 @@ public:
         ListView& lvwResults;
         ListView& lvwDownloads;
         QLabel& DownloadLbl;
+        StatusBar& stbStatus;
     };
     struct Services {
         const Settings& settings;
@@ -87,6 +89,7 @@ private:
     [[nodiscard]] bool MayWrite(const QString& destination);
 
     void ShowProgress();
+    void ShowInStatusBar(const QString& text);
     void Clear(const std::function<std::vector<int>()>& rowsToRemove);
 
     [[nodiscard]] QString Status(int row) const;
@@ -102,6 +105,7 @@ private:
     QTimer* DloadScanTmr_;
     QTimer* DloadQueueTmr_;
     bool starting_ = false;
+    bool inStatusBar_ = false; ///< the status bar tells of running copies
 };
 
 } // namespace netrove

@@ -65,7 +65,7 @@ frmNetrove::frmNetrove(const ProgramServices& services)
               [this] { return BrowseNetwork(); }},
              state_)
     , queue_({*this, *controls_.SSTab1, *controls_.lvwResults, *controls_.lvwDownloads,
-              *controls_.DownloadLbl},
+              *controls_.DownloadLbl, *controls_.stbStatus},
              {settings_, services.dialogs})
     , lists_(MakeListOperations())
     , settingsFile_({*this, *controls_.LstSearchFor, *controls_.chkRecurse, *controls_.lvwResults,

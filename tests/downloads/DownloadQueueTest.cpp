@@ -29,6 +29,8 @@ protected:
             results.AddColumn(QString::number(column), Qt::AlignLeft, 600);
         for (int column = 1; column <= 9; ++column)
             downloads.AddColumn(QString::number(column), Qt::AlignLeft, 600);
+        status.AddPanel(Text("Idle"), 1000);
+        status.AddPanel(QString(), 5000);
         tabs.addTab(new QWidget, Text("Results"));
         tabs.addTab(new QWidget, Text("Downloads"));
         settings.SaveFolder = folder.path() + u'/';
@@ -97,11 +99,12 @@ protected:
     ListView results{&window};
     ListView downloads{&window};
     QLabel caption{Text("---"), &window};
+    StatusBar status{&window};
     Settings settings;
     RecordedDialogs dialogs;
     WindowYield yield;
     std::unique_ptr<CommandedCopier> copier = std::make_unique<CommandedCopier>();
-    DownloadQueue queue{{window, tabs, results, downloads, caption}, {settings, dialogs}};
+    DownloadQueue queue{{window, tabs, results, downloads, caption, status}, {settings, dialogs}};
 };
 
 TEST_F(Queue, GoesThroughItsStates) {
@@ -121,16 +124,19 @@ TEST_F(Queue, GoesThroughItsStates) {
     EXPECT_EQ(copier->Accepted, QStringList(Text("\\\\S\\D\\a > ") + settings.SaveFolder + u'a'));
     EXPECT_EQ(downloads.SubItem(1, DownloadItem::CopyID), Text("copy 1"));
 
+    QueueFiles({"b"});
+    ExpectRows("a: Downloading, b: Downloading");
+    copier->Finish(2, 57);
     copier->Finish(1);
-    ExpectRows("a: Done!");
+    ExpectRows("a: Done!, b: Error (57)");
     EXPECT_EQ(downloads.ForeColor(1), QColor(0, 255, 0));
     EXPECT_EQ(downloads.SubItemForeColor(1, 8), QColor(0, 255, 0));
-    copier->Finish(1, 57);
+    EXPECT_EQ(downloads.ForeColor(2), QColor(255, 0, 0));
     copier->Finish(7);
+    Q_EMIT copier->CopyDone(QString(), 1);
     LetTick();
-    ExpectRows("a: Error (57)");
-    EXPECT_EQ(downloads.ForeColor(1), QColor(255, 0, 0));
-    EXPECT_EQ(copier->Accepted.size(), 1) << "no state leads back";
+    ExpectRows("a: Done!, b: Error (57)");
+    EXPECT_EQ(copier->Accepted.size(), 2) << "no state leads back";
 }
 
 TEST_F(Queue, AStartThatFailsBecomesTheState) {
@@ -264,12 +270,20 @@ TEST_F(Queue, ShowsHowFarACopyIs) {
         const auto progress = downloads.Progress(1, DownloadItem::Status);
         return progress && progress->share == 0.25;
     }));
-    EXPECT_TRUE(downloads.Progress(1, DownloadItem::Status)->note.startsWith(Text("25 %, 2")));
+    const QString note = downloads.Progress(1, DownloadItem::Status)->note;
+    EXPECT_TRUE(note.startsWith(Text("25 %, 2"))) << note.toStdString();
+    EXPECT_EQ(status.Text(2), Text("a: ") + note);
     ExpectRows("a: Downloading");
+    status.SetText(1, Text("Searching..."));
+    status.SetText(2, Text("path"));
     copier->Finish(1);
     ExpectRows("a: Done!");
     LetTick();
     EXPECT_FALSE(downloads.Progress(1, DownloadItem::Status));
+    EXPECT_EQ(status.Text(2), Text("path")) << "it belongs to the search";
+    status.SetText(1, Text("Idle"));
+    LetTick();
+    EXPECT_EQ(status.Text(2), QString());
 }
 
 TEST_F(Queue, TakesAsManyRowsAsItCanCount) {
