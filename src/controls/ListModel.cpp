@@ -53,23 +53,39 @@ int ListModel::Add(const QString& text, const QString& pictureKey) {
     row->texts.push_back(text);
     row->pictureKey = pictureKey;
     rows_.push_back(std::move(row));
+    ++rowsVersion_;
     Q_EMIT FlushNeeded();
     return Count();
 }
 
 void ListModel::Remove(int row) {
-    const std::size_t place = Place(row, rows_.size());
-    if (rows_[place]->selected)
-        --selectedCount_;
-    rows_.erase(rows_.begin() + std::ptrdiff_t(place));
+    RemoveRows({row});
+}
+
+void ListModel::RemoveRows(const std::vector<int>& rows) {
+    if (rows.empty())
+        return;
+    CheckRow(rows.front());
+    CheckRow(rows.back());
+    int removedBeforeCurrent = 0;
+    for (const int row : rows) {
+        std::unique_ptr<Row>& item = rows_[std::size_t(row) - 1];
+        if (item->selected)
+            --selectedCount_;
+        if (row < currentRow_)
+            ++removedBeforeCurrent;
+        item.reset();
+    }
+    rows_.erase(std::remove(rows_.begin() + (rows.front() - 1), rows_.end(), nullptr), rows_.end());
     // The row that comes after a removed current row takes its place.
-    if (currentRow_ > row || currentRow_ > Count())
-        --currentRow_;
-    if (IsTold(row))
+    currentRow_ = std::min(currentRow_ - removedBeforeCurrent, Count());
+    ++rowsVersion_;
+    if (IsTold(rows.front()))
         NoteRestructured();
 }
 
 void ListModel::Clear() {
+    ++rowsVersion_;
     rows_.clear();
     selectedCount_ = 0;
     currentRow_ = 0;
@@ -110,6 +126,21 @@ QColor ListModel::ForeColor(int row, int column) const {
 
 void ListModel::SetForeColor(int row, int column, const QColor& color) {
     LookToSet(row, column).foreColor = color;
+    NoteChanged(row);
+}
+
+std::optional<ListModel::Progress> ListModel::ProgressOf(int row, int column) const {
+    const Row& item = RowAt(row);
+    return column == item.progressColumn ? item.progress : std::nullopt;
+}
+
+void ListModel::SetProgress(int row, int column, const std::optional<Progress>& progress) {
+    CheckColumn(column);
+    Row& item = RowAt(row);
+    if (item.progress == progress && item.progressColumn == column)
+        return;
+    item.progress = progress;
+    item.progressColumn = column;
     NoteChanged(row);
 }
 
@@ -231,6 +262,10 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         font.setBold(true);
         return font;
     }
+    case Qt::ToolTipRole: {
+        const std::optional<Progress> progress = ProgressOf(row, column);
+        return progress ? progress->note : QVariant();
+    }
     default:
         return {};
     }
@@ -247,7 +282,8 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
-    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren
+    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled |
+                                 Qt::ItemNeverHasChildren
                            : Qt::NoItemFlags;
 }
 

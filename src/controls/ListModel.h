@@ -23,6 +23,13 @@ namespace netrove {
 class ListModel : public QAbstractTableModel {
     Q_OBJECT
 public:
+    /// How far the work that a cell tells of has come.
+    struct Progress {
+        double share = 0; ///< 0 to 1
+        QString note;     ///< in words
+        bool operator==(const Progress&) const = default;
+    };
+
     /// What the view has to do after Flush().
     enum class Flushed { Nothing, RowsAppended, Selection, Everything };
 
@@ -42,8 +49,12 @@ public:
     /// shows no picture.
     int Add(const QString& text, const QString& pictureKey);
     void Remove(int row);
+    /// Removes many rows at the price of one; their numbers ascend.
+    void RemoveRows(const std::vector<int>& rows);
     void Clear();
     [[nodiscard]] int Count() const { return int(rows_.size()); }
+    /// Another number each time that rows have come or gone.
+    [[nodiscard]] quint64 RowsVersion() const { return rowsVersion_; }
 
     [[nodiscard]] QString Text(int row, int column) const;
     void SetText(int row, int column, const QString& text);
@@ -54,6 +65,10 @@ public:
     /// The colour of a text; not valid means the list's own.
     [[nodiscard]] QColor ForeColor(int row, int column) const;
     void SetForeColor(int row, int column, const QColor& color);
+
+    /// At most one cell of a row has a progress; nothing takes it away.
+    [[nodiscard]] std::optional<Progress> ProgressOf(int row, int column) const;
+    void SetProgress(int row, int column, const std::optional<Progress>& progress);
 
     [[nodiscard]] bool IsSelected(int row) const;
     void SetSelected(int row, bool selected);
@@ -107,6 +122,8 @@ private:
         std::vector<QString> texts; ///< ends with the last text that was set
         std::vector<Look> looks;    ///< likewise, mostly empty
         QString pictureKey;
+        std::optional<Progress> progress;
+        int progressColumn = 0;
         bool selected = false;
     };
 
@@ -121,6 +138,7 @@ private:
 
     std::vector<Column> columns_;
     std::vector<std::unique_ptr<Row>> rows_;
+    quint64 rowsVersion_ = 0;
     int selectedCount_ = 0;
     int currentRow_ = 0;
     QPointer<ImageList> pictures_;

@@ -5,6 +5,7 @@
 #include "controls/ListModel.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace netrove {
 
@@ -12,6 +13,8 @@ namespace {
 
 /// No column shows more characters than this; laying out a huge text would hold up the window.
 constexpr qsizetype MaxShownText = 1024;
+/// Of the text's colour in a progress bar: seen, and the text on it still read.
+constexpr double ProgressShade = 0.25;
 
 QFont Emboldened(QFont font) {
     font.setBold(true);
@@ -52,6 +55,7 @@ void ListPainter::PaintRowBackground(const QRect& rowRect, int row) {
 }
 
 void ListPainter::PaintCell(const QRect& cellRect, int row, int column) {
+    PaintProgress(cellRect, row, column);
     QRect space = cellRect.adjusted(Margin, 0, -Margin, 0);
     if (column == 1 && pictures_ != nullptr) {
         const QRect place(space.x(), space.y() + (space.height() - PictureSize) / 2, PictureSize,
@@ -71,6 +75,29 @@ void ListPainter::PaintCell(const QRect& cellRect, int row, int column) {
     // A text of several lines is shown in one.
     painter_.drawText(space, int(model_.Alignment(column) | Qt::AlignVCenter) | Qt::TextSingleLine,
                       QFontMetrics(font).elidedText(text, Qt::ElideRight, space.width()));
+}
+
+/// The part of the cell that is done, and the note at the right if the cell's text leaves room.
+void ListPainter::PaintProgress(const QRect& cellRect, int row, int column) {
+    const std::optional<ListModel::Progress> progress = model_.ProgressOf(row, column);
+    if (!progress)
+        return;
+    const QColor text = TextColor(row, column);
+    const QColor back =
+        palette_.color(group_, model_.IsSelected(row) ? QPalette::Highlight : QPalette::Base);
+    QRect done = cellRect.adjusted(0, 1, -1, -1);
+    done.setWidth(int(std::lround(done.width() * std::clamp(progress->share, 0.0, 1.0))));
+    painter_.fillRect(done, Mixed(back, text, ProgressShade));
+
+    const QFontMetrics metrics(font_);
+    const int taken = CellWidth(model_, row, column, font_, pictures_);
+    const int needed = metrics.horizontalAdvance(progress->note) + 2 * Margin;
+    if (taken + needed > cellRect.width())
+        return;
+    painter_.setFont(font_);
+    painter_.setPen(text);
+    painter_.drawText(cellRect.adjusted(0, 0, -Margin, 0), int(Qt::AlignRight | Qt::AlignVCenter),
+                      progress->note);
 }
 
 QColor ListPainter::GridColor() const {

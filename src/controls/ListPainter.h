@@ -31,6 +31,7 @@ public:
     [[nodiscard]] QColor GridColor() const;
 
 private:
+    void PaintProgress(const QRect& cellRect, int row, int column);
     [[nodiscard]] QColor TextColor(int row, int column) const;
 
     QPainter& painter_;

@@ -6,6 +6,7 @@
 #include "controls/Twips.h"
 #include "runtime/RunTimeError.h"
 
+#include <QDrag>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -115,6 +116,14 @@ void ListView::SetSubItemForeColor(int row, int number, const QColor& color) {
     model_->SetForeColor(row, SubItemColumn(number), color);
 }
 
+std::optional<ListModel::Progress> ListView::Progress(int row, int number) const {
+    return model_->ProgressOf(row, SubItemColumn(number));
+}
+void ListView::SetProgress(int row, int number,
+                           const std::optional<ListModel::Progress>& progress) {
+    model_->SetProgress(row, SubItemColumn(number), progress);
+}
+
 std::vector<int> ListView::SelectedRows() const {
     std::vector<int> rows;
     rows.reserve(std::size_t(SelectedCount()));
@@ -167,6 +176,11 @@ void ListView::SetBackColor(const QColor& color) {
 void ListView::SetGridLines(bool gridLines) {
     gridLines_ = gridLines;
     viewport()->update();
+}
+
+void ListView::SetDragContent(DragContent content) {
+    dragContent_ = std::move(content);
+    setDragEnabled(true);
 }
 
 void ListView::Flush() {
@@ -248,6 +262,10 @@ void ListView::changeEvent(QEvent* event) {
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        Q_EMIT CopyPressed();
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -317,6 +335,15 @@ void ListView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     if (!showingSelection_)
         model_->TakeCurrentRow(current.row());
     viewport()->update();
+}
+
+void ListView::startDrag(Qt::DropActions /*supportedActions*/) {
+    std::unique_ptr<QMimeData> content = dragContent_(SelectedRows());
+    if (!content)
+        return;
+    auto* drag = new QDrag(this); // deletes itself
+    drag->setMimeData(content.release());
+    drag->exec(Qt::CopyAction);
 }
 
 QModelIndex ListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {

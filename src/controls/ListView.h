@@ -2,10 +2,13 @@
 
 #include "controls/ListModel.h"
 
+#include <QMimeData>
 #include <QPointer>
 #include <QTableView>
 #include <QTimer>
 
+#include <functional>
+#include <memory>
 #include <vector>
 
 namespace netrove {
@@ -45,8 +48,12 @@ public:
     /// is the one that SmallIcons has under this key, none if there's no such.
     int Add(const QString& text, const QString& smallIcon = QString());
     void Remove(int row) { model_->Remove(row); }
+    /// Removes many rows at the price of one; their numbers ascend.
+    void RemoveRows(const std::vector<int>& rows) { model_->RemoveRows(rows); }
     void Clear() { model_->Clear(); }
     [[nodiscard]] int Count() const { return model_->Count(); }
+    /// Another number each time that rows have come or gone.
+    [[nodiscard]] quint64 RowsVersion() const { return model_->RowsVersion(); }
 
     [[nodiscard]] QString Text(int row) const { return model_->Text(row, 1); }
     void SetText(int row, const QString& text) { model_->SetText(row, 1, text); }
@@ -64,6 +71,11 @@ public:
     void SetSubItemBold(int row, int number, bool bold);
     [[nodiscard]] QColor SubItemForeColor(int row, int number) const;
     void SetSubItemForeColor(int row, int number, const QColor& color);
+
+    /// How far the work that a sub-item tells of has come: a bar behind its text, with the note
+    /// beside it where there is room, and as the tool tip. One sub-item of a row has it at most.
+    [[nodiscard]] std::optional<ListModel::Progress> Progress(int row, int number) const;
+    void SetProgress(int row, int number, const std::optional<ListModel::Progress>& progress);
 
     [[nodiscard]] bool Selected(int row) const { return model_->IsSelected(row); }
     void SetSelected(int row, bool selected) { model_->SetSelected(row, selected); }
@@ -104,6 +116,11 @@ public:
     [[nodiscard]] bool GridLines() const { return gridLines_; }
     void SetGridLines(bool gridLines);
 
+    /// Lets the user drag the selected rows out of the list: what `content` makes of their
+    /// numbers; a null one isn't dragged.
+    using DragContent = std::function<std::unique_ptr<QMimeData>(const std::vector<int>& rows)>;
+    void SetDragContent(DragContent content);
+
     /// Brings the screen's state up to date with the list now.
     void Flush();
     /// Flush, and paints at once.
@@ -120,6 +137,8 @@ Q_SIGNALS:
     void RowDoubleClick(int row);
     void EnterPressed();
     void DeletePressed();
+    /// The keys that copy to the clipboard.
+    void CopyPressed();
     /// The right button went down on the rows or below them, or the menu key was pressed.
     void RightButtonDown(const QPoint& globalPosition);
     void GotFocus();
@@ -146,6 +165,7 @@ protected:
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void startDrag(Qt::DropActions supportedActions) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     [[nodiscard]] int sizeHintForColumn(int column) const override;
 
@@ -166,6 +186,7 @@ private:
     ListModel* model_;
     ListHeader* header_;
     QTimer flushTimer_;
+    DragContent dragContent_;
     QPointer<ImageList> icons_;
     QColor backColor_;
     bool gridLines_ = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "downloads/copier/CopyQ.h"
 #include "mainwindow/windowservices/IconImages.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -8,6 +9,9 @@
 #include "platform/SystemInformation.h"
 
 #include <QString>
+
+#include <functional>
+#include <memory>
 
 namespace netrove {
 
@@ -22,6 +26,8 @@ struct ProgramServices {
     SystemInformation& system;
     QString applicationFolder; ///< without a closing separator
     QString webAddress;        ///< of the program's web site
+    /// Makes what copies the downloads; without one, each download fails at its start.
+    std::function<std::unique_ptr<CopyQ>()> newCopyQ = {};
 };
 
 } // namespace netrove

@@ -64,6 +64,10 @@ frmNetrove::frmNetrove(const ProgramServices& services)
              {services.network, services.dialogs, settings_, exclusions_,
               [this] { return BrowseNetwork(); }},
              state_)
+    , queue_({*this, *controls_.SSTab1, *controls_.lvwResults, *controls_.lvwDownloads,
+              *controls_.DownloadLbl, *controls_.stbStatus},
+             {settings_, services.dialogs})
+    , lists_(MakeListOperations())
     , settingsFile_({*this, *controls_.LstSearchFor, *controls_.chkRecurse, *controls_.lvwResults,
                      *controls_.lvwDownloads},
                     {.settings = settings_,
@@ -76,6 +80,7 @@ frmNetrove::frmNetrove(const ProgramServices& services)
     setWindowTitle(Text("Netrove"));
     ConnectControls();
     ConnectSearchParameters();
+    ConnectLists();
     ConnectReturnKey();
 }
 
@@ -89,8 +94,27 @@ void frmNetrove::ConnectControls() {
     });
     controls_.HyperLbl->installEventFilter(this);
     controls_.cmdAbandon->setEnabled(false);
-    // What this one does isn't there yet.
-    controls_.cmdClearLst->setEnabled(false);
+}
+
+void frmNetrove::ConnectLists() {
+    const ListView* results = controls_.lvwResults;
+    connect(results, &ListView::ColumnClick, this,
+            [this](int column) { lists_.lvwResults_ColumnClick(column); });
+    connect(results, &ListView::RowDoubleClick, this, [this] { queue_.lvwResults_DblClick(); });
+    connect(results, &ListView::EnterPressed, this, [this] { queue_.lvwResults_DblClick(); });
+    connect(results, &ListView::RightButtonDown, this,
+            [this](const QPoint& position) { lists_.lvwResults_MouseDown(position); });
+    const ListView* downloads = controls_.lvwDownloads;
+    connect(downloads, &ListView::ColumnClick, this,
+            [this](int column) { lists_.lvwDownloads_ColumnClick(column); });
+    connect(downloads, &ListView::RowDoubleClick, this, [this] { queue_.ClearMnu_Click(); });
+    connect(downloads, &ListView::DeletePressed, this, [this] { queue_.ClearMnu_Click(); });
+    connect(downloads, &ListView::RightButtonDown, this,
+            [this](const QPoint& position) { lists_.lvwDownloads_MouseDown(position); });
+    for (const ListView* list : {results, downloads})
+        connect(list, &ListView::CopyPressed, this, [this, list] { lists_.CopyFiles(*list); });
+    connect(controls_.cmdClearLst, &QPushButton::clicked, this,
+            [this] { lists_.cmdClearLst_Click(); });
 }
 
 /// What the controls of the search text and the start node do besides; eventFilter has the rest.
@@ -118,7 +142,37 @@ MainMenu* frmNetrove::MakeMenu() {
     for (const int index : {0, 1, 3})
         menu->Connect(Element("mnuInpNetNode", index), this,
                       [this, index] { start_.mnuInpNetNode_Click(index); });
+    ConnectListMenus(*menu);
     return menu;
+}
+
+void frmNetrove::ConnectListMenus(MainMenu& menu) {
+    menu.Connect(Text("ClearMnu"), this, [this] { queue_.ClearMnu_Click(); });
+    menu.Connect(Text("ClearAllMnu"), this, [this] { queue_.ClearAllMnu_Click(); });
+    for (const int index : {0, 1})
+        menu.Connect(Element("mnuViewFolder", index), this,
+                     [this, index] { lists_.mnuViewFolder_Click(index); });
+    menu.Connect(Text("mnuSampleFileLoc"), this, [this] { lists_.mnuSampleFileLoc_Click(); });
+    menu.Connect(Text("ErrDescMnu"), this, [this] { lists_.ErrDescMnu_Click(); });
+    menu.Connect(Text("mnuDownload"), this, [this] { queue_.lvwResults_DblClick(); });
+    menu.Connect(Text("OpenFolMnu"), this, [this] { lists_.OpenFolMnu_Click(); });
+    menu.Connect(Text("ExpFolMnu"), this, [this] { lists_.ExpFolMnu_Click(); });
+    menu.Connect(Text("mnuSampleFile"), this, [this] { lists_.mnuSampleFile_Click(); });
+    // A line of information, to be read like the others.
+    menu.Item(Text("mnuTheWkGP"))->setEnabled(true);
+}
+
+ListOperations frmNetrove::MakeListOperations() {
+    const auto item = [this](const char* name) -> QAction& { return *menu_->Item(Text(name)); };
+    return {
+        {*this, *controls_.picListHolder, *controls_.lvwResults, *controls_.lvwDownloads,
+         *controls_.RetFileLbl, *controls_.LstSearchFor},
+        {*menu_->Menu(Text("PopUp1Mnu")), item("ClearMnu"), item("mnuSep6"),
+         item("mnuSampleFileLoc"), item("mnuSep8"), item("ErrDescMnu")},
+        {*menu_->Menu(Text("PopUp2Mnu")), item("mnuTheWkGP"), item("mnuSampleFile")},
+        MakeJobControls(),
+        {services_.network, services_.files, services_.shell, shell_, services_.dialogs, settings_},
+        queue_};
 }
 
 JobControls frmNetrove::MakeJobControls() {
@@ -129,7 +183,7 @@ JobControls frmNetrove::MakeJobControls() {
             .filesPicture = controls_.imgFiles[0],
             .busyPicture = controls_.imgFiles[1],
             .inputs = {controls_.cmdSetSearchStart, controls_.cmdInpNetNode, controls_.LstSearchFor,
-                       controls_.chkRecurse, controls_.cmdStartSearch},
+                       controls_.chkRecurse, controls_.cmdStartSearch, controls_.cmdClearLst},
             .cmdAbandon = controls_.cmdAbandon};
 }
 
@@ -163,6 +217,9 @@ void frmNetrove::PressDefaultButton() {
 
 void frmNetrove::Form_Load() {
     state_.SearchStartNode = std::make_shared<NetResource>(services_.network);
+    if (services_.newCopyQ)
+        CopyDLL = services_.newCopyQ();
+    queue_.SetCopier(CopyDLL.get());
     std::optional<RunTimeError> failure;
     try {
         LoadSteps();
@@ -203,6 +260,7 @@ void frmNetrove::ReadSystem() {
     OSVersion = info.Version;
     OSName = UpperCase(info.Name);
     start_.SetIsWinNT(IsWinNT);
+    lists_.SetIsWinNT(IsWinNT);
     menu_->Item(Text("mnuInpNetNode(0)"))->setEnabled(IsWinNT);
     menu_->Item(Text("mnuSep9"))->setVisible(IsWinNT);
     menu_->Item(Text("mnuTheWkGP"))->setVisible(IsWinNT);
@@ -270,6 +328,7 @@ void frmNetrove::Form_Unload() {
         state_.SearchEvt->Abandon();
     if (frame_)
         frame_->Detach();
+    CopyDLL.reset();
     state_.SearchEvt.reset();
     state_.SearchStartNode.reset();
     frame_.reset();

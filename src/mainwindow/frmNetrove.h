@@ -1,5 +1,7 @@
 #pragma once
 
+#include "downloads/DownloadQueue.h"
+#include "downloads/ListOperations.h"
 #include "mainwindow/MainControls.h"
 #include "mainwindow/MainMenu.h"
 #include "mainwindow/ProgramServices.h"
@@ -50,8 +52,11 @@ private:
     [[nodiscard]] MainMenu* MakeMenu();
     void ConnectControls();
     void ConnectSearchParameters();
+    void ConnectLists();
     void ConnectReturnKey();
     [[nodiscard]] JobControls MakeJobControls();
+    [[nodiscard]] ListOperations MakeListOperations();
+    void ConnectListMenus(MainMenu& menu);
     void PressDefaultButton();
 
     void LoadSteps();
@@ -85,10 +90,13 @@ private:
     SearchRun run_;
     PredefinedPatterns patterns_;
     SearchStart start_;
+    DownloadQueue queue_;
+    ListOperations lists_;
     SettingsFile settingsFile_;
 
     std::unique_ptr<InstanceMarker> marker_;
     std::unique_ptr<NCSizeModifier> frame_;
+    std::unique_ptr<CopyQ> CopyDLL;
     QString HelpFile;
     QString OSName;
     QString OSVersion;

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
+
+#include <optional>
 
 namespace netrove {
 
@@ -29,6 +32,11 @@ public:
 
     /// Lets the user choose a program for a file that has none; false if that can't be done.
     [[nodiscard]] virtual bool OpenWith(const QString& file) = 0;
+
+    /// What other programs know a file by: a local address where it has a local path, else an
+    /// "smb:" one. Nothing where its path can't be an address. It isn't looked whether the file
+    /// is there.
+    [[nodiscard]] virtual std::optional<QUrl> Address(const QString& file) = 0;
 };
 
 /// What the desktop knows of a file's kind, from its name alone: nothing is read.

@@ -107,6 +107,69 @@ TEST_F(List, KeepsSelectionAndCurrentRowOnTheirRows) {
     EXPECT_TRUE(list.selectionModel()->isSelected(list.model()->index(2, 0)));
 }
 
+TEST_F(List, RemovesManyRowsAtOnce) {
+    AddNumbered(7);
+    list.Flush();
+    list.SetCurrentRow(4);
+    for (const int row : {2, 5})
+        list.SetSelected(row, true);
+    const quint64 version = list.RowsVersion();
+    list.RemoveRows({1, 2, 4, 7});
+    EXPECT_EQ(Names(), "3 5 6");
+    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{2}));
+    EXPECT_EQ(list.CurrentRow(), 2) << "the row behind a removed one";
+    EXPECT_NE(list.RowsVersion(), version);
+    list.RemoveRows({2, 3});
+    EXPECT_EQ(list.CurrentRow(), 1);
+    list.RemoveRows({});
+    list.RemoveRows({1});
+    EXPECT_EQ(list.CurrentRow(), 0);
+    list.Flush();
+    EXPECT_EQ(ShownRows(), 0);
+}
+
+TEST_F(List, PaintsProgressBehindTheText) {
+    AddNumbered(1);
+    list.SetSubItem(1, 1, Text("x"));
+    list.Refresh();
+    const QRect cell = list.visualRect(list.model()->index(0, 1));
+    const auto colorAt = [&](int percent) {
+        return list.viewport()->grab().toImage().pixelColor(cell.x() + cell.width() * percent / 100,
+                                                            cell.bottom() - 2);
+    };
+    const QColor back = colorAt(60);
+    list.SetProgress(1, 1, ListModel::Progress{.share = 0.5, .note = Text("50 %")});
+    EXPECT_NE(colorAt(40), back);
+    EXPECT_EQ(colorAt(60), back);
+    EXPECT_EQ(list.model()->data(list.model()->index(0, 1), Qt::ToolTipRole), Text("50 %"));
+    EXPECT_EQ(list.SubItem(1, 1), Text("x"));
+    list.SetProgress(1, 1, std::nullopt);
+    EXPECT_EQ(colorAt(40), back);
+}
+
+TEST_F(List, DragsItsSelectedRows) {
+    AddNumbered(3);
+    std::vector<int> dragged;
+    list.SetDragContent([&dragged](const std::vector<int>& rows) -> std::unique_ptr<QMimeData> {
+        dragged = rows;
+        return nullptr;
+    });
+    Click(1);
+    Click(2, Qt::ControlModifier);
+    const QPoint start = On(2);
+    const auto send = [&](QEvent::Type type, const QPoint& place, Qt::MouseButton button,
+                          Qt::MouseButtons held) {
+        QMouseEvent event(type, place, list.viewport()->mapToGlobal(place), button, held,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(list.viewport(), &event);
+    };
+    send(QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton);
+    for (const int step : {5, 30, 60})
+        send(QEvent::MouseMove, start + QPoint(step, 0), Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, start + QPoint(60, 0), Qt::LeftButton, Qt::NoButton);
+    EXPECT_EQ(dragged, (std::vector<int>{1, 2}));
+}
+
 TEST_F(List, RemovesSelectedRowsOneByOne) {
     AddNumbered(6);
     for (const int row : {1, 3, 4, 6})

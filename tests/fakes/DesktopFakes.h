@@ -46,6 +46,12 @@ public:
         return Result;
     }
     bool OpenWith(const QString& /*file*/) override { return false; }
+    /// "net:" and the path's elements; nothing for what isn't a network path.
+    std::optional<QUrl> Address(const QString& file) override {
+        if (!file.startsWith(QLatin1String("\\\\")))
+            return std::nullopt;
+        return QUrl(QStringLiteral("net:") + QString(file).replace(u'\\', u'/'));
+    }
 };
 
 class TestSystem : public SystemInformation {

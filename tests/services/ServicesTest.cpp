@@ -26,6 +26,7 @@ public:
         return code;
     }
     bool OpenWith(const QString& /*file*/) override { return chosen; }
+    std::optional<QUrl> Address(const QString& /*file*/) override { return std::nullopt; }
 };
 
 class TestDialogs : public Dialogs {

@@ -80,6 +80,14 @@ bool DesktopShell::OpenWith(const QString& file) {
     return target && !target->isFolder && DesktopBus::AskWhichProgram(target->address);
 }
 
+std::optional<QUrl> DesktopShell::Address(const QString& file) {
+    if (IsLocalPath(file))
+        return FileAddress(file);
+    if (const std::optional<QString> local = files_.LocalPath(file))
+        return FileAddress(*local);
+    return SmbAddress(file);
+}
+
 DesktopShell::Found DesktopShell::Find(const QString& path) {
     QString local = path;
     if (IsNetworkPath(path)) {

@@ -30,6 +30,8 @@ public:
     /// Through the desktop portal.
     [[nodiscard]] bool OpenWith(const QString& file) override;
 
+    [[nodiscard]] std::optional<QUrl> Address(const QString& file) override;
+
 private:
     struct Target {
         QUrl address;

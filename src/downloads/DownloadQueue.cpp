@@ -1,0 +1,342 @@
+#include "downloads/DownloadQueue.h"
+
+#include "downloads/DownloadRows.h"
+#include "mainwindow/windowservices/RowStyle.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+#include "runtime/Yield.h"
+
+#include <QFileInfo>
+#include <QLocale>
+#include <QScopedValueRollback>
+
+#include <cmath>
+
+namespace netrove {
+namespace {
+
+constexpr int ScanInterval = 750;  ///< milliseconds
+constexpr int QueueInterval = 250; ///< milliseconds
+constexpr int DownloadsTab = 1;
+constexpr quint32 DoneColor = 0x00FF00;
+constexpr quint32 ErrorColor = 0x0000FF; ///< red is in the low byte
+
+constexpr QLatin1String Pending("Pending");
+constexpr QLatin1String Downloading("Downloading");
+constexpr QLatin1String Done("Done!");
+constexpr QLatin1String NotOverwritten("No O/W");
+
+QString ErrorStatus(int number) {
+    return QStringLiteral("Error (") + QString::number(number) + u')';
+}
+
+QTimer* NewTimer(const QString& name, int interval, QObject& parent) {
+    auto* timer = new QTimer(&parent);
+    timer->setObjectName(name);
+    timer->setInterval(interval);
+    return timer;
+}
+
+/// Hidden files count; a folder of that name is the copier's affair.
+bool FileExists(const QString& path) {
+    const QFileInfo info(path);
+    return info.exists() && !info.isDir();
+}
+
+ListModel::Progress RowProgress(const CopyProgress& copy) {
+    const double share =
+        copy.length > 0 ? static_cast<double>(copy.copied) / static_cast<double>(copy.length) : 0;
+    return {.share = share,
+            .note = QString::number(static_cast<int>(std::floor(share * 100))) +
+                    QStringLiteral(" %, ") +
+                    QLocale().formattedDataSize(copy.bytesPerSecond, 1,
+                                                QLocale::DataSizeTraditionalFormat) +
+                    QStringLiteral("/s")};
+}
+
+} // namespace
+
+DownloadQueue::DownloadQueue(const Controls& controls, const Services& services)
+    : controls_(controls)
+    , services_(services)
+    , queued_(controls.lvwDownloads)
+    , DloadScanTmr_(NewTimer(QStringLiteral("DloadScanTmr"), ScanInterval, controls_.lvwDownloads))
+    , DloadQueueTmr_(
+          NewTimer(QStringLiteral("DloadQueueTmr"), QueueInterval, controls_.lvwDownloads)) {
+    connect(DloadScanTmr_, &QTimer::timeout, this, [this] { DloadScanTmr_Timer(); });
+    connect(DloadQueueTmr_, &QTimer::timeout, this, [this] { DloadQueueTmr_Timer(); });
+}
+
+void DownloadQueue::SetCopier(CopyQ* copier) {
+    copier_ = copier;
+    // From the event loop: so the id is in its row before any completion, and the copier may be
+    // released by what happens while a completion is handled.
+    if (copier)
+        connect(
+            copier, &CopyQ::CopyDone, this,
+            [this](const QString& key, int number) { CopyDLL_CopyDone(key, number); },
+            Qt::QueuedConnection);
+}
+
+void DownloadQueue::lvwResults_DblClick() {
+    std::optional<RunTimeError> failure;
+    try {
+        QueueSelected();
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    // What was queued before a failure is served too.
+    if (controls_.lvwDownloads.Count() > 0) {
+        for (QTimer* timer : {DloadScanTmr_, DloadQueueTmr_}) {
+            if (!timer->isActive())
+                timer->start();
+        }
+    }
+    controls_.window.unsetCursor();
+    if (failure)
+        services_.dialogs.Failure(failure->Number(), failure->Description(),
+                                  QStringLiteral("Error in Results Col DblClick"));
+}
+
+void DownloadQueue::QueueSelected() {
+    Yield();
+    const std::vector<Result> results = SelectedResults();
+    for (const Result& result : results) {
+        Yield();
+        if (queued_.Contains(result.file.location, result.file.name))
+            continue;
+        if (services_.settings.SwitchToDloadTab)
+            controls_.SSTab1.setCurrentIndex(DownloadsTab);
+        AddRow(result);
+    }
+    if (!results.empty())
+        controls_.lvwDownloads.Refresh();
+}
+
+/// With their texts, because row numbers change when the list is sorted between two rows.
+std::vector<DownloadQueue::Result> DownloadQueue::SelectedResults() const {
+    const ListView& list = controls_.lvwResults;
+    std::vector<Result> results;
+    results.reserve(static_cast<std::size_t>(list.SelectedCount()));
+    for (const int row : list.SelectedRows())
+        results.push_back({{list.SubItem(row, 1), list.Text(row)},
+                           list.SubItem(row, 2),
+                           list.SubItem(row, 3),
+                           list.SubItem(row, 4),
+                           list.SubItem(row, 8),
+                           list.SubItem(row, 9)});
+    return results;
+}
+
+void DownloadQueue::AddRow(const Result& result) {
+    ListView& list = controls_.lvwDownloads;
+    if (list.Count() >= MaxRows)
+        throw RunTimeError(ErrorNumber::Overflow);
+    const int row = list.Add(result.file.name);
+    list.SetSubItem(row, DownloadItem::Location, result.file.location);
+    list.SetSubItem(row, DownloadItem::Size, result.size);
+    list.SetSubItem(row, DownloadItem::Date, result.date);
+    list.SetSubItem(row, DownloadItem::Attributes, result.attributes);
+    list.SetSubItem(row, DownloadItem::Status, Pending);
+    list.SetSubItem(row, DownloadItem::SizeKey, result.sizeKey);
+    list.SetSubItem(row, DownloadItem::DateKey, result.dateKey);
+    queued_.NoteAdded(result.file.location, result.file.name);
+}
+
+void DownloadQueue::DloadScanTmr_Timer() {
+    Yield();
+    for (int row = 1; row <= controls_.lvwDownloads.Count(); ++row) {
+        if (Status(row) == Pending) {
+            DownLoadIt(static_cast<qint16>(row));
+            return;
+        }
+    }
+}
+
+void DownloadQueue::DownLoadIt(qint16 itemIdx) {
+    // While one start yields or asks, the row is still pending: a second would take it again.
+    if (starting_)
+        return;
+    const QScopedValueRollback<bool> starting(starting_, true);
+    const ListView& list = controls_.lvwDownloads;
+    if (itemIdx < 1 || itemIdx > list.Count())
+        return;
+    const QueuedFile file{list.SubItem(itemIdx, DownloadItem::Location), list.Text(itemIdx)};
+    try {
+        Start(file);
+    } catch (...) {
+        SetStatus(file, ErrorStatus(CurrentFailure().Number()));
+    }
+}
+
+void DownloadQueue::Start(const QueuedFile& file) {
+    Yield();
+    if (CountRows(Downloading) > services_.settings.MaxConcurrentDownloads)
+        return;
+    const QString destination = services_.settings.SaveFolder + file.name;
+    if (!MayWrite(destination)) {
+        SetStatus(file, NotOverwritten);
+        return;
+    }
+    // It may have been cleared meanwhile.
+    if (RowOf(file) == 0)
+        return;
+    SetStatus(file, Downloading);
+    controls_.lvwDownloads.Refresh();
+    Yield();
+    if (!copier_)
+        throw RunTimeError(ErrorNumber::CannotCreateObject);
+    const QString id = copier_->QueueCopy(file.location + file.name, destination);
+    if (const int row = RowOf(file); row != 0)
+        controls_.lvwDownloads.SetSubItem(row, DownloadItem::CopyID, id);
+    controls_.lvwDownloads.Refresh();
+    Yield();
+}
+
+/// Asks if there is such a file.
+bool DownloadQueue::MayWrite(const QString& destination) {
+    if (!FileExists(destination))
+        return true;
+    return services_.dialogs.Message(MessageIcon::Exclamation,
+                                     destination + QStringLiteral("\r\nThe file already exists. "
+                                                                  "Overwrite it?"),
+                                     QStringLiteral("Overwrite file?..."),
+                                     MessageButtons::YesNo) == MessageAnswer::Yes;
+}
+
+void DownloadQueue::CopyDLL_CopyDone(const QString& sIndexKey, int errorNumber) {
+    ListView& list = controls_.lvwDownloads;
+    if (list.Count() == 0)
+        return;
+    Yield();
+    const int row = sIndexKey.isEmpty() ? 0 : RowOfCopy(sIndexKey);
+    if (row == 0)
+        return;
+    list.SetProgress(row, DownloadItem::Status, std::nullopt);
+    const bool failed = errorNumber != 0;
+    list.SetSubItem(row, DownloadItem::Status, failed ? ErrorStatus(errorNumber) : QString(Done));
+    SetRowStyle(list, row, failed ? ErrorColor : DoneColor, false);
+}
+
+void DownloadQueue::DloadQueueTmr_Timer() {
+    Yield();
+    const int count = CountRows(Pending);
+    controls_.DownloadLbl.setText(
+        QString::number(count) + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files")) +
+        QStringLiteral(" in queue to be downloaded."));
+    ShowProgress();
+}
+
+void DownloadQueue::ShowProgress() {
+    if (!copier_)
+        return;
+    ListView& list = controls_.lvwDownloads;
+    CopyProgress all;
+    QStringList names;
+    for (int row = 1; row <= list.Count(); ++row) {
+        if (Status(row) != Downloading)
+            continue;
+        const auto copy = copier_->Progress(list.SubItem(row, DownloadItem::CopyID));
+        list.SetProgress(row, DownloadItem::Status,
+                         copy ? std::optional(RowProgress(*copy)) : std::nullopt);
+        if (copy) {
+            names.append(list.Text(row));
+            all.copied += copy->copied;
+            all.length += copy->length;
+            all.bytesPerSecond += copy->bytesPerSecond;
+        }
+    }
+    if (names.isEmpty())
+        ShowInStatusBar(QString());
+    else
+        ShowInStatusBar((names.size() == 1
+                             ? names.first()
+                             : QString::number(names.size()) + QStringLiteral(" downloads")) +
+                        QStringLiteral(": ") + RowProgress(all).note);
+}
+
+/// While no job shows there where it is.
+void DownloadQueue::ShowInStatusBar(const QString& text) {
+    const bool isFree = controls_.stbStatus.Text(1) == QLatin1String("Idle");
+    if (!isFree || (text.isEmpty() && !inStatusBar_))
+        return;
+    controls_.stbStatus.SetText(2, text);
+    inStatusBar_ = !text.isEmpty();
+}
+
+void DownloadQueue::ClearMnu_Click() {
+    Clear([this] {
+        ListView& list = controls_.lvwDownloads;
+        std::vector<int> rows;
+        for (const int row : list.SelectedRows()) {
+            if (Status(row) == Downloading)
+                list.SetSelected(row, false);
+            else
+                rows.push_back(row);
+        }
+        return rows;
+    });
+}
+
+void DownloadQueue::ClearAllMnu_Click() {
+    Clear([this] {
+        std::vector<int> rows;
+        for (int row = 1; row <= controls_.lvwDownloads.Count(); ++row) {
+            if (Status(row) != Downloading)
+                rows.push_back(row);
+        }
+        return rows;
+    });
+}
+
+void DownloadQueue::Clear(const std::function<std::vector<int>()>& rowsToRemove) {
+    try {
+        Yield();
+        controls_.lvwDownloads.RemoveRows(rowsToRemove());
+        controls_.lvwDownloads.Refresh();
+    } catch (...) {
+        services_.dialogs.Message(MessageIcon::Critical,
+                                  QStringLiteral("Error while clearing item!"),
+                                  QStringLiteral("Error while clearing"));
+    }
+}
+
+QString DownloadQueue::Status(int row) const {
+    return controls_.lvwDownloads.SubItem(row, DownloadItem::Status);
+}
+
+int DownloadQueue::CountRows(QLatin1String status) const {
+    int count = 0;
+    for (int row = 1; row <= controls_.lvwDownloads.Count(); ++row) {
+        if (Status(row) == status)
+            ++count;
+    }
+    return count;
+}
+
+int DownloadQueue::RowOf(const QueuedFile& file) const {
+    const ListView& list = controls_.lvwDownloads;
+    for (int row = 1; row <= list.Count(); ++row) {
+        if (list.Text(row) == file.name &&
+            list.SubItem(row, DownloadItem::Location) == file.location)
+            return row;
+    }
+    return 0;
+}
+
+int DownloadQueue::RowOfCopy(const QString& id) const {
+    const ListView& list = controls_.lvwDownloads;
+    for (int row = 1; row <= list.Count(); ++row) {
+        if (Trim(list.SubItem(row, DownloadItem::CopyID)) == id)
+            return row;
+    }
+    return 0;
+}
+
+/// Of the file's row, if it's still there.
+void DownloadQueue::SetStatus(const QueuedFile& file, const QString& status) {
+    if (const int row = RowOf(file); row != 0)
+        controls_.lvwDownloads.SetSubItem(row, DownloadItem::Status, status);
+}
+
+} // namespace netrove

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "controls/ListView.h"
+#include "controls/StatusBar.h"
+#include "downloads/QueuedFiles.h"
+#include "downloads/copier/CopyQ.h"
+#include "platform/Dialogs.h"
+#include "search/Settings.h"
+
+#include <QLabel>
+#include <QObject>
+#include <QPointer>
+#include <QTabWidget>
+#include <QTimer>
+
+#include <functional>
+#include <optional>
+
+namespace netrove {
+
+/// Copies selected results into the folder for downloads. The rows of lvwDownloads are the queue,
+/// and the text of one column is a row's state; two timers look at them.
+///
+/// Handlers yield, so that others come in between. Therefore a walk over the rows is one step
+/// without a yield (the longest list takes about a millisecond), and where a yield lies between
+/// two steps, the row is found again by its file, which no other row has, or by its copy's id.
+class DownloadQueue : public QObject {
+    Q_OBJECT
+
+public:
+    static constexpr int MaxRows = 32767;
+
+    struct Controls {
+        QWidget& window;
+        QTabWidget& SSTab1;
+        ListView& lvwResults;
+        ListView& lvwDownloads;
+        QLabel& DownloadLbl;
+        StatusBar& stbStatus;
+    };
+    struct Services {
+        const Settings& settings;
+        Dialogs& dialogs;
+    };
+
+    DownloadQueue(const Controls& controls, const Services& services);
+
+    /// What copies from now on. Without one, or when it has been deleted, no copy can be started.
+    void SetCopier(CopyQ* copier);
+
+    /// Queues the selected results, those that have no row yet. Failures end in a message box.
+    void lvwResults_DblClick();
+
+    /// Starts the copy of a row, unless too many run or another start is under way. Asks before a
+    /// file is overwritten. A failure becomes the row's state.
+    void DownLoadIt(qint16 itemIdx);
+
+    /// Removes the selected rows, except those whose copy runs; these lose their selection.
+    /// Failures end in a message box.
+    void ClearMnu_Click();
+    /// Removes all rows but those whose copy runs.
+    void ClearAllMnu_Click();
+
+private:
+    /// A file as its row names it.
+    struct QueuedFile {
+        QString location;
+        QString name;
+    };
+    /// A selected row of lvwResults.
+    struct Result {
+        QueuedFile file;
+        QString size;
+        QString date;
+        QString attributes;
+        QString sizeKey;
+        QString dateKey;
+    };
+
+    void CopyDLL_CopyDone(const QString& sIndexKey, int errorNumber);
+    void DloadScanTmr_Timer();
+    void DloadQueueTmr_Timer();
+
+    void QueueSelected();
+    [[nodiscard]] std::vector<Result> SelectedResults() const;
+    void AddRow(const Result& result);
+
+    void Start(const QueuedFile& file);
+    [[nodiscard]] bool MayWrite(const QString& destination);
+
+    void ShowProgress();
+    void ShowInStatusBar(const QString& text);
+    void Clear(const std::function<std::vector<int>()>& rowsToRemove);
+
+    [[nodiscard]] QString Status(int row) const;
+    [[nodiscard]] int CountRows(QLatin1String status) const;
+    [[nodiscard]] int RowOf(const QueuedFile& file) const;
+    [[nodiscard]] int RowOfCopy(const QString& id) const;
+    void SetStatus(const QueuedFile& file, const QString& status);
+
+    Controls controls_;
+    Services services_;
+    QPointer<CopyQ> copier_;
+    QueuedFiles queued_;
+    QTimer* DloadScanTmr_;
+    QTimer* DloadQueueTmr_;
+    bool starting_ = false;
+    bool inStatusBar_ = false; ///< the status bar tells of running copies
+};
+
+} // namespace netrove

@@ -1,0 +1,237 @@
+#include "downloads/ListOperations.h"
+
+#include "downloads/DownloadRows.h"
+#include "downloads/RowFiles.h"
+#include "mainwindow/services/Paths.h"
+#include "mainwindow/services/WinVer.h"
+#include "mainwindow/windowservices/SortListView.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+#include "runtime/Yield.h"
+#include "searchrun/ResultRows.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace netrove {
+namespace {
+
+constexpr int SizeColumn = 3; ///< of both lists
+constexpr int DateColumn = 4;
+/// Above it, the shell's codes tell of success.
+constexpr int LastShellFailure = 32;
+
+/// The row that a menu is about.
+int CurrentRowOf(const ListView& list) {
+    if (list.CurrentRow() == 0)
+        throw RunTimeError(ErrorNumber::ObjectNotSet);
+    return list.CurrentRow();
+}
+
+/// The error number of a state like "Error (53)".
+qint32 ErrorNumberOf(const QString& status) {
+    const qsizetype bracket = status.indexOf(u'(');
+    return bracket < 0 ? 0 : LeadingLong(QStringView(status).mid(bracket + 1));
+}
+
+} // namespace
+
+ListOperations::ListOperations(const Controls& controls, const DownloadsMenu& downloadsMenu,
+                               const ResultsMenu& resultsMenu, const JobControls& jobControls,
+                               const Services& services, DownloadQueue& queue)
+    : controls_(controls)
+    , downloadsMenu_(downloadsMenu)
+    , resultsMenu_(resultsMenu)
+    , jobControls_(jobControls)
+    , services_(services)
+    , queue_(queue) {
+    SetDragContent(controls_.lvwResults);
+    SetDragContent(controls_.lvwDownloads);
+}
+
+/// Files without an address mean nothing to the program that they are dropped on.
+void ListOperations::SetDragContent(ListView& list) {
+    list.SetDragContent([&list, &shell = services_.shell](const std::vector<int>& rows) {
+        std::unique_ptr<QMimeData> files = RowFiles(list, rows, shell);
+        return files->hasUrls() ? std::move(files) : nullptr;
+    });
+}
+
+void ListOperations::CopyFiles(const ListView& list) {
+    if (list.SelectedCount() > 0)
+        QGuiApplication::clipboard()->setMimeData(
+            RowFiles(list, list.SelectedRows(), services_.shell).release());
+}
+
+void ListOperations::Trapped(const QString& title, const std::function<void()>& work) {
+    try {
+        work();
+    } catch (...) {
+        const RunTimeError error = CurrentFailure();
+        services_.dialogs.Failure(error.Number(), error.Description(), title);
+    }
+}
+
+void ListOperations::lvwResults_ColumnClick(int column) {
+    Sort(controls_.lvwResults, column, QStringLiteral("Error in Results Col Click"));
+    controls_.window.unsetCursor();
+}
+
+void ListOperations::lvwDownloads_ColumnClick(int column) {
+    Sort(controls_.lvwDownloads, column, QStringLiteral("Error in DL Col Click"));
+}
+
+void ListOperations::Sort(ListView& list, int column, const QString& failureTitle) {
+    Trapped(failureTitle, [&] {
+        if (list.Count() == 0)
+            return;
+        const bool isResults = &list == &controls_.lvwResults;
+        int compared = column;
+        if (column == SizeColumn)
+            compared = isResults ? ResultColumn::Size2 : DownloadItem::SizeKey + 1;
+        else if (column == DateColumn)
+            compared = isResults ? ResultColumn::Date2 : DownloadItem::DateKey + 1;
+        SortListView(list, column, compared, false, services_.dialogs);
+    });
+}
+
+void ListOperations::lvwDownloads_MouseDown(const QPoint& globalPosition) {
+    Trapped(QStringLiteral("Error in DL MouseDown"), [&] { ShowDownloadsMenu(globalPosition); });
+}
+
+void ListOperations::ShowDownloadsMenu(const QPoint& globalPosition) {
+    const ListView& list = controls_.lvwDownloads;
+    if (list.Count() == 0)
+        return;
+    const std::vector<int> selected = list.SelectedRows();
+    downloadsMenu_.ClearMnu.setVisible(!selected.empty());
+    DownloadName_ = list.Text(CurrentRowOf(list));
+    bool isFailed = false;
+    bool isDone = false;
+    if (selected.size() == 1) {
+        SelectedDownloadRow_ = selected.front();
+        const QString status = list.SubItem(SelectedDownloadRow_, DownloadItem::Status);
+        isFailed = status.contains(QLatin1String("Error"));
+        isDone = !isFailed && status.contains(QLatin1String("Done"));
+    }
+    downloadsMenu_.mnuSep6.setVisible(isDone);
+    downloadsMenu_.mnuSampleFileLoc.setVisible(isDone);
+    downloadsMenu_.mnuSep8.setVisible(isFailed);
+    downloadsMenu_.ErrDescMnu.setVisible(isFailed);
+    downloadsMenu_.PopUp1Mnu.popup(globalPosition);
+}
+
+void ListOperations::lvwResults_MouseDown(const QPoint& globalPosition) {
+    Trapped(QStringLiteral("Error in Results MouseDown"), [&] { ShowResultsMenu(globalPosition); });
+    controls_.window.unsetCursor();
+}
+
+/// Several selected rows have no menu.
+void ListOperations::ShowResultsMenu(const QPoint& globalPosition) {
+    const ListView& list = controls_.lvwResults;
+    if (list.Count() == 0 || list.SelectedCount() > 1)
+        return;
+    const int row = CurrentRowOf(list);
+    ResultLocation_ = list.SubItem(row, 1);
+    ResultName_ = list.Text(row);
+    resultsMenu_.mnuSampleFile.setText(FileExtension(ResultName_) == QLatin1String("MP3")
+                                           ? QStringLiteral("Sample MP3 Remotely")
+                                           : QStringLiteral("Sample File Remotely"));
+    if (isWinNT_)
+        resultsMenu_.mnuTheWkGP.setText(WorkgroupCaption());
+    resultsMenu_.PopUp2Mnu.popup(globalPosition);
+}
+
+QString ListOperations::WorkgroupCaption() const {
+    const QStringList pieces = ResultLocation_.split(u'\\');
+    if (pieces.size() <= 2)
+        throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+    QString workgroup = Trim(GetWorkgroup(pieces.at(2), services_.network));
+    if (workgroup.isEmpty())
+        workgroup = QStringLiteral("??");
+    // An ampersand alone would underline the letter behind it.
+    workgroup.replace(u'&', QLatin1String("&&"));
+    return QStringLiteral("Member of ") + workgroup + QStringLiteral(" Workgroup");
+}
+
+void ListOperations::mnuViewFolder_Click(int index) {
+    OpenFolder(services_.settings.SaveFolder,
+               index == 0 ? QStringLiteral("Open") : QStringLiteral("Explore"));
+}
+
+void ListOperations::OpenFolder(const QString& path, const QString& verb) {
+    int code = 0;
+    try {
+        Yield();
+        controls_.window.setCursor(Qt::WaitCursor);
+        if (services_.files.CanEnter(path))
+            code = services_.shellServices.OpenFolder(path, verb);
+    } catch (...) {
+        code = 0;
+    }
+    controls_.window.unsetCursor();
+    if (code > LastShellFailure)
+        return;
+    services_.dialogs.Message(MessageIcon::Critical,
+                              QStringLiteral("Failed to ") + verb.toLower() + u' ' + path,
+                              QStringLiteral("Folder Error..."));
+}
+
+void ListOperations::SampleFile(const QString& path) {
+    controls_.window.setCursor(Qt::WaitCursor);
+    services_.shellServices.ShellRun(path);
+    controls_.window.unsetCursor();
+}
+
+void ListOperations::ErrDescMnu_Click() {
+    qint32 number = 0;
+    QString description;
+    try {
+        Yield();
+        number = ErrorNumberOf(
+            controls_.lvwDownloads.SubItem(SelectedDownloadRow_, DownloadItem::Status));
+        description = ErrorDescription(number);
+    } catch (...) {
+        number = CurrentFailure().Number();
+        description = CurrentFailure().Description();
+    }
+    QString text =
+        QStringLiteral("Error #") + QString::number(number) + QStringLiteral(" - ") + description;
+    if (number == static_cast<qint32>(ErrorNumber::CannotCreateObject))
+        text += QStringLiteral(
+            "\r\n(Re-installation of the application will usually solve this problem.)");
+    services_.dialogs.Message(MessageIcon::Information, text, QStringLiteral("Error Description"));
+}
+
+void ListOperations::cmdClearLst_Click() {
+    Trapped(QStringLiteral("Error in clearing"), [this] { ClearLists(); });
+    controls_.lvwResults.setUpdatesEnabled(true);
+    controls_.picListHolder.update();
+    controls_.lvwResults.Refresh();
+    controls_.window.unsetCursor();
+    jobControls_.EnableButtons(true, JobKind::Abortable);
+}
+
+void ListOperations::ClearLists() {
+    controls_.window.setCursor(Qt::WaitCursor);
+    jobControls_.EnableButtons(false, JobKind::Abortable);
+    Yield();
+    controls_.lvwResults.setUpdatesEnabled(false);
+    controls_.lvwResults.Clear();
+    queue_.ClearAllMnu_Click();
+    controls_.RetFileLbl.setText(QStringLiteral("---"));
+    controls_.window.unsetCursor();
+    const MessageAnswer answer = services_.dialogs.Message(
+        MessageIcon::Question,
+        QStringLiteral("Would you also like to clear the drop-down search list?"),
+        QStringLiteral("Clear search list?"), MessageButtons::YesNo);
+    if (answer != MessageAnswer::Yes)
+        return;
+    controls_.window.setCursor(Qt::WaitCursor);
+    // The items only: what is typed stays.
+    const QString text = controls_.LstSearchFor.currentText();
+    controls_.LstSearchFor.clear();
+    controls_.LstSearchFor.setEditText(text);
+}
+
+} // namespace netrove

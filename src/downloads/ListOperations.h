@@ -1,0 +1,119 @@
+#pragma once
+
+#include "controls/ListView.h"
+#include "downloads/DownloadQueue.h"
+#include "mainwindow/services/ShellServices.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/NetworkEnumeration.h"
+#include "platform/Shell.h"
+#include "search/Settings.h"
+#include "searchrun/JobControls.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+
+#include <functional>
+
+namespace netrove {
+
+/// What the two lists of the main window do under the mouse and the keyboard: sorting, pop-up
+/// menus, opening folders and files, copying and dragging, clearing. Failures end in message boxes.
+class ListOperations {
+public:
+    struct Controls {
+        QWidget& window;
+        QWidget& picListHolder;
+        ListView& lvwResults;
+        ListView& lvwDownloads;
+        QLabel& RetFileLbl;
+        QComboBox& LstSearchFor;
+    };
+    /// The menu at lvwDownloads, and those of its items that come and go.
+    struct DownloadsMenu {
+        QMenu& PopUp1Mnu;
+        QAction& ClearMnu;
+        QAction& mnuSep6;
+        QAction& mnuSampleFileLoc;
+        QAction& mnuSep8;
+        QAction& ErrDescMnu;
+    };
+    /// The menu at lvwResults, and those of its items whose captions change.
+    struct ResultsMenu {
+        QMenu& PopUp2Mnu;
+        QAction& mnuTheWkGP;
+        QAction& mnuSampleFile;
+    };
+    struct Services {
+        NetworkEnumeration& network;
+        FileAccess& files;
+        Shell& shell;
+        ShellServices& shellServices;
+        Dialogs& dialogs;
+        const Settings& settings;
+    };
+
+    ListOperations(const Controls& controls, const DownloadsMenu& downloadsMenu,
+                   const ResultsMenu& resultsMenu, const JobControls& jobControls,
+                   const Services& services, DownloadQueue& queue);
+
+    /// Whether the network has workgroups, so that a computer's can be shown. True at first.
+    void SetIsWinNT(bool isWinNT) { isWinNT_ = isWinNT; }
+
+    /// Sort by the clicked column, or by the hidden key that belongs to it.
+    void lvwResults_ColumnClick(int column);
+    void lvwDownloads_ColumnClick(int column);
+
+    /// Show the menu for the current row, at this place of the screen. The one for results asks
+    /// the network for the computer's workgroup first, and takes as long as that takes.
+    void lvwResults_MouseDown(const QPoint& globalPosition);
+    void lvwDownloads_MouseDown(const QPoint& globalPosition);
+
+    /// Of the row that the menu was shown for.
+    void OpenFolMnu_Click() { OpenFolder(ResultLocation_, QStringLiteral("Open")); }
+    void ExpFolMnu_Click() { OpenFolder(ResultLocation_, QStringLiteral("Explore")); }
+    void mnuSampleFile_Click() { SampleFile(ResultLocation_ + ResultName_); }
+
+    /// The folder for downloads, and the copy in it of the row that the menu was shown for. Index
+    /// 0 opens the folder, any other explores it.
+    void mnuViewFolder_Click(int index);
+    void mnuSampleFileLoc_Click() { SampleFile(services_.settings.SaveFolder + DownloadName_); }
+    /// Tells what the error number of that row means.
+    void ErrDescMnu_Click();
+
+    /// Opens a folder with the verb "Open" or "Explore"; a box says where that fails.
+    void OpenFolder(const QString& path, const QString& verb);
+
+    /// Puts the files of the selected rows on the clipboard, as paths and as addresses.
+    void CopyFiles(const ListView& list);
+
+    /// Empties both lists, except for running downloads, and asks whether the earlier searches
+    /// shall go too.
+    void cmdClearLst_Click();
+
+private:
+    void Trapped(const QString& title, const std::function<void()>& work);
+    void Sort(ListView& list, int column, const QString& failureTitle);
+    void ShowDownloadsMenu(const QPoint& globalPosition);
+    void ShowResultsMenu(const QPoint& globalPosition);
+    [[nodiscard]] QString WorkgroupCaption() const;
+    void SampleFile(const QString& path);
+    void ClearLists();
+    void SetDragContent(ListView& list);
+
+    Controls controls_;
+    DownloadsMenu downloadsMenu_;
+    ResultsMenu resultsMenu_;
+    JobControls jobControls_;
+    Services services_;
+    DownloadQueue& queue_;
+    bool isWinNT_ = true;
+    QString ResultName_;
+    QString ResultLocation_;
+    QString DownloadName_;
+    qint32 SelectedDownloadRow_ = 0;
+};
+
+} // namespace netrove

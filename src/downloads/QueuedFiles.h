@@ -1,0 +1,30 @@
+#pragma once
+
+#include "controls/ListView.h"
+
+#include <QSet>
+#include <QString>
+
+#include <utility>
+
+namespace netrove {
+
+/// Which files have a row in the list of downloads, whatever its state. The list is the truth: when
+/// rows have come or gone that this index hasn't been told of, it's made anew.
+class QueuedFiles {
+public:
+    explicit QueuedFiles(const ListView& lvwDownloads) : list_(lvwDownloads) {}
+
+    /// Compares exactly, case included.
+    [[nodiscard]] bool Contains(const QString& location, const QString& name);
+
+    /// Tells the index of the one row that has been added since Contains.
+    void NoteAdded(const QString& location, const QString& name);
+
+private:
+    const ListView& list_;
+    QSet<std::pair<QString, QString>> files_;
+    quint64 version_ = 0; ///< of the list's rows, that files_ holds
+};
+
+} // namespace netrove

@@ -1,0 +1,310 @@
+#include "downloads/DownloadQueue.h"
+
+#include "downloads/DownloadRows.h"
+#include "fakes/CommandedCopier.h"
+#include "fakes/DesktopFakes.h"
+#include "mainwindow/windowservices/SortListView.h"
+#include "platform/desktop/WindowYield.h"
+#include "runtime/Yield.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// The queue over two lists, with timers that don't keep a test waiting, and a pass of the event
+/// loop at every yield.
+class Queue : public testing::Test {
+protected:
+    Queue() {
+        for (int column = 1; column <= 12; ++column)
+            results.AddColumn(QString::number(column), Qt::AlignLeft, 600);
+        for (int column = 1; column <= 9; ++column)
+            downloads.AddColumn(QString::number(column), Qt::AlignLeft, 600);
+        status.AddPanel(Text("Idle"), 1000);
+        status.AddPanel(QString(), 5000);
+        tabs.addTab(new QWidget, Text("Results"));
+        tabs.addTab(new QWidget, Text("Downloads"));
+        settings.SaveFolder = folder.path() + u'/';
+        queue.SetCopier(copier.get());
+        Timer("DloadScanTmr").setInterval(1);
+        Timer("DloadQueueTmr").setInterval(1);
+        SetYieldAlways(true);
+    }
+    ~Queue() override { SetYieldAlways(false); }
+
+    QTimer& Timer(const char* name) { return *window.findChild<QTimer*>(Text(name)); }
+
+    void AddResult(const char* location, const char* name) {
+        const int row = results.Add(Text(name));
+        results.SetSubItem(row, 1, Text(location));
+        const int numbers[] = {2, 3, 4, 8, 9};
+        for (const int number : numbers)
+            results.SetSubItem(row, number, Text(name) + QString::number(number));
+    }
+
+    /// Adds these files of \\S\D as results and queues them.
+    void QueueFiles(std::initializer_list<const char*> names) {
+        results.Clear();
+        for (const char* name : names)
+            AddResult("\\\\S\\D\\", name);
+        QueueAll();
+    }
+
+    void QueueAll() {
+        for (int row = 1; row <= results.Count(); ++row)
+            results.SetSelected(row, true);
+        queue.lvwResults_DblClick();
+    }
+
+    /// The rows as "name: state", in the order of the list.
+    [[nodiscard]] QString Rows() const {
+        QStringList rows;
+        for (int row = 1; row <= downloads.Count(); ++row)
+            rows.append(downloads.Text(row) + Text(": ") +
+                        downloads.SubItem(row, DownloadItem::Status));
+        return rows.join(Text(", "));
+    }
+
+    void ExpectRows(const char* expected) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Rows() == Text(expected); }))
+            << "there is " << Rows().toStdString() << "\nnot      " << expected;
+    }
+
+    /// Lets both timers tick, several times.
+    void LetTick() {
+        int ticks = 0;
+        const QMetaObject::Connection scan = QObject::connect(
+            &Timer("DloadScanTmr"), &QTimer::timeout, &window, [&ticks] { ++ticks; });
+        EXPECT_TRUE(QTest::qWaitFor([&ticks] { return ticks >= 3; }));
+        QObject::disconnect(scan);
+    }
+
+    void PutFile(const char* name) const {
+        QFile file(folder.path() + u'/' + Text(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+
+    QTemporaryDir folder;
+    QWidget window;
+    QTabWidget tabs{&window};
+    ListView results{&window};
+    ListView downloads{&window};
+    QLabel caption{Text("---"), &window};
+    StatusBar status{&window};
+    Settings settings;
+    RecordedDialogs dialogs;
+    WindowYield yield;
+    std::unique_ptr<CommandedCopier> copier = std::make_unique<CommandedCopier>();
+    DownloadQueue queue{{window, tabs, results, downloads, caption, status}, {settings, dialogs}};
+};
+
+TEST_F(Queue, GoesThroughItsStates) {
+    EXPECT_FALSE(Timer("DloadScanTmr").isActive());
+    AddResult("\\\\S\\D\\", "a");
+    queue.lvwResults_DblClick();
+    EXPECT_EQ(downloads.Count(), 0) << "nothing is selected";
+    EXPECT_FALSE(Timer("DloadScanTmr").isActive());
+
+    QueueFiles({"a"});
+    EXPECT_EQ(tabs.currentIndex(), 1);
+    QString texts;
+    for (const int number : {1, 2, 3, 4, 6, 7})
+        texts += downloads.SubItem(1, number) + u' ';
+    EXPECT_EQ(texts, Text("\\\\S\\D\\ a2 a3 a4 a8 a9 "));
+    ExpectRows("a: Downloading");
+    EXPECT_EQ(copier->Accepted, QStringList(Text("\\\\S\\D\\a > ") + settings.SaveFolder + u'a'));
+    EXPECT_EQ(downloads.SubItem(1, DownloadItem::CopyID), Text("copy 1"));
+
+    QueueFiles({"b"});
+    ExpectRows("a: Downloading, b: Downloading");
+    copier->Finish(2, 57);
+    copier->Finish(1);
+    ExpectRows("a: Done!, b: Error (57)");
+    EXPECT_EQ(downloads.ForeColor(1), QColor(0, 255, 0));
+    EXPECT_EQ(downloads.SubItemForeColor(1, 8), QColor(0, 255, 0));
+    EXPECT_EQ(downloads.ForeColor(2), QColor(255, 0, 0));
+    copier->Finish(7);
+    Q_EMIT copier->CopyDone(QString(), 1);
+    LetTick();
+    ExpectRows("a: Done!, b: Error (57)");
+    EXPECT_EQ(copier->Accepted.size(), 2) << "no state leads back";
+}
+
+TEST_F(Queue, AStartThatFailsBecomesTheState) {
+    copier->Refusal = ErrorNumber::FileNotFound;
+    QueueFiles({"a"});
+    ExpectRows("a: Error (53)");
+    EXPECT_FALSE(downloads.ForeColor(1).isValid());
+    copier.reset();
+    QueueFiles({"b"});
+    ExpectRows("a: Error (53), b: Error (429)");
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
+}
+
+TEST_F(Queue, StartsOneMoreThanTheLimit) {
+    settings.MaxConcurrentDownloads = 1;
+    QueueFiles({"a", "b", "c"});
+    ExpectRows("a: Downloading, b: Downloading, c: Pending");
+    LetTick();
+    ExpectRows("a: Downloading, b: Downloading, c: Pending");
+    EXPECT_EQ(caption.text(), Text("1 file in queue to be downloaded."));
+    copier->Finish(2, 70);
+    ExpectRows("a: Downloading, b: Error (70), c: Downloading");
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return caption.text() == Text("0 files in queue to be downloaded."); }));
+}
+
+TEST_F(Queue, QueuesEachFileOnce) {
+    settings.SwitchToDloadTab = false;
+    AddResult("\\\\S\\D\\", "a");
+    AddResult("\\\\S\\E\\", "a");
+    AddResult("\\\\S\\D\\", "A");
+    QueueAll();
+    EXPECT_EQ(tabs.currentIndex(), 0);
+    ExpectRows("a: Downloading, a: Downloading, A: Downloading");
+    copier->Finish(1);
+    ExpectRows("a: Done!, a: Downloading, A: Downloading");
+    QueueAll();
+    ExpectRows("a: Done!, a: Downloading, A: Downloading");
+    queue.ClearAllMnu_Click();
+    QueueAll();
+    ExpectRows("a: Downloading, A: Downloading, a: Downloading");
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
+}
+
+TEST_F(Queue, AsksOnceBeforeItOverwrites) {
+    PutFile("a");
+    dialogs.Answer = MessageAnswer::No;
+    // Ticks go by while the question is open.
+    dialogs.OnMessage = [this] {
+        EXPECT_EQ(Rows(), Text("a: Pending, b: Pending"));
+        QTest::qWait(20);
+        queue.DownLoadIt(1);
+        queue.DownLoadIt(2);
+    };
+    QueueFiles({"a", "b"});
+    ExpectRows("a: No O/W, b: Downloading");
+    EXPECT_EQ(dialogs.Shown, QStringList(Text("Overwrite file?...: ") + settings.SaveFolder +
+                                         Text("a\r\nThe file already exists. Overwrite it?")));
+    EXPECT_FALSE(downloads.ForeColor(1).isValid());
+
+    downloads.SetSelected(1, true);
+    queue.ClearMnu_Click();
+    dialogs.Answer = MessageAnswer::Yes;
+    dialogs.OnMessage = {};
+    QueueFiles({"a"});
+    ExpectRows("b: Downloading, a: Downloading");
+    EXPECT_EQ(copier->Accepted.size(), 2);
+
+    // A row that is cleared under its question isn't started, whatever the answer.
+    PutFile("c");
+    dialogs.OnMessage = [this] { queue.ClearAllMnu_Click(); };
+    QueueFiles({"c"});
+    ExpectRows("b: Downloading, a: Downloading");
+    EXPECT_EQ(dialogs.Shown.size(), 3);
+    EXPECT_EQ(copier->Accepted.size(), 2);
+}
+
+TEST_F(Queue, LosesNoCompletion) {
+    // The copy has ended before its id is known.
+    copier->OnAccept = [this](const QString& id) {
+        copier->Running.remove(id);
+        Q_EMIT copier->CopyDone(id, 0);
+    };
+    QueueFiles({"a", "b"});
+    ExpectRows("a: Done!, b: Done!");
+    // The list is turned over between a copy's start and its end.
+    copier->OnAccept = [this](const QString& /*id*/) {
+        SortListView(downloads, 1, 1, false, dialogs);
+    };
+    QueueFiles({"c", "d", "e"});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return copier->Accepted.size() == 5; }));
+    SortListView(downloads, 1, 1, false, dialogs);
+    copier->Finish(3, 3);
+    copier->Finish(4, 4);
+    copier->Finish(5, 5);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !Rows().contains(Text("Downloading")); }));
+    for (int row = 1; row <= downloads.Count(); ++row) {
+        const int copy = copier->Accepted.indexOf(QRegularExpression(
+                             Text("^\\\\\\\\S\\\\D\\\\") + downloads.Text(row) + Text(" > .*"))) +
+                         1;
+        EXPECT_EQ(downloads.SubItem(row, DownloadItem::CopyID), Text("copy %1").arg(copy));
+        EXPECT_EQ(downloads.SubItem(row, DownloadItem::Status),
+                  copy <= 2 ? Text("Done!") : Text("Error (%1)").arg(copy));
+    }
+}
+
+TEST_F(Queue, ClearsAllButRunningRows) {
+    settings.MaxConcurrentDownloads = 1;
+    QueueFiles({"a", "b", "c", "d", "e"});
+    ExpectRows("a: Downloading, b: Downloading, c: Pending, d: Pending, e: Pending");
+    for (const int row : {1, 3})
+        downloads.SetSelected(row, true);
+    queue.ClearMnu_Click();
+    ExpectRows("a: Downloading, b: Downloading, d: Pending, e: Pending");
+    EXPECT_EQ(downloads.SelectedCount(), 0);
+    queue.ClearAllMnu_Click();
+    ExpectRows("a: Downloading, b: Downloading");
+    copier->Finish(1);
+    copier->Finish(2);
+    ExpectRows("a: Done!, b: Done!");
+    queue.ClearAllMnu_Click();
+    EXPECT_EQ(downloads.Count(), 0);
+    EXPECT_TRUE(Timer("DloadScanTmr").isActive());
+}
+
+TEST_F(Queue, ShowsHowFarACopyIs) {
+    QueueFiles({"a"});
+    ExpectRows("a: Downloading");
+    copier->Running[Text("copy 1")] = {.copied = 30, .length = 120, .bytesPerSecond = 2048};
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+        const auto progress = downloads.Progress(1, DownloadItem::Status);
+        return progress && progress->share == 0.25;
+    }));
+    const QString note = downloads.Progress(1, DownloadItem::Status)->note;
+    EXPECT_TRUE(note.startsWith(Text("25 %, 2"))) << note.toStdString();
+    EXPECT_EQ(status.Text(2), Text("a: ") + note);
+    ExpectRows("a: Downloading");
+    status.SetText(1, Text("Searching..."));
+    status.SetText(2, Text("path"));
+    copier->Finish(1);
+    ExpectRows("a: Done!");
+    LetTick();
+    EXPECT_FALSE(downloads.Progress(1, DownloadItem::Status));
+    EXPECT_EQ(status.Text(2), Text("path")) << "it belongs to the search";
+    status.SetText(1, Text("Idle"));
+    LetTick();
+    EXPECT_EQ(status.Text(2), QString());
+}
+
+TEST_F(Queue, TakesAsManyRowsAsItCanCount) {
+    SetYieldAlways(false);
+    Timer("DloadScanTmr").setInterval(100000);
+    for (int number = 0; number <= DownloadQueue::MaxRows; ++number)
+        AddResult("\\\\S\\D\\", QByteArray::number(number).constData());
+    QElapsedTimer timer;
+    timer.start();
+    QueueAll();
+    EXPECT_EQ(downloads.Count(), DownloadQueue::MaxRows);
+    EXPECT_EQ(dialogs.Shown, QStringList(Text("Error in Results Col DblClick: 6\r\nOverflow")));
+    EXPECT_TRUE(Timer("DloadScanTmr").isActive());
+    downloads.selectAll();
+    EXPECT_EQ(downloads.SelectedCount(), DownloadQueue::MaxRows);
+    queue.ClearMnu_Click();
+    EXPECT_EQ(downloads.Count(), 0);
+    // Walking the list for every row would take minutes.
+    EXPECT_LT(timer.elapsed(), 20000);
+    RecordProperty("milliseconds", std::to_string(timer.elapsed()));
+}
+
+} // namespace
+} // namespace netrove
