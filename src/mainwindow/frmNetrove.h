@@ -15,6 +15,7 @@
 #include "searchrun/SearchStart.h"
 #include "searchrun/SearchState.h"
 #include "skins/NCSizeModifier.h"
+#include "storage/ResultsFile.h"
 #include "storage/SettingsFile.h"
 
 #include <QMainWindow>
@@ -85,6 +86,7 @@ private:
     SearchRun run_;
     PredefinedPatterns patterns_;
     SearchStart start_;
+    ResultsFile resultsFile_;
     SettingsFile settingsFile_;
 
     std::unique_ptr<InstanceMarker> marker_;
