@@ -5,11 +5,12 @@
 #include "runtime/Formats.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "storage/RowLoader.h"
 #include "storage/results/ResultsFormat.h"
+#include "storage/results/ResultsReader.h"
 
 #include <QDateTime>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <array>
@@ -19,10 +20,6 @@ namespace {
 
 /// Columns of a row that are saved: all but the file's type and extension.
 constexpr std::size_t SavedColumns = 10;
-
-/// Milliseconds that a load may go without a row, and so without a yield, before the user's input
-/// is served.
-constexpr qint64 LongestSilence = 50;
 
 /// The shell's codes above it mean success.
 constexpr int LastFailureCode = 32;
@@ -193,7 +190,8 @@ void ResultsFile::LoadResFile(const QString& strFile) {
         EndJob();
         return;
     }
-    const qint32 loaded = LoadRows(reader);
+    const qint32 loaded =
+        RowLoader(services_.files, services_.settings, state_, rows_).Load(reader);
     controls_.RetFileLbl.setText(
         Summary(state_.AbandonFlag, QStringLiteral("Loaded"), loaded, started) +
         u" (Max return is set to " + QString::number(services_.settings.MaxReturnFiles) + u')');
@@ -210,34 +208,6 @@ void ResultsFile::BindList() {
     const QString heading = SizeHeading(settings.SizeFormat);
     controls_.lvwResults.SetHeaderText(ResultColumn::Size, heading);
     controls_.lvwDownloads.SetHeaderText(ResultColumn::Size, heading);
-}
-
-/// Gives the number of files that were there. Files that are missing come in long runs where a
-/// computer is off: the user can abort those too.
-qint32 ResultsFile::LoadRows(ResultsReader& reader) {
-    qint32 loaded = 0;
-    QElapsedTimer silence;
-    silence.start();
-    while (!reader.AtEnd() && !state_.AbandonFlag) {
-        const std::optional<QString> path = reader.NextPath();
-        if (path && Exists(*path)) {
-            ++loaded;
-            FailureOf([&] { rows_.SearchEvt_ItemFound(*path); });
-            if (state_.FilesFound >= services_.settings.MaxReturnFiles)
-                break;
-        } else if (silence.elapsed() < LongestSilence) {
-            continue;
-        }
-        Yield();
-        silence.start();
-    }
-    return loaded;
-}
-
-bool ResultsFile::Exists(const QString& path) const {
-    bool isFile = false;
-    FailureOf([&] { isFile = (services_.files.Attributes(path) & FileAttribute::Directory) == 0; });
-    return isFile;
 }
 
 void ResultsFile::BeginJob(const QString& status) {

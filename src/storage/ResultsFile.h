@@ -11,14 +11,12 @@
 #include "searchrun/JobControls.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
-#include "storage/results/ResultsReader.h"
 #include "storage/results/ResultsWriter.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
 
-#include <functional>
 #include <optional>
 
 namespace netrove {
@@ -89,8 +87,6 @@ private:
 
     void LoadSteps();
     void BindList();
-    [[nodiscard]] qint32 LoadRows(ResultsReader& reader);
-    [[nodiscard]] bool Exists(const QString& path) const;
 
     void BeginJob(const QString& status);
     void EndJob();

@@ -12,7 +12,7 @@ namespace netrove {
 class ResultsReader {
 public:
     /// Bytes of a line that are looked at; no path is as long. What is behind them is passed over.
-    static constexpr qint64 MaxLine = 256 * 1024;
+    static constexpr qint64 MaxLine = 64 * 1024;
 
     explicit ResultsReader(const QString& path) : file_(path) {}
 
