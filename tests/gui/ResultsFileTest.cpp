@@ -308,6 +308,23 @@ TEST_F(ResultsWindow, SkipsLinesWithoutAFile) {
     ExpectIdle();
 }
 
+TEST_F(ResultsWindow, ListsAFolderOnceForManyLines) {
+    SetYieldAlways(false);
+    QByteArray bytes = FileOf(1200) + "\"one.mp3\",\"\\\\T\\E\\\"\r\n";
+    int listed = 0;
+    int asked = 0;
+    network.OnCall = [&](const QString& call) {
+        listed += call == Text("enter \\\\S\\D\\") ? 1 : 0;
+        asked += call.startsWith(Text("attributes \\\\S\\D\\file")) ? 1 : 0;
+        EXPECT_FALSE(call.startsWith(Text("enter \\\\T"))) << "not for one line";
+    };
+    Load(Write("many.nrr", bytes));
+    EXPECT_EQ(Rows().size(), 1200);
+    EXPECT_GE(listed, 1);
+    EXPECT_LE(listed, 5);
+    EXPECT_GE(asked, 1200);
+}
+
 TEST_F(ResultsWindow, ALoadCanBeAborted) {
     const QString path = Write("five.nrr", FileOf(5));
     WhenCaptionIs(Text("Search in progress. 3 files found."), [&] {
