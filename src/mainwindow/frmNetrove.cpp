@@ -7,6 +7,7 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "skins/StandardFrame.h"
+#include "storage/ResultsDrop.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -68,6 +69,13 @@ frmNetrove::frmNetrove(const ProgramServices& services)
               *controls_.DownloadLbl, *controls_.stbStatus},
              {settings_, services.dialogs})
     , lists_(MakeListOperations())
+    , resultsFile_(
+          {*this, *controls_.RetFileLbl, *controls_.stbStatus, *controls_.SSTab1,
+           *controls_.cmdStartSearch, *controls_.cmdAbandon, *controls_.lvwResults,
+           *controls_.lvwDownloads, controls_.Icons()},
+          MakeJobControls(),
+          {services.files, settings_, services.dialogs, shell_, services.applicationFolder}, state_,
+          rows_)
     , settingsFile_({*this, *controls_.LstSearchFor, *controls_.chkRecurse, *controls_.lvwResults,
                      *controls_.lvwDownloads},
                     {.settings = settings_,
@@ -91,6 +99,9 @@ void frmNetrove::ConnectControls() {
     connect(controls_.SSTab1, &QTabWidget::tabBarClicked, this, [this] {
         controls_.picListHolder->update();
         controls_.stbStatus->update();
+    });
+    new ResultsDrop(*controls_.lvwResults, [this](const QStringList& files) {
+        resultsFile_.lvwResults_OLEDragDrop(files);
     });
     controls_.HyperLbl->installEventFilter(this);
     controls_.cmdAbandon->setEnabled(false);
@@ -131,6 +142,11 @@ void frmNetrove::ConnectSearchParameters() {
 
 MainMenu* frmNetrove::MakeMenu() {
     auto* menu = new MainMenu(*menuBar(), *this);
+    menu->Connect(Text("mnuSaveResFile"), this, [this] { resultsFile_.mnuSaveResFile_Click(); });
+    menu->Connect(Text("mnuLoadResFile"), this, [this] { resultsFile_.mnuLoadResFile_Click(); });
+    for (const int index : {0, 1})
+        menu->Connect(Element("mnuListsFol", index), this,
+                      [this, index] { resultsFile_.mnuListsFol_Click(index); });
     menu->Connect(Text("mnuExit1"), this, [this] { close(); });
     menu->Connect(Text("mnuCont"), this, [this] { OpenHelp(); });
     menu->Connect(Text("mnuTBS"), this, [this] { shell_.ShellRun(services_.webAddress); });

@@ -17,6 +17,7 @@
 #include "searchrun/SearchStart.h"
 #include "searchrun/SearchState.h"
 #include "skins/NCSizeModifier.h"
+#include "storage/ResultsFile.h"
 #include "storage/SettingsFile.h"
 
 #include <QMainWindow>
@@ -92,6 +93,7 @@ private:
     SearchStart start_;
     DownloadQueue queue_;
     ListOperations lists_;
+    ResultsFile resultsFile_;
     SettingsFile settingsFile_;
 
     std::unique_ptr<InstanceMarker> marker_;

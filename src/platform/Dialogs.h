@@ -2,11 +2,21 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace netrove {
 
 enum class MessageIcon { None, Critical, Question, Exclamation, Information };
 enum class MessageButtons { Ok, YesNo };
 enum class MessageAnswer { Ok, Yes, No };
+
+/// What a file chooser shows at first.
+struct FileDialogSetup {
+    QString title;
+    QString filter; ///< "description|pattern|description|pattern"; the first one is chosen
+    QString folder; ///< a local path
+    QString fileName = {};
+};
 
 /// All boxes that the program puts before the user go through here, so that a test can answer
 /// them. Lines in texts are separated by CR LF.
@@ -24,6 +34,11 @@ public:
     /// A modal box with a line to type in, empty at first. Gives the text as it was typed; the
     /// empty text where the user cancels.
     [[nodiscard]] virtual QString InputBox(const QString& prompt, const QString& title) = 0;
+
+    /// Lets the user choose a file to read, which exists, or to write, whether it exists or not:
+    /// nothing is asked about overwriting. Gives its local path; nothing where the user cancels.
+    [[nodiscard]] virtual std::optional<QString> OpenFile(const FileDialogSetup& setup) = 0;
+    [[nodiscard]] virtual std::optional<QString> SaveFile(const FileDialogSetup& setup) = 0;
 
     /// The usual box for a run-time failure: critical icon, number, CR LF, description.
     void Failure(int number, const QString& description, const QString& title) {

@@ -1,10 +1,12 @@
 #include "platform/desktop/DesktopDialogs.h"
 
 #include <QAbstractButton>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -92,6 +94,38 @@ TEST_F(DesktopDialogsTest, GivesWhatIsTypedUnlessCancelled) {
                   Press(box, Qt::Key_Escape);
               }),
               QString());
+}
+
+TEST_F(DesktopDialogsTest, LetsFilesBeChosen) {
+    QTemporaryDir folder;
+    const QString existing = folder.filePath(QStringLiteral("old.nrr"));
+    ASSERT_TRUE(QFile(existing).open(QIODevice::WriteOnly));
+    FileDialogSetup setup{.title = QStringLiteral("Choose"),
+                          .filter = QStringLiteral("List (*.nrr)|*.nrr|All Files (*.*)|*.*"),
+                          .folder = folder.path(),
+                          .fileName = QStringLiteral("new.nrr")};
+    const auto user = [&](const char* name, Qt::Key key) {
+        return [&, name = QString::fromLatin1(name), key](QFileDialog& chooser) {
+            EXPECT_EQ(chooser.windowTitle(), setup.title);
+            EXPECT_EQ(chooser.directory().path(), folder.path());
+            EXPECT_EQ(chooser.nameFilters(), (QStringList{QStringLiteral("List (*.nrr) (*.nrr)"),
+                                                          QStringLiteral("All Files (*.*) (*)")}));
+            auto* input = chooser.findChild<QLineEdit*>();
+            EXPECT_EQ(input->text(), setup.fileName);
+            if (!name.isEmpty())
+                input->setText(name);
+            Press(*input, key);
+        };
+    };
+    const auto save = [&] { return dialogs.SaveFile(setup); };
+    const auto open = [&] { return dialogs.OpenFile(setup); };
+    EXPECT_EQ(AnswerBox<QFileDialog>(user("", Qt::Key_Return), save),
+              folder.filePath(QStringLiteral("new.nrr")));
+    // Whoever asks for the file asks about overwriting too.
+    EXPECT_EQ(AnswerBox<QFileDialog>(user("old.nrr", Qt::Key_Return), save), existing);
+    EXPECT_EQ(AnswerBox<QFileDialog>(user("old.nrr", Qt::Key_Escape), save), std::nullopt);
+    setup.fileName.clear();
+    EXPECT_EQ(AnswerBox<QFileDialog>(user("old.nrr", Qt::Key_Return), open), existing);
 }
 
 } // namespace

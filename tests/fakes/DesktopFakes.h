@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <vector>
 
 namespace netrove {
 
@@ -16,6 +17,9 @@ class RecordedDialogs : public Dialogs {
 public:
     QStringList Shown;
     QStringList Inputs; ///< what is typed into the next input boxes; an empty list cancels them
+    /// What is chosen in the next file choosers; an empty list cancels them.
+    QStringList Files;
+    std::vector<FileDialogSetup> Choosers; ///< those that were shown
     MessageAnswer Answer = MessageAnswer::Ok;
     std::function<void()> OnMessage;
     std::function<void()> OnInput; ///< while an input box is up; may throw
@@ -32,6 +36,16 @@ public:
         if (OnInput)
             OnInput();
         return Inputs.isEmpty() ? QString() : Inputs.takeFirst();
+    }
+    std::optional<QString> OpenFile(const FileDialogSetup& setup) override { return Choose(setup); }
+    std::optional<QString> SaveFile(const FileDialogSetup& setup) override { return Choose(setup); }
+
+private:
+    std::optional<QString> Choose(const FileDialogSetup& setup) {
+        Choosers.push_back(setup);
+        if (Files.isEmpty())
+            return std::nullopt;
+        return Files.takeFirst();
     }
 };
 

@@ -166,6 +166,7 @@ qint64 MemoryNetwork::Length(const QString& path) {
 }
 
 quint32 MemoryNetwork::Attributes(const QString& path) {
+    Call(QLatin1String("attributes ") + path);
     if (!lengths_.contains(path))
         throw RunTimeError(ErrorNumber::FileNotFound);
     return FileAttribute::Archive;

@@ -24,7 +24,8 @@ public:
     /// Folders begin with "." and "..".
     void AddFile(const QString& path, qint64 length = 0);
 
-    /// Raised before every call, as "open X", "list X", "enter X", "workgroup X"; may throw.
+    /// Raised before these calls, as "open X", "list X", "enter X", "workgroup X",
+    /// "attributes X"; may throw.
     std::function<void(const QString& call)> OnCall;
 
     QSet<QString> Unlistable; ///< remote names whose enumeration can't be opened

@@ -42,6 +42,12 @@ public:
     QString InputBox(const QString& /*prompt*/, const QString& /*title*/) override {
         return QString();
     }
+    std::optional<QString> OpenFile(const FileDialogSetup& /*setup*/) override {
+        return std::nullopt;
+    }
+    std::optional<QString> SaveFile(const FileDialogSetup& /*setup*/) override {
+        return std::nullopt;
+    }
 };
 
 TEST(ShellServices, RunsAndTellsFailures) {

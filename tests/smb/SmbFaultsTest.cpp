@@ -168,6 +168,29 @@ TEST_F(SmbFaultsTest, APortThatTakesNoConnectionCostsOneLimit) {
     EXPECT_EQ(provider->Pool().IdleProcesses().size(), 1u);
 }
 
+TEST_F(SmbFaultsTest, ADeadComputerIsTriedEverMoreRarely) {
+    const FullPort port;
+    SmbLimits limits = Limits(&SmbLimits::connect, 150ms);
+    limits.deadFor = 200ms;
+    const auto provider = Provider(port.Port(), limits);
+    /// Asks until that takes the limit again, and gives the time until then in milliseconds.
+    const auto rest = [&] {
+        QElapsedTimer all;
+        all.start();
+        for (;;) {
+            const qint64 begun = all.elapsed();
+            EXPECT_EQ(Count(*provider, small_), -1);
+            if (all.elapsed() - begun >= 150)
+                return begun;
+            usleep(5000);
+        }
+    };
+    EXPECT_EQ(rest(), 0);
+    EXPECT_GE(rest(), 199);
+    EXPECT_GE(rest(), 399);
+    EXPECT_GE(rest(), 799);
+}
+
 TEST_F(SmbFaultsTest, AComputerThatSaysNothingCostsOneLimit) {
     FaultyProxy proxy(samba_->Port());
     proxy.FallSilentAfter(0);

@@ -1,6 +1,8 @@
 #include "platform/desktop/DesktopDialogs.h"
 
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,6 +27,29 @@ QMessageBox::Icon BoxIcon(MessageIcon icon) {
         return QMessageBox::Information;
     }
     Q_UNREACHABLE();
+}
+
+/// "Text (*.txt)|*.txt" as the chooser takes it: the pattern in brackets behind the description,
+/// which the chooser hides.
+QStringList NameFilters(const QString& filter) {
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype at = 0; at + 1 < parts.size(); at += 2) {
+        const QString pattern = parts[at + 1] == u"*.*" ? QStringLiteral("*") : parts[at + 1];
+        filters.append(parts[at] + u" (" + pattern + u')');
+    }
+    return filters;
+}
+
+std::optional<QString> ChooseFile(QFileDialog& chooser, const FileDialogSetup& setup) {
+    chooser.setWindowModality(Qt::ApplicationModal);
+    chooser.setOption(QFileDialog::HideNameFilterDetails);
+    chooser.setNameFilters(NameFilters(setup.filter));
+    if (!setup.fileName.isEmpty())
+        chooser.selectFile(setup.fileName);
+    if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty())
+        return std::nullopt;
+    return QDir::toNativeSeparators(chooser.selectedFiles().constFirst());
 }
 
 } // namespace
@@ -58,6 +83,20 @@ QString DesktopDialogs::InputBox(const QString& prompt, const QString& title) {
     for (QLabel* label : box.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+}
+
+std::optional<QString> DesktopDialogs::OpenFile(const FileDialogSetup& setup) {
+    QFileDialog chooser(parent_, setup.title, setup.folder);
+    chooser.setFileMode(QFileDialog::ExistingFile);
+    return ChooseFile(chooser, setup);
+}
+
+std::optional<QString> DesktopDialogs::SaveFile(const FileDialogSetup& setup) {
+    QFileDialog chooser(parent_, setup.title, setup.folder);
+    chooser.setAcceptMode(QFileDialog::AcceptSave);
+    chooser.setFileMode(QFileDialog::AnyFile);
+    chooser.setOption(QFileDialog::DontConfirmOverwrite);
+    return ChooseFile(chooser, setup);
 }
 
 } // namespace netrove

@@ -7,9 +7,9 @@
 
 namespace netrove {
 
-/// Message and input boxes of the desktop. They block all windows of the program until they are
-/// answered; texts are shown as they are, never as markup. Escape and the close box mean OK, No or
-/// Cancel.
+/// Message boxes, input boxes and file choosers of the desktop. They block all windows of the
+/// program until they are answered; texts are shown as they are, never as markup. Escape and the
+/// close box mean OK, No or Cancel.
 class DesktopDialogs : public Dialogs {
 public:
     /// The window that the boxes belong to and stand over; none before it is set.
@@ -18,6 +18,8 @@ public:
     MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
                           MessageButtons buttons = MessageButtons::Ok) override;
     [[nodiscard]] QString InputBox(const QString& prompt, const QString& title) override;
+    [[nodiscard]] std::optional<QString> OpenFile(const FileDialogSetup& setup) override;
+    [[nodiscard]] std::optional<QString> SaveFile(const FileDialogSetup& setup) override;
 
 private:
     QPointer<QWidget> parent_;

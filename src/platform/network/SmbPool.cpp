@@ -17,6 +17,10 @@ namespace {
 /// big for the limit.
 constexpr int MaxTimeouts = 2;
 
+/// A dead computer is left alone for so many spans of SmbLimits::deadFor at most. A list of files
+/// on many dead computers would be nothing but waiting if each were tried all the time.
+constexpr int MaxDeadSpans = 16;
+
 QString ServerKey(const SmbRequest& request) {
     return request.host.toLower() + QLatin1Char(':') + QString::number(request.port);
 }
@@ -41,7 +45,8 @@ QString SmbPool::DefaultHelper() {
 int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part) {
     DropOld();
     const QString server = ServerKey(request);
-    if (const auto dead = dead_.constFind(server); dead != dead_.cend())
+    if (const auto dead = dead_.constFind(server);
+        dead != dead_.cend() && Clock::now() <= dead->until)
         return dead->status;
     if (auto worker = TakeIdle(server))
         return RunOn(std::move(worker), server, request, part);
@@ -63,6 +68,8 @@ int SmbPool::RunOn(std::unique_ptr<SmbWorker> worker, const QString& server,
                    const SmbRequest& request, const SmbWorker::Part& part) {
     const int status = worker->Request(request, LimitOf(request.kind), part);
     Keep(server, std::move(worker));
+    if (status == 0)
+        dead_.remove(server);
     if (status != ETIMEDOUT)
         timeouts_.remove(server);
     // So short a limit says nothing of how long the server takes for its files.
@@ -89,7 +96,11 @@ SmbLimits::Time SmbPool::LimitOf(SmbRequest::Kind kind) const {
 
 void SmbPool::Bury(const QString& server, int status) {
     timeouts_.remove(server);
-    dead_.insert(server, {.status = status, .until = Clock::now() + limits_.deadFor});
+    const auto before = dead_.constFind(server);
+    const SmbLimits::Time span = before == dead_.cend()
+                                     ? limits_.deadFor
+                                     : std::min(2 * before->span, MaxDeadSpans * limits_.deadFor);
+    dead_.insert(server, {.status = status, .until = Clock::now() + span, .span = span});
 }
 
 std::unique_ptr<SmbWorker> SmbPool::NewWorker() const {
@@ -149,7 +160,7 @@ void SmbPool::Keep(const QString& server, std::unique_ptr<SmbWorker> worker) {
 void SmbPool::DropOld() {
     const auto now = Clock::now();
     std::erase_if(idle_, [&](const Idle& one) { return now - one.since > limits_.idle; });
-    dead_.removeIf([&](const auto& one) { return now > one->until; });
+    dead_.removeIf([&](const auto& one) { return now > one->until + limits_.deadFor; });
 }
 
 std::vector<pid_t> SmbPool::IdleProcesses() const {

@@ -26,7 +26,8 @@ public:
     /// says why it can't be reached. Blocks, and calls WhileWaiting().
     ///
     /// A server that doesn't take connections, or takes them and doesn't speak SMB, costs one
-    /// short limit and then nothing for a while; one that stops answering costs two.
+    /// short limit and then nothing for a while, which is longer each time that it is tried in
+    /// vain right afterwards; one that stops answering costs two.
     [[nodiscard]] int Run(const SmbRequest& request, const SmbWorker::Part& part);
 
     /// The processes that wait for work.
@@ -43,6 +44,7 @@ private:
     struct Dead {
         int status;
         Clock::time_point until;
+        SmbLimits::Time span; ///< grows each time that it is found dead right after its end
     };
 
     [[nodiscard]] int RunOn(std::unique_ptr<SmbWorker> worker, const QString& server,
@@ -57,8 +59,8 @@ private:
 
     QString helper_;
     SmbLimits limits_;
-    std::vector<Idle> idle_; ///< the longest idle first
-    QHash<QString, Dead> dead_;
+    std::vector<Idle> idle_;       ///< the longest idle first
+    QHash<QString, Dead> dead_;    ///< also those that may be tried again since a little while
     QHash<QString, int> timeouts_; ///< in a row, of servers whose last request had one
 };
 

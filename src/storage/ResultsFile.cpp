@@ -1,0 +1,258 @@
+#include "storage/ResultsFile.h"
+
+#include "mainwindow/services/FileDetails.h"
+#include "mainwindow/services/Paths.h"
+#include "runtime/Formats.h"
+#include "runtime/Text.h"
+#include "runtime/Yield.h"
+#include "storage/RowLoader.h"
+#include "storage/results/ResultsFormat.h"
+#include "storage/results/ResultsReader.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+
+#include <array>
+
+namespace netrove {
+namespace {
+
+/// Columns of a row that are saved: all but the file's type and extension.
+constexpr std::size_t SavedColumns = 10;
+
+/// The shell's codes above it mean success.
+constexpr int LastFailureCode = 32;
+
+template <typename Step>
+std::optional<RunTimeError> FailureOf(Step step) {
+    try {
+        step();
+    } catch (...) {
+        return CurrentFailure();
+    }
+    return std::nullopt;
+}
+
+qint64 Now() {
+    return QDateTime::currentSecsSinceEpoch();
+}
+
+/// "Saved 12 files in 5 seconds.", with another word as the case may be.
+QString Summary(bool aborted, const QString& done, qint32 count, qint64 started) {
+    const qint64 seconds = Now() - started;
+    return (aborted ? u"Aborted, but " + done.toLower() : done) + u' ' + QString::number(count) +
+           u" files in " + QString::number(seconds) + (seconds == 1 ? u" second." : u" seconds.");
+}
+
+} // namespace
+
+QString ResultsFile::ListsFolder() const {
+    return services_.applicationFolder + QDir::separator() + QStringLiteral("Lists");
+}
+
+void ResultsFile::MakeListsFolder() const {
+    if (!QDir().mkpath(ListsFolder()))
+        throw RunTimeError(ErrorNumber::PathFileAccessError);
+}
+
+void ResultsFile::BringResultsToFront() {
+    state_.AbandonFlag = false;
+    controls_.SSTab1.setCurrentIndex(0);
+    MakeListsFolder();
+}
+
+FileDialogSetup ResultsFile::DialogSetup(const QString& title, const QString& fileName) const {
+    return {.title = title,
+            .filter = QStringLiteral("Netrove Results File (*.nrr)|*.nrr|All Files (*.*)|*.*"),
+            .folder = ListsFolder(),
+            .fileName = fileName};
+}
+
+void ResultsFile::EndDialog(const Failure& failure, const QString& title) {
+    controls_.window.unsetCursor();
+    controls_.window.setEnabled(true);
+    if (failure)
+        services_.dialogs.Failure(failure->Number(), failure->Description(), title);
+    state_.AbandonFlag = false;
+}
+
+void ResultsFile::mnuSaveResFile_Click() {
+    EndDialog(FailureOf([this] { SaveSteps(); }), QStringLiteral("Error in saving file"));
+}
+
+void ResultsFile::SaveSteps() {
+    BringResultsToFront();
+    if (controls_.lvwResults.Count() == 0) {
+        services_.dialogs.Message(MessageIcon::Exclamation,
+                                  QStringLiteral("There are no items to save."),
+                                  QStringLiteral("Empty Results List"));
+        return;
+    }
+    const QString name =
+        FormatDate(QDateTime::currentDateTime(), QStringLiteral("YYYYMMDDHHNNSS")) + u".nrr";
+    const auto file =
+        services_.dialogs.SaveFile(DialogSetup(QStringLiteral("Save Netrove Results as..."), name));
+    if (!file || Trim(*file).isEmpty() || !MayWrite(*file))
+        return;
+    bool saved = false;
+    SaveResFile(*file, saved);
+    if (saved)
+        services_.dialogs.Message(MessageIcon::Information,
+                                  QStringLiteral("The file has been written."),
+                                  QStringLiteral("Netrove results file"));
+}
+
+/// Whether the file isn't there yet, or the user wants to have it replaced.
+bool ResultsFile::MayWrite(const QString& strFile) {
+    if (!QFileInfo(strFile).isFile())
+        return true;
+    const MessageAnswer answer = services_.dialogs.Message(
+        MessageIcon::Exclamation,
+        strFile + u"\r\nThe file already exists.\r\nDo you want to overwrite it?",
+        QStringLiteral("File already exists"), MessageButtons::YesNo);
+    if (answer == MessageAnswer::Yes)
+        return true;
+    services_.dialogs.Message(MessageIcon::Information,
+                              QStringLiteral("The file was not generated."),
+                              QStringLiteral("File write aborted"));
+    return false;
+}
+
+void ResultsFile::SaveResFile(const QString& strFile, bool& saved) {
+    saved = false;
+    const qint64 started = Now();
+    qint32 count = 0;
+    std::optional<ResultsWriter> writer;
+    Failure failure = FailureOf([&] {
+        BeginJob(QStringLiteral("Saving..."));
+        WriteRows(writer, strFile, saved, count);
+    });
+    controls_.RetFileLbl.setText(
+        Summary(state_.AbandonFlag, QStringLiteral("Saved"), count, started));
+    EndJob();
+    if (writer) {
+        const Failure closing = FailureOf([&] { writer->Commit(); });
+        saved = saved && !closing;
+        if (!failure)
+            failure = closing;
+    }
+    if (failure)
+        services_.dialogs.Failure(failure->Number(), failure->Description(),
+                                  QStringLiteral("Error in dump-to-file"));
+}
+
+void ResultsFile::WriteRows(std::optional<ResultsWriter>& writer, const QString& strFile,
+                            bool& saved, qint32& count) {
+    writer.emplace(strFile);
+    writer->WriteLine(
+        ResultsFormat::Header(QStringLiteral(NETROVE_VERSION), QDateTime::currentDateTime()));
+    const int rows = controls_.lvwResults.Count();
+    int row = 1;
+    for (; row <= rows && !state_.AbandonFlag; ++row) {
+        writer->WriteLine(RowLine(row));
+        ++count;
+        controls_.RetFileLbl.setText(u"Save in progress. " + QString::number(count) +
+                                     u" files saved.");
+        Yield();
+    }
+    writer->Flush();
+    saved = row > rows;
+}
+
+QByteArray ResultsFile::RowLine(int row) const {
+    std::array<QString, SavedColumns> fields;
+    fields[0] = controls_.lvwResults.Text(row);
+    for (std::size_t column = 1; column < fields.size(); ++column)
+        fields[column] = controls_.lvwResults.SubItem(row, static_cast<int>(column));
+    return ResultsFormat::Line(fields);
+}
+
+void ResultsFile::mnuLoadResFile_Click() {
+    EndDialog(FailureOf([this] { LoadSteps(); }), QStringLiteral("Error in loading file"));
+}
+
+void ResultsFile::LoadSteps() {
+    BringResultsToFront();
+    const auto file = services_.dialogs.OpenFile(
+        DialogSetup(QStringLiteral("Load Netrove Results..."), QString()));
+    if (file && !Trim(*file).isEmpty())
+        LoadResFile(*file);
+}
+
+void ResultsFile::LoadResFile(const QString& strFile) {
+    const qint64 started = Now();
+    FailureOf([this] { BindList(); });
+    BeginJob(QStringLiteral("Loading..."));
+    state_.FilesFound = controls_.lvwResults.Count();
+    ResultsReader reader(strFile);
+    if (!reader.Open()) {
+        EndJob();
+        return;
+    }
+    const qint32 loaded =
+        RowLoader(services_.files, services_.settings, state_, rows_).Load(reader);
+    controls_.RetFileLbl.setText(
+        Summary(state_.AbandonFlag, QStringLiteral("Loaded"), loaded, started) +
+        u" (Max return is set to " + QString::number(services_.settings.MaxReturnFiles) + u')');
+    FailureOf([this] { rows_.ReleaseAudioFile(); });
+    controls_.lvwResults.Refresh();
+    EndJob();
+}
+
+void ResultsFile::BindList() {
+    const Settings& settings = services_.settings;
+    IconImages::BindIcons(controls_.lvwResults, controls_.icons, settings.ShowListIcons,
+                          settings.ListIconType);
+    controls_.lvwResults.Refresh();
+    const QString heading = SizeHeading(settings.SizeFormat);
+    controls_.lvwResults.SetHeaderText(ResultColumn::Size, heading);
+    controls_.lvwDownloads.SetHeaderText(ResultColumn::Size, heading);
+}
+
+void ResultsFile::BeginJob(const QString& status) {
+    jobControls_.EnableButtons(false, JobKind::Abortable);
+    controls_.cmdAbandon.setEnabled(true);
+    controls_.cmdAbandon.setFocus();
+    controls_.stbStatus.SetText(1, status);
+}
+
+void ResultsFile::EndJob() {
+    controls_.cmdAbandon.setEnabled(false);
+    jobControls_.EnableButtons(true, JobKind::Abortable);
+    controls_.stbStatus.SetText(1, QStringLiteral("Idle"));
+    controls_.stbStatus.SetText(2, QString());
+    controls_.stbStatus.SetToolTipText(2, QString());
+}
+
+void ResultsFile::lvwResults_OLEDragDrop(const QStringList& files) {
+    if (!controls_.cmdStartSearch.isEnabled())
+        return;
+    for (const QString& file : files) {
+        Yield();
+        if (!QFileInfo(file).isFile() || !controls_.cmdStartSearch.isEnabled())
+            continue;
+        state_.AbandonFlag = false;
+        if (FileExtension(file) == u"NRR")
+            LoadResFile(file);
+    }
+}
+
+void ResultsFile::mnuListsFol_Click(int index) {
+    const bool explore = index == 1;
+    const auto failure = FailureOf([&] {
+        MakeListsFolder();
+        const int code = services_.shell.OpenFolder(ListsFolder() + QDir::separator(),
+                                                    explore ? QStringLiteral("Explore")
+                                                            : QStringLiteral("Open"));
+        // Without this the user would press the item and see nothing.
+        if (code <= LastFailureCode)
+            throw RunTimeError(ErrorNumber::PathFileAccessError);
+    });
+    if (failure)
+        services_.dialogs.Failure(failure->Number(), failure->Description(),
+                                  explore ? QStringLiteral("Error in exploring 'Lists' folder")
+                                          : QStringLiteral("Error in opening 'Lists' folder"));
+}
+
+} // namespace netrove

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "controls/ListView.h"
+#include "controls/StatusBar.h"
+#include "mainwindow/services/ShellServices.h"
+#include "mainwindow/windowservices/IconImages.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "runtime/RunTimeError.h"
+#include "search/Settings.h"
+#include "searchrun/JobControls.h"
+#include "searchrun/ResultRows.h"
+#include "searchrun/SearchState.h"
+#include "storage/results/ResultsWriter.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include <optional>
+
+namespace netrove {
+
+/// Saves the rows of the results list to a file, and brings them back. The file tells where files
+/// were seen: loading asks for each of them, and makes its row anew.
+class ResultsFile {
+public:
+    struct Controls {
+        QWidget& window;
+        QLabel& RetFileLbl;
+        StatusBar& stbStatus;
+        QTabWidget& SSTab1;
+        QPushButton& cmdStartSearch;
+        QPushButton& cmdAbandon;
+        ListView& lvwResults;
+        ListView& lvwDownloads;
+        IconSets icons;
+    };
+    struct Services {
+        FileAccess& files;
+        const Settings& settings;
+        Dialogs& dialogs;
+        ShellServices& shell;
+        QString applicationFolder; ///< without a closing separator
+    };
+
+    ResultsFile(const Controls& controls, const JobControls& jobControls, const Services& services,
+                SearchState& state, ResultRows& rows)
+        : controls_(controls)
+        , jobControls_(jobControls)
+        , services_(services)
+        , state_(state)
+        , rows_(rows) {}
+
+    /// Let the user choose a file, then save or load. Failures end in a message box.
+    void mnuSaveResFile_Click();
+    void mnuLoadResFile_Click();
+
+    /// Shows the folder of results files: 0 opens, 1 explores it.
+    void mnuListsFol_Click(int index);
+
+    /// Writes all rows to the file, which is replaced at the end. `saved` becomes true only when
+    /// every row was written. After an abort the file has the rows so far; a failure, which is
+    /// told in a box, can leave the earlier file.
+    void SaveResFile(const QString& strFile, bool& saved);
+
+    /// Adds a row for each file of the results file that is still there. No failure is told.
+    void LoadResFile(const QString& strFile);
+
+    /// Loads the results files among those that were dropped on the list.
+    void lvwResults_OLEDragDrop(const QStringList& files);
+
+private:
+    using Failure = std::optional<RunTimeError>;
+
+    [[nodiscard]] QString ListsFolder() const;
+    void MakeListsFolder() const;
+    [[nodiscard]] FileDialogSetup DialogSetup(const QString& title, const QString& fileName) const;
+    void BringResultsToFront();
+    void EndDialog(const Failure& failure, const QString& title);
+
+    void SaveSteps();
+    [[nodiscard]] bool MayWrite(const QString& strFile);
+    void WriteRows(std::optional<ResultsWriter>& writer, const QString& strFile, bool& saved,
+                   qint32& count);
+    [[nodiscard]] QByteArray RowLine(int row) const;
+
+    void LoadSteps();
+    void BindList();
+
+    void BeginJob(const QString& status);
+    void EndJob();
+
+    Controls controls_;
+    JobControls jobControls_;
+    Services services_;
+    SearchState& state_;
+    ResultRows& rows_;
+};
+
+} // namespace netrove

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/Files.h"
+#include "search/Settings.h"
+#include "searchrun/ResultRows.h"
+#include "searchrun/SearchState.h"
+#include "storage/results/ResultsReader.h"
+
+#include <QElapsedTimer>
+#include <QSet>
+
+#include <vector>
+
+namespace netrove {
+
+/// Adds a row for each file of a results file that is still there. Failures are passed over.
+class RowLoader {
+public:
+    RowLoader(FileAccess& files, const Settings& settings, SearchState& state, ResultRows& rows)
+        : files_(files), settings_(settings), state_(state), rows_(rows) {}
+
+    /// Gives the number of files that were there. Ends early when the list is full or the user has
+    /// pressed the abort button. To be called once.
+    [[nodiscard]] qint32 Load(ResultsReader& reader);
+
+private:
+    void ReadAhead(ResultsReader& reader);
+    [[nodiscard]] bool LoadFile(const QString& path);
+    [[nodiscard]] bool Exists(const QString& path);
+    void ServeUser();
+
+    FileAccess& files_;
+    const Settings& settings_;
+    SearchState& state_;
+    ResultRows& rows_;
+    qint32 loaded_ = 0;
+    std::vector<QString> next_; ///< paths of the next lines
+    QSet<QString> shared_;      ///< folders of several of these, which are still to be listed
+    QElapsedTimer sinceServing_;
+};
+
+} // namespace netrove

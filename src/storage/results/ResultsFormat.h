@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QDateTime>
+#include <QString>
+
+#include <optional>
+#include <span>
+
+namespace netrove {
+
+/// The text of a results file: a header, then a line for each row, its fields in double quotes
+/// and separated by commas. Nothing in a field is escaped. What is written is UTF-8; Windows-1252
+/// is read as well.
+namespace ResultsFormat {
+
+/// The first line, without its end.
+[[nodiscard]] QByteArray Header(const QString& version, const QDateTime& saved);
+
+/// Whether a file with this first line is a results file.
+[[nodiscard]] bool IsHeader(QByteArrayView line);
+
+/// The line of a row, without its end. A line break in a field becomes U+FFFD: it would begin a
+/// line of its own.
+[[nodiscard]] QByteArray Line(std::span<const QString> fields);
+
+/// The path of the file that the line is about: its second field, the folder, followed by the
+/// first, the name. Fields end at commas, whatever the quotes say. Nothing for a line of fewer
+/// fields, and for one whose path isn't of the network.
+[[nodiscard]] std::optional<QString> Path(QByteArrayView line);
+
+} // namespace ResultsFormat
+} // namespace netrove
