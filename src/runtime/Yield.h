@@ -25,7 +25,8 @@ void SetYieldAlways(bool always);
 /// the program runs. Waits call it every few tens of milliseconds.
 void WhileWaiting();
 
-/// What WhileWaiting() does. Gives back the one that was set before.
+/// What WhileWaiting() does, in the thread that sets it. It may raise an exception to end the wait.
+/// Gives back the one that was set before.
 std::function<void()> SetWaitingPass(std::function<void()> pass);
 
 } // namespace netrove

@@ -59,7 +59,7 @@ bool IsValid(const SmbRequest& request) {
 }
 
 QDataStream& operator>>(QDataStream& stream, SmbRequest& request) {
-    ReadEnum(stream, request.kind, SmbRequest::Kind::Workgroup);
+    ReadEnum(stream, request.kind, SmbRequest::Kind::Inspect);
     stream >> request.host >> request.port >> request.share >> request.path >> request.offset >>
         request.length;
     if (!IsValid(request))

@@ -15,7 +15,7 @@ inline constexpr int SmbHelperDescriptor = 3;
 
 /// The first message of both sides. Sides that don't speak the same version part.
 struct SmbHello {
-    static constexpr quint32 Version = 2;
+    static constexpr quint32 Version = 3;
     quint32 version = Version;
 };
 
@@ -29,6 +29,7 @@ struct SmbRequest {
         Stat,       ///< SmbEntries with one entry, whose name is empty
         Read,       ///< SmbData
         Workgroup,  ///< SmbWorkgroup
+        Inspect,    ///< as Stat, of a file that is opened for the reads that follow
     };
 
     Kind kind = Kind::ListShares;

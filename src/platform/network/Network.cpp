@@ -297,4 +297,9 @@ std::optional<QString> Network::LocalPath(const QString& path) {
     return place ? place->provider.LocalPath(place->path) : std::nullopt;
 }
 
+std::optional<SmbRequest> Network::ReadRequest(const QString& path) {
+    const auto place = PlaceOf(path);
+    return place ? place->provider.ReadRequest(place->path) : std::nullopt;
+}
+
 } // namespace netrove

@@ -48,6 +48,10 @@ public:
     [[nodiscard]] QByteArray Read(const QString& path, qint64 offset, qint64 length) override;
     [[nodiscard]] std::optional<QString> LocalPath(const QString& path) override;
 
+    /// How a helper of one's own reads the file at a network path: a long transfer doesn't hold up
+    /// this thread. Nothing where the file isn't read over SMB. Asks nobody.
+    [[nodiscard]] std::optional<SmbRequest> ReadRequest(const QString& path);
+
     /// The name of the provider that answers for a computer (with or without "\\"): the first
     /// that knows it, else the first that takes unknown ones; empty if there is none.
     [[nodiscard]] QString ProviderOf(const QString& server);

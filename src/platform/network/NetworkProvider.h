@@ -3,6 +3,7 @@
 #include "platform/Files.h"
 #include "platform/NetworkEnumeration.h"
 #include "platform/network/UncPath.h"
+#include "smb/SmbMessages.h"
 
 #include <QString>
 
@@ -48,6 +49,12 @@ public:
     /// Raises as Info, and ErrorNumber::DeviceIOError where the server fails in the middle.
     [[nodiscard]] virtual QByteArray Read(const UncPath& path, qint64 offset, qint64 length) = 0;
     [[nodiscard]] virtual std::optional<QString> LocalPath(const UncPath& path) = 0;
+
+    /// What is asked of an SMB helper to read the file at `path`; nothing where it isn't read over
+    /// SMB. Asks nobody.
+    [[nodiscard]] virtual std::optional<SmbRequest> ReadRequest(const UncPath& /*path*/) const {
+        return std::nullopt;
+    }
 
 protected:
     /// A record of this provider, as enumerations give it.

@@ -1,5 +1,9 @@
 #include "platform/network/SmbErrors.h"
 
+#include "platform/Files.h"
+#include "platform/network/SmbPool.h"
+
+#include <algorithm>
 #include <cerrno>
 
 namespace netrove {
@@ -20,6 +24,26 @@ ErrorNumber ErrorOfSmbStatus(int status, SmbAction action) {
     default: // no folder, no such share, no way to the server, a helper that failed
         return ErrorNumber::PathNotFound;
     }
+}
+
+ErrorNumber ErrorOfSmbRequest(SmbPool& pool, const SmbRequest& request, int status,
+                              SmbAction action) {
+    if (status != ENOENT)
+        return ErrorOfSmbStatus(status, action);
+    if (request.path.isEmpty())
+        return ErrorNumber::PathNotFound;
+    SmbRequest above = request;
+    above.kind = SmbRequest::Kind::Stat;
+    above.path.truncate(std::max(above.path.lastIndexOf(QLatin1Char('/')), qsizetype{0}));
+    bool isFolder = false;
+    const auto take = [&](SmbAnswer& part) {
+        const auto* some = std::get_if<SmbEntries>(&part);
+        isFolder =
+            some && !some->empty() && (some->front().attributes & FileAttribute::Directory) != 0;
+        return some != nullptr;
+    };
+    return pool.Run(above, take) == 0 && isFolder ? ErrorNumber::FileNotFound
+                                                  : ErrorNumber::PathNotFound;
 }
 
 } // namespace netrove

@@ -82,6 +82,7 @@ SmbLimits::Time SmbPool::LimitOf(SmbRequest::Kind kind) const {
     case SmbRequest::Kind::ListShares:
     case SmbRequest::Kind::Stat:
     case SmbRequest::Kind::Read:
+    case SmbRequest::Kind::Inspect:
         return limits_.request;
     }
     return limits_.request;

@@ -267,28 +267,9 @@ SmbEntry SmbProvider::FetchInfo(const UncPath& path) {
     };
     const int status = pool_.Run(Request(SmbRequest::Kind::Stat, path), take);
     if (status != 0 || entries.empty())
-        throw RunTimeError(ErrorOf(status, path, SmbAction::Look));
+        throw RunTimeError(ErrorOfSmbRequest(pool_, Request(SmbRequest::Kind::Stat, path), status,
+                                             SmbAction::Look));
     return entries.front();
-}
-
-/// What isn't there may be the file or the folder: the server says the same for both, and is
-/// asked again.
-ErrorNumber SmbProvider::ErrorOf(int status, const UncPath& path, SmbAction action) {
-    if (status != ENOENT)
-        return ErrorOfSmbStatus(status, action);
-    if (path.Elements().isEmpty())
-        return ErrorNumber::PathNotFound;
-    SmbRequest above = Request(SmbRequest::Kind::Stat, path);
-    above.path = path.Elements().mid(0, path.Elements().size() - 1).join(QLatin1Char('/'));
-    bool isFolder = false;
-    const auto take = [&](SmbAnswer& part) {
-        const auto* some = std::get_if<SmbEntries>(&part);
-        isFolder =
-            some && !some->empty() && (some->front().attributes & FileAttribute::Directory) != 0;
-        return some != nullptr;
-    };
-    return pool_.Run(above, take) == 0 && isFolder ? ErrorNumber::FileNotFound
-                                                   : ErrorNumber::PathNotFound;
 }
 
 QByteArray SmbProvider::Read(const UncPath& path, qint64 offset, qint64 length) {
@@ -310,7 +291,7 @@ QByteArray SmbProvider::Read(const UncPath& path, qint64 offset, qint64 length) 
             return true;
         };
         if (const int status = pool_.Run(request, take); status != 0)
-            throw RunTimeError(ErrorOf(status, path, SmbAction::Read));
+            throw RunTimeError(ErrorOfSmbRequest(pool_, request, status, SmbAction::Read));
         if (bytes.size() - before < qsizetype(request.length))
             break;
     }
@@ -319,6 +300,10 @@ QByteArray SmbProvider::Read(const UncPath& path, qint64 offset, qint64 length) 
 
 std::optional<QString> SmbProvider::LocalPath(const UncPath& /*path*/) {
     return std::nullopt;
+}
+
+std::optional<SmbRequest> SmbProvider::ReadRequest(const UncPath& path) const {
+    return Request(SmbRequest::Kind::Read, path);
 }
 
 const SmbHost* SmbProvider::Host(const QString& server) const {

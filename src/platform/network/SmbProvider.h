@@ -41,6 +41,7 @@ public:
     [[nodiscard]] FileInfo Info(const UncPath& path) override;
     [[nodiscard]] QByteArray Read(const UncPath& path, qint64 offset, qint64 length) override;
     [[nodiscard]] std::optional<QString> LocalPath(const UncPath& path) override;
+    [[nodiscard]] std::optional<SmbRequest> ReadRequest(const UncPath& path) const override;
 
     [[nodiscard]] const SmbPool& Pool() const { return pool_; }
 
@@ -64,7 +65,6 @@ private:
     void NoteJunctions(const UncPath& path, const SmbEntries& entries);
     [[nodiscard]] bool IsInLoop(const UncPath& path) const;
     [[nodiscard]] SmbEntry FetchInfo(const UncPath& path);
-    [[nodiscard]] ErrorNumber ErrorOf(int status, const UncPath& path, SmbAction action);
 
     [[nodiscard]] const SmbHost* Host(const QString& server) const;
     [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind, const QString& server) const;

@@ -4,6 +4,7 @@
 #include "smb/WorkstationInfo.h"
 #include "smb/helper/SmbUrl.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <ctime>
@@ -21,6 +22,9 @@ constexpr int RequestTimeout = 20000;
 
 /// Entries of one part.
 constexpr std::size_t PartEntries = 500;
+
+/// Bytes that are asked of the library at a time.
+constexpr qint64 PieceBytes = 4 * SmbData::MaxBytes;
 
 /// What libsmbclient is told on top of the system's configuration. Without NetBIOS no call waits
 /// for the answers to a broadcast.
@@ -52,6 +56,13 @@ quint32 AttributesOfMode(mode_t mode) {
     if ((mode & S_IXOTH) != 0)
         attributes |= FileAttribute::Hidden;
     return attributes;
+}
+
+SmbEntries EntryOf(const struct stat& file) {
+    return {{.name = {},
+             .attributes = AttributesOfMode(file.st_mode),
+             .length = std::max<qint64>(file.st_size, 0),
+             .modified = Milliseconds(file.st_mtim)}};
 }
 
 bool IsConnectionLost(int status) {
@@ -151,7 +162,7 @@ void SmbClient::AnswerLogon(SMBCCTX* context, const char* /*server*/, const char
 }
 
 int SmbClient::Do(const SmbRequest& request, const Part& part) {
-    if (request.kind != SmbRequest::Kind::Read)
+    if (request.kind != SmbRequest::Kind::Read && request.kind != SmbRequest::Kind::Inspect)
         CloseFile();
     LeaveOtherShare(request.share);
     const std::size_t tries = letIn_ ? 1 : Logons.size();
@@ -199,6 +210,8 @@ int SmbClient::Try(const SmbRequest& request, const Part& part) {
         return Read(request, url, part);
     case SmbRequest::Kind::Workgroup:
         return Workgroup(url, part);
+    case SmbRequest::Kind::Inspect:
+        return Inspect(url, part);
     case SmbRequest::Kind::Resolve:
         break;
     }
@@ -269,10 +282,21 @@ int SmbClient::Stat(const QByteArray& url, const Part& part) {
     errno = 0;
     if (smbc_stat(url.constData(), &file) < 0)
         return Failure();
-    part(SmbEntries{{.name = {},
-                     .attributes = AttributesOfMode(file.st_mode),
-                     .length = file.st_size,
-                     .modified = Milliseconds(file.st_mtim)}});
+    part(EntryOf(file));
+    return 0;
+}
+
+int SmbClient::Inspect(const QByteArray& url, const Part& part) {
+    if (const int status = OpenFile(url); status != 0)
+        return status;
+    struct stat file = {};
+    errno = 0;
+    if (smbc_fstat(file_, &file) < 0) {
+        const int status = Failure();
+        CloseFile();
+        return status;
+    }
+    part(EntryOf(file));
     return 0;
 }
 
@@ -297,26 +321,35 @@ void SmbClient::CloseFile() {
 int SmbClient::Read(const SmbRequest& request, const QByteArray& url, const Part& part) {
     if (const int status = OpenFile(url); status != 0)
         return status;
-    errno = 0;
-    int status = smbc_lseek(file_, request.offset, SEEK_SET) < 0 ? Failure() : 0;
-    qint64 left = request.length;
-    while (status == 0 && left > 0) {
-        SmbData data{QByteArray(std::min<qint64>(left, SmbData::MaxBytes), Qt::Uninitialized)};
-        errno = 0;
-        const ssize_t count =
-            smbc_read(file_, data.bytes.data(), static_cast<std::size_t>(data.bytes.size()));
-        if (count < 0)
-            status = Failure();
-        if (count <= 0)
-            break;
-        data.bytes.truncate(count);
-        left -= count;
-        if (!part(data))
-            status = ECANCELED;
-    }
+    const int status = ReadPieces(request, part);
     if (status != 0)
         CloseFile();
     return status;
+}
+
+/// The library asks for a big piece by several requests at once, so that the line is never idle.
+int SmbClient::ReadPieces(const SmbRequest& request, const Part& part) {
+    errno = 0;
+    if (smbc_lseek(file_, request.offset, SEEK_SET) < 0)
+        return Failure();
+    qint64 left = request.length;
+    QByteArray piece(std::min(left, PieceBytes), Qt::Uninitialized);
+    while (left > 0) {
+        errno = 0;
+        const ssize_t count =
+            smbc_read(file_, piece.data(), static_cast<std::size_t>(std::min(left, PieceBytes)));
+        if (count < 0)
+            return Failure();
+        if (count == 0)
+            return 0;
+        for (qsizetype at = 0; at < count; at += SmbData::MaxBytes) {
+            const qsizetype size = std::min<qsizetype>(count - at, SmbData::MaxBytes);
+            if (!part(SmbData{piece.mid(at, size)}))
+                return ECANCELED;
+        }
+        left -= count;
+    }
+    return 0;
 }
 
 int SmbClient::Workgroup(const QByteArray& url, const Part& part) {

@@ -54,6 +54,8 @@ private:
     [[nodiscard]] int SendEntries(int folder, const Part& part);
     [[nodiscard]] int Stat(const QByteArray& url, const Part& part);
     [[nodiscard]] int Read(const SmbRequest& request, const QByteArray& url, const Part& part);
+    [[nodiscard]] int Inspect(const QByteArray& url, const Part& part);
+    [[nodiscard]] int ReadPieces(const SmbRequest& request, const Part& part);
     [[nodiscard]] static int Workgroup(const QByteArray& url, const Part& part);
     [[nodiscard]] int OpenFile(const QByteArray& url);
 

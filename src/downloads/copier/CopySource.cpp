@@ -1,0 +1,67 @@
+#include "downloads/copier/CopySource.h"
+
+#include "platform/network/SmbErrors.h"
+
+#include <cerrno>
+#include <optional>
+
+namespace netrove {
+
+CopySourceState LocalCopySource::Inspect() {
+    const FileInfo info = files_.Info(path_);
+    if ((info.attributes & FileAttribute::Directory) != 0)
+        throw RunTimeError(ErrorNumber::PermissionDenied);
+    return {.length = info.length, .modified = info.modified.toMSecsSinceEpoch()};
+}
+
+void LocalCopySource::Read(qint64 offset, quint32 length, const Sink& sink) {
+    sink(files_.Read(path_, offset, length));
+}
+
+CopySourceState SmbCopySource::Inspect() {
+    request_.kind = SmbRequest::Kind::Inspect;
+    std::optional<SmbEntry> file;
+    Run([&](SmbAnswer& part) {
+        const auto* some = std::get_if<SmbEntries>(&part);
+        if (!some || file || some->size() != 1)
+            return false;
+        file = some->front();
+        return true;
+    });
+    if (!file)
+        throw RunTimeError(ErrorNumber::DeviceIOError);
+    if ((file->attributes & FileAttribute::Directory) != 0)
+        throw RunTimeError(ErrorNumber::PermissionDenied);
+    hasAnswered_ = true;
+    return {.length = file->length, .modified = file->modified};
+}
+
+void SmbCopySource::Read(qint64 offset, quint32 length, const Sink& sink) {
+    request_.kind = SmbRequest::Kind::Read;
+    request_.offset = offset;
+    request_.length = length;
+    qint64 left = length;
+    Run([&](SmbAnswer& part) {
+        const auto* data = std::get_if<SmbData>(&part);
+        if (!data || data->bytes.size() > left)
+            return false;
+        left -= data->bytes.size();
+        sink(data->bytes);
+        return true;
+    });
+}
+
+void SmbCopySource::Run(const SmbWorker::Part& part) {
+    if (const int status = pool_.Run(request_, part); status != 0)
+        throw RunTimeError(ErrorOf(status));
+}
+
+/// A file that was there a moment ago has no wrong path: what fails then is the way to it.
+ErrorNumber SmbCopySource::ErrorOf(int status) {
+    const ErrorNumber number = ErrorOfSmbRequest(pool_, request_, status,
+                                                 hasAnswered_ ? SmbAction::Read : SmbAction::Look);
+    return hasAnswered_ && number == ErrorNumber::PathNotFound ? ErrorNumber::DeviceIOError
+                                                               : number;
+}
+
+} // namespace netrove

@@ -1,0 +1,73 @@
+#include "downloads/copier/FileCopier.h"
+
+#include "downloads/copier/TargetName.h"
+#include "runtime/RunTimeError.h"
+
+#include <QDir>
+
+namespace netrove {
+namespace {
+
+/// Whether a local path says where its file is, and no more: "..", or a path that begins anew,
+/// could come from a name.
+bool IsPlain(const QString& path) {
+    const QStringList elements = path.split(QLatin1Char('/'));
+    return path.startsWith(QLatin1Char('/')) && !elements.contains(QLatin1String("..")) &&
+           !elements.last().isEmpty() && !path.contains(QLatin1String("//")) &&
+           !path.contains(QChar(u'\0'));
+}
+
+} // namespace
+
+FileCopier::FileCopier(Network& network, const CopyLimits& limits, QObject* parent)
+    : CopyQ(parent), network_(network) {
+    crew_ = std::make_unique<CopyCrew>(limits, [this](const QString& id, int errorNumber) {
+        QMetaObject::invokeMethod(
+            this, [this, id, errorNumber] { Finish(id, errorNumber); }, Qt::QueuedConnection);
+    });
+}
+
+QString FileCopier::QueueCopy(const QString& source, const QString& destination) {
+    CheckTargetName(destination.sliced(destination.lastIndexOf(QLatin1Char('/')) + 1));
+    CopyOrder order{.id = QString::number(++lastId_),
+                    .source = source,
+                    .file = Locate(source),
+                    .target = QDir::current().absoluteFilePath(destination),
+                    .meter = std::make_shared<CopyMeter>()};
+    const QString id = order.id;
+    const auto meter = order.meter;
+    crew_->Add(std::move(order));
+    running_.insert(id, meter);
+    return id;
+}
+
+std::variant<SmbRequest, QString> FileCopier::Locate(const QString& source) {
+    if (!source.startsWith(QLatin1String("\\\\"))) {
+        if (!IsPlain(source))
+            throw RunTimeError(ErrorNumber::PathNotFound);
+        return source;
+    }
+    const auto path = UncPath::Parse(source);
+    if (!path || path->Elements().isEmpty())
+        throw RunTimeError(ErrorNumber::PathNotFound);
+    if (auto request = network_.ReadRequest(source))
+        return *request;
+    if (auto local = network_.LocalPath(source))
+        return *local;
+    static_cast<void>(network_.Length(source)); // raises what is the matter
+    throw RunTimeError(ErrorNumber::PathNotFound);
+}
+
+std::optional<CopyProgress> FileCopier::Progress(const QString& id) const {
+    const auto found = running_.constFind(id);
+    if (found == running_.cend())
+        return std::nullopt;
+    return (*found)->Progress(CopyMeter::Clock::now());
+}
+
+void FileCopier::Finish(const QString& id, int errorNumber) {
+    running_.remove(id);
+    Q_EMIT CopyDone(id, errorNumber);
+}
+
+} // namespace netrove

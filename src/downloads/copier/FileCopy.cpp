@@ -1,0 +1,85 @@
+#include "downloads/copier/FileCopy.h"
+
+#include "downloads/copier/PartialFile.h"
+#include "runtime/RunTimeError.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace netrove {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = CopyMeter::Clock;
+
+// Big requests keep a fast line busy; on a slow one each must end well before its limit of time.
+constexpr quint32 SmallestRead = 256 * 1024;
+constexpr quint32 BiggestRead = 8 * 1024 * 1024;
+constexpr auto ShortRead = 500ms;
+constexpr auto LongRead = 2000ms;
+
+/// What was written last before a copy broke off is fetched again: the system may have lost it.
+constexpr qint64 ResumeOverlap = 64 * 1024;
+
+quint32 NextRead(quint32 length, Clock::duration took) {
+    if (took < ShortRead)
+        return std::min(length * 2, BiggestRead);
+    return took > LongRead ? std::max(length / 2, SmallestRead) : length;
+}
+
+QByteArray IdentityOf(const QString& name, const CopySourceState& state) {
+    return name.toUtf8() + '\n' + QByteArray::number(state.length) + '\n' +
+           QByteArray::number(state.modified);
+}
+
+qint64 ResumeAt(qint64 there, qint64 length) {
+    return there > length ? 0 : std::max<qint64>(there - ResumeOverlap, 0);
+}
+
+} // namespace
+
+void FileCopy::Run() {
+    const CopySourceState state = source_.Inspect();
+    PartialFile partial(target_, IdentityOf(name_, state));
+    partial.Truncate(ResumeAt(partial.Length(), state.length));
+    meter_.Begin(partial.Length(), state.length, Clock::now());
+    if (partial.Room() < state.length - partial.Length())
+        throw RunTimeError(ErrorNumber::DiskFull);
+    try {
+        Fill(partial, state.length);
+        CheckUnchanged(state);
+        partial.Finish(state.modified);
+    } catch (const RunTimeError& error) {
+        // What no later copy can go on with, and what takes the last of the room, goes.
+        if (error.Number() == static_cast<int>(ErrorNumber::FileAlreadyOpen) ||
+            error.Number() == static_cast<int>(ErrorNumber::DiskFull))
+            partial.Discard();
+        throw;
+    }
+}
+
+/// Reads at least once: what can't be read has no length either.
+void FileCopy::Fill(PartialFile& partial, qint64 length) {
+    quint32 readLength = SmallestRead;
+    do {
+        check_();
+        const qint64 before = partial.Length();
+        const auto begin = Clock::now();
+        const auto wanted = static_cast<quint32>(std::min<qint64>(readLength, length - before));
+        source_.Read(before, wanted, [&](QByteArrayView bytes) {
+            partial.Append(bytes);
+            meter_.Add(bytes.size(), Clock::now());
+        });
+        if (partial.Length() - before != wanted)
+            throw RunTimeError(ErrorNumber::FileAlreadyOpen);
+        readLength = NextRead(readLength, Clock::now() - begin);
+    } while (partial.Length() < length);
+    check_();
+}
+
+void FileCopy::CheckUnchanged(const CopySourceState& before) {
+    if (source_.Inspect() != before)
+        throw RunTimeError(ErrorNumber::FileAlreadyOpen);
+}
+
+} // namespace netrove

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "downloads/copier/FileCopier.h"
+#include "platform/network/Network.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QMap>
+
+#include <memory>
+#include <vector>
+
+namespace netrove {
+
+/// A copier whose completions are kept, by their ids.
+class CopierDriver {
+public:
+    explicit CopierDriver(std::unique_ptr<NetworkProvider> provider = nullptr,
+                          const CopyLimits& limits = {})
+        : network_(Providers(std::move(provider))), copier_(std::in_place, network_, limits) {
+        QObject::connect(&*copier_, &CopyQ::CopyDone, &*copier_,
+                         [this](const QString& id, int number) { done_.insert(id, number); });
+    }
+
+    FileCopier& Copier() { return *copier_; }
+    void DropCopier() { copier_.reset(); }
+
+    /// All completions so far; an id that comes twice stands there twice.
+    [[nodiscard]] const QMultiMap<QString, int>& Done() const { return done_; }
+
+    /// Serves the event loop until the condition holds; false after half a minute.
+    template <typename Condition>
+    static bool WaitUntil(Condition condition) {
+        QDeadlineTimer limit(30000);
+        while (!condition() && !limit.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents,
+                                            20);
+        return condition();
+    }
+
+    bool WaitForProgress(const QString& id) {
+        return WaitUntil([&] { return copier_->Progress(id).value_or(CopyProgress()).copied > 0; });
+    }
+
+    /// The error number that the copy ends with; -1 where it doesn't end.
+    int Await(const QString& id) {
+        return WaitUntil([&] { return done_.contains(id); }) ? done_.value(id) : -1;
+    }
+
+    int Copy(const QString& source, const QString& target) {
+        const QString id = copier_->QueueCopy(source, target);
+        return Await(id);
+    }
+
+private:
+    static std::vector<std::unique_ptr<NetworkProvider>>
+    Providers(std::unique_ptr<NetworkProvider> provider) {
+        std::vector<std::unique_ptr<NetworkProvider>> providers;
+        if (provider)
+            providers.push_back(std::move(provider));
+        return providers;
+    }
+
+    Network network_;
+    QMultiMap<QString, int> done_;
+    std::optional<FileCopier> copier_;
+};
+
+inline QByteArray ContentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+}
+
+/// Bytes that show when a piece is missing or out of its place.
+inline QByteArray Pattern(qsizetype size) {
+    QByteArray bytes(size, Qt::Uninitialized);
+    for (qsizetype at = 0; at < size; ++at)
+        bytes[at] = static_cast<char>((at * 31 + at / 251) & 0xFF);
+    return bytes;
+}
+
+} // namespace netrove

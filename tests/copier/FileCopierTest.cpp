@@ -1,0 +1,116 @@
+#include "copier/CopierDriver.h"
+#include "platform/TempTree.h"
+#include "platform/network/FolderProvider.h"
+#include "platform/network/SmbProvider.h"
+#include "runtime/ExpectRaised.h"
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+class FileCopierTest : public testing::Test {
+protected:
+    TempTree tree_;
+    QString save_ = tree_.Path(Text("save/"));
+
+    void SetUp() override { tree_.Folder("save"); }
+};
+
+TEST_F(FileCopierTest, EveryAcceptedCopyEndsOnce) {
+    constexpr int count = 60;
+    for (int at = 0; at < count; ++at)
+        tree_.File("from/" + QByteArray::number(at), Pattern(at * 1000));
+    CopierDriver driver;
+    QStringList ids;
+    for (int at = 0; at < count; ++at) {
+        const QString name = QString::number(at);
+        ids += driver.Copier().QueueCopy(tree_.Path(Text("from/") + name), save_ + name);
+        EXPECT_TRUE(driver.Copier().Progress(ids.last()));
+    }
+    const QString missing =
+        driver.Copier().QueueCopy(tree_.Path(Text("from/none")), save_ + Text("none"));
+    ids += missing;
+    EXPECT_TRUE(driver.Done().isEmpty()) << "never from within QueueCopy";
+    ASSERT_TRUE(CopierDriver::WaitUntil([&] { return driver.Done().size() >= ids.size(); }));
+    for (const QString& id : ids) {
+        EXPECT_EQ(driver.Done().count(id), 1) << id.toStdString();
+        EXPECT_FALSE(driver.Copier().Progress(id));
+    }
+    for (int at = 0; at < count; ++at)
+        EXPECT_EQ(ContentOf(save_ + QString::number(at)), Pattern(at * 1000));
+}
+
+TEST_F(FileCopierTest, TheSampleNetworkIsCopiedFromItsFolder) {
+    tree_.File("network/GROUP/SERVER/SHARE/folder/file", "content");
+    tree_.File("network/GROUP/SERVER/GONE/file", "content");
+    tree_.File("network/sample-network.ini", "[GROUP/SERVER/GONE]\nfault=unreachable\n");
+    CopierDriver driver(
+        std::make_unique<FolderProvider>(Text("Sample"), tree_.Path(Text("network"))));
+    EXPECT_EQ(driver.Copy(Text("\\\\server\\share\\FOLDER\\File"), save_ + Text("file")), 0);
+    EXPECT_EQ(ContentOf(save_ + Text("file")), "content");
+    for (const QString& source : {Text("\\\\SERVER\\GONE\\file"), Text("\\\\NOBODY\\SHARE\\file"),
+                                  Text("\\\\SERVER\\SHARE"), Text("folder/file")})
+        ExpectRaised(
+            ErrorNumber::PathNotFound,
+            [&] { static_cast<void>(driver.Copier().QueueCopy(source, save_ + Text("x"))); },
+            source);
+    ExpectRaised(
+        ErrorNumber::FileNotFound,
+        [&] {
+            static_cast<void>(
+                driver.Copier().QueueCopy(Text("\\\\SERVER\\SHARE\\none"), save_ + Text("x")));
+        },
+        QString());
+    EXPECT_EQ(driver.Copy(tree_.Path(Text("network")), save_ + Text("x")),
+              static_cast<int>(ErrorNumber::PermissionDenied))
+        << "a folder is no file";
+}
+
+/// The paths are those that the rows of a list lead to: location and name, folder and name.
+TEST_F(FileCopierTest, NoNameLeavesTheFolder) {
+    const QStringList hostile{Text(""),
+                              Text("."),
+                              Text(".."),
+                              Text("../escaped"),
+                              Text("..\\escaped"),
+                              Text("below/../../escaped"),
+                              Text("/etc/escaped"),
+                              Text("C:\\escaped"),
+                              Text("line\nbreak"),
+                              Text("\x1b[2J"),
+                              Text("\x7f"),
+                              Text("\u0085"),
+                              QString::fromUtf16(u"half \xd800 pair"),
+                              QString(QChar(u'\0')),
+                              Text("CON"),
+                              Text("nul.txt"),
+                              Text("Com1 .mp3"),
+                              Text("LPT\u00b9"),
+                              QString(256, u'n'),
+                              QString(128, u'\u00e9'),
+                              Text(".file.netrove-part")};
+    CopierDriver driver(std::make_unique<SmbProvider>(Text("LAN"), std::vector<SmbHost>()));
+    for (const QString& location : {Text("\\\\SERVER\\SHARE\\folder\\"), tree_.Path(Text("/"))}) {
+        for (const QString& name : hostile) {
+            try {
+                static_cast<void>(driver.Copier().QueueCopy(location + name, save_ + name));
+                ADD_FAILURE() << name.toStdString();
+            } catch (const RunTimeError& error) {
+                EXPECT_TRUE(error.Number() == static_cast<int>(ErrorNumber::PathNotFound) ||
+                            error.Number() == static_cast<int>(ErrorNumber::PathFileAccessError));
+            }
+        }
+    }
+    for (const QString& name : {Text("...three"), Text(".hidden"), Text("console"), Text("COM10"),
+                                Text("a:b"), Text("e\u0301 \U0001F3B5"), QString(255, u'n')}) {
+        tree_.File("from/" + name.toUtf8(), "content");
+        EXPECT_EQ(driver.Copy(tree_.Path(Text("from/")) + name, save_ + name), 0)
+            << name.toStdString();
+    }
+}
+
+} // namespace
+} // namespace netrove

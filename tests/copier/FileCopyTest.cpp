@@ -1,0 +1,208 @@
+#include "downloads/copier/FileCopy.h"
+
+#include "copier/CopierDriver.h"
+#include "downloads/copier/PartialFile.h"
+#include "platform/TempTree.h"
+#include "runtime/ExpectRaised.h"
+
+#include <csignal>
+
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace netrove {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A source that behaves as it is told.
+class FakeSource : public CopySource {
+public:
+    CopySourceState Inspect() override { return ++inspections_ > 1 && later ? *later : state; }
+
+    void Read(qint64 offset, quint32 length, const Sink& sink) override {
+        offsets.push_back(offset);
+        if (onRead)
+            onRead();
+        const qint64 end = std::min({offset + length, failAt, qint64{content.size()}});
+        if (end > offset)
+            sink(QByteArrayView(content).sliced(offset, end - offset));
+        if (offset + length > failAt)
+            throw RunTimeError(ErrorNumber::DeviceIOError);
+    }
+
+    QByteArray content = Pattern(5'000'000);
+    CopySourceState state{.length = 5'000'000, .modified = 1'234'567'890'123};
+    std::optional<CopySourceState> later = {};
+    qint64 failAt = 1LL << 60;
+    std::function<void()> onRead = {};
+    std::vector<qint64> offsets = {};
+
+private:
+    int inspections_ = 0;
+};
+
+class FileCopyTest : public testing::Test {
+protected:
+    void Copy(FakeSource& source, const QString& target = {}) {
+        FileCopy(source, QStringLiteral("source"), target.isEmpty() ? target_ : target, meter_, [] {
+        }).Run();
+    }
+
+    void ExpectFailure(ErrorNumber number, FakeSource& source, const QString& target = {}) {
+        ExpectRaised(
+            number, [&] { Copy(source, target); }, target);
+    }
+
+    QStringList Files(QDir::Filters hidden = QDir::Hidden) const {
+        return QDir(tree_.Path()).entryList(QDir::Files | hidden);
+    }
+
+    TempTree tree_;
+    QString target_ = tree_.Path(QStringLiteral("file"));
+    CopyMeter meter_;
+};
+
+TEST_F(FileCopyTest, TheTargetIsWhatItWasUntilTheCopyIsWhole) {
+    tree_.File("file", "old");
+    FakeSource source;
+    source.onRead = [&] { EXPECT_EQ(ContentOf(target_), "old"); };
+    Copy(source);
+    EXPECT_EQ(ContentOf(target_), source.content);
+    struct stat status {};
+    ASSERT_EQ(stat(QFile::encodeName(target_).constData(), &status), 0);
+    EXPECT_EQ(status.st_mtim.tv_sec, 1'234'567'890);
+    EXPECT_EQ(status.st_mtim.tv_nsec, 123'000'000);
+    EXPECT_EQ(Files(), QStringList{QStringLiteral("file")});
+    const CopyProgress progress = meter_.Progress(CopyMeter::Clock::now());
+    EXPECT_EQ(progress.copied, progress.length);
+}
+
+TEST_F(FileCopyTest, ABrokenCopyGoesOnWhereItStopped) {
+    FakeSource broken;
+    broken.failAt = 3'000'000;
+    ExpectFailure(ErrorNumber::DeviceIOError, broken);
+    EXPECT_FALSE(QFile::exists(target_));
+    EXPECT_EQ(Files().size(), 1);
+
+    FakeSource same;
+    Copy(same);
+    EXPECT_GT(same.offsets.front(), 2'900'000);
+    EXPECT_EQ(ContentOf(target_), same.content);
+    EXPECT_EQ(Files(), QStringList{QStringLiteral("file")});
+}
+
+TEST_F(FileCopyTest, ABrokenCopyOfAnotherStateIsNoBeginning) {
+    FakeSource broken;
+    broken.failAt = 3'000'000;
+    ExpectFailure(ErrorNumber::DeviceIOError, broken);
+    FakeSource newer;
+    newer.state.modified += 1;
+    Copy(newer);
+    EXPECT_EQ(newer.offsets.front(), 0);
+    EXPECT_EQ(Files(), QStringList{QStringLiteral("file")}) << "nobody will go on with the old one";
+}
+
+TEST_F(FileCopyTest, AFileThatChangesMeanwhileIsNotCopied) {
+    tree_.File("file", "old");
+    FakeSource touched;
+    touched.later = CopySourceState{.length = 5'000'000, .modified = 1};
+    ExpectFailure(ErrorNumber::FileAlreadyOpen, touched);
+    FakeSource shrunk;
+    shrunk.content.truncate(4'000'000);
+    ExpectFailure(ErrorNumber::FileAlreadyOpen, shrunk);
+    FakeSource grown;
+    grown.later = CopySourceState{.length = 5'000'001, .modified = grown.state.modified};
+    ExpectFailure(ErrorNumber::FileAlreadyOpen, grown);
+    EXPECT_EQ(ContentOf(target_), "old");
+    EXPECT_EQ(Files(), QStringList{QStringLiteral("file")});
+}
+
+TEST_F(FileCopyTest, TargetsThatCantBeWritten) {
+    FakeSource source;
+    ExpectFailure(ErrorNumber::PathNotFound, source, tree_.Path(QStringLiteral("none/file")));
+    ExpectFailure(ErrorNumber::PathFileAccessError, source, QStringLiteral("/sys/netrove-test"));
+    tree_.Folder("folder/below");
+    ExpectFailure(ErrorNumber::PathFileAccessError, source, tree_.Path(QStringLiteral("folder")));
+    FakeSource endless;
+    endless.state.length = 1LL << 62;
+    ExpectFailure(ErrorNumber::DiskFull, endless);
+    EXPECT_TRUE(endless.offsets.empty());
+    EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(FileCopyTest, OnlyOneAtATimeMakesTheSameCopy) {
+    FakeSource first;
+    first.onRead = [&] {
+        FakeSource second;
+        ExpectFailure(ErrorNumber::FileAlreadyOpen, second);
+        // The same name from elsewhere is another file.
+        FakeSource other;
+        other.state.modified = 5;
+        Copy(other);
+        first.onRead = {};
+    };
+    Copy(first);
+    EXPECT_EQ(ContentOf(target_), first.content);
+    EXPECT_EQ(Files(), QStringList{QStringLiteral("file")});
+}
+
+TEST_F(FileCopyTest, ALongNameHasRoomForAPartialCopy) {
+    const QString target = tree_.Path(QString(127, u'\u00e9'));
+    FakeSource broken;
+    broken.failAt = 3'000'000;
+    ExpectFailure(ErrorNumber::DeviceIOError, broken, target);
+    FakeSource same;
+    Copy(same, target);
+    EXPECT_GT(same.offsets.front(), 0);
+    EXPECT_EQ(Files().size(), 1);
+}
+
+TEST_F(FileCopyTest, AFileSizeLimitIsAFullDisk) {
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{2'000'000, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    FakeSource source;
+    ExpectFailure(ErrorNumber::DiskFull, source);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(FileCopyTest, ADiskThatFillsUpMeanwhile) {
+    tree_.Folder("disk");
+    const QByteArray disk = tree_.Bytes("disk");
+    if (mount("none", disk.constData(), "tmpfs", 0, "size=8m") != 0)
+        GTEST_SKIP() << "only root can mount a small file system";
+    FakeSource source;
+    source.onRead = [&] {
+        if (source.offsets.size() == 2)
+            tree_.File("disk/other", QByteArray(6'000'000, 'x'));
+    };
+    ExpectFailure(ErrorNumber::DiskFull, source, tree_.Path(QStringLiteral("disk/file")));
+    EXPECT_EQ(QDir(tree_.Path(QStringLiteral("disk"))).entryList(QDir::Files | QDir::Hidden),
+              QStringList{QStringLiteral("other")});
+    umount2(disk.constData(), MNT_DETACH);
+}
+
+TEST(CopyMeter, TellsTheRateOfTheLastSeconds) {
+    CopyMeter meter;
+    CopyMeter::Clock::time_point now;
+    EXPECT_EQ(meter.Progress(now).bytesPerSecond, 0);
+    meter.Begin(1'000'000, 100'000'000, now);
+    for (int second = 0; second < 10; ++second) {
+        now += 1s;
+        meter.Add(second < 5 ? 1'000'000 : 2'000'000, now);
+    }
+    const CopyProgress progress = meter.Progress(now);
+    EXPECT_EQ(progress.copied, 16'000'000);
+    EXPECT_EQ(progress.bytesPerSecond, 2'000'000);
+    EXPECT_EQ(meter.Progress(now + CopyMeter::Window).bytesPerSecond, 0) << "a line gone silent";
+}
+
+} // namespace
+} // namespace netrove

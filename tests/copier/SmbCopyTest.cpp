@@ -1,0 +1,223 @@
+#include "copier/CopierDriver.h"
+#include "platform/TempTree.h"
+#include "platform/network/SmbProvider.h"
+#include "smb/FaultyProxy.h"
+#include "smb/SambaServer.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+
+#include <csignal>
+#include <fstream>
+
+namespace netrove {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int Broken = static_cast<int>(ErrorNumber::DeviceIOError);
+constexpr qsizetype BigSize = 6'000'000;
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// The processes that this one or another has started and that live.
+std::vector<pid_t> ChildrenOf(qint64 process, const std::string& name) {
+    std::vector<pid_t> children;
+    std::error_code error;
+    for (const auto& task :
+         std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task", error)) {
+        std::ifstream list(task.path() / "children");
+        for (pid_t child = 0; list >> child;) {
+            std::string its;
+            std::ifstream("/proc/" + std::to_string(child) + "/comm") >> its;
+            if (its == name)
+                children.push_back(child);
+        }
+    }
+    return children;
+}
+
+std::vector<pid_t> Helpers(qint64 process = getpid()) {
+    return ChildrenOf(process, "netrove-smb");
+}
+
+class SmbCopyTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        samba_ = std::make_unique<SambaServer>();
+        samba_->AddFile(Text("public/big"), Pattern(BigSize));
+    }
+    static void TearDownTestSuite() { samba_.reset(); }
+
+    void SetUp() override {
+        if (!SambaServer::IsAvailable())
+            GTEST_SKIP() << "Samba needs to be installed and the user to be root";
+        ASSERT_TRUE(samba_->IsRunning());
+        tree_.Folder("save");
+    }
+
+    /// A copier whose computer FILER is at that port.
+    static std::unique_ptr<CopierDriver> Driver(quint16 port, const SmbLimits& limits = {}) {
+        SmbHost host = samba_->Host();
+        host.port = port;
+        return std::make_unique<CopierDriver>(
+            std::make_unique<SmbProvider>(Text("LAN"), std::vector<SmbHost>{host},
+                                          SambaServer::Helper()),
+            CopyLimits{.helper = SambaServer::Helper(), .smb = limits});
+    }
+
+    [[nodiscard]] QString Save(const QString& name) const {
+        return tree_.Path(Text("save/")) + name;
+    }
+
+    [[nodiscard]] QStringList Saved() const {
+        return QDir(tree_.Path(Text("save"))).entryList(QDir::Files);
+    }
+
+    static inline std::unique_ptr<SambaServer> samba_;
+    const QString share_ = Text("\\\\FILER\\PUBLIC\\");
+    const QString big_ = share_ + Text("big");
+    TempTree tree_;
+};
+
+TEST_F(SmbCopyTest, FilesComeWholeAndWithTheirTimes) {
+    const auto driver = Driver(samba_->Port());
+    QMap<QString, QString> names;
+    for (int at = 0; at < 12; ++at) {
+        const QString name = Text("a #%1 b").arg(at);
+        samba_->AddFile(Text("public/many/") + name, Pattern(at * 100'000));
+        names.insert(driver->Copier().QueueCopy(share_ + Text("many\\") + name, Save(name)), name);
+    }
+    names.insert(driver->Copier().QueueCopy(big_, Save(Text("big"))), Text("../big"));
+    ASSERT_TRUE(CopierDriver::WaitUntil([&] { return driver->Done().size() == names.size(); }));
+    for (const QString& id : names.keys()) {
+        EXPECT_EQ(driver->Done().value(id, -1), 0);
+        const QString from = samba_->Path(Text("public/many/") + names[id]);
+        const QString to = Save(QFileInfo(names[id]).fileName());
+        EXPECT_EQ(ContentOf(to), ContentOf(from));
+        EXPECT_EQ(QFileInfo(to).lastModified(), QFileInfo(from).lastModified());
+    }
+    EXPECT_EQ(driver->Copy(share_ + Text("none"), Save(Text("x"))),
+              static_cast<int>(ErrorNumber::FileNotFound));
+    EXPECT_EQ(driver->Copy(share_ + Text("none\\file"), Save(Text("x"))),
+              static_cast<int>(ErrorNumber::PathNotFound));
+    EXPECT_EQ(driver->Copy(Text("\\\\FILER\\REFUSED\\big"), Save(Text("x"))),
+              static_cast<int>(ErrorNumber::PermissionDenied));
+    EXPECT_EQ(driver->Copy(share_ + Text("many"), Save(Text("x"))),
+              static_cast<int>(ErrorNumber::PermissionDenied));
+    EXPECT_EQ(driver->Done().size(), names.size() + 4);
+}
+
+TEST_F(SmbCopyTest, ADroppedConnectionIsResumed) {
+    FaultyProxy proxy(samba_->Port());
+    const auto driver = Driver(proxy.Port());
+    proxy.CloseAfter(BigSize * 2 / 3);
+    EXPECT_EQ(driver->Copy(big_, Save(Text("big"))), Broken);
+    EXPECT_EQ(Saved(), QStringList());
+    proxy.Heal();
+    const qint64 before = proxy.Bytes();
+    const auto later = Driver(proxy.Port());
+    EXPECT_EQ(later->Copy(big_, Save(Text("big"))), 0);
+    EXPECT_EQ(ContentOf(Save(Text("big"))), Pattern(BigSize));
+    EXPECT_LT(proxy.Bytes() - before, BigSize);
+}
+
+TEST_F(SmbCopyTest, WhateverDiesEveryCopyEnds) {
+    SmbLimits limits;
+    limits.request = 1000ms;
+    {
+        FaultyProxy proxy(samba_->Port());
+        const auto driver = Driver(proxy.Port(), limits);
+        proxy.FallSilentAfter(BigSize / 2);
+        EXPECT_EQ(driver->Copy(big_, Save(Text("silent"))), Broken);
+    }
+    {
+        SambaServer server;
+        server.AddFile(Text("public/big"), Pattern(BigSize));
+        FaultyProxy proxy(server.Port());
+        proxy.Delay(5ms);
+        const auto driver = Driver(proxy.Port());
+        const QString id = driver->Copier().QueueCopy(big_, Save(Text("killed")));
+        ASSERT_TRUE(driver->WaitForProgress(id));
+        server.Stop();
+        EXPECT_EQ(driver->Await(id), Broken);
+    }
+    {
+        FaultyProxy proxy(samba_->Port());
+        proxy.Delay(5ms);
+        const auto driver = Driver(proxy.Port());
+        const QString id = driver->Copier().QueueCopy(big_, Save(Text("helper")));
+        ASSERT_TRUE(driver->WaitForProgress(id));
+        for (const pid_t helper : Helpers())
+            kill(helper, SIGKILL);
+        EXPECT_EQ(driver->Await(id), Broken);
+        EXPECT_EQ(driver->Done().size(), 1);
+    }
+    EXPECT_EQ(Saved(), QStringList());
+}
+
+TEST_F(SmbCopyTest, AFileThatGrowsMeanwhile) {
+    samba_->AddFile(Text("public/log"), Pattern(3'000'000));
+    FaultyProxy proxy(samba_->Port());
+    proxy.Delay(5ms);
+    const auto driver = Driver(proxy.Port());
+    const QString id = driver->Copier().QueueCopy(share_ + Text("log"), Save(Text("log")));
+    ASSERT_TRUE(driver->WaitForProgress(id));
+    QFile log(samba_->Path(Text("public/log")));
+    ASSERT_TRUE(log.open(QIODevice::Append));
+    log.write("more");
+    log.close();
+    EXPECT_EQ(driver->Await(id), static_cast<int>(ErrorNumber::FileAlreadyOpen));
+    EXPECT_EQ(Saved(), QStringList());
+}
+
+TEST_F(SmbCopyTest, LettingGoEndsAllWithoutWaiting) {
+    FaultyProxy proxy(samba_->Port());
+    const auto driver = Driver(proxy.Port());
+    proxy.FallSilentAfter(BigSize / 2);
+    for (int at = 0; at < 4; ++at)
+        static_cast<void>(driver->Copier().QueueCopy(big_, Save(QString::number(at))));
+    ASSERT_TRUE(CopierDriver::WaitUntil([&] { return proxy.Bytes() >= BigSize / 2; }));
+    QElapsedTimer timer;
+    timer.start();
+    driver->DropCopier();
+    EXPECT_LT(timer.elapsed(), 1000);
+    EXPECT_TRUE(Helpers().empty());
+    EXPECT_EQ(Saved(), QStringList());
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(driver->Done().isEmpty());
+}
+
+TEST_F(SmbCopyTest, AProgramThatEndsLeavesNothingBehind) {
+    FaultyProxy proxy(samba_->Port());
+    proxy.Delay(5ms);
+    for (const bool isKilled : {false, true}) {
+        QProcess program;
+        program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        program.start(QCoreApplication::applicationFilePath(),
+                      {Text("copy"), QString::number(proxy.Port()), SambaServer::Helper(), big_,
+                       Save(Text("big"))});
+        ASSERT_TRUE(program.waitForReadyRead(30000));
+        const auto helpers = Helpers(program.processId());
+        EXPECT_EQ(helpers.size(), 1u);
+        if (isKilled)
+            program.kill();
+        else
+            program.closeWriteChannel();
+        ASSERT_TRUE(program.waitForFinished(10000));
+        EXPECT_EQ(program.exitCode() != 0, isKilled);
+        for (const pid_t helper : helpers)
+            EXPECT_TRUE(CopierDriver::WaitUntil([&] { return kill(helper, 0) != 0; }));
+        EXPECT_EQ(Saved(), QStringList());
+    }
+    // What is there is a good beginning.
+    proxy.Delay(0ms);
+    const auto driver = Driver(proxy.Port());
+    EXPECT_EQ(driver->Copy(big_, Save(Text("big"))), 0);
+    EXPECT_EQ(ContentOf(Save(Text("big"))), Pattern(BigSize));
+}
+
+} // namespace
+} // namespace netrove
