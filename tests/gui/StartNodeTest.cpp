@@ -129,8 +129,9 @@ TEST_F(StartNode, IsFoundByNameOrStays) {
         if (*one.box != '\0')
             boxes.append(Text(one.box));
         EXPECT_EQ(dialogs.Shown, boxes);
-        if (boxes.last().contains(Text("illegal")))
+        if (boxes.last().contains(Text("illegal"))) {
             EXPECT_TRUE(calls.isEmpty());
+        }
     }
     EXPECT_TRUE(waited);
     Input(3, "");
