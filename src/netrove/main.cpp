@@ -1,3 +1,4 @@
+#include "downloads/copier/FileCopier.h"
 #include "mainwindow/frmNetrove.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
 #include "platform/ApplicationFolder.h"
@@ -24,15 +25,17 @@ int main(int argc, char** argv) {
     netrove::DesktopFileTypes fileTypes;
     netrove::LinuxSystemInformation system;
 
-    netrove::frmNetrove window({.network = *opened.network,
-                                .files = *opened.network,
-                                .dialogs = dialogs,
-                                .shell = shell,
-                                .fileTypes = fileTypes,
-                                .systemIcon = [&](int index) { return fileTypes.Icon(index); },
-                                .system = system,
-                                .applicationFolder = folder,
-                                .webAddress = QStringLiteral(NETROVE_WEB_ADDRESS)});
+    netrove::frmNetrove window(
+        {.network = *opened.network,
+         .files = *opened.network,
+         .dialogs = dialogs,
+         .shell = shell,
+         .fileTypes = fileTypes,
+         .systemIcon = [&](int index) { return fileTypes.Icon(index); },
+         .system = system,
+         .applicationFolder = folder,
+         .webAddress = QStringLiteral(NETROVE_WEB_ADDRESS),
+         .newCopyQ = [&] { return std::make_unique<netrove::FileCopier>(*opened.network); }});
     dialogs.SetParent(&window);
     window.Form_Load();
     if (!opened.problems.isEmpty())
