@@ -1,4 +1,5 @@
 #include "browser/frmNWDialog.h"
+#include "fakes/DesktopFakes.h"
 #include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
 
@@ -49,18 +50,6 @@ private:
     int left_ = 0;
 };
 
-class SilentDialogs : public netrove::Dialogs {
-public:
-    netrove::MessageAnswer Message(netrove::MessageIcon /*icon*/, const QString& text,
-                                   const QString& /*title*/,
-                                   netrove::MessageButtons /*buttons*/) override {
-        qFatal("%s", qPrintable(text));
-    }
-    QString InputBox(const QString& prompt, const QString& /*title*/) override {
-        qFatal("%s", qPrintable(prompt));
-    }
-};
-
 /// The dialog on the screen.
 class Browser {
 public:
@@ -88,7 +77,7 @@ private:
     netrove::Settings settings_;
     netrove::ExclusionLists exclusions_;
     netrove::TroubleshootingLog log_{settings_};
-    SilentDialogs dialogs_;
+    netrove::RecordedDialogs dialogs_;
     netrove::WindowYield yield_;
     netrove::frmNWDialog dialog_{{network_, settings_, exclusions_, log_, dialogs_, {}}, nullptr};
 };

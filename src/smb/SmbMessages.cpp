@@ -1,5 +1,7 @@
 #include "smb/SmbMessages.h"
 
+#include "smb/SmbMemory.h"
+
 #include <QDataStream>
 #include <QIODevice>
 
@@ -45,7 +47,8 @@ bool IsElement(const QString& text) {
 
 bool IsValid(const SmbRequest& request) {
     using Kind = SmbRequest::Kind;
-    if (!IsElement(request.host) || request.offset < 0)
+    if (!IsElement(request.host) || request.offset < 0 ||
+        (request.kind == Kind::Fetch && request.length > SmbMemory::Bytes))
         return false;
     if (request.kind == Kind::Resolve || request.kind == Kind::ListShares ||
         request.kind == Kind::Workgroup)
@@ -59,7 +62,7 @@ bool IsValid(const SmbRequest& request) {
 }
 
 QDataStream& operator>>(QDataStream& stream, SmbRequest& request) {
-    ReadEnum(stream, request.kind, SmbRequest::Kind::Inspect);
+    ReadEnum(stream, request.kind, SmbRequest::Kind::Fetch);
     stream >> request.host >> request.port >> request.share >> request.path >> request.offset >>
         request.length;
     if (!IsValid(request))
@@ -119,6 +122,17 @@ QDataStream& operator<<(QDataStream& stream, const SmbData& data) {
 
 QDataStream& operator>>(QDataStream& stream, SmbData& data) {
     return stream >> data.bytes;
+}
+
+QDataStream& operator<<(QDataStream& stream, const SmbFetched& fetched) {
+    return stream << fetched.begin << fetched.length;
+}
+
+QDataStream& operator>>(QDataStream& stream, SmbFetched& fetched) {
+    stream >> fetched.begin >> fetched.length;
+    if (fetched.begin > SmbMemory::Bytes || fetched.length > SmbMemory::Bytes - fetched.begin)
+        stream.setStatus(QDataStream::ReadCorruptData);
+    return stream;
 }
 
 QDataStream& operator<<(QDataStream& stream, const SmbWorkgroup& workgroup) {

@@ -12,6 +12,8 @@ namespace netrove {
 /// The descriptor at which a helper finds its end of the socket. Standard output isn't used: the
 /// library prints there at times.
 inline constexpr int SmbHelperDescriptor = 3;
+/// The same of the memory that both share (SmbMemory).
+inline constexpr int SmbMemoryDescriptor = 4;
 
 /// The first message of both sides. Sides that don't speak the same version part.
 struct SmbHello {
@@ -30,6 +32,7 @@ struct SmbRequest {
         Read,       ///< SmbData
         Workgroup,  ///< SmbWorkgroup
         Inspect,    ///< as Stat, of a file that is opened for the reads that follow
+        Fetch,      ///< as Read, into the shared memory from its beginning on: SmbFetched
     };
 
     Kind kind = Kind::ListShares;
@@ -70,6 +73,12 @@ struct SmbData {
     QByteArray bytes = {};
 };
 
+/// Bytes of a file, in the shared memory until the next request.
+struct SmbFetched {
+    quint32 begin = 0;
+    quint32 length = 0;
+};
+
 /// The workgroup or domain of a computer, as it tells it.
 struct SmbWorkgroup {
     QString name = {};
@@ -82,8 +91,8 @@ struct SmbEnd {
 };
 
 using SmbQuestion = std::variant<SmbHello, SmbRequest>;
-using SmbAnswer =
-    std::variant<SmbHello, SmbAddresses, SmbShares, SmbEntries, SmbData, SmbWorkgroup, SmbEnd>;
+using SmbAnswer = std::variant<SmbHello, SmbAddresses, SmbShares, SmbEntries, SmbData, SmbWorkgroup,
+                               SmbEnd, SmbFetched>;
 
 [[nodiscard]] QByteArray EncodeQuestion(const SmbQuestion& question);
 [[nodiscard]] QByteArray EncodeAnswer(const SmbAnswer& answer);

@@ -1,6 +1,7 @@
 #include "smb/SmbMessages.h"
 
 #include "smb/Frames.h"
+#include "smb/SmbMemory.h"
 
 #include <gtest/gtest.h>
 
@@ -51,6 +52,21 @@ TEST(SmbMessages, AMessageIsWholeOrNone) {
     EXPECT_FALSE(DecodeAnswer(QByteArray()));
     EXPECT_FALSE(DecodeAnswer(QByteArray(1, '\x7f')));
     EXPECT_FALSE(DecodeAnswer(EncodeAnswer(SmbEntries{{.length = -1}})));
+}
+
+TEST(SmbMessages, WhatIsFetchedLiesInTheSharedMemory) {
+    constexpr auto all = static_cast<quint32>(SmbMemory::Bytes);
+    SmbRequest request = ListRequest(QStringLiteral("file"));
+    request.kind = SmbRequest::Kind::Fetch;
+    request.length = all;
+    EXPECT_TRUE(DecodeQuestion(EncodeQuestion(request)));
+    request.length = all + 1;
+    EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
+
+    EXPECT_TRUE(DecodeAnswer(EncodeAnswer(SmbFetched{.begin = 0, .length = all})));
+    EXPECT_TRUE(DecodeAnswer(EncodeAnswer(SmbFetched{.begin = all, .length = 0})));
+    EXPECT_FALSE(DecodeAnswer(EncodeAnswer(SmbFetched{.begin = 1, .length = all})));
+    EXPECT_FALSE(DecodeAnswer(EncodeAnswer(SmbFetched{.begin = all + 1, .length = ~0U})));
 }
 
 TEST(Frames, ComeOutAsTheyWentIn) {

@@ -37,7 +37,7 @@ CopySourceState SmbCopySource::Inspect() {
 }
 
 void SmbCopySource::Read(qint64 offset, quint32 length, const Sink& sink) {
-    request_.kind = SmbRequest::Kind::Read;
+    request_.kind = SmbRequest::Kind::Fetch;
     request_.offset = offset;
     request_.length = length;
     qint64 left = length;

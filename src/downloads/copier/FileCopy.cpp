@@ -2,6 +2,7 @@
 
 #include "downloads/copier/PartialFile.h"
 #include "runtime/RunTimeError.h"
+#include "smb/SmbMemory.h"
 
 #include <algorithm>
 #include <chrono>
@@ -14,7 +15,7 @@ using Clock = CopyMeter::Clock;
 
 // Big requests keep a fast line busy; on a slow one each must end well before its limit of time.
 constexpr quint32 SmallestRead = 256 * 1024;
-constexpr quint32 BiggestRead = 8 * 1024 * 1024;
+constexpr quint32 BiggestRead = SmbMemory::Bytes;
 constexpr auto ShortRead = 500ms;
 constexpr auto LongRead = 2000ms;
 

@@ -90,6 +90,7 @@ SmbLimits::Time SmbPool::LimitOf(SmbRequest::Kind kind) const {
     case SmbRequest::Kind::Stat:
     case SmbRequest::Kind::Read:
     case SmbRequest::Kind::Inspect:
+    case SmbRequest::Kind::Fetch:
         return limits_.request;
     }
     return limits_.request;

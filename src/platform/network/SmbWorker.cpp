@@ -20,13 +20,15 @@ extern char** environ;
 namespace netrove {
 namespace {
 
-/// Starts a program that has nothing but an end of the socket and the program's standard error.
-pid_t Spawn(const QByteArray& program, int descriptor) {
+/// Starts a program that has nothing but an end of the socket, the memory and the program's
+/// standard error.
+pid_t Spawn(const QByteArray& program, int descriptor, int memory) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_adddup2(&actions, descriptor, SmbHelperDescriptor);
+    posix_spawn_file_actions_adddup2(&actions, memory, SmbMemoryDescriptor);
     QByteArray name = program;
     const std::array<char*, 2> arguments{name.data(), nullptr};
     pid_t process = -1;
@@ -39,18 +41,20 @@ pid_t Spawn(const QByteArray& program, int descriptor) {
 } // namespace
 
 std::unique_ptr<SmbWorker> SmbWorker::Start(const QString& program) {
+    auto memory = SmbMemory::Make();
     std::array<int, 2> ends{};
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends.data()) != 0)
+    if (!memory ||
+        socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends.data()) != 0)
         return nullptr;
     // The process waits by blocking; only the program's end doesn't.
     fcntl(ends[1], F_SETFL, 0);
-    const pid_t process = Spawn(QFile::encodeName(program), ends[1]);
+    const pid_t process = Spawn(QFile::encodeName(program), ends[1], memory->Descriptor());
     close(ends[1]);
     if (process < 0) {
         close(ends[0]);
         return nullptr;
     }
-    return std::unique_ptr<SmbWorker>(new SmbWorker(process, ends[0]));
+    return std::unique_ptr<SmbWorker>(new SmbWorker(process, ends[0], std::move(memory)));
 }
 
 SmbWorker::~SmbWorker() {
@@ -100,6 +104,9 @@ int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part) 
             return status;
         if (const auto* end = std::get_if<SmbEnd>(&answer))
             return end->status < 0 ? Fail(EPROTO) : end->status;
+        if (const auto* fetched = std::get_if<SmbFetched>(&answer))
+            answer =
+                SmbData{QByteArray::fromRawData(memory_->Data() + fetched->begin, fetched->length)};
         if (!part(answer))
             return Fail(EPROTO);
     }

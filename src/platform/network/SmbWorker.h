@@ -1,6 +1,7 @@
 #pragma once
 
 #include "smb/Frames.h"
+#include "smb/SmbMemory.h"
 #include "smb/SmbMessages.h"
 
 #include <QString>
@@ -18,7 +19,8 @@ namespace netrove {
 class SmbWorker {
 public:
     using Time = std::chrono::milliseconds;
-    /// Takes one part of an answer; false where it can't be one of this request.
+    /// Takes one part of an answer; false where it can't be one of this request. What was fetched
+    /// comes as SmbData, whose bytes are only there during the call.
     using Part = std::function<bool(SmbAnswer& part)>;
 
     /// Starts the program at that path; null if that fails. It isn't known yet whether it speaks.
@@ -42,7 +44,8 @@ public:
     [[nodiscard]] pid_t ProcessId() const { return process_; }
 
 private:
-    SmbWorker(pid_t process, int socket) : process_(process), socket_(socket) {}
+    SmbWorker(pid_t process, int socket, std::unique_ptr<SmbMemory> memory)
+        : process_(process), socket_(socket), memory_(std::move(memory)) {}
 
     [[nodiscard]] int Receive(SmbAnswer& answer, Time limit);
     [[nodiscard]] int Transfer(Time wait);
@@ -53,6 +56,7 @@ private:
 
     pid_t process_;
     int socket_;
+    std::unique_ptr<SmbMemory> memory_;
     QByteArray unsent_;
     Frames frames_;
 };

@@ -23,8 +23,8 @@ constexpr int RequestTimeout = 20000;
 /// Entries of one part.
 constexpr std::size_t PartEntries = 500;
 
-/// Bytes that are asked of the library at a time.
-constexpr qint64 PieceBytes = 4 * SmbData::MaxBytes;
+/// Bytes of a fetched file that are asked of the library at a time.
+constexpr quint32 PieceBytes = 4 * 1024 * 1024;
 
 /// What libsmbclient is told on top of the system's configuration. Without NetBIOS no call waits
 /// for the answers to a broadcast.
@@ -63,6 +63,11 @@ SmbEntries EntryOf(const struct stat& file) {
              .attributes = AttributesOfMode(file.st_mode),
              .length = std::max<qint64>(file.st_size, 0),
              .modified = Milliseconds(file.st_mtim)}};
+}
+
+bool KeepsFile(SmbRequest::Kind kind) {
+    using Kind = SmbRequest::Kind;
+    return kind == Kind::Read || kind == Kind::Inspect || kind == Kind::Fetch;
 }
 
 bool IsConnectionLost(int status) {
@@ -162,7 +167,7 @@ void SmbClient::AnswerLogon(SMBCCTX* context, const char* /*server*/, const char
 }
 
 int SmbClient::Do(const SmbRequest& request, const Part& part) {
-    if (request.kind != SmbRequest::Kind::Read && request.kind != SmbRequest::Kind::Inspect)
+    if (!KeepsFile(request.kind))
         CloseFile();
     LeaveOtherShare(request.share);
     const std::size_t tries = letIn_ ? 1 : Logons.size();
@@ -212,6 +217,8 @@ int SmbClient::Try(const SmbRequest& request, const Part& part) {
         return Workgroup(url, part);
     case SmbRequest::Kind::Inspect:
         return Inspect(url, part);
+    case SmbRequest::Kind::Fetch:
+        return Fetch(request, url, part);
     case SmbRequest::Kind::Resolve:
         break;
     }
@@ -327,27 +334,57 @@ int SmbClient::Read(const SmbRequest& request, const QByteArray& url, const Part
     return status;
 }
 
-/// The library asks for a big piece by several requests at once, so that the line is never idle.
 int SmbClient::ReadPieces(const SmbRequest& request, const Part& part) {
     errno = 0;
     if (smbc_lseek(file_, request.offset, SEEK_SET) < 0)
         return Failure();
-    qint64 left = request.length;
-    QByteArray piece(std::min(left, PieceBytes), Qt::Uninitialized);
-    while (left > 0) {
+    for (qint64 left = request.length; left > 0;) {
+        SmbData data{QByteArray(std::min<qint64>(left, SmbData::MaxBytes), Qt::Uninitialized)};
         errno = 0;
         const ssize_t count =
-            smbc_read(file_, piece.data(), static_cast<std::size_t>(std::min(left, PieceBytes)));
+            smbc_read(file_, data.bytes.data(), static_cast<std::size_t>(data.bytes.size()));
         if (count < 0)
             return Failure();
         if (count == 0)
             return 0;
-        for (qsizetype at = 0; at < count; at += SmbData::MaxBytes) {
-            const qsizetype size = std::min<qsizetype>(count - at, SmbData::MaxBytes);
-            if (!part(SmbData{piece.mid(at, size)}))
-                return ECANCELED;
-        }
+        data.bytes.truncate(count);
         left -= count;
+        if (!part(data))
+            return ECANCELED;
+    }
+    return 0;
+}
+
+int SmbClient::Fetch(const SmbRequest& request, const QByteArray& url, const Part& part) {
+    if (!memory_)
+        memory_ = SmbMemory::Open(SmbMemoryDescriptor);
+    if (!memory_)
+        return ENOMEM;
+    if (const int status = OpenFile(url); status != 0)
+        return status;
+    const int status = FetchPieces(request, part);
+    if (status != 0)
+        CloseFile();
+    return status;
+}
+
+/// The program stores one piece while the next is read.
+int SmbClient::FetchPieces(const SmbRequest& request, const Part& part) {
+    errno = 0;
+    if (smbc_lseek(file_, request.offset, SEEK_SET) < 0)
+        return Failure();
+    for (quint32 at = 0; at < request.length;) {
+        errno = 0;
+        const ssize_t count =
+            smbc_read(file_, memory_->Data() + at, std::min(request.length - at, PieceBytes));
+        if (count < 0)
+            return Failure();
+        if (count == 0)
+            return 0;
+        const auto length = static_cast<quint32>(count);
+        if (!part(SmbFetched{.begin = at, .length = length}))
+            return ECANCELED;
+        at += length;
     }
     return 0;
 }

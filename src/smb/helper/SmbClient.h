@@ -1,5 +1,6 @@
 #pragma once
 
+#include "smb/SmbMemory.h"
 #include "smb/SmbMessages.h"
 
 #include <QByteArray>
@@ -55,7 +56,9 @@ private:
     [[nodiscard]] int Stat(const QByteArray& url, const Part& part);
     [[nodiscard]] int Read(const SmbRequest& request, const QByteArray& url, const Part& part);
     [[nodiscard]] int Inspect(const QByteArray& url, const Part& part);
+    [[nodiscard]] int Fetch(const SmbRequest& request, const QByteArray& url, const Part& part);
     [[nodiscard]] int ReadPieces(const SmbRequest& request, const Part& part);
+    [[nodiscard]] int FetchPieces(const SmbRequest& request, const Part& part);
     [[nodiscard]] static int Workgroup(const QByteArray& url, const Part& part);
     [[nodiscard]] int OpenFile(const QByteArray& url);
 
@@ -65,6 +68,7 @@ private:
     QString share_;      ///< the one asked last
     QByteArray fileUrl_;
     int file_ = -1;
+    std::unique_ptr<SmbMemory> memory_; ///< null until it is needed
 };
 
 } // namespace netrove
