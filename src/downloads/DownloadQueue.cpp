@@ -1,6 +1,7 @@
 #include "downloads/DownloadQueue.h"
 
 #include "downloads/DownloadRows.h"
+#include "downloads/copier/TargetName.h"
 #include "mainwindow/windowservices/RowStyle.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
@@ -173,6 +174,8 @@ void DownloadQueue::Start(const QueuedFile& file) {
     Yield();
     if (CountRows(Downloading) > services_.settings.MaxConcurrentDownloads)
         return;
+    // The name comes from the network: joined to a folder it must stay in it.
+    CheckTargetName(file.name);
     const QString destination = services_.settings.SaveFolder + file.name;
     if (!MayWrite(destination)) {
         SetStatus(file, NotOverwritten);
