@@ -41,6 +41,11 @@ QStringList NameFilters(const QString& filter) {
     return filters;
 }
 
+/// The ending that the first pattern of a filter asks for: a name typed without one gets it.
+QString FirstSuffix(const QString& filter) {
+    return filter.section(u'|', 1, 1).section(QLatin1String("*."), 1, 1);
+}
+
 std::optional<QString> ChooseFile(QFileDialog& chooser, const FileDialogSetup& setup) {
     chooser.setWindowModality(Qt::ApplicationModal);
     chooser.setOption(QFileDialog::HideNameFilterDetails);
@@ -96,6 +101,7 @@ std::optional<QString> DesktopDialogs::SaveFile(const FileDialogSetup& setup) {
     chooser.setAcceptMode(QFileDialog::AcceptSave);
     chooser.setFileMode(QFileDialog::AnyFile);
     chooser.setOption(QFileDialog::DontConfirmOverwrite);
+    chooser.setDefaultSuffix(FirstSuffix(setup.filter));
     return ChooseFile(chooser, setup);
 }
 
