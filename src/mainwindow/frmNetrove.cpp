@@ -6,6 +6,7 @@
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
+#include "runtime/Yield.h"
 #include "skins/StandardFrame.h"
 #include "storage/ResultsDrop.h"
 
@@ -25,6 +26,19 @@ constexpr int LastSkin = 5;
 qint32 SkinOf(qint32 stored) {
     return stored < 0 || stored > LastSkin ? 0 : stored;
 }
+
+/// Lets no handler in while it lives: a window that was closed in the middle of its start would
+/// save settings that it has only half read.
+class NoYields {
+public:
+    NoYields() : pass_(SetYieldPass({})) {}
+    NoYields(const NoYields&) = delete;
+    NoYields& operator=(const NoYields&) = delete;
+    ~NoYields() { SetYieldPass(std::move(pass_)); }
+
+private:
+    std::function<void()> pass_;
+};
 
 QString Text(const char* text) {
     return QString::fromLatin1(text);
@@ -251,6 +265,7 @@ void frmNetrove::Form_Load() {
 }
 
 void frmNetrove::LoadSteps() {
+    const NoYields load;
     hide();
     marker_ = std::make_unique<InstanceMarker>();
     HelpFile = services_.applicationFolder + QDir::separator() + Text("Help") + QDir::separator() +

@@ -6,6 +6,7 @@
 #include "mainwindow/frmNetrove.h"
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/WindowYield.h"
+#include "runtime/Yield.h"
 
 #include <QMouseEvent>
 #include <QTemporaryDir>
@@ -213,6 +214,16 @@ TEST_F(Window, CloseIsRefusedDuringASearch) {
     Find<QAction>("mnuExit1").trigger();
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(dialogs.Shown.size(), 1);
+}
+
+TEST_F(Window, NoHandlerRunsDuringTheStart) {
+    bool cameIn = false;
+    QTimer::singleShot(0, &window, [&] { cameIn = true; });
+    SetYieldAlways(true);
+    window.Form_Load();
+    SetYieldAlways(false);
+    EXPECT_FALSE(cameIn);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cameIn; })) << "yields are back, and the event waits";
 }
 
 TEST_F(Window, ComesUpWithoutALog) {
