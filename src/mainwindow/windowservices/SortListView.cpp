@@ -7,22 +7,27 @@
 namespace netrove {
 namespace {
 
-/// All headers in one step: a click that came in between would leave two marks, or none.
-void MarkHeaders(ListView& list, int markColumn, const QString& mark) {
+/// False where another click has sorted the list at a yield: its marks stand.
+bool MarkHeaders(ListView& list, int markColumn, Qt::SortOrder order) {
+    const QString mark = order == Qt::AscendingOrder ? QStringLiteral(" v") : QStringLiteral(" ^");
     for (int column = 1; column <= list.ColumnCount(); ++column) {
+        Yield();
+        if (!list.Sorted())
+            return false;
         QString text = list.HeaderText(column);
         text.remove(u'^').remove(u'v');
         text = Trim(text);
         list.SetHeaderText(column, column == markColumn ? text + mark : text);
     }
+    return true;
 }
 
 void Sort(ListView& list, int markColumn, int sortColumn) {
     list.SetSortKey(sortColumn - 1);
     list.SetSorted(true);
-    const bool wasAscending = list.SortOrder() == Qt::AscendingOrder;
-    MarkHeaders(list, markColumn, wasAscending ? QStringLiteral(" v") : QStringLiteral(" ^"));
-    list.SetSortOrder(wasAscending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    const Qt::SortOrder order = list.SortOrder();
+    if (MarkHeaders(list, markColumn, order))
+        list.SetSortOrder(order == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 } // namespace
