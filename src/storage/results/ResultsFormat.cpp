@@ -48,7 +48,8 @@ std::optional<QString> ResultsFormat::Path(QByteArrayView line) {
     const qsizetype comma = text.indexOf(u',');
     const QString path =
         Unquoted(QStringView(text).sliced(comma + 1)) + Unquoted(QStringView(text).first(comma));
-    if (!path.startsWith(u"\\\\"))
+    // What a line that was cut at the wrong place gives may be a name in the present folder.
+    if (!path.startsWith(u"\\\\") && !path.startsWith(u'/'))
         return std::nullopt;
     return path;
 }

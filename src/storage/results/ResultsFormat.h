@@ -27,7 +27,7 @@ namespace ResultsFormat {
 
 /// The path of the file that the line is about: its second field, the folder, followed by the
 /// first, the name. Fields end at commas, whatever the quotes say. Nothing for a line of fewer
-/// fields, and for one whose path isn't of the network.
+/// fields, and for one that gives no full path.
 [[nodiscard]] std::optional<QString> Path(QByteArrayView line);
 
 } // namespace ResultsFormat

@@ -1,26 +1,26 @@
 #pragma once
 
 #include <QByteArray>
-#include <QSaveFile>
+#include <QFile>
 #include <QString>
 
 namespace netrove {
 
-/// Writes a results file beside the one that it will replace. Until Commit() has come to its end
-/// there is the earlier file, or none; then there is the new one, with what was written.
+/// Writes a results file line by line. What was written before a failure stays in it.
 ///
 /// Everything raises ErrorNumber::DiskFull, DeviceIOError or PathFileAccessError.
 class ResultsWriter {
 public:
+    /// Makes the file, or empties the one that is there. Never a device or a folder.
     explicit ResultsWriter(const QString& path);
 
     void WriteLine(const QByteArray& line);
-    /// Raises here, and not in Commit(), where the disk is full.
-    void Flush();
-    void Commit();
+    void Close();
 
 private:
-    QSaveFile file_;
+    void Check() const;
+
+    QFile file_;
 };
 
 } // namespace netrove
