@@ -173,19 +173,33 @@ TEST_F(FileCopyTest, AFileSizeLimitIsAFullDisk) {
     EXPECT_EQ(Files(), QStringList());
 }
 
-TEST_F(FileCopyTest, ADiskThatFillsUpMeanwhile) {
+TEST_F(FileCopyTest, ASmallDisk) {
     tree_.Folder("disk");
     const QByteArray disk = tree_.Bytes("disk");
     if (mount("none", disk.constData(), "tmpfs", 0, "size=8m") != 0)
         GTEST_SKIP() << "only root can mount a small file system";
-    FakeSource source;
-    source.onRead = [&] {
-        if (source.offsets.size() == 2)
-            tree_.File("disk/other", QByteArray(6'000'000, 'x'));
+    const QString target = tree_.Path(QStringLiteral("disk/file"));
+    FakeSource first;
+    first.failAt = 2'000'000;
+    first.onRead = [&] {
+        // The room of a running copy isn't there for another one.
+        FakeSource second;
+        second.content.truncate(4'000'000);
+        second.state.length = 4'000'000;
+        ExpectFailure(ErrorNumber::DiskFull, second, tree_.Path(QStringLiteral("disk/other")));
+        EXPECT_TRUE(second.offsets.empty());
+        first.onRead = {};
     };
-    ExpectFailure(ErrorNumber::DiskFull, source, tree_.Path(QStringLiteral("disk/file")));
+    ExpectFailure(ErrorNumber::DeviceIOError, first, target);
+    // That of one which has failed is, but for what it has.
+    tree_.File("disk/third", QByteArray(5'000'000, 'x'));
+    FakeSource again;
+    ExpectFailure(ErrorNumber::DiskFull, again, target);
+    EXPECT_TRUE(QFile::remove(tree_.Path(QStringLiteral("disk/third"))));
+    Copy(again, target);
+    EXPECT_GT(again.offsets.front(), 0) << "what was there is kept";
     EXPECT_EQ(QDir(tree_.Path(QStringLiteral("disk"))).entryList(QDir::Files | QDir::Hidden),
-              QStringList{QStringLiteral("other")});
+              QStringList{QStringLiteral("file")});
     umount2(disk.constData(), MNT_DETACH);
 }
 

@@ -44,8 +44,7 @@ void FileCopy::Run() {
     PartialFile partial(target_, IdentityOf(name_, state));
     partial.Truncate(ResumeAt(partial.Length(), state.length));
     meter_.Begin(partial.Length(), state.length, Clock::now());
-    if (partial.Room() < state.length - partial.Length())
-        throw RunTimeError(ErrorNumber::DiskFull);
+    partial.Reserve(state.length);
     try {
         Fill(partial, state.length);
         CheckUnchanged(state);

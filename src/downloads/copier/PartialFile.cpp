@@ -97,7 +97,8 @@ PartialFile::PartialFile(const QString& target, const QByteArray& identity)
 PartialFile::~PartialFile() {
     if (file_ < 0)
         return;
-    if (length_ == 0)
+    // Gives back the room that was reserved.
+    if (length_ == 0 || ftruncate(file_, length_) != 0)
         unlink(path_.constData());
     close(file_);
 }
@@ -126,6 +127,22 @@ void PartialFile::Append(QByteArrayView bytes) {
     }
 }
 
+void PartialFile::Reserve(qint64 length) {
+    if (length <= length_)
+        return;
+    int result = 0;
+    do {
+        result = fallocate(file_, FALLOC_FL_KEEP_SIZE, length_, length - length_);
+    } while (result != 0 && errno == EINTR);
+    if (result == 0)
+        return;
+    if (errno != EOPNOTSUPP)
+        RaiseErrno();
+    if (Room() < length - length_)
+        throw RunTimeError(ErrorNumber::DiskFull);
+}
+
+/// Bytes that the program may still write to the disk.
 qint64 PartialFile::Room() const {
     struct statvfs status {};
     if (fstatvfs(file_, &status) != 0)

@@ -30,8 +30,9 @@ public:
     void Truncate(qint64 length);
     void Append(QByteArrayView bytes);
 
-    /// Bytes that fit on the disk.
-    [[nodiscard]] qint64 Room() const;
+    /// Takes the room on the disk for so many bytes in all, where the file system can do that;
+    /// elsewhere looks whether there is enough.
+    void Reserve(qint64 length);
 
     /// Gives the file its time (milliseconds since 1970 UTC) and the name of the target, in place
     /// of what has it. Partial copies of other sources for this target are removed.
@@ -42,6 +43,7 @@ public:
 
 private:
     [[nodiscard]] bool Lock() const;
+    [[nodiscard]] qint64 Room() const;
     void RemoveOthers() const;
 
     QByteArray folder_; ///< with its closing separator
