@@ -3,6 +3,7 @@
 #include "browser/frmNWDialog.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
 #include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
 
@@ -13,10 +14,6 @@
 #include <memory>
 
 namespace netrove {
-
-inline QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// The browser over a network in memory, used with keys and mouse, every yield making a pass:
 /// Net with the workgroup WG and in that \\S (shares D and E, a printer) and \\T (nothing); a

@@ -1,5 +1,6 @@
 #include "browser/frmNWDialog.h"
 #include "fakes/DesktopFakes.h"
+#include "fakes/Text.h"
 #include "platform/desktop/WindowYield.h"
 #include "platform/network/OpenNetwork.h"
 #include "smb/SambaServer.h"
@@ -9,10 +10,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// A real server, FILER in the workgroup HOME, and beside it GONE, where nobody answers.
 TEST(SambaBrowser, ShowsARealServer) {

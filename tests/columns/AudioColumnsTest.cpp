@@ -2,16 +2,13 @@
 
 #include "audio/MpegStream.h"
 #include "fakes/OneFile.h"
+#include "fakes/Text.h"
 #include "runtime/ExpectRaised.h"
 
 #include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 TEST(AudioColumns, PlayTimes) {
     const struct {

@@ -2,16 +2,13 @@
 
 #include "controls/ListHeader.h"
 #include "controls/ListView.h"
+#include "fakes/Text.h"
 
 #include <QScrollBar>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace netrove {
-
-inline QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// A visible list with four columns: A, B and D of 100 pixels, and between B and D the hidden C.
 class ShownList : public testing::Test {

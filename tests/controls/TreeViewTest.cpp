@@ -1,6 +1,7 @@
 #include "controls/TreeView.h"
 
 #include "controls/Color.h"
+#include "fakes/Text.h"
 #include "runtime/RunTimeError.h"
 
 #include <QAbstractItemModelTester>
@@ -12,10 +13,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 QIcon Plain(const QColor& color) {
     QPixmap picture(16, 16);

@@ -1,4 +1,5 @@
 #include "copier/CopierDriver.h"
+#include "fakes/Text.h"
 #include "platform/TempTree.h"
 #include "platform/network/FolderProvider.h"
 #include "platform/network/SmbProvider.h"
@@ -6,10 +7,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 class FileCopierTest : public testing::Test {
 protected:

@@ -1,4 +1,5 @@
 #include "copier/CopierDriver.h"
+#include "fakes/Text.h"
 #include "platform/TempTree.h"
 #include "platform/network/SmbProvider.h"
 #include "smb/FaultyProxy.h"
@@ -17,10 +18,6 @@ using namespace std::chrono_literals;
 
 constexpr int Broken = static_cast<int>(ErrorNumber::DeviceIOError);
 constexpr qsizetype BigSize = 6'000'000;
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// The processes that this one or another has started and that live.
 std::vector<pid_t> ChildrenOf(qint64 process, const std::string& name) {

@@ -127,6 +127,14 @@ TEST_F(DesktopShellTest, OpensWhatIsThere) {
     }
 }
 
+TEST_F(DesktopShellTest, KnowsTheAddressesOfFiles) {
+    EXPECT_EQ(Encoded(shell.Address(U("\\\\LOCAL\\SHARE\\sub\\--x y.txt"))),
+              Local("/sub/--x%20y.txt"));
+    EXPECT_EQ(Encoded(shell.Address(folder.filePath(U("notes")))), Local("/notes"));
+    EXPECT_EQ(Encoded(shell.Address(U("\\\\NAS\\S\\a #1"))), "smb://nas/S/a%20%231");
+    EXPECT_EQ(Encoded(shell.Address(U("\\\\NAS\\S\\..\\a"))), "none");
+}
+
 TEST_F(DesktopShellTest, SaysWhatHasNoProgram) {
     network.AddFile(U("\\\\NAS\\S\\D\\film.blend"));
     EXPECT_EQ(Execute(U("\\\\NAS\\S\\D\\film.blend")), Shell::NoAssociation);

@@ -3,6 +3,7 @@
 #include "downloads/DownloadRows.h"
 #include "fakes/CommandedCopier.h"
 #include "fakes/DesktopFakes.h"
+#include "fakes/Text.h"
 #include "mainwindow/windowservices/SortListView.h"
 #include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
@@ -15,10 +16,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// The queue over two lists, with timers that don't keep a test waiting, and a pass of the event
 /// loop at every yield.

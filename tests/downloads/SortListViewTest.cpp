@@ -1,16 +1,13 @@
 #include "mainwindow/windowservices/SortListView.h"
 
 #include "fakes/DesktopFakes.h"
+#include "fakes/Text.h"
 #include "runtime/Yield.h"
 
 #include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 TEST(SortListView, TurnsRoundAndMarksOneHeader) {
     ListView list;

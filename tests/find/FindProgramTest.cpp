@@ -1,6 +1,7 @@
 #include "find/FindProgram.h"
 
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
 #include "find/ConsoleText.h"
 #include "runtime/Yield.h"
 
@@ -15,10 +16,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// A file that is written through a descriptor, like a standard stream, and read back.
 class StreamFile {

@@ -1,3 +1,5 @@
+#include "fakes/Text.h"
+
 #include <QDirIterator>
 #include <QProcess>
 #include <gtest/gtest.h>
@@ -6,10 +8,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 constexpr int Milliseconds = 30'000;
 

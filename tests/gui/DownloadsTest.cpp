@@ -1,16 +1,14 @@
 #include "controls/ListHeader.h"
 #include "downloads/DownloadRows.h"
 #include "fakes/CommandedCopier.h"
-#include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
+#include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/WindowYield.h"
 
 #include <QClipboard>
 #include <QMenu>
 #include <QMimeData>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -18,13 +16,9 @@
 namespace netrove {
 namespace {
 
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 /// The real window over a share \\S\D with three files of different sizes, after a search, with a
 /// copier that is told when to finish.
-class Downloads : public testing::Test, public WindowDriver {
+class Downloads : public testing::Test, public TestDesktop, public WindowDriver {
 protected:
     Downloads() : WindowDriver(window) {}
 
@@ -99,29 +93,13 @@ protected:
         return captions.join(u'|');
     }
 
-    QTemporaryDir folder;
     MemoryNetwork network;
-    RecordedDialogs dialogs;
-    RecordedShell shell;
-    DesktopFileTypes fileTypes;
-    TestSystem system;
-    WindowYield yield;
     CommandedCopier* copier = nullptr; ///< the window's own
-    frmNetrove window{{.network = network,
-                       .files = network,
-                       .dialogs = dialogs,
-                       .shell = shell,
-                       .fileTypes = fileTypes,
-                       .systemIcon = [this](int index) { return fileTypes.Icon(index); },
-                       .system = system,
-                       .applicationFolder = folder.path(),
-                       .webAddress = Text("https://www.example.com/"),
-                       .newCopyQ =
-                           [this] {
-                               auto made = std::make_unique<CommandedCopier>();
-                               copier = made.get();
-                               return made;
-                           }}};
+    frmNetrove window{Services(network, [this] {
+        auto made = std::make_unique<CommandedCopier>();
+        copier = made.get();
+        return made;
+    })};
     ListView& results = Find<ListView>("lvwResults");
     ListView& downloads = Find<ListView>("lvwDownloads");
 };
@@ -277,6 +255,11 @@ TEST_F(Downloads, CopiesPathsAndAddresses) {
     EXPECT_EQ(copied->text(), Text("\\\\S\\D\\b.mp3\n\\\\S\\D\\SUB\\c.txt"));
     EXPECT_EQ(copied->urls(),
               (QList<QUrl>{QUrl(Text("net://S/D/b.mp3")), QUrl(Text("net://S/D/SUB/c.txt"))}));
+
+    RunAll();
+    ClickRow(downloads, 2);
+    QTest::keyClick(&downloads, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->mimeData()->text(), Text("\\\\S\\D\\a.txt"));
 }
 
 TEST_F(Downloads, ClosingReleasesTheCopier) {

@@ -1,15 +1,12 @@
 #include "controls/ListHeader.h"
 #include "controls/Twips.h"
-#include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
+#include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
-#include "mainwindow/frmNetrove.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
 
 #include <QMouseEvent>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
 #include <gtest/gtest.h>
@@ -17,13 +14,9 @@
 namespace netrove {
 namespace {
 
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 /// The real window over a network in memory: \\S with the share D and \\T with the share E, used
 /// with keys and mouse.
-class Window : public testing::Test, public WindowDriver {
+class Window : public testing::Test, public TestDesktop, public WindowDriver {
 protected:
     Window() : WindowDriver(window) {}
 
@@ -54,17 +47,8 @@ protected:
     /// The settings file, which is named after the program: the test.
     [[nodiscard]] QString SettingsPath() const { return IniFileName(folder.path()); }
 
-    QTemporaryDir folder;
     MemoryNetwork network;
-    RecordedDialogs dialogs;
-    RecordedShell shell;
-    DesktopFileTypes fileTypes;
-    TestSystem system;
-    WindowYield yield;
-    const ProgramServices services{
-        network, network,       dialogs,
-        shell,   fileTypes,     [this](int index) { return fileTypes.Icon(index); },
-        system,  folder.path(), Text("https://www.example.com/")};
+    const ProgramServices services = Services(network);
     frmNetrove window{services};
 };
 

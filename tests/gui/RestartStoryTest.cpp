@@ -1,39 +1,25 @@
 #include "browser/frmNWDialog.h"
 #include "controls/TreeView.h"
-#include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
+#include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/WindowYield.h"
 
 #include <QHeaderView>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
 
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 /// One run of the program after another in one application folder.
 class RestartStory : public testing::Test {
 protected:
-    struct Run {
+    struct Run : TestDesktop {
         explicit Run(RestartStory& story)
-            : window({story.network, story.network, dialogs, shell, fileTypes,
-                      [this](int index) { return fileTypes.Icon(index); }, system,
-                      story.folder.path(), QString()})
-            , driver(window) {
+            : window(ServicesIn(story.applicationFolder.path(), story.network)), driver(window) {
             driver.Open();
         }
 
-        RecordedDialogs dialogs;
-        RecordedShell shell;
-        DesktopFileTypes fileTypes;
-        TestSystem system;
-        WindowYield yield;
         frmNetrove window;
         WindowDriver driver;
     };
@@ -86,7 +72,7 @@ protected:
         QTest::mouseClick(dialog.findChild<QPushButton*>(Text(button)), Qt::LeftButton);
     }
 
-    QTemporaryDir folder;
+    QTemporaryDir applicationFolder;
     MemoryNetwork network;
 };
 

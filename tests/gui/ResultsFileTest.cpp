@@ -1,13 +1,11 @@
-#include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
+#include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
 
 #include <QDropEvent>
 #include <QMimeData>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
 #include <gtest/gtest.h>
@@ -19,12 +17,8 @@
 namespace netrove {
 namespace {
 
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 /// The window over a share \\S\D of some files, whose results are saved and loaded.
-class ResultsWindow : public testing::Test, public WindowDriver {
+class ResultsWindow : public testing::Test, public TestDesktop, public WindowDriver {
 protected:
     ResultsWindow() : WindowDriver(window) {}
 
@@ -119,17 +113,9 @@ protected:
         return matches;
     }
 
-    QTemporaryDir folder;
     MemoryNetwork network;
-    RecordedDialogs dialogs;
-    RecordedShell shell;
-    DesktopFileTypes fileTypes;
-    TestSystem system;
-    WindowYield yield;
     QTimer watch;
-    frmNetrove window{{network, network, dialogs, shell, fileTypes,
-                       [this](int index) { return fileTypes.Icon(index); }, system, folder.path(),
-                       QString()}};
+    frmNetrove window{Services(network)};
 };
 
 TEST_F(ResultsWindow, SavesAndLoads) {

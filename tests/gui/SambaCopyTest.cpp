@@ -1,21 +1,15 @@
 #include "downloads/copier/FileCopier.h"
-#include "fakes/DesktopFakes.h"
+#include "fakes/Text.h"
+#include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/WindowYield.h"
 #include "platform/network/OpenNetwork.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaServer.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// The real queue over the real copier: a server behind a proxy that can break off.
 TEST(SambaCopy, WholeFilesArriveAndHalfOnesAreNoFiles) {
@@ -27,7 +21,8 @@ TEST(SambaCopy, WholeFilesArriveAndHalfOnesAreNoFiles) {
     samba.AddFile(Text("public/song, [1].mp3"), content);
     samba.AddFile(Text("public/broken.mp3"), content);
     FaultyProxy proxy(samba.Port());
-    const QTemporaryDir folder;
+    TestDesktop desktop;
+    const QTemporaryDir& folder = desktop.folder;
     QFile ini(folder.filePath(Text("network.ini")));
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
     ini.write("[LAN]\nType=smb\nComputer1=FILER|HOME|127.0.0.1:" +
@@ -35,21 +30,8 @@ TEST(SambaCopy, WholeFilesArriveAndHalfOnesAreNoFiles) {
     ini.close();
 
     const OpenedNetwork opened = OpenNetwork(folder.path());
-    RecordedDialogs dialogs;
-    RecordedShell shell;
-    DesktopFileTypes fileTypes;
-    TestSystem system;
-    const WindowYield yield;
-    frmNetrove window({.network = *opened.network,
-                       .files = *opened.network,
-                       .dialogs = dialogs,
-                       .shell = shell,
-                       .fileTypes = fileTypes,
-                       .systemIcon = [&](int index) { return fileTypes.Icon(index); },
-                       .system = system,
-                       .applicationFolder = folder.path(),
-                       .webAddress = QString(),
-                       .newCopyQ = [&] { return std::make_unique<FileCopier>(*opened.network); }});
+    frmNetrove window(desktop.Services(
+        *opened.network, [&] { return std::make_unique<FileCopier>(*opened.network); }));
     WindowDriver driver(window);
     driver.Open();
     auto& results = driver.Find<ListView>("lvwResults");
@@ -79,7 +61,7 @@ TEST(SambaCopy, WholeFilesArriveAndHalfOnesAreNoFiles) {
     EXPECT_TRUE(copy("broken").startsWith(Text("Error (")));
     EXPECT_FALSE(QFile::exists(target + Text("broken.mp3")));
     EXPECT_EQ(downloads.ForeColor(downloads.Count()), QColor(255, 0, 0));
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_TRUE(desktop.dialogs.Shown.isEmpty());
     EXPECT_TRUE(window.close());
 }
 

@@ -1,37 +1,24 @@
-#include "fakes/DesktopFakes.h"
+#include "fakes/Text.h"
+#include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/WindowYield.h"
 #include "platform/network/OpenNetwork.h"
 #include "smb/SambaServer.h"
 
 #include <QProcess>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
 
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 /// The window over the network that network.ini in the folder tells.
-struct OpenedWindow {
-    explicit OpenedWindow(const QString& folder) : opened(OpenNetwork(folder)), path(folder) {
+struct OpenedWindow : TestDesktop {
+    explicit OpenedWindow(const QString& path)
+        : opened(OpenNetwork(path)), window(ServicesIn(path, *opened.network)) {
         EXPECT_TRUE(opened.problems.isEmpty());
     }
 
     OpenedNetwork opened;
-    QString path;
-    RecordedDialogs dialogs;
-    RecordedShell shell;
-    DesktopFileTypes fileTypes;
-    TestSystem system;
-    WindowYield yield;
-    frmNetrove window{{*opened.network, *opened.network, dialogs, shell, fileTypes,
-                       [this](int index) { return fileTypes.Icon(index); }, system, path,
-                       QString()}};
+    frmNetrove window;
 };
 
 /// A real server, FILER in the workgroup HOME, searched by the window and by the console program.

@@ -1,25 +1,18 @@
 #include "browser/frmNWDialog.h"
 #include "controls/TreeView.h"
-#include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
+#include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
-#include "mainwindow/frmNetrove.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/WindowYield.h"
 
-#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
 
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 /// The window over two networks in memory: "Net" with \\S and \\T in WG, "Other" with \\U in HOME.
-class StartNode : public testing::Test, public WindowDriver {
+class StartNode : public testing::Test, public TestDesktop, public WindowDriver {
 protected:
     StartNode() : WindowDriver(window) {}
 
@@ -82,18 +75,10 @@ protected:
 
     QString Shown() { return Find<QLineEdit>("txtSearchStart").text(); }
 
-    QTemporaryDir folder;
     MemoryNetwork network;
     QStringList calls;
     bool waited = true; ///< the hourglass was there at every call
-    RecordedDialogs dialogs;
-    RecordedShell shell;
-    DesktopFileTypes fileTypes;
-    TestSystem system;
-    WindowYield yield;
-    frmNetrove window{{network, network, dialogs, shell, fileTypes,
-                       [this](int index) { return fileTypes.Icon(index); }, system, folder.path(),
-                       QString()}};
+    frmNetrove window{Services(network)};
 };
 
 TEST_F(StartNode, IsFoundByNameOrStays) {

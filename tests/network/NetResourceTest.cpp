@@ -1,6 +1,7 @@
 #include "network/NetResource.h"
 
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 
@@ -10,10 +11,6 @@ namespace netrove {
 namespace {
 
 constexpr auto ProviderName = "Microsoft Windows Network";
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 QStringList Names(const NetResources& nodes) {
     QStringList names;

@@ -1,5 +1,6 @@
 #include "platform/ProfileFile.h"
 
+#include "fakes/Text.h"
 #include "platform/TempTree.h"
 
 #include <gtest/gtest.h>
@@ -17,10 +18,6 @@ namespace netrove {
 namespace {
 
 constexpr uid_t Nobody = 65534;
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 class ProfileFileTest : public testing::Test {
 protected:

@@ -1,5 +1,6 @@
 #include "storage/results/ResultsFormat.h"
 
+#include "fakes/Text.h"
 #include "storage/results/ResultsReader.h"
 
 #include <QTemporaryDir>
@@ -9,10 +10,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 TEST(ResultsFormat, WritesWhatItReads) {
     const std::array<QString, 3> fields{Text("Ünï \"live\".mp3"), Text("\\\\S\\D\\"), Text(" ")};

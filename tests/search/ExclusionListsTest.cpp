@@ -1,15 +1,12 @@
 #include "search/ExclusionLists.h"
 
+#include "fakes/Text.h"
 #include "runtime/RunTimeError.h"
 
 #include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 TEST(ExclusionLists, EntriesGoToTheListsOfTheirType) {
     Settings settings;

@@ -1,6 +1,7 @@
 #include "search/NWSearch.h"
 
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 
@@ -9,10 +10,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// A network with one server \\S and its share \\S\D, searched with a written record of all that
 /// happens.

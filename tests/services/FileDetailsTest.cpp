@@ -1,15 +1,12 @@
 #include "mainwindow/services/FileDetails.h"
 
 #include "fakes/OneFile.h"
+#include "fakes/Text.h"
 
 #include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 TEST(FileDetails, TextsOfAFile) {
     OneFile file;

@@ -1,15 +1,12 @@
 #include "mainwindow/services/Paths.h"
 
+#include "fakes/Text.h"
 #include "mainwindow/services/CompactPath.h"
 
 #include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 TEST(Paths, Extensions) {
     const struct {

@@ -1,4 +1,5 @@
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
 #include "mainwindow/services/NetworkNodes.h"
 #include "mainwindow/services/ShellServices.h"
 #include "mainwindow/services/WinVer.h"
@@ -8,10 +9,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 class TestShell : public Shell {
 public:

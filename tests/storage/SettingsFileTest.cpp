@@ -1,6 +1,7 @@
 #include "storage/SettingsFile.h"
 
 #include "fakes/DesktopFakes.h"
+#include "fakes/Text.h"
 #include "platform/TempTree.h"
 #include "runtime/ExpectRaised.h"
 #include "runtime/Text.h"
@@ -11,10 +12,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// One run of a program with a window, between its start and its end.
 class Session {

@@ -1,13 +1,11 @@
 #include "mainwindow/windowservices/IconImages.h"
 
+#include "fakes/Text.h"
+
 #include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// A desktop that knows text files by number 7 and songs by number 12.
 class TwoTypes : public FileTypes {

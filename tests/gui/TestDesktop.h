@@ -1,0 +1,44 @@
+#pragma once
+
+#include "fakes/DesktopFakes.h"
+#include "mainwindow/ProgramServices.h"
+#include "platform/desktop/DesktopFileTypes.h"
+#include "platform/desktop/WindowYield.h"
+
+#include <QTemporaryDir>
+
+namespace netrove {
+
+/// What a program with the main window has around it: a desktop that records what is asked of it,
+/// and a folder that goes with it.
+struct TestDesktop {
+    QTemporaryDir folder;
+    RecordedDialogs dialogs;
+    RecordedShell shell;
+    DesktopFileTypes fileTypes;
+    TestSystem system;
+    WindowYield yield;
+
+    /// For a window over this network, whose settings are in that folder.
+    template <typename SomeNetwork>
+    ProgramServices ServicesIn(const QString& applicationFolder, SomeNetwork& network,
+                               std::function<std::unique_ptr<CopyQ>()> newCopyQ = {}) {
+        return {.network = network,
+                .files = network,
+                .dialogs = dialogs,
+                .shell = shell,
+                .fileTypes = fileTypes,
+                .systemIcon = [this](int index) { return fileTypes.Icon(index); },
+                .system = system,
+                .applicationFolder = applicationFolder,
+                .webAddress = QStringLiteral("https://www.example.com/"),
+                .newCopyQ = std::move(newCopyQ)};
+    }
+    template <typename SomeNetwork>
+    ProgramServices Services(SomeNetwork& network,
+                             std::function<std::unique_ptr<CopyQ>()> newCopyQ = {}) {
+        return ServicesIn(folder.path(), network, std::move(newCopyQ));
+    }
+};
+
+} // namespace netrove
