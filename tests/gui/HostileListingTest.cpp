@@ -1,0 +1,122 @@
+#include "downloads/copier/FileCopier.h"
+#include "fakes/Text.h"
+#include "gui/TestDesktop.h"
+#include "gui/WindowDriver.h"
+#include "platform/network/Network.h"
+
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+/// A server that lists whatever names it likes, and gives the same file for each of them.
+class HostileProvider : public NetworkProvider {
+public:
+    HostileProvider(const QStringList& names, QString content)
+        : NetworkProvider(Text("Net")), names_(names), content_(std::move(content)) {}
+
+    std::optional<std::vector<NetRecord>> List(const NetRecord& node, qint32 type) override {
+        if (type != NetEnum::TypeDisk)
+            return std::vector<NetRecord>();
+        switch (node.dwDisplayType) {
+        case NetEnum::DisplayNetwork:
+            return std::vector{Record(NetEnum::DisplayServer, Text("\\\\EVIL"), QString())};
+        case NetEnum::DisplayServer:
+            return std::vector{Record(NetEnum::DisplayShare, Text("\\\\EVIL\\D"), QString())};
+        default:
+            return std::nullopt;
+        }
+    }
+    bool Knows(const QString& server) override { return server == Text("EVIL"); }
+    QString Workgroup(const QString& /*server*/) override { return Text("x&y\n"); }
+    std::unique_ptr<FileFind> FindFirst(const UncPath& /*path*/, FindData& first) override {
+        class Find : public FileFind {
+        public:
+            explicit Find(const QStringList& names) : names_(names) {}
+            bool FindNext(FindData& data) override {
+                if (next_ == names_.size())
+                    return false;
+                data = {.attributes = 0, .fileName = names_[next_++]};
+                return true;
+            }
+
+        private:
+            QStringList names_;
+            qsizetype next_ = 0;
+        };
+        auto find = std::make_unique<Find>(names_);
+        return find->FindNext(first) ? std::move(find) : nullptr;
+    }
+    bool CanEnter(const UncPath& /*path*/) override { return true; }
+    FileInfo Info(const UncPath& /*path*/) override { return {.length = -1}; }
+    QByteArray Read(const UncPath& /*path*/, qint64 /*offset*/, qint64 /*length*/) override {
+        return {};
+    }
+    std::optional<QString> LocalPath(const UncPath& /*path*/) override { return content_; }
+
+private:
+    QStringList names_;
+    QString content_;
+};
+
+TEST(HostileListing, NoCopyLeavesTheFolder) {
+    TestDesktop desktop;
+    const QString home = desktop.folder.path();
+    QFile content(desktop.folder.filePath(Text("content")));
+    ASSERT_TRUE(content.open(QIODevice::WriteOnly) && content.write("evil"));
+    content.close();
+    // What can't be a file's name at all isn't even found.
+    QStringList names{Text("../up"), Text("..\\up"), Text("/tmp/up"),
+                      Text(".."),    Text("."),      QString()};
+    names.append(QString(QChar(u'\0')) + Text("zero"));
+    const QStringList refused{Text("new\nline"),  Text("CON"),           Text("nul.txt"),
+                              Text("bell\a"),     QString(300, u'x'),    Text("half.netrove-part"),
+                              Text("\u0085next"), QString(QChar(0xD800))};
+    const QStringList harmless{Text("~"), Text("-rf"), Text("$(x)"), Text("\u202egnp.exe"),
+                               Text(" %2e%2e%2f ")};
+    std::vector<std::unique_ptr<NetworkProvider>> providers;
+    providers.push_back(
+        std::make_unique<HostileProvider>(names + refused + harmless, content.fileName()));
+    Network network(std::move(providers));
+    frmNetrove window(
+        desktop.Services(network, [&] { return std::make_unique<FileCopier>(network); }));
+    WindowDriver driver(window);
+    driver.Open();
+    driver.Search("*");
+    auto& results = driver.Find<ListView>("lvwResults");
+    auto& downloads = driver.Find<ListView>("lvwDownloads");
+    results.setFocus();
+    QTest::keyClick(&results, Qt::Key_A, Qt::ControlModifier);
+    for (const char* timer : {"DloadScanTmr", "DloadQueueTmr"})
+        driver.Find<QTimer>(timer).setInterval(1);
+    QTest::keyClick(&results, Qt::Key_Return);
+    const auto isOver = [&] {
+        for (int row = 1; row <= downloads.Count(); ++row) {
+            if (downloads.SubItem(row, 5) == Text("Pending") ||
+                downloads.SubItem(row, 5) == Text("Downloading"))
+                return false;
+        }
+        return true;
+    };
+    ASSERT_TRUE(QTest::qWaitFor(isOver, 20000));
+    QStringList copied;
+    for (int row = 1; row <= downloads.Count(); ++row) {
+        if (downloads.SubItem(row, 5) == Text("Done!"))
+            copied.append(downloads.Text(row));
+        else
+            EXPECT_EQ(downloads.SubItem(row, 5), Text("Error (75)"));
+    }
+    EXPECT_EQ(copied, harmless);
+    EXPECT_GE(downloads.Count(), refused.size() - 1 + harmless.size());
+    const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+    EXPECT_EQ(QDir(home + Text("/Downloads")).entryList(all).size(), harmless.size());
+    QStringList aside = QDir(home).entryList(all);
+    aside.removeAll(Text("Downloads"));
+    aside.removeAll(Text("content"));
+    aside.removeAll(Text("Netrove.log"));
+    EXPECT_TRUE(aside.isEmpty()) << aside.join(u' ').toStdString();
+    EXPECT_TRUE(desktop.dialogs.Shown.isEmpty());
+}
+
+} // namespace
+} // namespace netrove
