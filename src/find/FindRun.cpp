@@ -25,11 +25,12 @@ Settings SearchSettings(const FindArguments& arguments, const QString& computer)
     return settings;
 }
 
-/// Lets `pass` run at the yields and waits of the search.
+/// Lets `pass` run at the yields and waits of the search; where it gives false, a wait ends.
 class PassesOf {
 public:
-    explicit PassesOf(const std::function<void()>& pass)
-        : yield_(SetYieldPass(pass)), waiting_(SetWaitingPass(pass)) {}
+    explicit PassesOf(const std::function<bool()>& pass)
+        : yield_(SetYieldPass([pass] { static_cast<void>(pass()); }))
+        , waiting_(SetWaitingPass(pass)) {}
     PassesOf(const PassesOf&) = delete;
     PassesOf& operator=(const PassesOf&) = delete;
     ~PassesOf() {
@@ -39,7 +40,7 @@ public:
 
 private:
     std::function<void()> yield_;
-    std::function<void()> waiting_;
+    std::function<bool()> waiting_;
 };
 
 } // namespace
@@ -63,7 +64,7 @@ FindRun::FindRun(const FindArguments& arguments, const FindServices& services,
 int FindRun::Execute() {
     clock_.start();
     {
-        const PassesOf passes([this] { Pass(); });
+        const PassesOf passes([this] { return Pass(); });
         Search();
     }
     progress_.Clear();
@@ -105,7 +106,8 @@ void FindRun::OnFound(const QString& netPath) {
     console_.out.WriteLine(*line);
 }
 
-void FindRun::Pass() {
+/// Gives whether the search goes on.
+bool FindRun::Pass() {
     if (signal_ == 0)
         signal_ = console_.signal();
     if (console_.out.HasUnwritten()) {
@@ -113,10 +115,12 @@ void FindRun::Pass() {
             progress_.Clear();
         console_.out.Flush();
     }
-    if (signal_ != 0 || console_.out.Error() != 0)
+    if (signal_ != 0 || console_.out.Error() != 0) {
         engine_.Abandon();
-    else
-        progress_.Show(found_, place_);
+        return false;
+    }
+    progress_.Show(found_, place_);
+    return true;
 }
 
 void FindRun::PrintSummary() {

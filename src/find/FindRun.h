@@ -44,7 +44,7 @@ private:
     void Search();
     void OnFound(const QString& netPath);
     /// What happens between the steps of the walk and while it waits for the network.
-    void Pass();
+    [[nodiscard]] bool Pass();
     void PrintSummary();
 
     const FindArguments& arguments_;

@@ -55,7 +55,7 @@ public:
 /// zero character never does.
 ///
 /// Used from one thread. Calls block until the other side has answered or failed; meanwhile they
-/// call WhileWaiting().
+/// call WhileWaiting(), and fail at once where that gives false.
 class FileAccess {
 public:
     FileAccess() = default;

@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <cerrno>
 #include <optional>
 
 #include <dirent.h>
@@ -106,12 +107,17 @@ std::shared_ptr<const LocalListing> LocalListing::Read(const QByteArray& folder)
         return nullptr;
     const std::shared_ptr<LocalListing> listing(new LocalListing);
     EntryKinds kinds(dirfd(open.get()), folder);
+    std::size_t read = 0;
     while (const dirent* entry = readdir(open.get())) {
         const QByteArrayView name(entry->d_name);
         if (name.contains('\\'))
             continue;
         if (const std::optional<quint32> attributes = kinds.Attributes(*entry))
             listing->Add(*attributes, name);
+        if (++read % EntriesPerWait == 0 && !WhileWaiting()) {
+            errno = ECANCELED;
+            return nullptr;
+        }
     }
     if (listing->hasForeignNames_)
         listing->LeaveOutDoubles();
@@ -125,8 +131,6 @@ void LocalListing::Add(quint32 attributes, QByteArrayView name) {
     names_ += name;
     if (!IsAscii(name) && !FromUtf8(name))
         hasForeignNames_ = true;
-    if (entries_.size() % EntriesPerWait == 0)
-        WhileWaiting();
 }
 
 QByteArrayView LocalListing::Name(const Entry& entry) const {

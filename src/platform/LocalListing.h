@@ -19,7 +19,8 @@ namespace netrove {
 /// through a link, such a link is no folder, so that no walk goes round for ever.
 class LocalListing {
 public:
-    /// Null where the folder can't be read; then errno says why.
+    /// Null where the folder can't be read; then errno says why: ECANCELED where the wait for it
+    /// was given up.
     [[nodiscard]] static std::shared_ptr<const LocalListing> Read(const QByteArray& folder);
 
     [[nodiscard]] std::size_t Count() const { return entries_.size(); }

@@ -14,7 +14,7 @@ constexpr std::chrono::milliseconds PassInterval{5};
 
 struct Passes {
     std::function<void()> yield;
-    std::function<void()> waiting;
+    std::function<bool()> waiting;
 };
 
 // A thread has its own, so that a helper thread which yields never runs the window's events. What
@@ -49,12 +49,12 @@ void SetYieldAlways(bool always) {
     passAlways = always;
 }
 
-void WhileWaiting() {
-    if (const std::function<void()> pass = passes.waiting)
-        pass();
+bool WhileWaiting() {
+    const std::function<bool()> pass = passes.waiting;
+    return !pass || pass();
 }
 
-std::function<void()> SetWaitingPass(std::function<void()> pass) {
+std::function<bool()> SetWaitingPass(std::function<bool()> pass) {
     return std::exchange(passes.waiting, std::move(pass));
 }
 

@@ -22,11 +22,12 @@ std::function<void()> SetYieldPass(std::function<void()> pass);
 void SetYieldAlways(bool always);
 
 /// Serves the display during a blocking wait of the platform: painting goes on, no handler of
-/// the program runs. Waits call it every few tens of milliseconds.
-void WhileWaiting();
+/// the program runs. Waits call it every few tens of milliseconds. False where the wait is to be
+/// given up: the call that waits then fails at once, as one whose path can't be reached.
+[[nodiscard]] bool WhileWaiting();
 
-/// What WhileWaiting() does, in the thread that sets it. It may raise an exception to end the wait.
-/// Gives back the one that was set before.
-std::function<void()> SetWaitingPass(std::function<void()> pass);
+/// What WhileWaiting() does, in the thread that sets it; an empty function means to go on. It may
+/// raise an exception to end the wait. Gives back the one that was set before.
+std::function<bool()> SetWaitingPass(std::function<bool()> pass);
 
 } // namespace netrove

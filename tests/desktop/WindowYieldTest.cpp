@@ -80,13 +80,13 @@ TEST_F(WindowYieldTest, AWaitPaintsAndKeepsTheRestForTheNextYield) {
     window.OnPaint = [&] {
         wasWaiting = yield.Waiting();
         Yield();
-        WhileWaiting();
+        EXPECT_TRUE(WhileWaiting());
     };
 
-    EXPECT_TRUE(Serve([&] { return window.Paints > 0; }, WhileWaiting));
+    EXPECT_TRUE(Serve([&] { return window.Paints > 0; }, [] { EXPECT_TRUE(WhileWaiting()); }));
     QElapsedTimer clock; // long enough for the timer to be due
     clock.start();
-    EXPECT_TRUE(Serve([&] { return clock.elapsed() > 20; }, WhileWaiting));
+    EXPECT_TRUE(Serve([&] { return clock.elapsed() > 20; }, [] { EXPECT_TRUE(WhileWaiting()); }));
     EXPECT_TRUE(wasWaiting);
     EXPECT_FALSE(yield.Waiting());
     EXPECT_EQ(window.Moves, 0);

@@ -79,14 +79,15 @@ protected:
         if (!SambaServer::IsAvailable())
             GTEST_SKIP() << "Samba needs to be installed and the user to be root";
         ASSERT_TRUE(samba_->IsRunning());
-        SetWaitingPass([this] { Pass(); });
+        SetWaitingPass([this] { return Pass(); });
     }
     void TearDown() override { SetWaitingPass({}); }
 
-    void Pass() {
+    bool Pass() {
         ++passes_;
         if (duringWait_)
             duringWait_();
+        return !isAbandoned_;
     }
 
     /// A provider whose computer FILER is at that port, in no workgroup that is known.
@@ -149,6 +150,7 @@ protected:
     int scripts_ = 0;
     int passes_ = 0;
     std::function<void()> duringWait_;
+    bool isAbandoned_ = false;
 };
 
 TEST_F(SmbFaultsTest, APortThatTakesNoConnectionCostsOneLimit) {
@@ -331,6 +333,24 @@ TEST_F(SmbFaultsTest, AJunctionThatLeadsBackIsNotFollowedForever) {
     EXPECT_EQ(Count(*provider, QStringLiteral("a\\loop\\folder\\loop\\loop")), -1);
     EXPECT_EQ(Count(*provider, QStringLiteral("a\\loop\\folder\\loop\\folder")), 2);
     EXPECT_EQ(Count(*provider, QStringLiteral("a\\folder\\folder\\folder\\folder")), 2);
+}
+
+TEST_F(SmbFaultsTest, AWaitThatIsGivenUpFailsTheRequestAndNoMore) {
+    FaultyProxy proxy(samba_->Port());
+    const auto provider = Provider(proxy.Port());
+    QElapsedTimer time;
+    time.start();
+    // While it is being reached, and in the middle of a request:
+    for (const auto& [bytes, folder, entries] :
+         {std::tuple(0, small_, 3), std::tuple(20000, big_, 5002)}) {
+        proxy.FallSilentAfter(bytes);
+        isAbandoned_ = true;
+        EXPECT_EQ(Count(*provider, folder), -1);
+        isAbandoned_ = false;
+        proxy.Heal();
+        EXPECT_EQ(Count(*provider, folder), entries) << "nothing is held against the server";
+    }
+    EXPECT_LT(time.elapsed(), 10000);
 }
 
 TEST_F(SmbFaultsTest, NoHelperIsLeftBehind) {

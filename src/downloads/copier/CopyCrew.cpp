@@ -48,7 +48,10 @@ public:
     explicit Member(std::shared_ptr<Board> board) : board_(std::move(board)) {}
 
     void Run() {
-        SetWaitingPass([this] { Check(); });
+        SetWaitingPass([this] {
+            Check();
+            return true;
+        });
         while (const auto order = Next()) {
             const int errorNumber = Copy(*order);
             const std::scoped_lock lock(board_->mutex);

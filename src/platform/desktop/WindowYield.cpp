@@ -13,7 +13,10 @@ namespace netrove {
 
 WindowYield::WindowYield()
     : previousYield_(SetYieldPass([this] { YieldPass(); }))
-    , previousWaiting_(SetWaitingPass([this] { WaitingPass(); })) {}
+    , previousWaiting_(SetWaitingPass([this] {
+        WaitingPass();
+        return true;
+    })) {}
 
 WindowYield::~WindowYield() {
     SetYieldPass(std::move(previousYield_));

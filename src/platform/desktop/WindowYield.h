@@ -32,7 +32,7 @@ private:
     void WaitingPass();
 
     std::function<void()> previousYield_;
-    std::function<void()> previousWaiting_;
+    std::function<bool()> previousWaiting_;
     bool waiting_ = false;
 };
 

@@ -23,12 +23,15 @@ constexpr milliseconds WaitStep{20};
 /// Workgroups, servers, shares.
 constexpr int Levels = 3;
 
-void Wait(milliseconds time) {
+/// False when the wait has been given up.
+bool Wait(milliseconds time) {
     const auto end = std::chrono::steady_clock::now() + time;
     for (auto now = end - time; now < end; now = std::chrono::steady_clock::now()) {
-        WhileWaiting();
+        if (!WhileWaiting())
+            return false;
         std::this_thread::sleep_for(std::min<std::chrono::nanoseconds>(WaitStep, end - now));
     }
+    return true;
 }
 
 } // namespace
@@ -171,16 +174,15 @@ const FolderProvider::Node* FolderProvider::FindShare(const UncPath& path) const
     return server != nullptr ? server->Find(path.Share()) : nullptr;
 }
 
-/// Whether a node answers a call; the call has taken its time then.
+/// Whether a node answers a call; the call has taken its time then, unless it was given up.
 bool FolderProvider::Answers(const Node& node) {
     switch (node.fault) {
     case Fault::None:
         return true;
     case Fault::Slow:
-        Wait(node.delay);
-        return true;
+        return Wait(node.delay);
     case Fault::Unreachable:
-        Wait(node.delay);
+        static_cast<void>(Wait(node.delay));
         return false;
     case Fault::Refused:
         return false;

@@ -57,7 +57,8 @@ int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part) {
     if (!worker)
         return ECHILD;
     if (const int status = Reach(*worker, request); status != 0) {
-        Bury(server, status);
+        if (status != ECANCELED)
+            Bury(server, status);
         Keep(QString(), std::move(worker));
         return status;
     }

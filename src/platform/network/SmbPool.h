@@ -23,7 +23,8 @@ public:
         : helper_(std::move(helper)), limits_(limits) {}
 
     /// Puts a request to the server that it names. Gives 0 or an errno: the server's, or one that
-    /// says why it can't be reached. Blocks, and calls WhileWaiting().
+    /// says why it can't be reached; ECANCELED where the wait was given up, which says nothing of
+    /// the server. Blocks, and calls WhileWaiting().
     ///
     /// A server that doesn't take connections, or takes them and doesn't speak SMB, costs one
     /// short limit and then nothing for a while, which is longer each time that it is tried in

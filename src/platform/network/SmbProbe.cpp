@@ -96,8 +96,8 @@ int SmbProbe::AwaitConnection() {
     WaitingPoll waiting(limits_.connect);
     auto open = static_cast<std::ptrdiff_t>(sockets_.size());
     while (open > 0) {
-        if (!waiting.Wait(sockets_)) {
-            status_ = ETIMEDOUT;
+        if (const int status = WaitingPoll::StatusOf(waiting.Wait(sockets_)); status != 0) {
+            status_ = status;
             return -1;
         }
         for (pollfd& one : sockets_) {
@@ -125,8 +125,8 @@ int SmbProbe::AwaitAnswer(int socket) const {
     QByteArray answer;
     while (answer.size() < AnswerBytes) {
         std::array<pollfd, 1> descriptors{{{.fd = socket, .events = POLLIN, .revents = 0}}};
-        if (!waiting.Wait(descriptors))
-            return ETIMEDOUT;
+        if (const int status = WaitingPoll::StatusOf(waiting.Wait(descriptors)); status != 0)
+            return status;
         std::array<char, AnswerBytes> bytes{};
         const ssize_t count =
             recv(socket, bytes.data(), static_cast<std::size_t>(AnswerBytes - answer.size()), 0);

@@ -22,7 +22,7 @@ public:
     ~SmbProbe();
 
     /// 0 if somebody does at one of a computer's addresses (numeric ones), else the errno of the
-    /// last that failed. Calls WhileWaiting().
+    /// last that failed: ECANCELED where the wait was given up. Calls WhileWaiting().
     [[nodiscard]] int Run(const std::vector<QString>& addresses, quint16 port);
 
 private:

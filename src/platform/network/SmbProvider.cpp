@@ -119,15 +119,15 @@ std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& serve
     const auto now = std::chrono::steady_clock::now();
     if (!SameName(lastShares_.server, server) || now > lastShares_.until) {
         auto shares = FetchShares(server);
+        if (!shares)
+            return std::nullopt;
         lastShares_ = {.server = server,
                        .until = std::chrono::steady_clock::now() + SharesLifetime,
-                       .shares = std::move(shares)};
+                       .shares = std::move(*shares)};
     }
-    if (!lastShares_.shares)
-        return std::nullopt;
     const auto wanted = type == NetEnum::TypePrint ? SmbShare::Kind::Printer : SmbShare::Kind::Disk;
     std::vector<NetRecord> records;
-    for (const SmbShare& share : *lastShares_.shares) {
+    for (const SmbShare& share : lastShares_.shares) {
         if (share.kind == wanted)
             records.push_back(
                 Record(NetEnum::DisplayShare,

@@ -50,7 +50,7 @@ private:
     struct Shares {
         QString server;
         std::chrono::steady_clock::time_point until;
-        std::optional<SmbShares> shares;
+        SmbShares shares;
     };
 
     [[nodiscard]] QString WorkgroupOf(const SmbHost& host) const;

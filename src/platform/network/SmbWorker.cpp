@@ -130,8 +130,8 @@ int SmbWorker::Receive(SmbAnswer& answer, Time limit) {
         std::array<pollfd, 1> descriptors{{{.fd = socket_, .events = POLLIN, .revents = 0}}};
         if (!unsent_.isEmpty())
             descriptors[0].events |= POLLOUT;
-        if (!waiting.Wait(descriptors))
-            return Fail(ETIMEDOUT);
+        if (const int status = WaitingPoll::StatusOf(waiting.Wait(descriptors)); status != 0)
+            return Fail(status);
         if ((descriptors[0].revents & POLLOUT) != 0 && Write() != 0)
             return Fail(ECONNABORTED);
         if ((descriptors[0].revents & (POLLIN | POLLHUP | POLLERR)) != 0 && Read() != 0)

@@ -35,8 +35,8 @@ public:
 
     /// Sends a request, gives each part of the answer to `part`, then the status of its end: 0 or
     /// an errno. Calls WhileWaiting() meanwhile. Where the process has died, sends garbage or
-    /// nothing for longer than `limit`, it is ended; the status is then ECONNABORTED, EPROTO or
-    /// ETIMEDOUT and the worker of no further use.
+    /// nothing for longer than `limit`, or the wait is given up, it is ended; the status is then
+    /// ECONNABORTED, EPROTO, ETIMEDOUT or ECANCELED and the worker of no further use.
     [[nodiscard]] int Request(const SmbRequest& request, Time limit, const Part& part);
 
     /// Whether the process still waits for requests, as far as can be told without asking.

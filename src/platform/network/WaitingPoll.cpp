@@ -2,22 +2,37 @@
 
 #include "runtime/Yield.h"
 
+#include <cerrno>
+
 namespace netrove {
 
-bool WaitingPoll::Wait(std::span<pollfd> descriptors) {
+WaitingPoll::End WaitingPoll::Wait(std::span<pollfd> descriptors) {
     for (;;) {
         const int ready =
             poll(descriptors.data(), descriptors.size(), static_cast<int>(Step.count()));
         const auto now = Clock::now();
         if (now >= nextPass_) {
-            WhileWaiting();
+            if (!WhileWaiting())
+                return End::Abandoned;
             nextPass_ = Clock::now() + Step;
         }
         if (ready > 0)
-            return true;
+            return End::Ready;
         if (now >= end_)
-            return false;
+            return End::TimeIsUp;
     }
+}
+
+int WaitingPoll::StatusOf(End end) {
+    switch (end) {
+    case End::Ready:
+        return 0;
+    case End::TimeIsUp:
+        return ETIMEDOUT;
+    case End::Abandoned:
+        return ECANCELED;
+    }
+    return EPROTO;
 }
 
 } // namespace netrove

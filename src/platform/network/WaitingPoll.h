@@ -15,9 +15,16 @@ public:
 
     explicit WaitingPoll(std::chrono::milliseconds limit) : end_(Clock::now() + limit) {}
 
-    /// True when one of the descriptors is ready, false when the limit has passed since the
-    /// object was made.
-    [[nodiscard]] bool Wait(std::span<pollfd> descriptors);
+    enum class End {
+        Ready,     ///< one of the descriptors is
+        TimeIsUp,  ///< the limit has passed since the object was made
+        Abandoned, ///< WhileWaiting() says so
+    };
+
+    [[nodiscard]] End Wait(std::span<pollfd> descriptors);
+
+    /// The errno that a wait without a ready descriptor stands for.
+    [[nodiscard]] static int StatusOf(End end);
 
 private:
     Clock::time_point end_;

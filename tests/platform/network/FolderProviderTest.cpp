@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <limits>
 
 namespace netrove {
 namespace {
@@ -39,6 +40,7 @@ protected:
             if (waits_++ > 0)
                 longestGap_ = std::max(longestGap_, now - lastWait_);
             lastWait_ = now;
+            return waits_ < abandonedAt_;
         });
     }
     ~FolderProviderTest() override { SetWaitingPass(previous_); }
@@ -72,8 +74,9 @@ protected:
 
     TempTree tree_;
     std::optional<FolderProvider> provider_;
-    std::function<void()> previous_;
+    std::function<bool()> previous_;
     int waits_ = 0;
+    int abandonedAt_ = std::numeric_limits<int>::max();
     steady_clock::time_point lastWait_;
     steady_clock::duration longestGap_{0};
 };
@@ -155,6 +158,20 @@ TEST_F(FolderProviderTest, KeepsTheDisplayAliveWhileItWaits) {
               milliseconds(50));
     EXPECT_GE(waits_, 2);
     EXPECT_LT(longestGap_, milliseconds(500)); // 20 on a machine that has nothing else to do
+}
+
+TEST_F(FolderProviderTest, AWaitThatIsGivenUpFailsTheCall) {
+    FindData data;
+    tree_.File("sample-network.ini", "[NORTH/ALPHA]\nfault=slow\ndelay=10000\n"
+                                     "[NORTH/BETA]\nfault=unreachable\ndelay=10000\n");
+    for (const char* share : {"ALPHA\\Slow\\Sub", "BETA\\Music"}) {
+        waits_ = 0;
+        abandonedAt_ = 2;
+        const UncPath path = Unc(QLatin1String("\\\\") + QLatin1String(share));
+        EXPECT_LT(TimeOf([&] { EXPECT_FALSE(Provider().FindFirst(path, data)) << share; }),
+                  milliseconds(5000));
+        EXPECT_EQ(waits_, 2) << share;
+    }
 }
 
 TEST_F(FolderProviderTest, SaysWhatIsWrongWithItsFile) {
