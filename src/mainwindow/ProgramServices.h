@@ -8,6 +8,7 @@
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
 
+#include <QAbstractButton>
 #include <QString>
 
 #include <functional>
@@ -28,6 +29,9 @@ struct ProgramServices {
     QString webAddress;        ///< of the program's web site
     /// Makes what copies the downloads; without one, each download fails at its start.
     std::function<std::unique_ptr<CopyQ>()> newCopyQ = {};
+    /// Lets a button give up waits for the network: it stays alive during these, and they end when
+    /// the function says that it has been pressed.
+    std::function<void(QAbstractButton&, std::function<bool()>)> letAbandon = {};
 };
 
 } // namespace netrove

@@ -119,6 +119,11 @@ void frmNetrove::ConnectControls() {
     });
     controls_.HyperLbl->installEventFilter(this);
     controls_.cmdAbandon->setEnabled(false);
+    // The flag is an old one while no job runs.
+    if (services_.letAbandon)
+        services_.letAbandon(*controls_.cmdAbandon, [this] {
+            return state_.AbandonFlag && controls_.cmdAbandon->isEnabled();
+        });
 }
 
 void frmNetrove::ConnectLists() {

@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("netrove"));
     QApplication::setWindowIcon(netrove::ProgramIcon());
 
-    const netrove::WindowYield yield;
+    netrove::WindowYield yield;
     const QString folder = netrove::ApplicationFolder();
     const netrove::OpenedNetwork opened = netrove::OpenNetwork(folder);
     netrove::DesktopDialogs dialogs;
@@ -35,7 +35,11 @@ int main(int argc, char** argv) {
          .system = system,
          .applicationFolder = folder,
          .webAddress = QStringLiteral(NETROVE_WEB_ADDRESS),
-         .newCopyQ = [&] { return std::make_unique<netrove::FileCopier>(*opened.network); }});
+         .newCopyQ = [&] { return std::make_unique<netrove::FileCopier>(*opened.network); },
+         .letAbandon =
+             [&](QAbstractButton& button, std::function<bool()> isPressed) {
+                 yield.SetAbandon(button, std::move(isPressed));
+             }});
     dialogs.SetParent(&window);
     window.Form_Load();
     if (!opened.problems.isEmpty())

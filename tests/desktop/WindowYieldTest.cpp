@@ -5,9 +5,13 @@
 
 #include <QCursor>
 #include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -94,6 +98,127 @@ TEST_F(WindowYieldTest, AWaitPaintsAndKeepsTheRestForTheNextYield) {
 
     window.OnPaint = {};
     EXPECT_TRUE(Serve([&] { return window.Moves == 1 && ticked; }));
+}
+
+/// A window with a button that stays alive, another one, a text, a shortcut.
+class WaitingInputTest : public WindowYieldTest {
+protected:
+    WaitingInputTest() {
+        other.setFocusPolicy(Qt::NoFocus);
+        window.resize(300, 100);
+        live.setGeometry(0, 0, 100, 50);
+        other.setGeometry(100, 0, 100, 50);
+        text.setGeometry(0, 50, 100, 30);
+        QObject::connect(&live, &QPushButton::clicked, &window, [this] { events.append(u'L'); });
+        QObject::connect(&other, &QPushButton::clicked, &window, [this] { events.append(u'o'); });
+        QObject::connect(&shortcut, &QShortcut::activated, &window,
+                         [this] { events.append(u's' + text.text()); });
+        for (QWidget* widget : {static_cast<QWidget*>(&live), static_cast<QWidget*>(&other),
+                                static_cast<QWidget*>(&text)})
+            widget->show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        text.setFocus();
+        yield.SetAbandon(live, [this] { return events.contains(u'L'); });
+    }
+
+    // What the window system does.
+    void ClickAt(QPoint place) {
+        QWindow* handle = window.windowHandle();
+        const QPointF global = window.mapToGlobal(place);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            const bool isPress = type == QEvent::MouseButtonPress;
+            qt_handleMouseEvent(handle, place, global, isPress ? Qt::LeftButton : Qt::NoButton,
+                                Qt::LeftButton, type, Qt::NoModifier, time_ += 1000);
+        }
+    }
+    void Press(int key, const char* typed, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+            qt_handleKeyEvent(window.windowHandle(), type, key, modifiers,
+                              QString::fromUtf8(typed));
+    }
+    /// Some passes of a wait during which the input comes; gives whether it is to go on.
+    bool Wait(const std::function<void()>& input) {
+        QMetaObject::invokeMethod(&window, input, Qt::QueuedConnection);
+        bool goesOn = true;
+        for (int pass = 0; pass < 5; ++pass)
+            goesOn = WhileWaiting();
+        return goesOn;
+    }
+
+    QPushButton live{QStringLiteral("&Live"), &window};
+    QPushButton other{QStringLiteral("&Other"), &window};
+    QLineEdit text{&window};
+    QShortcut shortcut{QKeySequence(Qt::Key_F5), &window};
+    QString events; ///< what the handlers have seen
+
+private:
+    static inline int time_ = 1000; ///< milliseconds; clicks are no double clicks
+};
+
+TEST_F(WaitingInputTest, ComesLaterAndInItsOrder) {
+    EXPECT_TRUE(Wait([this] {
+        Press(Qt::Key_A, "a");
+        ClickAt({150, 20});
+        Press(Qt::Key_F5, "");
+        Press(Qt::Key_B, "b");
+    }));
+    EXPECT_TRUE(Wait([this] { Press(Qt::Key_F5, ""); }));
+    EXPECT_EQ(events, QString());
+    Yield();
+    EXPECT_EQ(events, QStringLiteral("osasab")) << text.text().toStdString();
+    // Without a yield the event loop serves it.
+    EXPECT_TRUE(Wait([this] { Press(Qt::Key_C, "c"); }));
+    EXPECT_EQ(text.text(), QStringLiteral("ab"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(text.text(), QStringLiteral("abc"));
+}
+
+TEST_F(WaitingInputTest, OnlyTheButtonAnswers) {
+    live.setEnabled(false);
+    EXPECT_TRUE(Wait([this] { Press(Qt::Key_L, "l", Qt::AltModifier); }));
+    live.setEnabled(true);
+    EXPECT_TRUE(Serve([this] { return events == QLatin1String("L"); })) << "kept, and served";
+    const auto click = [this] { ClickAt({50, 20}); };
+    const auto mnemonic = [this] { Press(Qt::Key_L, "l", Qt::AltModifier); };
+    const auto space = [this] {
+        live.setFocus();
+        Press(Qt::Key_Space, " ");
+    };
+    for (const std::function<void()>& press :
+         {std::function<void()>(click), std::function<void()>(mnemonic),
+          std::function<void()>(space)}) {
+        events.clear();
+        EXPECT_FALSE(Wait([&] {
+            ClickAt({150, 20});
+            press();
+        }));
+        EXPECT_EQ(events, QStringLiteral("L"));
+        Yield();
+        EXPECT_EQ(events, QStringLiteral("Lo"));
+    }
+}
+
+TEST_F(WaitingInputTest, AHandlerWithAnEventLoopOfItsOwnLosesNothing) {
+    QObject::connect(&shortcut, &QShortcut::activated, &window, [this] {
+        QEventLoop inner;
+        QTimer::singleShot(20, &inner, &QEventLoop::quit);
+        inner.exec();
+        events.append(u'e' + text.text());
+    });
+    EXPECT_TRUE(Wait([this] {
+        Press(Qt::Key_F5, "");
+        Press(Qt::Key_A, "a");
+    }));
+    Yield();
+    EXPECT_EQ(events, QStringLiteral("sea"));
+}
+
+TEST_F(WaitingInputTest, NoWindowIsClosed) {
+    EXPECT_TRUE(Wait([this] { window.windowHandle()->close(); }));
+    EXPECT_TRUE(window.isVisible());
+    Yield();
+    EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(WindowYieldTest, AFailingHandlerEndsNeitherTheJobNorTheEventLoop) {

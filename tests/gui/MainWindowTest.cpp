@@ -170,6 +170,35 @@ TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
     EXPECT_EQ(Find<StatusBar>("stbStatus").Text(2), QString());
 }
 
+TEST_F(Window, AWaitForTheNetworkCanBeAborted) {
+    Open();
+    Find<QCheckBox>("chkRecurse").setFocus();
+    bool closed = false;
+    When("\\\\S\\D\\SUB\\", [&] {
+        // Nothing but the button answers while nobody yields.
+        QMetaObject::invokeMethod(
+            &window,
+            [&] {
+                closed = window.windowHandle()->close();
+                QTest::keyClick(window.windowHandle(), Qt::Key_A, Qt::AltModifier);
+            },
+            Qt::QueuedConnection);
+        QElapsedTimer clock;
+        clock.start();
+        while (WhileWaiting() && clock.elapsed() < 5000) {
+        }
+        EXPECT_LT(clock.elapsed(), 5000);
+    });
+    Search("*.mp3");
+    EXPECT_FALSE(closed);
+    EXPECT_EQ(Rows().size(), 1);
+    EXPECT_TRUE(Caption().startsWith(Text("Aborted, but returned 1 files in ")))
+        << Caption().toStdString();
+    EXPECT_TRUE(WhileWaiting()) << "the next wait isn't given up";
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(window.isVisible()) << "it was asked to close, and can now";
+}
+
 TEST_F(Window, FailuresEndInABox) {
     Open();
     network.OnCall = [](const QString& call) {

@@ -32,7 +32,11 @@ struct TestDesktop {
                 .system = system,
                 .applicationFolder = applicationFolder,
                 .webAddress = QStringLiteral("https://www.example.com/"),
-                .newCopyQ = std::move(newCopyQ)};
+                .newCopyQ = std::move(newCopyQ),
+                .letAbandon =
+                    [this](QAbstractButton& button, std::function<bool()> isPressed) {
+                        yield.SetAbandon(button, std::move(isPressed));
+                    }};
     }
     template <typename SomeNetwork>
     ProgramServices Services(SomeNetwork& network,

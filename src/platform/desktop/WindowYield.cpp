@@ -2,7 +2,6 @@
 
 #include "runtime/Yield.h"
 
-#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QScopedValueRollback>
@@ -13,32 +12,39 @@ namespace netrove {
 
 WindowYield::WindowYield()
     : previousYield_(SetYieldPass([this] { YieldPass(); }))
-    , previousWaiting_(SetWaitingPass([this] {
-        WaitingPass();
-        return true;
-    })) {}
+    , previousWaiting_(SetWaitingPass([this] { return WaitingPass(); })) {}
 
 WindowYield::~WindowYield() {
     SetYieldPass(std::move(previousYield_));
     SetWaitingPass(std::move(previousWaiting_));
 }
 
-void WindowYield::YieldPass() const {
-    if (!waiting_)
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
+void WindowYield::SetAbandon(QAbstractButton& button, std::function<bool()> isPressed) {
+    input_.SetLiveButton(button);
+    isAbandoned_ = std::move(isPressed);
 }
 
-void WindowYield::WaitingPass() {
+void WindowYield::YieldPass() {
     if (waiting_)
         return;
+    input_.Serve();
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
+
+bool WindowYield::WaitingPass() {
+    if (!waiting_)
+        ServeDisplay();
+    return !isAbandoned_ || !isAbandoned_();
+}
+
+void WindowYield::ServeDisplay() {
     const QScopedValueRollback<bool> waiting(waiting_, true);
+    input_.BeginHolding();
     // The flag for timers has X11 in its name for historical reasons; the Unix event dispatchers
     // all follow it.
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
-                                    QEventLoop::ExcludeSocketNotifiers |
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers |
                                     QEventLoop::X11ExcludeTimers);
-    // Input that stays queued is out of GLib's sight until somebody wakes its dispatcher.
-    QAbstractEventDispatcher::instance()->wakeUp();
+    input_.EndHolding();
 }
 
 } // namespace netrove

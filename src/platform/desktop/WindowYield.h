@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/desktop/HeldInput.h"
+
 #include <functional>
 
 namespace netrove {
@@ -10,9 +12,10 @@ namespace netrove {
 /// A yield makes one pass of the event loop: input, painting, timers. Failures of handlers don't
 /// come through to the job that yields: DesktopApplication ends them.
 ///
-/// A wait serves the display alone:
+/// A wait serves the display, and the one button that can give it up:
 /// - Windows are painted, resized and uncovered, and answer the window manager.
-/// - Keys, the mouse and close requests stay queued for the next yield or event loop.
+/// - Keys, the mouse and close requests are kept for the next yield or event loop, but for those
+///   that press the button.
 /// - Timers and sockets don't fire; what was due fires afterwards.
 /// - A Yield() in a resize or paint handler does nothing.
 /// - Calls queued through the event loop (signals of other threads) do arrive, as the event loop
@@ -24,15 +27,22 @@ public:
     WindowYield& operator=(const WindowYield&) = delete;
     ~WindowYield();
 
+    /// The button that stays alive during waits, and what tells whether waits are to be given up
+    /// because it has been pressed.
+    void SetAbandon(QAbstractButton& button, std::function<bool()> isPressed);
+
     /// Whether a wait is being served at this moment.
     [[nodiscard]] bool Waiting() const { return waiting_; }
 
 private:
-    void YieldPass() const;
-    void WaitingPass();
+    void YieldPass();
+    [[nodiscard]] bool WaitingPass();
+    void ServeDisplay();
 
     std::function<void()> previousYield_;
     std::function<bool()> previousWaiting_;
+    std::function<bool()> isAbandoned_;
+    HeldInput input_;
     bool waiting_ = false;
 };
 
