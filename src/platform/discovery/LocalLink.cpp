@@ -1,5 +1,7 @@
 #include "platform/discovery/LocalLink.h"
 
+#include "platform/discovery/InquiryLimits.h"
+
 #include <algorithm>
 #include <memory>
 
@@ -56,6 +58,8 @@ std::vector<LocalLink> LocalLinks() {
             continue;
         auto link = std::find_if(links.begin(), links.end(),
                                  [index](const LocalLink& known) { return known.index == index; });
+        if (link == links.end() && links.size() == InquiryLimits::Links)
+            continue;
         if (link == links.end())
             link = links.insert(links.end(), {.index = index, .addresses = {}});
         link->addresses.push_back(*address);

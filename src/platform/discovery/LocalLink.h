@@ -25,7 +25,7 @@ struct LocalLink {
     [[nodiscard]] bool Reaches(const SocketAddress& address) const;
 };
 
-/// Those that there are now.
+/// Those that there are now, InquiryLimits::Links at most.
 [[nodiscard]] std::vector<LocalLink> LocalLinks();
 
 } // namespace netrove

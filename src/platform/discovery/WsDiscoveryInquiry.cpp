@@ -79,8 +79,14 @@ void WsDiscoveryInquiry::Ask(Way& way) const {
         way.questions.insert(way.probeId);
     }
     way.socket.Send(WsMessages::Probe(way.probeId), way.group);
-    for (auto [endpoint, id] : std::as_const(way.unresolved).asKeyValueRange())
-        way.socket.Send(WsMessages::Resolve(id, endpoint), way.group);
+    for (const QString& endpoint : std::as_const(way.unresolved))
+        Resolve(way, endpoint);
+}
+
+void WsDiscoveryInquiry::Resolve(Way& way, const QString& endpoint) {
+    const QString id = WsMessages::NewId();
+    way.questions.insert(id);
+    way.socket.Send(WsMessages::Resolve(id, endpoint), way.group);
 }
 
 void WsDiscoveryInquiry::Receive(Way& way) {
@@ -108,30 +114,28 @@ void WsDiscoveryInquiry::TakeMessage(Way& way, const Datagram& datagram) {
 void WsDiscoveryInquiry::TakeDevice(Way& way, const WsMessages::Device& device,
                                     const SocketAddress& from) {
     if (device.addresses.isEmpty()) {
+        if (!IsNew(way, device.endpoint, from))
+            return;
+        way.unresolved.insert(device.endpoint);
         Resolve(way, device.endpoint);
         return;
     }
     way.unresolved.remove(device.endpoint);
     const auto target = WsMessages::ChooseTarget(device.addresses, from.Host());
-    const QString key = device.endpoint + u'\n' + from.Host();
-    if (!target || way.seenDevices.contains(key) ||
-        way.seenDevices.size() >= InquiryLimits::Answers ||
-        devicesAt_.value(from.Host()) >= InquiryLimits::DevicesAtAddress)
-        return;
-    way.seenDevices.insert(key);
-    ++devicesAt_[from.Host()];
-    waiting_.push_back({.address = from.WithPort(target->port),
-                        .path = target->path,
-                        .endpoint = device.endpoint});
+    if (target && IsNew(way, device.endpoint + u'\n' + from.Host(), from))
+        waiting_.push_back({.address = from.WithPort(target->port),
+                            .path = target->path,
+                            .endpoint = device.endpoint});
 }
 
-void WsDiscoveryInquiry::Resolve(Way& way, const QString& endpoint) {
-    if (way.unresolved.contains(endpoint) || way.questions.size() > InquiryLimits::Answers)
-        return;
-    const QString id = WsMessages::NewId();
-    way.questions.insert(id);
-    way.unresolved.insert(endpoint, id);
-    way.socket.Send(WsMessages::Resolve(id, endpoint), way.group);
+bool WsDiscoveryInquiry::IsNew(Way& way, const QString& device, const SocketAddress& from) {
+    int& asked = asked_[from.Host()];
+    if (way.seenDevices.contains(device) || way.seenDevices.size() >= InquiryLimits::Answers ||
+        asked >= InquiryLimits::QuestionsAnAddress)
+        return false;
+    way.seenDevices.insert(device);
+    ++asked;
+    return true;
 }
 
 void WsDiscoveryInquiry::GoOnWithRequests() {

@@ -33,9 +33,9 @@ private:
         DatagramSocket socket;
         SocketAddress group;
         QString probeId;
-        QSet<QString> questions;            ///< names of those that an answer may relate to
-        QHash<QString, QString> unresolved; ///< endpoint to the name of the question where it is
-        QSet<QString> seenDevices;          ///< endpoint and address
+        QSet<QString> questions;   ///< names of those that an answer may relate to
+        QSet<QString> unresolved;  ///< endpoints whose addresses were asked for
+        QSet<QString> seenDevices; ///< endpoint, or endpoint and address
     };
     struct Waiting {
         SocketAddress address;
@@ -44,10 +44,11 @@ private:
     };
 
     void Ask(Way& way) const;
+    static void Resolve(Way& way, const QString& endpoint);
     void Receive(Way& way);
     void TakeMessage(Way& way, const Datagram& datagram);
     void TakeDevice(Way& way, const WsMessages::Device& device, const SocketAddress& from);
-    void Resolve(Way& way, const QString& endpoint);
+    [[nodiscard]] bool IsNew(Way& way, const QString& device, const SocketAddress& from);
     void GoOnWithRequests();
 
     TakeAnswer take_;
@@ -55,7 +56,7 @@ private:
     Repeats probes_;
     int sent_ = 0; ///< probes
     QSet<QString> seenMessages_;
-    QHash<QString, int> devicesAt_; ///< how many were asked at an address
+    QHash<QString, int> asked_; ///< questions that an address has caused
     std::deque<Waiting> waiting_;
     std::list<MetadataRequest> requests_;
 };
