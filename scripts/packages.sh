@@ -2,7 +2,7 @@
 
 BUILD_PACKAGES=(
     cmake ninja-build g++ pkg-config ccache
-    qt6-base-dev libsmbclient-dev
+    qt6-base-dev libsmbclient-dev libdbus-1-dev
 )
 RUN_PACKAGES=(
     libqt6svg6 shared-mime-info xdg-utils adwaita-icon-theme fonts-liberation
@@ -10,6 +10,7 @@ RUN_PACKAGES=(
 TEST_PACKAGES=(
     clang clang-format clang-tidy clang-tools libclang-rt-14-dev
     git libgtest-dev samba smbclient
+    wsdd avahi-daemon iproute2 procps
     xvfb openbox xdotool x11-utils imagemagick
     python3 python3-gi at-spi2-core gir1.2-atspi-2.0 dbus
 )

@@ -1,0 +1,274 @@
+#include "platform/discovery/ComputerName.h"
+#include "platform/discovery/DnsSdText.h"
+#include "platform/discovery/HttpResponse.h"
+#include "platform/discovery/NetBiosPackets.h"
+#include "platform/discovery/WsMessages.h"
+
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+TEST(ComputerNameTest, OnlyNamesThatAreSafeInAPathAndOnAScreen) {
+    for (const char* good : {"ATTIC", "attic-2.local", "Büro", "a b", "192.168.1.2"})
+        EXPECT_TRUE(IsComputerName(Text(good))) << good;
+    for (const char* bad : {"", ".", "..", "a/b", "a\\b", "a|b", " a", "a ", "a\nb", "a\x1b[1m"})
+        EXPECT_FALSE(IsComputerName(Text(bad))) << bad;
+    EXPECT_FALSE(IsComputerName(QString(256, u'a')));
+    EXPECT_FALSE(IsComputerName(QString(QChar(u'\0'))));
+}
+
+// ---- WS-Discovery
+
+/// As hosts write it; %1 is the head, %2 the body.
+constexpr char Envelope[] =
+    "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
+    "<s:Envelope xmlns:s=\"http://www.w3.org/2003/05/soap-envelope\""
+    " xmlns:a=\"http://schemas.xmlsoap.org/ws/2004/08/addressing\""
+    " xmlns:d=\"http://schemas.xmlsoap.org/ws/2005/04/discovery\""
+    " xmlns:p=\"http://schemas.xmlsoap.org/ws/2006/02/devprof\""
+    " xmlns:pub=\"http://schemas.microsoft.com/windows/pub/2005/07\">"
+    "<s:Header><a:MessageID>urn:uuid:1</a:MessageID><a:RelatesTo> urn:uuid:2 </a:RelatesTo>%1"
+    "</s:Header><s:Body>%2</s:Body></s:Envelope>";
+
+QByteArray Message(const char* body, const char* header = "") {
+    return Text(Envelope).arg(Text(header), Text(body)).toUtf8();
+}
+
+TEST(WsMessagesTest, ReadsMatches) {
+    const auto message = WsMessages::Parse(
+        Message("<d:ProbeMatches><d:ProbeMatch><a:EndpointReference><a:Address>urn:uuid:3"
+                "</a:Address></a:EndpointReference><d:Types>p:Device pub:Computer</d:Types>"
+                "<d:XAddrs>http://10.0.0.1:5357/x\n http://[fe80::1]:5357/y</d:XAddrs>"
+                "</d:ProbeMatch><d:ProbeMatch><a:EndpointReference><a:Address>urn:uuid:4"
+                "</a:Address></a:EndpointReference><d:Types>p:Device print:Printer</d:Types>"
+                "</d:ProbeMatch></d:ProbeMatches>",
+                "<a:ReplyTo><a:Address>urn:other</a:Address></a:ReplyTo>"));
+    ASSERT_TRUE(message);
+    EXPECT_EQ(message->id, Text("urn:uuid:1"));
+    EXPECT_EQ(message->relatesTo, Text("urn:uuid:2"));
+    ASSERT_EQ(message->devices.size(), 2U);
+    const WsMessages::Device& computer = message->devices[0];
+    EXPECT_EQ(computer.endpoint, Text("urn:uuid:3"));
+    EXPECT_TRUE(computer.MayBeComputer());
+    EXPECT_EQ(computer.addresses,
+              QStringList({Text("http://10.0.0.1:5357/x"), Text("http://[fe80::1]:5357/y")}));
+    EXPECT_FALSE(message->devices[1].MayBeComputer());
+    EXPECT_TRUE(message->devices[1].addresses.isEmpty());
+}
+
+TEST(WsMessagesTest, ReadsTheComputerAmongTheMetadata) {
+    const auto message = WsMessages::Parse(
+        Message("<p:Relationship><p:Host><p:Types>print:Printer</p:Types><pub:Computer>NO/NotJoined"
+                "</pub:Computer></p:Host><p:Host><p:Types>pub:Computer</p:Types>"
+                "<pub:Computer>ATTIC/Workgroup:A&amp;B</pub:Computer></p:Host></p:Relationship>"));
+    ASSERT_TRUE(message && message->computer);
+    EXPECT_EQ(message->computer->name, Text("ATTIC"));
+    EXPECT_EQ(message->computer->workgroup, Text("A&B"));
+}
+
+TEST(WsMessagesTest, ReadsOwnQuestionsBack) {
+    const QString odd = Text("urn:<&%1\"'>");
+    for (const QByteArray& question :
+         {WsMessages::Probe(odd), WsMessages::Resolve(odd, odd), WsMessages::Get(odd, odd)}) {
+        const auto message = WsMessages::Parse(question);
+        ASSERT_TRUE(message) << question.constData();
+        EXPECT_EQ(message->id, odd);
+    }
+}
+
+TEST(WsMessagesTest, RefusesWhatNoAnswerIs) {
+    QByteArray deep;
+    for (int level = 0; level < 40; ++level)
+        deep = "<x>" + deep + "</x>";
+    const QByteArray bomb = "<!DOCTYPE b [<!ENTITY a \"aaaaaaaa\"><!ENTITY b \"&a;&a;&a;\">]>";
+    const QByteArray good = Message("&lt;");
+    ASSERT_TRUE(WsMessages::Parse(good));
+    for (const QByteArray& bad :
+         {QByteArray(), QByteArray("x"), good.chopped(1), QByteArray(good + "x"), Message("&b;"),
+          Message(deep.constData()), good.mid(good.indexOf("?>") + 2).prepend(bomb),
+          QByteArray("<Envelope/>"), QByteArray(good + QByteArray(65536, ' '))})
+        EXPECT_FALSE(WsMessages::Parse(bad)) << bad.left(200).constData();
+}
+
+TEST(WsMessagesTest, ComputersTellTheirGroup) {
+    struct Case {
+        const char* text;
+        const char* name; ///< null for no computer
+        const char* workgroup;
+    };
+    for (const Case& each : {Case{"A/Workgroup:HOME", "A", "HOME"},
+                             {"A\\Domain:D.X", "A", "D.X"},
+                             {"A/NotJoined", "A", nullptr},
+                             {"A/Workgroup:", "A", nullptr},
+                             {"A/Workgroup:x\\y", "A", nullptr},
+                             {"A/workgroup:h", "A", "h"},
+                             {"A/Workgroup:a:b", "A", "a:b"},
+                             {"A", nullptr, nullptr},
+                             {"/Workgroup:HOME", nullptr, nullptr},
+                             {"../NotJoined", nullptr, nullptr}}) {
+        const auto computer = WsMessages::ParseComputer(Text(each.text));
+        ASSERT_EQ(computer.has_value(), each.name != nullptr) << each.text;
+        if (!computer)
+            continue;
+        EXPECT_EQ(computer->name, Text(each.name));
+        EXPECT_EQ(computer->workgroup,
+                  each.workgroup ? std::optional(Text(each.workgroup)) : std::nullopt);
+    }
+}
+
+TEST(WsMessagesTest, OnlyPortAndPathComeFromTheDevice) {
+    struct Case {
+        QStringList addresses;
+        int port; ///< 0 for none
+        const char* path;
+    };
+    const QString other = Text("http://10.0.0.9:1/other");
+    const QString own = Text("http://[FE80:0::1]:2/own?q");
+    for (const Case& each : {Case{{other, own}, 2, "/own"},
+                             {{other}, 1, "/other"},
+                             {{Text("http://printer.local/")}, 80, "/"},
+                             {{Text("http://10.0.0.9")}, 80, "/"},
+                             {{Text("https://10.0.0.9/")}, 0, ""},
+                             {{Text("file:///etc/passwd"), other}, 1, "/other"},
+                             {{Text("http://10.0.0.9:0/")}, 0, ""},
+                             {{Text("http://x:1/a b")}, 0, ""},
+                             {{Text("//")}, 0, ""},
+                             {{Text("http://x/") + QString(600, u'a')}, 0, ""},
+                             {{}, 0, ""}}) {
+        const auto target = WsMessages::ChooseTarget(each.addresses, Text("fe80::1%eth0"));
+        ASSERT_EQ(target.has_value(), each.port != 0) << qPrintable(each.addresses.join(u' '));
+        if (!target)
+            continue;
+        EXPECT_EQ(target->port, each.port);
+        EXPECT_EQ(target->path, each.path);
+    }
+}
+
+// ---- HTTP
+
+TEST(HttpResponseTest, BodiesEndAsTheHeadSays) {
+    using State = HttpResponse::State;
+    struct Case {
+        const char* bytes;
+        State open;
+        State closed;
+        const char* body;
+    };
+    const Case cases[] = {
+        {"HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nabcd", State::Complete, State::Complete,
+         "abc"},
+        {"HTTP/1.1 200 OK\r\ncontent-length:3\r\n\r\nab", State::Incomplete, State::Refused, ""},
+        {"HTTP/1.0 200 OK\r\n\r\nabc", State::Incomplete, State::Complete, "abc"},
+        {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2;x=y\r\nab\r\n1\r\nc\r\n0\r\n\r\n",
+         State::Complete, State::Complete, "abc"},
+        {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n", State::Incomplete,
+         State::Refused, ""},
+        {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n-2\r\nab\r\n", State::Refused,
+         State::Refused, ""},
+        {"HTTP/1.1 200 OK\r\nContent-Length: -1\r\n\r\n", State::Refused, State::Refused, ""},
+        {"HTTP/1.1 200 OK\r\nContent-Length: 99999999999999999999\r\n\r\n", State::Refused,
+         State::Refused, ""},
+        {"HTTP/1.1 302 Found\r\nLocation: http://10.0.0.9/\r\n\r\n", State::Refused, State::Refused,
+         ""},
+        {"SSH-2.0-x\r\n\r\n", State::Refused, State::Refused, ""},
+        {"HTTP/1.1 200 OK\r\n", State::Incomplete, State::Refused, ""},
+        {"", State::Incomplete, State::Refused, ""},
+    };
+    for (const Case& each : cases) {
+        const HttpResponse open = HttpResponse::Parse(each.bytes, false);
+        const HttpResponse closed = HttpResponse::Parse(each.bytes, true);
+        EXPECT_EQ(open.state, each.open) << each.bytes;
+        EXPECT_EQ(closed.state, each.closed) << each.bytes;
+        EXPECT_EQ(closed.body, each.closed == State::Complete ? each.body : "") << each.bytes;
+    }
+    const QByteArray endless = "HTTP/1.1 200 OK\r\n\r\n" + QByteArray(65536, 'x');
+    EXPECT_EQ(HttpResponse::Parse(endless, false).state, State::Refused);
+}
+
+// ---- NetBIOS
+
+/// An answer to a status request with these names: 15 characters, suffix, flags.
+QByteArray Status(const QByteArrayList& names) {
+    const QByteArray data = char(names.size()) + names.join();
+    return QByteArray::fromHex("1234840000000001000000002043") +
+           QByteArray("KAAAAAAAAAAAAAAAAAAAAAAA") + QByteArray(7, 'A') +
+           QByteArray::fromHex("000021000100000000") + char(data.size() >> 8) +
+           char(data.size() & 0xFF) + data;
+}
+
+QByteArray Name(const char* name, char suffix, bool isGroup) {
+    return QByteArray(name).leftJustified(15, ' ') + suffix + (isGroup ? '\x84' : '\x04') + '\0';
+}
+
+TEST(NetBiosPacketsTest, AsksAsTheStandardSays) {
+    EXPECT_EQ(NetBiosPackets::NameQuery(0x1234).toHex(),
+              "12340110000100000000000020434b" + QByteArray("41").repeated(30) + "0000200001");
+    EXPECT_EQ(NetBiosPackets::StatusRequest(0x1234).toHex(),
+              "12340000000100000000000020434b" + QByteArray("41").repeated(30) + "0000210001");
+}
+
+TEST(NetBiosPacketsTest, ReadsTheNamesOfAComputer) {
+    const auto reply = NetBiosPackets::Parse(
+        Status({Name("ATTIC", 0x00, false), Name("HOME", 0x00, true), Name("ATTIC", 0x20, false),
+                Name("\x01\x02__MSBROWSE__\x02", 0x01, true), Name("HOME", 0x1E, true)}));
+    ASSERT_TRUE(reply);
+    EXPECT_TRUE(reply->isStatus);
+    EXPECT_EQ(reply->id, 0x1234);
+    EXPECT_EQ(reply->computer, Text("ATTIC"));
+    EXPECT_EQ(reply->workgroup, Text("HOME"));
+    EXPECT_TRUE(reply->isMasterBrowser);
+
+    const auto hostile = NetBiosPackets::Parse(
+        Status({Name("A\\B", 0x20, false), Name("GROUP", 0x20, true), Name("..", 0x00, true)}));
+    ASSERT_TRUE(hostile);
+    EXPECT_TRUE(hostile->computer.isEmpty());
+    EXPECT_TRUE(hostile->workgroup.isEmpty());
+}
+
+TEST(NetBiosPacketsTest, RefusesWhatNoAnswerIs) {
+    const QByteArray name =
+        QByteArray::fromHex("123485000000000100000000000020000100000000000600000a00"
+                            "0002");
+    const auto found = NetBiosPackets::Parse(name);
+    ASSERT_TRUE(found);
+    EXPECT_FALSE(found->isStatus);
+    const QByteArray status = Status({Name("ATTIC", 0x20, false)});
+    for (qsizetype length = 0; length < status.size(); ++length)
+        EXPECT_FALSE(NetBiosPackets::Parse(status.first(length))) << length;
+    QByteArray moreNames = status;
+    moreNames[moreNames.size() - 19] = 2;
+    EXPECT_FALSE(NetBiosPackets::Parse(moreNames));
+    EXPECT_FALSE(NetBiosPackets::Parse(NetBiosPackets::StatusRequest(0x1234)));
+    QByteArray failed = name;
+    failed[3] = 3; // there is no such name
+    EXPECT_FALSE(NetBiosPackets::Parse(failed));
+}
+
+// ---- DNS-SD
+
+TEST(DnsSdTextTest, NamesComeFromTheServiceOrTheHost) {
+    struct Case {
+        const char* service;
+        const char* host;
+        const char* name;
+    };
+    for (const Case& each : {Case{"FILER", "host1.local", "FILER"},
+                             {"Büro", "host1.local", "Büro"},
+                             {"Anna's files", "annas-mac.local", "annas-mac"},
+                             {"Anna's files", "", "Anna's files"},
+                             {"../x", "..", ""},
+                             {"a\\b", "nas.local", "nas"},
+                             {"", "", ""}})
+        EXPECT_EQ(DnsSdText::ComputerName(Text(each.service), Text(each.host)), Text(each.name));
+    EXPECT_EQ(DnsSdText::Model({"a=b", "Model=MacSamba"}), Text("MacSamba"));
+    EXPECT_EQ(DnsSdText::Model({"model=a\nb"}), QString());
+    EXPECT_EQ(DnsSdText::Model({"models=x", "model"}), QString());
+}
+
+} // namespace
+} // namespace netrove

@@ -1,0 +1,83 @@
+#include "platform/discovery/Answer.h"
+
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+Answer Said(FoundBy way, const char* name, const char* address) {
+    return {.foundBy = way, .name = Text(name), .address = Text(address)};
+}
+
+QStringList Names(const std::vector<FoundComputer>& computers) {
+    QStringList names;
+    for (const FoundComputer& computer : computers)
+        names += computer.name;
+    return names;
+}
+
+TEST(MergeAnswersTest, OneComputerHasOneEntryWhateverItWasCalled) {
+    Answer smb = Said(FoundBy::DnsSd, "attic-pc", "fe80::2%eth0");
+    smb.port = 1445;
+    Answer group = Said(FoundBy::NetBios, "ATTIC", "10.0.0.2");
+    group.workgroup = Text("HOME");
+    group.isMasterBrowser = true;
+    const Answer device = Said(FoundBy::WsDiscovery, "Attic", "fe80::2%eth0");
+    Answer info = Said(FoundBy::DnsSd, "attic-pc", "10.0.0.9");
+    info.sharesFiles = false;
+    info.model = Text("MacSamba");
+    const auto found = MergeAnswers({smb, group, device, info});
+    ASSERT_EQ(found.size(), 1U);
+    const FoundComputer expected = {
+        .name = Text("Attic"),
+        .workgroup = Text("HOME"),
+        .addresses = {Text("10.0.0.2"), Text("10.0.0.9"), Text("fe80::2%eth0")},
+        .port = 1445,
+        .foundBy = FoundBy::WsDiscovery | FoundBy::NetBios | FoundBy::DnsSd,
+        .isMasterBrowser = true,
+        .model = Text("MacSamba")};
+    EXPECT_EQ(found[0], expected);
+}
+
+TEST(MergeAnswersTest, TheWorkgroupComesFromTheBestWayThatKnowsOne) {
+    Answer told = Said(FoundBy::WsDiscovery, "A", "10.0.0.1");
+    told.workgroup = Text("FIRST");
+    Answer group = Said(FoundBy::NetBios, "A", "10.0.0.1");
+    group.workgroup = Text("SECOND");
+    EXPECT_EQ(MergeAnswers({told, group})[0].workgroup, Text("FIRST"));
+    told.workgroup.reset();
+    EXPECT_EQ(MergeAnswers({told, group})[0].workgroup, Text("SECOND"));
+    EXPECT_EQ(MergeAnswers({told})[0].workgroup, std::nullopt);
+}
+
+/// Nobody takes others off the list by claiming their addresses.
+TEST(MergeAnswersTest, ComputersStayApart) {
+    EXPECT_EQ(Names(MergeAnswers({Said(FoundBy::WsDiscovery, "b", "10.0.0.1"),
+                                  Said(FoundBy::WsDiscovery, "A", "10.0.0.1")})),
+              QStringList({Text("A"), Text("b")}));
+    const auto found = MergeAnswers(
+        {Said(FoundBy::NetBios, "A", "10.0.0.1"), Said(FoundBy::NetBios, "B", "10.0.0.2"),
+         Said(FoundBy::DnsSd, "evil", "10.0.0.1"), Said(FoundBy::DnsSd, "evil", "10.0.0.2")});
+    EXPECT_EQ(Names(found), QStringList({Text("A"), Text("B")}));
+}
+
+TEST(MergeAnswersTest, WhatOnlyAddsMakesNoComputer) {
+    Answer info = Said(FoundBy::DnsSd, "lamp", "10.0.0.7");
+    info.sharesFiles = false;
+    EXPECT_TRUE(MergeAnswers({info}).empty());
+}
+
+TEST(MergeAnswersTest, AddressesOfOneComputerAreBounded) {
+    Answers answers;
+    for (int last = 0; last < 200; ++last)
+        answers.insert(Said(FoundBy::DnsSd, "evil",
+                            QStringLiteral("10.0.0.%1").arg(last).toUtf8().constData()));
+    EXPECT_EQ(MergeAnswers(answers)[0].addresses.size(), 16);
+}
+
+} // namespace
+} // namespace netrove
