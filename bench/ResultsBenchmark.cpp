@@ -8,7 +8,9 @@
 #include "smb/SambaServer.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -79,18 +81,63 @@ struct Window {
     frmNetrove window;
 };
 
-/// From the answer to the file chooser to the box that says that it is done.
-void SaveRows(benchmark::State& state) {
-    const QTemporaryDir folder;
-    const auto network = NetworkBehind(1);
-    Window window(*network, folder.path());
-    ListView& list = window.Results();
+void FillRows(ListView& list) {
     for (int number = 0; number < SavedRows; ++number) {
         const int row = list.Add(FileName(number));
         list.SetSubItem(row, 1, QStringLiteral("\\\\FILER\\PUBLIC\\") + FolderName(number) + u'\\');
         for (int column = 2; column < list.ColumnCount(); ++column)
             list.SetSubItem(row, column, QStringLiteral("0004.1852000000"));
     }
+}
+
+/// The longest time between two ticks of a timer that is always due: how long the window stood
+/// still.
+class Standstill {
+public:
+    Standstill() {
+        clock_.start();
+        timer_.callOnTimeout([this] { longest_ = std::max(longest_, clock_.restart()); });
+        timer_.start(0);
+    }
+    [[nodiscard]] double Milliseconds() {
+        return static_cast<double>(std::max(longest_, clock_.elapsed()));
+    }
+
+private:
+    QTimer timer_;
+    QElapsedTimer clock_;
+    qint64 longest_ = 0;
+};
+
+/// All rows are queued, then the queue is cleared.
+void QueueAndClear(benchmark::State& state) {
+    const QTemporaryDir folder;
+    const auto network = NetworkBehind(1);
+    Window window(*network, folder.path());
+    FillRows(window.Results());
+    window.Results().selectAll();
+    auto& queue = *window.window.findChild<ListView*>(QStringLiteral("lvwDownloads"));
+    double longest = 0;
+    for (auto _ : state) {
+        Standstill standstill;
+        Q_EMIT window.Results().EnterPressed();
+        QApplication::processEvents();
+        if (queue.Count() != SavedRows)
+            state.SkipWithError("not all rows were queued");
+        window.window.findChild<QAction*>(QStringLiteral("ClearAllMnu"))->trigger();
+        QApplication::processEvents();
+        longest = std::max(longest, standstill.Milliseconds());
+    }
+    state.counters["standstill_ms"] = longest;
+}
+BENCHMARK(QueueAndClear)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// From the answer to the file chooser to the box that says that it is done.
+void SaveRows(benchmark::State& state) {
+    const QTemporaryDir folder;
+    const auto network = NetworkBehind(1);
+    Window window(*network, folder.path());
+    FillRows(window.Results());
     for (auto _ : state)
         window.Use("mnuSaveResFile", folder.filePath(QStringLiteral("saved.nrr")));
     state.SetItemsProcessed(state.iterations() * SavedRows);
