@@ -35,6 +35,7 @@ const std::vector<MenuText>& MenuTexts() {
         {"mnuTools",
          "&Tools",
          {{"mnuViewTrLog", "View &Troubleshooting Log File"},
+          {"mnuSilent", "&Computers That Didn't Answer..."},
           {"mnuSep3", Separator},
           {"mnuOpts", "&Options...     "}}},
         {"mnuSkinTOP",

@@ -5,6 +5,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/NetworkEnumeration.h"
+#include "platform/NetworkReport.h"
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
 
@@ -29,6 +30,8 @@ struct ProgramServices {
     QString webAddress;        ///< of the program's web site
     /// Makes what copies the downloads; without one, each download fails at its start.
     std::function<std::unique_ptr<CopyQ>()> newCopyQ = {};
+    /// What has become of the network's computers; null where nobody keeps it.
+    NetworkReport* report = nullptr;
     /// Lets a button give up waits for the network: it stays alive during these, and they end when
     /// the function says that it has been pressed.
     std::function<void(QAbstractButton&, std::function<bool()>)> letAbandon = {};

@@ -7,6 +7,7 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "silent/frmSilent.h"
 #include "skins/StandardFrame.h"
 #include "storage/ResultsDrop.h"
 
@@ -71,8 +72,11 @@ frmNetrove::frmNetrove(const ProgramServices& services)
             *controls_.stbStatus, *controls_.SSTab1, *controls_.cmdAbandon, *controls_.lvwResults,
             *controls_.lvwDownloads, controls_.Icons()},
            MakeJobControls(),
-           {{services.files, settings_, exclusions_, log_}, exclusions_, services.dialogs}, state_,
-           rows_)
+           {{services.files, settings_, exclusions_, log_},
+            exclusions_,
+            services.dialogs,
+            services.report},
+           state_, rows_)
     , patterns_({*controls_.LstSearchFor, *controls_.imgFiles[0], *menu_->Menu(Text("mnuPopUp5"))},
                 settings_, services.dialogs)
     , start_({*this, *controls_.txtSearchStart, *menu_->Menu(Text("mnuPopUp6"))}, MakeJobControls(),
@@ -171,6 +175,8 @@ MainMenu* frmNetrove::MakeMenu() {
     menu->Connect(Text("mnuTBS"), this, [this] { shell_.ShellRun(services_.webAddress); });
     menu->Connect(Text("mnuSkin(0)"), this, [this] { ApplySkin(0); });
     menu->Connect(Text("mnuViewTrLog"), this, [this] { shell_.ShellRun(LogFile()); });
+    if (services_.report)
+        menu->Connect(Text("mnuSilent"), this, [this] { ShowSilentComputers(); });
     for (int index = 0; index < PredefinedPatterns::Count; ++index)
         menu->Connect(Element("mnuFiles", index), this,
                       [this, index] { patterns_.mnuFiles_Click(index); });
@@ -179,6 +185,15 @@ MainMenu* frmNetrove::MakeMenu() {
                       [this, index] { start_.mnuInpNetNode_Click(index); });
     ConnectListMenus(*menu);
     return menu;
+}
+
+void frmNetrove::ShowSilentComputers() {
+    auto* dialog = findChild<frmSilent*>();
+    if (!dialog)
+        dialog = new frmSilent(*services_.report, this);
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
 }
 
 void frmNetrove::ConnectListMenus(MainMenu& menu) {

@@ -50,6 +50,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void ShowSilentComputers();
     [[nodiscard]] MainMenu* MakeMenu();
     void ConnectControls();
     void ConnectSearchParameters();

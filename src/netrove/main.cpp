@@ -36,6 +36,7 @@ int main(int argc, char** argv) {
          .applicationFolder = folder,
          .webAddress = QStringLiteral(NETROVE_WEB_ADDRESS),
          .newCopyQ = [&] { return std::make_unique<netrove::FileCopier>(*opened.network); },
+         .report = &opened.network->Report(),
          .letAbandon =
              [&](QAbstractButton& button, std::function<bool()> isPressed) {
                  yield.SetAbandon(button, std::move(isPressed));

@@ -32,6 +32,8 @@ void NWSearch::BeginSearch(const QString& fileName,
     Yield();
     context_.AbandonRequested = false;
     context_.ResultList.assign(1, QString());
+    reachedComputers_ = 0;
+    knownComputers_ = 0;
     if (!networkStartPoint)
         throw RunTimeError(ErrorNumber::ObjectNotSet);
     SearchNode(fileName, *networkStartPoint);
@@ -50,6 +52,8 @@ qint32 NWSearch::NumResults() const {
 
 void NWSearch::SearchNode(const QString& fileName, NetResource& node) {
     Yield();
+    if (node.ResourceType() == ResourceType::Server)
+        ++reachedComputers_;
     context_.Update(node.RemoteName());
     if (context_.AbandonRequested)
         return;
@@ -157,6 +161,10 @@ void NWSearch::WalkChildren(const QString& fileName, NetResource& node) {
     const auto children = node.Children();
     if (!children)
         return;
+    knownComputers_ +=
+        static_cast<int>(std::count_if(children->begin(), children->end(), [](const auto& child) {
+            return child->ResourceType() == ResourceType::Server;
+        }));
     // The trap serves once: a second failure among these children goes up to the next level.
     bool trapArmed = true;
     for (const auto& child : *children) {

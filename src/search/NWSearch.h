@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -45,6 +46,13 @@ public:
     [[nodiscard]] QString GetResult(qint32 resultNumber) const;
     [[nodiscard]] qint32 NumResults() const;
 
+    /// Computers that the walk has come to; all but the last are done.
+    [[nodiscard]] int ReachedComputers() const { return reachedComputers_; }
+    /// Those that it knows of, from the lists that it has read so far.
+    [[nodiscard]] int KnownComputers() const {
+        return std::max(knownComputers_, reachedComputers_);
+    }
+
 private:
     enum class Next { WalkChildren, Leave };
 
@@ -64,6 +72,8 @@ private:
     SearchContext context_;
     FolderScan folders_;
     bool recurseFolders_ = false;
+    int reachedComputers_ = 0;
+    int knownComputers_ = 0;
 };
 
 } // namespace netrove

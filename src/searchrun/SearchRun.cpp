@@ -114,7 +114,12 @@ void SearchRun::ConnectEngine() {
     state_.SearchEvt->ItemFound = [this](const QString& path) { rows_.SearchEvt_ItemFound(path); };
     state_.SearchEvt->SearchUpdate = [this](const QString& path) {
         rows_.SearchEvt_SearchUpdate(path);
+        if (state_.SearchEvt->ReachedComputers() > 0)
+            computers_.Show(state_.SearchEvt->ReachedComputers() - 1,
+                            state_.SearchEvt->KnownComputers());
     };
+    if (services_.report)
+        services_.report->Begin();
 }
 
 void SearchRun::ShowFailure(const RunTimeError& error) {
@@ -131,6 +136,7 @@ void SearchRun::GiveControlsBack() {
     controls_.stbStatus.SetText(1, QStringLiteral("Idle"));
     controls_.stbStatus.SetText(2, QString());
     controls_.stbStatus.SetToolTipText(2, QString());
+    computers_.Clear();
     state_.SearchEvt.reset();
 }
 

@@ -4,10 +4,12 @@
 #include "controls/StatusBar.h"
 #include "mainwindow/windowservices/IconImages.h"
 #include "platform/Dialogs.h"
+#include "platform/NetworkReport.h"
 #include "runtime/RunTimeError.h"
 #include "search/ExclusionLists.h"
 #include "search/NWSearch.h"
 #include "search/Settings.h"
+#include "searchrun/ComputerPanel.h"
 #include "searchrun/JobControls.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
@@ -40,6 +42,7 @@ public:
         SearchServices search;
         ExclusionLists& exclusions; ///< the same as the engine reads
         Dialogs& dialogs;
+        NetworkReport* report; ///< null where nobody keeps one
     };
 
     SearchRun(const Controls& controls, const JobControls& jobControls, const Services& services,
@@ -48,7 +51,8 @@ public:
         , jobControls_(jobControls)
         , services_(services)
         , state_(state)
-        , rows_(rows) {}
+        , rows_(rows)
+        , computers_(controls.stbStatus) {}
 
     /// The whole run. Failures end in a message box; nothing is raised.
     void cmdStartSearch_Click();
@@ -78,6 +82,7 @@ private:
     Services services_;
     SearchState& state_;
     ResultRows& rows_;
+    ComputerPanel computers_;
 };
 
 } // namespace netrove

@@ -153,8 +153,10 @@ std::optional<std::vector<NetRecord>> Network::List(const NetRecord& node, qint3
     std::optional<std::vector<NetRecord>> records;
     if (node.lpRemoteName.isEmpty())
         records = disks ? ProviderRecords() : std::vector<NetRecord>();
-    else if (NetworkProvider* provider = ProviderOf(node))
+    else if (NetworkProvider* provider = ProviderOf(node)) {
         records = provider->List(node, type);
+        NoteList(node, *provider, records);
+    }
     if (!records)
         return std::nullopt;
     QSet<QString> names = disks || diskNode_ != node.lpRemoteName ? QSet<QString>() : diskNames_;
@@ -170,6 +172,17 @@ std::optional<std::vector<NetRecord>> Network::List(const NetRecord& node, qint3
         diskNames_ = names;
     }
     return records;
+}
+
+void Network::NoteList(const NetRecord& node, const NetworkProvider& provider,
+                       const std::optional<std::vector<NetRecord>>& records) {
+    if (node.dwDisplayType != NetEnum::DisplayServer)
+        return;
+    if (records)
+        report_.NoteAnswer(node.lpRemoteName);
+    else
+        report_.NoteSilence(node.lpRemoteName,
+                            provider.Trouble(WithoutUncStart(node.lpRemoteName)));
 }
 
 /// Who lists below a node; nobody below shares, printers and folders.

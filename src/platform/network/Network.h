@@ -3,6 +3,7 @@
 #include "platform/Files.h"
 #include "platform/LocalFiles.h"
 #include "platform/NetworkEnumeration.h"
+#include "platform/network/ComputerReport.h"
 #include "platform/network/NetworkProvider.h"
 
 #include <QHash>
@@ -52,6 +53,9 @@ public:
     /// this thread. Nothing where the file isn't read over SMB. Asks nobody.
     [[nodiscard]] std::optional<SmbRequest> ReadRequest(const QString& path);
 
+    /// What has become of the computers.
+    [[nodiscard]] NetworkReport& Report() { return report_; }
+
     /// The name of the provider that answers for a computer (with or without "\\"): the first
     /// that knows it, else the first that takes unknown ones; empty if there is none.
     [[nodiscard]] QString ProviderOf(const QString& server);
@@ -83,6 +87,8 @@ private:
 
     [[nodiscard]] std::vector<NetRecord> ProviderRecords() const;
     [[nodiscard]] std::optional<std::vector<NetRecord>> List(const NetRecord& node, qint32 type);
+    void NoteList(const NetRecord& node, const NetworkProvider& provider,
+                  const std::optional<std::vector<NetRecord>>& records);
     [[nodiscard]] NetworkProvider* ProviderOf(const NetRecord& node);
     [[nodiscard]] NetworkProvider* ProviderFor(const QString& server);
     [[nodiscard]] std::optional<Place> PlaceOf(const QString& path);
@@ -91,6 +97,7 @@ private:
 
     std::vector<std::unique_ptr<NetworkProvider>> providers_;
     LocalFiles localFiles_;
+    ComputerReport report_;
     QHash<NetEnum::Handle, OpenList> openLists_;
     NetEnum::Handle lastHandle_ = 0;
     KnownInfo lastInfo_;

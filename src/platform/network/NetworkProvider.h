@@ -37,6 +37,11 @@ public:
     /// Whether a computer that no provider knows is this one's: its name may be found yet.
     [[nodiscard]] virtual bool TakesUnknown() const { return false; }
 
+    /// Why the list of a computer couldn't be had: a sentence for the user.
+    [[nodiscard]] virtual QString Trouble(const QString& /*server*/) const {
+        return QStringLiteral("It can't be reached.");
+    }
+
     /// The workgroup of a computer, empty where nobody answers.
     [[nodiscard]] virtual QString Workgroup(const QString& server) = 0;
 

@@ -1,0 +1,93 @@
+#include "silent/frmSilent.h"
+
+#include "controls/Twips.h"
+
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace netrove {
+namespace {
+
+// In twips.
+constexpr int Width = 9000;
+constexpr int Height = 5400;
+constexpr int ComputerWidth = 2400;
+constexpr int ReasonWidth = 4500;
+constexpr int TimeWidth = 1300;
+
+constexpr int RefreshInterval = 1000; ///< milliseconds
+
+QString CountText(int count) {
+    if (count == 0)
+        return QStringLiteral("Every computer that was asked has answered.");
+    return count == 1 ? QStringLiteral("1 computer didn't answer since the last search began:")
+                      : QString::number(count) +
+                            QStringLiteral(" computers didn't answer since the last search began:");
+}
+
+} // namespace
+
+frmSilent::frmSilent(const NetworkReport& report, QWidget* owner)
+    : QDialog(owner), report_(report), lblCount_(new QLabel(this)), lvwSilent_(new ListView(this)) {
+    setObjectName(QStringLiteral("frmSilent"));
+    setWindowTitle(QStringLiteral("Computers That Didn't Answer"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    LayOut();
+    Fill();
+    connect(lvwSilent_, &ListView::CopyPressed, this, &frmSilent::CopyRows);
+    tmrRefresh_.setParent(this);
+    tmrRefresh_.setObjectName(QStringLiteral("tmrRefresh"));
+    tmrRefresh_.setInterval(RefreshInterval);
+    connect(&tmrRefresh_, &QTimer::timeout, this, &frmSilent::Fill);
+    tmrRefresh_.start();
+}
+
+void frmSilent::LayOut() {
+    lvwSilent_->setObjectName(QStringLiteral("lvwSilent"));
+    lvwSilent_->AddColumn(QStringLiteral("Computer"), Qt::AlignLeft, ComputerWidth);
+    lvwSilent_->AddColumn(QStringLiteral("Reason"), Qt::AlignLeft, ReasonWidth);
+    lvwSilent_->AddColumn(QStringLiteral("Time"), Qt::AlignLeft, TimeWidth);
+    lvwSilent_->setAccessibleName(windowTitle());
+    lblCount_->setObjectName(QStringLiteral("lblCount"));
+    lblCount_->setBuddy(lvwSilent_);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(lblCount_);
+    layout->addWidget(lvwSilent_);
+    layout->addWidget(buttons);
+    resize(ToPixels(Width), ToPixels(Height));
+}
+
+void frmSilent::Fill() {
+    const std::vector<SilentComputer>& silent = report_.SilentComputers();
+    const QDateTime until = silent.empty() ? QDateTime() : silent.back().time;
+    lblCount_->setText(CountText(static_cast<int>(silent.size())));
+    if (lvwSilent_->Count() == static_cast<int>(silent.size()) && until == shownUntil_)
+        return;
+    shownUntil_ = until;
+    lvwSilent_->Clear();
+    for (const SilentComputer& computer : silent) {
+        const int row = lvwSilent_->Add(computer.name);
+        lvwSilent_->SetSubItem(row, 1, computer.reason);
+        lvwSilent_->SetSubItem(row, 2,
+                               QLocale().toString(computer.time.time(), QLocale::LongFormat));
+    }
+}
+
+void frmSilent::CopyRows() const {
+    QStringList lines;
+    for (const int row : lvwSilent_->SelectedRows())
+        lines.append(lvwSilent_->Text(row) + u'\t' + lvwSilent_->SubItem(row, 1) + u'\t' +
+                     lvwSilent_->SubItem(row, 2));
+    if (!lines.isEmpty())
+        QGuiApplication::clipboard()->setText(lines.join(u'\n'));
+}
+
+} // namespace netrove
