@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/discovery/ComputerSource.h"
+#include "platform/network/SmbHost.h"
+
+#include <QHash>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace netrove {
+
+/// The computers of the SMB network: those that are configured, in their order, then those that
+/// are found on the LAN, by name. What isn't configured of a computer is taken from what was
+/// found. One whose workgroup nobody has told stands in "WORKGROUP".
+class SmbComputers {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    /// How long what was found is given out without waiting for another look, and how long a
+    /// computer stays that isn't found any more: an answer gets lost at times.
+    static constexpr std::chrono::seconds Fresh{60};
+    static constexpr std::chrono::seconds Kept{600};
+
+    /// Of hosts with equal names (but for case) the first counts. Without a source nobody is looked
+    /// for.
+    explicit SmbComputers(const std::vector<SmbHost>& hosts,
+                          std::unique_ptr<ComputerSource> source = nullptr,
+                          std::function<Clock::time_point()> now = &Clock::now);
+
+    /// Looks who is there. Waits for the end of the look, and calls WhileWaiting(), unless the last
+    /// one is fresh: then it goes on behind, for the next time. False where the wait was given up.
+    [[nodiscard]] bool Look();
+
+    /// What is known so far.
+    [[nodiscard]] const std::vector<SmbHost>& All() const { return all_; }
+    /// Null for an unknown one. Until the next look.
+    [[nodiscard]] const SmbHost* Find(const QString& name) const;
+
+    [[nodiscard]] QStringList Workgroups() const;
+    [[nodiscard]] std::vector<const SmbHost*> In(const QString& workgroup) const;
+    [[nodiscard]] QString WorkgroupOf(const SmbHost& host) const;
+
+    /// The computer itself has told its workgroup.
+    void NoteWorkgroup(const QString& computer, const QString& workgroup);
+
+private:
+    struct Found {
+        SmbHost host;
+        Clock::time_point seen;
+    };
+
+    void TakeFound();
+    void Merge();
+    void Add(const SmbHost& host);
+
+    std::vector<SmbHost> configured_;
+    std::unique_ptr<ComputerSource> source_;
+    std::function<Clock::time_point()> now_;
+    std::optional<Clock::time_point> begun_;  ///< a look whose end wasn't seen yet
+    std::optional<Clock::time_point> looked_; ///< when the last look began that has ended
+    QMap<QString, Found> found_;              ///< by folded names
+    std::vector<SmbHost> all_;
+    QHash<QString, std::size_t> places_; ///< in all_, by folded names
+    QHash<QString, QString> told_;       ///< workgroups, by folded names
+};
+
+} // namespace netrove

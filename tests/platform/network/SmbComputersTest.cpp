@@ -1,0 +1,131 @@
+#include "platform/network/SmbComputers.h"
+
+#include "fakes/Text.h"
+#include "platform/discovery/UniqueDescriptor.h"
+#include "runtime/Yield.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/eventfd.h>
+
+namespace netrove {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Finds what it's told to, and needs some passes of a wait for it.
+class FakeSource : public ComputerSource {
+public:
+    std::vector<FoundComputer> Computers;
+    int Rounds = 0;
+    bool Running = false;
+
+    void Start() override {
+        ++Rounds;
+        Running = true;
+    }
+    void Finish() {
+        Running = false;
+        found_ = Computers;
+        eventfd_write(descriptor_.Number(), 1);
+    }
+    bool IsRunning() const override { return Running; }
+    std::vector<FoundComputer> Found() const override {
+        eventfd_t value = 0;
+        eventfd_read(descriptor_.Number(), &value);
+        return found_;
+    }
+    int Descriptor() const override { return descriptor_.Number(); }
+
+private:
+    std::vector<FoundComputer> found_;
+    UniqueDescriptor descriptor_{eventfd(0, EFD_NONBLOCK)};
+};
+
+FoundComputer Computer(const char* name, const char* workgroup, const QStringList& addresses) {
+    FoundComputer computer;
+    computer.name = Text(name);
+    if (*workgroup != 0)
+        computer.workgroup = Text(workgroup);
+    computer.addresses = addresses;
+    return computer;
+}
+
+class SmbComputersTest : public testing::Test {
+protected:
+    SmbComputersTest() {
+        SetWaitingPass([this] {
+            source->Finish();
+            return goesOn;
+        });
+    }
+    ~SmbComputersTest() override { SetWaitingPass({}); }
+
+    [[nodiscard]] QStringList In(const char* workgroup) const {
+        QStringList names;
+        for (const SmbHost* host : computers.In(Text(workgroup)))
+            names.append(host->name + u'@' + host->address);
+        return names;
+    }
+
+    bool goesOn = true;
+    FakeSource* source = new FakeSource; ///< the computers' own
+    SmbComputers::Clock::time_point now = SmbComputers::Clock::now();
+    SmbComputers computers{{{.name = Text("Nas"), .address = Text("198.51.100.1")},
+                            {.name = Text("nas"), .address = Text("198.51.100.9")},
+                            {.name = Text("OLD"), .workgroup = Text("OFFICE")}},
+                           std::unique_ptr<ComputerSource>(source),
+                           [this] { return now; }};
+};
+
+TEST_F(SmbComputersTest, FoundOnesJoinTheConfigured) {
+    EXPECT_EQ(computers.Workgroups(), (QStringList{Text("WORKGROUP"), Text("OFFICE")}));
+    source->Computers = {Computer("zoe", "", {Text("fe80::1%eth0")}),
+                         Computer("NAS", "Home", {Text("198.51.100.7")}),
+                         Computer("Ada", "office", {Text("fe80::2%eth0"), Text("2001:db8::2")}),
+                         Computer("old", "HOME", {Text("198.51.100.3")})};
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(computers.Workgroups(),
+              (QStringList{Text("Home"), Text("OFFICE"), Text("WORKGROUP")}));
+    EXPECT_EQ(In("home"), QStringList{Text("Nas@198.51.100.1")});
+    EXPECT_EQ(In("OFFICE"), (QStringList{Text("OLD@198.51.100.3"), Text("Ada@2001:db8::2")}));
+    EXPECT_EQ(In("WORKGROUP"), QStringList{Text("zoe@fe80::1%eth0")});
+    computers.NoteWorkgroup(Text("ZOE"), Text("Home"));
+    EXPECT_EQ(computers.WorkgroupOf(*computers.Find(Text("Zoe"))), Text("Home"));
+    EXPECT_EQ(computers.Find(Text("nobody")), nullptr);
+}
+
+TEST_F(SmbComputersTest, AFreshLookIsGivenAtOnceAndNothingIsForgottenSoon) {
+    source->Computers = {Computer("A", "W", {}), Computer("B", "W", {})};
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(source->Rounds, 1);
+    // The next look goes on behind, and is seen by the one after it.
+    source->Computers = {Computer("A", "W", {}), Computer("C", "W", {})};
+    now += 30s;
+    EXPECT_TRUE(computers.Look());
+    EXPECT_TRUE(source->Running);
+    EXPECT_EQ(In("W"), (QStringList{Text("A@"), Text("B@")}));
+    source->Finish();
+    now += 10s;
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(In("W"), (QStringList{Text("A@"), Text("B@"), Text("C@")}));
+    source->Finish();
+    now += SmbComputers::Kept;
+    EXPECT_TRUE(computers.Look()) << "not fresh: it waits";
+    EXPECT_FALSE(source->Running);
+    EXPECT_EQ(source->Rounds, 4);
+    EXPECT_EQ(In("W"), (QStringList{Text("A@"), Text("C@")}));
+}
+
+TEST_F(SmbComputersTest, TheWaitCanBeGivenUp) {
+    goesOn = false;
+    source->Computers = {Computer("A", "W", {})};
+    EXPECT_FALSE(computers.Look());
+    EXPECT_EQ(computers.All().size(), 2U);
+    goesOn = true;
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(computers.All().size(), 3U);
+}
+
+} // namespace
+} // namespace netrove
