@@ -36,6 +36,7 @@ const std::vector<MenuText>& MenuTexts() {
          "&Tools",
          {{"mnuViewTrLog", "View &Troubleshooting Log File"},
           {"mnuSep3", Separator},
+          {"mnuLogon", "Network &Logon..."},
           {"mnuOpts", "&Options...     "}}},
         {"mnuSkinTOP",
          "S&kin",

@@ -28,6 +28,8 @@ struct ProgramServices {
     QString webAddress;        ///< of the program's web site
     /// Makes what copies the downloads; without one, each download fails at its start.
     std::function<std::unique_ptr<CopyQ>()> newCopyQ = {};
+    /// Shows the dialog of the logons, which belongs to that window; without one there is none.
+    std::function<void(QWidget& owner)> showLogons = {};
 };
 
 } // namespace netrove

@@ -166,6 +166,8 @@ MainMenu* frmNetrove::MakeMenu() {
     menu->Connect(Text("mnuTBS"), this, [this] { shell_.ShellRun(services_.webAddress); });
     menu->Connect(Text("mnuSkin(0)"), this, [this] { ApplySkin(0); });
     menu->Connect(Text("mnuViewTrLog"), this, [this] { shell_.ShellRun(LogFile()); });
+    if (services_.showLogons)
+        menu->Connect(Text("mnuLogon"), this, [this] { services_.showLogons(*this); });
     for (int index = 0; index < PredefinedPatterns::Count; ++index)
         menu->Connect(Element("mnuFiles", index), this,
                       [this, index] { patterns_.mnuFiles_Click(index); });
@@ -206,8 +208,8 @@ ListOperations frmNetrove::MakeListOperations() {
 }
 
 JobControls frmNetrove::MakeJobControls() {
-    return {.fileItems =
-                menu_->WithWork({Text("mnuSaveResFile"), Text("mnuLoadResFile"), Text("mnuOpts")}),
+    return {.fileItems = menu_->WithWork({Text("mnuSaveResFile"), Text("mnuLoadResFile"),
+                                          Text("mnuLogon"), Text("mnuOpts")}),
             .helpItems = menu_->WithWork({Text("mnuHelp"), Text("mnuCont"), Text("UpdateMnu"),
                                           Text("mnuDonate"), Text("mnuAbout1")}),
             .filesPicture = controls_.imgFiles[0],

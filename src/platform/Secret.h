@@ -29,8 +29,8 @@ private:
     std::shared_ptr<const Pages> pages_; ///< null for an empty one
 };
 
-/// Overwrites what a text holds, also where others share it, and empties it. For what had to be
-/// in an ordinary text for a moment.
+/// Overwrites what a text holds, where others share it theirs too, and empties it. For what had to
+/// be in an ordinary text for a moment.
 void Wipe(QByteArray& bytes);
 void Wipe(QString& text);
 

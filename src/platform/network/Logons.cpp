@@ -102,12 +102,13 @@ void Logons::Release(const SmbRequest& request) {
         known->trying.remove(ComputerOf(request));
 }
 
-void Logons::Read(std::function<void()> done) {
+void Logons::Read(ReadDone done) {
     {
         std::unique_lock lock(mutex_);
-        if (reading_ == Reading::Done) {
+        if (reading_ == Reading::Done && readOutcome_ != Keyring::Outcome::Refused) {
+            const Keyring::Outcome outcome = readOutcome_;
             lock.unlock();
-            done();
+            done(outcome);
             return;
         }
         whenRead_.push_back(std::move(done));
@@ -117,17 +118,17 @@ void Logons::Read(std::function<void()> done) {
         readLimit_ = Clock::now() + ReadLimit;
     }
     if (!HasKeyring()) {
-        TakeRead(Secret());
+        TakeRead(Keyring::Outcome::None, Secret());
         return;
     }
-    keyring_->Read(Entry, [self = weak_from_this()](Keyring::Outcome, const Secret& entry) {
+    keyring_->Read(Entry, [self = weak_from_this()](Keyring::Outcome outcome, const Secret& entry) {
         if (const auto logons = self.lock())
-            logons->TakeRead(entry);
+            logons->TakeRead(outcome, entry);
     });
 }
 
-void Logons::TakeRead(const Secret& entry) {
-    std::vector<std::function<void()>> waiting;
+void Logons::TakeRead(Keyring::Outcome outcome, const Secret& entry) {
+    std::vector<ReadDone> waiting;
     {
         const std::scoped_lock lock(mutex_);
         for (StoredLogon& one : DecodeLogons(entry)) {
@@ -135,10 +136,11 @@ void Logons::TakeRead(const Secret& entry) {
                 known_.push_back({.stored = std::move(one)});
         }
         reading_ = Reading::Done;
+        readOutcome_ = outcome;
         waiting.swap(whenRead_);
     }
     for (const auto& done : waiting)
-        done();
+        done(outcome);
 }
 
 bool Logons::IsReading() {
@@ -149,7 +151,7 @@ bool Logons::IsReading() {
         if (reading_ == Reading::Now)
             return Clock::now() < readLimit_;
     }
-    Read([] {});
+    Read([](Keyring::Outcome) {});
     const std::scoped_lock lock(mutex_);
     return reading_ == Reading::Now;
 }

@@ -28,6 +28,7 @@ namespace netrove {
 /// computers; refused before any has let it in, it is tried nowhere again.
 class Logons : public std::enable_shared_from_this<Logons> {
 public:
+    using ReadDone = std::function<void(Keyring::Outcome outcome)>;
     using StoreDone = std::function<void(Keyring::Outcome outcome)>;
 
     enum class Turn {
@@ -48,9 +49,9 @@ public:
     /// For an applied request that was given up before its end.
     void Release(const SmbRequest& request);
 
-    /// Reads the keyring if nobody has yet. `done` is called on any thread once it is read; at
-    /// once where there is nothing to wait for.
-    void Read(std::function<void()> done);
+    /// Reads the keyring if nobody has yet, or if it refused the last time. `done` is called on any
+    /// thread once it is read; at once where there is nothing to wait for.
+    void Read(ReadDone done);
 
     /// Starts to read the keyring if nobody has yet, and tells whether whoever needs a logon
     /// should wait for it. A user who doesn't unlock it holds up the network only for a while.
@@ -88,7 +89,7 @@ private:
     [[nodiscard]] Known* FindFor(const SmbRequest& request);
     void NoteLetIn(Known& known, const QString& computer);
     void NoteRefusal(Known& known, const QString& computer);
-    void TakeRead(const Secret& entry);
+    void TakeRead(Keyring::Outcome outcome, const Secret& entry);
     void ChangeKeyring(Change change);
     void BeginChange();
     void EndChange(Keyring::Outcome outcome);
@@ -97,7 +98,8 @@ private:
     mutable std::mutex mutex_;
     Reading reading_ = Reading::NotYet;
     Clock::time_point readLimit_;
-    std::vector<std::function<void()>> whenRead_;
+    Keyring::Outcome readOutcome_ = Keyring::Outcome::Missing;
+    std::vector<ReadDone> whenRead_;
     std::vector<Known> known_;
     std::deque<Change> changes_; ///< of the keyring; the first is being made
 };

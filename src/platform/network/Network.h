@@ -52,6 +52,9 @@ public:
     /// this thread. Nothing where the file isn't read over SMB. Asks nobody.
     [[nodiscard]] std::optional<SmbRequest> ReadRequest(const QString& path);
 
+    /// How a helper of one's own asks a computer (without "\\") for its shares; otherwise the same.
+    [[nodiscard]] std::optional<SmbRequest> ShareListRequest(const QString& computer);
+
     /// The name of the provider that answers for a computer (with or without "\\"): the first
     /// that knows it, else the first that takes unknown ones; empty if there is none.
     [[nodiscard]] QString ProviderOf(const QString& server);

@@ -30,6 +30,20 @@ Secret DecodedSecret(QByteArrayView encoded) {
     return secret;
 }
 
+/// Into the buffer itself: Qt's own encoder leaves copies of passwords.
+void AppendEncoded(QByteArray& text, QByteArrayView bytes) {
+    constexpr char digits[] = "0123456789ABCDEF";
+    for (const char byte : bytes) {
+        if (QChar::isLetterOrNumber(static_cast<uchar>(byte)) && static_cast<uchar>(byte) < 0x80) {
+            text += byte;
+        } else {
+            text += '%';
+            text += digits[static_cast<uchar>(byte) >> 4];
+            text += digits[byte & 0xf];
+        }
+    }
+}
+
 QString DecodedText(QByteArrayView encoded) {
     return QString::fromUtf8(QByteArray::fromPercentEncoding(encoded.toByteArray()));
 }
@@ -62,14 +76,12 @@ Secret EncodeLogons(const std::vector<StoredLogon>& logons) {
             9 * (logon.computer.size() + logon.user.size()) + 3 * logon.password.Bytes().size() + 3;
     text.reserve(size); // a buffer that grew would leave passwords behind
     for (const StoredLogon& logon : logons) {
-        text += logon.computer.toUtf8().toPercentEncoding() + ' ' +
-                logon.user.toUtf8().toPercentEncoding() + ' ';
-        const QByteArrayView password = logon.password.Bytes();
-        QByteArray encoded =
-            QByteArray::fromRawData(password.data(), password.size()).toPercentEncoding();
-        text += encoded;
+        AppendEncoded(text, logon.computer.toUtf8());
+        text += ' ';
+        AppendEncoded(text, logon.user.toUtf8());
+        text += ' ';
+        AppendEncoded(text, logon.password.Bytes());
         text += '\n';
-        Wipe(encoded);
     }
     const Secret secret(text);
     Wipe(text);
