@@ -10,9 +10,10 @@ namespace {
 
 /// Lines that the state has room for, so that the dialog keeps its shape.
 constexpr int StateLines = 2;
-/// Average characters of the columns and lines of the list, at first.
-constexpr int ColumnCharacters = 22;
+/// Average characters and lines of the list, at first.
+constexpr int ListCharacters = 70;
 constexpr int ListLines = 10;
+constexpr int BarCharacters = 16;
 
 QPushButton* MakeButton(const char* name, const char* caption, QWidget& parent) {
     auto* button = new QPushButton(QString::fromLatin1(caption), &parent);
@@ -42,6 +43,7 @@ LogonControls::LogonControls(QDialog& dialog)
     barBusy->setObjectName(QStringLiteral("barBusy"));
     barBusy->setRange(0, 0);
     barBusy->setTextVisible(false);
+    barBusy->setMaximumWidth(barBusy->fontMetrics().averageCharWidth() * BarCharacters);
     barBusy->setAccessibleName(QStringLiteral("Busy"));
     for (QWidget* control : {static_cast<QWidget*>(barBusy), static_cast<QWidget*>(cmdCancel)}) {
         QSizePolicy policy = control->sizePolicy();
@@ -61,10 +63,14 @@ void LogonControls::MakeList() {
     lvwLogons->setAllColumnsShowFocus(true);
     lvwLogons->setUniformRowHeights(true);
     const QFontMetrics metrics = lvwLogons->fontMetrics();
+    // Long names are cut, and stand in the tool tip.
+    QHeaderView& header = *lvwLogons->header();
+    header.setStretchLastSection(false);
     for (const int column : {0, 1})
-        lvwLogons->setColumnWidth(column, metrics.averageCharWidth() * ColumnCharacters);
-    lvwLogons->header()->setStretchLastSection(true);
-    lvwLogons->setMinimumSize(metrics.averageCharWidth() * ColumnCharacters * 7 / 2,
+        header.setSectionResizeMode(column, QHeaderView::Stretch);
+    for (const int column : {2, 3})
+        header.setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    lvwLogons->setMinimumSize(metrics.averageCharWidth() * ListCharacters,
                               metrics.lineSpacing() * ListLines);
 }
 
@@ -80,7 +86,7 @@ void LogonControls::Arrange(QDialog& dialog) {
     auto* middle = new QHBoxLayout;
     middle->addWidget(lvwLogons, 1);
     middle->addLayout(buttons);
-    auto* busy = new QVBoxLayout;
+    auto* busy = new QHBoxLayout;
     busy->addWidget(barBusy);
     busy->addWidget(cmdCancel);
     auto* bottom = new QHBoxLayout;

@@ -6,7 +6,10 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QSignalBlocker>
+#include <QTextDocument>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace netrove {
@@ -122,7 +125,10 @@ void frmLogons::ShowLogons() {
             logon.isInKeyring ? QStringLiteral("Keyring") : QStringLiteral("This session");
         const QString state =
             services_.logons->IsRefused(logon.computer) ? QStringLiteral("Refused") : QString();
-        new QTreeWidgetItem(controls_.lvwLogons, {NameOf(logon.computer), logon.user, kept, state});
+        auto* item = new QTreeWidgetItem(controls_.lvwLogons,
+                                         {NameOf(logon.computer), logon.user, kept, state});
+        for (const int column : {0, 1})
+            item->setToolTip(column, Qt::convertFromPlainText(item->text(column)));
     }
     Select(selected);
     UpdateButtons();

@@ -75,9 +75,9 @@ private:
 
     struct Known {
         StoredLogon stored;
-        QSet<QString> letIn;         ///< computers that have let it in
-        QSet<QString> trying;        ///< those that are just asked for the first time
-        QHash<QString, int> refused; ///< how often in a row
+        QSet<QString> letIn = {};         ///< computers that have let it in
+        QSet<QString> trying = {};        ///< those that are just asked for the first time
+        QHash<QString, int> refused = {}; ///< how often in a row
         bool isRefusedByDomain = false;
     };
     struct Change {

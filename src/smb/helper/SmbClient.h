@@ -68,11 +68,11 @@ private:
     /// Whom the requests are of: another logon or server is asked anew.
     QString server_;
     std::optional<SmbLogon> logon_;
-    std::vector<Way> ways_; ///< those that are open to it, the best first
-    std::size_t way_ = 0;   ///< the one in use
-    bool letIn_ = false;    ///< it is known to be good
+    std::vector<Way> ways_;    ///< those that are open to it, the best first
+    std::size_t way_ = 0;      ///< the one in use
+    bool letIn_ = false;       ///< it is known to be good
     bool logonFailed_ = false; ///< the request that runs has met a server that lets us not in
-    QString kerberosHost_;  ///< empty where Kerberos can't be tried
+    QString kerberosHost_;     ///< empty where Kerberos can't be tried
     bool signingRequired_ = false;
     QString share_; ///< the one asked last
     QByteArray fileUrl_;
