@@ -72,7 +72,7 @@ void frmLogons::showEvent(QShowEvent* event) {
 }
 
 void frmLogons::ReadKeyring() {
-    BeginWork(QStringLiteral("Reading the keyring..."), false);
+    BeginWork(QStringLiteral("Reading the keyring, which may ask for its password..."), false);
     services_.logons->Read(WhenStored([this](Keyring::Outcome outcome) {
         EndWork(outcome == Keyring::Outcome::Refused
                     ? QStringLiteral("The keyring stayed locked: what it holds isn't shown.")
@@ -183,7 +183,9 @@ void frmLogons::cmdChange_Click() {
 }
 
 void frmLogons::Store(const StoredLogon& logon) {
-    BeginWork(QStringLiteral("Storing..."), false);
+    BeginWork(logon.isInKeyring ? QStringLiteral("Storing... The keyring may ask for its password.")
+                                : QStringLiteral("Storing..."),
+              false);
     const QString computer = logon.computer;
     const bool isForKeyring = logon.isInKeyring;
     services_.logons->Store(
