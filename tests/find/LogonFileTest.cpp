@@ -41,8 +41,9 @@ TEST_F(LogonFile, MustBeTheUsersOwnAndSmall) {
     const QByteArray good = "username = bob\npassword = secret\n";
     for (const QFile::Permissions more : {QFile::ReadGroup, QFile::ReadOther, QFile::WriteOther})
         EXPECT_EQ(Read(good, more), "is open to other users (chmod 600 closes it)");
-    for (const QByteArray& text : {QByteArray(), QByteArray("password = x\n"),
-                                   QByteArray("username =\n"), QByteArray(good + QByteArray(5000, ' '))})
+    for (const QByteArray& text :
+         {QByteArray(), QByteArray("password = x\n"), QByteArray("username =\n"),
+          QByteArray(good + QByteArray(5000, ' '))})
         EXPECT_EQ(Read(text), "has no line \"username = ...\"");
     EXPECT_THROW((void)ReadLogonFile(folder.path()), WrongUse);
     EXPECT_THROW((void)ReadLogonFile(folder.filePath(QStringLiteral("none"))), WrongUse);

@@ -116,6 +116,14 @@ TEST_F(LogonsTest, OnlyOneRequestFindsOutWhetherALogonIsGood) {
     (void)logons->Note(second, 0);
     ASSERT_EQ(logons->Apply(first), Logons::Turn::Go);
     EXPECT_EQ(UserAt("A"), "bob") << "side by side from now on";
+    // A logon that another one stands before for a while isn't waited for in vain later.
+    logons->Store(Stored("", "all", "p"), Ignore);
+    SmbRequest third = RequestTo("C");
+    ASSERT_EQ(logons->Apply(third), Logons::Turn::Go);
+    logons->Store(Stored("C", "own", "p"), Ignore);
+    logons->Release(third);
+    logons->Remove(Text("C"), Ignore);
+    EXPECT_EQ(UserAt("C"), "all");
     // What comes back of a logon that isn't stored any more says nothing of the new one.
     logons->Store(Stored("", "bob", "q"), Ignore);
     EXPECT_EQ(logons->Note(first, EPERM), EACCES);

@@ -42,12 +42,14 @@ Logons::Known* Logons::Find(const QString& computer) {
     return found == known_.end() ? nullptr : &*found;
 }
 
-/// What an applied request's logon is, unless another has been stored meanwhile.
+/// The logon that an applied request was given, if it is still stored. One of the computer's own
+/// may have been stored meanwhile beside it.
 Logons::Known* Logons::FindFor(const SmbRequest& request) {
-    Known* known = Find(ComputerOf(request));
-    if (!known)
-        known = Find(QString());
-    return known && request.logon && LogonOf(known->stored) == *request.logon ? known : nullptr;
+    for (Known* known : {Find(ComputerOf(request)), Find(QString())}) {
+        if (known && request.logon && LogonOf(known->stored) == *request.logon)
+            return known;
+    }
+    return nullptr;
 }
 
 Logons::Turn Logons::Apply(SmbRequest& request) {
