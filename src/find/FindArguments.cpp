@@ -75,9 +75,10 @@ FindArguments FindArguments::Parse(const QStringList& arguments) {
     const auto details = Switch("details");
     const auto max = WithValue("max", "N");
     const auto log = WithValue("log", "FILE");
+    const auto logonFile = WithValue("logon-file", "FILE");
     QCommandLineParser parser;
-    parser.addOptions(
-        {help, version, from, noRecurse, exclude, adminShares, thisComputer, details, max, log});
+    parser.addOptions({help, version, from, noRecurse, exclude, adminShares, thisComputer, details,
+                       max, log, logonFile});
     const bool parsed = parser.parse(QStringList(QString()) + arguments);
 
     FindArguments result;
@@ -101,6 +102,7 @@ FindArguments FindArguments::Parse(const QStringList& arguments) {
     if (parser.isSet(max))
         result.max = MostResults(parser.value(max));
     result.logFile = parser.value(log);
+    result.logonFile = parser.value(logonFile);
     return result;
 }
 
@@ -128,6 +130,10 @@ Where to search:
                            network. May be given more than once
   --admin-shares         try the hidden shares Admin$ and C$ to Z$ too
   --this-computer        search this computer too
+  --logon-file FILE      log on to every computer with the user of FILE, which
+                           only you may read and has the lines
+                           "username = USER", "password = PASSWORD" and, if
+                           need be, "domain = DOMAIN"; else as a guest
 
 What to print:
   --details              print name, folder, size in bytes, date (as 2020-02-03

@@ -21,6 +21,7 @@ struct FindArguments {
     bool details = false;
     std::optional<qint32> max; ///< results at most
     QString logFile;           ///< empty for none
+    QString logonFile;         ///< empty for guests
 
     /// `arguments` are those behind the program's name. Raises WrongUse.
     [[nodiscard]] static FindArguments Parse(const QStringList& arguments);

@@ -11,7 +11,7 @@ namespace netrove {
 namespace {
 
 int Execute(const QStringList& arguments, const FindConsole& console,
-            const std::function<FindServices()>& openNetwork) {
+            const OpenFindNetwork& openNetwork) {
     const FindArguments parsed = FindArguments::Parse(arguments);
     switch (parsed.action) {
     case FindArguments::Action::ShowHelp:
@@ -23,7 +23,7 @@ int Execute(const QStringList& arguments, const FindConsole& console,
     case FindArguments::Action::Search:
         break;
     }
-    const FindServices services = openNetwork();
+    const FindServices services = openNetwork(parsed);
     return FindRun(parsed, services, console).Execute();
 }
 
@@ -39,7 +39,7 @@ void PrintMessage(ConsoleOutput& err, const QString& text) {
 }
 
 int FindProgram(const QStringList& arguments, const FindConsole& console,
-                const std::function<FindServices()>& openNetwork) {
+                const OpenFindNetwork& openNetwork) {
     int status = FindStatus::Failed;
     try {
         status = Execute(arguments, console, openNetwork);

@@ -8,11 +8,14 @@
 
 namespace netrove {
 
+/// Opens the network that the arguments ask for. May raise WrongUse.
+using OpenFindNetwork = std::function<FindServices(const FindArguments& arguments)>;
+
 /// The whole of netrove-find: reads its arguments (those behind the program's name), opens the
 /// network if it is to be searched, and gives the exit status. Whatever goes wrong is told on
 /// standard error.
 [[nodiscard]] int FindProgram(const QStringList& arguments, const FindConsole& console,
-                              const std::function<FindServices()>& openNetwork);
+                              const OpenFindNetwork& openNetwork);
 
 /// Prints a message about the program's run.
 void PrintMessage(ConsoleOutput& err, const QString& text);

@@ -1,5 +1,6 @@
 #include "find/FindProgram.h"
 #include "find/Interruption.h"
+#include "find/LogonFile.h"
 #include "mainwindow/services/NetworkNodes.h"
 #include "platform/ApplicationFolder.h"
 #include "platform/LinuxSystemInformation.h"
@@ -35,6 +36,14 @@ void UseUtf8() {
         setenv("LC_ALL", "C.UTF-8", 1);
 }
 
+std::shared_ptr<Logons> LogonsOf(const FindArguments& arguments) {
+    if (arguments.logonFile.isEmpty())
+        return nullptr;
+    auto logons = std::make_shared<Logons>();
+    logons->Store(ReadLogonFile(arguments.logonFile), [](Keyring::Outcome) {});
+    return logons;
+}
+
 int Main(int argc, char** argv) {
     OpenStandardStreams();
     UseUtf8();
@@ -46,8 +55,8 @@ int Main(int argc, char** argv) {
     ConsoleOutput out(STDOUT_FILENO);
     ConsoleOutput err(STDERR_FILENO);
     OpenedNetwork opened;
-    const auto openNetwork = [&opened, &err]() -> FindServices {
-        opened = OpenNetwork(ApplicationFolder());
+    const auto openNetwork = [&opened, &err](const FindArguments& arguments) -> FindServices {
+        opened = OpenNetwork(ApplicationFolder(), LogonsOf(arguments));
         for (const QString& problem : opened.problems)
             PrintMessage(err, problem);
         err.Flush();

@@ -37,6 +37,7 @@ const std::vector<MenuText>& MenuTexts() {
          {{"mnuViewTrLog", "View &Troubleshooting Log File"},
           {"mnuSilent", "&Computers That Didn't Answer..."},
           {"mnuSep3", Separator},
+          {"mnuLogon", "Network &Logon..."},
           {"mnuOpts", "&Options...     "}}},
         {"mnuSkinTOP",
          "S&kin",

@@ -35,6 +35,8 @@ struct ProgramServices {
     /// Lets a button give up waits for the network: it stays alive during these, and they end when
     /// the function says that it has been pressed.
     std::function<void(QAbstractButton&, std::function<bool()>)> letAbandon = {};
+    /// Shows the dialog of the logons, which belongs to that window; without one there is none.
+    std::function<void(QWidget& owner)> showLogons = {};
 };
 
 } // namespace netrove

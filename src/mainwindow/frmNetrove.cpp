@@ -177,6 +177,8 @@ MainMenu* frmNetrove::MakeMenu() {
     menu->Connect(Text("mnuViewTrLog"), this, [this] { shell_.ShellRun(LogFile()); });
     if (services_.report)
         menu->Connect(Text("mnuSilent"), this, [this] { ShowSilentComputers(); });
+    if (services_.showLogons)
+        menu->Connect(Text("mnuLogon"), this, [this] { services_.showLogons(*this); });
     for (int index = 0; index < PredefinedPatterns::Count; ++index)
         menu->Connect(Element("mnuFiles", index), this,
                       [this, index] { patterns_.mnuFiles_Click(index); });
@@ -226,8 +228,8 @@ ListOperations frmNetrove::MakeListOperations() {
 }
 
 JobControls frmNetrove::MakeJobControls() {
-    return {.fileItems =
-                menu_->WithWork({Text("mnuSaveResFile"), Text("mnuLoadResFile"), Text("mnuOpts")}),
+    return {.fileItems = menu_->WithWork({Text("mnuSaveResFile"), Text("mnuLoadResFile"),
+                                          Text("mnuLogon"), Text("mnuOpts")}),
             .helpItems = menu_->WithWork({Text("mnuHelp"), Text("mnuCont"), Text("UpdateMnu"),
                                           Text("mnuDonate"), Text("mnuAbout1")}),
             .filesPicture = controls_.imgFiles[0],

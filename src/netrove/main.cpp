@@ -1,4 +1,5 @@
 #include "downloads/copier/FileCopier.h"
+#include "logons/frmLogons.h"
 #include "mainwindow/frmNetrove.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
 #include "platform/ApplicationFolder.h"
@@ -8,6 +9,7 @@
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/DesktopShell.h"
 #include "platform/desktop/WindowYield.h"
+#include "platform/keyring/DesktopKeyring.h"
 #include "platform/network/OpenNetwork.h"
 
 int main(int argc, char** argv) {
@@ -19,7 +21,9 @@ int main(int argc, char** argv) {
 
     netrove::WindowYield yield;
     const QString folder = netrove::ApplicationFolder();
-    const netrove::OpenedNetwork opened = netrove::OpenNetwork(folder);
+    const auto logons =
+        std::make_shared<netrove::Logons>(std::make_shared<netrove::DesktopKeyring>());
+    const netrove::OpenedNetwork opened = netrove::OpenNetwork(folder, logons);
     netrove::DesktopDialogs dialogs;
     netrove::DesktopShell shell(*opened.network);
     netrove::DesktopFileTypes fileTypes;
@@ -35,11 +39,29 @@ int main(int argc, char** argv) {
          .system = system,
          .applicationFolder = folder,
          .webAddress = QStringLiteral(NETROVE_WEB_ADDRESS),
-         .newCopyQ = [&] { return std::make_unique<netrove::FileCopier>(*opened.network); },
+         .newCopyQ =
+             [&] {
+                 return std::make_unique<netrove::FileCopier>(
+                     *opened.network,
+                     netrove::CopyLimits{.helper = netrove::SmbPool::DefaultHelper(),
+                                         .logons = logons});
+             },
          .report = &opened.network->Report(),
          .letAbandon =
              [&](QAbstractButton& button, std::function<bool()> isPressed) {
                  yield.SetAbandon(button, std::move(isPressed));
+             },
+         .showLogons =
+             [&](QWidget& owner) {
+                 netrove::frmLogons({.logons = logons,
+                                     .dialogs = dialogs,
+                                     .shareList =
+                                         [&](const QString& computer) {
+                                             return opened.network->ShareListRequest(computer);
+                                         },
+                                     .helper = netrove::SmbPool::DefaultHelper()},
+                                    &owner)
+                     .exec();
              }});
     dialogs.SetParent(&window);
     window.Form_Load();

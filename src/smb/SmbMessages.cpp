@@ -6,6 +6,8 @@
 #include <QIODevice>
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 #include <utility>
 
 namespace netrove {
@@ -32,9 +34,59 @@ QDataStream& operator>>(QDataStream& stream, SmbHello& hello) {
     return stream >> hello.version;
 }
 
+/// Longer than any name or password that a server takes, in bytes.
+constexpr quint32 MaxLogonText = 1024;
+
+/// Straight from and to where passwords lie: what a stream made in between wouldn't be wiped.
+QDataStream& operator<<(QDataStream& stream, const Secret& secret) {
+    const QByteArrayView bytes = secret.Bytes();
+    return stream.writeBytes(bytes.data(), static_cast<uint>(bytes.size()));
+}
+
+QDataStream& operator>>(QDataStream& stream, Secret& secret) {
+    quint32 length = 0;
+    stream >> length;
+    if (length > MaxLogonText) {
+        stream.setStatus(QDataStream::ReadCorruptData);
+        return stream;
+    }
+    std::array<char, MaxLogonText> bytes{};
+    const auto count = static_cast<int>(length);
+    if (stream.readRawData(bytes.data(), count) == count)
+        secret = Secret(QByteArrayView(bytes.data(), count));
+    else
+        stream.setStatus(QDataStream::ReadPastEnd);
+    explicit_bzero(bytes.data(), bytes.size());
+    return stream;
+}
+
+QDataStream& operator<<(QDataStream& stream, const std::optional<SmbLogon>& logon) {
+    stream << logon.has_value();
+    return logon ? stream << logon->domain << logon->user << logon->password : stream;
+}
+
+/// What the library takes as text must not end early.
+bool IsLogonText(const QString& text) {
+    return text.size() <= qsizetype{MaxLogonText} && !text.contains(QChar(u'\0'));
+}
+
+QDataStream& operator>>(QDataStream& stream, std::optional<SmbLogon>& logon) {
+    bool isThere = false;
+    stream >> isThere;
+    if (!isThere)
+        return stream;
+    logon.emplace();
+    stream >> logon->domain >> logon->user >> logon->password;
+    if (logon->user.isEmpty() || !IsLogonText(logon->user) || !IsLogonText(logon->domain) ||
+        logon->password.Bytes().contains('\0'))
+        stream.setStatus(QDataStream::ReadCorruptData);
+    return stream;
+}
+
 QDataStream& operator<<(QDataStream& stream, const SmbRequest& request) {
     return stream << static_cast<quint8>(request.kind) << request.host << request.port
-                  << request.share << request.path << request.offset << request.length;
+                  << request.share << request.path << request.offset << request.length
+                  << request.computer << request.logon;
 }
 
 /// Whether a text can be a part of an address: what the library would take for something else,
@@ -48,6 +100,7 @@ bool IsElement(const QString& text) {
 bool IsValid(const SmbRequest& request) {
     using Kind = SmbRequest::Kind;
     if (!IsElement(request.host) || request.offset < 0 ||
+        (!request.computer.isEmpty() && !IsElement(request.computer)) ||
         (request.kind == Kind::Fetch && request.length > SmbMemory::Bytes))
         return false;
     if (request.kind == Kind::Resolve || request.kind == Kind::ListShares ||
@@ -64,7 +117,7 @@ bool IsValid(const SmbRequest& request) {
 QDataStream& operator>>(QDataStream& stream, SmbRequest& request) {
     ReadEnum(stream, request.kind, SmbRequest::Kind::Fetch);
     stream >> request.host >> request.port >> request.share >> request.path >> request.offset >>
-        request.length;
+        request.length >> request.computer >> request.logon;
     if (!IsValid(request))
         stream.setStatus(QDataStream::ReadCorruptData);
     return stream;
@@ -151,10 +204,25 @@ QDataStream& operator>>(QDataStream& stream, SmbEnd& end) {
     return stream >> end.status;
 }
 
+/// As many bytes as a question takes, or more: a buffer that grew would leave a password behind.
+qsizetype QuestionBytes(const SmbQuestion& question) {
+    constexpr qsizetype fixed = 128;
+    const auto* request = std::get_if<SmbRequest>(&question);
+    if (!request || !request->logon)
+        return fixed;
+    const SmbLogon& logon = *request->logon;
+    const qsizetype characters = request->host.size() + request->share.size() +
+                                 request->path.size() + request->computer.size() +
+                                 logon.domain.size() + logon.user.size();
+    return fixed + 2 * characters + logon.password.Bytes().size();
+}
+
 /// A message is its number in the variant, then its fields.
 template <typename Message>
 QByteArray EncodeMessage(const Message& message) {
     QByteArray payload;
+    if constexpr (std::is_same_v<Message, SmbQuestion>)
+        payload.reserve(QuestionBytes(message));
     QDataStream stream(&payload, QIODevice::WriteOnly);
     stream.setVersion(StreamVersion);
     stream << static_cast<quint8>(message.index());

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "platform/Secret.h"
+
 #include <QByteArray>
 #include <QString>
 
+#include <cerrno>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -17,8 +20,18 @@ inline constexpr int SmbMemoryDescriptor = 4;
 
 /// The first message of both sides. Sides that don't speak the same version part.
 struct SmbHello {
-    static constexpr quint32 Version = 3;
+    static constexpr quint32 Version = 4;
     quint32 version = Version;
+};
+
+/// Who logs on, for a server to let in. The server checks the user in `domain`, which is a domain,
+/// the server's own name, or empty where the server shall choose.
+struct SmbLogon {
+    QString domain = {};
+    QString user = {};
+    Secret password = {};
+
+    friend bool operator==(const SmbLogon&, const SmbLogon&) = default;
 };
 
 /// What the program asks of a helper. Each request is answered by any number of parts and one
@@ -42,6 +55,9 @@ struct SmbRequest {
     QString path = {};  ///< below the share, joined by "/"; empty for its top
     qint64 offset = 0;  ///< of a read, in bytes
     quint32 length = 0; ///< of a read, in bytes
+    /// The computer's name, where `host` may be its address: Kerberos goes by the name.
+    QString computer = {};
+    std::optional<SmbLogon> logon = {}; ///< without one as a guest
 };
 
 struct SmbShare {
@@ -87,6 +103,9 @@ struct SmbWorkgroup {
 /// The end of an answer: 0, or the errno that the request failed with. Parts that came before a
 /// failure are good.
 struct SmbEnd {
+    /// The server let the request's logon, or guests, not in at all. Whom it let in and only
+    /// doesn't allow something gets EACCES.
+    static constexpr qint32 LogonRefused = EPERM;
     qint32 status = 0;
 };
 
@@ -94,6 +113,7 @@ using SmbQuestion = std::variant<SmbHello, SmbRequest>;
 using SmbAnswer = std::variant<SmbHello, SmbAddresses, SmbShares, SmbEntries, SmbData, SmbWorkgroup,
                                SmbEnd, SmbFetched>;
 
+/// The bytes of a question with a logon have the password in them: wipe them after use.
 [[nodiscard]] QByteArray EncodeQuestion(const SmbQuestion& question);
 [[nodiscard]] QByteArray EncodeAnswer(const SmbAnswer& answer);
 

@@ -79,6 +79,37 @@ protected:
     TempTree tree_;
 };
 
+/// The threads have helpers of their own, and still try an unknown logon one after the other.
+TEST_F(SmbCopyTest, CopiesAreMadeAsWhomTheUserHasStored) {
+    SambaServer server(Text("    log level = 0 auth_audit:3\n"
+                            "[PRIVATE]\n"
+                            "    path = %ROOT%/public\n"
+                            "    valid users = daemon\n"));
+    ASSERT_TRUE(server.IsRunning() && server.AddUser(Text("daemon"), Text("right")));
+    server.AddFile(Text("public/file"), "content");
+    const auto logons = std::make_shared<Logons>();
+    const auto store = [&](const char* password) {
+        logons->Store(
+            {.computer = Text("FILER"), .user = Text("daemon"), .password = Secret(password)},
+            [](Keyring::Outcome) {});
+    };
+    CopierDriver driver(std::make_unique<SmbProvider>(Text("LAN"),
+                                                      std::vector<SmbHost>{server.Host()},
+                                                      SambaServer::Helper()),
+                        CopyLimits{.helper = SambaServer::Helper(), .logons = logons});
+    const QString file = Text("\\\\FILER\\PRIVATE\\file");
+    store("wrong");
+    QStringList ids;
+    for (int at = 0; at < 8; ++at)
+        ids += driver.Copier().QueueCopy(file, Save(QString::number(at)));
+    for (const QString& id : ids)
+        EXPECT_EQ(driver.Await(id), static_cast<int>(ErrorNumber::PermissionDenied));
+    EXPECT_EQ(server.Log().count("Auth: [SMB2"), 1) << server.Log().toStdString();
+    store("right");
+    EXPECT_EQ(driver.Copy(file, Save(Text("file"))), 0);
+    EXPECT_EQ(ContentOf(Save(Text("file"))), "content");
+}
+
 TEST_F(SmbCopyTest, FilesComeWholeAndWithTheirTimes) {
     const auto driver = Driver(samba_->Port());
     QMap<QString, QString> names;

@@ -67,7 +67,7 @@ protected:
         ConsoleOutput outStream(out);
         ConsoleOutput errStream(err);
         return FindProgram(arguments, {.out = outStream, .err = errStream, .signal = signal},
-                           [this] { return Services(); });
+                           [this](const FindArguments&) { return Services(); });
     }
 
     Outcome Run(const QStringList& arguments) {

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 
 #include <csignal>
 #include <filesystem>
@@ -53,6 +54,7 @@ constexpr char Configuration[] = R"([global]
     printing = bsd
     printcap name = /dev/null
     host msdfs = yes
+    passdb backend = tdbsam:%STATE%/passdb.tdb
     private dir = %STATE%
     lock directory = %STATE%
     state directory = %STATE%
@@ -126,11 +128,11 @@ SambaServer::~SambaServer() {
 
 bool SambaServer::WriteConfiguration(const QString& options) {
     QString text = QString::fromLatin1(Configuration);
+    text.replace(QLatin1String("%OPTIONS%"), options);
     text.replace(QLatin1String("%PORT%"), QString::number(port_));
     text.replace(QLatin1String("%STATE%"), folder_.filePath(QStringLiteral("state")));
     text.replace(QLatin1String("%ROOT%"), folder_.path());
     text.replace(QLatin1String("%COMMENT%"), QString::fromUtf16(PublicComment));
-    text.replace(QLatin1String("%OPTIONS%"), options);
     QFile file(StateFile("smb.conf"));
     return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0;
 }
@@ -165,6 +167,21 @@ bool SambaServer::WaitUntilItAnswers() {
         poll(nullptr, 0, 20);
     }
     return false;
+}
+
+bool SambaServer::AddUser(const QString& name, const QString& password) {
+    QProcess program;
+    program.start(QStringLiteral("/usr/bin/smbpasswd"),
+                  {QStringLiteral("-c"), StateFile("smb.conf"), QStringLiteral("-a"),
+                   QStringLiteral("-s"), name});
+    program.write((password + u'\n' + password + u'\n').toUtf8());
+    program.closeWriteChannel();
+    return program.waitForFinished() && program.exitCode() == 0;
+}
+
+QByteArray SambaServer::Log() const {
+    QFile file(StateFile("log"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void SambaServer::Stop() {

@@ -16,7 +16,8 @@ namespace netrove {
 ///
 /// Its shares: PUBLIC (a comment with letters beyond ASCII), REFUSED (nobody may enter), PRINTER,
 /// HIDDEN$, UNLISTED (not browseable) and JUNCTIONS (a DFS root). PUBLIC, HIDDEN$, UNLISTED and
-/// JUNCTIONS are subfolders of Folder() with the names "public", "hidden", "unlisted", "junctions".
+/// JUNCTIONS are subfolders of its folder with the names "public", "hidden", "unlisted",
+/// "junctions".
 class SambaServer {
 public:
     static constexpr char16_t PublicComment[] = u"Ordner f\u00fcr alle \u2014 \u97f3\u697d";
@@ -29,7 +30,8 @@ public:
     [[nodiscard]] static QString Helper();
 
     /// Starts the server and waits until it answers; IsRunning() tells whether it does. `options`
-    /// are further lines of the global section of its configuration.
+    /// are further lines of the global section of its configuration, and further shares behind
+    /// them; %ROOT% stands for the folder of the shares.
     explicit SambaServer(const QString& options = QString());
     SambaServer(const SambaServer&) = delete;
     SambaServer& operator=(const SambaServer&) = delete;
@@ -44,6 +46,11 @@ public:
     [[nodiscard]] QString Path(const QString& relative) const;
     void AddFolder(const QString& relative);
     void AddFile(const QString& relative, const QByteArray& content = QByteArray());
+
+    /// Gives an account of the system a password at this server, or another one.
+    [[nodiscard]] bool AddUser(const QString& name, const QString& password);
+    /// What it has logged so far.
+    [[nodiscard]] QByteArray Log() const;
 
     void Stop();
 

@@ -35,6 +35,25 @@ TEST(SmbMessages, ARequestNamesAPlaceInAShare) {
     EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
 }
 
+TEST(SmbMessages, ALogonTravelsWithItsRequest) {
+    SmbRequest request = ListRequest(QString());
+    request.computer = QStringLiteral("h");
+    request.logon = {.domain = QStringLiteral("d"), .user = QStringLiteral("u")};
+    for (const char* password : {"", "p\xc3\xa4 %", "\xff"}) {
+        request.logon->password = Secret(password);
+        const auto decoded = DecodeQuestion(EncodeQuestion(request));
+        ASSERT_TRUE(decoded) << password;
+        EXPECT_EQ(std::get<SmbRequest>(*decoded).logon, request.logon) << password;
+    }
+    // The library would take less than that for the password.
+    request.logon->password = Secret(QByteArrayView("a\0b", 3));
+    EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
+    request.logon->password = Secret(QByteArray(2000, 'x'));
+    EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
+    request.logon = {.user = QString()};
+    EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
+}
+
 TEST(SmbMessages, AMessageIsWholeOrNone) {
     const SmbAnswer entries = SmbEntries{
         {.name = QStringLiteral("a"), .attributes = 32, .length = qint64{5} << 30, .modified = -1},

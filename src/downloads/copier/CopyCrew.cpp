@@ -103,7 +103,7 @@ private:
         if (const auto* path = std::get_if<QString>(&order.file))
             return std::make_unique<LocalCopySource>(*path);
         if (!pool_)
-            pool_.emplace(board_->limits.helper, board_->limits.smb);
+            pool_.emplace(board_->limits.helper, board_->limits.smb, board_->limits.logons);
         return std::make_unique<SmbCopySource>(*pool_, std::get<SmbRequest>(order.file));
     }
 

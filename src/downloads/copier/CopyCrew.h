@@ -1,6 +1,7 @@
 #pragma once
 
 #include "downloads/copier/CopyMeter.h"
+#include "platform/network/Logons.h"
 #include "platform/network/SmbLimits.h"
 #include "smb/SmbMessages.h"
 
@@ -20,6 +21,7 @@ struct CopyLimits {
     /// Copies at a time, each over a connection of its own. Client editions of Windows take 20
     /// connections in all.
     std::size_t copies = 16;
+    std::shared_ptr<Logons> logons = nullptr; ///< whose reads they are; without it a guest's
 };
 
 /// A copy to be made. The file is read over SMB or from a local path.

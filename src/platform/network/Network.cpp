@@ -310,6 +310,16 @@ std::optional<QString> Network::LocalPath(const QString& path) {
     return place ? place->provider.LocalPath(place->path) : std::nullopt;
 }
 
+std::optional<SmbRequest> Network::ShareListRequest(const QString& computer) {
+    // Where a share's files are, there are the shares.
+    auto request = ReadRequest(QLatin1String("\\\\") + computer + QLatin1String("\\IPC$"));
+    if (request) {
+        request->kind = SmbRequest::Kind::ListShares;
+        request->share.clear();
+    }
+    return request;
+}
+
 std::optional<SmbRequest> Network::ReadRequest(const QString& path) {
     const auto place = PlaceOf(path);
     return place ? place->provider.ReadRequest(place->path) : std::nullopt;

@@ -56,6 +56,9 @@ public:
     /// What has become of the computers.
     [[nodiscard]] NetworkReport& Report() { return report_; }
 
+    /// How a helper of one's own asks a computer (without "\\") for its shares; otherwise the same.
+    [[nodiscard]] std::optional<SmbRequest> ShareListRequest(const QString& computer);
+
     /// The name of the provider that answers for a computer (with or without "\\"): the first
     /// that knows it, else the first that takes unknown ones; empty if there is none.
     [[nodiscard]] QString ProviderOf(const QString& server);

@@ -40,11 +40,20 @@ bool TakeAddress(const QString& text, SmbHost& host) {
     return isNumber && host.port != 0 && !host.address.isEmpty();
 }
 
+std::unique_ptr<SmbProvider> MakeSmbProvider(const QString& name, const std::vector<SmbHost>& hosts,
+                                             const std::shared_ptr<Logons>& logons) {
+    return std::make_unique<SmbProvider>(name, hosts, SmbPool::DefaultHelper(), SmbLimits(),
+                                         logons);
+}
+
 /// Makes the providers of one file and notes what is wrong with it.
 class ProviderReader {
 public:
-    ProviderReader(const IniReader& ini, QString folder)
-        : ini_(ini), folder_(std::move(folder)), problems_(ini.Problems()) {}
+    ProviderReader(const IniReader& ini, QString folder, std::shared_ptr<Logons> logons)
+        : ini_(ini)
+        , folder_(std::move(folder))
+        , logons_(std::move(logons))
+        , problems_(ini.Problems()) {}
 
     void Read() {
         for (const IniSection& section : ini_.Sections()) {
@@ -74,7 +83,7 @@ private:
         }
         const QString type = section.Value(u"Type");
         if (EqualText(type, u"smb"))
-            return std::make_unique<SmbProvider>(section.name, ReadHosts(section));
+            return MakeSmbProvider(section.name, ReadHosts(section), logons_);
         if (EqualText(type, u"folder"))
             return ReadFolder(section);
         const IniEntry* entry = section.Find(u"Type");
@@ -144,27 +153,29 @@ private:
 
     const IniReader& ini_;
     QString folder_;
+    std::shared_ptr<Logons> logons_;
     QStringList problems_;
     std::vector<std::unique_ptr<NetworkProvider>> providers_;
 };
 
-OpenedNetwork LocalAreaNetworkAlone(const QStringList& problems) {
+OpenedNetwork LocalAreaNetworkAlone(const QStringList& problems,
+                                    const std::shared_ptr<Logons>& logons) {
     std::vector<std::unique_ptr<NetworkProvider>> providers;
-    providers.push_back(
-        std::make_unique<SmbProvider>(NetEnum::LocalAreaNetwork, std::vector<SmbHost>()));
+    providers.push_back(MakeSmbProvider(NetEnum::LocalAreaNetwork, {}, logons));
     return {.network = std::make_unique<Network>(std::move(providers)), .problems = problems};
 }
 
 } // namespace
 
-OpenedNetwork OpenNetwork(const QString& applicationFolder) {
+OpenedNetwork OpenNetwork(const QString& applicationFolder, const std::shared_ptr<Logons>& logons) {
     const QString path = QDir(applicationFolder).filePath(FileName);
     try {
         const IniReader ini = IniReader::FromFile(path);
         if (ini.Sections().empty())
             return LocalAreaNetworkAlone(
-                ini.Problems() + QStringList(QStringLiteral("network.ini names no network")));
-        ProviderReader reader(ini, applicationFolder);
+                ini.Problems() + QStringList(QStringLiteral("network.ini names no network")),
+                logons);
+        ProviderReader reader(ini, applicationFolder, logons);
         reader.Read();
         return {.network = std::make_unique<Network>(reader.TakeProviders()),
                 .problems = reader.Problems()};
@@ -172,7 +183,7 @@ OpenedNetwork OpenNetwork(const QString& applicationFolder) {
         QStringList problems;
         if (error.Number() != static_cast<int>(ErrorNumber::FileNotFound))
             problems += QStringLiteral("%1 can't be read").arg(path);
-        return LocalAreaNetworkAlone(problems);
+        return LocalAreaNetworkAlone(problems, logons);
     }
 }
 

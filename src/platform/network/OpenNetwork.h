@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/network/Logons.h"
 #include "platform/network/Network.h"
 
 #include <QString>
@@ -25,6 +26,9 @@ struct OpenedNetwork {
 ///   [Sample Network]
 ///   Type=folder
 ///   Path=sample-network                      (relative to the file's folder)
-[[nodiscard]] OpenedNetwork OpenNetwork(const QString& applicationFolder);
+///
+/// Computers that speak SMB are asked with the logons stored in `logons`, without it as a guest.
+[[nodiscard]] OpenedNetwork OpenNetwork(const QString& applicationFolder,
+                                        const std::shared_ptr<Logons>& logons = nullptr);
 
 } // namespace netrove

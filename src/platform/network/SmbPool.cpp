@@ -1,5 +1,6 @@
 #include "platform/network/SmbPool.h"
 
+#include "platform/network/LogonUse.h"
 #include "platform/network/SmbProbe.h"
 
 #include <QCoreApplication>
@@ -43,6 +44,14 @@ QString SmbPool::DefaultHelper() {
 }
 
 int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part) {
+    if (!logons_)
+        return Send(request, part);
+    SmbRequest asked = request;
+    LogonUse use(logons_.get(), asked);
+    return use.Status() != 0 ? use.Status() : use.End(Send(asked, part));
+}
+
+int SmbPool::Send(const SmbRequest& request, const SmbWorker::Part& part) {
     DropOld();
     const QString server = ServerKey(request);
     if (const auto dead = dead_.constFind(server);
@@ -120,6 +129,7 @@ int SmbPool::Reach(SmbWorker& worker, const SmbRequest& request) const {
     } else {
         SmbRequest lookup = request;
         lookup.kind = SmbRequest::Kind::Resolve;
+        lookup.logon.reset();
         const int status = worker.Request(lookup, limits_.lookup, [&](SmbAnswer& part) {
             const auto* found = std::get_if<SmbAddresses>(&part);
             if (!found)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/network/Logons.h"
 #include "platform/network/SmbLimits.h"
 #include "platform/network/SmbWorker.h"
 
@@ -19,8 +20,10 @@ public:
     /// The helper that belongs to this program: beside its executable, else in ../libexec/netrove.
     [[nodiscard]] static QString DefaultHelper();
 
-    explicit SmbPool(QString helper = DefaultHelper(), const SmbLimits& limits = {})
-        : helper_(std::move(helper)), limits_(limits) {}
+    /// Without `logons` all requests are sent as they are.
+    explicit SmbPool(QString helper = DefaultHelper(), const SmbLimits& limits = {},
+                     std::shared_ptr<Logons> logons = nullptr)
+        : helper_(std::move(helper)), limits_(limits), logons_(std::move(logons)) {}
 
     /// Puts a request to the server that it names. Gives 0 or an errno: the server's, or one that
     /// says why it can't be reached; ECANCELED where the wait was given up, which says nothing of
@@ -29,6 +32,9 @@ public:
     /// A server that doesn't take connections, or takes them and doesn't speak SMB, costs one
     /// short limit and then nothing for a while, which is longer each time that it is tried in
     /// vain right afterwards; one that stops answering costs two.
+    ///
+    /// The request is made with the logon of its computer. One that the server has refused isn't
+    /// tried again: EACCES.
     [[nodiscard]] int Run(const SmbRequest& request, const SmbWorker::Part& part);
 
     /// The processes that wait for work.
@@ -48,6 +54,7 @@ private:
         SmbLimits::Time span; ///< grows each time that it is found dead right after its end
     };
 
+    [[nodiscard]] int Send(const SmbRequest& request, const SmbWorker::Part& part);
     [[nodiscard]] int RunOn(std::unique_ptr<SmbWorker> worker, const QString& server,
                             const SmbRequest& request, const SmbWorker::Part& part);
     [[nodiscard]] SmbLimits::Time LimitOf(SmbRequest::Kind kind) const;
@@ -60,6 +67,7 @@ private:
 
     QString helper_;
     SmbLimits limits_;
+    std::shared_ptr<Logons> logons_;
     std::vector<Idle> idle_;       ///< the longest idle first
     QHash<QString, Dead> dead_;    ///< also those that may be tried again since a little while
     QHash<QString, int> timeouts_; ///< in a row, of servers whose last request had one

@@ -69,8 +69,8 @@ void MoveItems(std::vector<Item>& from, std::vector<Item>& to) {
 } // namespace
 
 SmbProvider::SmbProvider(QString name, const std::vector<SmbHost>& hosts, QString helper,
-                         const SmbLimits& limits)
-    : NetworkProvider(std::move(name)), pool_(std::move(helper), limits) {
+                         const SmbLimits& limits, std::shared_ptr<Logons> logons)
+    : NetworkProvider(std::move(name)), pool_(std::move(helper), limits, std::move(logons)) {
     for (const SmbHost& host : hosts) {
         if (!Host(host.name))
             hosts_.push_back(host);
@@ -314,7 +314,7 @@ const SmbHost* SmbProvider::Host(const QString& server) const {
 }
 
 SmbRequest SmbProvider::Request(SmbRequest::Kind kind, const QString& server) const {
-    SmbRequest request = {.kind = kind, .host = server};
+    SmbRequest request = {.kind = kind, .host = server, .computer = server};
     if (const SmbHost* host = Host(server)) {
         request.port = host->port;
         if (!host->address.isEmpty())

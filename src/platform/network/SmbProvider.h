@@ -25,7 +25,8 @@ class SmbProvider : public NetworkProvider {
 public:
     /// Of hosts with equal names (but for case) the first counts.
     SmbProvider(QString name, const std::vector<SmbHost>& hosts,
-                QString helper = SmbPool::DefaultHelper(), const SmbLimits& limits = {});
+                QString helper = SmbPool::DefaultHelper(), const SmbLimits& limits = {},
+                std::shared_ptr<Logons> logons = nullptr);
 
     [[nodiscard]] std::optional<std::vector<NetRecord>> List(const NetRecord& node,
                                                              qint32 type) override;

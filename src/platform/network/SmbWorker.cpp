@@ -1,5 +1,6 @@
 #include "platform/network/SmbWorker.h"
 
+#include "platform/Secret.h"
 #include "platform/network/WaitingPoll.h"
 
 #include <QFile>
@@ -7,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -62,6 +64,7 @@ SmbWorker::~SmbWorker() {
 }
 
 void SmbWorker::End() {
+    Wipe(unsent_);
     if (process_ < 0)
         return;
     close(socket_);
@@ -85,7 +88,7 @@ bool SmbWorker::IsAlive() {
 }
 
 bool SmbWorker::Greet(Time limit) {
-    unsent_ += Frames::Framed(EncodeQuestion(SmbHello()));
+    unsent_ = Frames::Framed(EncodeQuestion(SmbHello()));
     SmbAnswer answer;
     if (Receive(answer, limit) != 0)
         return false;
@@ -97,7 +100,9 @@ bool SmbWorker::Greet(Time limit) {
 }
 
 int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part) {
-    unsent_ += Frames::Framed(EncodeQuestion(request));
+    QByteArray payload = EncodeQuestion(request);
+    unsent_ = Frames::Framed(payload); // what was asked before is answered, and so it is sent
+    Wipe(payload);
     for (;;) {
         SmbAnswer answer;
         if (const int status = Receive(answer, limit); status != 0)
@@ -142,8 +147,10 @@ int SmbWorker::Receive(SmbAnswer& answer, Time limit) {
 int SmbWorker::Write() {
     const ssize_t count =
         send(socket_, unsent_.constData(), static_cast<std::size_t>(unsent_.size()), MSG_NOSIGNAL);
-    if (count > 0)
+    if (count > 0) {
+        explicit_bzero(unsent_.data(), static_cast<std::size_t>(count)); // may be a password
         unsent_.remove(0, count);
+    }
     return count < 0 && errno != EAGAIN && errno != EINTR ? errno : 0;
 }
 

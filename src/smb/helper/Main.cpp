@@ -25,6 +25,11 @@ int main() {
     // A folder without end must not take the machine's memory: the library holds all of it.
     const rlimit memory{NETROVE_SMB_MEMORY, NETROVE_SMB_MEMORY};
     setrlimit(RLIMIT_DATA, &memory);
+    // Its memory holds passwords, the library's copies of them too: no core file, and no other
+    // process of the user reads it.
+    const rlimit noCore{0, 0};
+    setrlimit(RLIMIT_CORE, &noCore);
+    prctl(PR_SET_DUMPABLE, 0);
     std::signal(SIGPIPE, SIG_IGN);
     SmbClient client;
     if (!client.IsReady())

@@ -1,11 +1,6 @@
 #include "smb/helper/Session.h"
 
-#include <array>
-#include <cerrno>
-#include <memory>
-
-#include <netdb.h>
-#include <sys/socket.h>
+#include "smb/helper/Resolve.h"
 
 namespace netrove {
 namespace {
@@ -17,37 +12,6 @@ constexpr std::chrono::milliseconds IdleLimit = 120s;
 
 /// A file that isn't read for so long is closed: an open file keeps others from renaming it.
 constexpr std::chrono::milliseconds OpenFileLimit = 2s;
-
-int StatusOfLookup(int result) {
-    switch (result) {
-    case 0:
-        return 0;
-    case EAI_SYSTEM:
-        return errno;
-    case EAI_MEMORY:
-        return ENOMEM;
-    default:
-        return EHOSTUNREACH;
-    }
-}
-
-/// The addresses of a computer, in the order in which they should be tried.
-int Resolve(const QString& host, SmbAddresses& addresses) {
-    addrinfo wanted = {};
-    wanted.ai_socktype = SOCK_STREAM;
-    addrinfo* found = nullptr;
-    const int result = getaddrinfo(host.toUtf8().constData(), nullptr, &wanted, &found);
-    if (result != 0)
-        return StatusOfLookup(result);
-    const std::unique_ptr<addrinfo, decltype(&freeaddrinfo)> all(found, &freeaddrinfo);
-    for (const addrinfo* one = found; one; one = one->ai_next) {
-        std::array<char, NI_MAXHOST> text{};
-        if (getnameinfo(one->ai_addr, one->ai_addrlen, text.data(), text.size(), nullptr, 0,
-                        NI_NUMERICHOST) == 0)
-            addresses.push_back({QString::fromLatin1(text.data())});
-    }
-    return 0;
-}
 
 } // namespace
 

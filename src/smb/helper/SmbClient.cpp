@@ -2,11 +2,13 @@
 
 #include "platform/Files.h"
 #include "smb/WorkstationInfo.h"
+#include "smb/helper/Kerberos.h"
 #include "smb/helper/SmbUrl.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <ctime>
 
 #include <fcntl.h>
@@ -30,7 +32,28 @@ constexpr quint32 PieceBytes = 4 * 1024 * 1024;
 /// for the answers to a broadcast.
 constexpr char Configuration[] = "[global]\n"
                                  "disable netbios = yes\n"
-                                 "name resolve order = host\n";
+                                 "name resolve order = host\n"
+                                 "client signing = ";
+
+/// The library gives the same errno for a logon that isn't let in and for a share that isn't
+/// open to who was let in. Only what it would write to its log, at this level, tells them apart.
+constexpr int LogonLogLevel = 3;
+constexpr char LogonFailed[] = "login failed";
+
+/// Bytes of a name or password that the library has room for, with the zero behind it. A longer
+/// one would be cut, and be a wrong one.
+constexpr qsizetype LogonBytes = 256;
+
+constexpr char GuestName[] = "guest";
+
+void CopyText(QByteArrayView text, char* buffer, int size) {
+    std::snprintf(buffer, static_cast<std::size_t>(size), "%s", text.data());
+}
+
+bool FitsLibrary(const SmbLogon& logon) {
+    return logon.user.toUtf8().size() < LogonBytes && logon.domain.toUtf8().size() < LogonBytes &&
+           logon.password.Bytes().size() < LogonBytes;
+}
 
 /// The failure of the call just made; the library leaves errno at 0 at times.
 int Failure() {
@@ -112,7 +135,21 @@ int AskWorkgroup(int pipe, QString& workgroup) {
     return name ? 0 : EACCES;
 }
 
-/// Whether another logon may be let in. What the library has no errno for is EINVAL.
+bool LoadConfiguration(SMBCCTX* context, bool requiresSigning) {
+    const int file = memfd_create("smb.conf", MFD_CLOEXEC);
+    if (file < 0)
+        return false;
+    const QByteArray path = "/proc/self/fd/" + QByteArray::number(file);
+    const QByteArray text =
+        QByteArray(Configuration) + (requiresSigning ? "required\n" : "default\n");
+    const bool isLoaded =
+        write(file, text.constData(), static_cast<std::size_t>(text.size())) == text.size() &&
+        smbc_setConfiguration(context, path.constData()) == 0;
+    close(file);
+    return isLoaded;
+}
+
+/// Whether another way may be let in. What the library has no errno for is EINVAL.
 bool IsRefusal(int status) {
     return status == EACCES || status == EPERM || status == EINVAL;
 }
@@ -139,8 +176,8 @@ SmbClient::~SmbClient() {
 }
 
 void SmbClient::Configure(SMBCCTX* context) {
-    smbc_setDebug(context, 0);
-    smbc_setOptionDebugToStderr(context, 1);
+    smbc_setDebug(context, LogonLogLevel);
+    smbc_setLogCallback(context, this, &SmbClient::HearLog);
     smbc_setOptionUserData(context, this);
     smbc_setFunctionAuthDataWithContext(context, &SmbClient::AnswerLogon);
     smbc_setTimeout(context, RequestTimeout);
@@ -148,36 +185,105 @@ void SmbClient::Configure(SMBCCTX* context) {
     smbc_setOptionNoAutoAnonymousLogin(context, 1);
     // Else an empty password stands for one that winbind may know, and guests aren't let in.
     smbc_setOptionUseCCache(context, 0);
-    const int file = memfd_create("smb.conf", MFD_CLOEXEC);
-    if (file < 0)
-        return;
-    const QByteArray path = "/proc/self/fd/" + QByteArray::number(file);
-    if (write(file, Configuration, sizeof Configuration - 1) > 0)
-        smbc_setConfiguration(context, path.constData());
-    close(file);
+    (void)LoadConfiguration(context, false);
+}
+
+bool SmbClient::RequireSigning(bool isRequired) {
+    if (signingRequired_ != isRequired && !LoadConfiguration(context_, isRequired))
+        return false;
+    signingRequired_ = isRequired;
+    return true;
+}
+
+void SmbClient::HearLog(void* client, int /*level*/, const char* message) {
+    if (std::strstr(message, LogonFailed))
+        static_cast<SmbClient*>(client)->logonFailed_ = true;
 }
 
 void SmbClient::AnswerLogon(SMBCCTX* context, const char* /*server*/, const char* /*share*/,
-                            char* /*workgroup*/, int /*workgroupSize*/, char* user, int userSize,
+                            char* workgroup, int workgroupSize, char* user, int userSize,
                             char* password, int passwordSize) {
     const auto* client = static_cast<const SmbClient*>(smbc_getOptionUserData(context));
-    const Logon& logon = Logons[client->logon_];
-    std::snprintf(user, static_cast<std::size_t>(userSize), "%s", logon.user);
-    std::snprintf(password, static_cast<std::size_t>(passwordSize), "%s", logon.password);
+    CopyText("", user, userSize);
+    CopyText("", password, passwordSize);
+    switch (client->ways_[client->way_]) {
+    case Way::Kerberos:
+        // Any name but none: the ticket tells who it is.
+        CopyText(GuestName, user, userSize);
+        break;
+    case Way::Logon:
+        CopyText(client->logon_->user.toUtf8(), user, userSize);
+        CopyText(client->logon_->password.Bytes(), password, passwordSize);
+        if (!client->logon_->domain.isEmpty())
+            CopyText(client->logon_->domain.toUtf8(), workgroup, workgroupSize);
+        break;
+    case Way::Guest:
+        CopyText(GuestName, user, userSize);
+        break;
+    case Way::Nameless:
+        break;
+    }
 }
 
 int SmbClient::Do(const SmbRequest& request, const Part& part) {
     if (!KeepsFile(request.kind))
         CloseFile();
+    if (request.logon && !FitsLibrary(*request.logon))
+        return SmbEnd::LogonRefused;
+    LeaveOtherLogon(request);
     LeaveOtherShare(request.share);
-    const std::size_t tries = letIn_ ? 1 : Logons.size();
-    int status = TryConnected(request, part);
-    for (std::size_t at = 1; at < tries && IsRefusal(status); ++at) {
-        logon_ = (logon_ + 1) % Logons.size();
-        status = TryConnected(request, part);
-    }
+    const int status = TryWays(request, part);
     letIn_ = letIn_ || status == 0;
     return status;
+}
+
+int SmbClient::TryWays(const SmbRequest& request, const Part& part) {
+    const std::size_t tries = letIn_ ? 1 : ways_.size();
+    int status = 0;
+    for (std::size_t at = 0; at < tries; ++at) {
+        if (at > 0)
+            way_ = (way_ + 1) % ways_.size();
+        if (!Use(ways_[way_]))
+            return EIO;
+        SmbRequest asked = request;
+        if (ways_[way_] == Way::Kerberos)
+            asked.host = kerberosHost_;
+        logonFailed_ = false;
+        status = TryConnected(asked, part);
+        if (!IsRefusal(status))
+            return status;
+    }
+    if (logonFailed_)
+        return SmbEnd::LogonRefused;
+    return status == SmbEnd::LogonRefused ? EACCES : status;
+}
+
+void SmbClient::LeaveOtherLogon(const SmbRequest& request) {
+    const QString server = request.host + QLatin1Char(':') + QString::number(request.port);
+    if (!ways_.empty() && server == server_ && request.logon == logon_)
+        return;
+    CloseFile();
+    smbc_getFunctionPurgeCachedServers(context_)(context_);
+    server_ = server;
+    logon_ = request.logon;
+    letIn_ = false;
+    way_ = 0;
+    kerberosHost_ = MayHaveTicket() ? KerberosHost(request) : QString();
+    ways_.clear();
+    if (!kerberosHost_.isEmpty())
+        ways_.push_back(Way::Kerberos);
+    if (logon_)
+        ways_.push_back(Way::Logon);
+    else
+        ways_.insert(ways_.end(), {Way::Guest, Way::Nameless});
+}
+
+/// A server may take a user that it doesn't know for a guest, and says so beside its answer, where
+/// the library doesn't look. Guests can't sign: where that is required they aren't let in.
+bool SmbClient::Use(Way way) {
+    smbc_setOptionUseKerberos(context_, way == Way::Kerberos ? 1 : 0);
+    smbc_setOptionFallbackAfterKerberos(context_, 0);
+    return RequireSigning(way == Way::Kerberos || way == Way::Logon);
 }
 
 /// The library makes a connection for each share. A search goes share by share, and many servers

@@ -6,9 +6,10 @@
 #include <QByteArray>
 #include <libsmbclient.h>
 
-#include <array>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace netrove {
 
@@ -34,18 +35,19 @@ public:
     void CloseFile();
 
 private:
-    struct Logon {
-        const char* user;
-        const char* password;
-    };
-    /// Tried in turn until one is let in: Windows lets in guests but not the nameless, servers
-    /// that map no unknown user to guest do the opposite.
-    static constexpr std::array<Logon, 2> Logons{{{"guest", ""}, {"", ""}}};
+    /// How a server is asked to let us in. Guests come in two ways: Windows lets in "guest" but
+    /// not the nameless, servers that map no unknown user to guest do the opposite.
+    enum class Way { Kerberos, Logon, Guest, Nameless };
 
+    static void HearLog(void* client, int level, const char* message);
     static void AnswerLogon(SMBCCTX* context, const char* server, const char* share,
                             char* workgroup, int workgroupSize, char* user, int userSize,
                             char* password, int passwordSize);
     void Configure(SMBCCTX* context);
+    void LeaveOtherLogon(const SmbRequest& request);
+    [[nodiscard]] bool Use(Way way);
+    [[nodiscard]] bool RequireSigning(bool isRequired);
+    [[nodiscard]] int TryWays(const SmbRequest& request, const Part& part);
     void LeaveOtherShare(const QString& share);
     [[nodiscard]] int Try(const SmbRequest& request, const Part& part);
     [[nodiscard]] int TryConnected(const SmbRequest& request, const Part& part);
@@ -63,9 +65,16 @@ private:
     [[nodiscard]] int OpenFile(const QByteArray& url);
 
     SMBCCTX* context_ = nullptr;
-    std::size_t logon_ = 0;
-    bool letIn_ = false; ///< the logon is known to be good
-    QString share_;      ///< the one asked last
+    /// Whom the requests are of: another logon or server is asked anew.
+    QString server_;
+    std::optional<SmbLogon> logon_;
+    std::vector<Way> ways_;    ///< those that are open to it, the best first
+    std::size_t way_ = 0;      ///< the one in use
+    bool letIn_ = false;       ///< it is known to be good
+    bool logonFailed_ = false; ///< the request that runs has met a server that lets us not in
+    QString kerberosHost_;     ///< empty where Kerberos can't be tried
+    bool signingRequired_ = false;
+    QString share_; ///< the one asked last
     QByteArray fileUrl_;
     int file_ = -1;
     std::unique_ptr<SmbMemory> memory_; ///< null until it is needed

@@ -1,0 +1,68 @@
+#include "find/LogonFile.h"
+
+#include "find/WrongUse.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+
+namespace netrove {
+namespace {
+
+/// More than such a file needs: another one was named by mistake.
+constexpr qsizetype MaxBytes = 4096;
+
+/// Removes the line from the text.
+QByteArrayView TakeLine(QByteArrayView& text) {
+    const qsizetype end = text.indexOf('\n');
+    const QByteArrayView line = end < 0 ? text : text.first(end);
+    text = end < 0 ? QByteArrayView() : text.sliced(end + 1);
+    return line;
+}
+
+StoredLogon Parse(QByteArrayView text) {
+    StoredLogon logon;
+    QString domain;
+    while (!text.isEmpty()) {
+        const QByteArrayView line = TakeLine(text);
+        const qsizetype equals = line.indexOf('=');
+        if (equals < 0)
+            continue;
+        const QByteArray key = line.first(equals).trimmed().toByteArray().toLower();
+        const QByteArrayView value = line.sliced(equals + 1).trimmed();
+        if (key == "username")
+            logon.user = QString::fromUtf8(value);
+        else if (key == "password")
+            logon.password = Secret(value);
+        else if (key == "domain")
+            domain = QString::fromUtf8(value);
+    }
+    if (!domain.isEmpty())
+        logon.user.prepend(domain + QLatin1Char('\\'));
+    return logon;
+}
+
+} // namespace
+
+StoredLogon ReadLogonFile(const QString& path) {
+    const auto fail = [&](const char* why) {
+        return WrongUse(QLatin1String("--logon-file '") + path + QLatin1String("' ") +
+                        QLatin1String(why));
+    };
+    QFile file(path);
+    struct stat status {};
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
+        fstat(file.handle(), &status) != 0 || !S_ISREG(status.st_mode))
+        throw fail("can't be read");
+    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+        throw fail("is open to other users (chmod 600 closes it)");
+    QByteArray text = file.read(MaxBytes + 1);
+    const bool isTooLong = text.size() > MaxBytes;
+    const StoredLogon logon = isTooLong ? StoredLogon() : Parse(text);
+    Wipe(text);
+    if (LogonOf(logon).user.isEmpty())
+        throw fail("has no line \"username = ...\"");
+    return logon;
+}
+
+} // namespace netrove

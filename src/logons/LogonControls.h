@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTreeWidget>
+
+namespace netrove {
+
+/// The controls of the dialog of the logons, by their names (which are their objectNames too), and
+/// their places.
+struct LogonControls {
+    explicit LogonControls(QDialog& dialog);
+
+    QTreeWidget* lvwLogons;
+    QPushButton* cmdAdd;
+    QPushButton* cmdChange;
+    QPushButton* cmdRemove;
+    QPushButton* cmdTest;
+    QPushButton* cmdClose;
+    QLabel* lblState;      ///< what goes on, and how it ended
+    QProgressBar* barBusy; ///< shown while something goes on
+    QPushButton* cmdCancel;
+
+private:
+    void MakeList();
+    void Arrange(QDialog& dialog);
+};
+
+} // namespace netrove

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "platform/network/Logons.h"
+#include "platform/network/SmbLimits.h"
+#include "smb/SmbMessages.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace netrove {
+
+/// What the dialog of the logons is given.
+struct LogonServices {
+    std::shared_ptr<Logons> logons;
+    Dialogs& dialogs;
+    /// What is asked of a computer for its shares; nothing where it isn't reached over SMB. Asks
+    /// nobody.
+    std::function<std::optional<SmbRequest>(const QString& computer)> shareList;
+    QString helper; ///< the program that speaks SMB
+    SmbLimits limits = {};
+};
+
+} // namespace netrove

@@ -1,0 +1,148 @@
+#include "logons/frmLogon.h"
+
+#include "platform/network/UncPath.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace netrove {
+namespace {
+
+/// Longer than any user or password that a server takes.
+constexpr int MaxText = 200;
+constexpr int FieldCharacters = 34;
+
+QLineEdit* MakeLine(const char* name, QWidget* parent) {
+    auto* line = new QLineEdit(parent);
+    line->setObjectName(QString::fromLatin1(name));
+    line->setMaxLength(MaxText);
+    return line;
+}
+
+} // namespace
+
+QString frmLogon::AllComputers() {
+    return QStringLiteral("All computers");
+}
+
+frmLogon::frmLogon(const StoredLogon* before, bool hasKeyring, Dialogs& dialogs, QWidget* owner)
+    : QDialog(owner)
+    , dialogs_(dialogs)
+    , cboComputer_(new QComboBox(this))
+    , txtUser_(MakeLine("txtUser", this))
+    , txtPassword_(MakeLine("txtPassword", this))
+    , chkRemember_(new QCheckBox(QStringLiteral("&Remember in the keyring"), this))
+    , cmdOk_(nullptr) {
+    setObjectName(QStringLiteral("frmLogon"));
+    setWindowTitle(before ? QStringLiteral("Change Logon") : QStringLiteral("Add Logon"));
+    MakeControls(hasKeyring);
+    if (before)
+        ShowLogon(*before);
+}
+
+frmLogon::~frmLogon() {
+    (void)TakePassword();
+}
+
+void frmLogon::MakeControls(bool hasKeyring) {
+    cboComputer_->setObjectName(QStringLiteral("cboComputer"));
+    cboComputer_->setEditable(true);
+    cboComputer_->setInsertPolicy(QComboBox::NoInsert);
+    cboComputer_->setCompleter(nullptr); // it would make "All computers" of "A"
+    cboComputer_->addItem(AllComputers());
+    cboComputer_->setCurrentIndex(-1);
+    cboComputer_->lineEdit()->setPlaceholderText(QStringLiteral("Name of the computer"));
+    cboComputer_->lineEdit()->setMaxLength(MaxText);
+    cboComputer_->setFocus();
+    txtUser_->setPlaceholderText(QStringLiteral("user, DOMAIN\\user or user@domain"));
+    txtUser_->setMinimumWidth(fontMetrics().averageCharWidth() * FieldCharacters);
+    txtPassword_->setEchoMode(QLineEdit::Password);
+    chkRemember_->setObjectName(QStringLiteral("chkRemember"));
+    chkRemember_->setEnabled(hasKeyring);
+    chkRemember_->setChecked(hasKeyring);
+
+    auto* form = new QFormLayout;
+    form->addRow(QStringLiteral("&Computer:"), cboComputer_);
+    form->addRow(QStringLiteral("&User:"), txtUser_);
+    form->addRow(QStringLiteral("&Password:"), txtPassword_);
+    form->addRow(QString(), chkRemember_);
+    if (!hasKeyring) {
+        auto* note = new QLabel(
+            QStringLiteral("There is no keyring here: the logon is kept until Netrove ends."),
+            this);
+        note->setObjectName(QStringLiteral("lblNoKeyring"));
+        note->setWordWrap(true);
+        form->addRow(QString(), note);
+        chkRemember_->setAccessibleDescription(note->text());
+    }
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    cmdOk_ = buttons->button(QDialogButtonBox::Ok);
+    cmdOk_->setObjectName(QStringLiteral("cmdOk"));
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &frmLogon::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &frmLogon::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addStretch();
+    layout->addWidget(buttons);
+}
+
+void frmLogon::ShowLogon(const StoredLogon& before) {
+    result_ = before;
+    cboComputer_->setEditText(before.computer.isEmpty() ? AllComputers() : before.computer);
+    cboComputer_->setEnabled(false);
+    txtUser_->setText(before.user);
+    txtPassword_->setPlaceholderText(QStringLiteral("as it is"));
+    chkRemember_->setChecked(chkRemember_->isEnabled() && before.isInKeyring);
+    txtPassword_->setFocus();
+}
+
+/// The name as it was typed, without "\\"; empty for all computers.
+QString frmLogon::Computer() const {
+    QString name = cboComputer_->currentText().trimmed();
+    while (name.startsWith(u'\\') || name.startsWith(u'/'))
+        name.remove(0, 1);
+    return IsSameComputer(name, AllComputers()) ? QString() : name;
+}
+
+void frmLogon::accept() {
+    const QString computer = Computer();
+    if (!UncPath::IsName(computer) &&
+        !IsSameComputer(cboComputer_->currentText(), AllComputers())) {
+        Complain(
+            QStringLiteral("Type the name of a computer, or choose \"%1\".").arg(AllComputers()),
+            *cboComputer_);
+        return;
+    }
+    result_.computer = computer;
+    result_.user = txtUser_->text().trimmed();
+    if (LogonOf(result_).user.isEmpty()) {
+        Complain(QStringLiteral("Type a user: \"user\", \"DOMAIN\\user\" or \"user@domain\"."),
+                 *txtUser_);
+        return;
+    }
+    if (txtPassword_->isModified() || result_.password.IsEmpty())
+        result_.password = TakePassword();
+    result_.isInKeyring = chkRemember_->isChecked();
+    QDialog::accept();
+}
+
+void frmLogon::Complain(const QString& text, QWidget& where) {
+    dialogs_.Message(MessageIcon::Exclamation, text, windowTitle());
+    where.setFocus();
+}
+
+/// What was typed is overwritten where the field holds it.
+Secret frmLogon::TakePassword() {
+    QString typed = txtPassword_->text();
+    QByteArray bytes = typed.toUtf8();
+    const Secret password(bytes);
+    Wipe(bytes);
+    Wipe(typed);
+    txtPassword_->clear();
+    return password;
+}
+
+} // namespace netrove

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "platform/network/StoredLogon.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace netrove {
+
+/// Asks for one logon. It is shown by exec(), once; where that is accepted, Result() has it.
+class frmLogon : public QDialog {
+    Q_OBJECT
+
+public:
+    /// What a logon for all computers is called where one stands for a name.
+    [[nodiscard]] static QString AllComputers();
+
+    /// `before` is the logon to be changed, null for a new one. Its password stays unless another
+    /// is typed.
+    frmLogon(const StoredLogon* before, bool hasKeyring, Dialogs& dialogs, QWidget* owner);
+    ~frmLogon() override;
+
+    [[nodiscard]] const StoredLogon& Result() const { return result_; }
+
+    void accept() override;
+
+private:
+    void MakeControls(bool hasKeyring);
+    void ShowLogon(const StoredLogon& before);
+    void Complain(const QString& text, QWidget& where);
+    [[nodiscard]] QString Computer() const;
+    [[nodiscard]] Secret TakePassword();
+
+    Dialogs& dialogs_;
+    QComboBox* cboComputer_;
+    QLineEdit* txtUser_;
+    QLineEdit* txtPassword_;
+    QCheckBox* chkRemember_;
+    QPushButton* cmdOk_;
+    StoredLogon result_;
+};
+
+} // namespace netrove

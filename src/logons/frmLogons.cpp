@@ -1,0 +1,277 @@
+#include "logons/frmLogons.h"
+
+#include "logons/frmLogon.h"
+#include "mainwindow/windowservices/WindowGeometry.h"
+#include "platform/network/UncPath.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QSignalBlocker>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace netrove {
+namespace {
+
+QString NameOf(const QString& computer) {
+    return computer.isEmpty() ? frmLogon::AllComputers() : computer;
+}
+
+QString TestResult(const QString& computer, const QString& user, int status) {
+    switch (status) {
+    case 0:
+        return QStringLiteral("%1: logged on as %2.").arg(computer, user);
+    case SmbEnd::LogonRefused:
+        return QStringLiteral(
+                   "%1 refused %2: the password is wrong, or the user isn't known there.")
+            .arg(computer, user);
+    case EACCES:
+        return QStringLiteral("%1 lets %2 in, but doesn't show its shares.").arg(computer, user);
+    default:
+        return QStringLiteral("%1 can't be reached.").arg(computer);
+    }
+}
+
+} // namespace
+
+frmLogons::frmLogons(const LogonServices& services, QWidget* owner)
+    : QDialog(owner)
+    , services_(services)
+    , controls_(*this)
+    , trial_(services.helper, services.limits) {
+    setObjectName(QStringLiteral("frmLogons"));
+    setWindowTitle(QStringLiteral("Network Logon"));
+    ConnectControls();
+    UpdateButtons();
+}
+
+frmLogons::~frmLogons() = default;
+
+void frmLogons::ConnectControls() {
+    connect(controls_.cmdAdd, &QPushButton::clicked, this, &frmLogons::cmdAdd_Click);
+    connect(controls_.cmdChange, &QPushButton::clicked, this, &frmLogons::cmdChange_Click);
+    connect(controls_.cmdRemove, &QPushButton::clicked, this, &frmLogons::cmdRemove_Click);
+    connect(controls_.cmdTest, &QPushButton::clicked, this, &frmLogons::cmdTest_Click);
+    connect(controls_.cmdCancel, &QPushButton::clicked, this, &frmLogons::cmdCancel_Click);
+    connect(controls_.cmdClose, &QPushButton::clicked, this, &frmLogons::reject);
+    connect(controls_.lvwLogons, &QTreeWidget::itemSelectionChanged, this,
+            &frmLogons::UpdateButtons);
+    connect(controls_.lvwLogons, &QTreeWidget::itemActivated, this, &frmLogons::cmdChange_Click);
+}
+
+void frmLogons::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (isRead_ || event->spontaneous())
+        return;
+    isRead_ = true;
+    if (parentWidget())
+        CentreWindow(*parentWidget()->window(), *this);
+    ReadKeyring();
+}
+
+void frmLogons::ReadKeyring() {
+    BeginWork(QStringLiteral("Reading the keyring, which may ask for its password..."), false);
+    services_.logons->Read(WhenStored([this](Keyring::Outcome outcome) {
+        EndWork(outcome == Keyring::Outcome::Refused
+                    ? QStringLiteral("The keyring stayed locked: what it holds isn't shown.")
+                    : QString());
+    }));
+}
+
+/// What the keyring calls on its own thread, brought over to this one, if the dialog is still
+/// there.
+Logons::StoreDone frmLogons::WhenStored(std::function<void(Keyring::Outcome)> done) {
+    const QPointer<frmLogons> dialog(this);
+    return [dialog, done = std::move(done)](Keyring::Outcome outcome) {
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(),
+            [dialog, done, outcome] {
+                if (dialog)
+                    done(outcome);
+            },
+            Qt::QueuedConnection);
+    };
+}
+
+void frmLogons::BeginWork(const QString& text, bool canBeCancelled) {
+    isBusy_ = true;
+    controls_.lblState->setText(text);
+    controls_.barBusy->show();
+    controls_.cmdCancel->setVisible(canBeCancelled);
+    UpdateButtons();
+    if (canBeCancelled)
+        controls_.cmdCancel->setFocus();
+}
+
+void frmLogons::EndWork(const QString& text) {
+    isBusy_ = false;
+    controls_.lblState->setText(text);
+    controls_.barBusy->hide();
+    controls_.cmdCancel->hide();
+    ShowLogons();
+    controls_.lvwLogons->setFocus();
+}
+
+void frmLogons::ShowLogons() {
+    const StoredLogon* before = Selected();
+    const QString selected = before ? before->computer : QString();
+    const QSignalBlocker blocker(controls_.lvwLogons);
+    shown_ = services_.logons->All();
+    controls_.lvwLogons->clear();
+    for (const StoredLogon& logon : shown_) {
+        const QString kept =
+            logon.isInKeyring ? QStringLiteral("Keyring") : QStringLiteral("This session");
+        const QString state =
+            services_.logons->IsRefused(logon.computer) ? QStringLiteral("Refused") : QString();
+        auto* item = new QTreeWidgetItem(controls_.lvwLogons,
+                                         {NameOf(logon.computer), logon.user, kept, state});
+        for (const int column : {0, 1})
+            item->setToolTip(column, Qt::convertFromPlainText(item->text(column)));
+    }
+    Select(selected);
+    UpdateButtons();
+}
+
+void frmLogons::Select(const QString& computer) {
+    for (std::size_t at = 0; at < shown_.size(); ++at) {
+        if (at == 0 || IsSameComputer(shown_[at].computer, computer))
+            controls_.lvwLogons->setCurrentItem(
+                controls_.lvwLogons->topLevelItem(static_cast<int>(at)));
+    }
+}
+
+const StoredLogon* frmLogons::Selected() const {
+    const auto* item = controls_.lvwLogons->currentItem();
+    const int at = controls_.lvwLogons->indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(item));
+    return at < 0 ? nullptr : &shown_[static_cast<std::size_t>(at)];
+}
+
+void frmLogons::UpdateButtons() {
+    const bool isOne = Selected() != nullptr && !isBusy_;
+    controls_.lvwLogons->setEnabled(!isBusy_);
+    controls_.cmdAdd->setEnabled(!isBusy_);
+    for (QPushButton* button : {controls_.cmdChange, controls_.cmdRemove, controls_.cmdTest})
+        button->setEnabled(isOne);
+}
+
+void frmLogons::cmdAdd_Click() {
+    frmLogon form(nullptr, services_.logons->HasKeyring(), services_.dialogs, this);
+    if (form.exec() != QDialog::Accepted)
+        return;
+    const auto isSame = [&](const StoredLogon& one) {
+        return IsSameComputer(one.computer, form.Result().computer);
+    };
+    if (std::any_of(shown_.begin(), shown_.end(), isSame) &&
+        services_.dialogs.Message(
+            MessageIcon::Question,
+            QStringLiteral("There is a logon for \"%1\" already.\r\nReplace it?")
+                .arg(NameOf(form.Result().computer)),
+            windowTitle(), MessageButtons::YesNo) != MessageAnswer::Yes)
+        return;
+    Store(form.Result());
+}
+
+void frmLogons::cmdChange_Click() {
+    const StoredLogon* selected = Selected();
+    if (!selected || isBusy_)
+        return;
+    frmLogon form(selected, services_.logons->HasKeyring(), services_.dialogs, this);
+    if (form.exec() == QDialog::Accepted)
+        Store(form.Result());
+}
+
+void frmLogons::Store(const StoredLogon& logon) {
+    BeginWork(logon.isInKeyring ? QStringLiteral("Storing... The keyring may ask for its password.")
+                                : QStringLiteral("Storing..."),
+              false);
+    const QString computer = logon.computer;
+    const bool isForKeyring = logon.isInKeyring;
+    services_.logons->Store(
+        logon, WhenStored([this, computer, isForKeyring](auto outcome) {
+            const bool isLost = isForKeyring && outcome != Keyring::Outcome::Done;
+            EndWork(isLost
+                        ? QStringLiteral(
+                              "The keyring didn't take the logon: it is kept until Netrove ends.")
+                        : QString());
+            Select(computer);
+        }));
+}
+
+void frmLogons::cmdRemove_Click() {
+    const StoredLogon* selected = Selected();
+    if (!selected)
+        return;
+    const QString name = NameOf(selected->computer);
+    if (services_.dialogs.Message(MessageIcon::Question,
+                                  QStringLiteral("Remove the logon for \"%1\"?").arg(name),
+                                  windowTitle(), MessageButtons::YesNo) != MessageAnswer::Yes)
+        return;
+    BeginWork(QStringLiteral("Removing..."), false);
+    services_.logons->Remove(
+        selected->computer, WhenStored([this, name](auto outcome) {
+            EndWork(outcome == Keyring::Outcome::Done
+                        ? QString()
+                        : QStringLiteral(
+                              "The keyring stayed locked, and still has the logon for \"%1\".")
+                              .arg(name));
+        }));
+}
+
+QString frmLogons::ComputerToTest(const StoredLogon& logon) const {
+    if (!logon.computer.isEmpty())
+        return logon.computer;
+    QString name =
+        services_.dialogs
+            .InputBox(QStringLiteral("Name of the computer to try the logon on:"), windowTitle())
+            .trimmed();
+    while (name.startsWith(u'\\'))
+        name.remove(0, 1);
+    return name;
+}
+
+void frmLogons::cmdTest_Click() {
+    const StoredLogon* selected = Selected();
+    if (!selected)
+        return;
+    const StoredLogon logon = *selected;
+    const QString computer = ComputerToTest(logon);
+    if (computer.isEmpty())
+        return;
+    std::optional<SmbRequest> request;
+    if (UncPath::IsName(computer))
+        request = services_.shareList(computer);
+    if (!request) {
+        controls_.lblState->setText(
+            QStringLiteral("%1 isn't reached over this network.").arg(computer));
+        return;
+    }
+    request->computer = computer;
+    request->logon = LogonOf(logon);
+    BeginWork(QStringLiteral("Logging on to %1 as %2...").arg(computer, logon.user), true);
+    const QPointer<frmLogons> dialog(this);
+    trial_.Begin(*request, [dialog, asked = *request, user = logon.user](int status) {
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(),
+            [dialog, asked, user, status] {
+                if (dialog)
+                    dialog->EndTest(asked, user, status);
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+void frmLogons::EndTest(const SmbRequest& request, const QString& user, int status) {
+    if (!isBusy_) // it was cancelled while its end was on the way
+        return;
+    (void)services_.logons->Note(request, status);
+    EndWork(TestResult(request.computer, user, status));
+}
+
+void frmLogons::cmdCancel_Click() {
+    trial_.Cancel();
+    EndWork(QString());
+}
+
+} // namespace netrove

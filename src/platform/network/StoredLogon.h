@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Secret.h"
+#include "smb/SmbMessages.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace netrove {
+
+/// A logon that the user has stored.
+struct StoredLogon {
+    QString computer = {}; ///< its name without "\\", in any case; empty for all computers
+    QString user = {};     ///< as it was typed: "user", "DOMAIN\user" or "user@domain"
+    Secret password = {};
+    bool isInKeyring = false; ///< else it ends with the program
+};
+
+/// What a server is told: the user's domain and name taken apart.
+[[nodiscard]] SmbLogon LogonOf(const StoredLogon& stored);
+
+[[nodiscard]] bool IsSameComputer(const QString& left, const QString& right);
+
+/// The logons as one text for the keyring: a line each with the computer, the user and the
+/// password, percent-encoded and separated by blanks.
+[[nodiscard]] Secret EncodeLogons(const std::vector<StoredLogon>& logons);
+/// Lines that aren't such are left out.
+[[nodiscard]] std::vector<StoredLogon> DecodeLogons(const Secret& text);
+
+} // namespace netrove
