@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QGuiApplication>
-#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -76,8 +75,7 @@ void frmSilent::Fill() {
     for (const SilentComputer& computer : silent) {
         const int row = lvwSilent_->Add(computer.name);
         lvwSilent_->SetSubItem(row, 1, computer.reason);
-        lvwSilent_->SetSubItem(row, 2,
-                               QLocale().toString(computer.time.time(), QLocale::LongFormat));
+        lvwSilent_->SetSubItem(row, 2, computer.time.toString(QStringLiteral("HH:mm:ss")));
     }
 }
 
