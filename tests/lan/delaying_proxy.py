@@ -26,20 +26,27 @@ class OneWay:
         self.size = 0
         self.full = False  # the target's own buffer
         self.paused = False
+        self.opened = 0.0  # when who sends has heard that the connection is open
         self.ended = False
         self.on_end = None
 
     def take(self, data):
-        if self.delay == 0:
+        if self.delay == 0 and self.target:
             self._give(data)
             return
-        self.held.append((self.loop.time() + self.delay, data))
+        self.held.append((max(self.loop.time(), self.opened) + self.delay, data))
         self.size += len(data)
         if len(self.held) == 1:
             self.loop.call_at(self.held[0][0], self._give_due)
         self._throttle()
 
+    def set_target(self, target):
+        self.target = target
+        self._give_due()
+
     def _give_due(self):
+        if self.target is None:
+            return  # called again when it is there
         while self.held and self.held[0][0] <= self.loop.time():
             data = self.held.popleft()[1]
             self.size -= len(data)
@@ -87,7 +94,7 @@ class Side(asyncio.Protocol):
         transport.get_extra_info("socket").setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
         self.transport = transport
         self.out.source = transport
-        self.back.target = transport
+        self.back.set_target(transport)
 
     def data_received(self, data):
         self.out.take(data)
@@ -107,7 +114,7 @@ class Side(asyncio.Protocol):
 
 
 class ClientSide(Side):
-    """Opens the other side before it reads."""
+    """The one that comes first, and opens the other."""
 
     def __init__(self, target, delay):
         super().__init__(OneWay(delay), OneWay(delay), self._close_both)
@@ -117,22 +124,17 @@ class ClientSide(Side):
         self.out.on_end = self.back.on_end = self._close_ended
 
     def connection_made(self, transport):
+        # That the connection is open has to go there and back first.
+        self.out.opened = self.out.loop.time() + 2 * self.out.delay
         super().connection_made(transport)
-        transport.pause_reading()
         self.connecting = asyncio.ensure_future(self._connect())
 
     async def _connect(self):
-        loop = asyncio.get_running_loop()
-        # The answer to a connection has come half way as well when the client hears of it.
-        await asyncio.sleep(2 * self.out.delay)
         try:
-            _, self.other = await loop.create_connection(
+            _, self.other = await self.out.loop.create_connection(
                 lambda: Side(self.back, self.out, self._close_both), "127.0.0.1", self.target)
         except OSError:
             self.transport.abort()
-            return
-        if not self.transport.is_closing():
-            self.transport.resume_reading()
 
     def _close_ended(self):
         if self.out.ended and self.back.ended:

@@ -47,8 +47,9 @@ CRASHING, UNPLUGGED = DYING = ["GARAGE", "JETTY"]
 MOST_PER_DEAD = 6.0
 # The same for all of them together once they are asked side by side.
 MOST_SIDE_BY_SIDE = 5.0
-# A computer that falls silent in the middle is waited for as long as a folder may take: 60 s.
-MOST_FOR_UNPLUGGED = 65.0
+# A computer that falls silent in the middle: the SMB library gives up a request after 20 s, and it
+# takes three or four of these.
+MOST_FOR_UNPLUGGED = 90.0
 
 
 def expected(host):
@@ -149,7 +150,7 @@ class LanTest(unittest.TestCase):
             self.assertLess(len(rows), len(MANY))
             self.assertLessEqual(set(rows), set(expected(self.lan[name].host)))
         self.assertLess(begin[UNPLUGGED] - begin[CRASHING], MOST_PER_DEAD)
-        self.assertLess(end[0] - begin[UNPLUGGED], MOST_FOR_UNPLUGGED + MOST_PER_DEAD)
+        self.assertLess(end[0] - begin[UNPLUGGED], MOST_FOR_UNPLUGGED)
         again = self.search()
         self.assert_rows(again, healthy(but=DYING))
         self.assertEqual(again.computers(), names(healthy(but=DYING)))
