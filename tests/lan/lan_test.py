@@ -127,8 +127,11 @@ class LanTest(unittest.TestCase):
     def test_4_dying_in_the_middle(self):
         """Runs last: nobody gets up again."""
         self.finder.configure(self.lan.network_ini())
+        strikes = {CRASHING: self.lan[CRASHING].machine.crash,
+                   UNPLUGGED: self.lan[UNPLUGGED].machine.power_off}
         seen = dict.fromkeys(DYING, 0)
         begin = {}
+        end = []
 
         def strike(row):
             name = row.split("\\")[2]
@@ -136,12 +139,10 @@ class LanTest(unittest.TestCase):
                 seen[name] += 1
                 if seen[name] == 7:
                     begin[name] = time.monotonic()
-                    machine = self.lan[name].machine
-                    machine.crash() if name == CRASHING else machine.power_off()
+                    strikes[name]()
             elif UNPLUGGED in begin:
                 end.append(time.monotonic())
 
-        end = []
         found = self.search(on_row=strike)
         self.assert_rows(found, healthy(but=DYING))
         self.assertEqual(found.computers(), names(healthy()))
