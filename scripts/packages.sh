@@ -10,7 +10,7 @@ RUN_PACKAGES=(
 TEST_PACKAGES=(
     clang clang-format clang-tidy clang-tools libclang-rt-14-dev
     git libgtest-dev samba smbclient
-    wsdd avahi-daemon iproute2 procps
+    iproute2 nftables procps wsdd avahi-daemon
     xvfb openbox xdotool x11-utils imagemagick
     python3 python3-gi at-spi2-core gir1.2-atspi-2.0 dbus
 )

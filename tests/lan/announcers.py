@@ -1,0 +1,67 @@
+"""What makes a computer known on the network, beside its SMB server: see each for what it costs."""
+
+import os
+import shutil
+import uuid
+
+BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>system</type>
+  <listen>unix:path=/run/dbus/system_bus_socket</listen>
+  <auth>EXTERNAL</auth>
+  <policy context="default">
+    <allow user="*"/>
+    <allow own="*"/>
+    <allow send_type="method_call"/>
+    <allow send_type="signal"/>
+    <allow send_requested_reply="true"/>
+    <allow receive_type="method_call"/>
+    <allow receive_type="signal"/>
+    <allow receive_type="method_return"/>
+    <allow receive_type="error"/>
+  </policy>
+</busconfig>
+"""
+AVAHI = """[server]
+host-name={name}
+allow-interfaces=eth0
+[publish]
+publish-workstation=no
+[rlimits]
+"""
+SMB_SERVICE = """<service-group>
+  <name>{name}</name>
+  <service><type>_smb._tcp</type><port>{port}</port></service>
+</service-group>
+"""
+
+
+def missing():
+    return [tool for tool in ("wsdd", "nmbd", "avahi-daemon", "dbus-daemon")
+            if not shutil.which(tool)]
+
+
+def start_wsdd(machine, workgroup):
+    """WS-Discovery, as Windows does it."""
+    machine.start("wsdd", "--interface", "eth0", "--uuid", str(uuid.uuid4()),
+                  "--hostname", machine.name, "--workgroup", workgroup)
+
+
+def start_avahi(machine, port=None):
+    """DNS-SD, with a D-Bus of its own; with a port, the computer announces its SMB server."""
+    bus = os.path.join(machine.folder, "bus.conf")
+    with open(bus, "w", encoding="utf-8") as file:
+        file.write(BUS)
+    configuration = os.path.join(machine.folder, "avahi.conf")
+    with open(configuration, "w", encoding="utf-8") as file:
+        file.write(AVAHI.format(name=machine.name.lower()))
+    services = os.path.join(machine.folder, "services")
+    os.makedirs(services)
+    if port:
+        with open(os.path.join(services, "smb.service"), "w", encoding="utf-8") as file:
+            file.write(SMB_SERVICE.format(name=machine.name, port=port))
+    machine.run("mount", "--bind", services, "/etc/avahi/services")
+    machine.run("mkdir", "-p", "/run/dbus")
+    machine.run("dbus-daemon", f"--config-file={bus}", "--fork", "--nopidfile")
+    machine.start("avahi-daemon", "--no-drop-root", "--no-chroot", "--file", configuration)

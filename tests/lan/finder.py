@@ -1,0 +1,80 @@
+"""Searches a network with netrove-find, on the computer of the network that is the client."""
+
+import os
+import shutil
+import subprocess
+import time
+from dataclasses import dataclass, field
+
+from memory import MemoryPeaks
+
+
+@dataclass
+class Search:
+    """What one run of the program has shown."""
+
+    rows: list = field(default_factory=list)
+    seconds: float = 0.0
+    first_row: float = 0.0  # seconds until then
+    status: int = 0
+    messages: str = ""
+    memory: MemoryPeaks = None
+
+    def rows_of(self, computer):
+        return [row for row in self.rows if row.startswith(f"\\\\{computer}\\")]
+
+    def computers(self):
+        """Whose rows came, in the order in which they came; each as often as its rows resume."""
+        names = [row.split("\\")[2] for row in self.rows]
+        return [name for at, name in enumerate(names) if at == 0 or names[at - 1] != name]
+
+
+class Finder:
+    """A copy of the program in a folder of its own, beside the network.ini that it reads."""
+
+    def __init__(self, lan, programs):
+        self._client = lan.client
+        self.folder = os.path.join(lan.client.folder, "program")
+        os.makedirs(self.folder)
+        for name in ("netrove-find", "netrove-smb"):
+            shutil.copy(os.path.join(programs, name), self.folder)
+
+    def configure(self, network_ini):
+        """With None, the program has only what it finds itself."""
+        path = os.path.join(self.folder, "network.ini")
+        if network_ini is None:
+            if os.path.exists(path):
+                os.remove(path)
+            return
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(network_ini)
+
+    def search(self, *arguments, on_row=None, watch_memory=False, seconds=120):
+        """Calls on_row(row) at each row. Raises if the program takes too long."""
+        result = Search()
+        messages = os.path.join(self.folder, "messages")
+        with open(messages, "w+", encoding="utf-8") as errors:
+            begin = time.monotonic()
+            process = self._client.start(
+                "timeout", "--kill-after=1", str(seconds),
+                os.path.join(self.folder, "netrove-find"), *arguments,
+                stdout=subprocess.PIPE, stderr=errors, text=True)
+            if watch_memory:
+                result.memory = MemoryPeaks(process.pid)
+                result.memory.start()
+            with process.stdout:
+                for line in process.stdout:
+                    result.rows.append(line.rstrip("\n"))
+                    if len(result.rows) == 1:
+                        result.first_row = time.monotonic() - begin
+                    if on_row:
+                        on_row(result.rows[-1])
+            result.status = process.wait()
+            result.seconds = time.monotonic() - begin
+            if watch_memory:
+                result.memory.stop()
+            errors.seek(0)
+            result.messages = errors.read()
+        if result.status == 124:
+            raise AssertionError(f"the search took more than {seconds} s")
+        return result

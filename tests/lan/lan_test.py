@@ -1,0 +1,195 @@
+#!/usr/bin/python3
+"""Searches a network of healthy, slow and faulty computers with the built netrove-find: every
+healthy one gives its rows, every other one costs a limited time, and nobody says a word."""
+
+import argparse
+import os
+import signal
+import subprocess
+import sys
+import time
+import unittest
+
+import announcers
+import own_network
+from finder import Finder
+from lan import Host, Kind, Lan
+
+SKIPPED = 77  # as tests/lan/CMakeLists.txt says
+
+# Abilities that the program doesn't have yet; each switches on the tests of its own.
+FINDS_COMPUTERS = False  # without a network.ini
+ASKS_SIDE_BY_SIDE = False  # all computers at once, not one after another
+
+MUSIC = ["one.mp3", "Music/two.mp3", "Music/Live/three.mp3", "notes.txt"]
+# Those that die have so much that it can't have been read when their first rows are printed.
+MANY = [f"Album {album:02}/song {song}.mp3" for album in range(60) for song in range(3)]
+
+HOSTS = [
+    Host("ATTIC", files=MUSIC, announced_by=("wsdd",)),
+    Host("BARN", files=MUSIC, round_trip=0.01, announced_by=("nmbd",)),
+    Host("CELLAR", Kind.DROPPING, files=MUSIC, announced_by=("wsdd",)),
+    Host("DEN", Kind.SILENT, announced_by=("wsdd",)),
+    Host("EAVES", Kind.OFF),
+    Host("FOYER", Kind.REFUSING, announced_by=("wsdd",)),
+    Host("GARAGE", files=MANY, round_trip=0.04, announced_by=("wsdd",)),
+    Host("HALL", Kind.NO_LOGON, files=MUSIC, announced_by=("wsdd",)),
+    Host("JETTY", files=MANY, round_trip=0.04, announced_by=("wsdd",)),
+    Host("LOFT", Kind.PASSWORD, files=MUSIC, announced_by=("wsdd",)),
+    Host("PORCH", files=MUSIC, workgroup="GARDEN", announced_by=("avahi",)),
+    Host("SHED", files=MUSIC, workgroup="GARDEN", announced_by=("wsdd",)),
+]
+DEAD = ["CELLAR", "DEN", "EAVES", "FOYER"]
+CLOSED = ["HALL", "LOFT"]
+CRASHING, UNPLUGGED = DYING = ["GARAGE", "JETTY"]
+# The most that a computer may hold up a search that asks one after another: 1.5 s for the port,
+# 3 s for the first answer, and what a busy machine adds.
+MOST_PER_DEAD = 6.0
+# The same for all of them together once they are asked side by side.
+MOST_SIDE_BY_SIDE = 5.0
+# A computer that falls silent in the middle: the SMB library gives up a request after 20 s, and it
+# takes three or four of these.
+MOST_FOR_UNPLUGGED = 90.0
+
+
+def expected(host):
+    return sorted(f"\\\\{host.name}\\PUBLIC\\" + name.replace("/", "\\")
+                  for name in host.files if name.endswith(".mp3"))
+
+
+def healthy(but=()):
+    return [host for host in HOSTS
+            if host.kind is Kind.ORDINARY and host.name not in but]
+
+
+def names(hosts):
+    """In the order of the network: workgroup by workgroup, and in these as configured."""
+    places = list(dict.fromkeys(host.workgroup for host in HOSTS))
+    return [host.name for host in sorted(hosts, key=lambda host: places.index(host.workgroup))]
+
+
+class LanTest(unittest.TestCase):
+    lan = finder = None
+    maxDiff = None
+
+    def search(self, **options):
+        found = self.finder.search("*.mp3", **options)
+        self.assertEqual(found.messages, "")
+        return found
+
+    def assert_rows(self, found, hosts):
+        for host in hosts:
+            self.assertEqual(sorted(found.rows_of(host.name)), expected(host), host.name)
+
+    def assert_nothing_from_others(self, found, hosts):
+        self.assertLessEqual(set(found.computers()), {host.name for host in hosts})
+
+    def test_1_configured(self):
+        self.finder.configure(self.lan.network_ini())
+        found = self.search()
+        self.assert_rows(found, healthy())
+        self.assertEqual(found.computers(), names(healthy()))
+        self.assertEqual(found.status, 0)
+
+        self.finder.configure(self.lan.network_ini(names(healthy())))
+        without = self.search()
+        self.assertEqual(sorted(without.rows), sorted(found.rows))
+        limit = MOST_SIDE_BY_SIDE if ASKS_SIDE_BY_SIDE else MOST_PER_DEAD * len(DEAD)
+        self.assertLess(found.seconds - without.seconds, limit)
+
+    def test_2_one_faulty_computer(self):
+        for name in DEAD + CLOSED:
+            with self.subTest(name, kind=self.lan[name].host.kind.value):
+                self.finder.configure(self.lan.network_ini([name]))
+                found = self.search()
+                self.assertEqual((found.rows, found.status), ([], 1))
+                self.assertLess(found.seconds, MOST_PER_DEAD)
+
+    @unittest.skipUnless(FINDS_COMPUTERS, "needs finding")
+    def test_3_found(self):
+        self.finder.configure(None)
+        found = self.search()
+        self.assert_rows(found, healthy())
+        self.assert_nothing_from_others(found, healthy())
+        # No computer comes in pieces, and no workgroup among those that tell theirs.
+        self.assertEqual(len(found.computers()), len(healthy()))
+        places = [self.lan[name].host.workgroup for name in found.computers() if name != "PORCH"]
+        self.assertLessEqual(sum(one != other for one, other in zip(places, places[1:])), 1)
+
+    @unittest.skipUnless(FINDS_COMPUTERS, "needs finding")
+    def test_3_found_beside_configured(self):
+        self.finder.configure("[LAN]\nType=smb\nComputer1="
+                              f"PORCH|GARDEN|{self.lan['PORCH'].address}:445\n")
+        found = self.search()
+        self.assert_rows(found, healthy())
+        self.assertEqual(found.computers().count("PORCH"), 1)
+
+    def test_4_dying_in_the_middle(self):
+        """Runs last: nobody gets up again."""
+        self.finder.configure(self.lan.network_ini())
+        strikes = {CRASHING: self.lan[CRASHING].machine.crash,
+                   UNPLUGGED: self.lan[UNPLUGGED].machine.power_off}
+        seen = dict.fromkeys(DYING, 0)
+        begin = {}
+        end = []
+
+        def strike(row):
+            name = row.split("\\")[2]
+            if name in seen:
+                seen[name] += 1
+                if seen[name] == 7:
+                    begin[name] = time.monotonic()
+                    strikes[name]()
+            elif UNPLUGGED in begin:
+                end.append(time.monotonic())
+
+        found = self.search(on_row=strike)
+        self.assert_rows(found, healthy(but=DYING))
+        self.assertEqual(found.computers(), names(healthy()))
+        for name in DYING:
+            rows = found.rows_of(name)
+            self.assertLess(len(rows), len(MANY))
+            self.assertLessEqual(set(rows), set(expected(self.lan[name].host)))
+        self.assertLess(begin[UNPLUGGED] - begin[CRASHING], MOST_PER_DEAD)
+        self.assertLess(end[0] - begin[UNPLUGGED], MOST_FOR_UNPLUGGED)
+        again = self.search()
+        self.assert_rows(again, healthy(but=DYING))
+        self.assertEqual(again.computers(), names(healthy(but=DYING)))
+
+
+class LabTest(unittest.TestCase):
+    """The network itself, from outside: a run that is stopped leaves nothing behind."""
+
+    def test_stopped(self):
+        program = os.path.join(os.path.dirname(os.path.abspath(__file__)), "lan.py")
+        for number in (signal.SIGTERM, signal.SIGINT):
+            process = subprocess.Popen([sys.executable, program, "sh", "-c", "echo on; sleep 60"],
+                                       stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+            self.assertEqual(process.stdout.readline(), "on\n")
+            process.send_signal(number)
+            _, messages = process.communicate(timeout=20)
+            self.assertEqual(process.returncode, 128 + number)
+            self.assertNotIn("left behind", messages)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--programs", required=True, help="the folder of netrove-find")
+    options, rest = parser.parse_known_args()
+    lacks = own_network.missing() or ", ".join(announcers.missing())
+    if lacks:
+        print(f"skipped: needs {lacks}")
+        sys.exit(SKIPPED)
+    if own_network.is_outside():
+        outside = unittest.main(argv=[sys.argv[0]], defaultTest="LabTest", exit=False)
+        if not outside.result.wasSuccessful():
+            sys.exit(1)
+    own_network.enter()
+    with Lan(HOSTS, client_avahi=True) as lan:
+        LanTest.lan = lan
+        LanTest.finder = Finder(lan, options.programs)
+        unittest.main(argv=[sys.argv[0], *rest], defaultTest="LanTest")
+
+
+if __name__ == "__main__":
+    main()
