@@ -3,11 +3,13 @@
 #include "network/NetResource.h"
 #include "search/FolderScan.h"
 #include "search/SearchContext.h"
+#include "search/WalkAhead.h"
 
 #include <QString>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace netrove {
 
@@ -63,6 +65,7 @@ private:
 
     SearchContext context_;
     FolderScan folders_;
+    std::optional<WalkAhead> ahead_; ///< during a search
     bool recurseFolders_ = false;
 };
 

@@ -87,7 +87,8 @@ bool SmbWorker::IsAlive() {
 bool SmbWorker::Greet(Time limit) {
     unsent_ += Frames::Framed(EncodeQuestion(SmbHello()));
     SmbAnswer answer;
-    if (Receive(answer, limit) != 0)
+    WaitingPoll waiting(limit);
+    if (Receive(answer, waiting) != 0)
         return false;
     const auto* hello = std::get_if<SmbHello>(&answer);
     if (hello && hello->version == SmbHello::Version)
@@ -98,10 +99,12 @@ bool SmbWorker::Greet(Time limit) {
 
 int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part) {
     unsent_ += Frames::Framed(EncodeQuestion(request));
+    WaitingPoll waiting(limit);
     for (;;) {
         SmbAnswer answer;
-        if (const int status = Receive(answer, limit); status != 0)
+        if (const int status = Receive(answer, waiting); status != 0)
             return status;
+        waiting.Restart(limit);
         if (const auto* end = std::get_if<SmbEnd>(&answer))
             return end->status < 0 ? Fail(EPROTO) : end->status;
         if (const auto* fetched = std::get_if<SmbFetched>(&answer))
@@ -113,10 +116,9 @@ int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part) 
 }
 
 /// The next message. Ends the process if there is none.
-int SmbWorker::Receive(SmbAnswer& answer, Time limit) {
+int SmbWorker::Receive(SmbAnswer& answer, WaitingPoll& waiting) {
     if (process_ < 0)
         return ECONNABORTED;
-    WaitingPoll waiting(limit);
     for (;;) {
         if (const auto payload = frames_.Take()) {
             std::optional<SmbAnswer> message = DecodeAnswer(*payload);
