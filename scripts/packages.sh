@@ -15,7 +15,7 @@ TEST_PACKAGES=(
     python3 python3-gi at-spi2-core gir1.2-atspi-2.0 dbus
 )
 BENCH_PACKAGES=(
-    libbenchmark-dev findutils
+    libbenchmark-dev findutils rclone
 )
 
 # install_packages NAME...: installs those that are missing, with sudo where needed.

@@ -52,8 +52,11 @@ FindRun::FindRun(const FindArguments& arguments, const FindServices& services,
     , console_(console)
     , settings_(SearchSettings(arguments, services.computer))
     , log_(settings_)
-    , engine_(
-          {.files = services.files, .settings = settings_, .exclusions = exclusions_, .log = log_})
+    , engine_({.files = services.files,
+               .settings = settings_,
+               .exclusions = exclusions_,
+               .log = log_,
+               .ahead = services.ahead})
     , lines_(services.files, settings_, arguments.details, console.out.IsTerminal())
     , progress_(console.err) {
     engine_.ItemFound = [this](const QString& netPath) { OnFound(netPath); };

@@ -64,6 +64,7 @@ int Main(int argc, char** argv) {
         return {.network = network,
                 .files = network,
                 .record = [&network](const UncPath& path) { return network.Record(path); },
+                .ahead = &network,
                 .computer = ComputerUNCName(LinuxSystemInformation())};
     };
     return FindProgram(application.arguments().mid(1),

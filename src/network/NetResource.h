@@ -57,6 +57,11 @@ public:
     /// raises.
     [[nodiscard]] std::shared_ptr<NetResources> Children();
 
+    /// The children if they have been read, else null. Asks nobody and doesn't yield.
+    [[nodiscard]] std::shared_ptr<const NetResources> KnownChildren() const {
+        return childrenRead_ ? childList_ : nullptr;
+    }
+
     [[nodiscard]] const QString& Comment() const { return record_.lpComment; }
     [[nodiscard]] const QString& LocalName() const { return record_.lpLocalName; }
     [[nodiscard]] const QString& Provider() const { return record_.lpProvider; }

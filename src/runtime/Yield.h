@@ -26,8 +26,8 @@ void SetYieldAlways(bool always);
 /// given up: the call that waits then fails at once, as one whose path can't be reached.
 [[nodiscard]] bool WhileWaiting();
 
-/// What WhileWaiting() does, in the thread that sets it; an empty function means to go on. It may
-/// raise an exception to end the wait. Gives back the one that was set before.
+/// What WhileWaiting() does, in the thread that sets it; an empty function means to go on. It
+/// raises no exception. Gives back the one that was set before.
 std::function<bool()> SetWaitingPass(std::function<bool()> pass);
 
 } // namespace netrove

@@ -3,6 +3,8 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 
+#include <algorithm>
+
 namespace netrove {
 
 void ExclusionLists::ParseNetNodes(const Settings& settings) {
@@ -53,6 +55,23 @@ void ExclusionLists::AddEntry(const QString& entry) {
     } else {
         ExcNetworks.append(name);
     }
+}
+
+const QString* ExclusionLists::Find(const QStringList& list, const QString& name) {
+    const QString compared = UpperCase(Trim(name));
+    const auto found = std::find_if(list.cbegin(), list.cend(), [&](const QString& entry) {
+        return EqualText(entry, compared);
+    });
+    return found == list.cend() ? nullptr : &*found;
+}
+
+const QString* ExclusionLists::FindFolder(const QString& pathBelow) const {
+    const QString below = UpperCase(pathBelow);
+    const auto found =
+        std::find_if(ExcFolders.cbegin(), ExcFolders.cend(), [&](const QString& entry) {
+            return below.contains(entry, Qt::CaseInsensitive);
+        });
+    return found == ExcFolders.cend() ? nullptr : &*found;
 }
 
 } // namespace netrove

@@ -33,6 +33,13 @@ public:
     /// Turns the five flags off, so that nothing is excluded.
     void TurnOff();
 
+    /// The entry that equals a node's name; null if none does.
+    [[nodiscard]] static const QString* Find(const QStringList& list, const QString& name);
+
+    /// The entry of ExcFolders that a folder's path below its node ("\FOLDER\") contains; null if
+    /// there is none.
+    [[nodiscard]] const QString* FindFolder(const QString& pathBelow) const;
+
 private:
     void AddEntry(const QString& entry);
 };

@@ -11,10 +11,6 @@
 namespace netrove {
 namespace {
 
-/// Levels of folders that a walk goes down. No path of a real server is that deep; a hostile one
-/// could answer every folder with another until the stack is used up.
-constexpr int MaxDepth = 2000;
-
 QString FolderPath(const QString& root) {
     return root.endsWith(QLatin1Char('\\')) ? root : root + QLatin1Char('\\');
 }
@@ -76,15 +72,13 @@ bool FolderScan::WalkEntry(WalkRecord& record, const QString& folderPath, const 
 bool FolderScan::IsExcluded(const QString& folderPath) {
     if (!context_.services.exclusions.UseExcFolders)
         return false;
-    const QString below = UpperCase(folderPath.mid(context_.NodeBaseStart - 1));
-    for (const QString& entry : context_.services.exclusions.ExcFolders) {
-        if (!below.contains(entry, Qt::CaseInsensitive))
-            continue;
-        context_.services.log.PrintBlock(
-            {QLatin1String("Exclude Folder: ") + entry + QLatin1String(" in ") + folderPath});
-        return true;
-    }
-    return false;
+    const QString* entry =
+        context_.services.exclusions.FindFolder(folderPath.mid(context_.NodeBaseStart - 1));
+    if (entry == nullptr)
+        return false;
+    context_.services.log.PrintBlock(
+        {QLatin1String("Exclude Folder: ") + *entry + QLatin1String(" in ") + folderPath});
+    return true;
 }
 
 void FolderScan::ScanFiles(const WalkRecord& record) {

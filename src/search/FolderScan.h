@@ -17,6 +17,10 @@ struct WalkRecord {
 /// listed are passed over in silence.
 class FolderScan {
 public:
+    /// Levels of folders that a walk goes down. No path of a real server is that deep; a hostile
+    /// one could answer every folder with another until the stack is used up.
+    static constexpr int MaxDepth = 2000;
+
     explicit FolderScan(SearchContext& context) : context_(context) {}
 
     /// Walks `record.Root`. Raises what the handlers and the patterns raise.

@@ -4,6 +4,9 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "search/AdminShares.h"
+
+#include <QScopeGuard>
 
 #include <limits>
 
@@ -36,6 +39,11 @@ void NWSearch::BeginSearch(const QString& fileName,
     knownComputers_ = 0;
     if (!networkStartPoint)
         throw RunTimeError(ErrorNumber::ObjectNotSet);
+    ahead_.emplace(context_.services.ahead,
+                   std::make_shared<const SearchPlan>(
+                       context_.services.settings, context_.services.exclusions, recurseFolders_));
+    const auto end = qScopeGuard([this] { ahead_.reset(); });
+    ahead_->Expect(*networkStartPoint);
     SearchNode(fileName, *networkStartPoint);
 }
 
@@ -111,19 +119,17 @@ NWSearch::Next NWSearch::ActOnServer(const QString& fileName, const NetResource&
 }
 
 bool NWSearch::IsCurrentComputer(const NetResource& node) {
-    const QString& computer = context_.services.settings.CurrentComputerName;
-    if (UpperCase(Trim(computer)) != UpperCase(Trim(node.RemoteName())))
+    const Settings& settings = context_.services.settings;
+    if (!SearchPlan::IsCurrentComputer(settings, node.RemoteName()))
         return false;
-    context_.services.log.PrintBlock({QLatin1String("Exclude Current Workstation: ") + computer});
+    context_.services.log.PrintBlock(
+        {QLatin1String("Exclude Current Workstation: ") + settings.CurrentComputerName});
     return true;
 }
 
 NWSearch::Next NWSearch::SearchAdminShares(const QString& fileName, const QString& server) {
-    SearchPath(fileName, server + QLatin1String("\\Admin$"));
-    if (context_.AbandonRequested)
-        return Next::Leave;
-    for (char letter = 'C'; letter <= 'Z'; ++letter) {
-        SearchPath(fileName, server + QLatin1Char('\\') + QLatin1Char(letter) + QLatin1Char('$'));
+    for (const QString& share : AdminShareNames()) {
+        SearchPath(fileName, server + QLatin1Char('\\') + share);
         if (context_.AbandonRequested)
             return Next::Leave;
     }
@@ -147,14 +153,11 @@ bool NWSearch::IsExcluded(bool active, const QStringList& list, const QString& t
                           const QString& logLine) {
     if (!active)
         return false;
-    const QString compared = UpperCase(Trim(text));
-    for (const QString& entry : list) {
-        if (!EqualText(entry, compared))
-            continue;
-        context_.services.log.PrintBlock({logLine + entry});
-        return true;
-    }
-    return false;
+    const QString* entry = ExclusionLists::Find(list, text);
+    if (entry == nullptr)
+        return false;
+    context_.services.log.PrintBlock({logLine + *entry});
+    return true;
 }
 
 void NWSearch::WalkChildren(const QString& fileName, NetResource& node) {
@@ -165,6 +168,7 @@ void NWSearch::WalkChildren(const QString& fileName, NetResource& node) {
         static_cast<int>(std::count_if(children->begin(), children->end(), [](const auto& child) {
             return child->ResourceType() == ResourceType::Server;
         }));
+    ahead_->Expect(*children);
     // The trap serves once: a second failure among these children goes up to the next level.
     bool trapArmed = true;
     for (const auto& child : *children) {
@@ -177,6 +181,7 @@ void NWSearch::WalkChildren(const QString& fileName, NetResource& node) {
         }
         if (context_.AbandonRequested)
             return;
+        ahead_->Leave(*child);
     }
 }
 

@@ -3,12 +3,14 @@
 #include "network/NetResource.h"
 #include "search/FolderScan.h"
 #include "search/SearchContext.h"
+#include "search/WalkAhead.h"
 
 #include <QString>
 
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace netrove {
 
@@ -71,6 +73,7 @@ private:
 
     SearchContext context_;
     FolderScan folders_;
+    std::optional<WalkAhead> ahead_; ///< during a search
     bool recurseFolders_ = false;
     int reachedComputers_ = 0;
     int knownComputers_ = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Files.h"
+#include "platform/ReadAhead.h"
 #include "runtime/Pattern.h"
 #include "search/ExclusionLists.h"
 #include "search/Settings.h"
@@ -19,6 +20,7 @@ struct SearchServices {
     const Settings& settings;
     const ExclusionLists& exclusions;
     TroubleshootingLog& log;
+    ReadAhead* ahead = nullptr; ///< who fetches what the walk will ask for, if anybody does
 };
 
 /// What the walk over the network and the walk through folders share during a search.

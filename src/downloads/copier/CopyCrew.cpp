@@ -48,10 +48,7 @@ public:
     explicit Member(std::shared_ptr<Board> board) : board_(std::move(board)) {}
 
     void Run() {
-        SetWaitingPass([this] {
-            Check();
-            return true;
-        });
+        SetWaitingPass([this] { return !board_->isAbandoned; });
         while (const auto order = Next()) {
             const int errorNumber = Copy(*order);
             const std::scoped_lock lock(board_->mutex);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 
 namespace netrove {
 namespace {
@@ -167,6 +168,10 @@ std::optional<std::vector<NetRecord>> Network::List(const NetRecord& node, qint3
         names.insert(key);
         return false;
     });
+    if (plan_ && node.dwDisplayType == NetEnum::DisplayNetwork && disks) {
+        if (NetworkProvider* provider = ProviderOf(node))
+            ExpectComputers(*provider, *records);
+    }
     if (disks) {
         diskNode_ = node.lpRemoteName;
         diskNames_ = names;
@@ -227,6 +232,64 @@ std::optional<NetRecord> Network::Record(const UncPath& path) {
         path.Elements().isEmpty() ? NetEnum::DisplayShare : NetEnum::DisplayDirectory;
     record.dwUsage = NetEnum::UsageConnectable;
     return record;
+}
+
+void Network::BeginWalk(std::shared_ptr<const WalkPlan> plan) {
+    plan_ = std::move(plan);
+    for (const auto& provider : providers_)
+        provider->BeginWalk(plan_);
+}
+
+void Network::Expect(const std::vector<WalkPlace>& places) {
+    std::map<NetworkProvider*, std::vector<WalkPlace>> ofProvider;
+    for (const WalkPlace& place : places) {
+        if (NetworkProvider* provider = ProviderOf(place))
+            ofProvider[provider].push_back(place);
+    }
+    for (const auto& [provider, some] : ofProvider)
+        provider->Expect(some);
+}
+
+/// Who answers for a place; nobody where a computer's list is one provider's and its shares
+/// another's.
+NetworkProvider* Network::ProviderOf(const WalkPlace& place) {
+    const auto path = UncPath::Parse(place.remoteName);
+    if (!path)
+        return nullptr;
+    NetworkProvider* files = ProviderFor(path->Server());
+    if (place.kind == WalkPlace::Kind::Folder)
+        return files;
+    NetworkProvider* lists =
+        ProviderOf(NetRecord{.lpRemoteName = place.remoteName, .lpProvider = place.provider});
+    return lists == files ? files : nullptr;
+}
+
+/// Computers that are known already are tried before their workgroups are listed: dead ones in
+/// several workgroups cost one wait.
+void Network::ExpectComputers(NetworkProvider& provider, const std::vector<NetRecord>& workgroups) {
+    std::vector<WalkPlace> places;
+    for (const NetRecord& workgroup : workgroups) {
+        if (!plan_->EntersWorkgroup(workgroup.lpRemoteName))
+            continue;
+        for (const QString& computer : provider.Computers(workgroup.lpRemoteName)) {
+            if (plan_->EntersComputer(computer))
+                places.push_back({.kind = WalkPlace::Kind::Computer,
+                                  .remoteName = computer,
+                                  .provider = provider.Name()});
+        }
+    }
+    Expect(places);
+}
+
+void Network::Leave(const QString& remoteName) {
+    for (const auto& provider : providers_)
+        provider->Leave(remoteName);
+}
+
+void Network::EndWalk() {
+    for (const auto& provider : providers_)
+        provider->EndWalk();
+    plan_.reset();
 }
 
 std::optional<Network::Place> Network::PlaceOf(const QString& path) {

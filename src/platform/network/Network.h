@@ -3,6 +3,7 @@
 #include "platform/Files.h"
 #include "platform/LocalFiles.h"
 #include "platform/NetworkEnumeration.h"
+#include "platform/ReadAhead.h"
 #include "platform/network/ComputerReport.h"
 #include "platform/network/NetworkProvider.h"
 
@@ -23,7 +24,7 @@ namespace netrove {
 /// is longer than a node can hold, is left out, and of names that differ only in case the first
 /// stays; a share that is in a computer's list of disks isn't in its list of printers. Entries of
 /// folders are left out where their names couldn't stand in a path.
-class Network : public NetworkEnumeration, public FileAccess {
+class Network : public NetworkEnumeration, public FileAccess, public ReadAhead {
 public:
     /// Longest remote name that a node of the tree holds, in characters.
     static constexpr qsizetype MaxRemoteName = 255;
@@ -48,6 +49,11 @@ public:
     [[nodiscard]] quint32 Attributes(const QString& path) override;
     [[nodiscard]] QByteArray Read(const QString& path, qint64 offset, qint64 length) override;
     [[nodiscard]] std::optional<QString> LocalPath(const QString& path) override;
+
+    void BeginWalk(std::shared_ptr<const WalkPlan> plan) override;
+    void Expect(const std::vector<WalkPlace>& places) override;
+    void Leave(const QString& remoteName) override;
+    void EndWalk() override;
 
     /// How a helper of one's own reads the file at a network path: a long transfer doesn't hold up
     /// this thread. Nothing where the file isn't read over SMB. Asks nobody.
@@ -94,6 +100,8 @@ private:
                   const std::optional<std::vector<NetRecord>>& records);
     [[nodiscard]] NetworkProvider* ProviderOf(const NetRecord& node);
     [[nodiscard]] NetworkProvider* ProviderFor(const QString& server);
+    void ExpectComputers(NetworkProvider& provider, const std::vector<NetRecord>& workgroups);
+    [[nodiscard]] NetworkProvider* ProviderOf(const WalkPlace& place);
     [[nodiscard]] std::optional<Place> PlaceOf(const QString& path);
     [[nodiscard]] const FileInfo& Info(const QString& path);
     [[nodiscard]] FileInfo FetchInfo(const QString& path);
@@ -104,6 +112,7 @@ private:
     QHash<NetEnum::Handle, OpenList> openLists_;
     NetEnum::Handle lastHandle_ = 0;
     KnownInfo lastInfo_;
+    std::shared_ptr<const WalkPlan> plan_; ///< as long as there is a walk
     /// The names in the disk list that was made last, and the node whose list it was.
     QString diskNode_;
     QSet<QString> diskNames_;

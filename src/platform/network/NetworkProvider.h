@@ -2,10 +2,12 @@
 
 #include "platform/Files.h"
 #include "platform/NetworkEnumeration.h"
+#include "platform/ReadAhead.h"
 #include "platform/network/UncPath.h"
 #include "smb/SmbMessages.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -60,6 +62,16 @@ public:
     [[nodiscard]] virtual std::optional<SmbRequest> ReadRequest(const UncPath& /*path*/) const {
         return std::nullopt;
     }
+
+    /// The computers of a workgroup that are known without asking, by their remote names.
+    [[nodiscard]] virtual QStringList Computers(const QString& /*workgroup*/) const { return {}; }
+
+    /// As ReadAhead has it; of the places those that are this provider's. Where nothing has to be
+    /// waited for, nothing is read ahead.
+    virtual void BeginWalk(const std::shared_ptr<const WalkPlan>& /*plan*/) {}
+    virtual void Expect(const std::vector<WalkPlace>& /*places*/) {}
+    virtual void Leave(const QString& /*remoteName*/) {}
+    virtual void EndWalk() {}
 
 protected:
     /// A record of this provider, as enumerations give it.

@@ -37,6 +37,9 @@ public:
     /// Null if it isn't known (any more).
     [[nodiscard]] Listing Find(const QString& folder);
 
+    /// All that is known, by the folders' names.
+    [[nodiscard]] QHash<QString, Listing> All();
+
     /// What the listing of a folder says of an entry, whose name must be letter for letter as it
     /// stands there: a server may have names that differ in case alone.
     [[nodiscard]] std::optional<SmbEntry> FindEntry(const QString& folder, const QString& name);

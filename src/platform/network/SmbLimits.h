@@ -21,10 +21,14 @@ struct SmbLimits {
     /// A folder: the library reads all of it before the first entry comes.
     Time listing{60000};
 
-    Time deadFor{15000};              ///< a computer that failed isn't tried again for so long
-    Time idle{30000};                 ///< a helper without work is ended after so long
-    std::size_t maxIdle = 16;         ///< helpers kept in all
-    std::size_t maxIdlePerServer = 4; ///< and for one server
+    Time deadFor{15000}; ///< a computer that failed isn't tried again for so long
+    Time idle{30000};    ///< a helper without work is ended after so long
+    /// The work of opening a connection, on both machines: a process on each.
+    Time opening{80};
+    Time refusedFor{60000};        ///< a connection too many isn't tried again for so long
+    std::size_t maxPerServer = 16; ///< connections; client editions of Windows take 20
+    /// Helpers in all, of some 4 MB each. A call that can't wait may start one more.
+    std::size_t maxHelpers = 24;
 };
 
 } // namespace netrove

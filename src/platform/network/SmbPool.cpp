@@ -14,17 +14,10 @@
 namespace netrove {
 namespace {
 
-/// Requests in a row that a server may leave without an answer. One may be a folder that is too
-/// big for the limit.
-constexpr int MaxTimeouts = 2;
+using namespace std::chrono_literals;
 
-/// A dead computer is left alone for so many spans of SmbLimits::deadFor at most. A list of files
-/// on many dead computers would be nothing but waiting if each were tried all the time.
-constexpr int MaxDeadSpans = 16;
-
-QString ServerKey(const SmbRequest& request) {
-    return request.host.toLower() + QLatin1Char(':') + QString::number(request.port);
-}
+/// A helper that has just worked isn't ended for somebody who can wait: it has more to do soon.
+constexpr auto Recent = 500ms;
 
 bool IsNumeric(const QString& host) {
     in6_addr address = {};
@@ -33,7 +26,49 @@ bool IsNumeric(const QString& host) {
            inet_pton(AF_INET6, text.constData(), &address) == 1;
 }
 
+/// Whether a status says that the server has let somebody in and answered.
+bool IsAnswer(int status) {
+    switch (status) {
+    case 0:
+    case ENOENT:
+    case ENOTDIR:
+    case EACCES:
+    case EPERM:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Whether a failure over a new connection may be one of the connection: the server takes no more
+/// of them. Who says nothing at all is no such server.
+bool MayBeRefused(int status) {
+    return status != 0 && status != ENOENT && status != ENOTDIR && status != ECANCELED &&
+           status != ETIMEDOUT;
+}
+
 } // namespace
+
+SmbPool::Turn& SmbPool::Turn::operator=(Turn&& other) noexcept {
+    std::swap(pool_, other.pool_);
+    std::swap(kind_, other.kind_);
+    std::swap(urgency_, other.urgency_);
+    std::swap(server_, other.server_);
+    std::swap(share_, other.share_);
+    std::swap(status_, other.status_);
+    std::swap(hasHelper_, other.hasHelper_);
+    std::swap(worker_, other.worker_);
+    return *this;
+}
+
+SmbPool::Turn::~Turn() {
+    if (pool_)
+        pool_->GiveBack(*this);
+}
+
+QString SmbPool::ServerName(const SmbRequest& request) {
+    return request.host.toLower() + QLatin1Char(':') + QString::number(request.port);
+}
 
 QString SmbPool::DefaultHelper() {
     const QString name = QStringLiteral("netrove-smb");
@@ -44,47 +79,191 @@ QString SmbPool::DefaultHelper() {
 }
 
 int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part) {
-    if (!logons_)
-        return Send(request, part);
+    auto turn = AwaitTurn(request);
+    return turn ? Run(std::move(*turn), request, part) : ECANCELED;
+}
+
+int SmbPool::Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    if (turn.kind_ == Turn::Kind::None || !logons_)
+        return Send(turn, request, part);
     SmbRequest asked = request;
     LogonUse use(logons_.get(), asked);
-    return use.Status() != 0 ? use.Status() : use.End(Send(asked, part));
+    return use.Status() != 0 ? use.Status() : use.End(Send(turn, asked, part));
 }
 
-int SmbPool::Send(const SmbRequest& request, const SmbWorker::Part& part) {
-    DropOld();
-    const QString server = ServerKey(request);
-    if (const auto dead = dead_.constFind(server);
-        dead != dead_.cend() && Clock::now() <= dead->until)
-        return dead->status;
-    if (auto worker = TakeIdle(server))
-        return RunOn(std::move(worker), server, request, part);
-
-    auto worker = TakeIdle(QString());
-    if (!worker)
-        worker = NewWorker();
-    if (!worker)
-        return ECHILD;
-    if (const int status = Reach(*worker, request); status != 0) {
-        if (status != ECANCELED)
-            Bury(server, status);
-        Keep(QString(), std::move(worker));
-        return status;
+int SmbPool::Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    switch (turn.kind_) {
+    case Turn::Kind::None:
+        return turn.status_;
+    case Turn::Kind::First:
+        return RunFirst(turn, request, part);
+    case Turn::Kind::Further:
+        return RunFurther(turn, request, part);
+    case Turn::Kind::Ready:
+        return RunOn(turn, request, part);
     }
-    return RunOn(std::move(worker), server, request, part);
+    return EINVAL;
 }
 
-int SmbPool::RunOn(std::unique_ptr<SmbWorker> worker, const QString& server,
-                   const SmbRequest& request, const SmbWorker::Part& part) {
-    const int status = worker->Request(request, LimitOf(request.kind), part);
-    Keep(server, std::move(worker));
+std::optional<SmbPool::Turn> SmbPool::TryTakeTurn(const SmbRequest& request, std::size_t waiting) {
+    const std::scoped_lock lock(mutex_);
+    return TakeTurn(request, waiting, Urgency::MayWait);
+}
+
+std::optional<SmbPool::Turn> SmbPool::AwaitTurn(const SmbRequest& request) {
+    const QString server = ServerName(request);
+    std::unique_lock lock(mutex_);
+    DropOld();
+    ++servers_[server].urgent;
+    WaitingPace pace;
+    std::optional<Turn> turn;
+    while (!(turn = TakeTurn(request, 1, Urgency::GoesFirst)) && AwaitChange(lock, pace)) {
+    }
+    --servers_[server].urgent;
+    return turn;
+}
+
+/// False where the wait is to be given up.
+bool SmbPool::AwaitChange(std::unique_lock<std::mutex>& lock, WaitingPace& pace) {
+    changed_.wait_until(lock, pace.Next());
+    lock.unlock();
+    const bool goesOn = pace.Pass();
+    lock.lock();
+    return goesOn;
+}
+
+std::optional<SmbPool::Turn> SmbPool::TakeTurn(const SmbRequest& request, std::size_t waiting,
+                                               Urgency urgency) {
+    const QString name = ServerName(request);
+    if (const int status = servers_.DeadStatus(name); status != 0) {
+        Turn turn(*this, Turn::Kind::None, urgency, name);
+        turn.status_ = status;
+        return turn;
+    }
+    if (urgency == Urgency::MayWait && servers_[name].urgent > 0)
+        return std::nullopt;
+    if (auto idle = TakeIdle(name, request.share))
+        return ReadyTurn(std::move(*idle), urgency);
+    const SmbServers::Server& server = servers_[name];
+    if (server.open == 0) {
+        ++servers_[name].open;
+        return Turn(*this, Turn::Kind::First, urgency, name);
+    }
+    if (!server.isProven || !servers_.TakesMore(name, waiting) || !MakeRoom(urgency))
+        return std::nullopt;
+    ++servers_[name].open;
+    Turn turn(*this, Turn::Kind::Further, urgency, name);
+    turn.hasHelper_ = true;
+    return turn;
+}
+
+SmbPool::Turn SmbPool::ReadyTurn(Idle idle, Urgency urgency) {
+    Turn turn(*this, Turn::Kind::Ready, urgency, std::move(idle.server));
+    turn.share_ = std::move(idle.share);
+    turn.worker_ = std::move(idle.worker);
+    return turn;
+}
+
+void SmbPool::GiveBack(Turn& turn) {
+    const std::scoped_lock lock(mutex_);
+    changed_.notify_all();
+    if (turn.kind_ == Turn::Kind::None)
+        return;
+    if (turn.worker_ && turn.worker_->IsAlive()) {
+        idle_.push_back({.server = turn.server_,
+                         .share = turn.share_,
+                         .since = Clock::now(),
+                         .worker = std::move(turn.worker_)});
+        return;
+    }
+    if (turn.hasHelper_ || turn.worker_)
+        --helpers_;
+    if (!turn.server_.isEmpty())
+        servers_.NoteClosed(turn.server_);
+}
+
+/// Where a server is first reached: it is looked up, its port is tested, and one request shows
+/// whether it lets us in, before anybody else comes.
+int SmbPool::RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    int status = Reach(turn, request);
+    if (status == 0 && !turn.worker_)
+        status = StartWorker(turn);
     if (status == 0)
-        dead_.remove(server);
-    if (status != ETIMEDOUT)
-        timeouts_.remove(server);
+        return RunOn(turn, request, part);
+    GiveUp(turn, status);
+    return status;
+}
+
+/// The server couldn't be reached. A helper that has only looked up the name serves any other.
+void SmbPool::GiveUp(Turn& turn, int status) {
+    const std::scoped_lock lock(mutex_);
+    if (status != ECANCELED && status != ECHILD)
+        servers_.Bury(turn.server_, status);
+    servers_.NoteClosed(turn.server_);
+    turn.server_.clear();
+    changed_.notify_all();
+}
+
+/// Over one more connection. Where the server doesn't want that, over another one.
+int SmbPool::RunFurther(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    bool isAnswered = false;
+    const auto noting = [&](SmbAnswer& answer) {
+        isAnswered = true;
+        return part(answer);
+    };
+    int status = StartWorker(turn);
+    if (status == 0)
+        status = RunOn(turn, request, noting);
+    if (isAnswered || !MayBeRefused(status))
+        return status;
+    auto other = AwaitOther(request);
+    if (!other)
+        return status;
+    const int again = RunOn(*other, request, part);
+    if (again == status || again == ECANCELED)
+        return again;
+    const std::scoped_lock lock(mutex_);
+    servers_.NoteRefused(turn.server_);
+    if (turn.worker_) {
+        turn.worker_.reset();
+        turn.hasHelper_ = true;
+    }
+    return again;
+}
+
+/// A turn over a connection that is open already; none where all who have one wait for another.
+std::optional<SmbPool::Turn> SmbPool::AwaitOther(const SmbRequest& request) {
+    const QString name = ServerName(request);
+    std::unique_lock lock(mutex_);
+    ++servers_[name].doubtful;
+    changed_.notify_all();
+    WaitingPace pace;
+    std::optional<Turn> turn;
+    while (servers_[name].open > servers_[name].doubtful) {
+        if (auto idle = TakeIdle(name, request.share)) {
+            turn = ReadyTurn(std::move(*idle), Urgency::GoesFirst);
+            break;
+        }
+        if (!AwaitChange(lock, pace))
+            break;
+    }
+    --servers_[name].doubtful;
+    return turn;
+}
+
+int SmbPool::RunOn(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    const bool isWarm = turn.kind_ == Turn::Kind::Ready && turn.share_ == request.share;
+    const auto begin = Clock::now();
+    const int status = turn.worker_->Request(request, LimitOf(request.kind), part);
+    turn.share_ = request.share;
+    const std::scoped_lock lock(mutex_);
     // So short a limit says nothing of how long the server takes for its files.
-    else if (request.kind != SmbRequest::Kind::Workgroup && ++timeouts_[server] == MaxTimeouts)
-        Bury(server, status);
+    const bool isLong = request.kind != SmbRequest::Kind::Workgroup;
+    servers_.Note(turn.server_, status, isLong);
+    if (IsAnswer(status))
+        servers_[turn.server_].isProven = true;
+    if (isWarm && request.kind == SmbRequest::Kind::ListFolder && IsAnswer(status))
+        servers_.NoteAnswerTime(turn.server_, Clock::now() - begin);
     return status;
 }
 
@@ -106,31 +285,42 @@ SmbLimits::Time SmbPool::LimitOf(SmbRequest::Kind kind) const {
     return limits_.request;
 }
 
-void SmbPool::Bury(const QString& server, int status) {
-    timeouts_.remove(server);
-    const auto before = dead_.constFind(server);
-    const SmbLimits::Time span = before == dead_.cend()
-                                     ? limits_.deadFor
-                                     : std::min(2 * before->span, MaxDeadSpans * limits_.deadFor);
-    dead_.insert(server, {.status = status, .until = Clock::now() + span, .span = span});
-}
-
-std::unique_ptr<SmbWorker> SmbPool::NewWorker() const {
+/// Takes a helper that has spoken to nobody or starts one. Gives ECHILD if there is none to be had.
+int SmbPool::StartWorker(Turn& turn) {
+    if (!turn.hasHelper_) {
+        std::unique_lock lock(mutex_);
+        WaitingPace pace;
+        std::optional<Idle> idle;
+        while (!(idle = TakeIdle(QString(), QString())) && !MakeRoom(turn.urgency_)) {
+            if (!AwaitChange(lock, pace))
+                return ECANCELED;
+        }
+        if (idle) {
+            turn.worker_ = std::move(idle->worker);
+            return 0;
+        }
+        turn.hasHelper_ = true;
+    }
     auto worker = SmbWorker::Start(helper_);
-    return worker && worker->Greet(limits_.start) ? std::move(worker) : nullptr;
+    if (!worker || !worker->Greet(limits_.start))
+        return ECHILD;
+    turn.worker_ = std::move(worker);
+    return 0;
 }
 
-/// Tests the port before the library gets the server. The worker looks up the name: that can take
+/// Tests the port before the library gets the server. A helper looks up the name: that can take
 /// long, and can't be interrupted.
-int SmbPool::Reach(SmbWorker& worker, const SmbRequest& request) const {
+int SmbPool::Reach(Turn& turn, const SmbRequest& request) {
     std::vector<QString> addresses;
     if (IsNumeric(request.host)) {
         addresses.push_back(request.host);
     } else {
+        if (const int status = StartWorker(turn); status != 0)
+            return status;
         SmbRequest lookup = request;
         lookup.kind = SmbRequest::Kind::Resolve;
         lookup.logon.reset();
-        const int status = worker.Request(lookup, limits_.lookup, [&](SmbAnswer& part) {
+        const int status = turn.worker_->Request(lookup, limits_.lookup, [&](SmbAnswer& part) {
             const auto* found = std::get_if<SmbAddresses>(&part);
             if (!found)
                 return false;
@@ -144,39 +334,55 @@ int SmbPool::Reach(SmbWorker& worker, const SmbRequest& request) const {
     return SmbProbe(limits_).Run(addresses, request.port);
 }
 
-std::unique_ptr<SmbWorker> SmbPool::TakeIdle(const QString& server) {
-    // The one used last is the warmest.
-    while (true) {
-        const auto found = std::find_if(idle_.rbegin(), idle_.rend(),
-                                        [&](const Idle& one) { return one.server == server; });
-        if (found == idle_.rend())
-            return nullptr;
-        auto worker = std::move(found->worker);
-        idle_.erase(std::next(found).base());
-        if (worker->IsAlive())
-            return worker;
+/// The one used last is the warmest, and one at the same share needs no new connection.
+std::optional<SmbPool::Idle> SmbPool::TakeIdle(const QString& server, const QString& share) {
+    for (;;) {
+        auto best = idle_.end();
+        for (auto one = idle_.begin(); one != idle_.end(); ++one) {
+            if (one->server == server &&
+                (best == idle_.end() || one->share == share || best->share != share))
+                best = one;
+        }
+        if (best == idle_.end())
+            return std::nullopt;
+        if (!best->worker->IsAlive()) {
+            Drop(best);
+            continue;
+        }
+        Idle taken = std::move(*best);
+        idle_.erase(best);
+        return taken;
     }
 }
 
-void SmbPool::Keep(const QString& server, std::unique_ptr<SmbWorker> worker) {
-    if (!worker->IsAlive())
-        return;
-    const auto isOfServer = [&](const Idle& one) { return one.server == server; };
-    const auto ofServer = std::count_if(idle_.begin(), idle_.end(), isOfServer);
-    if (static_cast<std::size_t>(ofServer) >= limits_.maxIdlePerServer)
-        idle_.erase(std::find_if(idle_.begin(), idle_.end(), isOfServer));
-    else if (idle_.size() >= limits_.maxIdle)
-        idle_.erase(idle_.begin());
-    idle_.push_back({.server = server, .since = Clock::now(), .worker = std::move(worker)});
+/// Counts one more helper, for which one without work may have to go.
+bool SmbPool::MakeRoom(Urgency urgency) {
+    if (helpers_ >= limits_.maxHelpers && !idle_.empty() &&
+        (urgency == Urgency::GoesFirst || Clock::now() - idle_.front().since > Recent))
+        Drop(idle_.begin());
+    const std::size_t most = limits_.maxHelpers + (urgency == Urgency::GoesFirst ? 1 : 0);
+    if (helpers_ >= most)
+        return false;
+    ++helpers_;
+    return true;
+}
+
+void SmbPool::Drop(std::vector<Idle>::iterator idle) {
+    --helpers_;
+    if (!idle->server.isEmpty())
+        servers_.NoteClosed(idle->server);
+    idle_.erase(idle);
 }
 
 void SmbPool::DropOld() {
     const auto now = Clock::now();
-    std::erase_if(idle_, [&](const Idle& one) { return now - one.since > limits_.idle; });
-    dead_.removeIf([&](const auto& one) { return now > one->until + limits_.deadFor; });
+    while (!idle_.empty() && now - idle_.front().since > limits_.idle)
+        Drop(idle_.begin());
+    servers_.ForgetOld();
 }
 
 std::vector<pid_t> SmbPool::IdleProcesses() const {
+    const std::scoped_lock lock(mutex_);
     std::vector<pid_t> processes;
     for (const Idle& one : idle_)
         processes.push_back(one.worker->ProcessId());

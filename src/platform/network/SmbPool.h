@@ -2,19 +2,28 @@
 
 #include "platform/network/Logons.h"
 #include "platform/network/SmbLimits.h"
+#include "platform/network/SmbServers.h"
 #include "platform/network/SmbWorker.h"
+#include "platform/network/WaitingPace.h"
 
-#include <QHash>
 #include <QString>
 
 #include <chrono>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
+#include <optional>
 #include <vector>
 
 namespace netrove {
 
-/// The helper processes of the program. Each serves one server at a time and is kept for it while
-/// there is work; none is started before the first request. The destructor ends all of them.
+/// The helper processes of the program, one a connection. Each serves one server at a time and is
+/// kept for it while there is work; none is started before the first request. The destructor ends
+/// all of them. May be used by several threads at once.
+///
+/// The first connection to a server is proven alone: others are opened only when a request over it
+/// has been answered. Where the server then refuses one more, the request goes over the others,
+/// and their number is remembered.
 class SmbPool {
 public:
     /// The helper that belongs to this program: beside its executable, else in ../libexec/netrove.
@@ -23,11 +32,20 @@ public:
     /// Without `logons` all requests are sent as they are.
     explicit SmbPool(QString helper = DefaultHelper(), const SmbLimits& limits = {},
                      std::shared_ptr<Logons> logons = nullptr)
-        : helper_(std::move(helper)), limits_(limits), logons_(std::move(logons)) {}
+        : helper_(std::move(helper))
+        , limits_(limits)
+        , logons_(std::move(logons))
+        , servers_(limits) {}
+
+    /// A name for the server that a request goes to.
+    [[nodiscard]] static QString ServerName(const SmbRequest& request);
+
+    /// The right to put one request to a server now. Given back with its end.
+    class Turn;
 
     /// Puts a request to the server that it names. Gives 0 or an errno: the server's, or one that
     /// says why it can't be reached; ECANCELED where the wait was given up, which says nothing of
-    /// the server. Blocks, and calls WhileWaiting().
+    /// the server. Blocks, and calls WhileWaiting(). Goes before those who only try for a turn.
     ///
     /// A server that doesn't take connections, or takes them and doesn't speak SMB, costs one
     /// short limit and then nothing for a while, which is longer each time that it is tried in
@@ -37,6 +55,13 @@ public:
     /// tried again: EACCES.
     [[nodiscard]] int Run(const SmbRequest& request, const SmbWorker::Part& part);
 
+    /// The same with a turn that was taken for the request.
+    [[nodiscard]] int Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part);
+
+    /// A turn for a request if there can be one at once. So many requests wait for the server,
+    /// with this one: that decides whether a further connection pays.
+    [[nodiscard]] std::optional<Turn> TryTakeTurn(const SmbRequest& request, std::size_t waiting);
+
     /// The processes that wait for work.
     [[nodiscard]] std::vector<pid_t> IdleProcesses() const;
 
@@ -45,32 +70,75 @@ private:
 
     struct Idle {
         QString server; ///< empty for one that hasn't spoken to any
+        QString share;  ///< what it was asked for last; another one costs a new connection
         Clock::time_point since;
         std::unique_ptr<SmbWorker> worker;
     };
-    struct Dead {
-        int status;
-        Clock::time_point until;
-        SmbLimits::Time span; ///< grows each time that it is found dead right after its end
-    };
 
-    [[nodiscard]] int Send(const SmbRequest& request, const SmbWorker::Part& part);
-    [[nodiscard]] int RunOn(std::unique_ptr<SmbWorker> worker, const QString& server,
-                            const SmbRequest& request, const SmbWorker::Part& part);
-    [[nodiscard]] SmbLimits::Time LimitOf(SmbRequest::Kind kind) const;
-    [[nodiscard]] int Reach(SmbWorker& worker, const SmbRequest& request) const;
-    [[nodiscard]] std::unique_ptr<SmbWorker> TakeIdle(const QString& server);
-    [[nodiscard]] std::unique_ptr<SmbWorker> NewWorker() const;
-    void Bury(const QString& server, int status);
-    void Keep(const QString& server, std::unique_ptr<SmbWorker> worker);
+    enum class Urgency { MayWait, GoesFirst };
+
+    /// These are called under the lock.
+    [[nodiscard]] std::optional<Turn> TakeTurn(const SmbRequest& request, std::size_t waiting,
+                                               Urgency urgency);
+    [[nodiscard]] Turn ReadyTurn(Idle idle, Urgency urgency);
+    [[nodiscard]] std::optional<Idle> TakeIdle(const QString& server, const QString& share);
+    [[nodiscard]] bool MakeRoom(Urgency urgency);
+    void Drop(std::vector<Idle>::iterator idle);
     void DropOld();
 
-    QString helper_;
-    SmbLimits limits_;
-    std::shared_ptr<Logons> logons_;
-    std::vector<Idle> idle_;       ///< the longest idle first
-    QHash<QString, Dead> dead_;    ///< also those that may be tried again since a little while
-    QHash<QString, int> timeouts_; ///< in a row, of servers whose last request had one
+    [[nodiscard]] int Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
+    [[nodiscard]] int RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
+    [[nodiscard]] int RunFurther(Turn& turn, const SmbRequest& request,
+                                 const SmbWorker::Part& part);
+    [[nodiscard]] int RunOn(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
+    [[nodiscard]] int Reach(Turn& turn, const SmbRequest& request);
+    [[nodiscard]] int StartWorker(Turn& turn);
+    [[nodiscard]] SmbLimits::Time LimitOf(SmbRequest::Kind kind) const;
+    [[nodiscard]] std::optional<Turn> AwaitOther(const SmbRequest& request);
+    [[nodiscard]] std::optional<Turn> AwaitTurn(const SmbRequest& request);
+    [[nodiscard]] bool AwaitChange(std::unique_lock<std::mutex>& lock, WaitingPace& pace);
+    void GiveUp(Turn& turn, int status);
+    void GiveBack(Turn& turn);
+
+    const QString helper_;
+    const SmbLimits limits_;
+    const std::shared_ptr<Logons> logons_;
+    mutable std::mutex mutex_;
+    std::condition_variable changed_; ///< a turn has been given back
+    SmbServers servers_;
+    std::vector<Idle> idle_;  ///< the longest idle first
+    std::size_t helpers_ = 0; ///< processes, with those that are being started
+};
+
+class SmbPool::Turn {
+public:
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+    Turn(Turn&& other) noexcept { *this = std::move(other); }
+    Turn& operator=(Turn&& other) noexcept;
+    ~Turn();
+
+private:
+    friend class SmbPool;
+
+    enum class Kind {
+        None,    ///< the server is dead
+        First,   ///< to reach the server and prove that it answers
+        Further, ///< to open one more connection
+        Ready,   ///< over one that is open
+    };
+
+    Turn(SmbPool& pool, Kind kind, Urgency urgency, QString server)
+        : pool_(&pool), kind_(kind), urgency_(urgency), server_(std::move(server)) {}
+
+    SmbPool* pool_ = nullptr;
+    Kind kind_ = Kind::None;
+    Urgency urgency_ = Urgency::MayWait;
+    QString server_;
+    QString share_;
+    int status_ = 0;         ///< of Kind::None
+    bool hasHelper_ = false; ///< one is counted for it
+    std::unique_ptr<SmbWorker> worker_;
 };
 
 } // namespace netrove

@@ -1,5 +1,6 @@
 #include "platform/network/SmbProvider.h"
 
+#include "platform/network/FolderKeys.h"
 #include "platform/network/SmbErrors.h"
 
 #include <algorithm>
@@ -16,17 +17,8 @@ constexpr auto SharesLifetime = 5s;
 /// Where computers stand whose workgroup nobody has told.
 constexpr QLatin1String Unknown("WORKGROUP");
 
-/// Entries of one folder that a server may have, before it counts as one that never ends.
-constexpr std::size_t MaxFolderEntries = 2'000'000;
-constexpr std::size_t MaxShares = 10'000;
-
 /// Bytes of one request of a read: each has its own limit of time.
 constexpr quint32 ReadBytes = 4 * 1024 * 1024;
-
-/// How often one path may go through junctions of the same name. A junction that leads back above
-/// itself is met again below itself, without end.
-constexpr qsizetype MaxPasses = 2;
-constexpr qsizetype MaxJunctions = 10'000;
 
 bool SameName(const QString& left, const QString& right) {
     return left.compare(right, Qt::CaseInsensitive) == 0;
@@ -49,22 +41,6 @@ private:
     RecentListings::Listing listing_;
     std::size_t next_ = 0;
 };
-
-QString FolderKey(const UncPath& path, qsizetype elements) {
-    QString key = path.Server().toLower() + QLatin1Char('\\') + path.Share().toLower();
-    for (qsizetype at = 0; at < elements; ++at)
-        key += QLatin1Char('\\') + path.Elements()[at];
-    return key;
-}
-
-QString FolderKey(const UncPath& path) {
-    return FolderKey(path, path.Elements().size());
-}
-
-template <typename Item>
-void MoveItems(std::vector<Item>& from, std::vector<Item>& to) {
-    to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
-}
 
 } // namespace
 
@@ -115,15 +91,19 @@ std::vector<NetRecord> SmbProvider::Servers(const QString& workgroup) const {
     return records;
 }
 
+bool SmbProvider::HasShares(const QString& server) const {
+    return SameName(lastShares_.server, server) &&
+           std::chrono::steady_clock::now() <= lastShares_.until;
+}
+
 std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& server, qint32 type) {
-    const auto now = std::chrono::steady_clock::now();
-    if (!SameName(lastShares_.server, server) || now > lastShares_.until) {
-        auto shares = FetchShares(server);
-        if (!shares)
+    if (!HasShares(server)) {
+        SmbList list = Fetch(ServerKey(server), Request(SmbRequest::Kind::ListShares, server));
+        if (list.status != 0)
             return std::nullopt;
         lastShares_ = {.server = server,
                        .until = std::chrono::steady_clock::now() + SharesLifetime,
-                       .shares = std::move(*shares)};
+                       .shares = std::move(list.shares)};
     }
     const auto wanted = type == NetEnum::TypePrint ? SmbShare::Kind::Printer : SmbShare::Kind::Disk;
     std::vector<NetRecord> records;
@@ -135,23 +115,6 @@ std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& serve
                        share.comment, type));
     }
     return records;
-}
-
-/// The shares that are shown: those whose name ends in "$" are there for who types their path.
-std::optional<SmbShares> SmbProvider::FetchShares(const QString& server) {
-    SmbShares shares;
-    const auto take = [&](SmbAnswer& part) {
-        auto* some = std::get_if<SmbShares>(&part);
-        if (!some || shares.size() + some->size() > MaxShares)
-            return false;
-        std::erase_if(*some,
-                      [](const SmbShare& share) { return share.name.endsWith(QLatin1Char('$')); });
-        MoveItems(*some, shares);
-        return true;
-    };
-    if (pool_.Run(Request(SmbRequest::Kind::ListShares, server), take) != 0)
-        return std::nullopt;
-    return shares;
 }
 
 QString SmbProvider::WorkgroupOf(const SmbHost& host) const {
@@ -195,51 +158,95 @@ bool SmbProvider::CanEnter(const UncPath& path) {
 }
 
 RecentListings::Listing SmbProvider::Entries(const UncPath& path) {
-    if (path.Share().isEmpty() || IsInLoop(path))
-        return nullptr;
     const QString folder = FolderKey(path);
+    if (path.Share().isEmpty() || junctions_.IsInLoop(folder))
+        return nullptr;
     if (auto known = recent_.Find(folder))
         return known;
-    auto listing = FetchEntries(path);
-    if (listing) {
-        NoteJunctions(path, *listing);
-        recent_.Keep(folder, listing);
-    }
-    return listing;
-}
-
-RecentListings::Listing SmbProvider::FetchEntries(const UncPath& path) {
-    SmbEntries entries;
-    const auto take = [&](SmbAnswer& part) {
-        auto* some = std::get_if<SmbEntries>(&part);
-        if (!some || entries.size() + some->size() > MaxFolderEntries)
-            return false;
-        MoveItems(*some, entries);
-        return true;
-    };
-    if (pool_.Run(Request(SmbRequest::Kind::ListFolder, path), take) != 0)
+    const SmbList list = Fetch(folder, Request(SmbRequest::Kind::ListFolder, path));
+    if (list.status != 0)
         return nullptr;
-    return std::make_shared<const SmbEntries>(std::move(entries));
+    junctions_.Note(folder, *list.entries);
+    recent_.Keep(folder, list.entries);
+    return list.entries;
 }
 
-void SmbProvider::NoteJunctions(const UncPath& path, const SmbEntries& entries) {
-    constexpr quint32 junction = FileAttribute::Directory | FileAttribute::ReparsePoint;
-    for (const SmbEntry& entry : entries) {
-        if ((entry.attributes & junction) == junction && junctions_.size() < MaxJunctions)
-            junctions_.insert(FolderKey(path) + QLatin1Char('\\') + entry.name);
+SmbList SmbProvider::Fetch(const QString& key, const SmbRequest& request) {
+    if (ahead_)
+        return ahead_->Ask(key, request);
+    return FetchList(request, [this](const SmbRequest& asked, const SmbWorker::Part& part) {
+        return pool_.Run(asked, part);
+    });
+}
+
+void SmbProvider::BeginWalk(const std::shared_ptr<const WalkPlan>& plan) {
+    ahead_.reset();
+    plan_ = plan;
+    ahead_ = std::make_unique<SmbAhead>(pool_, plan, recent_.All());
+}
+
+void SmbProvider::Expect(const std::vector<WalkPlace>& places) {
+    if (!ahead_)
+        return;
+    std::vector<WalkOrder::Start> starts;
+    for (const WalkPlace& place : places) {
+        const auto path = UncPath::Parse(place.remoteName);
+        if (!path)
+            continue;
+        if (place.kind == WalkPlace::Kind::Folder)
+            AddStart(*path, place.remoteName.size(), starts);
+        else if (path->Share().isEmpty())
+            AddComputer(place, *path, starts);
+    }
+    ahead_->Expect(starts);
+}
+
+/// The list of shares, which tells whether the computer lets anybody in, before the shares that
+/// are walked without being in it.
+void SmbProvider::AddComputer(const WalkPlace& computer, const UncPath& path,
+                              std::vector<WalkOrder::Start>& starts) const {
+    const SmbRequest request = Request(SmbRequest::Kind::ListShares, path.Server());
+    if (!computer.isListed && !HasShares(path.Server()))
+        starts.push_back({.request = request,
+                          .server = SmbPool::ServerName(request),
+                          .key = FolderKey(path),
+                          .path = computer.remoteName});
+    for (const QString& share : plan_->AdminShares()) {
+        const QString folder = computer.remoteName + QLatin1Char('\\') + share;
+        const auto folderPath = UncPath::Parse(folder);
+        if (folderPath &&
+            plan_->EntersFolder(folder + QLatin1Char('\\'), computer.remoteName.size(), 0))
+            AddStart(*folderPath, computer.remoteName.size(), starts);
     }
 }
 
-bool SmbProvider::IsInLoop(const UncPath& path) const {
-    if (junctions_.isEmpty())
-        return false;
-    QHash<QString, qsizetype> passes;
-    for (qsizetype depth = 1; depth <= path.Elements().size(); ++depth) {
-        if (junctions_.contains(FolderKey(path, depth)) &&
-            ++passes[path.Elements()[depth - 1]] > MaxPasses)
-            return true;
-    }
-    return false;
+void SmbProvider::AddStart(const UncPath& path, qsizetype nodeLength,
+                           std::vector<WalkOrder::Start>& starts) const {
+    if (path.Share().isEmpty())
+        return;
+    const SmbRequest request = Request(SmbRequest::Kind::ListFolder, path);
+    starts.push_back({.request = request,
+                      .server = SmbPool::ServerName(request),
+                      .key = FolderKey(path),
+                      .path = path.Text() + QLatin1Char('\\'),
+                      .nodeLength = nodeLength});
+}
+
+void SmbProvider::Leave(const QString& remoteName) {
+    const auto path = UncPath::Parse(remoteName);
+    if (ahead_ && path)
+        ahead_->Leave(FolderKey(*path));
+}
+
+void SmbProvider::EndWalk() {
+    ahead_.reset();
+}
+
+QStringList SmbProvider::Computers(const QString& workgroup) const {
+    QStringList names;
+    for (const NetRecord& record : Servers(workgroup))
+        names += record.lpRemoteName;
+    return names;
 }
 
 FileInfo SmbProvider::Info(const UncPath& path) {

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "platform/network/Junctions.h"
 #include "platform/network/NetworkProvider.h"
 #include "platform/network/RecentListings.h"
+#include "platform/network/SmbAhead.h"
 #include "platform/network/SmbErrors.h"
 #include "platform/network/SmbHost.h"
 #include "platform/network/SmbPool.h"
 
 #include <QHash>
-#include <QSet>
 
 #include <chrono>
 #include <vector>
@@ -44,6 +45,12 @@ public:
     [[nodiscard]] std::optional<QString> LocalPath(const UncPath& path) override;
     [[nodiscard]] std::optional<SmbRequest> ReadRequest(const UncPath& path) const override;
 
+    [[nodiscard]] QStringList Computers(const QString& workgroup) const override;
+    void BeginWalk(const std::shared_ptr<const WalkPlan>& plan) override;
+    void Expect(const std::vector<WalkPlace>& places) override;
+    void Leave(const QString& remoteName) override;
+    void EndWalk() override;
+
     [[nodiscard]] const SmbPool& Pool() const { return pool_; }
 
 private:
@@ -60,11 +67,13 @@ private:
     [[nodiscard]] std::vector<NetRecord> Servers(const QString& workgroup) const;
     [[nodiscard]] std::optional<std::vector<NetRecord>> SharesOf(const QString& server,
                                                                  qint32 type);
-    [[nodiscard]] std::optional<SmbShares> FetchShares(const QString& server);
+    [[nodiscard]] bool HasShares(const QString& server) const;
     [[nodiscard]] RecentListings::Listing Entries(const UncPath& path);
-    [[nodiscard]] RecentListings::Listing FetchEntries(const UncPath& path);
-    void NoteJunctions(const UncPath& path, const SmbEntries& entries);
-    [[nodiscard]] bool IsInLoop(const UncPath& path) const;
+    [[nodiscard]] SmbList Fetch(const QString& key, const SmbRequest& request);
+    void AddComputer(const WalkPlace& computer, const UncPath& path,
+                     std::vector<WalkOrder::Start>& starts) const;
+    void AddStart(const UncPath& path, qsizetype nodeLength,
+                  std::vector<WalkOrder::Start>& starts) const;
     [[nodiscard]] SmbEntry FetchInfo(const UncPath& path);
 
     [[nodiscard]] const SmbHost* Host(const QString& server) const;
@@ -76,7 +85,9 @@ private:
     SmbPool pool_;
     RecentListings recent_;
     Shares lastShares_;
-    QSet<QString> junctions_; ///< paths of folders that lead elsewhere
+    Junctions junctions_;
+    std::shared_ptr<const WalkPlan> plan_;
+    std::unique_ptr<SmbAhead> ahead_; ///< as long as there is a walk
 };
 
 } // namespace netrove

@@ -90,7 +90,8 @@ bool SmbWorker::IsAlive() {
 bool SmbWorker::Greet(Time limit) {
     unsent_ = Frames::Framed(EncodeQuestion(SmbHello()));
     SmbAnswer answer;
-    if (Receive(answer, limit) != 0)
+    WaitingPoll waiting(limit);
+    if (Receive(answer, waiting) != 0)
         return false;
     const auto* hello = std::get_if<SmbHello>(&answer);
     if (hello && hello->version == SmbHello::Version)
@@ -103,10 +104,12 @@ int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part) 
     QByteArray payload = EncodeQuestion(request);
     unsent_ = Frames::Framed(payload); // what was asked before is answered, and so it is sent
     Wipe(payload);
+    WaitingPoll waiting(limit);
     for (;;) {
         SmbAnswer answer;
-        if (const int status = Receive(answer, limit); status != 0)
+        if (const int status = Receive(answer, waiting); status != 0)
             return status;
+        waiting.Restart(limit);
         if (const auto* end = std::get_if<SmbEnd>(&answer))
             return end->status < 0 ? Fail(EPROTO) : end->status;
         if (const auto* fetched = std::get_if<SmbFetched>(&answer))
@@ -118,10 +121,9 @@ int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part) 
 }
 
 /// The next message. Ends the process if there is none.
-int SmbWorker::Receive(SmbAnswer& answer, Time limit) {
+int SmbWorker::Receive(SmbAnswer& answer, WaitingPoll& waiting) {
     if (process_ < 0)
         return ECONNABORTED;
-    WaitingPoll waiting(limit);
     for (;;) {
         if (const auto payload = frames_.Take()) {
             std::optional<SmbAnswer> message = DecodeAnswer(*payload);

@@ -14,6 +14,8 @@
 
 namespace netrove {
 
+class WaitingPoll;
+
 /// One helper process, which speaks SMB for the program over a socket. Its calls can't be
 /// interrupted: it is ended instead.
 class SmbWorker {
@@ -47,8 +49,7 @@ private:
     SmbWorker(pid_t process, int socket, std::unique_ptr<SmbMemory> memory)
         : process_(process), socket_(socket), memory_(std::move(memory)) {}
 
-    [[nodiscard]] int Receive(SmbAnswer& answer, Time limit);
-    [[nodiscard]] int Transfer(Time wait);
+    [[nodiscard]] int Receive(SmbAnswer& answer, WaitingPoll& waiting);
     [[nodiscard]] int Write();
     [[nodiscard]] int Read();
     int Fail(int status);

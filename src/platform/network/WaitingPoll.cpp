@@ -1,24 +1,18 @@
 #include "platform/network/WaitingPoll.h"
 
-#include "runtime/Yield.h"
-
 #include <cerrno>
 
 namespace netrove {
 
 WaitingPoll::End WaitingPoll::Wait(std::span<pollfd> descriptors) {
     for (;;) {
-        const int ready =
-            poll(descriptors.data(), descriptors.size(), static_cast<int>(Step.count()));
-        const auto now = Clock::now();
-        if (now >= nextPass_) {
-            if (!WhileWaiting())
-                return End::Abandoned;
-            nextPass_ = Clock::now() + Step;
-        }
+        const int ready = poll(descriptors.data(), descriptors.size(),
+                               static_cast<int>(WaitingPace::Step.count()));
+        if (!pace_.Pass())
+            return End::Abandoned;
         if (ready > 0)
             return End::Ready;
-        if (now >= end_)
+        if (Clock::now() >= end_)
             return End::TimeIsUp;
     }
 }

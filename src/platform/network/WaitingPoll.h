@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/network/WaitingPace.h"
+
 #include <chrono>
 #include <span>
 
@@ -21,6 +23,9 @@ public:
         Abandoned, ///< WhileWaiting() says so
     };
 
+    /// From now on there is the limit again.
+    void Restart(std::chrono::milliseconds limit) { end_ = Clock::now() + limit; }
+
     [[nodiscard]] End Wait(std::span<pollfd> descriptors);
 
     /// The errno that a wait without a ready descriptor stands for.
@@ -28,9 +33,7 @@ public:
 
 private:
     Clock::time_point end_;
-    Clock::time_point nextPass_ = Clock::now() + Step;
-
-    static constexpr std::chrono::milliseconds Step{20};
+    WaitingPace pace_;
 };
 
 } // namespace netrove

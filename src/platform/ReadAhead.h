@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace netrove {
+
+/// What a walk over the network goes into: a snapshot, the same for the whole walk. Asked from any
+/// thread.
+class WalkPlan {
+public:
+    WalkPlan() = default;
+    WalkPlan(const WalkPlan&) = delete;
+    WalkPlan& operator=(const WalkPlan&) = delete;
+    virtual ~WalkPlan() = default;
+
+    [[nodiscard]] virtual bool EntersWorkgroup(const QString& name) const = 0;
+    /// By its remote name, \\SERVER.
+    [[nodiscard]] virtual bool EntersComputer(const QString& remoteName) const = 0;
+    /// By its remote name, \\SERVER\SHARE.
+    [[nodiscard]] virtual bool EntersShare(const QString& remoteName) const = 0;
+    /// `folderPath` has its closing "\"; its first `nodeLength` characters are the remote name of
+    /// the node below which it lies, and it is `depth` levels below the folder where the walk
+    /// through folders begins.
+    [[nodiscard]] virtual bool EntersFolder(const QString& folderPath, qsizetype nodeLength,
+                                            int depth) const = 0;
+    /// The names of the shares that are walked in each computer, before those of its list.
+    [[nodiscard]] virtual QStringList AdminShares() const = 0;
+};
+
+/// A node of the network that a walk will come to.
+struct WalkPlace {
+    enum class Kind {
+        Computer, ///< the walk asks for its list of shares
+        Folder,   ///< a share or a folder below one: the walk lists it
+    };
+
+    Kind kind = Kind::Folder;
+    QString remoteName = {};
+    QString provider = {};
+    /// Of a computer: its shares have been listed, the walk doesn't ask again.
+    bool isListed = false;
+};
+
+/// Fetches what a walk will ask for before it does. That changes when a request is sent, never
+/// which one: nothing is asked that the walk wouldn't, and what has been asked isn't asked again.
+class ReadAhead {
+public:
+    ReadAhead() = default;
+    ReadAhead(const ReadAhead&) = delete;
+    ReadAhead& operator=(const ReadAhead&) = delete;
+    virtual ~ReadAhead() = default;
+
+    /// A walk begins.
+    virtual void BeginWalk(std::shared_ptr<const WalkPlan> plan) = 0;
+    /// It comes to these next, in this order, and then to what was expected before. Places that are
+    /// expected already stay where they are.
+    virtual void Expect(const std::vector<WalkPlace>& places) = 0;
+    /// It won't come to this place and what lies below it (any more).
+    virtual void Leave(const QString& remoteName) = 0;
+    /// It has ended: what is under way is dropped, and what has come is forgotten.
+    virtual void EndWalk() = 0;
+};
+
+} // namespace netrove

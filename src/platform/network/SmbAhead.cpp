@@ -1,0 +1,152 @@
+#include "platform/network/SmbAhead.h"
+
+#include "platform/network/WaitingPace.h"
+#include "runtime/Yield.h"
+
+#include <cerrno>
+#include <system_error>
+
+namespace netrove {
+namespace {
+
+/// More than helpers, as a test whether a computer is there needs none.
+constexpr std::size_t MaxThreads = 64;
+
+/// Bytes that may be on their way into memory; a listing beyond that is left to the walk.
+constexpr qint64 MaxArriving = 60'000'000;
+
+} // namespace
+
+SmbAhead::~SmbAhead() {
+    {
+        const std::scoped_lock lock(mutex_);
+        hasEnded_ = true;
+        tasks_.clear();
+    }
+    work_.notify_all();
+    for (std::thread& thread : threads_)
+        thread.join();
+}
+
+void SmbAhead::Expect(const std::vector<WalkOrder::Start>& starts) {
+    const std::scoped_lock lock(mutex_);
+    order_.Expect(starts);
+    Dispatch();
+}
+
+void SmbAhead::Leave(const QString& key) {
+    const std::scoped_lock lock(mutex_);
+    order_.Forget(key);
+    Dispatch();
+}
+
+SmbList SmbAhead::Ask(const QString& key, const SmbRequest& request) {
+    std::unique_lock lock(mutex_);
+    const WalkOrder::State state = Await(key, lock);
+    if (state == WalkOrder::State::Asked)
+        return {.status = ECANCELED};
+    if (state == WalkOrder::State::Answered) {
+        SmbList list = order_.Take(key);
+        Dispatch();
+        return list;
+    }
+    // Without a thread between, as it is waited for.
+    const bool isExpected = state == WalkOrder::State::Waiting;
+    const quint64 id = isExpected ? order_.Ask(key) : 0;
+    Dispatch();
+    lock.unlock();
+    SmbList list = FetchHere(request);
+    lock.lock();
+    if (!isExpected)
+        return list;
+    if (list.status == ECANCELED) {
+        order_.Drop(id);
+        return list;
+    }
+    order_.Answer(id, list);
+    static_cast<void>(order_.Take(key));
+    Dispatch();
+    return list;
+}
+
+/// How far the place is, once it isn't under way any more; it is still if the wait is given up.
+WalkOrder::State SmbAhead::Await(const QString& key, std::unique_lock<std::mutex>& lock) {
+    WaitingPace pace;
+    WalkOrder::State state = order_.Reach(key);
+    for (bool goesOn = true; state == WalkOrder::State::Asked && goesOn;) {
+        arrived_.wait_until(lock, pace.Next());
+        lock.unlock();
+        goesOn = pace.Pass();
+        lock.lock();
+        state = order_.Reach(key);
+    }
+    return state;
+}
+
+SmbList SmbAhead::FetchHere(const SmbRequest& request) {
+    return FetchList(request, [this](const SmbRequest& asked, const SmbWorker::Part& part) {
+        return pool_.Run(asked, part);
+    });
+}
+
+SmbList SmbAhead::Fetch(Task task) {
+    const auto run = [&](const SmbRequest& asked, const SmbWorker::Part& part) {
+        return pool_.Run(std::move(task.turn), asked, part);
+    };
+    return FetchList(task.question.request, run, arriving_, MaxArriving);
+}
+
+void SmbAhead::Work() {
+    SetWaitingPass([this] { return !hasEnded_; });
+    std::unique_lock lock(mutex_);
+    for (;;) {
+        work_.wait(lock, [this] { return hasEnded_ || !tasks_.empty(); });
+        if (hasEnded_)
+            return;
+        Task task = std::move(tasks_.front());
+        tasks_.pop_front();
+        const quint64 id = task.question.id;
+        lock.unlock();
+        SmbList list = Fetch(std::move(task));
+        lock.lock();
+        --busy_;
+        if (list.status == ECANCELED || list.status == ENOBUFS)
+            order_.Drop(id);
+        else
+            order_.Answer(id, std::move(list));
+        Dispatch();
+        arrived_.notify_all();
+    }
+}
+
+/// Gives threads what may be asked now.
+void SmbAhead::Dispatch() {
+    while (!hasEnded_ && HasFreeThread()) {
+        std::optional<SmbPool::Turn> turn;
+        const auto grant = [&](const SmbRequest& request, std::size_t waiting) {
+            turn = pool_.TryTakeTurn(request, waiting);
+            return turn.has_value();
+        };
+        auto question = order_.Next(grant);
+        if (!question)
+            return;
+        tasks_.push_back({.question = std::move(*question), .turn = std::move(*turn)});
+        ++busy_;
+        work_.notify_one();
+    }
+}
+
+bool SmbAhead::HasFreeThread() {
+    if (busy_ < threads_.size())
+        return true;
+    if (threads_.size() == MaxThreads)
+        return false;
+    try {
+        threads_.emplace_back([this] { Work(); });
+        return true;
+    } catch (const std::system_error&) {
+        return false; // the walk does without
+    }
+}
+
+} // namespace netrove

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/network/SmbLimits.h"
+
+#include <QHash>
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+namespace netrove {
+
+/// What is known of each server: whether it is dead, how many connections it has and takes, how
+/// long its answers take. Servers are named by a text. Used under its owner's lock.
+class SmbServers {
+public:
+    using Clock = std::chrono::steady_clock;
+    using Time = SmbLimits::Time;
+
+    struct Server {
+        bool isProven = false;     ///< somebody has answered there, over a connection that is kept
+        std::size_t open = 0;      ///< connections, with those that are being made
+        std::size_t refusedAt = 0; ///< as many are one too many; 0: not known
+        Clock::time_point refused; ///< when that was seen
+        int urgent = 0;            ///< calls that wait for a connection and go first
+        std::size_t doubtful = 0;  ///< new connections whose first request waits for another one
+        double answer = 0;         ///< milliseconds that a folder takes, of late
+        int timeouts = 0;          ///< requests in a row without an answer
+    };
+
+    explicit SmbServers(const SmbLimits& limits,
+                        std::function<Clock::time_point()> now = &Clock::now)
+        : limits_(limits), now_(std::move(now)) {}
+
+    [[nodiscard]] Server& operator[](const QString& name) { return servers_[name]; }
+
+    /// The errno that a dead server's requests get at once; 0 for one that may be tried.
+    [[nodiscard]] int DeadStatus(const QString& name) const;
+
+    /// Notes that a server can't be reached: it is left alone for a while, which is longer each
+    /// time that it is found dead right after its end.
+    void Bury(const QString& name, int status);
+
+    /// Notes how a request over a connection has ended. One that stops answering is dead, too.
+    void Note(const QString& name, int status, bool isLong);
+
+    /// Whether the server may get one more connection while so many requests wait for it. What
+    /// one costs must be less than the time that it saves.
+    [[nodiscard]] bool TakesMore(const QString& name, std::size_t waiting);
+
+    /// Notes that the server hasn't taken the connection that was opened last.
+    void NoteRefused(const QString& name);
+
+    /// Notes that a connection has been closed or hasn't come about.
+    void NoteClosed(const QString& name);
+
+    void NoteAnswerTime(const QString& name, Clock::duration time);
+
+    void ForgetOld();
+
+private:
+    struct Dead {
+        int status;
+        Clock::time_point until;
+        Time span;
+    };
+
+    SmbLimits limits_;
+    std::function<Clock::time_point()> now_;
+    QHash<QString, Server> servers_;
+    QHash<QString, Dead> dead_; ///< also those that may be tried again since a little while
+};
+
+} // namespace netrove

@@ -1,0 +1,289 @@
+#include "platform/network/WalkOrder.h"
+
+#include "platform/Files.h"
+#include "platform/network/FolderKeys.h"
+
+#include <algorithm>
+
+namespace netrove {
+namespace {
+
+/// Places that are expected at a time. A network has fewer; who lists more is walked all the same.
+constexpr std::size_t MaxExpected = 2000;
+/// Shares of one computer that are read ahead.
+constexpr std::size_t MaxSharesAhead = 500;
+/// Longest remote name that a node of the tree holds, in characters.
+constexpr qsizetype MaxRemoteName = 255;
+
+bool CanStandInPath(const QString& name) {
+    return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
+           !name.contains(QLatin1Char('\\')) && !name.contains(QLatin1Char('/')) &&
+           !name.contains(QChar::Null);
+}
+
+bool IsFolder(const SmbEntry& entry) {
+    return (entry.attributes & FileAttribute::Directory) != 0;
+}
+
+} // namespace
+
+void WalkOrder::Expect(const std::vector<Start>& starts) {
+    const auto before = steps_.begin();
+    for (const Start& start : starts) {
+        if (!places_.contains(start.key) && places_.size() < static_cast<qsizetype>(MaxExpected))
+            Insert(before, {.start = start});
+    }
+}
+
+WalkOrder::Steps::iterator WalkOrder::Insert(Steps::iterator before, Step step) {
+    Count(step, 1);
+    const auto place = steps_.insert(before, std::move(step));
+    const QString& key = place->start.key;
+    places_.insert(key, place);
+    if (const auto known = known_.constFind(key); known != known_.cend()) {
+        place->isDropped = true;
+        AddSubfolders(place, *known);
+    }
+    return place;
+}
+
+void WalkOrder::Erase(Steps::iterator step) {
+    if (step->kind == Step::Kind::Subfolders) {
+        subfolders_.remove(step->start.key);
+        Count(*step, -step->left);
+    } else {
+        places_.remove(step->start.key);
+        if (step->state == State::Waiting)
+            Count(*step, -1);
+        if (step->state == State::Answered) {
+            --unused_;
+            unusedBytes_ -= step->bytes;
+        }
+    }
+    steps_.erase(step);
+}
+
+void WalkOrder::Forget(const QString& key) {
+    const QString below = KeyBelow(key, QString());
+    for (auto step = steps_.begin(); step != steps_.end();) {
+        const auto next = std::next(step);
+        if (step->start.key == key || step->start.key.startsWith(below))
+            Erase(step);
+        step = next;
+    }
+}
+
+bool WalkOrder::IsNear(const Step& step) const {
+    return step.start.server == steps_.front().start.server;
+}
+
+bool WalkOrder::IsFull(bool isNear) const {
+    const std::size_t parts = isNear ? 1 : 2;
+    return unused_ >= limits_.answers / parts ||
+           unusedBytes_ >= limits_.bytes / static_cast<qint64>(parts);
+}
+
+std::optional<WalkOrder::Question> WalkOrder::Next(const Grant& grant) {
+    QString busy; // a server that takes no more for now
+    for (auto following = steps_.begin(); following != steps_.end();) {
+        const auto step = following++;
+        const bool isNear = IsNear(*step);
+        if (IsFull(isNear))
+            return std::nullopt;
+        if (step->start.server == busy || !HasQuestion(step, isNear))
+            continue;
+        if (known_.contains(KeyOf(*step))) {
+            static_cast<void>(PlaceOf(step)); // no question, but what lies below may be one
+            following = steps_.begin();
+            continue;
+        }
+        const QString& server = step->start.server;
+        if (!grant(RequestOf(*step), static_cast<std::size_t>(waiting_.value(server)))) {
+            busy = server;
+            continue;
+        }
+        const auto place = PlaceOf(step);
+        return Question{.id = MarkAsked(*place), .request = place->start.request};
+    }
+    return std::nullopt;
+}
+
+/// Whether a step has something that may be asked ahead: deep in a computer, only when the walk is
+/// there. Subfolders that have come to their end go.
+bool WalkOrder::HasQuestion(Steps::iterator step, bool isNear) {
+    if (step->kind == Step::Kind::Place)
+        return step->state == State::Waiting && !step->isDropped;
+    if (!isNear)
+        return false;
+    const SmbEntries& entries = *step->list.entries;
+    for (; step->next < entries.size(); Advance(*step)) {
+        if (IsEntered(*step, entries[step->next]))
+            return true;
+    }
+    Erase(step);
+    return false;
+}
+
+SmbRequest WalkOrder::RequestOf(const Step& step) const {
+    if (step.kind == Step::Kind::Place)
+        return step.start.request;
+    return Subfolder(step, (*step.list.entries)[step.next].name).start.request;
+}
+
+QString WalkOrder::KeyOf(const Step& step) const {
+    return step.kind == Step::Kind::Place
+               ? step.start.key
+               : KeyBelow(step.start.key, (*step.list.entries)[step.next].name);
+}
+
+/// The place itself, or the next subfolder, which becomes a place of its own.
+WalkOrder::Steps::iterator WalkOrder::PlaceOf(Steps::iterator step) {
+    if (step->kind == Step::Kind::Place)
+        return step;
+    Step place = Subfolder(*step, (*step->list.entries)[step->next].name);
+    Advance(*step);
+    return Insert(step, std::move(place));
+}
+
+void WalkOrder::Advance(Step& step) {
+    if (IsFolder((*step.list.entries)[step.next])) {
+        --step.left;
+        Count(step, -1);
+    }
+    ++step.next;
+}
+
+quint64 WalkOrder::MarkAsked(Step& place) {
+    place.state = State::Asked;
+    place.id = ++lastId_;
+    Count(place, -1);
+    return place.id;
+}
+
+bool WalkOrder::IsEntered(const Step& step, const SmbEntry& entry) const {
+    if ((entry.attributes & FileAttribute::Directory) == 0 || !CanStandInPath(entry.name))
+        return false;
+    const QString key = KeyBelow(step.start.key, entry.name);
+    return !places_.contains(key) && !junctions_.IsInLoop(key) &&
+           plan_->EntersFolder(step.start.path + entry.name + QLatin1Char('\\'),
+                               step.start.nodeLength, step.depth);
+}
+
+WalkOrder::Step WalkOrder::Subfolder(const Step& step, const QString& name) const {
+    Step subfolder{.start = step.start, .depth = step.depth};
+    SmbRequest& request = subfolder.start.request;
+    request.path = request.path.isEmpty() ? name : request.path + QLatin1Char('/') + name;
+    subfolder.start.key = KeyBelow(step.start.key, name);
+    subfolder.start.path += name + QLatin1Char('\\');
+    return subfolder;
+}
+
+WalkOrder::Steps::iterator WalkOrder::FindId(quint64 id) {
+    return std::find_if(steps_.begin(), steps_.end(),
+                        [&](const Step& step) { return step.id == id; });
+}
+
+void WalkOrder::Answer(quint64 id, SmbList answer) {
+    const auto step = FindId(id);
+    if (step == steps_.end())
+        return;
+    step->state = State::Answered;
+    step->list = std::move(answer);
+    step->bytes = MemoryOf(*step->list.entries);
+    ++unused_;
+    unusedBytes_ += step->bytes;
+    if (step->list.status != 0)
+        return;
+    if (step->start.request.kind == SmbRequest::Kind::ListShares)
+        AddShares(step);
+    else
+        AddSubfolders(step, step->list.entries);
+}
+
+void WalkOrder::Drop(quint64 id) {
+    const auto step = FindId(id);
+    if (step == steps_.end())
+        return;
+    step->state = State::Waiting;
+    step->isDropped = true;
+    Count(*step, 1);
+}
+
+/// The shares of the list come after whatever else is known of the computer.
+void WalkOrder::AddShares(Steps::iterator computer) {
+    const auto before = std::find_if(computer, steps_.end(), [&](const Step& step) {
+        return step.start.server != computer->start.server;
+    });
+    std::size_t added = 0;
+    for (const SmbShare& share : computer->list.shares) {
+        const QString remoteName = KeyBelow(computer->start.path, share.name);
+        const QString key = KeyBelow(computer->start.key, share.name.toLower());
+        if (share.kind != SmbShare::Kind::Disk || remoteName.size() > MaxRemoteName ||
+            !CanStandInPath(share.name) || places_.contains(key) || !plan_->EntersShare(remoteName))
+            continue;
+        Step step{.start = {.request = computer->start.request,
+                            .server = computer->start.server,
+                            .key = key,
+                            .path = KeyBelow(remoteName, QString()),
+                            .nodeLength = remoteName.size()}};
+        step.start.request.kind = SmbRequest::Kind::ListFolder;
+        step.start.request.share = share.name;
+        Insert(before, std::move(step));
+        if (++added == MaxSharesAhead)
+            return;
+    }
+}
+
+void WalkOrder::AddSubfolders(Steps::iterator folder, const RecentListings::Listing& listing) {
+    const QString& key = folder->start.key;
+    junctions_.Note(key, *listing);
+    const auto folders = std::count_if(listing->begin(), listing->end(), IsFolder);
+    if (folders == 0 || subfolders_.contains(key))
+        return;
+    Step step{.kind = Step::Kind::Subfolders,
+              .start = folder->start,
+              .depth = folder->depth + 1,
+              .list = {.entries = listing},
+              .left = folders};
+    Count(step, folders);
+    subfolders_.insert(key, steps_.insert(std::next(folder), std::move(step)));
+}
+
+WalkOrder::State WalkOrder::Reach(const QString& key) {
+    if (!places_.contains(key))
+        PassTo(key);
+    const auto place = places_.constFind(key);
+    return place == places_.cend() ? State::Unknown : (*place)->state;
+}
+
+/// The walk enters a folder whose turn hadn't come: it takes its place before those that follow.
+void WalkOrder::PassTo(const QString& key) {
+    const qsizetype end = key.lastIndexOf(QLatin1Char('\\'));
+    const auto found = subfolders_.constFind(key.left(std::max<qsizetype>(end, 0)));
+    if (found == subfolders_.cend())
+        return;
+    const auto step = *found;
+    const QString name = key.sliced(end + 1);
+    const SmbEntries& entries = *step->list.entries;
+    const auto first = entries.begin() + static_cast<std::ptrdiff_t>(step->next);
+    const auto entry =
+        std::find_if(first, entries.end(), [&](const SmbEntry& one) { return one.name == name; });
+    if (entry == entries.end())
+        return;
+    for (auto passed = first; passed <= entry; ++passed)
+        Advance(*step);
+    Insert(step, Subfolder(*step, name));
+}
+
+quint64 WalkOrder::Ask(const QString& key) {
+    return MarkAsked(*places_.value(key));
+}
+
+SmbList WalkOrder::Take(const QString& key) {
+    const auto step = places_.value(key);
+    SmbList list = step->list;
+    Erase(step);
+    return list;
+}
+
+} // namespace netrove

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "platform/ReadAhead.h"
+#include "platform/network/Junctions.h"
+#include "platform/network/SmbLists.h"
+#include "smb/SmbMessages.h"
+
+#include <QHash>
+#include <QString>
+
+#include <functional>
+#include <list>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace netrove {
+
+/// What a walk will ask for, in the order in which it does: depth first, as the listings have it.
+/// It tells what is to be asked next, keeps what has been answered until the walk comes to it, and
+/// grows with each answer. Places have names by FolderKeys.h. Used under its owner's lock.
+class WalkOrder {
+public:
+    /// What may wait unused before nothing more is asked for. Of it, half is for the computer that
+    /// the walk is at.
+    struct Limits {
+        std::size_t answers = 1000;
+        qint64 bytes = 40'000'000; ///< as MemoryOf counts
+    };
+
+    /// A place to begin at.
+    struct Start {
+        SmbRequest request; ///< ListShares or ListFolder
+        QString server;     ///< a name for the server that it goes to
+        QString key;
+        QString path; ///< a computer's remote name, or a folder's path with its closing "\"
+        qsizetype nodeLength = 0; ///< as WalkPlan::EntersFolder has it
+    };
+
+    struct Question {
+        quint64 id = 0;
+        SmbRequest request = {};
+    };
+
+    /// Whether a request may be sent now; so many wait for its server, with this one.
+    using Grant = std::function<bool(const SmbRequest& request, std::size_t waiting)>;
+
+    /// Listings of folders that the walk has already.
+    using Known = QHash<QString, RecentListings::Listing>;
+
+    explicit WalkOrder(std::shared_ptr<const WalkPlan> plan, Known known = {})
+        : WalkOrder(std::move(plan), std::move(known), Limits()) {}
+    WalkOrder(std::shared_ptr<const WalkPlan> plan, Known known, const Limits& limits)
+        : plan_(std::move(plan)), known_(std::move(known)), limits_(limits) {}
+
+    /// Puts places before all others.
+    void Expect(const std::vector<Start>& starts);
+
+    /// Takes out a place and all that lies below.
+    void Forget(const QString& key);
+
+    /// The nearest question that isn't asked yet and may be.
+    [[nodiscard]] std::optional<Question> Next(const Grant& grant);
+
+    /// The answer to a question. What lies in it comes right after it.
+    void Answer(quint64 id, SmbList answer);
+    /// The question has come to nothing: the walk will ask itself.
+    void Drop(quint64 id);
+
+    enum class State {
+        Unknown, ///< nobody expects the walk there
+        Waiting, ///< isn't asked yet
+        Asked,
+        Answered,
+    };
+    /// How far the place is to which the walk has come. Those before it in the same folder are
+    /// passed over.
+    [[nodiscard]] State Reach(const QString& key);
+    /// The walk asks itself; gives the question's number. The place must wait.
+    [[nodiscard]] quint64 Ask(const QString& key);
+    /// Gives out what was answered, and forgets it. The place must have an answer.
+    [[nodiscard]] SmbList Take(const QString& key);
+
+private:
+    /// A place, or what is left of a folder's subfolders.
+    struct Step {
+        enum class Kind { Place, Subfolders };
+
+        Kind kind = Kind::Place;
+        State state = State::Waiting;
+        bool isDropped = false; ///< only the walk itself asks
+        quint64 id = 0;
+        Start start;
+        int depth = 0;
+        SmbList list = {};
+        qint64 bytes = 0;     ///< that its entries take
+        std::size_t next = 0; ///< of the entries whose turn hasn't come
+        qsizetype left = 0;   ///< folders among those
+    };
+    using Steps = std::list<Step>;
+
+    Steps::iterator Insert(Steps::iterator before, Step step);
+    void Erase(Steps::iterator step);
+    [[nodiscard]] Steps::iterator FindId(quint64 id);
+    void AddShares(Steps::iterator computer);
+    void AddSubfolders(Steps::iterator folder, const RecentListings::Listing& listing);
+    void Advance(Step& step);
+    [[nodiscard]] bool HasQuestion(Steps::iterator step, bool isNear);
+    [[nodiscard]] QString KeyOf(const Step& step) const;
+    [[nodiscard]] SmbRequest RequestOf(const Step& step) const;
+    [[nodiscard]] Steps::iterator PlaceOf(Steps::iterator step);
+    [[nodiscard]] quint64 MarkAsked(Step& place);
+    [[nodiscard]] bool IsEntered(const Step& step, const SmbEntry& entry) const;
+    [[nodiscard]] Step Subfolder(const Step& step, const QString& name) const;
+    void PassTo(const QString& key);
+    [[nodiscard]] bool IsNear(const Step& step) const;
+    [[nodiscard]] bool IsFull(bool isNear) const;
+    void Count(const Step& step, qsizetype places) { waiting_[step.start.server] += places; }
+
+    std::shared_ptr<const WalkPlan> plan_;
+    Known known_;
+    Limits limits_;
+    Steps steps_;
+    QHash<QString, Steps::iterator> places_;
+    QHash<QString, Steps::iterator> subfolders_; ///< by the folder's key
+    QHash<QString, qsizetype> waiting_;          ///< by server
+    Junctions junctions_;
+    quint64 lastId_ = 0;
+    std::size_t unused_ = 0; ///< answers
+    qint64 unusedBytes_ = 0;
+};
+
+} // namespace netrove

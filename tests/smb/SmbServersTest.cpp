@@ -1,0 +1,60 @@
+#include "platform/network/SmbServers.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+namespace netrove {
+namespace {
+
+using namespace std::chrono_literals;
+
+class SmbServersTest : public testing::Test {
+protected:
+    /// How many connections are opened while so many folders wait that take so long.
+    std::size_t Grown(std::chrono::milliseconds answer, std::size_t waiting) {
+        servers[name].open = 1;
+        servers[name].answer = 0;
+        servers.NoteAnswerTime(name, answer);
+        while (servers.TakesMore(name, waiting))
+            ++servers[name].open;
+        return servers[name].open;
+    }
+
+    const QString name = QStringLiteral("server");
+    SmbServers::Clock::time_point now = SmbServers::Clock::now();
+    SmbLimits limits;
+    SmbServers servers{limits, [this] { return now; }};
+};
+
+TEST_F(SmbServersTest, ConnectionsGrowWhileTheyPay) {
+    EXPECT_EQ(Grown(40ms, 1000), 16u);
+    EXPECT_LT(Grown(40ms, 5), 8u);
+    EXPECT_EQ(Grown(40ms, 0), 1u);
+    EXPECT_LE(Grown(1ms, 10000), 4u) << "a near server's time is work";
+    EXPECT_EQ(Grown(1ms, 20), 1u);
+
+    // Where the eighth is refused, seven are used for a while.
+    servers[name].open = 8;
+    servers.NoteRefused(name);
+    servers.NoteClosed(name);
+    EXPECT_EQ(Grown(40ms, 1000), 7u);
+    now += limits.refusedFor + 1ms;
+    EXPECT_EQ(Grown(40ms, 1000), 16u);
+}
+
+TEST_F(SmbServersTest, RequestsThatFailTogetherAreOneDeath) {
+    for (int request = 0; request < 10; ++request)
+        servers.Note(name, ETIMEDOUT, true);
+    EXPECT_EQ(servers.DeadStatus(name), ETIMEDOUT);
+    now += limits.deadFor + 1ms;
+    EXPECT_EQ(servers.DeadStatus(name), 0);
+
+    servers.Note(name, ETIMEDOUT, true);
+    servers.Note(name, EACCES, true);
+    servers.Note(name, ETIMEDOUT, true);
+    EXPECT_EQ(servers.DeadStatus(name), 0) << "it has answered in between";
+}
+
+} // namespace
+} // namespace netrove

@@ -1,0 +1,145 @@
+// Stands in for netrove-smb in tests: it serves a random tree that is made of a number alone, with
+// delays and faults by path, and writes down what it is asked.
+
+#include "platform/Files.h"
+#include "smb/Frames.h"
+#include "smb/SmbMessages.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace netrove {
+namespace {
+
+constexpr int Levels = 4;
+
+class Tree {
+public:
+    explicit Tree(quint32 seed) : seed_(seed) {}
+
+    /// A number from 0 to `below` - 1 that depends on the place and the question alone.
+    [[nodiscard]] quint32 Number(const QString& place, quint32 question, quint32 below) const {
+        // Qt's own differs from process to process.
+        quint32 number = seed_ * 100 + question + 2166136261U;
+        for (const char byte : place.toUtf8())
+            number = (number ^ static_cast<unsigned char>(byte)) * 16777619U;
+        return (number ^ (number >> 15)) % below;
+    }
+
+    [[nodiscard]] SmbEntries Entries(const QString& place) const {
+        constexpr quint32 mostFolders = 5;
+        constexpr quint32 mostFiles = 4;
+        SmbEntries entries{Folder("."), Folder("..")};
+        const auto level = place.count(QLatin1Char('/'));
+        const quint32 folders = level < Levels ? Number(place, 1, mostFolders) : 0;
+        for (quint32 at = 0; at < folders; ++at)
+            entries.push_back(Folder(QByteArray("d") + QByteArray::number(at)));
+        for (quint32 at = 0; at < Number(place, 2, mostFiles); ++at)
+            entries.push_back(
+                {.name = QStringLiteral("f%1.txt").arg(at), .length = Number(place, 3, 1000)});
+        if (level > 0 && Number(place, 4, 6) == 0)
+            entries.back().attributes |= FileAttribute::Directory | FileAttribute::ReparsePoint;
+        return entries;
+    }
+
+private:
+    static SmbEntry Folder(const QByteArray& name) {
+        return {.name = QString::fromLatin1(name), .attributes = FileAttribute::Directory};
+    }
+
+    quint32 seed_;
+};
+
+void Say(const SmbAnswer& answer) {
+    const QByteArray bytes = Frames::Framed(EncodeAnswer(answer));
+    if (send(SmbHelperDescriptor, bytes.constData(), static_cast<std::size_t>(bytes.size()),
+             MSG_NOSIGNAL) != bytes.size())
+        _exit(1);
+}
+
+void Answer(const Tree& tree, const SmbRequest& request) {
+    const QString place = request.host + QLatin1Char('\\') + request.share.toLower() +
+                          QLatin1Char('/') + request.path;
+    usleep(tree.Number(place, 5, 1000));
+    if (request.kind == SmbRequest::Kind::ListShares) {
+        Say(SmbShares{{.name = QStringLiteral("ONE")},
+                      {.kind = SmbShare::Kind::Printer, .name = QStringLiteral("LASER")},
+                      {.name = QStringLiteral("d1")},
+                      {.name = QStringLiteral("TWO")}});
+        Say(SmbEnd());
+        return;
+    }
+    const quint32 fault = tree.Number(place, 6, 40);
+    if (fault == 0)
+        _exit(1);
+    if (fault == 1) {
+        Say(SmbEnd{.status = EACCES});
+        return;
+    }
+    Say(tree.Entries(place));
+    Say(SmbEnd{.status = fault == 2 ? ENOENT : 0});
+}
+
+/// Whether there are fewer others at work than there may be. Helpers hold one lock each.
+bool IsLetIn(int file) {
+    const int most = std::atoi(std::getenv("NETROVE_TREE_CONNECTIONS"));
+    for (int at = 0; at < most; ++at) {
+        struct flock lock = {};
+        lock.l_type = F_WRLCK;
+        lock.l_start = at;
+        lock.l_len = 1;
+        if (fcntl(file, F_SETLK, &lock) == 0)
+            return true;
+    }
+    return false;
+}
+
+void WriteDown(int log, const SmbRequest& request) {
+    const QByteArray line = QByteArray::number(static_cast<int>(request.kind)) + ' ' +
+                            request.host.toUtf8() + ' ' + request.share.toUtf8() + ' ' +
+                            request.path.toUtf8() + '\n';
+    if (write(log, line.constData(), static_cast<std::size_t>(line.size())) != line.size())
+        _exit(1);
+}
+
+void Serve(const Tree& tree, int log) {
+    Say(SmbHello());
+    Frames frames;
+    bool isLetIn = false;
+    std::array<char, 4096> buffer{};
+    ssize_t count = 0;
+    while ((count = recv(SmbHelperDescriptor, buffer.data(), buffer.size(), 0)) > 0) {
+        frames.Append(QByteArrayView(buffer.data(), count));
+        while (const auto payload = frames.Take()) {
+            const auto question = DecodeQuestion(*payload);
+            const auto* request = question ? std::get_if<SmbRequest>(&*question) : nullptr;
+            if (!request)
+                continue;
+            isLetIn = isLetIn || IsLetIn(log);
+            if (isLetIn) {
+                WriteDown(log, *request);
+                Answer(tree, *request);
+            } else {
+                Say(SmbEnd{.status = EINVAL});
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace netrove
+
+int main() {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    const int log = open(std::getenv("NETROVE_TREE_LOG"), O_WRONLY | O_APPEND);
+    netrove::Serve(netrove::Tree(static_cast<quint32>(std::atoi(std::getenv("NETROVE_TREE")))),
+                   log);
+    return 0;
+}
