@@ -15,6 +15,8 @@
 namespace netrove {
 namespace {
 
+using Hosts = std::vector<SmbHost>;
+
 /// One server for all tests: each works in a folder of its own.
 class SmbProviderTest : public testing::Test {
 protected:
@@ -61,16 +63,17 @@ protected:
     }
 
     static inline std::unique_ptr<SambaServer> samba_;
-    SmbProvider provider_{QStringLiteral("LAN"), {samba_->Host()}, SambaServer::Helper()};
+    SmbProvider provider_{QStringLiteral("LAN"), Hosts{samba_->Host()}, SambaServer::Helper()};
 };
 
 TEST_F(SmbProviderTest, ConfiguredComputersStandInTheirWorkgroups) {
-    SmbProvider provider(QStringLiteral("LAN"),
-                         {{.name = QStringLiteral("B"), .workgroup = QStringLiteral("Second")},
-                          {.name = QStringLiteral("A"), .workgroup = QStringLiteral("First")},
-                          {.name = QStringLiteral("C"), .workgroup = QStringLiteral("SECOND")},
-                          {.name = QStringLiteral("a"), .workgroup = QStringLiteral("Second")}},
-                         SambaServer::Helper());
+    SmbProvider provider(
+        QStringLiteral("LAN"),
+        Hosts{{.name = QStringLiteral("B"), .workgroup = QStringLiteral("Second")},
+              {.name = QStringLiteral("A"), .workgroup = QStringLiteral("First")},
+              {.name = QStringLiteral("C"), .workgroup = QStringLiteral("SECOND")},
+              {.name = QStringLiteral("a"), .workgroup = QStringLiteral("Second")}},
+        SambaServer::Helper());
     EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayNetwork, QStringLiteral("LAN")),
               (QStringList{QStringLiteral("Second"), QStringLiteral("First")}));
     EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayDomain, QStringLiteral("second")),
@@ -114,7 +117,7 @@ TEST_F(SmbProviderTest, SharesAndPrintersComeFromOneQuestion) {
     FaultyProxy proxy(samba_->Port());
     SmbHost host = samba_->Host();
     host.port = proxy.Port();
-    SmbProvider provider(QStringLiteral("LAN"), {host}, SambaServer::Helper());
+    SmbProvider provider(QStringLiteral("LAN"), Hosts{host}, SambaServer::Helper());
     const QString server = QStringLiteral("\\\\FILER");
     EXPECT_EQ(
         RemoteNames(provider, NetEnum::DisplayServer, server),
@@ -330,7 +333,7 @@ TEST_F(SmbProviderTest, ABigFolderIsFetchedOnce) {
     FaultyProxy proxy(samba_->Port());
     SmbHost host = samba_->Host();
     host.port = proxy.Port();
-    SmbProvider provider(QStringLiteral("LAN"), {host}, SambaServer::Helper());
+    SmbProvider provider(QStringLiteral("LAN"), Hosts{host}, SambaServer::Helper());
     const QString folder = QStringLiteral("FILER\\PUBLIC\\big");
     EXPECT_TRUE(provider.CanEnter(Path(folder)));
     const qint64 bytes = proxy.Bytes();

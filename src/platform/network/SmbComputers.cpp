@@ -49,7 +49,10 @@ bool SmbComputers::Look() {
         return true;
     if (!source_->IsRunning())
         TakeFound();
-    const bool isFresh = looked_ && now_() - *looked_ <= Fresh;
+    const auto age = [this] { return now_() - *looked_; };
+    if (looked_ && !begun_ && age() <= New)
+        return true;
+    const bool isFresh = looked_ && age() <= Fresh;
     if (!source_->IsRunning()) {
         source_->Start();
         begun_ = now_();

@@ -23,20 +23,24 @@ class SmbComputers {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// How long what was found is given out without waiting for another look, and how long a
-    /// computer stays that isn't found any more: an answer gets lost at times.
+    /// How long nobody looks again, how long what was found is given out without waiting for
+    /// another look, and how long a computer stays that isn't found any more: an answer gets lost
+    /// at times.
+    static constexpr std::chrono::seconds New{15};
     static constexpr std::chrono::seconds Fresh{60};
     static constexpr std::chrono::seconds Kept{600};
 
     /// Of hosts with equal names (but for case) the first counts. Without a source nobody is looked
     /// for.
-    explicit SmbComputers(const std::vector<SmbHost>& hosts,
-                          std::unique_ptr<ComputerSource> source = nullptr,
-                          std::function<Clock::time_point()> now = &Clock::now);
+    SmbComputers(const std::vector<SmbHost>& hosts,
+                 std::unique_ptr<ComputerSource> source = nullptr,
+                 std::function<Clock::time_point()> now = &Clock::now);
 
     /// Looks who is there. Waits for the end of the look, and calls WhileWaiting(), unless the last
     /// one is fresh: then it goes on behind, for the next time. False where the wait was given up.
     [[nodiscard]] bool Look();
+    /// Whether anybody has looked yet, or nobody can.
+    [[nodiscard]] bool HasLooked() const { return !source_ || looked_; }
 
     /// What is known so far.
     [[nodiscard]] const std::vector<SmbHost>& All() const { return all_; }

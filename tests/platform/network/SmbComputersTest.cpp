@@ -98,6 +98,7 @@ TEST_F(SmbComputersTest, FoundOnesJoinTheConfigured) {
 TEST_F(SmbComputersTest, AFreshLookIsGivenAtOnceAndNothingIsForgottenSoon) {
     source->Computers = {Computer("A", "W", {}), Computer("B", "W", {})};
     EXPECT_TRUE(computers.Look());
+    EXPECT_TRUE(computers.Look());
     EXPECT_EQ(source->Rounds, 1);
     // The next look goes on behind, and is seen by the one after it.
     source->Computers = {Computer("A", "W", {}), Computer("C", "W", {})};
@@ -106,7 +107,7 @@ TEST_F(SmbComputersTest, AFreshLookIsGivenAtOnceAndNothingIsForgottenSoon) {
     EXPECT_TRUE(source->Running);
     EXPECT_EQ(In("W"), (QStringList{Text("A@"), Text("B@")}));
     source->Finish();
-    now += 10s;
+    now += 20s;
     EXPECT_TRUE(computers.Look());
     EXPECT_EQ(In("W"), (QStringList{Text("A@"), Text("B@"), Text("C@")}));
     source->Finish();
