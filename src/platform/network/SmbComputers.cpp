@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace netrove {
 namespace {
@@ -44,40 +43,47 @@ SmbComputers::SmbComputers(const std::vector<SmbHost>& hosts,
     Merge();
 }
 
-bool SmbComputers::Look() {
+bool SmbComputers::Look(const std::function<void()>& onNews) {
     if (!source_)
         return true;
-    if (!source_->IsRunning())
-        TakeFound();
+    NoteEnd();
     const auto age = [this] { return now_() - *looked_; };
     if (looked_ && !begun_ && age() <= New)
         return true;
-    const bool isFresh = looked_ && age() <= Fresh;
-    if (!source_->IsRunning()) {
+    if (!begun_) {
         source_->Start();
         begun_ = now_();
     }
-    if (isFresh)
-        return true;
+    return (looked_ && age() <= Fresh) || AwaitEnd(onNews);
+}
+
+bool SmbComputers::AwaitEnd(const std::function<void()>& onNews) {
     WaitingPoll waiting(LongestLook);
     while (source_->IsRunning()) {
+        if (onNews)
+            onNews();
         std::array<pollfd, 1> descriptors{
             {{.fd = source_->Descriptor(), .events = POLLIN, .revents = 0}}};
         if (waiting.Wait(descriptors) != WaitingPoll::End::Ready)
             return false;
-        static_cast<void>(source_->Found()); // makes the descriptor wait for more
+        TakeFound(*begun_);
     }
-    TakeFound();
+    NoteEnd();
     return true;
 }
 
-void SmbComputers::TakeFound() {
-    if (!begun_)
+void SmbComputers::NoteEnd() {
+    if (!begun_ || source_->IsRunning())
         return;
-    looked_ = std::exchange(begun_, std::nullopt);
+    looked_ = begun_;
+    begun_.reset();
+    TakeFound(*looked_);
+}
+
+void SmbComputers::TakeFound(Clock::time_point seen) {
     for (const FoundComputer& computer : source_->Found())
-        found_.insert(computer.name.toCaseFolded(), {HostOf(computer), *looked_});
-    found_.removeIf([&](const auto& one) { return *looked_ - one->seen > Kept; });
+        found_.insert(computer.name.toCaseFolded(), {HostOf(computer), seen});
+    found_.removeIf([&](const auto& one) { return seen - one->seen > Kept; });
     Merge();
 }
 

@@ -38,7 +38,8 @@ public:
 
     /// Looks who is there. Waits for the end of the look, and calls WhileWaiting(), unless the last
     /// one is fresh: then it goes on behind, for the next time. False where the wait was given up.
-    [[nodiscard]] bool Look();
+    /// `onNews` is called before a wait and whenever more is known.
+    [[nodiscard]] bool Look(const std::function<void()>& onNews = {});
     /// Whether anybody has looked yet, or nobody can.
     [[nodiscard]] bool HasLooked() const { return !source_ || looked_; }
 
@@ -60,7 +61,9 @@ private:
         Clock::time_point seen;
     };
 
-    void TakeFound();
+    [[nodiscard]] bool AwaitEnd(const std::function<void()>& onNews);
+    void NoteEnd();
+    void TakeFound(Clock::time_point seen);
     void Merge();
     void Add(const SmbHost& host);
 

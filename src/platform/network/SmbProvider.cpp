@@ -54,7 +54,7 @@ std::optional<std::vector<NetRecord>> SmbProvider::List(const NetRecord& node, q
     case NetEnum::DisplayDomain:
         if (!isDisks)
             return std::vector<NetRecord>();
-        if (!computers_.Look())
+        if (!computers_.Look([&] { ExpectKnown(node); }))
             return std::nullopt;
         return node.dwDisplayType == NetEnum::DisplayNetwork ? Workgroups()
                                                              : Servers(node.lpRemoteName);
@@ -80,6 +80,25 @@ std::vector<NetRecord> SmbProvider::Servers(const QString& workgroup) const {
         records.push_back(
             Record(NetEnum::DisplayServer, QLatin1String("\\\\") + host->name, QString()));
     return records;
+}
+
+/// While the LAN is asked for computers, the walk's plan for those that are known already is begun
+/// with. One whose workgroup may be told yet can come to stand somewhere else.
+void SmbProvider::ExpectKnown(const NetRecord& node) {
+    if (!ahead_)
+        return;
+    std::vector<WalkPlace> places;
+    for (const SmbHost& host : computers_.All()) {
+        const QString name = QLatin1String("\\\\") + host.name;
+        const bool isBelow = host.workgroup &&
+                             (node.dwDisplayType == NetEnum::DisplayNetwork ||
+                              SameName(*host.workgroup, node.lpRemoteName)) &&
+                             plan_->EntersWorkgroup(*host.workgroup);
+        if (isBelow && plan_->EntersComputer(name))
+            places.push_back(
+                {.kind = WalkPlace::Kind::Computer, .remoteName = name, .provider = Name()});
+    }
+    Expect(places);
 }
 
 /// A computer whose path somebody has typed may be found on the LAN, which is quicker than asking

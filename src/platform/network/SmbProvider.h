@@ -64,6 +64,7 @@ private:
 
     [[nodiscard]] QString AskWorkgroup(const QString& server);
     void LookFor(const QString& server);
+    void ExpectKnown(const NetRecord& node);
     [[nodiscard]] std::vector<NetRecord> Workgroups() const;
     [[nodiscard]] std::vector<NetRecord> Servers(const QString& workgroup) const;
     [[nodiscard]] std::optional<std::vector<NetRecord>> SharesOf(const QString& server,
