@@ -19,15 +19,9 @@ bool SameName(const QString& left, const QString& right) {
     return left.compare(right, Qt::CaseInsensitive) == 0;
 }
 
-/// An address of one link alone means something only together with an interface, which not
-/// everybody who is given the address can say.
-bool IsOfOneLink(const QString& address) {
-    return address.contains(QLatin1Char('%'));
-}
-
 SmbHost HostOf(const FoundComputer& computer) {
-    const auto address =
-        std::find_if_not(computer.addresses.begin(), computer.addresses.end(), IsOfOneLink);
+    const auto address = std::find_if_not(computer.addresses.begin(), computer.addresses.end(),
+                                          SmbComputers::IsOfOneLink);
     return {.name = computer.name,
             .workgroup = computer.workgroup,
             .address = address == computer.addresses.end() ? computer.addresses.value(0) : *address,
@@ -41,6 +35,10 @@ SmbComputers::SmbComputers(const std::vector<SmbHost>& hosts,
                            std::function<Clock::time_point()> now)
     : configured_(hosts), source_(std::move(source)), now_(std::move(now)) {
     Merge();
+}
+
+bool SmbComputers::IsOfOneLink(const QString& address) {
+    return address.contains(QLatin1Char('%'));
 }
 
 bool SmbComputers::Look(const std::function<void()>& onNews) {

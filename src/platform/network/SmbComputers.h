@@ -36,6 +36,10 @@ public:
                  std::unique_ptr<ComputerSource> source = nullptr,
                  std::function<Clock::time_point()> now = &Clock::now);
 
+    /// Whether an address means something only together with an interface, which not everybody who
+    /// is given the address can say ("fe80::1%eth0").
+    [[nodiscard]] static bool IsOfOneLink(const QString& address);
+
     /// Looks who is there. Waits for the end of the look, and calls WhileWaiting(), unless the last
     /// one is fresh: then it goes on behind, for the next time. False where the wait was given up.
     /// `onNews` is called before a wait and whenever more is known.

@@ -83,14 +83,15 @@ std::vector<NetRecord> SmbProvider::Servers(const QString& workgroup) const {
 }
 
 /// While the LAN is asked for computers, the walk's plan for those that are known already is begun
-/// with. One whose workgroup may be told yet can come to stand somewhere else.
+/// with. One whose workgroup may be told yet can come to stand somewhere else, and one that has
+/// told only its address on this link has a better one.
 void SmbProvider::ExpectKnown(const NetRecord& node) {
     if (!ahead_)
         return;
     std::vector<WalkPlace> places;
     for (const SmbHost& host : computers_.All()) {
         const QString name = QLatin1String("\\\\") + host.name;
-        const bool isBelow = host.workgroup &&
+        const bool isBelow = host.workgroup && !SmbComputers::IsOfOneLink(host.address) &&
                              (node.dwDisplayType == NetEnum::DisplayNetwork ||
                               SameName(*host.workgroup, node.lpRemoteName)) &&
                              plan_->EntersWorkgroup(*host.workgroup);
