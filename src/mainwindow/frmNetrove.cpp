@@ -87,13 +87,13 @@ frmNetrove::frmNetrove(const ProgramServices& services)
               *controls_.DownloadLbl, *controls_.stbStatus},
              {settings_, services.dialogs})
     , lists_(MakeListOperations())
-    , resultsFile_(
-          {*this, *controls_.RetFileLbl, *controls_.stbStatus, *controls_.SSTab1,
-           *controls_.cmdStartSearch, *controls_.cmdAbandon, *controls_.lvwResults,
-           *controls_.lvwDownloads, controls_.Icons()},
-          MakeJobControls(),
-          {services.files, settings_, services.dialogs, shell_, services.applicationFolder}, state_,
-          rows_)
+    , resultsFile_({*this, *controls_.RetFileLbl, *controls_.stbStatus, *controls_.SSTab1,
+                    *controls_.cmdStartSearch, *controls_.cmdAbandon, *controls_.lvwResults,
+                    *controls_.lvwDownloads, controls_.Icons()},
+                   MakeJobControls(),
+                   {services.files, services.ahead, settings_, services.dialogs, shell_,
+                    services.applicationFolder},
+                   state_, rows_)
     , settingsFile_({*this, *controls_.LstSearchFor, *controls_.chkRecurse, *controls_.lvwResults,
                      *controls_.lvwDownloads},
                     {.settings = settings_,

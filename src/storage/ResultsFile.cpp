@@ -193,7 +193,7 @@ void ResultsFile::LoadResFile(const QString& strFile) {
         return;
     }
     const qint32 loaded =
-        RowLoader(services_.files, services_.settings, state_, rows_).Load(reader);
+        RowLoader(services_.files, services_.ahead, services_.settings, state_, rows_).Load(reader);
     controls_.RetFileLbl.setText(
         Summary(state_.AbandonFlag, QStringLiteral("Loaded"), loaded, started) +
         u" (Max return is set to " + QString::number(services_.settings.MaxReturnFiles) + u')');

@@ -6,6 +6,7 @@
 #include "mainwindow/windowservices/IconImages.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "platform/ReadAhead.h"
 #include "runtime/RunTimeError.h"
 #include "search/Settings.h"
 #include "searchrun/JobControls.h"
@@ -38,6 +39,7 @@ public:
     };
     struct Services {
         FileAccess& files;
+        ReadAhead* ahead; ///< null where nobody reads ahead
         const Settings& settings;
         Dialogs& dialogs;
         ShellServices& shell;

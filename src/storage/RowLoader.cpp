@@ -2,10 +2,14 @@
 
 #include "runtime/Yield.h"
 
+#include <QScopeGuard>
+
+#include <memory>
+
 namespace netrove {
 namespace {
 
-/// Lines that are read ahead, to see which folders are worth listing.
+/// Lines that are read at a time, to see which folders are worth listing.
 constexpr int LinesAhead = 500;
 
 /// Milliseconds that a load may go without a row, and so without a yield, before the user's input
@@ -16,12 +20,33 @@ QString FolderOf(const QString& path) {
     return path.left(path.lastIndexOf(u'\\') + 1);
 }
 
+/// The folders of the lines are listed, and nothing below them.
+class LinesPlan : public WalkPlan {
+public:
+    bool EntersWorkgroup(const QString& /*name*/) const override { return false; }
+    bool EntersComputer(const QString& /*remoteName*/) const override { return false; }
+    bool EntersShare(const QString& /*remoteName*/) const override { return true; }
+    bool EntersFolder(const QString& /*folderPath*/, qsizetype /*nodeLength*/,
+                      int depth) const override {
+        return depth == 0;
+    }
+    QStringList AdminShares() const override { return {}; }
+};
+
 } // namespace
 
 qint32 RowLoader::Load(ResultsReader& reader) {
+    if (ahead_)
+        ahead_->BeginWalk(std::make_shared<LinesPlan>());
+    const auto end = qScopeGuard([this] {
+        if (ahead_)
+            ahead_->EndWalk();
+    });
     sinceServing_.start();
     while (!reader.AtEnd()) {
-        ReadAhead(reader);
+        ReadLines(reader);
+        ChooseFolders();
+        ServeUser();
         for (const QString& path : next_) {
             if (!LoadFile(path))
                 return loaded_;
@@ -30,21 +55,35 @@ qint32 RowLoader::Load(ResultsReader& reader) {
     return loaded_;
 }
 
-void RowLoader::ReadAhead(ResultsReader& reader) {
+void RowLoader::ReadLines(ResultsReader& reader) {
     next_.clear();
-    shared_.clear();
-    QSet<QString> folders;
     for (int line = 0; line < LinesAhead && !reader.AtEnd(); ++line) {
-        const std::optional<QString> path = reader.NextPath();
-        if (!path)
-            continue;
-        next_.push_back(*path);
-        const QString folder = FolderOf(*path);
-        if (folders.contains(folder))
-            shared_.insert(folder);
-        folders.insert(folder);
+        if (const std::optional<QString> path = reader.NextPath())
+            next_.push_back(*path);
     }
-    ServeUser();
+}
+
+/// One listing answers for all files of a folder. Where listings are read ahead, many at a time,
+/// that pays for a single file too.
+void RowLoader::ChooseFolders() {
+    toList_.clear();
+    QSet<QString> folders;
+    std::vector<WalkPlace> places;
+    for (const QString& path : next_) {
+        const QString folder = FolderOf(path);
+        if (folder.isEmpty())
+            continue;
+        const bool isFirst = !folders.contains(folder);
+        folders.insert(folder);
+        if (!isFirst || ahead_)
+            toList_.insert(folder);
+        if (!isFirst || !ahead_ || expected_.contains(folder))
+            continue;
+        expected_.insert(folder);
+        places.push_back({.remoteName = folder.chopped(1)});
+    }
+    if (ahead_)
+        ahead_->Expect(places);
 }
 
 /// False where the load ends.
@@ -69,8 +108,7 @@ bool RowLoader::LoadFile(const QString& path) {
 
 bool RowLoader::Exists(const QString& path) {
     try {
-        // One listing answers for all files of a folder.
-        if (const QString folder = FolderOf(path); shared_.remove(folder))
+        if (const QString folder = FolderOf(path); toList_.remove(folder))
             static_cast<void>(files_.CanEnter(folder));
         return (files_.Attributes(path) & FileAttribute::Directory) == 0;
     } catch (...) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Files.h"
+#include "platform/ReadAhead.h"
 #include "search/Settings.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
@@ -16,26 +17,31 @@ namespace netrove {
 /// Adds a row for each file of a results file that is still there. Failures are passed over.
 class RowLoader {
 public:
-    RowLoader(FileAccess& files, const Settings& settings, SearchState& state, ResultRows& rows)
-        : files_(files), settings_(settings), state_(state), rows_(rows) {}
+    /// `ahead` may be null: then the lines are asked for one after another.
+    RowLoader(FileAccess& files, ReadAhead* ahead, const Settings& settings, SearchState& state,
+              ResultRows& rows)
+        : files_(files), ahead_(ahead), settings_(settings), state_(state), rows_(rows) {}
 
     /// Gives the number of files that were there. Ends early when the list is full or the user has
     /// pressed the abort button. To be called once.
     [[nodiscard]] qint32 Load(ResultsReader& reader);
 
 private:
-    void ReadAhead(ResultsReader& reader);
+    void ReadLines(ResultsReader& reader);
+    void ChooseFolders();
     [[nodiscard]] bool LoadFile(const QString& path);
     [[nodiscard]] bool Exists(const QString& path);
     void ServeUser();
 
     FileAccess& files_;
+    ReadAhead* ahead_;
     const Settings& settings_;
     SearchState& state_;
     ResultRows& rows_;
     qint32 loaded_ = 0;
     std::vector<QString> next_; ///< paths of the next lines
-    QSet<QString> shared_;      ///< folders of several of these, which are still to be listed
+    QSet<QString> toList_;      ///< folders of these that are worth listing, and aren't listed yet
+    QSet<QString> expected_;    ///< folders that are read ahead, of all lines so far
     QElapsedTimer sinceServing_;
 };
 

@@ -1,5 +1,6 @@
 #include "smb/FaultyProxy.h"
 
+#include <algorithm>
 #include <array>
 
 #include <arpa/inet.h>
@@ -66,18 +67,13 @@ void FaultyProxy::Run() {
             waiting.push_back({.fd = pair.client, .events = POLLIN, .revents = 0});
             waiting.push_back({.fd = pair.server, .events = POLLIN, .revents = 0});
         }
-        if (poll(waiting.data(), waiting.size(), 10) < 0)
+        if (poll(waiting.data(), waiting.size(), NextDue()) < 0)
             return;
         std::vector<Pair> kept;
         for (std::size_t at = 0; at < pairs_.size(); ++at) {
-            const Pair& pair = pairs_[at];
-            bool open = !(fault_ == Fault::Close && LimitReached());
-            if (open && waiting[1 + 2 * at].revents != 0)
-                open = Pass(pair.client, pair.server, false);
-            if (open && waiting[2 + 2 * at].revents != 0)
-                open = Pass(pair.server, pair.client, true);
-            if (open) {
-                kept.push_back(pair);
+            Pair& pair = pairs_[at];
+            if (Serve(pair, waiting[1 + 2 * at].revents, waiting[2 + 2 * at].revents)) {
+                kept.push_back(std::move(pair));
                 continue;
             }
             close(pair.client);
@@ -88,6 +84,57 @@ void FaultyProxy::Run() {
         if (waiting[0].revents != 0)
             Accept();
     }
+}
+
+/// Milliseconds until something is to be passed on or looked at.
+int FaultyProxy::NextDue() const {
+    std::chrono::milliseconds next(10);
+    for (const Pair& pair : pairs_) {
+        if (!pair.held.empty())
+            next = std::min(next, std::chrono::ceil<std::chrono::milliseconds>(
+                                      pair.held.front().due - Clock::now()));
+    }
+    return std::max(static_cast<int>(next.count()), 0);
+}
+
+/// False where the connection is to be closed.
+bool FaultyProxy::Serve(Pair& pair, short client, short server) {
+    if (fault_ == Fault::Close && LimitReached())
+        return false;
+    if (client != 0) {
+        std::array<char, 65536> buffer; // NOLINT: recv fills it
+        const ssize_t count = recv(pair.client, buffer.data(), buffer.size(), 0);
+        if (count <= 0 || send(pair.server, buffer.data(), static_cast<std::size_t>(count),
+                               MSG_NOSIGNAL) != count)
+            return false;
+    }
+    if (server != 0)
+        Hold(pair);
+    return PassHeld(pair);
+}
+
+void FaultyProxy::Hold(Pair& pair) const {
+    QByteArray bytes(4096, Qt::Uninitialized);
+    bytes.resize(std::max<ssize_t>(
+        recv(pair.server, bytes.data(), static_cast<std::size_t>(bytes.size()), MSG_DONTWAIT), 0));
+    pair.held.push_back({bytes, Clock::now() + std::chrono::milliseconds(delay_)});
+}
+
+/// Passes on what is due; false at the end of the connection.
+bool FaultyProxy::PassHeld(Pair& pair) {
+    while (!pair.held.empty() && pair.held.front().due <= Clock::now()) {
+        const QByteArray bytes = std::move(pair.held.front().bytes);
+        pair.held.pop_front();
+        if (bytes.isEmpty())
+            return false;
+        if (LimitReached())
+            return fault_ == Fault::Silent;
+        bytes_ += bytes.size();
+        if (send(pair.client, bytes.constData(), static_cast<std::size_t>(bytes.size()),
+                 MSG_NOSIGNAL) != bytes.size())
+            return false;
+    }
+    return true;
 }
 
 void FaultyProxy::Accept() {
@@ -103,22 +150,6 @@ void FaultyProxy::Accept() {
     ++connections_;
     pairs_.push_back({.client = client, .server = server});
     ++open_;
-}
-
-/// Passes on what there is; false where the connection is to be closed.
-bool FaultyProxy::Pass(int from, int to, bool fromServer) {
-    std::array<char, 4096> buffer; // NOLINT: recv fills it
-    const ssize_t count = recv(from, buffer.data(), buffer.size(), 0);
-    if (count <= 0)
-        return false;
-    if (fromServer) {
-        if (delay_ > 0)
-            std::this_thread::sleep_for(std::chrono::milliseconds(delay_));
-        if (LimitReached())
-            return fault_ == Fault::Silent;
-        bytes_ += count;
-    }
-    return send(to, buffer.data(), static_cast<std::size_t>(count), MSG_NOSIGNAL) == count;
 }
 
 } // namespace netrove

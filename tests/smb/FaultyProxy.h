@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QByteArray>
 #include <QtGlobal>
 
 #include <atomic>
 #include <chrono>
+#include <deque>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -21,7 +23,7 @@ public:
 
     [[nodiscard]] quint16 Port() const { return port_; }
 
-    /// What the server says is held back for so long.
+    /// What the server says is held back for so long, all of it side by side.
     void Delay(std::chrono::milliseconds delay) { delay_ = delay.count(); }
     /// Once the server has said so many more bytes in all, nothing more is passed on. 0: at once.
     void FallSilentAfter(qint64 bytes) { SetLimit(bytes, Fault::Silent); }
@@ -38,15 +40,24 @@ public:
 
 private:
     enum class Fault { None, Silent, Close };
+    using Clock = std::chrono::steady_clock;
+    struct Held {
+        QByteArray bytes; ///< empty: the server has closed
+        Clock::time_point due;
+    };
     struct Pair {
         int client;
         int server;
+        std::deque<Held> held = {}; ///< what the server has said
     };
 
     void SetLimit(qint64 bytes, Fault fault);
     void Run();
     void Accept();
-    [[nodiscard]] bool Pass(int from, int to, bool fromServer);
+    [[nodiscard]] int NextDue() const;
+    [[nodiscard]] bool Serve(Pair& pair, short client, short server);
+    void Hold(Pair& pair) const;
+    [[nodiscard]] bool PassHeld(Pair& pair);
     [[nodiscard]] bool LimitReached() const;
 
     quint16 serverPort_;
