@@ -60,7 +60,7 @@ bool SmbComputers::Look() {
     while (source_->IsRunning()) {
         std::array<pollfd, 1> descriptors{
             {{.fd = source_->Descriptor(), .events = POLLIN, .revents = 0}}};
-        if (waiting.Wait(descriptors) != WaitingPoll::End::Ready)
+        if (waiting.Wait(descriptors) != 0)
             return false;
         static_cast<void>(source_->Found()); // makes the descriptor wait for more
     }
