@@ -6,6 +6,7 @@
 #include "platform/Files.h"
 #include "platform/NetworkEnumeration.h"
 #include "platform/NetworkReport.h"
+#include "platform/ReadAhead.h"
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
 
@@ -30,6 +31,8 @@ struct ProgramServices {
     QString webAddress;        ///< of the program's web site
     /// Makes what copies the downloads; without one, each download fails at its start.
     std::function<std::unique_ptr<CopyQ>()> newCopyQ = {};
+    /// Who fetches what a search will ask for; null where nobody does.
+    ReadAhead* ahead = nullptr;
     /// What has become of the network's computers; null where nobody keeps it.
     NetworkReport* report = nullptr;
     /// Lets a button give up waits for the network: it stays alive during these, and they end when

@@ -72,7 +72,7 @@ frmNetrove::frmNetrove(const ProgramServices& services)
             *controls_.stbStatus, *controls_.SSTab1, *controls_.cmdAbandon, *controls_.lvwResults,
             *controls_.lvwDownloads, controls_.Icons()},
            MakeJobControls(),
-           {{services.files, settings_, exclusions_, log_},
+           {{services.files, settings_, exclusions_, log_, services.ahead},
             exclusions_,
             services.dialogs,
             services.report},

@@ -46,6 +46,7 @@ int main(int argc, char** argv) {
                      netrove::CopyLimits{.helper = netrove::SmbPool::DefaultHelper(),
                                          .logons = logons});
              },
+         .ahead = opened.network.get(),
          .report = &opened.network->Report(),
          .letAbandon =
              [&](QAbstractButton& button, std::function<bool()> isPressed) {

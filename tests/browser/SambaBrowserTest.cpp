@@ -20,7 +20,7 @@ TEST(SambaBrowser, ShowsARealServer) {
     const QTemporaryDir folder;
     QFile ini(folder.filePath(Text("network.ini")));
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write("[LAN]\nType=smb\nComputer1=FILER|HOME|127.0.0.1:" +
+    ini.write("[LAN]\nType=smb\nFind=No\nComputer1=FILER|HOME|127.0.0.1:" +
               QByteArray::number(samba.Port()) + "\nComputer2=GONE|HOME|127.0.0.1:1\n");
     ini.close();
     const OpenedNetwork opened = OpenNetwork(folder.path());

@@ -25,7 +25,7 @@ TEST(SambaCopy, WholeFilesArriveAndHalfOnesAreNoFiles) {
     const QTemporaryDir& folder = desktop.folder;
     QFile ini(folder.filePath(Text("network.ini")));
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write("[LAN]\nType=smb\nComputer1=FILER|HOME|127.0.0.1:" +
+    ini.write("[LAN]\nType=smb\nFind=No\nComputer1=FILER|HOME|127.0.0.1:" +
               QByteArray::number(proxy.Port()) + "\n");
     ini.close();
 

@@ -50,7 +50,7 @@ protected:
     void Configure(const QByteArray& computer) {
         QFile ini(folder.filePath(Text("network.ini")));
         ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-        ini.write("[LAN]\nType=smb\nComputer1=" + computer +
+        ini.write("[LAN]\nType=smb\nFind=No\nComputer1=" + computer +
                   "|127.0.0.1:" + QByteArray::number(samba->Port()) + "\n");
     }
 

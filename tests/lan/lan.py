@@ -163,9 +163,10 @@ class Lan:
     def __getitem__(self, name):
         return self.computers[name]
 
-    def network_ini(self, names=None):
-        """A network.ini that names computers, or all, with their workgroups and addresses."""
-        lines = ["[LAN]", "Type=smb"]
+    def network_ini(self, names=None, find=False):
+        """A network.ini that names computers, or all, with their workgroups and addresses; with
+        `find` the network is asked for others too."""
+        lines = ["[LAN]", "Type=smb", f"Find={'Yes' if find else 'No'}"]
         for number, one in enumerate(map(self.computers.get, names or self.computers), 1):
             lines.append(f"Computer{number}={one.host.name}|{one.host.workgroup}|"
                          f"{one.address}:445")

@@ -164,6 +164,21 @@ protected:
     bool isAbandoned_ = false;
 };
 
+TEST_F(SmbFaultsTest, TellsWhyAComputerDidNotAnswer) {
+    const NetRecord filer{.dwDisplayType = NetEnum::DisplayServer,
+                          .lpRemoteName = QStringLiteral("\\\\FILER")};
+    FaultyProxy silent(samba_->Port());
+    silent.FallSilentAfter(0);
+    auto provider = Provider(silent.Port(), {.negotiate = 100ms});
+    EXPECT_FALSE(provider->List(filer, NetEnum::TypeDisk));
+    EXPECT_EQ(provider->Trouble(QStringLiteral("filer")),
+              QStringLiteral("It didn't answer in time."));
+    provider = Provider(1);
+    EXPECT_FALSE(provider->List(filer, NetEnum::TypeDisk));
+    EXPECT_EQ(provider->Trouble(QStringLiteral("FILER")),
+              QStringLiteral("It refused the connection: it offers no shares."));
+}
+
 TEST_F(SmbFaultsTest, APortThatTakesNoConnectionCostsOneLimit) {
     const FullPort port;
     const auto provider = Provider(port.Port(), Limits(&SmbLimits::connect, 600ms));

@@ -1,6 +1,8 @@
 #include "platform/network/SmbProvider.h"
 
+#include "fakes/FakeComputerSource.h"
 #include "runtime/ExpectRaised.h"
+#include "runtime/Yield.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaServer.h"
 
@@ -14,6 +16,8 @@
 
 namespace netrove {
 namespace {
+
+using Hosts = std::vector<SmbHost>;
 
 /// One server for all tests: each works in a folder of its own.
 class SmbProviderTest : public testing::Test {
@@ -61,16 +65,63 @@ protected:
     }
 
     static inline std::unique_ptr<SambaServer> samba_;
-    SmbProvider provider_{QStringLiteral("LAN"), {samba_->Host()}, SambaServer::Helper()};
+    SmbProvider provider_{QStringLiteral("LAN"), Hosts{samba_->Host()}, SambaServer::Helper()};
 };
 
-TEST_F(SmbProviderTest, ConfiguredComputersStandInTheirWorkgroups) {
-    SmbProvider provider(QStringLiteral("LAN"),
-                         {{.name = QStringLiteral("B"), .workgroup = QStringLiteral("Second")},
-                          {.name = QStringLiteral("A"), .workgroup = QStringLiteral("First")},
-                          {.name = QStringLiteral("C"), .workgroup = QStringLiteral("SECOND")},
-                          {.name = QStringLiteral("a"), .workgroup = QStringLiteral("Second")}},
+/// A walk that goes everywhere.
+class WholeWalk : public WalkPlan {
+public:
+    bool EntersWorkgroup(const QString& /*name*/) const override { return true; }
+    bool EntersComputer(const QString& /*remoteName*/) const override { return true; }
+    bool EntersShare(const QString& /*remoteName*/) const override { return true; }
+    bool EntersFolder(const QString& /*folderPath*/, qsizetype /*nodeLength*/,
+                      int /*depth*/) const override {
+        return true;
+    }
+    QStringList AdminShares() const override { return {}; }
+};
+
+TEST_F(SmbProviderTest, AComputerIsTriedOnceItsAddressIsKnown) {
+    auto made = std::make_unique<FakeComputerSource>();
+    FakeComputerSource& source = *made;
+    SmbProvider provider(QStringLiteral("LAN"), SmbComputers(Hosts{}, std::move(made)),
                          SambaServer::Helper());
+    FoundComputer filer{.name = QStringLiteral("FILER"),
+                        .workgroup = QStringLiteral("HOME"),
+                        .addresses = {QStringLiteral("fe80::1%lo")},
+                        .port = samba_->Port(),
+                        .foundBy = FoundBy::WsDiscovery,
+                        .model = {}};
+    int passes = 0;
+    const auto before = SetWaitingPass([&] {
+        source.Computers = {filer};
+        if (++passes == 1)
+            source.Publish();
+        filer.addresses = QStringList(QStringLiteral("127.0.0.1"));
+        if (passes == 5)
+            source.Finish();
+        return true;
+    });
+    provider.BeginWalk(std::make_shared<WholeWalk>());
+    const NetRecord lan{.dwDisplayType = NetEnum::DisplayNetwork,
+                        .lpRemoteName = QStringLiteral("LAN")};
+    const auto workgroups = provider.List(lan, NetEnum::TypeDisk);
+    ASSERT_TRUE(workgroups && workgroups->size() == 1);
+    const NetRecord server{.dwDisplayType = NetEnum::DisplayServer,
+                           .lpRemoteName = QStringLiteral("\\\\FILER")};
+    EXPECT_TRUE(provider.List(server, NetEnum::TypeDisk));
+    provider.EndWalk();
+    SetWaitingPass(before);
+}
+
+TEST_F(SmbProviderTest, ConfiguredComputersStandInTheirWorkgroups) {
+    SmbProvider provider(
+        QStringLiteral("LAN"),
+        Hosts{{.name = QStringLiteral("B"), .workgroup = QStringLiteral("Second")},
+              {.name = QStringLiteral("A"), .workgroup = QStringLiteral("First")},
+              {.name = QStringLiteral("C"), .workgroup = QStringLiteral("SECOND")},
+              {.name = QStringLiteral("a"), .workgroup = QStringLiteral("Second")}},
+        SambaServer::Helper());
     EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayNetwork, QStringLiteral("LAN")),
               (QStringList{QStringLiteral("Second"), QStringLiteral("First")}));
     EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayDomain, QStringLiteral("second")),
@@ -114,7 +165,7 @@ TEST_F(SmbProviderTest, SharesAndPrintersComeFromOneQuestion) {
     FaultyProxy proxy(samba_->Port());
     SmbHost host = samba_->Host();
     host.port = proxy.Port();
-    SmbProvider provider(QStringLiteral("LAN"), {host}, SambaServer::Helper());
+    SmbProvider provider(QStringLiteral("LAN"), Hosts{host}, SambaServer::Helper());
     const QString server = QStringLiteral("\\\\FILER");
     EXPECT_EQ(
         RemoteNames(provider, NetEnum::DisplayServer, server),
@@ -330,7 +381,7 @@ TEST_F(SmbProviderTest, ABigFolderIsFetchedOnce) {
     FaultyProxy proxy(samba_->Port());
     SmbHost host = samba_->Host();
     host.port = proxy.Port();
-    SmbProvider provider(QStringLiteral("LAN"), {host}, SambaServer::Helper());
+    SmbProvider provider(QStringLiteral("LAN"), Hosts{host}, SambaServer::Helper());
     const QString folder = QStringLiteral("FILER\\PUBLIC\\big");
     EXPECT_TRUE(provider.CanEnter(Path(folder)));
     const qint64 bytes = proxy.Bytes();

@@ -1,6 +1,7 @@
 #include "platform/network/OpenNetwork.h"
 
 #include "platform/IniReader.h"
+#include "platform/discovery/ComputerFinder.h"
 #include "platform/network/FolderProvider.h"
 #include "platform/network/SmbProvider.h"
 #include "runtime/RunTimeError.h"
@@ -40,10 +41,10 @@ bool TakeAddress(const QString& text, SmbHost& host) {
     return isNumber && host.port != 0 && !host.address.isEmpty();
 }
 
-std::unique_ptr<SmbProvider> MakeSmbProvider(const QString& name, const std::vector<SmbHost>& hosts,
+std::unique_ptr<SmbProvider> MakeSmbProvider(const QString& name, SmbComputers computers,
                                              const std::shared_ptr<Logons>& logons) {
-    return std::make_unique<SmbProvider>(name, hosts, SmbPool::DefaultHelper(), SmbLimits(),
-                                         logons);
+    return std::make_unique<SmbProvider>(name, std::move(computers), SmbPool::DefaultHelper(),
+                                         SmbLimits(), logons);
 }
 
 /// Makes the providers of one file and notes what is wrong with it.
@@ -83,7 +84,7 @@ private:
         }
         const QString type = section.Value(u"Type");
         if (EqualText(type, u"smb"))
-            return MakeSmbProvider(section.name, ReadHosts(section), logons_);
+            return MakeSmbProvider(section.name, ReadComputers(section), logons_);
         if (EqualText(type, u"folder"))
             return ReadFolder(section);
         const IniEntry* entry = section.Find(u"Type");
@@ -105,11 +106,13 @@ private:
         return provider;
     }
 
-    [[nodiscard]] std::vector<SmbHost> ReadHosts(const IniSection& section) {
+    [[nodiscard]] SmbComputers ReadComputers(const IniSection& section) {
         const auto isComputer = [](const QString& key) {
             return key.startsWith(QLatin1String("Computer"), Qt::CaseInsensitive);
         };
-        NoteUnknownKeys(section, isComputer);
+        NoteUnknownKeys(section, [&](const QString& key) {
+            return isComputer(key) || EqualText(key, u"Find");
+        });
         std::vector<SmbHost> hosts;
         for (const IniEntry& entry : section.entries) {
             if (!isComputer(entry.key))
@@ -117,7 +120,16 @@ private:
             if (auto host = ReadHost(entry))
                 hosts.push_back(std::move(*host));
         }
-        return hosts;
+        return {hosts, Finds(section) ? std::make_unique<ComputerFinder>() : nullptr};
+    }
+
+    [[nodiscard]] bool Finds(const IniSection& section) {
+        const IniEntry* entry = section.Find(u"Find");
+        if (entry == nullptr || EqualText(entry->value, u"Yes"))
+            return true;
+        if (!EqualText(entry->value, u"No"))
+            Note(entry->line, QStringLiteral("Find needs Yes or No"));
+        return false;
     }
 
     [[nodiscard]] std::optional<SmbHost> ReadHost(const IniEntry& entry) {
@@ -161,7 +173,8 @@ private:
 OpenedNetwork LocalAreaNetworkAlone(const QStringList& problems,
                                     const std::shared_ptr<Logons>& logons) {
     std::vector<std::unique_ptr<NetworkProvider>> providers;
-    providers.push_back(MakeSmbProvider(NetEnum::LocalAreaNetwork, {}, logons));
+    providers.push_back(MakeSmbProvider(NetEnum::LocalAreaNetwork,
+                                        {{}, std::make_unique<ComputerFinder>()}, logons));
     return {.network = std::make_unique<Network>(std::move(providers)), .problems = problems};
 }
 

@@ -22,6 +22,7 @@ struct OpenedNetwork {
 ///   [Microsoft Windows Network]
 ///   Type=smb
 ///   Computer1=NAME|WORKGROUP|ADDRESS:PORT    (all but the name may be left out)
+///   Find=No                                  (only these; otherwise the LAN is asked for others)
 ///
 ///   [Sample Network]
 ///   Type=folder

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace netrove {
 namespace {
@@ -20,15 +19,9 @@ bool SameName(const QString& left, const QString& right) {
     return left.compare(right, Qt::CaseInsensitive) == 0;
 }
 
-/// An address of one link alone means something only together with an interface, which not
-/// everybody who is given the address can say.
-bool IsOfOneLink(const QString& address) {
-    return address.contains(QLatin1Char('%'));
-}
-
 SmbHost HostOf(const FoundComputer& computer) {
-    const auto address =
-        std::find_if_not(computer.addresses.begin(), computer.addresses.end(), IsOfOneLink);
+    const auto address = std::find_if_not(computer.addresses.begin(), computer.addresses.end(),
+                                          SmbComputers::IsOfOneLink);
     return {.name = computer.name,
             .workgroup = computer.workgroup,
             .address = address == computer.addresses.end() ? computer.addresses.value(0) : *address,
@@ -44,37 +37,51 @@ SmbComputers::SmbComputers(const std::vector<SmbHost>& hosts,
     Merge();
 }
 
-bool SmbComputers::Look() {
+bool SmbComputers::IsOfOneLink(const QString& address) {
+    return address.contains(QLatin1Char('%'));
+}
+
+bool SmbComputers::Look(const std::function<void()>& onNews) {
     if (!source_)
         return true;
-    if (!source_->IsRunning())
-        TakeFound();
-    const bool isFresh = looked_ && now_() - *looked_ <= Fresh;
-    if (!source_->IsRunning()) {
+    NoteEnd();
+    const auto age = [this] { return now_() - *looked_; };
+    if (looked_ && !begun_ && age() <= New)
+        return true;
+    if (!begun_) {
         source_->Start();
         begun_ = now_();
     }
-    if (isFresh)
-        return true;
+    return (looked_ && age() <= Fresh) || AwaitEnd(onNews);
+}
+
+bool SmbComputers::AwaitEnd(const std::function<void()>& onNews) {
     WaitingPoll waiting(LongestLook);
     while (source_->IsRunning()) {
+        if (onNews)
+            onNews();
         std::array<pollfd, 1> descriptors{
             {{.fd = source_->Descriptor(), .events = POLLIN, .revents = 0}}};
         if (waiting.Wait(descriptors) != 0)
             return false;
-        static_cast<void>(source_->Found()); // makes the descriptor wait for more
+        TakeFound(*begun_);
     }
-    TakeFound();
+    NoteEnd();
     return true;
 }
 
-void SmbComputers::TakeFound() {
-    if (!begun_)
+void SmbComputers::NoteEnd() {
+    if (!begun_ || source_->IsRunning())
         return;
-    looked_ = std::exchange(begun_, std::nullopt);
+    looked_ = begun_;
+    begun_.reset();
+    TakeFound(*looked_);
+}
+
+void SmbComputers::TakeFound(Clock::time_point seen) {
     for (const FoundComputer& computer : source_->Found())
-        found_.insert(computer.name.toCaseFolded(), {HostOf(computer), *looked_});
-    found_.removeIf([&](const auto& one) { return *looked_ - one->seen > Kept; });
+        found_.insert(computer.name.toCaseFolded(), {HostOf(computer), seen});
+    found_.removeIf([&](const auto& one) { return seen - one->seen > Kept; });
     Merge();
 }
 

@@ -23,20 +23,29 @@ class SmbComputers {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// How long what was found is given out without waiting for another look, and how long a
-    /// computer stays that isn't found any more: an answer gets lost at times.
+    /// How long nobody looks again, how long what was found is given out without waiting for
+    /// another look, and how long a computer stays that isn't found any more: an answer gets lost
+    /// at times.
+    static constexpr std::chrono::seconds New{15};
     static constexpr std::chrono::seconds Fresh{60};
     static constexpr std::chrono::seconds Kept{600};
 
     /// Of hosts with equal names (but for case) the first counts. Without a source nobody is looked
     /// for.
-    explicit SmbComputers(const std::vector<SmbHost>& hosts,
-                          std::unique_ptr<ComputerSource> source = nullptr,
-                          std::function<Clock::time_point()> now = &Clock::now);
+    SmbComputers(const std::vector<SmbHost>& hosts,
+                 std::unique_ptr<ComputerSource> source = nullptr,
+                 std::function<Clock::time_point()> now = &Clock::now);
+
+    /// Whether an address means something only together with an interface, which not everybody who
+    /// is given the address can say ("fe80::1%eth0").
+    [[nodiscard]] static bool IsOfOneLink(const QString& address);
 
     /// Looks who is there. Waits for the end of the look, and calls WhileWaiting(), unless the last
     /// one is fresh: then it goes on behind, for the next time. False where the wait was given up.
-    [[nodiscard]] bool Look();
+    /// `onNews` is called before a wait and whenever more is known.
+    [[nodiscard]] bool Look(const std::function<void()>& onNews = {});
+    /// Whether anybody has looked yet, or nobody can.
+    [[nodiscard]] bool HasLooked() const { return !source_ || looked_; }
 
     /// What is known so far.
     [[nodiscard]] const std::vector<SmbHost>& All() const { return all_; }
@@ -56,7 +65,9 @@ private:
         Clock::time_point seen;
     };
 
-    void TakeFound();
+    [[nodiscard]] bool AwaitEnd(const std::function<void()>& onNews);
+    void NoteEnd();
+    void TakeFound(Clock::time_point seen);
     void Merge();
     void Add(const SmbHost& host);
 

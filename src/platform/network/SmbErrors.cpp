@@ -8,6 +8,32 @@
 
 namespace netrove {
 
+QString TroubleOfSmbStatus(int status) {
+    switch (status) {
+    case EACCES:
+    case EPERM:
+        return QStringLiteral("It refused the logon.");
+    case ETIMEDOUT:
+        return QStringLiteral("It didn't answer in time.");
+    case ECONNREFUSED:
+        return QStringLiteral("It refused the connection: it offers no shares.");
+    case EHOSTUNREACH:
+    case ENETUNREACH:
+        return QStringLiteral("There is no way to it.");
+    case ENOENT:
+        return QStringLiteral("Nobody knows its address.");
+    case EPROTO:
+        return QStringLiteral("It doesn't speak SMB 2 or 3.");
+    case ECONNRESET:
+    case ECONNABORTED:
+        return QStringLiteral("It broke off the connection.");
+    case ECANCELED:
+        return QStringLiteral("The search was aborted while it was asked.");
+    default:
+        return QStringLiteral("It can't be reached.");
+    }
+}
+
 ErrorNumber ErrorOfSmbStatus(int status, SmbAction action) {
     switch (status) {
     case ENOENT:

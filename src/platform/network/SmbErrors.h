@@ -2,12 +2,18 @@
 
 #include "runtime/RunTimeError.h"
 
+#include <QString>
+
 namespace netrove {
 
 class SmbPool;
 struct SmbRequest;
 
 enum class SmbAction { Look, Read };
+
+/// Why a computer couldn't be asked, as a sentence for the user: what such a status (0: nothing
+/// more is known) means.
+[[nodiscard]] QString TroubleOfSmbStatus(int status);
 
 /// The run-time failure that a request's status (an errno, not 0) stands for, by what was asked.
 /// A server that can't be reached, for whatever reason, is a path that isn't there.

@@ -14,9 +14,6 @@ using namespace std::chrono_literals;
 /// Disks and printers of a server are asked for one right after the other.
 constexpr auto SharesLifetime = 5s;
 
-/// Where computers stand whose workgroup nobody has told.
-constexpr QLatin1String Unknown("WORKGROUP");
-
 /// Bytes of one request of a read: each has its own limit of time.
 constexpr quint32 ReadBytes = 4 * 1024 * 1024;
 
@@ -44,21 +41,23 @@ private:
 
 } // namespace
 
-SmbProvider::SmbProvider(QString name, const std::vector<SmbHost>& hosts, QString helper,
+SmbProvider::SmbProvider(QString name, SmbComputers computers, QString helper,
                          const SmbLimits& limits, std::shared_ptr<Logons> logons)
-    : NetworkProvider(std::move(name)), pool_(std::move(helper), limits, std::move(logons)) {
-    for (const SmbHost& host : hosts) {
-        if (!Host(host.name))
-            hosts_.push_back(host);
-    }
-}
+    : NetworkProvider(std::move(name))
+    , computers_(std::move(computers))
+    , pool_(std::move(helper), limits, std::move(logons)) {}
 
 std::optional<std::vector<NetRecord>> SmbProvider::List(const NetRecord& node, qint32 type) {
+    const bool isDisks = type == NetEnum::TypeDisk;
     switch (node.dwDisplayType) {
     case NetEnum::DisplayNetwork:
-        return type == NetEnum::TypeDisk ? Workgroups() : std::vector<NetRecord>();
     case NetEnum::DisplayDomain:
-        return type == NetEnum::TypeDisk ? Servers(node.lpRemoteName) : std::vector<NetRecord>();
+        if (!isDisks)
+            return std::vector<NetRecord>();
+        if (!computers_.Look([&] { ExpectKnown(node); }))
+            return std::nullopt;
+        return node.dwDisplayType == NetEnum::DisplayNetwork ? Workgroups()
+                                                             : Servers(node.lpRemoteName);
     case NetEnum::DisplayServer:
         break;
     default:
@@ -70,25 +69,44 @@ std::optional<std::vector<NetRecord>> SmbProvider::List(const NetRecord& node, q
 
 std::vector<NetRecord> SmbProvider::Workgroups() const {
     std::vector<NetRecord> records;
-    for (const SmbHost& host : hosts_) {
-        const QString workgroup = WorkgroupOf(host);
-        const auto isKnown = [&](const NetRecord& record) {
-            return SameName(record.lpRemoteName, workgroup);
-        };
-        if (std::none_of(records.begin(), records.end(), isKnown))
-            records.push_back(Record(NetEnum::DisplayDomain, workgroup, QString()));
-    }
+    for (const QString& workgroup : computers_.Workgroups())
+        records.push_back(Record(NetEnum::DisplayDomain, workgroup, QString()));
     return records;
 }
 
 std::vector<NetRecord> SmbProvider::Servers(const QString& workgroup) const {
     std::vector<NetRecord> records;
-    for (const SmbHost& host : hosts_) {
-        if (SameName(WorkgroupOf(host), workgroup))
-            records.push_back(
-                Record(NetEnum::DisplayServer, QLatin1String("\\\\") + host.name, QString()));
-    }
+    for (const SmbHost* host : computers_.In(workgroup))
+        records.push_back(
+            Record(NetEnum::DisplayServer, QLatin1String("\\\\") + host->name, QString()));
     return records;
+}
+
+/// While the LAN is asked for computers, the walk's plan for those that are known already is begun
+/// with. One whose workgroup may be told yet can come to stand somewhere else, and one that has
+/// told only its address on this link has a better one.
+void SmbProvider::ExpectKnown(const NetRecord& node) {
+    if (!ahead_)
+        return;
+    std::vector<WalkPlace> places;
+    for (const SmbHost& host : computers_.All()) {
+        const QString name = QLatin1String("\\\\") + host.name;
+        const bool isBelow = host.workgroup && !SmbComputers::IsOfOneLink(host.address) &&
+                             (node.dwDisplayType == NetEnum::DisplayNetwork ||
+                              SameName(*host.workgroup, node.lpRemoteName)) &&
+                             plan_->EntersWorkgroup(*host.workgroup);
+        if (isBelow && plan_->EntersComputer(name))
+            places.push_back(
+                {.kind = WalkPlace::Kind::Computer, .remoteName = name, .provider = Name()});
+    }
+    Expect(places);
+}
+
+/// A computer whose path somebody has typed may be found on the LAN, which is quicker than asking
+/// for a name that nobody knows.
+void SmbProvider::LookFor(const QString& server) {
+    if (!computers_.Find(server) && !computers_.HasLooked())
+        static_cast<void>(computers_.Look());
 }
 
 bool SmbProvider::HasShares(const QString& server) const {
@@ -98,7 +116,9 @@ bool SmbProvider::HasShares(const QString& server) const {
 
 std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& server, qint32 type) {
     if (!HasShares(server)) {
+        LookFor(server);
         SmbList list = Fetch(ServerKey(server), Request(SmbRequest::Kind::ListShares, server));
+        troubles_.insert(server.toCaseFolded(), list.status);
         if (list.status != 0)
             return std::nullopt;
         lastShares_ = {.server = server,
@@ -117,17 +137,18 @@ std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& serve
     return records;
 }
 
-QString SmbProvider::WorkgroupOf(const SmbHost& host) const {
-    return host.workgroup ? *host.workgroup : told_.value(host.name.toCaseFolded(), Unknown);
+QString SmbProvider::Trouble(const QString& server) const {
+    return TroubleOfSmbStatus(troubles_.value(server.toCaseFolded()));
 }
 
 QString SmbProvider::Workgroup(const QString& server) {
-    const SmbHost* host = Host(server);
+    LookFor(server);
+    const SmbHost* host = computers_.Find(server);
     if (host && host->workgroup)
         return *host->workgroup;
     const QString workgroup = AskWorkgroup(server);
     if (host && !workgroup.isEmpty())
-        told_.insert(host->name.toCaseFolded(), workgroup);
+        computers_.NoteWorkgroup(server, workgroup);
     return workgroup;
 }
 
@@ -163,6 +184,7 @@ RecentListings::Listing SmbProvider::Entries(const UncPath& path) {
         return nullptr;
     if (auto known = recent_.Find(folder))
         return known;
+    LookFor(path.Server());
     const SmbList list = Fetch(folder, Request(SmbRequest::Kind::ListFolder, path));
     if (list.status != 0)
         return nullptr;
@@ -193,6 +215,7 @@ void SmbProvider::Expect(const std::vector<WalkPlace>& places) {
         const auto path = UncPath::Parse(place.remoteName);
         if (!path)
             continue;
+        LookFor(path->Server());
         if (place.kind == WalkPlace::Kind::Folder)
             AddStart(*path, place.remoteName.size(), starts);
         else if (path->Share().isEmpty())
@@ -264,6 +287,7 @@ FileInfo SmbProvider::Info(const UncPath& path) {
 SmbEntry SmbProvider::FetchInfo(const UncPath& path) {
     if (path.Share().isEmpty())
         throw RunTimeError(ErrorNumber::PathNotFound);
+    LookFor(path.Server());
     SmbEntries entries;
     const auto take = [&](SmbAnswer& part) {
         auto* some = std::get_if<SmbEntries>(&part);
@@ -313,16 +337,9 @@ std::optional<SmbRequest> SmbProvider::ReadRequest(const UncPath& path) const {
     return Request(SmbRequest::Kind::Read, path);
 }
 
-const SmbHost* SmbProvider::Host(const QString& server) const {
-    const auto found = std::find_if(hosts_.begin(), hosts_.end(), [&](const SmbHost& host) {
-        return SameName(host.name, server);
-    });
-    return found == hosts_.end() ? nullptr : &*found;
-}
-
 SmbRequest SmbProvider::Request(SmbRequest::Kind kind, const QString& server) const {
     SmbRequest request = {.kind = kind, .host = server, .computer = server};
-    if (const SmbHost* host = Host(server)) {
+    if (const SmbHost* host = computers_.Find(server)) {
         request.port = host->port;
         if (!host->address.isEmpty())
             request.host = host->address;

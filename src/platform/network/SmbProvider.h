@@ -4,8 +4,8 @@
 #include "platform/network/NetworkProvider.h"
 #include "platform/network/RecentListings.h"
 #include "platform/network/SmbAhead.h"
+#include "platform/network/SmbComputers.h"
 #include "platform/network/SmbErrors.h"
-#include "platform/network/SmbHost.h"
 #include "platform/network/SmbPool.h"
 
 #include <QHash>
@@ -24,14 +24,15 @@ namespace netrove {
 /// the middle isn't listed at all.
 class SmbProvider : public NetworkProvider {
 public:
-    /// Of hosts with equal names (but for case) the first counts.
-    SmbProvider(QString name, const std::vector<SmbHost>& hosts,
-                QString helper = SmbPool::DefaultHelper(), const SmbLimits& limits = {},
-                std::shared_ptr<Logons> logons = nullptr);
+    SmbProvider(QString name, SmbComputers computers, QString helper = SmbPool::DefaultHelper(),
+                const SmbLimits& limits = {}, std::shared_ptr<Logons> logons = nullptr);
 
     [[nodiscard]] std::optional<std::vector<NetRecord>> List(const NetRecord& node,
                                                              qint32 type) override;
-    [[nodiscard]] bool Knows(const QString& server) override { return Host(server) != nullptr; }
+    [[nodiscard]] bool Knows(const QString& server) override {
+        return computers_.Find(server) != nullptr;
+    }
+    [[nodiscard]] QString Trouble(const QString& server) const override;
     /// The path of a computer that nobody has configured is tried by its name.
     [[nodiscard]] bool TakesUnknown() const override { return true; }
     /// As configured, else as the computer itself tells it.
@@ -61,8 +62,9 @@ private:
         SmbShares shares;
     };
 
-    [[nodiscard]] QString WorkgroupOf(const SmbHost& host) const;
     [[nodiscard]] QString AskWorkgroup(const QString& server);
+    void LookFor(const QString& server);
+    void ExpectKnown(const NetRecord& node);
     [[nodiscard]] std::vector<NetRecord> Workgroups() const;
     [[nodiscard]] std::vector<NetRecord> Servers(const QString& workgroup) const;
     [[nodiscard]] std::optional<std::vector<NetRecord>> SharesOf(const QString& server,
@@ -76,12 +78,11 @@ private:
                   std::vector<WalkOrder::Start>& starts) const;
     [[nodiscard]] SmbEntry FetchInfo(const UncPath& path);
 
-    [[nodiscard]] const SmbHost* Host(const QString& server) const;
     [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind, const QString& server) const;
     [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind, const UncPath& path) const;
 
-    std::vector<SmbHost> hosts_;
-    QHash<QString, QString> told_; ///< workgroups that computers have told, by their folded names
+    SmbComputers computers_;
+    QHash<QString, int> troubles_; ///< errno of the last list of shares, by folded names
     SmbPool pool_;
     RecentListings recent_;
     Shares lastShares_;

@@ -68,7 +68,7 @@ TEST_F(OpenNetworkTest, KeepsTheGoodPartsOfABadFile) {
 }
 
 TEST_F(OpenNetworkTest, ReadsComputers) {
-    const Opened good("[LAN]\nType=SMB\nComputer1=ATTIC\ncomputer2=\\\\CELLAR|HOME\n"
+    const Opened good("[LAN]\nType=SMB\nfind=no\nComputer1=ATTIC\ncomputer2=\\\\CELLAR|HOME\n"
                       "Computer3=SHED | | [::1]:1445\nComputer4=LOFT||127.0.0.1\n"
                       "Computer5=PORCH||localhost:1445\nComputer6=HALL||[fe80::1]\n");
     EXPECT_TRUE(good.opened.problems.isEmpty())

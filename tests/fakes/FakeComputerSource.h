@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/discovery/ComputerSource.h"
+#include "platform/discovery/UniqueDescriptor.h"
+
+#include <vector>
+
+#include <sys/eventfd.h>
+
+namespace netrove {
+
+/// Finds what it is told to, when it is told to.
+class FakeComputerSource : public ComputerSource {
+public:
+    std::vector<FoundComputer> Computers;
+    int Rounds = 0;
+    bool Running = false;
+
+    void Start() override {
+        ++Rounds;
+        Running = true;
+    }
+    /// The computers are found, and the round goes on.
+    void Publish() {
+        found_ = Computers;
+        eventfd_write(descriptor_.Number(), 1);
+    }
+    void Finish() {
+        Running = false;
+        Publish();
+    }
+    bool IsRunning() const override { return Running; }
+    std::vector<FoundComputer> Found() const override {
+        eventfd_t value = 0;
+        eventfd_read(descriptor_.Number(), &value);
+        return found_;
+    }
+    int Descriptor() const override { return descriptor_.Number(); }
+
+private:
+    std::vector<FoundComputer> found_;
+    UniqueDescriptor descriptor_{eventfd(0, EFD_NONBLOCK)};
+};
+
+} // namespace netrove
