@@ -49,7 +49,7 @@ MOST_PER_DEAD = 6.0
 MOST_SIDE_BY_SIDE = 5.0
 # A computer that falls silent in the middle: 3 s until that is noticed, 1.5 s for the port, and what
 # a busy machine adds.
-MOST_FOR_UNPLUGGED = 10.0
+MOST_FOR_UNPLUGGED = 8.0
 
 
 def expected(host):
