@@ -142,9 +142,16 @@ int main(int argc, char** argv) {
     netrove::DesktopFileTypes fileTypes;
     netrove::LinuxSystemInformation system;
     const netrove::WindowYield yield;
-    netrove::frmNetrove window({*opened.network, *opened.network, dialogs, shell, fileTypes,
-                                [&](int index) { return fileTypes.Icon(index); }, system, folder,
-                                QStringLiteral("https://www.example.com/")});
+    netrove::frmNetrove window({.network = *opened.network,
+                                .files = *opened.network,
+                                .dialogs = dialogs,
+                                .shell = shell,
+                                .fileTypes = fileTypes,
+                                .systemIcon = [&](int index) { return fileTypes.Icon(index); },
+                                .system = system,
+                                .applicationFolder = folder,
+                                .webAddress = QStringLiteral("https://www.example.com/"),
+                                .ahead = opened.network.get()});
     window.Form_Load();
     window.findChild<QComboBox*>(QStringLiteral("LstSearchFor"))
         ->setEditText(QStringLiteral("*.mp3"));

@@ -138,29 +138,33 @@ TEST_F(SmbCopyTest, FilesComeWholeAndWithTheirTimes) {
     EXPECT_EQ(driver->Done().size(), names.size() + 4);
 }
 
-TEST_F(SmbCopyTest, ADroppedConnectionIsResumed) {
-    FaultyProxy proxy(samba_->Port());
-    const auto driver = Driver(proxy.Port());
-    proxy.CloseAfter(BigSize * 2 / 3);
-    EXPECT_EQ(driver->Copy(big_, Save(Text("big"))), Broken);
-    EXPECT_EQ(Saved(), QStringList());
-    proxy.Heal();
-    const qint64 before = proxy.Bytes();
-    const auto later = Driver(proxy.Port());
-    EXPECT_EQ(later->Copy(big_, Save(Text("big"))), 0);
-    EXPECT_EQ(ContentOf(Save(Text("big"))), Pattern(BigSize));
-    EXPECT_LT(proxy.Bytes() - before, BigSize);
+TEST_F(SmbCopyTest, ABrokenCopyIsResumed) {
+    SmbLimits limits;
+    limits.silence = 500ms;
+    limits.negotiate = 500ms;
+    for (const bool fallsSilent : {false, true}) {
+        FaultyProxy proxy(samba_->Port());
+        const auto driver = Driver(proxy.Port(), limits);
+        if (fallsSilent)
+            proxy.FallSilentAfter(BigSize * 2 / 3);
+        else
+            proxy.CloseAfter(BigSize * 2 / 3);
+        const QString target = Save(fallsSilent ? Text("silent") : Text("closed"));
+        QElapsedTimer time;
+        time.start();
+        EXPECT_EQ(driver->Copy(big_, target), Broken);
+        EXPECT_LT(time.elapsed(), 8000) << "not the limit of a request";
+        EXPECT_FALSE(QFile::exists(target));
+        proxy.Heal();
+        const qint64 before = proxy.Bytes();
+        const auto later = Driver(proxy.Port());
+        EXPECT_EQ(later->Copy(big_, target), 0);
+        EXPECT_EQ(ContentOf(target), Pattern(BigSize));
+        EXPECT_LT(proxy.Bytes() - before, BigSize);
+    }
 }
 
 TEST_F(SmbCopyTest, WhateverDiesEveryCopyEnds) {
-    SmbLimits limits;
-    limits.request = 1000ms;
-    {
-        FaultyProxy proxy(samba_->Port());
-        const auto driver = Driver(proxy.Port(), limits);
-        proxy.FallSilentAfter(BigSize / 2);
-        EXPECT_EQ(driver->Copy(big_, Save(Text("silent"))), Broken);
-    }
     {
         SambaServer server;
         server.AddFile(Text("public/big"), Pattern(BigSize));

@@ -10,7 +10,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <csignal>
+#include <thread>
 
 #include <arpa/inet.h>
 #include <sys/socket.h>
@@ -98,6 +100,15 @@ protected:
         host.workgroup.reset();
         return std::make_unique<SmbProvider>(QStringLiteral("LAN"), std::vector<SmbHost>{host},
                                              helper, limits);
+    }
+
+    static SmbRequest Listing(quint16 port, const QString& folder) {
+        const SmbHost host = samba_->Host();
+        return {.kind = SmbRequest::Kind::ListFolder,
+                .host = host.address,
+                .port = port,
+                .share = QStringLiteral("public"),
+                .path = folder};
     }
 
     /// How many entries a folder of FILER has; -1 where it can't be listed.
@@ -230,6 +241,64 @@ TEST_F(SmbFaultsTest, AServerThatStopsAnsweringCostsTwoLimits) {
     EXPECT_GE(time.restart(), 600);
     EXPECT_EQ(Count(*provider, small_), -1);
     EXPECT_LT(time.elapsed(), 300);
+}
+
+TEST_F(SmbFaultsTest, AServerThatFallsSilentCostsOneLimitForAllWhoWait) {
+    FaultyProxy proxy(samba_->Port());
+    proxy.Delay(5ms); // so that several connections pay
+    SmbLimits limits = Limits(&SmbLimits::silence, 700ms);
+    limits.negotiate = 800ms;
+    limits.opening = 0ms;
+    SmbPool pool(SambaServer::Helper(), limits);
+    const SmbRequest request = Listing(proxy.Port(), small_);
+    ASSERT_EQ(pool.Run(request, [](SmbAnswer&) { return true; }), 0);
+    constexpr int connections = 6;
+    std::atomic<int> underWay = 0;
+    const auto work = [&] {
+        for (;;) {
+            auto turn = pool.TryTakeTurn(request, 1000);
+            if (!turn) {
+                usleep(1000);
+                continue;
+            }
+            ++underWay;
+            const int status = pool.Run(std::move(*turn), request, [](SmbAnswer&) { return true; });
+            --underWay;
+            if (status != 0)
+                return status;
+        }
+    };
+    std::vector<std::thread> threads;
+    std::array<int, connections> statuses{};
+    for (int& status : statuses)
+        threads.emplace_back([&] { status = work(); });
+    while (underWay < connections || proxy.Connections() <= connections) // one was a test
+        usleep(1000);
+    proxy.FallSilentAfter(0);
+    const int before = proxy.Connections();
+    QElapsedTimer time;
+    time.start();
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_GE(time.elapsed(), 1400);
+    EXPECT_LT(time.elapsed(), 4000);
+    for (const int status : statuses)
+        EXPECT_EQ(status, ETIMEDOUT);
+    EXPECT_LE(proxy.Connections(), before + 1) << "one probe for all";
+    EXPECT_TRUE(pool.IdleProcesses().empty());
+    time.restart();
+    EXPECT_EQ(pool.Run(request, [](SmbAnswer&) { return true; }), ETIMEDOUT);
+    EXPECT_LT(time.elapsed(), 500) << "what comes later doesn't wait";
+}
+
+TEST_F(SmbFaultsTest, ASlowServerThatIsThereLosesNothing) {
+    FaultyProxy proxy(samba_->Port());
+    const auto provider = Provider(proxy.Port(), Limits(&SmbLimits::silence, 100ms));
+    ASSERT_EQ(Count(*provider, small_), 3);
+    proxy.Delay(250ms);
+    EXPECT_EQ(Count(*provider, QString()), 4);
+    EXPECT_GT(proxy.Connections(), 1) << "it has been asked whether it is there";
+    EXPECT_EQ(provider->Pool().IdleProcesses().size(), 1U);
 }
 
 TEST_F(SmbFaultsTest, SilenceInTheMiddleOfAListingEndsTheHelper) {

@@ -56,5 +56,32 @@ TEST_F(SmbServersTest, RequestsThatFailTogetherAreOneDeath) {
     EXPECT_EQ(servers.DeadStatus(name), 0) << "it has answered in between";
 }
 
+TEST_F(SmbServersTest, SilentRequestsAskOnceWhetherTheServerIsThere) {
+    const auto begin = now;
+    servers.NoteSign(name);
+    now += limits.silence - 1ms;
+    EXPECT_FALSE(servers.BeginProbe(name, begin));
+    now += 1ms;
+    EXPECT_FALSE(servers.BeginProbe(name, now)) << "whoever has just begun to wait";
+    EXPECT_TRUE(servers.BeginProbe(name, begin));
+    EXPECT_FALSE(servers.BeginProbe(name, begin)) << "one asks for all";
+    servers.EndProbe(name, ECANCELED);
+    EXPECT_TRUE(servers.BeginProbe(name, begin)) << "another takes over";
+
+    // Who answers, refuses or says something meanwhile is there, and is asked again later.
+    for (const int status : {0, ECONNREFUSED, ETIMEDOUT}) {
+        now += 1s;
+        if (status == ETIMEDOUT)
+            servers.NoteSign(name);
+        servers.EndProbe(name, status);
+        EXPECT_EQ(servers.DeadStatus(name), 0) << status;
+        EXPECT_FALSE(servers.BeginProbe(name, begin)) << status;
+        now += limits.silence;
+        EXPECT_TRUE(servers.BeginProbe(name, begin)) << status;
+    }
+    servers.EndProbe(name, EHOSTUNREACH);
+    EXPECT_NE(servers.DeadStatus(name), 0);
+}
+
 } // namespace
 } // namespace netrove

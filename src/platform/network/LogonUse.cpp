@@ -10,7 +10,7 @@ namespace {
 /// Waits one step; false where the wait is given up.
 bool Pause() {
     WaitingPoll step(std::chrono::milliseconds(0));
-    return step.Wait({}) != WaitingPoll::End::Abandoned;
+    return step.Wait({}) != ECANCELED;
 }
 
 } // namespace

@@ -62,7 +62,7 @@ bool SmbComputers::AwaitEnd(const std::function<void()>& onNews) {
             onNews();
         std::array<pollfd, 1> descriptors{
             {{.fd = source_->Descriptor(), .events = POLLIN, .revents = 0}}};
-        if (waiting.Wait(descriptors) != WaitingPoll::End::Ready)
+        if (waiting.Wait(descriptors) != 0)
             return false;
         TakeFound(*begun_);
     }

@@ -17,6 +17,9 @@ struct SmbLimits {
     /// Any other request, from one sign of life to the next. Disks that sleep need 10 to 15 s; the
     /// library itself gives up after 20 s.
     Time request{25000};
+    /// Without any sign of life for so long, a server is asked over a new connection whether it is
+    /// still there. A request waits on where it is, and is given up at once where it isn't.
+    Time silence{3000};
     Time workgroup{3000}; ///< the workgroup of a computer
     /// A folder: the library reads all of it before the first entry comes.
     Time listing{60000};

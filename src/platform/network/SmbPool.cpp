@@ -92,6 +92,9 @@ int SmbPool::Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& pa
 }
 
 int SmbPool::Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    // It may have died since the turn was given.
+    if (const int status = DeadStatus(turn.server_); status != 0)
+        return status;
     switch (turn.kind_) {
     case Turn::Kind::None:
         return turn.status_;
@@ -239,7 +242,7 @@ std::optional<SmbPool::Turn> SmbPool::AwaitOther(const SmbRequest& request) {
     changed_.notify_all();
     WaitingPace pace;
     std::optional<Turn> turn;
-    while (servers_[name].open > servers_[name].doubtful) {
+    while (servers_.DeadStatus(name) == 0 && servers_[name].open > servers_[name].doubtful) {
         if (auto idle = TakeIdle(name, request.share)) {
             turn = ReadyTurn(std::move(*idle), Urgency::GoesFirst);
             break;
@@ -254,17 +257,66 @@ std::optional<SmbPool::Turn> SmbPool::AwaitOther(const SmbRequest& request) {
 int SmbPool::RunOn(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
     const bool isWarm = turn.kind_ == Turn::Kind::Ready && turn.share_ == request.share;
     const auto begin = Clock::now();
-    const int status = turn.worker_->Request(request, LimitOf(request.kind), part);
+    const auto noting = [&](SmbAnswer& answer) {
+        NoteSign(turn.server_);
+        return part(answer);
+    };
+    const auto check = [&] { return CheckSilent(turn.server_, request.port, begin); };
+    const int status = turn.worker_->Request(request, LimitOf(request.kind), noting, check);
     turn.share_ = request.share;
     const std::scoped_lock lock(mutex_);
     // So short a limit says nothing of how long the server takes for its files.
     const bool isLong = request.kind != SmbRequest::Kind::Workgroup;
     servers_.Note(turn.server_, status, isLong);
-    if (IsAnswer(status))
+    if (IsAnswer(status)) {
+        servers_.NoteSign(turn.server_);
         servers_[turn.server_].isProven = true;
+    }
     if (isWarm && request.kind == SmbRequest::Kind::ListFolder && IsAnswer(status))
         servers_.NoteAnswerTime(turn.server_, Clock::now() - begin);
     return status;
+}
+
+void SmbPool::NoteSign(const QString& name) {
+    const std::scoped_lock lock(mutex_);
+    servers_.NoteSign(name);
+}
+
+int SmbPool::DeadStatus(const QString& name) {
+    const std::scoped_lock lock(mutex_);
+    return servers_.DeadStatus(name);
+}
+
+/// Asked by each request that has waited since then, all the time: 0 while its server is there. The
+/// first that finds it silent tests it for all.
+int SmbPool::CheckSilent(const QString& name, quint16 port, Clock::time_point since) {
+    std::vector<QString> addresses;
+    {
+        const std::scoped_lock lock(mutex_);
+        if (const int status = servers_.DeadStatus(name); status != 0)
+            return status;
+        if (!servers_.BeginProbe(name, since))
+            return 0;
+        addresses = servers_[name].addresses;
+    }
+    return EndProbe(name, SmbProbe(limits_).Run(addresses, port));
+}
+
+/// The connections to a server that has died are closed.
+int SmbPool::EndProbe(const QString& name, int status) {
+    std::vector<Idle> closed; // ended without the lock
+    const std::scoped_lock lock(mutex_);
+    servers_.EndProbe(name, status);
+    if (const int dead = servers_.DeadStatus(name); dead != 0) {
+        while (auto idle = TakeIdle(name, QString())) {
+            closed.push_back(std::move(*idle));
+            --helpers_;
+            servers_.NoteClosed(name);
+        }
+        changed_.notify_all();
+        return dead;
+    }
+    return status == ECANCELED ? status : 0;
 }
 
 SmbLimits::Time SmbPool::LimitOf(SmbRequest::Kind kind) const {
@@ -331,7 +383,10 @@ int SmbPool::Reach(Turn& turn, const SmbRequest& request) {
         if (status != 0)
             return status;
     }
-    return SmbProbe(limits_).Run(addresses, request.port);
+    const int status = SmbProbe(limits_).Run(addresses, request.port);
+    const std::scoped_lock lock(mutex_);
+    servers_[turn.server_].addresses = std::move(addresses);
+    return status;
 }
 
 /// The one used last is the warmest, and one at the same share needs no new connection.

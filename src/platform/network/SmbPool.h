@@ -49,7 +49,8 @@ public:
     ///
     /// A server that doesn't take connections, or takes them and doesn't speak SMB, costs one
     /// short limit and then nothing for a while, which is longer each time that it is tried in
-    /// vain right afterwards; one that stops answering costs two.
+    /// vain right afterwards. So does one that falls silent, together with all requests that are
+    /// under way to it; one that is still there and doesn't answer costs two limits.
     ///
     /// The request is made with the logon of its computer. One that the server has refused isn't
     /// tried again: EACCES.
@@ -93,6 +94,10 @@ private:
     [[nodiscard]] int RunOn(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
     [[nodiscard]] int Reach(Turn& turn, const SmbRequest& request);
     [[nodiscard]] int StartWorker(Turn& turn);
+    void NoteSign(const QString& name);
+    [[nodiscard]] int DeadStatus(const QString& name);
+    [[nodiscard]] int CheckSilent(const QString& name, quint16 port, Clock::time_point since);
+    [[nodiscard]] int EndProbe(const QString& name, int status);
     [[nodiscard]] SmbLimits::Time LimitOf(SmbRequest::Kind kind) const;
     [[nodiscard]] std::optional<Turn> AwaitOther(const SmbRequest& request);
     [[nodiscard]] std::optional<Turn> AwaitTurn(const SmbRequest& request);

@@ -81,8 +81,10 @@ void SmbProbe::Open(const QString& address, quint16 port) {
         return;
     const std::unique_ptr<addrinfo, decltype(&freeaddrinfo)> owner(found, &freeaddrinfo);
     const int handle = socket(found->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    if (handle < 0)
+    if (handle < 0) {
+        status_ = errno;
         return;
+    }
     if (connect(handle, found->ai_addr, found->ai_addrlen) != 0 && errno != EINPROGRESS) {
         status_ = errno;
         close(handle);
@@ -96,7 +98,7 @@ int SmbProbe::AwaitConnection() {
     WaitingPoll waiting(limits_.connect);
     auto open = static_cast<std::ptrdiff_t>(sockets_.size());
     while (open > 0) {
-        if (const int status = WaitingPoll::StatusOf(waiting.Wait(sockets_)); status != 0) {
+        if (const int status = waiting.Wait(sockets_); status != 0) {
             status_ = status;
             return -1;
         }
@@ -125,7 +127,7 @@ int SmbProbe::AwaitAnswer(int socket) const {
     QByteArray answer;
     while (answer.size() < AnswerBytes) {
         std::array<pollfd, 1> descriptors{{{.fd = socket, .events = POLLIN, .revents = 0}}};
-        if (const int status = WaitingPoll::StatusOf(waiting.Wait(descriptors)); status != 0)
+        if (const int status = waiting.Wait(descriptors); status != 0)
             return status;
         std::array<char, AnswerBytes> bytes{};
         const ssize_t count =

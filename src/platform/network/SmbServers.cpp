@@ -27,6 +27,20 @@ constexpr std::size_t MostWhenNear = 4;
 /// lose where most of the time nobody works.
 constexpr double HopeWhenDistant = 4;
 
+/// Whether a failed connection says that nobody is there. Who refuses it is.
+bool IsSilence(int status) {
+    switch (status) {
+    case ETIMEDOUT:
+    case EHOSTUNREACH:
+    case EHOSTDOWN:
+    case ENETUNREACH:
+    case ENETDOWN:
+        return true;
+    default:
+        return false;
+    }
+}
+
 /// How fast a longer answer is believed.
 constexpr double Rise = 0.05;
 
@@ -55,8 +69,29 @@ void SmbServers::Note(const QString& name, int status, bool isLong) {
         dead_.remove(name);
     if (status != ETIMEDOUT && status != ECANCELED)
         server.timeouts = 0;
-    else if (status == ETIMEDOUT && isLong && ++server.timeouts == MaxTimeouts)
+    else if (status == ETIMEDOUT && isLong && DeadStatus(name) == 0 &&
+             ++server.timeouts == MaxTimeouts)
         Bury(name, status);
+}
+
+bool SmbServers::BeginProbe(const QString& name, Clock::time_point since) {
+    Server& server = servers_[name];
+    if (server.probed || now_() - std::max(since, server.lastSign) < limits_.silence)
+        return false;
+    server.probed = now_();
+    return true;
+}
+
+void SmbServers::EndProbe(const QString& name, int status) {
+    Server& server = servers_[name];
+    const bool hasSpoken = server.lastSign >= server.probed;
+    server.probed.reset();
+    if (status == ECANCELED || hasSpoken)
+        return;
+    if (IsSilence(status))
+        Bury(name, ETIMEDOUT);
+    else
+        NoteSign(name);
 }
 
 bool SmbServers::TakesMore(const QString& name, std::size_t waiting) {

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace netrove {
 
@@ -27,6 +28,9 @@ public:
         std::size_t doubtful = 0;  ///< new connections whose first request waits for another one
         double answer = 0;         ///< milliseconds that a folder takes, of late
         int timeouts = 0;          ///< requests in a row without an answer
+        std::vector<QString> addresses = {};          ///< where it has been reached
+        Clock::time_point lastSign = {};              ///< when it said something
+        std::optional<Clock::time_point> probed = {}; ///< since when it is asked if it is there
     };
 
     explicit SmbServers(const SmbLimits& limits,
@@ -44,6 +48,16 @@ public:
 
     /// Notes how a request over a connection has ended. One that stops answering is dead, too.
     void Note(const QString& name, int status, bool isLong);
+
+    /// Notes that a server has said something.
+    void NoteSign(const QString& name) { servers_[name].lastSign = now_(); }
+
+    /// Whether whoever has waited for an answer since then should find out if the server is still
+    /// there: one at a time, where all of its connections are silent. True begins the probe.
+    [[nodiscard]] bool BeginProbe(const QString& name, Clock::time_point since);
+
+    /// Notes what came of the probe, an errno: a server that says nothing to it is dead.
+    void EndProbe(const QString& name, int status);
 
     /// Whether the server may get one more connection while so many requests wait for it. What
     /// one costs must be less than the time that it saves.

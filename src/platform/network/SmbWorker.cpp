@@ -9,11 +9,14 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <system_error>
+#include <thread>
 
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -38,6 +41,31 @@ pid_t Spawn(const QByteArray& program, int descriptor, int memory) {
         posix_spawn(&process, program.constData(), &actions, nullptr, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     return result == 0 ? process : -1;
+}
+
+/// A process that was killed ends within a few milliseconds, unless it hangs in the kernel.
+constexpr int ReapLimit = 100;
+
+void AwaitEnd(pid_t process) {
+    while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
+    }
+}
+
+/// Takes the status of a process that was killed. For one that hangs, a thread waits.
+void Reap(pid_t process) {
+    const auto handle = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
+    pollfd ended = {.fd = handle, .events = POLLIN, .revents = 0};
+    const bool hasEnded = handle >= 0 && poll(&ended, 1, ReapLimit) > 0;
+    if (handle >= 0)
+        close(handle);
+    if (hasEnded) {
+        AwaitEnd(process);
+        return;
+    }
+    try {
+        std::thread(AwaitEnd, process).detach();
+    } catch (const std::system_error&) { // NOLINT: it is left to the program's end
+    }
 }
 
 } // namespace
@@ -69,8 +97,7 @@ void SmbWorker::End() {
         return;
     close(socket_);
     kill(process_, SIGKILL);
-    while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) {
-    }
+    Reap(process_);
     process_ = -1;
 }
 
@@ -100,11 +127,12 @@ bool SmbWorker::Greet(Time limit) {
     return false;
 }
 
-int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part) {
+int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part,
+                       const Check& check) {
     QByteArray payload = EncodeQuestion(request);
     unsent_ = Frames::Framed(payload); // what was asked before is answered, and so it is sent
     Wipe(payload);
-    WaitingPoll waiting(limit);
+    WaitingPoll waiting(limit, check);
     for (;;) {
         SmbAnswer answer;
         if (const int status = Receive(answer, waiting); status != 0)
@@ -137,7 +165,7 @@ int SmbWorker::Receive(SmbAnswer& answer, WaitingPoll& waiting) {
         std::array<pollfd, 1> descriptors{{{.fd = socket_, .events = POLLIN, .revents = 0}}};
         if (!unsent_.isEmpty())
             descriptors[0].events |= POLLOUT;
-        if (const int status = WaitingPoll::StatusOf(waiting.Wait(descriptors)); status != 0)
+        if (const int status = waiting.Wait(descriptors); status != 0)
             return Fail(status);
         if ((descriptors[0].revents & POLLOUT) != 0 && Write() != 0)
             return Fail(ECONNABORTED);

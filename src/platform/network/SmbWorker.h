@@ -24,6 +24,8 @@ public:
     /// Takes one part of an answer; false where it can't be one of this request. What was fetched
     /// comes as SmbData, whose bytes are only there during the call.
     using Part = std::function<bool(SmbAnswer& part)>;
+    /// Asked now and then while nothing comes: 0, or an errno to give up with.
+    using Check = std::function<int()>;
 
     /// Starts the program at that path; null if that fails. It isn't known yet whether it speaks.
     [[nodiscard]] static std::unique_ptr<SmbWorker> Start(const QString& program);
@@ -38,8 +40,10 @@ public:
     /// Sends a request, gives each part of the answer to `part`, then the status of its end: 0 or
     /// an errno. Calls WhileWaiting() meanwhile. Where the process has died, sends garbage or
     /// nothing for longer than `limit`, or the wait is given up, it is ended; the status is then
-    /// ECONNABORTED, EPROTO, ETIMEDOUT or ECANCELED and the worker of no further use.
-    [[nodiscard]] int Request(const SmbRequest& request, Time limit, const Part& part);
+    /// ECONNABORTED, EPROTO, ETIMEDOUT or ECANCELED, or that of `check`, and the worker of no
+    /// further use.
+    [[nodiscard]] int Request(const SmbRequest& request, Time limit, const Part& part,
+                              const Check& check = {});
 
     /// Whether the process still waits for requests, as far as can be told without asking.
     [[nodiscard]] bool IsAlive();

@@ -4,29 +4,19 @@
 
 namespace netrove {
 
-WaitingPoll::End WaitingPoll::Wait(std::span<pollfd> descriptors) {
+int WaitingPoll::Wait(std::span<pollfd> descriptors) {
     for (;;) {
         const int ready = poll(descriptors.data(), descriptors.size(),
                                static_cast<int>(WaitingPace::Step.count()));
         if (!pace_.Pass())
-            return End::Abandoned;
+            return ECANCELED;
         if (ready > 0)
-            return End::Ready;
+            return 0;
+        if (const int status = check_ ? check_() : 0; status != 0)
+            return status;
         if (Clock::now() >= end_)
-            return End::TimeIsUp;
+            return ETIMEDOUT;
     }
-}
-
-int WaitingPoll::StatusOf(End end) {
-    switch (end) {
-    case End::Ready:
-        return 0;
-    case End::TimeIsUp:
-        return ETIMEDOUT;
-    case End::Abandoned:
-        return ECANCELED;
-    }
-    return EPROTO;
 }
 
 } // namespace netrove

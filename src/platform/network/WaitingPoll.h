@@ -3,6 +3,7 @@
 #include "platform/network/WaitingPace.h"
 
 #include <chrono>
+#include <functional>
 #include <span>
 
 #include <poll.h>
@@ -15,24 +16,22 @@ class WaitingPoll {
 public:
     using Clock = std::chrono::steady_clock;
 
-    explicit WaitingPoll(std::chrono::milliseconds limit) : end_(Clock::now() + limit) {}
+    /// Asked in each step: 0, or an errno to end the wait with as there is no sense in it.
+    using Check = std::function<int()>;
 
-    enum class End {
-        Ready,     ///< one of the descriptors is
-        TimeIsUp,  ///< the limit has passed since the object was made
-        Abandoned, ///< WhileWaiting() says so
-    };
+    explicit WaitingPoll(std::chrono::milliseconds limit, Check check = {})
+        : end_(Clock::now() + limit), check_(std::move(check)) {}
 
     /// From now on there is the limit again.
     void Restart(std::chrono::milliseconds limit) { end_ = Clock::now() + limit; }
 
-    [[nodiscard]] End Wait(std::span<pollfd> descriptors);
-
-    /// The errno that a wait without a ready descriptor stands for.
-    [[nodiscard]] static int StatusOf(End end);
+    /// 0 where one of the descriptors is ready, ETIMEDOUT where the limit has passed since the
+    /// object was made, ECANCELED where WhileWaiting() gives up, or what the check says.
+    [[nodiscard]] int Wait(std::span<pollfd> descriptors);
 
 private:
     Clock::time_point end_;
+    Check check_;
     WaitingPace pace_;
 };
 
