@@ -189,9 +189,16 @@ int SmbPool::RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Pa
     int status = Reach(turn, request);
     if (status == 0 && !turn.worker_)
         status = StartWorker(turn);
-    if (status == 0)
-        return RunOn(turn, request, part);
-    GiveUp(turn, status);
+    if (status != 0) {
+        GiveUp(turn, status);
+        return status;
+    }
+    const auto begin = Clock::now();
+    status = RunOn(turn, request, part);
+    if (request.kind == SmbRequest::Kind::ListFolder && IsAnswer(status)) {
+        const std::scoped_lock lock(mutex_);
+        servers_.NoteFirstTime(turn.server_, Clock::now() - begin);
+    }
     return status;
 }
 
