@@ -97,7 +97,7 @@ void SmbServers::NoteAnswerTime(const QString& name, Clock::duration time) {
 /// Less the work, what is left is answers.
 void SmbServers::NoteFirstTime(const QString& name, Clock::duration time) {
     double& answer = servers_[name].answer;
-    const std::chrono::duration<double, std::milli> waited = time - limits_.opening;
+    const std::chrono::duration<double, std::milli> waited = time - limits_.firstOpening;
     if (answer == 0 && waited.count() > 0)
         answer = waited.count() / (OpeningAnswers + 1);
 }
