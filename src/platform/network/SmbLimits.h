@@ -25,7 +25,7 @@ struct SmbLimits {
     Time idle{30000};    ///< a helper without work is ended after so long
     /// The work of opening a connection, on both machines: a process on each.
     Time opening{20};
-    Time firstOpening{80}; ///< the same of the first one, on a busy machine
+    Time firstOpening{80};         ///< the same of the first one, on a busy machine
     Time refusedFor{60000};        ///< a connection too many isn't tried again for so long
     std::size_t maxPerServer = 16; ///< connections; client editions of Windows take 20
     /// Helpers in all, of some 4 MB each. A call that can't wait may start one more.
