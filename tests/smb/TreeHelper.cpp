@@ -3,15 +3,14 @@
 
 #include "platform/Files.h"
 #include "smb/Frames.h"
+#include "smb/HelperLaunch.h"
 #include "smb/SmbMessages.h"
 
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
 
 #include <fcntl.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -137,7 +136,8 @@ void Serve(const Tree& tree, int log) {
 } // namespace netrove
 
 int main() {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (!netrove::LaunchHelpers())
+        return 0;
     const int log = open(std::getenv("NETROVE_TREE_LOG"), O_WRONLY | O_APPEND);
     netrove::Serve(netrove::Tree(static_cast<quint32>(std::atoi(std::getenv("NETROVE_TREE")))),
                    log);

@@ -49,14 +49,18 @@ std::optional<SmbEntry> RecentListings::FindEntry(const QString& folder, const Q
 }
 
 RecentListings::Kept* RecentListings::Use(const QString& folder) {
-    ForgetOld();
     const auto found = std::find_if(kept_.begin(), kept_.end(),
                                     [&](const Kept& one) { return one.folder == folder; });
-    if (found == kept_.end())
+    const auto now = now_();
+    if (found == kept_.end() || IsOld(*found, now))
         return nullptr;
-    found->used = now_();
+    found->used = now;
     kept_.splice(kept_.begin(), kept_, found);
     return &kept_.front();
+}
+
+bool RecentListings::IsOld(const Kept& kept, Clock::time_point now) {
+    return now - kept.used > Rest || now - kept.made > MaxAge;
 }
 
 void RecentListings::Forget(std::list<Kept>::iterator kept) {
@@ -68,7 +72,7 @@ void RecentListings::ForgetOld() {
     const auto now = now_();
     for (auto one = kept_.begin(); one != kept_.end();) {
         const auto next = std::next(one);
-        if (now - one->used > Rest || now - one->made > MaxAge)
+        if (IsOld(*one, now))
             Forget(one);
         one = next;
     }

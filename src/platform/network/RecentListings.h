@@ -54,11 +54,12 @@ private:
     };
 
     [[nodiscard]] Kept* Use(const QString& folder);
+    [[nodiscard]] static bool IsOld(const Kept& kept, Clock::time_point now);
     void Forget(std::list<Kept>::iterator kept);
     void ForgetOld();
 
     std::function<Clock::time_point()> now_;
-    std::list<Kept> kept_; ///< the one used last in front; a handful
+    std::list<Kept> kept_; ///< the one used last in front
     std::size_t entries_ = 0;
 };
 

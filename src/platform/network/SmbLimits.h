@@ -27,7 +27,8 @@ struct SmbLimits {
     Time deadFor{15000}; ///< a computer that failed isn't tried again for so long
     Time idle{30000};    ///< a helper without work is ended after so long
     /// The work of opening a connection, on both machines: a process on each.
-    Time opening{80};
+    Time opening{20};
+    Time firstOpening{80};         ///< the same of the first one, on a busy machine
     Time refusedFor{60000};        ///< a connection too many isn't tried again for so long
     std::size_t maxPerServer = 16; ///< connections; client editions of Windows take 20
     /// Helpers in all, of some 4 MB each. A call that can't wait may start one more.

@@ -188,12 +188,20 @@ void SmbPool::GiveBack(Turn& turn) {
 /// Where a server is first reached: it is looked up, its port is tested, and one request shows
 /// whether it lets us in, before anybody else comes.
 int SmbPool::RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    launcher_.Prepare(); // it loads while the port is tested
     int status = Reach(turn, request);
     if (status == 0 && !turn.worker_)
         status = StartWorker(turn);
-    if (status == 0)
-        return RunOn(turn, request, part);
-    GiveUp(turn, status);
+    if (status != 0) {
+        GiveUp(turn, status);
+        return status;
+    }
+    const auto begin = Clock::now();
+    status = RunOn(turn, request, part);
+    if (request.kind == SmbRequest::Kind::ListFolder && IsAnswer(status)) {
+        const std::scoped_lock lock(mutex_);
+        servers_.NoteFirstTime(turn.server_, Clock::now() - begin);
+    }
     return status;
 }
 
@@ -353,7 +361,7 @@ int SmbPool::StartWorker(Turn& turn) {
         }
         turn.hasHelper_ = true;
     }
-    auto worker = SmbWorker::Start(helper_);
+    auto worker = SmbWorker::Start(launcher_);
     if (!worker || !worker->Greet(limits_.start))
         return ECHILD;
     turn.worker_ = std::move(worker);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/network/Logons.h"
+#include "platform/network/SmbLauncher.h"
 #include "platform/network/SmbLimits.h"
 #include "platform/network/SmbServers.h"
 #include "platform/network/SmbWorker.h"
@@ -32,7 +33,7 @@ public:
     /// Without `logons` all requests are sent as they are.
     explicit SmbPool(QString helper = DefaultHelper(), const SmbLimits& limits = {},
                      std::shared_ptr<Logons> logons = nullptr)
-        : helper_(std::move(helper))
+        : launcher_(std::move(helper))
         , limits_(limits)
         , logons_(std::move(logons))
         , servers_(limits) {}
@@ -105,7 +106,7 @@ private:
     void GiveUp(Turn& turn, int status);
     void GiveBack(Turn& turn);
 
-    const QString helper_;
+    SmbLauncher launcher_;
     const SmbLimits limits_;
     const std::shared_ptr<Logons> logons_;
     mutable std::mutex mutex_;

@@ -129,6 +129,14 @@ void SmbServers::NoteAnswerTime(const QString& name, Clock::duration time) {
                                                   : answer + Rise * (milliseconds - answer);
 }
 
+/// Less the work, what is left is answers.
+void SmbServers::NoteFirstTime(const QString& name, Clock::duration time) {
+    double& answer = servers_[name].answer;
+    const std::chrono::duration<double, std::milli> waited = time - limits_.firstOpening;
+    if (answer == 0 && waited.count() > 0)
+        answer = waited.count() / (OpeningAnswers + 1);
+}
+
 void SmbServers::ForgetOld() {
     const auto now = now_();
     dead_.removeIf([&](const auto& one) { return now > one->until + limits_.deadFor; });

@@ -71,6 +71,9 @@ public:
 
     void NoteAnswerTime(const QString& name, Clock::duration time);
 
+    /// The time of a new connection with its first folder: a guess at the others.
+    void NoteFirstTime(const QString& name, Clock::duration time);
+
     void ForgetOld();
 
 private:

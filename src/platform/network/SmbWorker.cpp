@@ -1,76 +1,32 @@
 #include "platform/network/SmbWorker.h"
 
 #include "platform/Secret.h"
+#include "platform/network/SmbLauncher.h"
 #include "platform/network/WaitingPoll.h"
-
-#include <QFile>
+#include "smb/Descriptors.h"
+#include "smb/HelperLaunch.h"
 
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <system_error>
-#include <thread>
 
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
-
-extern char** environ;
 
 namespace netrove {
 namespace {
 
-/// Starts a program that has nothing but an end of the socket, the memory and the program's
-/// standard error.
-pid_t Spawn(const QByteArray& program, int descriptor, int memory) {
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions, descriptor, SmbHelperDescriptor);
-    posix_spawn_file_actions_adddup2(&actions, memory, SmbMemoryDescriptor);
-    QByteArray name = program;
-    const std::array<char*, 2> arguments{name.data(), nullptr};
-    pid_t process = -1;
-    const int result =
-        posix_spawn(&process, program.constData(), &actions, nullptr, arguments.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    return result == 0 ? process : -1;
-}
-
-/// A process that was killed ends within a few milliseconds, unless it hangs in the kernel.
-constexpr int ReapLimit = 100;
-
-void AwaitEnd(pid_t process) {
-    while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
-    }
-}
-
-/// Takes the status of a process that was killed. For one that hangs, a thread waits.
-void Reap(pid_t process) {
-    const auto handle = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
-    pollfd ended = {.fd = handle, .events = POLLIN, .revents = 0};
-    const bool hasEnded = handle >= 0 && poll(&ended, 1, ReapLimit) > 0;
-    if (handle >= 0)
-        close(handle);
-    if (hasEnded) {
-        AwaitEnd(process);
-        return;
-    }
-    try {
-        std::thread(AwaitEnd, process).detach();
-    } catch (const std::system_error&) { // NOLINT: it is left to the program's end
-    }
-}
+/// Milliseconds that a killed process is waited for: it ends within a few, unless it hangs in the
+/// kernel. Its launcher takes its status whenever it ends.
+constexpr int EndLimit = 100;
 
 } // namespace
 
-std::unique_ptr<SmbWorker> SmbWorker::Start(const QString& program) {
+std::unique_ptr<SmbWorker> SmbWorker::Start(SmbLauncher& launcher) {
     auto memory = SmbMemory::Make();
     std::array<int, 2> ends{};
     if (!memory ||
@@ -78,13 +34,10 @@ std::unique_ptr<SmbWorker> SmbWorker::Start(const QString& program) {
         return nullptr;
     // The process waits by blocking; only the program's end doesn't.
     fcntl(ends[1], F_SETFL, 0);
-    const pid_t process = Spawn(QFile::encodeName(program), ends[1], memory->Descriptor());
+    std::unique_ptr<SmbWorker> worker(new SmbWorker(ends[0], std::move(memory)));
+    const bool isLaunched = launcher.Launch(ends[1], worker->memory_->Descriptor());
     close(ends[1]);
-    if (process < 0) {
-        close(ends[0]);
-        return nullptr;
-    }
-    return std::unique_ptr<SmbWorker>(new SmbWorker(process, ends[0], std::move(memory)));
+    return isLaunched ? std::move(worker) : nullptr;
 }
 
 SmbWorker::~SmbWorker() {
@@ -93,11 +46,16 @@ SmbWorker::~SmbWorker() {
 
 void SmbWorker::End() {
     Wipe(unsent_);
+    if (socket_ >= 0)
+        close(socket_); // one that hasn't said hello ends by that
+    socket_ = -1;
     if (process_ < 0)
         return;
-    close(socket_);
-    kill(process_, SIGKILL);
-    Reap(process_);
+    syscall(SYS_pidfd_send_signal, process_, SIGKILL, nullptr, 0);
+    pollfd ending = {.fd = process_, .events = POLLIN, .revents = 0};
+    while (poll(&ending, 1, EndLimit) < 0 && errno == EINTR) {
+    }
+    close(process_);
     process_ = -1;
 }
 
@@ -114,10 +72,28 @@ bool SmbWorker::IsAlive() {
     return poll(&waiting, 1, 0) == 0;
 }
 
+/// Takes what the process sends first: who it is.
+bool SmbWorker::Meet(WaitingPoll& waiting) {
+    std::array<pollfd, 1> descriptors{{{.fd = socket_, .events = POLLIN, .revents = 0}}};
+    if (waiting.Wait(descriptors) != 0)
+        return false;
+    LaunchAnswer answer{};
+    const std::vector<int> received = ReceiveDescriptors(socket_, answer, 1);
+    if (received.empty())
+        return false;
+    process_ = received.front();
+    std::memcpy(&number_, answer.data(), sizeof number_);
+    return true;
+}
+
 bool SmbWorker::Greet(Time limit) {
+    WaitingPoll waiting(limit);
+    if (!Meet(waiting)) {
+        End();
+        return false;
+    }
     unsent_ = Frames::Framed(EncodeQuestion(SmbHello()));
     SmbAnswer answer;
-    WaitingPoll waiting(limit);
     if (Receive(answer, waiting) != 0)
         return false;
     const auto* hello = std::get_if<SmbHello>(&answer);

@@ -4,8 +4,6 @@
 #include "smb/SmbMemory.h"
 #include "smb/SmbMessages.h"
 
-#include <QString>
-
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -14,6 +12,7 @@
 
 namespace netrove {
 
+class SmbLauncher;
 class WaitingPoll;
 
 /// One helper process, which speaks SMB for the program over a socket. Its calls can't be
@@ -27,14 +26,14 @@ public:
     /// Asked now and then while nothing comes: 0, or an errno to give up with.
     using Check = std::function<int()>;
 
-    /// Starts the program at that path; null if that fails. It isn't known yet whether it speaks.
-    [[nodiscard]] static std::unique_ptr<SmbWorker> Start(const QString& program);
+    /// Has a process started; null if that fails. It isn't known yet whether it speaks.
+    [[nodiscard]] static std::unique_ptr<SmbWorker> Start(SmbLauncher& launcher);
 
     SmbWorker(const SmbWorker&) = delete;
     SmbWorker& operator=(const SmbWorker&) = delete;
     ~SmbWorker(); ///< ends the process
 
-    /// Waits for the hello of the process. False as for Request.
+    /// Waits for the hello of the process: the first call. False as for Request.
     [[nodiscard]] bool Greet(Time limit);
 
     /// Sends a request, gives each part of the answer to `part`, then the status of its end: 0 or
@@ -47,20 +46,22 @@ public:
 
     /// Whether the process still waits for requests, as far as can be told without asking.
     [[nodiscard]] bool IsAlive();
-    [[nodiscard]] pid_t ProcessId() const { return process_; }
+    [[nodiscard]] pid_t ProcessId() const { return number_; }
 
 private:
-    SmbWorker(pid_t process, int socket, std::unique_ptr<SmbMemory> memory)
-        : process_(process), socket_(socket), memory_(std::move(memory)) {}
+    SmbWorker(int socket, std::unique_ptr<SmbMemory> memory)
+        : socket_(socket), memory_(std::move(memory)) {}
 
+    [[nodiscard]] bool Meet(WaitingPoll& waiting);
     [[nodiscard]] int Receive(SmbAnswer& answer, WaitingPoll& waiting);
     [[nodiscard]] int Write();
     [[nodiscard]] int Read();
     int Fail(int status);
     void End();
 
-    pid_t process_;
-    int socket_;
+    int process_ = -1; ///< a pidfd, as it is the launcher's child; -1 before its hello
+    pid_t number_ = -1;
+    int socket_; ///< -1 once it has ended
     std::unique_ptr<SmbMemory> memory_;
     QByteArray unsent_;
     Frames frames_;

@@ -1,3 +1,4 @@
+#include "smb/HelperLaunch.h"
 #include "smb/helper/Channel.h"
 #include "smb/helper/Session.h"
 #include "smb/helper/SmbClient.h"
@@ -20,8 +21,6 @@ int main() {
                    stderr);
         return 2;
     }
-    // The helper never outlives the program, even where that is killed in the middle of a call.
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
     // A folder without end must not take the machine's memory: the library holds all of it.
     const rlimit memory{NETROVE_SMB_MEMORY, NETROVE_SMB_MEMORY};
     setrlimit(RLIMIT_DATA, &memory);
@@ -31,6 +30,8 @@ int main() {
     setrlimit(RLIMIT_CORE, &noCore);
     prctl(PR_SET_DUMPABLE, 0);
     std::signal(SIGPIPE, SIG_IGN);
+    if (!LaunchHelpers())
+        return EXIT_SUCCESS;
     SmbClient client;
     if (!client.IsReady())
         return EXIT_FAILURE;
