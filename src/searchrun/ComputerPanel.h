@@ -4,7 +4,8 @@
 
 namespace netrove {
 
-/// Shows in the third panel of the status bar how many of the computers a search has done.
+/// Shows in the third panel of the status bar how many of the computers a search still has before
+/// it, with the one that it is at.
 class ComputerPanel {
 public:
     explicit ComputerPanel(StatusBar& stbStatus) : stbStatus_(stbStatus) {}

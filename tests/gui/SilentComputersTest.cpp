@@ -67,7 +67,7 @@ TEST(SilentComputers, AreListedAfterASilentSearch) {
             EXPECT_EQ(bar.ToolTipText(3), Text("2 computers done, 1 left"));
     };
     driver.Search("*");
-    EXPECT_EQ(shown, (QStringList{Text("0/3"), Text("1/3"), Text("2/3")}));
+    EXPECT_EQ(shown, (QStringList{Text("3"), Text("2"), Text("1")}));
     EXPECT_EQ(driver.Find<StatusBar>("stbStatus").Text(3), QString());
     EXPECT_TRUE(desktop.dialogs.Shown.isEmpty());
 
@@ -88,7 +88,7 @@ TEST(SilentComputers, AreListedAfterASilentSearch) {
     provider.Off = {Text("\\\\C")};
     shown.clear();
     driver.Click("cmdStartSearch");
-    EXPECT_EQ(shown, (QStringList{Text("1/3"), Text("2/3")})) << "A is known";
+    EXPECT_EQ(shown, (QStringList{Text("2"), Text("1")})) << "A is known";
     EXPECT_TRUE(QTest::qWaitFor([&] { return list.Count() == 1; }));
     EXPECT_EQ(list.Text(1), Text("\\\\C"));
     QTest::keyClick(&dialog, Qt::Key_Escape);

@@ -90,6 +90,23 @@ TEST_F(WalkOrderTest, TheNearestComesFirst) {
     EXPECT_EQ(Next(), Text("t/c/far"));
 }
 
+TEST_F(WalkOrderTest, TheWalkMayBeElsewhereThanExpected) {
+    order.Expect({Root("s", "a"), Root("t", "c")});
+    EXPECT_EQ(All(), (QStringList{Text("s/a"), Text("t/c")}));
+    Answer("s/a", Folders({Text("1")}));
+    Answer("t/c", Folders({Text("2"), Text("3")}));
+    EXPECT_EQ(order.Reach(Text("t\\c")), WalkOrder::State::Answered);
+    EXPECT_EQ(All(), (QStringList{Text("t/c/2"), Text("t/c/3")}));
+    // What others have fills at most half of the room.
+    order.Expect({Root("s", "d"), Root("s", "e"), Root("s", "f"), Root("s", "g")});
+    EXPECT_EQ(All().size(), 4);
+    for (const char* path : {"s/d", "s/e", "s/f", "s/g"})
+        Answer(path, Folders({}));
+    Answer("t/c/2", Folders({Text("below")}));
+    order.Expect({Root("s", "h")});
+    EXPECT_EQ(All(), QStringList{Text("t/c/2/below")});
+}
+
 TEST_F(WalkOrderTest, WhereAServerIsBusyOthersAreAsked) {
     order.Expect({Root("s", "a"), Root("s", "b"), Root("t", "c")});
     std::size_t wait = 0;

@@ -73,8 +73,9 @@ void WalkOrder::Forget(const QString& key) {
     }
 }
 
+/// Whether a step is at the computer that the walk is at.
 bool WalkOrder::IsNear(const Step& step) const {
-    return step.start.server == steps_.front().start.server;
+    return step.start.server == (reached_.isEmpty() ? steps_.front().start.server : reached_);
 }
 
 bool WalkOrder::IsFull(bool isNear) const {
@@ -88,8 +89,10 @@ std::optional<WalkOrder::Question> WalkOrder::Next(const Grant& grant) {
     for (auto following = steps_.begin(); following != steps_.end();) {
         const auto step = following++;
         const bool isNear = IsNear(*step);
-        if (IsFull(isNear))
+        if (IsFull(true))
             return std::nullopt;
+        if (IsFull(isNear))
+            continue;
         if (step->start.server == busy || !HasQuestion(step, isNear))
             continue;
         if (known_.contains(KeyOf(*step))) {
@@ -253,7 +256,10 @@ WalkOrder::State WalkOrder::Reach(const QString& key) {
     if (!places_.contains(key))
         PassTo(key);
     const auto place = places_.constFind(key);
-    return place == places_.cend() ? State::Unknown : (*place)->state;
+    if (place == places_.cend())
+        return State::Unknown;
+    reached_ = (*place)->start.server;
+    return (*place)->state;
 }
 
 /// The walk enters a folder whose turn hadn't come: it takes its place before those that follow.

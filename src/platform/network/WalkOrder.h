@@ -121,6 +121,7 @@ private:
     Known known_;
     Limits limits_;
     Steps steps_;
+    QString reached_; ///< the server that the walk has come to
     QHash<QString, Steps::iterator> places_;
     QHash<QString, Steps::iterator> subfolders_; ///< by the folder's key
     QHash<QString, qsizetype> waiting_;          ///< by server
