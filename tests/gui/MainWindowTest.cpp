@@ -196,7 +196,9 @@ TEST_F(Window, AWaitForTheNetworkCanBeAborted) {
         << Caption().toStdString();
     EXPECT_TRUE(WhileWaiting()) << "the next wait isn't given up";
     QCoreApplication::processEvents();
-    EXPECT_FALSE(window.isVisible()) << "it was asked to close, and can now";
+    // The request to close comes at the first yield after the wait, and is refused, or after the
+    // search.
+    EXPECT_NE(window.isVisible(), dialogs.Shown.isEmpty());
 }
 
 TEST_F(Window, FailuresEndInABox) {
