@@ -12,6 +12,21 @@
 #include "platform/keyring/DesktopKeyring.h"
 #include "platform/network/OpenNetwork.h"
 
+namespace {
+
+void ShowLogons(QWidget& owner, const std::shared_ptr<netrove::Logons>& logons,
+                netrove::Network& network, netrove::Dialogs& dialogs) {
+    netrove::frmLogons(
+        {.logons = logons,
+         .dialogs = dialogs,
+         .shareList = [&](const QString& computer) { return network.ShareListRequest(computer); },
+         .helper = netrove::SmbPool::DefaultHelper()},
+        &owner)
+        .exec();
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     const netrove::DesktopApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("netrove"));
@@ -53,17 +68,7 @@ int main(int argc, char** argv) {
                  yield.SetAbandon(button, std::move(isPressed));
              },
          .showLogons =
-             [&](QWidget& owner) {
-                 netrove::frmLogons({.logons = logons,
-                                     .dialogs = dialogs,
-                                     .shareList =
-                                         [&](const QString& computer) {
-                                             return opened.network->ShareListRequest(computer);
-                                         },
-                                     .helper = netrove::SmbPool::DefaultHelper()},
-                                    &owner)
-                     .exec();
-             }});
+             [&](QWidget& owner) { ShowLogons(owner, logons, *opened.network, dialogs); }});
     dialogs.SetParent(&window);
     window.Form_Load();
     if (!opened.problems.isEmpty())
