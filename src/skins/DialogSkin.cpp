@@ -1,0 +1,26 @@
+#include "skins/DialogSkin.h"
+
+#include "mainwindow/windowservices/WindowGeometry.h"
+#include "skins/SkinControls.h"
+#include "skins/StandardFrame.h"
+
+namespace netrove {
+
+void DialogSkin::Load(QDialog& dialog, const SkinOwner* owner, std::optional<QSize> clientSize) {
+    const int index = owner ? owner->SkinIndex() : 0;
+    if (index != 0) {
+        configuration_ = owner->SkinConfiguration();
+        modifier_ = owner->NewModifier();
+        modifier_->Attach(dialog, *configuration_);
+        if (clientSize)
+            SetClientSize(
+                dialog,
+                clientSize->width() + configuration_->FrameInset1 + configuration_->FrameInset2,
+                clientSize->height() + configuration_->FrameInset3 + configuration_->FrameInset4);
+    }
+    if (!modifier_)
+        modifier_ = owner ? owner->NewModifier() : std::make_unique<StandardFrame>();
+    SkinControls(dialog, *modifier_, index, owner ? owner->Colors() : SkinColors());
+}
+
+} // namespace netrove
