@@ -78,20 +78,22 @@ QString SmbPool::DefaultHelper() {
                                             : folder + QLatin1String("../libexec/netrove/") + name;
 }
 
-int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part) {
+int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part, const Reached& reached) {
     auto turn = AwaitTurn(request);
-    return turn ? Run(std::move(*turn), request, part) : ECANCELED;
+    return turn ? Run(std::move(*turn), request, part, reached) : ECANCELED;
 }
 
-int SmbPool::Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part) {
+int SmbPool::Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part,
+                 const Reached& reached) {
     if (turn.kind_ == Turn::Kind::None || !logons_)
-        return Send(turn, request, part);
+        return Send(turn, request, part, reached);
     SmbRequest asked = request;
     LogonUse use(logons_.get(), asked);
-    return use.Status() != 0 ? use.Status() : use.End(Send(turn, asked, part));
+    return use.Status() != 0 ? use.Status() : use.End(Send(turn, asked, part, reached));
 }
 
-int SmbPool::Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+int SmbPool::Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part,
+                  const Reached& reached) {
     // It may have died since the turn was given.
     if (const int status = DeadStatus(turn.server_); status != 0)
         return status;
@@ -99,7 +101,7 @@ int SmbPool::Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& 
     case Turn::Kind::None:
         return turn.status_;
     case Turn::Kind::First:
-        return RunFirst(turn, request, part);
+        return RunFirst(turn, request, part, reached);
     case Turn::Kind::Further:
         return RunFurther(turn, request, part);
     case Turn::Kind::Ready:
@@ -154,10 +156,25 @@ std::optional<SmbPool::Turn> SmbPool::TakeTurn(const SmbRequest& request, std::s
     }
     if (!server.isProven || !servers_.TakesMore(name, waiting) || !MakeRoom(urgency))
         return std::nullopt;
-    ++servers_[name].open;
-    Turn turn(*this, Turn::Kind::Further, urgency, name);
+    return FurtherTurn(name, urgency);
+}
+
+/// Room for its helper has been made.
+SmbPool::Turn SmbPool::FurtherTurn(const QString& server, Urgency urgency) {
+    ++servers_[server].open;
+    Turn turn(*this, Turn::Kind::Further, urgency, server);
     turn.hasHelper_ = true;
     return turn;
+}
+
+std::optional<SmbPool::Turn> SmbPool::TryTakeEarlyTurn(const SmbRequest& request) {
+    if (logons_ && !logons_->IsSafe(request))
+        return std::nullopt;
+    const QString name = ServerName(request);
+    const std::scoped_lock lock(mutex_);
+    if (servers_.DeadStatus(name) != 0 || !servers_.TakesEarly(name) || !MakeRoom(Urgency::MayWait))
+        return std::nullopt;
+    return FurtherTurn(name, Urgency::MayWait);
 }
 
 SmbPool::Turn SmbPool::ReadyTurn(Idle idle, Urgency urgency) {
@@ -187,7 +204,8 @@ void SmbPool::GiveBack(Turn& turn) {
 
 /// Where a server is first reached: it is looked up, its port is tested, and one request shows
 /// whether it lets us in, before anybody else comes.
-int SmbPool::RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+int SmbPool::RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part,
+                      const Reached& reached) {
     launcher_.Prepare(); // it loads while the port is tested
     int status = Reach(turn, request);
     if (status == 0 && !turn.worker_)
@@ -196,6 +214,8 @@ int SmbPool::RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Pa
         GiveUp(turn, status);
         return status;
     }
+    if (reached)
+        reached();
     const auto begin = Clock::now();
     status = RunOn(turn, request, part);
     if (request.kind == SmbRequest::Kind::ListFolder && IsAnswer(status)) {
@@ -391,8 +411,10 @@ int SmbPool::Reach(Turn& turn, const SmbRequest& request) {
         if (status != 0)
             return status;
     }
+    const auto begin = Clock::now();
     const int status = SmbProbe(limits_).Run(addresses, request.port);
     const std::scoped_lock lock(mutex_);
+    servers_[turn.server_].greeting = Clock::now() - begin;
     servers_[turn.server_].addresses = std::move(addresses);
     return status;
 }
