@@ -209,17 +209,19 @@ TEST_F(SmbAheadTest, ComputersThatTakeFewConnectionsGiveTheSameAnswers) {
 TEST_F(SmbAheadTest, ADistantComputerGetsConnectionsBeforeThereIsWorkForThem) {
     const Doorkeeper distant(true, 20ms);
     computers_ = 1;
-    for (const int connections : {100, 2}) {
+    std::size_t early = 0;
+    for (const int connections : {100, 2, 1}) {
         Walk alone;
         Walk ahead;
         port_ = door_.Port();
         Run(alone, 30, false);
         port_ = distant.Port();
         Run(ahead, 30, true, connections);
-        EXPECT_GT(ahead.early, 0U);
+        early += ahead.early;
         EXPECT_EQ(alone.happened, ahead.happened) << connections;
         EXPECT_EQ(alone.requests, ahead.requests) << connections;
     }
+    EXPECT_GT(early, 0U);
 }
 
 TEST_F(SmbAheadTest, AnAbandonedWalkEndsAsItWouldAndAsksForNothingElse) {

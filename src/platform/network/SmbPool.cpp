@@ -102,6 +102,8 @@ int SmbPool::Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& 
         return turn.status_;
     case Turn::Kind::First:
         return RunFirst(turn, request, part, reached);
+    case Turn::Kind::Early:
+        return RunEarly(turn, request, part);
     case Turn::Kind::Further:
         return RunFurther(turn, request, part);
     case Turn::Kind::Ready:
@@ -174,7 +176,9 @@ std::optional<SmbPool::Turn> SmbPool::TryTakeEarlyTurn(const SmbRequest& request
     const std::scoped_lock lock(mutex_);
     if (servers_.DeadStatus(name) != 0 || !servers_.TakesEarly(name) || !MakeRoom(Urgency::MayWait))
         return std::nullopt;
-    return FurtherTurn(name, Urgency::MayWait);
+    Turn turn = FurtherTurn(name, Urgency::MayWait);
+    turn.kind_ = Turn::Kind::Early;
+    return turn;
 }
 
 SmbPool::Turn SmbPool::ReadyTurn(Idle idle, Urgency urgency) {
@@ -217,7 +221,7 @@ int SmbPool::RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Pa
     if (reached)
         reached();
     const auto begin = Clock::now();
-    status = RunOn(turn, request, part);
+    status = RunElseOverAnother(turn, request, part);
     if (request.kind == SmbRequest::Kind::ListFolder && IsAnswer(status)) {
         const std::scoped_lock lock(mutex_);
         servers_.NoteFirstTime(turn.server_, Clock::now() - begin);
@@ -235,31 +239,84 @@ void SmbPool::GiveUp(Turn& turn, int status) {
     changed_.notify_all();
 }
 
-/// Over one more connection. Where the server doesn't want that, over another one.
+/// Opens one more connection for those who come later. Where the server doesn't want that, nobody
+/// has lost anything.
+int SmbPool::RunEarly(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    int status = StartWorker(turn);
+    if (status == 0)
+        status = RunOn(turn, request, part);
+    if (status == 0)
+        return status;
+    const std::scoped_lock lock(mutex_);
+    servers_[turn.server_].hasFailedEarly = true;
+    if (MayBeRefused(status) && !IsAnswer(status))
+        servers_.NoteRefused(turn.server_);
+    EndConnection(turn);
+    return status;
+}
+
 int SmbPool::RunFurther(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    const int status = StartWorker(turn);
+    return status == 0 ? RunElseOverAnother(turn, request, part)
+                       : OverAnother(turn, request, part, status);
+}
+
+/// Over a new connection. Where the server doesn't want that, over another one: also the first may
+/// find that early ones have taken all that it gives.
+int SmbPool::RunElseOverAnother(Turn& turn, const SmbRequest& request,
+                                const SmbWorker::Part& part) {
     bool isAnswered = false;
     const auto noting = [&](SmbAnswer& answer) {
         isAnswered = true;
         return part(answer);
     };
-    int status = StartWorker(turn);
-    if (status == 0)
-        status = RunOn(turn, request, noting);
-    if (isAnswered || !MayBeRefused(status))
-        return status;
+    const int status = RunOn(turn, request, noting);
+    return isAnswered || !MayBeRefused(status) ? status : OverAnother(turn, request, part, status);
+}
+
+int SmbPool::OverAnother(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part,
+                         int status) {
     auto other = AwaitOther(request);
     if (!other)
-        return status;
+        return HasRoomAgain(turn) ? TryAgain(turn, request, part) : status;
     const int again = RunOn(*other, request, part);
     if (again == status || again == ECANCELED)
         return again;
     const std::scoped_lock lock(mutex_);
     servers_.NoteRefused(turn.server_);
+    EndConnection(turn);
+    return again;
+}
+
+/// Whether others were in the way that have all gone meanwhile.
+bool SmbPool::HasRoomAgain(const Turn& turn) {
+    const std::scoped_lock lock(mutex_);
+    const bool hadOthers =
+        turn.kind_ == Turn::Kind::Further || servers_[turn.server_].hasFailedEarly;
+    return hadOthers && servers_.DeadStatus(turn.server_) == 0;
+}
+
+/// The server may need a moment to notice that connections have been closed.
+int SmbPool::TryAgain(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    constexpr int tries = 3;
+    WaitingPace pace;
+    int status = RunOn(turn, request, part);
+    for (int more = 1; more < tries && MayBeRefused(status); ++more) {
+        std::unique_lock lock(mutex_);
+        if (!AwaitChange(lock, pace))
+            return ECANCELED;
+        lock.unlock();
+        status = RunOn(turn, request, part);
+    }
+    return status;
+}
+
+/// Its helper isn't kept: it has no connection that others could use.
+void SmbPool::EndConnection(Turn& turn) {
     if (turn.worker_) {
         turn.worker_.reset();
         turn.hasHelper_ = true;
     }
-    return again;
 }
 
 /// A turn over a connection that is open already; none where all who have one wait for another.

@@ -94,19 +94,26 @@ private:
     [[nodiscard]] std::optional<Turn> TakeTurn(const SmbRequest& request, std::size_t waiting,
                                                Urgency urgency);
     [[nodiscard]] Turn ReadyTurn(Idle idle, Urgency urgency);
+    [[nodiscard]] Turn FurtherTurn(const QString& server, Urgency urgency);
     [[nodiscard]] std::optional<Idle> TakeIdle(const QString& server, const QString& share);
     [[nodiscard]] bool MakeRoom(Urgency urgency);
     void Drop(std::vector<Idle>::iterator idle);
     void DropOld();
 
-    [[nodiscard]] Turn FurtherTurn(const QString& server, Urgency urgency);
-
     [[nodiscard]] int Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part,
                            const Reached& reached);
     [[nodiscard]] int RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part,
                                const Reached& reached);
+    [[nodiscard]] int RunEarly(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
     [[nodiscard]] int RunFurther(Turn& turn, const SmbRequest& request,
                                  const SmbWorker::Part& part);
+    [[nodiscard]] int RunElseOverAnother(Turn& turn, const SmbRequest& request,
+                                         const SmbWorker::Part& part);
+    [[nodiscard]] int OverAnother(Turn& turn, const SmbRequest& request,
+                                  const SmbWorker::Part& part, int status);
+    [[nodiscard]] bool HasRoomAgain(const Turn& turn);
+    [[nodiscard]] int TryAgain(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
+    static void EndConnection(Turn& turn);
     [[nodiscard]] int RunOn(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
     [[nodiscard]] int Reach(Turn& turn, const SmbRequest& request);
     [[nodiscard]] int StartWorker(Turn& turn);
@@ -145,6 +152,7 @@ private:
     enum class Kind {
         None,    ///< the server is dead
         First,   ///< to reach the server and prove that it answers
+        Early,   ///< to open one more connection that nobody needs yet
         Further, ///< to open one more connection
         Ready,   ///< over one that is open
     };

@@ -115,7 +115,7 @@ bool SmbServers::TakesMore(const QString& name, std::size_t waiting) {
 bool SmbServers::TakesEarly(const QString& name) {
     const Server& server = servers_[name];
     return server.open > 0 && server.open < limits_.maxPerServer && server.answer == 0 &&
-           server.refusedAt == 0 && server.greeting >= DistantGreeting;
+           !server.hasFailedEarly && server.greeting >= DistantGreeting;
 }
 
 void SmbServers::NoteRefused(const QString& name) {

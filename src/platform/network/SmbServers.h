@@ -27,6 +27,7 @@ public:
         int urgent = 0;            ///< calls that wait for a connection and go first
         std::size_t doubtful = 0;  ///< new connections whose first request waits for another one
         double answer = 0;         ///< milliseconds that a folder takes, of late
+        bool hasFailedEarly = false;         ///< an early connection hasn't come about
         Clock::duration greeting = {};       ///< what its first answer took, with the way there
         int timeouts = 0;                    ///< requests in a row without an answer
         std::vector<QString> addresses = {}; ///< where it has been reached
