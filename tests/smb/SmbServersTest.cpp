@@ -55,9 +55,9 @@ TEST_F(SmbServersTest, OnlyADistantServerGetsConnectionsEarly) {
     servers[name].open = limits.maxPerServer;
     EXPECT_FALSE(takesEarly(20ms));
     servers[name].open = 2;
-    servers.NoteRefused(name);
+    servers[name].hasFailedEarly = true;
     EXPECT_FALSE(takesEarly(20ms));
-    servers[name].refusedAt = 0;
+    servers[name].hasFailedEarly = false;
     servers.NoteAnswerTime(name, 40ms);
     EXPECT_FALSE(takesEarly(20ms)) << "it is known how much there is to ask";
 }
