@@ -523,6 +523,16 @@ void SmbPool::DropOld() {
     servers_.ForgetOld();
 }
 
+void SmbPool::KeepFew() {
+    const std::scoped_lock lock(mutex_);
+    QHash<QString, std::size_t> kept;
+    for (std::size_t at = idle_.size(); at-- > 0;) {
+        const QString& server = idle_[at].server;
+        if (!server.isEmpty() && ++kept[server] > limits_.keptPerServer)
+            Drop(idle_.begin() + static_cast<std::ptrdiff_t>(at));
+    }
+}
+
 std::vector<pid_t> SmbPool::IdleProcesses() const {
     const std::scoped_lock lock(mutex_);
     std::vector<pid_t> processes;

@@ -75,6 +75,9 @@ public:
     /// none where a logon isn't known to be good yet.
     [[nodiscard]] std::optional<Turn> TryTakeEarlyTurn(const SmbRequest& request);
 
+    /// Ends helpers that nobody needs so soon again, as a search has ended.
+    void KeepFew();
+
     /// The processes that wait for work.
     [[nodiscard]] std::vector<pid_t> IdleProcesses() const;
 
