@@ -1,0 +1,177 @@
+#include "skins/SkinTable.h"
+
+#include "controls/Color.h"
+#include "skins/SkinFrame.h"
+
+#include <QFile>
+#include <QImageReader>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <set>
+
+namespace netrove {
+namespace {
+
+class NoFrame : public SkinFrame {
+public:
+    void PaintSample(const SkinConfiguration& /*configuration*/, const QWidget& /*window*/,
+                     QPainter& /*painter*/, const QRect& /*area*/, bool /*active*/) override {}
+    void Parse(const QString& /*text*/, const QPixmap& /*firstPicture*/,
+               const QPixmap& /*secondPicture*/, SkinConfiguration& /*configuration*/) override {}
+};
+
+/// Luminance and contrast as the guidelines for web content define them.
+double Luminance(const QColor& color) {
+    const auto linear = [](double channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+double Contrast(const QColor& first, const QColor& second) {
+    const double one = Luminance(first) + 0.05;
+    const double other = Luminance(second) + 0.05;
+    return std::max(one, other) / std::min(one, other);
+}
+
+class SkinTableTest : public testing::TestWithParam<int> {
+protected:
+    SkinTableTest() { ApplyBuiltIn(GetParam(), pictures_, skin_); }
+
+    NoFrame frame_;
+    SkinPictures pictures_;
+    SkinConfiguration skin_{frame_};
+};
+
+TEST_P(SkinTableTest, CutsTheTitlePictureIntoItsParts) {
+    const QImage title = skin_.TitlePicture.toImage();
+    const int ratio = int(title.devicePixelRatio());
+    const int cuts[] = {skin_.TitleMetric1 + 16, skin_.TitleMetric3, skin_.TitleMetric4,
+                        skin_.TitleMetric5,      skin_.TitleMetric6, title.width() / ratio};
+    EXPECT_TRUE(std::is_sorted(std::begin(cuts), std::end(cuts)));
+    EXPECT_EQ(title.height() % (2 * ratio), 0);
+
+    // What is repeated behind the caption looks the same at its every column, and after its cap.
+    for (int y = 0; y < title.height(); ++y) {
+        const QRgb first = title.pixel((skin_.TitleMetric3 - 1) * ratio, y);
+        for (int x = skin_.TitleMetric3 * ratio; x < skin_.TitleMetric4 * ratio; ++x)
+            ASSERT_EQ(title.pixel(x, y), first) << x << ' ' << y;
+    }
+}
+
+TEST_P(SkinTableTest, LetsTheCaptionBeReadBehindTheIconAndOnTheTile) {
+    const QImage title = skin_.TitlePicture.toImage();
+    const int ratio = int(title.devicePixelRatio());
+    const int row = title.height() / 2;
+    for (const bool active : {true, false}) {
+        const QColor text = ToColor(active ? skin_.TitleColor1 : skin_.TitleColor2);
+        double least = 21;
+        for (int y = row * 3 / 20; y < row * 17 / 20; ++y) {
+            for (int x = (skin_.TitleMetric1 + 16) * ratio; x < skin_.TitleMetric4 * ratio; ++x)
+                least = std::min(least, Contrast(text, title.pixelColor(x, active ? y : row + y)));
+        }
+        EXPECT_GE(least, active ? 4.5 : 3.0) << (active ? "active" : "inactive");
+    }
+}
+
+TEST_P(SkinTableTest, HasSevenCellsWithFacesThatDifferAndGlyphsThatShow) {
+    const QImage strip = skin_.FramePicture.toImage();
+    const int rows = skin_.FrameFlag1 ? 2 : 1;
+    ASSERT_EQ(strip.width() % 7, 0);
+    ASSERT_EQ(strip.height() % rows, 0);
+    const QSize cell(strip.width() / 7, strip.height() / rows);
+    EXPECT_EQ(cell.width(), cell.height());
+    for (int row = 0; row < rows; ++row) {
+        const auto part = [&](int place) {
+            return strip.copy(QRect(QPoint(place * cell.width(), row * cell.height()), cell));
+        };
+        for (const int face : {0, 1, 2}) {
+            for (const int glyph : {3, 4, 5, 6}) {
+                // The glyph's ink: where it is opaque, it stands out from the face below it.
+                const QImage sign = part(glyph);
+                EXPECT_EQ(qAlpha(sign.pixel(0, 0)), 0);
+                double best = 1;
+                for (int y = 0; y < cell.height(); ++y) {
+                    for (int x = 0; x < cell.width(); ++x) {
+                        if (qAlpha(sign.pixel(x, y)) == 255)
+                            best = std::max(
+                                best, Contrast(sign.pixelColor(x, y), part(face).pixelColor(x, y)));
+                    }
+                }
+                EXPECT_GE(best, 3.0) << "face " << face << ", glyph " << glyph << ", row " << row;
+            }
+        }
+        const auto middle = [&](int face) {
+            return part(face).pixelColor(cell.width() / 2, cell.height() * 3 / 4);
+        };
+        EXPECT_GT(Contrast(middle(0), middle(1)), 1.1) << "row " << row;
+        EXPECT_GT(Contrast(middle(0), middle(2)), 1.3) << "row " << row;
+        EXPECT_GT(Contrast(middle(1), middle(2)), 1.3) << "row " << row;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(BuiltIn, SkinTableTest, testing::Range(1, 6));
+
+TEST(SkinPicturesTest, AreFilesOfTheirSizeAndKindWithASharperSource) {
+    struct Case {
+        int entry;
+        const char* name;
+        const char* kind;
+        QSize size;
+    };
+    const Case cases[] = {
+        {0, "serenity-title", "bmp", {640, 48}},   {1, "serenity-frame", "gif", {70, 10}},
+        {2, "trek-title", "bmp", {612, 48}},       {3, "trek-frame", "gif", {70, 10}},
+        {4, "jill-title", "bmp", {500, 40}},       {5, "jill-frame", "bmp", {182, 52}},
+        {6, "metropolis-title", "bmp", {409, 28}}, {7, "metropolis-frame", "bmp", {140, 40}},
+        {8, "bullethead-title", "bmp", {202, 38}}, {9, "bullethead-frame", "bmp", {154, 44}}};
+    const SkinPictures pictures;
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        const QPixmap plain = pictures.Picture(one.entry, 1);
+        EXPECT_EQ(plain.size(), one.size);
+        QFile file(QString::asprintf(":/skins/%d-%s.%s", one.entry, one.name, one.kind));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(QImageReader::imageFormat(&file), one.kind);
+        constexpr int BitsPerPixelPlace = 28;
+        if (file.fileName().endsWith(QStringLiteral(".bmp"))) {
+            EXPECT_EQ(file.readAll().at(BitsPerPixelPlace), 24);
+        }
+
+        const QImage image = plain.toImage();
+        EXPECT_EQ(image.hasAlphaChannel(), one.entry % 2 == 1);
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                ASSERT_FALSE(image.pixel(x, y) == qRgb(255, 0, 255)) << x << ' ' << y;
+        }
+
+        const QPixmap dense = pictures.Picture(one.entry, 1.25);
+        EXPECT_EQ(dense.devicePixelRatio(), 2);
+        EXPECT_EQ(dense.deviceIndependentSize(), QSizeF(one.size));
+        const QImage enlarged = image.scaled(dense.size());
+        EXPECT_NE(dense.toImage().convertToFormat(enlarged.format()), enlarged);
+        EXPECT_EQ(pictures.Picture(one.entry, 2).cacheKey(), dense.cacheKey());
+        EXPECT_EQ(pictures.Picture(one.entry, 50).devicePixelRatio(), 4);
+    }
+    EXPECT_TRUE(pictures.Picture(-1, 1).isNull());
+    EXPECT_TRUE(pictures.Picture(10, 1).isNull());
+}
+
+TEST(RoleColorsTest, GiveAnUnknownSkinTheColoursOfNone) {
+    std::set<quint32> backs;
+    for (int index = 0; index <= 5; ++index)
+        backs.insert(RoleColors(index).SkinBackColor);
+    EXPECT_EQ(backs.size(), 5U); // Metropolis and Bullethead are both white
+    NoFrame frame;
+    SkinConfiguration skin(frame);
+    for (const int unknown : {-1, 0, 6}) {
+        EXPECT_EQ(RoleColors(unknown).SkinBackColor, ButtonFaceColor);
+        ApplyBuiltIn(unknown, SkinPictures(), skin);
+        EXPECT_TRUE(skin.Name.isEmpty() && skin.TitlePicture.isNull());
+    }
+}
+
+} // namespace
+} // namespace netrove
