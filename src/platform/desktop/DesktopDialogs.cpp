@@ -29,6 +29,32 @@ QMessageBox::Icon BoxIcon(MessageIcon icon) {
     Q_UNREACHABLE();
 }
 
+struct BoxButtons {
+    QMessageBox::StandardButtons all;
+    QMessageBox::StandardButton byEnter;
+    QMessageBox::StandardButton byEscape;
+};
+
+BoxButtons ButtonsOf(MessageButtons buttons) {
+    switch (buttons) {
+    case MessageButtons::Ok:
+        return {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+    case MessageButtons::OkCancel:
+        return {QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel};
+    case MessageButtons::YesNo:
+        return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No};
+    }
+    Q_UNREACHABLE();
+}
+
+MessageAnswer AnswerOf(QMessageBox::StandardButton pressed) {
+    if (pressed == QMessageBox::Yes)
+        return MessageAnswer::Yes;
+    if (pressed == QMessageBox::No)
+        return MessageAnswer::No;
+    return pressed == QMessageBox::Cancel ? MessageAnswer::Cancel : MessageAnswer::Ok;
+}
+
 /// "Text (*.txt)|*.txt" as the chooser takes it: the pattern in brackets behind the description,
 /// which the chooser hides.
 QStringList NameFilters(const QString& filter) {
@@ -68,16 +94,11 @@ MessageAnswer DesktopDialogs::Message(MessageIcon icon, const QString& text, con
     box.setWindowTitle(title);
     box.setWindowModality(Qt::ApplicationModal);
 
-    const bool question = buttons == MessageButtons::YesNo;
-    box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
-    const QMessageBox::StandardButton safe = question ? QMessageBox::No : QMessageBox::Ok;
-    box.setDefaultButton(safe);
-    box.setEscapeButton(safe);
-
-    const int answer = box.exec();
-    if (!question)
-        return MessageAnswer::Ok;
-    return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+    const BoxButtons offered = ButtonsOf(buttons);
+    box.setStandardButtons(offered.all);
+    box.setDefaultButton(offered.byEnter);
+    box.setEscapeButton(offered.byEscape);
+    return AnswerOf(QMessageBox::StandardButton(box.exec()));
 }
 
 QString DesktopDialogs::InputBox(const QString& prompt, const QString& title) {

@@ -9,7 +9,7 @@ namespace netrove {
 
 /// Message boxes, input boxes and file choosers of the desktop. They block all windows of the
 /// program until they are answered; texts are shown as they are, never as markup. Escape and the
-/// close box mean OK, No or Cancel.
+/// close box mean Cancel or No where there is such a button.
 class DesktopDialogs : public Dialogs {
 public:
     /// The window that the boxes belong to and stand over; none before it is set.
