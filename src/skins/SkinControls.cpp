@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -56,8 +55,7 @@ public:
             SetColor(control, QPalette::Button, ToColor(colors_.SkinButtonColor));
         else if (qobject_cast<QRadioButton*>(&control) != nullptr)
             ColorOption(control);
-        else if (qobject_cast<QLineEdit*>(&control) != nullptr ||
-                 qobject_cast<QPlainTextEdit*>(&control) != nullptr)
+        else if (qobject_cast<QLineEdit*>(&control) != nullptr)
             ColorTextBox(control);
     }
 

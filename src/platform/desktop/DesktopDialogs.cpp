@@ -1,5 +1,6 @@
 #include "platform/desktop/DesktopDialogs.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -85,9 +86,14 @@ std::optional<QString> ChooseFile(QFileDialog& chooser, const FileDialogSetup& s
 
 } // namespace
 
+QWidget* DesktopDialogs::Parent() const {
+    QWidget* dialog = QApplication::activeModalWidget();
+    return dialog ? dialog : parent_.data();
+}
+
 MessageAnswer DesktopDialogs::Message(MessageIcon icon, const QString& text, const QString& title,
                                       MessageButtons buttons) {
-    QMessageBox box(parent_);
+    QMessageBox box(Parent());
     box.setIcon(BoxIcon(icon));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
@@ -102,7 +108,7 @@ MessageAnswer DesktopDialogs::Message(MessageIcon icon, const QString& text, con
 }
 
 QString DesktopDialogs::InputBox(const QString& prompt, const QString& title) {
-    QInputDialog box(parent_);
+    QInputDialog box(Parent());
     box.setWindowTitle(title);
     box.setWindowModality(Qt::ApplicationModal);
     box.setLabelText(prompt);
@@ -112,13 +118,13 @@ QString DesktopDialogs::InputBox(const QString& prompt, const QString& title) {
 }
 
 std::optional<QString> DesktopDialogs::OpenFile(const FileDialogSetup& setup) {
-    QFileDialog chooser(parent_, setup.title, setup.folder);
+    QFileDialog chooser(Parent(), setup.title, setup.folder);
     chooser.setFileMode(QFileDialog::ExistingFile);
     return ChooseFile(chooser, setup);
 }
 
 std::optional<QString> DesktopDialogs::SaveFile(const FileDialogSetup& setup) {
-    QFileDialog chooser(parent_, setup.title, setup.folder);
+    QFileDialog chooser(Parent(), setup.title, setup.folder);
     chooser.setAcceptMode(QFileDialog::AcceptSave);
     chooser.setFileMode(QFileDialog::AnyFile);
     chooser.setOption(QFileDialog::DontConfirmOverwrite);
