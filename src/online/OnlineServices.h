@@ -15,10 +15,10 @@ struct OnlineServices {
     Http& http;
     Dialogs& dialogs;
     ShellServices& shell;
-    QString webAddress;                   ///< of the site, which has the files too
-    const SkinOwner* skinOwner = nullptr; ///< null where there are no skins
-    std::function<void()> openHelp = {};  ///< what the key F1 does
-    Version version = Version::Own();     ///< what a newer one is newer than
+    QString webAddress;                  ///< of the site, which has the files too
+    const SkinOwner* skin = nullptr;     ///< null where there are no skins
+    std::function<void()> openHelp = {}; ///< what the key F1 does
+    Version version = Version::Own();    ///< what a newer one is newer than
 };
 
 } // namespace netrove

@@ -101,7 +101,7 @@ void frmDonate::Form_Load(const QWidget* owner) {
     SetTall(false);
     if (owner)
         CentreWindow(*owner->window(), *this);
-    skin_.Load(*this, services_.skinOwner, QSize(Width, LowHeight));
+    skin_.Load(*this, services_.skin, QSize(Width, LowHeight));
     ResetLinks();
     txtDon_->setPlainText(Text("Netrove is freeware. It will stay freeware. If it is of use to "
                                "you, please consider a donation. Please click on \"Get Links\" to "

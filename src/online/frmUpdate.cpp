@@ -6,9 +6,9 @@
 #include "runtime/Text.h"
 #include "skins/SkinControls.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QStackedLayout>
 #include <QVBoxLayout>
 
 namespace netrove {
@@ -62,14 +62,14 @@ frmUpdate::frmUpdate(const OnlineServices& services, QWidget* owner)
     , Label1_(Label("Label1",
                     "Welcome to the Tarn Bridge Software Update. This process will verify that "
                     "you have the latest version of Netrove.",
-                    Shape1_))
+                    this))
     , Label2_(Label("Label2",
                     "Please ensure that you are connected to the internet before proceeding.",
-                    Shape1_))
+                    this))
     , cmdCheck_(Button("cmdCheck", Text("Check For &Update"), "Check It", this))
     , cmdCancel_(Button("cmdCancel", Text("&Cancel"), "Cancel", this))
     , cmdLink_(
-          Button("cmdLink", services.webAddress, "Click here to go to the official site", Shape1_))
+          Button("cmdLink", services.webAddress, "Click here to go to the official site", this))
     , Line1_(Frame("Line1", QFrame::HLine, this))
     , txtInfo_(new QPlainTextEdit(this))
     , cmdDown_(Button("cmdDown", Text("Download New Version"), "Download It", this)) {
@@ -98,14 +98,15 @@ void frmUpdate::MakeControls() {
 
 /// The link takes the place of the advice about the connection.
 void frmUpdate::Arrange() {
-    auto* place = new QStackedLayout;
-    place->addWidget(Label2_);
-    place->addWidget(cmdLink_);
-    auto* texts = new QVBoxLayout(Shape1_);
+    auto* texts = new QVBoxLayout;
     texts->setContentsMargins(Margin, Gap / 2, Margin, Gap / 2);
     texts->setSpacing(Gap / 2);
-    texts->addWidget(Label1_);
-    texts->addLayout(place);
+    for (QWidget* text : {static_cast<QWidget*>(Label1_), static_cast<QWidget*>(Label2_),
+                          static_cast<QWidget*>(cmdLink_)})
+        texts->addWidget(text);
+    auto* framed = new QGridLayout;
+    framed->addWidget(Shape1_, 0, 0);
+    framed->addLayout(texts, 0, 0);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(cmdCheck_);
     buttons->addStretch();
@@ -113,7 +114,7 @@ void frmUpdate::Arrange() {
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(Margin, Margin, Margin, Margin);
     all->setSpacing(Gap);
-    all->addWidget(Shape1_, 1);
+    all->addLayout(framed, 1);
     all->addLayout(buttons);
     all->addWidget(Line1_);
     all->addWidget(txtInfo_, 2);
@@ -131,7 +132,7 @@ void frmUpdate::Form_Load(const QWidget* owner) {
     SetTall(false);
     if (owner)
         CentreWindow(*owner->window(), *this);
-    skin_.Load(*this, services_.skinOwner, QSize(Width, LowHeight));
+    skin_.Load(*this, services_.skin, QSize(Width, LowHeight));
 }
 
 void frmUpdate::ShowLink(bool isShown) {
@@ -206,7 +207,7 @@ void frmUpdate::OfferUpdate(const Version& web) {
     QString news;
     const bool isThere =
         Check4File(WebFile::NewsPath, news) && WebFile::HasMarker(news, WebFile::NewsMarker);
-    txtInfo_->setPlainText(isThere ? WebFile::Payload(news)
+    txtInfo_->setPlainText(isThere ? WebFile::Shown(WebFile::Payload(news))
                                    : Text("Unable to get news for Netrove."));
     SetTall(true);
     cmdDown_->setFocus();

@@ -64,6 +64,19 @@ TEST(WebFilesTest, DonationLinksComeInPairs) {
     }
 }
 
+TEST(WebFilesTest, HugeTextsAreCut) {
+    for (const QString& text : {QString(), Text("a\r\n\nb"), Text("a\n"), QString(1000, u'a')})
+        EXPECT_EQ(WebFile::Shown(text), text);
+    const QString line(1 << 20, u'a');
+    EXPECT_EQ(WebFile::Shown(line).remove(u'\n'), line);
+    EXPECT_EQ(WebFile::Shown(line).indexOf(u'\n'), 1000);
+    EXPECT_EQ(WebFile::Shown(QString(1 << 20, u'\n')).size(), 5000);
+    const QString address = Text("http://a/") + line;
+    EXPECT_EQ(WebFile::Link(address.left(2000)).size(), 2000);
+    ExpectRaised(
+        ErrorNumber::InvalidProcedureCall, [&] { (void)WebFile::Link(address); }, Text("long"));
+}
+
 TEST(WebFilesTest, ADeploymentNamesTheSite) {
     const QTemporaryDir folder;
     const ProfileFile file(folder.filePath(Text("netrove.ini")));

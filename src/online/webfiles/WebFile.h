@@ -26,8 +26,13 @@ inline constexpr QLatin1String DonationMarker("TBS_DON");
 /// What stands behind the marker and the one character that separates it.
 [[nodiscard]] QString Payload(const QString& answer);
 
+/// A payload as a text box can show it at once, as a line without end would take it minutes: lines
+/// are broken where they are longer than any that a person writes, and a few thousand shown.
+[[nodiscard]] QString Shown(const QString& payload);
+
 /// An address from a file, as it may be opened: without white space around, as a file ends with a
-/// line end. Raises ErrorNumber::InvalidProcedureCall where it isn't an http or https one.
+/// line end. Raises ErrorNumber::InvalidProcedureCall where it isn't an http or https one, or is
+/// longer than what browsers and servers take.
 [[nodiscard]] QString Link(const QString& text);
 
 } // namespace netrove::WebFile
