@@ -11,7 +11,7 @@ OnlineServices HelpMenu::Online() const {
             .dialogs = services_.dialogs,
             .shell = services_.shell,
             .webAddress = services_.webAddress,
-            .skinOwner = services_.skinOwner,
+            .skin = services_.skin,
             .openHelp = services_.openHelp};
 }
 
@@ -34,7 +34,7 @@ void HelpMenu::mnuDonate_Click() {
 }
 
 void HelpMenu::mnuAbout1_Click() {
-    frmAbout(About(), services_.skinOwner, window_).exec();
+    frmAbout(About(), services_.skin, window_).exec();
 }
 
 void HelpMenu::mnuAbout_Click() {

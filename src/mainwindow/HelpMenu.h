@@ -25,7 +25,7 @@ public:
         QString webAddress;
         QString contactAddress;
         std::function<void()> openHelp;
-        const SkinOwner* skinOwner = nullptr;
+        const SkinOwner* skin = nullptr;
     };
 
     HelpMenu(QWidget& window, Services services)

@@ -86,8 +86,8 @@ void frmAbout::MakeControls() {
     const std::array texts{
         "A program designed to facilitate the searching of files on a LAN (Local Area Network).",
         "Netrove",
-        "Free software under the GNU General Public License, version 3 or later.",
-        "It comes without any warranty.",
+        "Licence: GNU GPL, version 3 or later.",
+        "Without any warranty.",
         "Built with Qt " QT_VERSION_STR ".",
     };
     for (std::size_t index = 0; index < texts.size(); ++index) {
@@ -143,16 +143,23 @@ void frmAbout::MakeLinks() {
 }
 
 void frmAbout::ArrangePanel() {
+    auto* last = new QHBoxLayout;
+    for (const std::size_t index : {3, 4})
+        last->addWidget(lblInfo_[index]);
     auto* texts = new QVBoxLayout;
     texts->setSpacing(Gap / 2);
-    for (const std::size_t index : {1, 0, 2, 3, 4})
+    for (const std::size_t index : {1, 0, 2})
         texts->addWidget(lblInfo_[index]);
+    texts->addLayout(last);
+    texts->addStretch();
+    auto* pictures = new QVBoxLayout;
+    pictures->addWidget(imgIcon_);
+    pictures->addWidget(Image1_, 1);
     auto* panel = new QHBoxLayout(shpRect_[0]);
     panel->setContentsMargins(Margin, Margin, Margin, Margin);
     panel->setSpacing(2 * Gap);
-    panel->addWidget(imgIcon_);
+    panel->addLayout(pictures);
     panel->addLayout(texts, 1);
-    panel->addWidget(Image1_);
 }
 
 QLayout* frmAbout::ArrangeLinks() {
