@@ -87,6 +87,13 @@ frmNetrove::frmNetrove(const ProgramServices& services)
               *controls_.DownloadLbl, *controls_.stbStatus},
              {settings_, services.dialogs})
     , lists_(MakeListOperations())
+    , columnHelp_(*this, *menu_->Menu(Text("PopUp3Mnu")))
+    , helpMenu_(*this, {.http = services.http,
+                        .dialogs = services.dialogs,
+                        .shell = shell_,
+                        .webAddress = services.webAddress,
+                        .contactAddress = services.contactAddress,
+                        .openHelp = [this] { OpenHelp(); }})
     , resultsFile_({*this, *controls_.RetFileLbl, *controls_.stbStatus, *controls_.SSTab1,
                     *controls_.cmdStartSearch, *controls_.cmdAbandon, *controls_.lvwResults,
                     *controls_.lvwDownloads, controls_.Icons()},
@@ -145,6 +152,13 @@ void frmNetrove::ConnectLists() {
     connect(downloads, &ListView::DeletePressed, this, [this] { queue_.ClearMnu_Click(); });
     connect(downloads, &ListView::RightButtonDown, this,
             [this](const QPoint& position) { lists_.lvwDownloads_MouseDown(position); });
+    connect(results, &ListView::HeaderRightClick, this, [this](int column, const QPoint& position) {
+        columnHelp_.HeaderRightClick(ColumnHelp::lvwResults, column, position);
+    });
+    connect(downloads, &ListView::HeaderRightClick, this,
+            [this](int column, const QPoint& position) {
+                columnHelp_.HeaderRightClick(ColumnHelp::lvwDownloads, column, position);
+            });
     for (const ListView* list : {results, downloads})
         connect(list, &ListView::CopyPressed, this, [this, list] { lists_.CopyFiles(*list); });
     connect(controls_.cmdClearLst, &QPushButton::clicked, this,
@@ -186,6 +200,7 @@ MainMenu* frmNetrove::MakeMenu() {
         menu->Connect(Element("mnuInpNetNode", index), this,
                       [this, index] { start_.mnuInpNetNode_Click(index); });
     ConnectListMenus(*menu);
+    ConnectHelpMenu(*menu);
     return menu;
 }
 
@@ -196,6 +211,16 @@ void frmNetrove::ShowSilentComputers() {
     dialog->show();
     dialog->raise();
     dialog->activateWindow();
+}
+
+void frmNetrove::ConnectHelpMenu(MainMenu& menu) {
+    if (services_.http) {
+        menu.Connect(Text("UpdateMnu"), this, [this] { helpMenu_.UpdateMnu_Click(); });
+        menu.Connect(Text("mnuDonate"), this, [this] { helpMenu_.mnuDonate_Click(); });
+    }
+    menu.Connect(Text("mnuAbout1"), this, [this] { helpMenu_.mnuAbout1_Click(); });
+    menu.Connect(Text("mnuAbout"), this, [this] { helpMenu_.mnuAbout_Click(); });
+    menu.Connect(Text("HelpColMnu"), this, [this] { columnHelp_.HelpColMnu_Click(); });
 }
 
 void frmNetrove::ConnectListMenus(MainMenu& menu) {

@@ -2,10 +2,12 @@
 
 #include "downloads/DownloadQueue.h"
 #include "downloads/ListOperations.h"
+#include "mainwindow/HelpMenu.h"
 #include "mainwindow/MainControls.h"
 #include "mainwindow/MainMenu.h"
 #include "mainwindow/ProgramServices.h"
 #include "mainwindow/WindowLayout.h"
+#include "mainwindow/about/ColumnHelp.h"
 #include "mainwindow/services/ShellServices.h"
 #include "platform/InstanceMarker.h"
 #include "search/ExclusionLists.h"
@@ -59,6 +61,7 @@ private:
     [[nodiscard]] JobControls MakeJobControls();
     [[nodiscard]] ListOperations MakeListOperations();
     void ConnectListMenus(MainMenu& menu);
+    void ConnectHelpMenu(MainMenu& menu);
     void PressDefaultButton();
 
     void LoadSteps();
@@ -94,6 +97,8 @@ private:
     SearchStart start_;
     DownloadQueue queue_;
     ListOperations lists_;
+    ColumnHelp columnHelp_;
+    HelpMenu helpMenu_;
     ResultsFile resultsFile_;
     SettingsFile settingsFile_;
 

@@ -2,6 +2,7 @@
 #include "logons/frmLogons.h"
 #include "mainwindow/frmNetrove.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
+#include "online/webfiles/WebSite.h"
 #include "platform/ApplicationFolder.h"
 #include "platform/LinuxSystemInformation.h"
 #include "platform/desktop/DesktopApplication.h"
@@ -9,6 +10,7 @@
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/DesktopShell.h"
 #include "platform/desktop/WindowYield.h"
+#include "platform/http/HttpReader.h"
 #include "platform/keyring/DesktopKeyring.h"
 #include "platform/network/OpenNetwork.h"
 
@@ -43,6 +45,10 @@ int main(int argc, char** argv) {
     netrove::DesktopShell shell(*opened.network);
     netrove::DesktopFileTypes fileTypes;
     netrove::LinuxSystemInformation system;
+    netrove::HttpReader http;
+    const auto site = netrove::WebSite::Read(
+        netrove::ProfileFile(netrove::IniFileName(folder)),
+        {QStringLiteral(NETROVE_WEB_ADDRESS), QStringLiteral(NETROVE_CONTACT_ADDRESS)});
 
     netrove::frmNetrove window(
         {.network = *opened.network,
@@ -53,7 +59,9 @@ int main(int argc, char** argv) {
          .systemIcon = [&](int index) { return fileTypes.Icon(index); },
          .system = system,
          .applicationFolder = folder,
-         .webAddress = QStringLiteral(NETROVE_WEB_ADDRESS),
+         .webAddress = site.address,
+         .contactAddress = site.contact,
+         .http = &http,
          .newCopyQ =
              [&] {
                  return std::make_unique<netrove::FileCopier>(

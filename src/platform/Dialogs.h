@@ -7,8 +7,8 @@
 namespace netrove {
 
 enum class MessageIcon { None, Critical, Question, Exclamation, Information };
-enum class MessageButtons { Ok, YesNo };
-enum class MessageAnswer { Ok, Yes, No };
+enum class MessageButtons { Ok, OkCancel, YesNo };
+enum class MessageAnswer { Ok, Cancel, Yes, No };
 
 /// What a file chooser shows at first.
 struct FileDialogSetup {
@@ -27,7 +27,8 @@ public:
     Dialogs& operator=(const Dialogs&) = delete;
     virtual ~Dialogs() = default;
 
-    /// A modal message box; with MessageButtons::YesNo, No is the default button.
+    /// A modal message box; with MessageButtons::YesNo, No is the default button,
+    /// else OK.
     virtual MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
                                   MessageButtons buttons = MessageButtons::Ok) = 0;
 

@@ -47,6 +47,10 @@ private:
 [[nodiscard]] qint16 LeadingInteger(QStringView text);
 [[nodiscard]] qint32 LeadingLong(QStringView text);
 
+/// A number and nothing else, white space around allowed, rounded as by LeadingInteger. Raises
+/// ErrorNumber::TypeMismatch for any other text, Overflow where it doesn't fit 16 bits, signed.
+[[nodiscard]] qint16 ToInteger(QStringView text);
+
 /// "True" or "False" in any case, or a number and nothing else (0 is false, any other true),
 /// blanks around allowed. Raises ErrorNumber::TypeMismatch for anything else, the empty text
 /// included.

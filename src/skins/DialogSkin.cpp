@@ -13,7 +13,7 @@ void DialogSkin::Load(QDialog& dialog, const SkinOwner* owner, std::optional<QSi
         modifier_ = owner->NewModifier();
         modifier_->Attach(dialog, *configuration_);
         if (clientSize)
-            SetClientSize(
+            SetFixedClientSize(
                 dialog,
                 clientSize->width() + configuration_->FrameInset1 + configuration_->FrameInset2,
                 clientSize->height() + configuration_->FrameInset3 + configuration_->FrameInset4);

@@ -67,6 +67,8 @@ TEST_F(DesktopDialogsTest, ShowsTextsAsTheyAre) {
 TEST_F(DesktopDialogsTest, AnswersSafelyUnlessYesIsChosen) {
     const auto press = [](Qt::Key key) { return [key](QMessageBox& box) { Press(box, key); }; };
     EXPECT_EQ(Answer(MessageButtons::Ok, press(Qt::Key_Escape)), MessageAnswer::Ok);
+    EXPECT_EQ(Answer(MessageButtons::OkCancel, press(Qt::Key_Escape)), MessageAnswer::Cancel);
+    EXPECT_EQ(Answer(MessageButtons::OkCancel, press(Qt::Key_Return)), MessageAnswer::Ok);
     EXPECT_EQ(Answer(MessageButtons::YesNo, press(Qt::Key_Escape)), MessageAnswer::No);
     EXPECT_EQ(Answer(MessageButtons::YesNo, press(Qt::Key_Return)), MessageAnswer::No);
     EXPECT_EQ(Answer(MessageButtons::YesNo, [](QMessageBox& box) { box.close(); }),

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "platform/Dialogs.h"
+#include "platform/Http.h"
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
+#include "runtime/RunTimeError.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -65,6 +68,21 @@ public:
         if (!file.startsWith(QLatin1String("\\\\")))
             return std::nullopt;
         return QUrl(QStringLiteral("net:") + QString(file).replace(u'\\', u'/'));
+    }
+};
+
+/// Web sites of given texts by their addresses; all others can't be reached.
+class RecordedHttp : public Http {
+public:
+    QHash<QString, QString> Pages;
+    std::function<void()> OnRead; ///< while a page is read
+
+    QString OpenURL(const QString& address) override {
+        if (OnRead)
+            OnRead();
+        if (!Pages.contains(address))
+            throw RunTimeError(ErrorNumber::DeviceUnavailable);
+        return Pages.value(address);
     }
 };
 

@@ -17,6 +17,7 @@ struct TestDesktop {
     RecordedShell shell;
     DesktopFileTypes fileTypes;
     TestSystem system;
+    RecordedHttp http;
     WindowYield yield;
 
     /// For a window over this network, whose settings are in that folder.
@@ -32,6 +33,8 @@ struct TestDesktop {
                 .system = system,
                 .applicationFolder = applicationFolder,
                 .webAddress = QStringLiteral("https://www.example.com/"),
+                .contactAddress = QStringLiteral("netrove@example.com"),
+                .http = &http,
                 .newCopyQ = std::move(newCopyQ),
                 .letAbandon =
                     [this](QAbstractButton& button, std::function<bool()> isPressed) {

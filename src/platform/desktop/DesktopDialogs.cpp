@@ -1,5 +1,6 @@
 #include "platform/desktop/DesktopDialogs.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -27,6 +28,32 @@ QMessageBox::Icon BoxIcon(MessageIcon icon) {
         return QMessageBox::Information;
     }
     Q_UNREACHABLE();
+}
+
+struct BoxButtons {
+    QMessageBox::StandardButtons all;
+    QMessageBox::StandardButton byEnter;
+    QMessageBox::StandardButton byEscape;
+};
+
+BoxButtons ButtonsOf(MessageButtons buttons) {
+    switch (buttons) {
+    case MessageButtons::Ok:
+        return {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+    case MessageButtons::OkCancel:
+        return {QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel};
+    case MessageButtons::YesNo:
+        return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No};
+    }
+    Q_UNREACHABLE();
+}
+
+MessageAnswer AnswerOf(QMessageBox::StandardButton pressed) {
+    if (pressed == QMessageBox::Yes)
+        return MessageAnswer::Yes;
+    if (pressed == QMessageBox::No)
+        return MessageAnswer::No;
+    return pressed == QMessageBox::Cancel ? MessageAnswer::Cancel : MessageAnswer::Ok;
 }
 
 /// "Text (*.txt)|*.txt" as the chooser takes it: the pattern in brackets behind the description,
@@ -59,29 +86,29 @@ std::optional<QString> ChooseFile(QFileDialog& chooser, const FileDialogSetup& s
 
 } // namespace
 
+QWidget* DesktopDialogs::Parent() const {
+    QWidget* dialog = QApplication::activeModalWidget();
+    return dialog ? dialog : parent_.data();
+}
+
 MessageAnswer DesktopDialogs::Message(MessageIcon icon, const QString& text, const QString& title,
                                       MessageButtons buttons) {
-    QMessageBox box(parent_);
+    QMessageBox box(Parent());
     box.setIcon(BoxIcon(icon));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     box.setWindowTitle(title);
     box.setWindowModality(Qt::ApplicationModal);
 
-    const bool question = buttons == MessageButtons::YesNo;
-    box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
-    const QMessageBox::StandardButton safe = question ? QMessageBox::No : QMessageBox::Ok;
-    box.setDefaultButton(safe);
-    box.setEscapeButton(safe);
-
-    const int answer = box.exec();
-    if (!question)
-        return MessageAnswer::Ok;
-    return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+    const BoxButtons offered = ButtonsOf(buttons);
+    box.setStandardButtons(offered.all);
+    box.setDefaultButton(offered.byEnter);
+    box.setEscapeButton(offered.byEscape);
+    return AnswerOf(QMessageBox::StandardButton(box.exec()));
 }
 
 QString DesktopDialogs::InputBox(const QString& prompt, const QString& title) {
-    QInputDialog box(parent_);
+    QInputDialog box(Parent());
     box.setWindowTitle(title);
     box.setWindowModality(Qt::ApplicationModal);
     box.setLabelText(prompt);
@@ -91,13 +118,13 @@ QString DesktopDialogs::InputBox(const QString& prompt, const QString& title) {
 }
 
 std::optional<QString> DesktopDialogs::OpenFile(const FileDialogSetup& setup) {
-    QFileDialog chooser(parent_, setup.title, setup.folder);
+    QFileDialog chooser(Parent(), setup.title, setup.folder);
     chooser.setFileMode(QFileDialog::ExistingFile);
     return ChooseFile(chooser, setup);
 }
 
 std::optional<QString> DesktopDialogs::SaveFile(const FileDialogSetup& setup) {
-    QFileDialog chooser(parent_, setup.title, setup.folder);
+    QFileDialog chooser(Parent(), setup.title, setup.folder);
     chooser.setAcceptMode(QFileDialog::AcceptSave);
     chooser.setFileMode(QFileDialog::AnyFile);
     chooser.setOption(QFileDialog::DontConfirmOverwrite);

@@ -9,10 +9,11 @@ namespace netrove {
 
 /// Message boxes, input boxes and file choosers of the desktop. They block all windows of the
 /// program until they are answered; texts are shown as they are, never as markup. Escape and the
-/// close box mean OK, No or Cancel.
+/// close box mean Cancel or No where there is such a button. They stand over the dialog that is
+/// open, else over the main window.
 class DesktopDialogs : public Dialogs {
 public:
-    /// The window that the boxes belong to and stand over; none before it is set.
+    /// The main window; none before it is set.
     void SetParent(QWidget* parent) { parent_ = parent; }
 
     MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
@@ -22,6 +23,8 @@ public:
     [[nodiscard]] std::optional<QString> SaveFile(const FileDialogSetup& setup) override;
 
 private:
+    [[nodiscard]] QWidget* Parent() const;
+
     QPointer<QWidget> parent_;
 };
 
