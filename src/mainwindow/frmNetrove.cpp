@@ -287,6 +287,11 @@ void frmNetrove::Form_Load() {
                                   Text("frmNetrove.Form_Load Error"));
 }
 
+void frmNetrove::OpenResultsFiles(const QStringList& files) {
+    QMetaObject::invokeMethod(
+        this, [this, files] { resultsFile_.lvwResults_OLEDragDrop(files); }, Qt::QueuedConnection);
+}
+
 void frmNetrove::LoadSteps() {
     const NoYields load;
     hide();
