@@ -3,6 +3,7 @@
 desktops, man pages and shells, and by running the installed programs."""
 
 import glob
+import gzip
 import os
 import re
 import shutil
@@ -21,7 +22,7 @@ COMPLETIONS = {"bash": "usr/share/bash-completion/completions/netrove-find",
 
 def run(*command, **options):
     return subprocess.run(command, text=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                          check=False, timeout=120, **options)
+                          check=False, timeout=240, **options)
 
 
 class Installed(unittest.TestCase):
@@ -112,6 +113,10 @@ class Installed(unittest.TestCase):
         self.assertEqual(before, {"netrove", "netrove-find"})
         data = self.path("home/data/netrove")
         shutil.copytree(self.path("usr/share/doc/netrove/examples"), data)
+        with open(os.path.join(data, "network.ini"), "r+", encoding="utf-8") as networks:
+            text = networks.read().replace("Type=smb", "Type=smb\nFind=No")
+            networks.seek(0)
+            networks.write(text)
         done = run(self.path("usr/bin/netrove-find"), "--from", "Sample Network", "*.mp3",
                    env=self.environment())
         self.assertEqual(done.returncode, 0, done.stdout)
@@ -131,6 +136,9 @@ class Installed(unittest.TestCase):
         self.assertEqual(done.returncode, 0, done.stdout)
         package, = glob.glob(self.path("deb/*.deb"))
         self.validate("lintian", "--allow-root", "--fail-on", "error,warning", package)
+        version = run("dpkg-deb", "-f", package, "Version").stdout.strip()
+        with gzip.open(self.path("usr/share/doc/netrove/changelog.Debian.gz"), "rt") as changes:
+            self.assertIn(f"({version})", changes.readline())
         depends = run("dpkg-deb", "-f", package, "Depends").stdout
         for needed in ("libqt6svg6", "libqt6widgets6", "libsmbclient", "libqt6keychain1"):
             self.assertIn(needed, depends)
