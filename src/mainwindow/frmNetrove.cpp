@@ -4,6 +4,7 @@
 #include "controls/Twips.h"
 #include "mainwindow/services/WinVer.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
+#include "platform/ApplicationFolder.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
@@ -311,12 +312,16 @@ void frmNetrove::Form_Load() {
                                   Text("frmNetrove.Form_Load Error"));
 }
 
+void frmNetrove::OpenResultsFiles(const QStringList& files) {
+    QMetaObject::invokeMethod(
+        this, [this, files] { resultsFile_.lvwResults_OLEDragDrop(files); }, Qt::QueuedConnection);
+}
+
 void frmNetrove::LoadSteps() {
     const NoYields load;
     hide();
     marker_ = std::make_unique<InstanceMarker>();
-    HelpFile = services_.applicationFolder + QDir::separator() + Text("Help") + QDir::separator() +
-               Text("Netrove.html");
+    HelpFile = HelpPage(services_.applicationFolder);
     ReadSystem();
     frame_ = std::make_unique<StandardFrame>();
     ReadSkin();

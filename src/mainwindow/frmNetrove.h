@@ -41,6 +41,10 @@ public:
     /// has failed.
     void Form_Load();
 
+    /// Loads these results files when the event loop is next reached, as if they had been dropped
+    /// on the list.
+    void OpenResultsFiles(const QStringList& files);
+
     [[nodiscard]] Settings& ProgramSettings() { return settings_; }
 
 protected:

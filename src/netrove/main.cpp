@@ -2,6 +2,7 @@
 #include "logons/frmLogons.h"
 #include "mainwindow/frmNetrove.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
+#include "netrove/StartArguments.h"
 #include "online/webfiles/WebSite.h"
 #include "platform/ApplicationFolder.h"
 #include "platform/LinuxSystemInformation.h"
@@ -14,7 +15,24 @@
 #include "platform/keyring/DesktopKeyring.h"
 #include "platform/network/OpenNetwork.h"
 
+#include <cstdio>
+#include <cstdlib>
+
 namespace {
+
+constexpr int WrongUse = 2;
+
+/// Known before there is an application, which needs a display.
+QString TextAskedFor(int argc, char** argv) {
+    QStringList arguments;
+    for (int index = 1; index < argc; ++index)
+        arguments.append(QString::fromLocal8Bit(argv[index]));
+    return netrove::StartArguments(arguments).Text();
+}
+
+void Print(const QString& text, std::FILE* stream) {
+    std::fputs(text.toLocal8Bit().constData(), stream);
+}
 
 void ShowLogons(QWidget& owner, const std::shared_ptr<netrove::Logons>& logons,
                 netrove::Network& network, netrove::Dialogs& dialogs) {
@@ -30,7 +48,16 @@ void ShowLogons(QWidget& owner, const std::shared_ptr<netrove::Logons>& logons,
 } // namespace
 
 int main(int argc, char** argv) {
+    if (const QString text = TextAskedFor(argc, argv); !text.isEmpty()) {
+        Print(text, stdout);
+        return EXIT_SUCCESS;
+    }
     const netrove::DesktopApplication application(argc, argv);
+    const netrove::StartArguments start(QApplication::arguments().mid(1));
+    if (!start.Problem().isEmpty()) {
+        Print(start.Problem(), stderr);
+        return WrongUse;
+    }
     QApplication::setApplicationName(QStringLiteral("netrove"));
     QApplication::setApplicationVersion(QStringLiteral(NETROVE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("netrove"));
@@ -83,5 +110,6 @@ int main(int argc, char** argv) {
         dialogs.Message(netrove::MessageIcon::Exclamation,
                         opened.problems.join(QStringLiteral("\r\n")),
                         QStringLiteral("Network Configuration"));
+    window.OpenResultsFiles(start.Files());
     return QApplication::exec();
 }
