@@ -31,7 +31,8 @@ QString Text(const char* text) {
     return QString::fromLatin1(text);
 }
 
-/// A scroll bar that shows where the keyboard is.
+/// A scroll bar that is used with the keyboard too: it shows that it has the focus, and its keys
+/// go the way that they point.
 class Slider : public QScrollBar {
 public:
     Slider(const char* name, int maximum, int value, QWidget* parent)
@@ -48,6 +49,17 @@ public:
     }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        static const QHash<int, SliderAction> actions{
+            {Qt::Key_Left, SliderSingleStepSub}, {Qt::Key_Right, SliderSingleStepAdd},
+            {Qt::Key_Up, SliderSingleStepSub},   {Qt::Key_Down, SliderSingleStepAdd},
+            {Qt::Key_PageUp, SliderPageStepSub}, {Qt::Key_PageDown, SliderPageStepAdd}};
+        if (const SliderAction action = actions.value(event->key(), SliderNoAction))
+            triggerAction(action);
+        else
+            QScrollBar::keyPressEvent(event);
+    }
+
     void paintEvent(QPaintEvent* event) override {
         QScrollBar::paintEvent(event);
         if (!hasFocus())
