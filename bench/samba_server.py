@@ -76,7 +76,8 @@ class DelayingProxy(threading.Thread):
         self.one_way = round_trip / 2  # seconds
         self.listener = socket.create_server(("127.0.0.1", 0), backlog=64)
         self.port = self.listener.getsockname()[1]
-        self.selector = selectors.DefaultSelector()
+        # The default one rounds its waits up to a millisecond, for each of many connections.
+        self.selector = selectors.SelectSelector()
         self.held = deque()  # (due, socket, bytes), in the order in which they are due
 
     def run(self):

@@ -93,6 +93,8 @@ void FindRun::Search() {
     // A signal during that is older than the engine's own request to stop.
     if (signal_ == 0)
         engine_.BeginSearch(arguments_.patterns, start);
+    if (signal_ == 0 && found_ == 0)
+        CheckStart(arguments_.from, services_);
 }
 
 void FindRun::OnFound(const QString& netPath) {

@@ -16,8 +16,23 @@ bool CanBeListed(const NetRecord& record, NetworkEnumeration& network) {
     return true;
 }
 
+/// Whether the text is a path: names of the network's levels don't begin so.
+bool IsPath(const QString& text) {
+    return text.startsWith(QLatin1Char('\\')) || text.startsWith(QLatin1String("//"));
+}
+
+std::optional<UncPath> PathOf(QString text) {
+    if (text.startsWith(QLatin1String("//")))
+        text.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    return UncPath::Parse(text);
+}
+
+WrongUse CannotReach(const QString& text) {
+    return WrongUse(QLatin1String("cannot reach '") + text + QLatin1Char('\''));
+}
+
 std::shared_ptr<NetResource> NodeOfPath(const QString& text, const FindServices& services) {
-    const auto path = UncPath::Parse(text);
+    const auto path = PathOf(text);
     if (!path)
         throw WrongUse(QLatin1String("'") + text +
                        QLatin1String("' is no path of a server, share or folder (quote it for the "
@@ -27,11 +42,9 @@ std::shared_ptr<NetResource> NodeOfPath(const QString& text, const FindServices&
         throw WrongUse(QLatin1String("no network answers for '") + text + QLatin1Char('\''));
     auto node = std::make_shared<NetResource>(services.network);
     node->InitFrom(*record);
-    const bool isThere = path->Share().isEmpty() ? node->Children()->Count() > 0 ||
-                                                       CanBeListed(*record, services.network)
-                                                 : services.files.CanEnter(path->Text());
-    if (!isThere)
-        throw WrongUse(QLatin1String("cannot reach '") + text + QLatin1Char('\''));
+    if (path->Share().isEmpty() && node->Children()->Count() == 0 &&
+        !CanBeListed(*record, services.network))
+        throw CannotReach(text);
     return node;
 }
 
@@ -49,17 +62,20 @@ QString NetworkNames(NetworkEnumeration& network) {
 std::shared_ptr<NetResource> StartNode(const QString& text, const FindServices& services) {
     if (text.isEmpty())
         return std::make_shared<NetResource>(services.network);
-    QString path = text;
-    if (path.startsWith(QLatin1String("//")))
-        path.replace(QLatin1Char('/'), QLatin1Char('\\'));
-    if (path.startsWith(QLatin1Char('\\')))
-        return NodeOfPath(path, services);
+    if (IsPath(text))
+        return NodeOfPath(text, services);
     auto node = FindNetNode(EnsureSuffix(text, QStringLiteral("|")), services.network);
     if (!node)
         throw WrongUse(QLatin1String("there is no '") + text +
                        QLatin1String("' on the network; its first level is ") +
                        NetworkNames(services.network));
     return node;
+}
+
+void CheckStart(const QString& text, const FindServices& services) {
+    const auto path = IsPath(text) ? PathOf(text) : std::nullopt;
+    if (path && !path->Share().isEmpty() && !services.files.CanEnter(path->Text()))
+        throw CannotReach(text);
 }
 
 } // namespace netrove

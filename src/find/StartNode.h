@@ -26,8 +26,13 @@ struct FindServices {
 
 /// The node that a search starts at: for an empty text the root; for \\SERVER\SHARE or
 /// //SERVER/SHARE that place; for names joined by "|" the node to which they lead. Raises WrongUse
-/// where there is no such node, or nobody answers for it.
+/// where there is no such node, or nobody answers for it. Whether a share or a folder is there, the
+/// search finds out: it opens its connections meanwhile.
 [[nodiscard]] std::shared_ptr<NetResource> StartNode(const QString& text,
                                                      const FindServices& services);
+
+/// Raises WrongUse where the text is the path of a share or a folder that can't be entered. For a
+/// search that has found nothing there.
+void CheckStart(const QString& text, const FindServices& services);
 
 } // namespace netrove

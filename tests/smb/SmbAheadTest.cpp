@@ -26,10 +26,10 @@ namespace {
 using namespace std::chrono_literals;
 
 /// A port at every address of this machine that takes connections and, if it is to, answers the
-/// question whether it speaks SMB.
+/// question whether it speaks SMB, after a while.
 class Doorkeeper {
 public:
-    explicit Doorkeeper(bool answers) {
+    explicit Doorkeeper(bool answers, std::chrono::milliseconds pause = 0ms) : pause_(pause) {
         listener_ = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
         sockaddr_in address = {};
         address.sin_family = AF_INET;
@@ -61,12 +61,15 @@ private:
             const int client = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
             std::array<char, 1024> question{};
             const QByteArray answer = QByteArray::fromHex("00000004fe534d42");
-            if (recv(client, question.data(), question.size(), 0) > 0)
+            if (recv(client, question.data(), question.size(), 0) > 0) {
+                std::this_thread::sleep_for(pause_);
                 send(client, answer.constData(), 8, MSG_NOSIGNAL);
+            }
             close(client);
         }
     }
 
+    const std::chrono::milliseconds pause_;
     int listener_ = -1;
     quint16 port_ = 0;
     std::atomic<bool> isEnding_ = false;
@@ -82,7 +85,15 @@ struct Walk {
     std::vector<std::string> happened = {}; ///< updates and matches
     std::string log = {};
     std::set<std::string> requests = {};
+    std::size_t early = 0; ///< connections that were only opened
+    std::size_t kept = 0;  ///< connections after the search
 };
+
+/// Whether it only opens a connection: the walk itself never asks for the top of a share so.
+bool IsEarly(const QString& request) {
+    return request.startsWith(QString::number(static_cast<int>(SmbRequest::Kind::Stat))) &&
+           request.endsWith(u' ');
+}
 
 class SmbAheadTest : public testing::Test {
 protected:
@@ -102,8 +113,10 @@ protected:
                  .address = QStringLiteral("127.0.0.%1").arg(at),
                  .port = port});
         std::vector<std::unique_ptr<NetworkProvider>> providers;
-        providers.push_back(std::make_unique<SmbProvider>(
-            QStringLiteral("LAN"), hosts, QStringLiteral(NETROVE_TREE_HELPER), limits));
+        auto provider = std::make_unique<SmbProvider>(QStringLiteral("LAN"), hosts,
+                                                      QStringLiteral(NETROVE_TREE_HELPER), limits);
+        pool_ = &provider->Pool();
+        providers.push_back(std::move(provider));
         return std::make_unique<Network>(std::move(providers));
     }
 
@@ -116,7 +129,7 @@ protected:
         qputenv("NETROVE_TREE_CONNECTIONS", QByteArray::number(connections));
         SmbLimits limits;
         limits.opening = 0ms; // so that there are several connections to each computer
-        const auto network = LocalNetwork(door_.Port(), 3, limits);
+        const auto network = LocalNetwork(port_, computers_, limits);
         walk.settings.Troubleshooting = 1;
         TroubleshootingLog log(walk.settings);
         log.Open(folder_.filePath(QStringLiteral("log")));
@@ -138,10 +151,14 @@ protected:
             walk.happened.push_back("found " + path.toStdString() + ' ' + std::to_string(length));
         };
         search.BeginSearch(QStringLiteral("*.txt"), std::make_shared<NetResource>(*network));
+        walk.kept = pool_->IdleProcesses().size();
         log.Close();
         walk.log = Content("log").section(QLatin1Char('\n'), 2).toStdString(); // without the time
         for (const QString& line : Content("requests").split(QLatin1Char('\n')))
-            walk.requests.insert(line.toStdString());
+            if (IsEarly(line))
+                ++walk.early;
+            else
+                walk.requests.insert(line.toStdString());
     }
 
     QString Content(const char* name) const {
@@ -150,7 +167,10 @@ protected:
     }
 
     QTemporaryDir folder_;
+    const SmbPool* pool_ = nullptr;
     Doorkeeper door_{true};
+    quint16 port_ = door_.Port();
+    int computers_ = 3;
 };
 
 TEST_F(SmbAheadTest, ChangesNothingButWhenRequestsAreSent) {
@@ -189,6 +209,26 @@ TEST_F(SmbAheadTest, ComputersThatTakeFewConnectionsGiveTheSameAnswers) {
         EXPECT_EQ(alone.happened, ahead.happened) << seed;
         EXPECT_EQ(alone.requests, ahead.requests) << seed;
     }
+}
+
+TEST_F(SmbAheadTest, ADistantComputerGetsConnectionsBeforeThereIsWorkForThem) {
+    const Doorkeeper distant(true, 20ms);
+    computers_ = 1;
+    std::size_t early = 0;
+    for (const int seed : {30, 31}) // a share whose top can't be read, and one that can
+        for (const int connections : {100, 2, 1}) {
+            Walk alone;
+            Walk ahead;
+            port_ = door_.Port();
+            Run(alone, seed, false);
+            port_ = distant.Port();
+            Run(ahead, seed, true, connections);
+            early += ahead.early;
+            EXPECT_LE(ahead.kept, SmbLimits().keptPerServer);
+            EXPECT_EQ(alone.happened, ahead.happened) << seed << ' ' << connections;
+            EXPECT_EQ(alone.requests, ahead.requests) << seed << ' ' << connections;
+        }
+    EXPECT_GT(early, 0U);
 }
 
 TEST_F(SmbAheadTest, AnAbandonedWalkEndsAsItWouldAndAsksForNothingElse) {

@@ -72,6 +72,15 @@ Logons::Turn Logons::Apply(SmbRequest& request) {
     return Turn::Go;
 }
 
+bool Logons::IsSafe(const SmbRequest& request) {
+    const std::scoped_lock lock(mutex_);
+    const QString computer = ComputerOf(request);
+    const Known* known = Find(computer);
+    if (!known)
+        known = Find(QString());
+    return !known || known->letIn.contains(computer);
+}
+
 int Logons::Note(const SmbRequest& request, int status) {
     const std::scoped_lock lock(mutex_);
     if (Known* known = FindFor(request)) {

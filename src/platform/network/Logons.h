@@ -43,6 +43,9 @@ public:
     /// Fills in the logon of the request's computer: its own, else that for all computers, else
     /// none, which is a guest's. Doesn't wait.
     [[nodiscard]] Turn Apply(SmbRequest& request);
+    /// Whether the request needs not be the first with its logon: there is none, or its computer
+    /// has let it in.
+    [[nodiscard]] bool IsSafe(const SmbRequest& request);
     /// Takes note of how an applied request ended. Gives the errno that it failed with for the rest
     /// of the program: a refused logon is a permission denied.
     int Note(const SmbRequest& request, int status);

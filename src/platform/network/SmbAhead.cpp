@@ -85,13 +85,13 @@ WalkOrder::State SmbAhead::Await(const QString& key, std::unique_lock<std::mutex
 
 SmbList SmbAhead::FetchHere(const SmbRequest& request) {
     return FetchList(request, [this](const SmbRequest& asked, const SmbWorker::Part& part) {
-        return pool_.Run(asked, part);
+        return pool_.Run(asked, part, reached_);
     });
 }
 
 SmbList SmbAhead::Fetch(Task task) {
     const auto run = [&](const SmbRequest& asked, const SmbWorker::Part& part) {
-        return pool_.Run(std::move(task.turn), asked, part);
+        return pool_.Run(std::move(task.turn), asked, part, reached_);
     };
     return FetchList(task.question.request, run, arriving_, MaxArriving);
 }
@@ -129,11 +129,33 @@ void SmbAhead::Dispatch() {
         };
         auto question = order_.Next(grant);
         if (!question)
-            return;
-        tasks_.push_back({.question = std::move(*question), .turn = std::move(*turn)});
-        ++busy_;
-        work_.notify_one();
+            break;
+        Give(std::move(*question), std::move(*turn));
     }
+    OpenEarly();
+}
+
+/// Opens connections before there is work for them. What they ask is only to get into the share.
+/// Where there are other computers, these need the helpers.
+void SmbAhead::OpenEarly() {
+    const auto folder = order_.FolderOfOnlyComputer();
+    if (!folder)
+        return;
+    SmbRequest entry = *folder;
+    entry.kind = SmbRequest::Kind::Stat;
+    entry.path.clear();
+    while (!hasEnded_ && HasFreeThread()) {
+        auto turn = pool_.TryTakeEarlyTurn(entry);
+        if (!turn)
+            return;
+        Give({.id = WalkOrder::NoQuestion, .request = entry}, std::move(*turn));
+    }
+}
+
+void SmbAhead::Give(WalkOrder::Question question, SmbPool::Turn turn) {
+    tasks_.push_back({.question = std::move(question), .turn = std::move(turn)});
+    ++busy_;
+    work_.notify_one();
 }
 
 bool SmbAhead::HasFreeThread() {

@@ -50,9 +50,15 @@ private:
     [[nodiscard]] SmbList FetchHere(const SmbRequest& request);
     [[nodiscard]] WalkOrder::State Await(const QString& key, std::unique_lock<std::mutex>& lock);
     void Dispatch();
+    void OpenEarly();
+    void Give(WalkOrder::Question question, SmbPool::Turn turn);
     [[nodiscard]] bool HasFreeThread();
 
     SmbPool& pool_;
+    const SmbPool::Reached reached_ = [this] {
+        const std::scoped_lock lock(mutex_);
+        OpenEarly();
+    };
     std::mutex mutex_;
     std::condition_variable work_;    ///< there is a task, or the end
     std::condition_variable arrived_; ///< an answer

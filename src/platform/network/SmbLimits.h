@@ -31,6 +31,9 @@ struct SmbLimits {
     Time firstOpening{80};         ///< the same of the first one, on a busy machine
     Time refusedFor{60000};        ///< a connection too many isn't tried again for so long
     std::size_t maxPerServer = 16; ///< connections; client editions of Windows take 20
+    /// Connections to a server that are kept after a search, for what is asked next; the others
+    /// leave room for copies.
+    std::size_t keptPerServer = 4;
     /// Helpers in all, of some 4 MB each. A call that can't wait may start one more.
     std::size_t maxHelpers = 24;
 };

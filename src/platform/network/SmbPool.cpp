@@ -78,20 +78,22 @@ QString SmbPool::DefaultHelper() {
                                             : folder + QLatin1String("../libexec/netrove/") + name;
 }
 
-int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part) {
+int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part, const Reached& reached) {
     auto turn = AwaitTurn(request);
-    return turn ? Run(std::move(*turn), request, part) : ECANCELED;
+    return turn ? Run(std::move(*turn), request, part, reached) : ECANCELED;
 }
 
-int SmbPool::Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part) {
+int SmbPool::Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part,
+                 const Reached& reached) {
     if (turn.kind_ == Turn::Kind::None || !logons_)
-        return Send(turn, request, part);
+        return Send(turn, request, part, reached);
     SmbRequest asked = request;
     LogonUse use(logons_.get(), asked);
-    return use.Status() != 0 ? use.Status() : use.End(Send(turn, asked, part));
+    return use.Status() != 0 ? use.Status() : use.End(Send(turn, asked, part, reached));
 }
 
-int SmbPool::Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+int SmbPool::Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part,
+                  const Reached& reached) {
     // It may have died since the turn was given.
     if (const int status = DeadStatus(turn.server_); status != 0)
         return status;
@@ -99,7 +101,9 @@ int SmbPool::Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& 
     case Turn::Kind::None:
         return turn.status_;
     case Turn::Kind::First:
-        return RunFirst(turn, request, part);
+        return RunFirst(turn, request, part, reached);
+    case Turn::Kind::Early:
+        return RunEarly(turn, request, part);
     case Turn::Kind::Further:
         return RunFurther(turn, request, part);
     case Turn::Kind::Ready:
@@ -154,9 +158,26 @@ std::optional<SmbPool::Turn> SmbPool::TakeTurn(const SmbRequest& request, std::s
     }
     if (!server.isProven || !servers_.TakesMore(name, waiting) || !MakeRoom(urgency))
         return std::nullopt;
-    ++servers_[name].open;
-    Turn turn(*this, Turn::Kind::Further, urgency, name);
+    return FurtherTurn(name, urgency);
+}
+
+/// Room for its helper has been made.
+SmbPool::Turn SmbPool::FurtherTurn(const QString& server, Urgency urgency) {
+    ++servers_[server].open;
+    Turn turn(*this, Turn::Kind::Further, urgency, server);
     turn.hasHelper_ = true;
+    return turn;
+}
+
+std::optional<SmbPool::Turn> SmbPool::TryTakeEarlyTurn(const SmbRequest& request) {
+    if (logons_ && !logons_->IsSafe(request))
+        return std::nullopt;
+    const QString name = ServerName(request);
+    const std::scoped_lock lock(mutex_);
+    if (servers_.DeadStatus(name) != 0 || !servers_.TakesEarly(name) || !MakeRoom(Urgency::MayWait))
+        return std::nullopt;
+    Turn turn = FurtherTurn(name, Urgency::MayWait);
+    turn.kind_ = Turn::Kind::Early;
     return turn;
 }
 
@@ -187,7 +208,8 @@ void SmbPool::GiveBack(Turn& turn) {
 
 /// Where a server is first reached: it is looked up, its port is tested, and one request shows
 /// whether it lets us in, before anybody else comes.
-int SmbPool::RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+int SmbPool::RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part,
+                      const Reached& reached) {
     launcher_.Prepare(); // it loads while the port is tested
     int status = Reach(turn, request);
     if (status == 0 && !turn.worker_)
@@ -196,8 +218,10 @@ int SmbPool::RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Pa
         GiveUp(turn, status);
         return status;
     }
+    if (reached)
+        reached();
     const auto begin = Clock::now();
-    status = RunOn(turn, request, part);
+    status = RunElseOverAnother(turn, request, part);
     if (request.kind == SmbRequest::Kind::ListFolder && IsAnswer(status)) {
         const std::scoped_lock lock(mutex_);
         servers_.NoteFirstTime(turn.server_, Clock::now() - begin);
@@ -215,31 +239,84 @@ void SmbPool::GiveUp(Turn& turn, int status) {
     changed_.notify_all();
 }
 
-/// Over one more connection. Where the server doesn't want that, over another one.
+/// Opens one more connection for those who come later. Where the server doesn't want that, nobody
+/// has lost anything.
+int SmbPool::RunEarly(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    int status = StartWorker(turn);
+    if (status == 0)
+        status = RunOn(turn, request, part);
+    if (status == 0)
+        return status;
+    const std::scoped_lock lock(mutex_);
+    servers_[turn.server_].hasFailedEarly = true;
+    if (MayBeRefused(status) && !IsAnswer(status))
+        servers_.NoteRefused(turn.server_);
+    EndConnection(turn);
+    return status;
+}
+
 int SmbPool::RunFurther(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    const int status = StartWorker(turn);
+    return status == 0 ? RunElseOverAnother(turn, request, part)
+                       : OverAnother(turn, request, part, status);
+}
+
+/// Over a new connection. Where the server doesn't want that, over another one: also the first may
+/// find that early ones have taken all that it gives.
+int SmbPool::RunElseOverAnother(Turn& turn, const SmbRequest& request,
+                                const SmbWorker::Part& part) {
     bool isAnswered = false;
     const auto noting = [&](SmbAnswer& answer) {
         isAnswered = true;
         return part(answer);
     };
-    int status = StartWorker(turn);
-    if (status == 0)
-        status = RunOn(turn, request, noting);
-    if (isAnswered || !MayBeRefused(status))
-        return status;
+    const int status = RunOn(turn, request, noting);
+    return isAnswered || !MayBeRefused(status) ? status : OverAnother(turn, request, part, status);
+}
+
+int SmbPool::OverAnother(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part,
+                         int status) {
     auto other = AwaitOther(request);
     if (!other)
-        return status;
+        return HasRoomAgain(turn) ? TryAgain(turn, request, part) : status;
     const int again = RunOn(*other, request, part);
     if (again == status || again == ECANCELED)
         return again;
     const std::scoped_lock lock(mutex_);
     servers_.NoteRefused(turn.server_);
+    EndConnection(turn);
+    return again;
+}
+
+/// Whether others were in the way that have all gone meanwhile.
+bool SmbPool::HasRoomAgain(const Turn& turn) {
+    const std::scoped_lock lock(mutex_);
+    const bool hadOthers =
+        turn.kind_ == Turn::Kind::Further || servers_[turn.server_].hasFailedEarly;
+    return hadOthers && servers_.DeadStatus(turn.server_) == 0;
+}
+
+/// The server may need a moment to notice that connections have been closed.
+int SmbPool::TryAgain(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part) {
+    constexpr int tries = 3;
+    WaitingPace pace;
+    int status = RunOn(turn, request, part);
+    for (int more = 1; more < tries && MayBeRefused(status); ++more) {
+        std::unique_lock lock(mutex_);
+        if (!AwaitChange(lock, pace))
+            return ECANCELED;
+        lock.unlock();
+        status = RunOn(turn, request, part);
+    }
+    return status;
+}
+
+/// Its helper isn't kept: it has no connection that others could use.
+void SmbPool::EndConnection(Turn& turn) {
     if (turn.worker_) {
         turn.worker_.reset();
         turn.hasHelper_ = true;
     }
-    return again;
 }
 
 /// A turn over a connection that is open already; none where all who have one wait for another.
@@ -391,8 +468,10 @@ int SmbPool::Reach(Turn& turn, const SmbRequest& request) {
         if (status != 0)
             return status;
     }
+    const auto begin = Clock::now();
     const int status = SmbProbe(limits_).Run(addresses, request.port);
     const std::scoped_lock lock(mutex_);
+    servers_[turn.server_].greeting = Clock::now() - begin;
     servers_[turn.server_].addresses = std::move(addresses);
     return status;
 }
@@ -442,6 +521,16 @@ void SmbPool::DropOld() {
     while (!idle_.empty() && now - idle_.front().since > limits_.idle)
         Drop(idle_.begin());
     servers_.ForgetOld();
+}
+
+void SmbPool::KeepFew() {
+    const std::scoped_lock lock(mutex_);
+    QHash<QString, std::size_t> kept;
+    for (std::size_t at = idle_.size(); at-- > 0;) {
+        const QString& server = idle_[at].server;
+        if (!server.isEmpty() && ++kept[server] > limits_.keptPerServer)
+            Drop(idle_.begin() + static_cast<std::ptrdiff_t>(at));
+    }
 }
 
 std::vector<pid_t> SmbPool::IdleProcesses() const {

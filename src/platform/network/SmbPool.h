@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -23,8 +24,8 @@ namespace netrove {
 /// all of them. May be used by several threads at once.
 ///
 /// The first connection to a server is proven alone: others are opened only when a request over it
-/// has been answered. Where the server then refuses one more, the request goes over the others,
-/// and their number is remembered.
+/// has been answered, or by who takes an early turn. Where the server then refuses one more, the
+/// request goes over the others, and their number is remembered.
 class SmbPool {
 public:
     /// The helper that belongs to this program: beside its executable, else in ../libexec/netrove.
@@ -41,6 +42,8 @@ public:
     /// A name for the server that a request goes to.
     [[nodiscard]] static QString ServerName(const SmbRequest& request);
 
+    using Reached = std::function<void()>;
+
     /// The right to put one request to a server now. Given back with its end.
     class Turn;
 
@@ -55,14 +58,25 @@ public:
     ///
     /// The request is made with the logon of its computer. One that the server has refused isn't
     /// tried again: EACCES.
-    [[nodiscard]] int Run(const SmbRequest& request, const SmbWorker::Part& part);
+    /// `reached` is called once it is known that the server is there, before the request is sent,
+    /// where this is the first one to it.
+    [[nodiscard]] int Run(const SmbRequest& request, const SmbWorker::Part& part,
+                          const Reached& reached = {});
 
     /// The same with a turn that was taken for the request.
-    [[nodiscard]] int Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part);
+    [[nodiscard]] int Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part,
+                          const Reached& reached = {});
 
     /// A turn for a request if there can be one at once. So many requests wait for the server,
     /// with this one: that decides whether a further connection pays.
     [[nodiscard]] std::optional<Turn> TryTakeTurn(const SmbRequest& request, std::size_t waiting);
+
+    /// A turn to open one more connection while the first request to a distant server is under way;
+    /// none where a logon isn't known to be good yet.
+    [[nodiscard]] std::optional<Turn> TryTakeEarlyTurn(const SmbRequest& request);
+
+    /// Ends helpers that nobody needs so soon again, as a search has ended.
+    void KeepFew();
 
     /// The processes that wait for work.
     [[nodiscard]] std::vector<pid_t> IdleProcesses() const;
@@ -83,15 +97,26 @@ private:
     [[nodiscard]] std::optional<Turn> TakeTurn(const SmbRequest& request, std::size_t waiting,
                                                Urgency urgency);
     [[nodiscard]] Turn ReadyTurn(Idle idle, Urgency urgency);
+    [[nodiscard]] Turn FurtherTurn(const QString& server, Urgency urgency);
     [[nodiscard]] std::optional<Idle> TakeIdle(const QString& server, const QString& share);
     [[nodiscard]] bool MakeRoom(Urgency urgency);
     void Drop(std::vector<Idle>::iterator idle);
     void DropOld();
 
-    [[nodiscard]] int Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
-    [[nodiscard]] int RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
+    [[nodiscard]] int Send(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part,
+                           const Reached& reached);
+    [[nodiscard]] int RunFirst(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part,
+                               const Reached& reached);
+    [[nodiscard]] int RunEarly(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
     [[nodiscard]] int RunFurther(Turn& turn, const SmbRequest& request,
                                  const SmbWorker::Part& part);
+    [[nodiscard]] int RunElseOverAnother(Turn& turn, const SmbRequest& request,
+                                         const SmbWorker::Part& part);
+    [[nodiscard]] int OverAnother(Turn& turn, const SmbRequest& request,
+                                  const SmbWorker::Part& part, int status);
+    [[nodiscard]] bool HasRoomAgain(const Turn& turn);
+    [[nodiscard]] int TryAgain(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
+    static void EndConnection(Turn& turn);
     [[nodiscard]] int RunOn(Turn& turn, const SmbRequest& request, const SmbWorker::Part& part);
     [[nodiscard]] int Reach(Turn& turn, const SmbRequest& request);
     [[nodiscard]] int StartWorker(Turn& turn);
@@ -130,6 +155,7 @@ private:
     enum class Kind {
         None,    ///< the server is dead
         First,   ///< to reach the server and prove that it answers
+        Early,   ///< to open one more connection that nobody needs yet
         Further, ///< to open one more connection
         Ready,   ///< over one that is open
     };

@@ -263,6 +263,7 @@ void SmbProvider::Leave(const QString& remoteName) {
 
 void SmbProvider::EndWalk() {
     ahead_.reset();
+    pool_.KeepFew();
 }
 
 QStringList SmbProvider::Computers(const QString& workgroup) const {

@@ -27,6 +27,9 @@ constexpr std::size_t MostWhenNear = 4;
 /// lose where most of the time nobody works.
 constexpr double HopeWhenDistant = 4;
 
+/// The first answer of a near server takes some 5 ms, most of them for a process of its own.
+constexpr std::chrono::milliseconds DistantGreeting{9};
+
 /// Whether a failed connection says that nobody is there. Who refuses it is.
 bool IsSilence(int status) {
     switch (status) {
@@ -107,6 +110,12 @@ bool SmbServers::TakesMore(const QString& name, std::size_t waiting) {
     const double hope = isDistant ? HopeWhenDistant : 1;
     return static_cast<double>(waiting) * hope * server.answer >=
            static_cast<double>(server.open) * (work.count() + OpeningAnswers * server.answer);
+}
+
+bool SmbServers::TakesEarly(const QString& name) {
+    const Server& server = servers_[name];
+    return server.open > 0 && server.open < limits_.maxPerServer && server.answer == 0 &&
+           !server.hasFailedEarly && server.greeting >= DistantGreeting;
 }
 
 void SmbServers::NoteRefused(const QString& name) {

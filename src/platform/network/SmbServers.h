@@ -27,9 +27,11 @@ public:
         int urgent = 0;            ///< calls that wait for a connection and go first
         std::size_t doubtful = 0;  ///< new connections whose first request waits for another one
         double answer = 0;         ///< milliseconds that a folder takes, of late
-        int timeouts = 0;          ///< requests in a row without an answer
-        std::vector<QString> addresses = {};          ///< where it has been reached
-        Clock::time_point lastSign = {};              ///< when it said something
+        bool hasFailedEarly = false;         ///< an early connection hasn't come about
+        Clock::duration greeting = {};       ///< what its first answer took, with the way there
+        int timeouts = 0;                    ///< requests in a row without an answer
+        std::vector<QString> addresses = {}; ///< where it has been reached
+        Clock::time_point lastSign = {};     ///< when it said something
         std::optional<Clock::time_point> probed = {}; ///< since when it is asked if it is there
     };
 
@@ -62,6 +64,10 @@ public:
     /// Whether the server may get one more connection while so many requests wait for it. What
     /// one costs must be less than the time that it saves.
     [[nodiscard]] bool TakesMore(const QString& name, std::size_t waiting);
+
+    /// Whether the server may get one more connection before it is known how much there is to ask:
+    /// a bet on a distant one, while its first folder is listed.
+    [[nodiscard]] bool TakesEarly(const QString& name);
 
     /// Notes that the server hasn't taken the connection that was opened last.
     void NoteRefused(const QString& name);

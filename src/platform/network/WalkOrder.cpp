@@ -111,6 +111,15 @@ std::optional<WalkOrder::Question> WalkOrder::Next(const Grant& grant) {
     return std::nullopt;
 }
 
+std::optional<SmbRequest> WalkOrder::FolderOfOnlyComputer() const {
+    if (steps_.empty() || !IsNear(steps_.back()))
+        return std::nullopt;
+    const auto folder = std::find_if(steps_.begin(), steps_.end(), [](const Step& step) {
+        return step.start.request.kind == SmbRequest::Kind::ListFolder;
+    });
+    return folder == steps_.end() ? std::nullopt : std::optional(folder->start.request);
+}
+
 /// Whether a step has something that may be asked ahead: deep in a computer, only when the walk is
 /// there. Subfolders that have come to their end go.
 bool WalkOrder::HasQuestion(Steps::iterator step, bool isNear) {
@@ -182,8 +191,9 @@ WalkOrder::Step WalkOrder::Subfolder(const Step& step, const QString& name) cons
 }
 
 WalkOrder::Steps::iterator WalkOrder::FindId(quint64 id) {
-    return std::find_if(steps_.begin(), steps_.end(),
-                        [&](const Step& step) { return step.id == id; });
+    return id == NoQuestion ? steps_.end()
+                            : std::find_if(steps_.begin(), steps_.end(),
+                                           [&](const Step& step) { return step.id == id; });
 }
 
 void WalkOrder::Answer(quint64 id, SmbList answer) {

@@ -37,8 +37,11 @@ public:
         qsizetype nodeLength = 0; ///< as WalkPlan::EntersFolder has it
     };
 
+    /// The number of no question.
+    static constexpr quint64 NoQuestion = 0;
+
     struct Question {
-        quint64 id = 0;
+        quint64 id = NoQuestion;
         SmbRequest request = {};
     };
 
@@ -61,6 +64,9 @@ public:
 
     /// The nearest question that isn't asked yet and may be.
     [[nodiscard]] std::optional<Question> Next(const Grant& grant);
+
+    /// The next folder, where the walk has only one computer to go through.
+    [[nodiscard]] std::optional<SmbRequest> FolderOfOnlyComputer() const;
 
     /// The answer to a question. What lies in it comes right after it.
     void Answer(quint64 id, SmbList answer);
