@@ -16,12 +16,20 @@ inline constexpr quint32 WindowTextColor = 0x80000008;
 /// The value of a colour; never a name of the desktop.
 [[nodiscard]] quint32 FromColor(const QColor& color);
 
+/// How far two colours stand apart for the eye, from 1 (not at all) to 21 (black and white): the
+/// contrast ratio of WCAG 2.1.
+[[nodiscard]] double Contrast(const QColor& first, const QColor& second);
+
 /// Black or white, whichever reads better on this colour.
 [[nodiscard]] QColor ReadableOn(const QColor& background);
 
+/// What a text needs to be read with ease: pure red on white is just above.
+inline constexpr double ReadableContrast = 3.9;
+
 /// The colour itself where its text can be read on the background; else as little lighter or
 /// darker as that needs.
-[[nodiscard]] QColor Legible(const QColor& color, const QColor& background);
+[[nodiscard]] QColor Legible(const QColor& color, const QColor& background,
+                             double contrast = ReadableContrast);
 
 /// The colour that lies between two: `share` of 0 gives the first, of 1 the second.
 [[nodiscard]] QColor Mixed(const QColor& first, const QColor& second, double share);

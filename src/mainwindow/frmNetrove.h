@@ -18,7 +18,8 @@
 #include "searchrun/SearchRun.h"
 #include "searchrun/SearchStart.h"
 #include "searchrun/SearchState.h"
-#include "skins/NCSizeModifier.h"
+#include "skins/SkinSelection.h"
+#include "skins/frame/PaintedSkinFrame.h"
 #include "storage/ResultsFile.h"
 #include "storage/SettingsFile.h"
 
@@ -46,6 +47,7 @@ public:
     void OpenResultsFiles(const QStringList& files);
 
     [[nodiscard]] Settings& ProgramSettings() { return settings_; }
+    [[nodiscard]] SkinSelection& Skins() { return skins_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -56,6 +58,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void SelectSkin(int index);
     void ShowSilentComputers();
     [[nodiscard]] MainMenu* MakeMenu();
     void ConnectControls();
@@ -64,6 +67,9 @@ private:
     void ConnectReturnKey();
     [[nodiscard]] JobControls MakeJobControls();
     [[nodiscard]] ListOperations MakeListOperations();
+    [[nodiscard]] SkinSelection::Menu SkinMenu() const;
+    [[nodiscard]] SkinSelection::Controls SkinnedControls();
+    [[nodiscard]] SkinSelection::Services SkinServices();
     void ConnectListMenus(MainMenu& menu);
     void ConnectHelpMenu(MainMenu& menu);
     void PressDefaultButton();
@@ -71,8 +77,6 @@ private:
     void LoadSteps();
     void ReadSystem();
     void ChooseStartNode();
-    void ReadSkin();
-    void ApplySkin(int index);
     [[nodiscard]] bool Form_QueryUnload();
     void Form_Unload();
     void SaveSettings();
@@ -105,9 +109,10 @@ private:
     HelpMenu helpMenu_;
     ResultsFile resultsFile_;
     SettingsFile settingsFile_;
+    PaintedSkinFrame painter_;
+    SkinSelection skins_;
 
     std::unique_ptr<InstanceMarker> marker_;
-    std::unique_ptr<NCSizeModifier> frame_;
     std::unique_ptr<CopyQ> CopyDLL;
     QString HelpFile;
     QString OSName;
