@@ -4,6 +4,7 @@
 #include "controls/Twips.h"
 #include "mainwindow/services/WinVer.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
+#include "options/frmOpts.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
@@ -179,6 +180,7 @@ MainMenu* frmNetrove::MakeMenu() {
         menu->Connect(Text("mnuSilent"), this, [this] { ShowSilentComputers(); });
     if (services_.showLogons)
         menu->Connect(Text("mnuLogon"), this, [this] { services_.showLogons(*this); });
+    menu->Connect(Text("mnuOpts"), this, [this] { mnuOpts_Click(); });
     for (int index = 0; index < PredefinedPatterns::Count; ++index)
         menu->Connect(Element("mnuFiles", index), this,
                       [this, index] { patterns_.mnuFiles_Click(index); });
@@ -196,6 +198,21 @@ void frmNetrove::ShowSilentComputers() {
     dialog->show();
     dialog->raise();
     dialog->activateWindow();
+}
+
+void frmNetrove::mnuOpts_Click() {
+    frmOpts({.settings = settings_,
+             .dialogs = services_.dialogs,
+             .system = services_.system,
+             .lvwResults = *controls_.lvwResults,
+             .lvwDownloads = *controls_.lvwDownloads,
+             .downloadsFolder = DownloadsFolder(services_.applicationFolder),
+             .OSName = OSName,
+             .OSVersion = OSVersion,
+             .CurrentUser = CurrentUser,
+             .openHelp = [this] { OpenHelp(); }},
+            this)
+        .exec();
 }
 
 void frmNetrove::ConnectListMenus(MainMenu& menu) {

@@ -51,6 +51,7 @@ protected:
 
 private:
     void ShowSilentComputers();
+    void mnuOpts_Click();
     [[nodiscard]] MainMenu* MakeMenu();
     void ConnectControls();
     void ConnectSearchParameters();
