@@ -23,6 +23,7 @@ void SetColor(QWidget& control, QPalette::ColorRole role, const QColor& color) {
 
 void SetBackground(QWidget& control, const QColor& color) {
     SetColor(control, QPalette::Window, color);
+    control.setBackgroundRole(QPalette::Window); // of buttons with a text it is another
     control.setAutoFillBackground(true);
 }
 
