@@ -4,6 +4,7 @@
 #include "controls/Twips.h"
 #include "mainwindow/services/WinVer.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
+#include "options/frmOpts.h"
 #include "platform/ApplicationFolder.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
@@ -87,7 +88,8 @@ frmNetrove::frmNetrove(const ProgramServices& services)
                         .shell = shell_,
                         .webAddress = services.webAddress,
                         .contactAddress = services.contactAddress,
-                        .openHelp = [this] { OpenHelp(); }})
+                        .openHelp = [this] { OpenHelp(); },
+                        .skin = &skins_})
     , resultsFile_({*this, *controls_.RetFileLbl, *controls_.stbStatus, *controls_.SSTab1,
                     *controls_.cmdStartSearch, *controls_.cmdAbandon, *controls_.lvwResults,
                     *controls_.lvwDownloads, controls_.Icons()},
@@ -192,6 +194,7 @@ MainMenu* frmNetrove::MakeMenu() {
         menu->Connect(Text("mnuSilent"), this, [this] { ShowSilentComputers(); });
     if (services_.showLogons)
         menu->Connect(Text("mnuLogon"), this, [this] { services_.showLogons(*this, skins_); });
+    menu->Connect(Text("mnuOpts"), this, [this] { mnuOpts_Click(); });
     for (int index = 0; index < PredefinedPatterns::Count; ++index)
         menu->Connect(Element("mnuFiles", index), this,
                       [this, index] { patterns_.mnuFiles_Click(index); });
@@ -231,6 +234,21 @@ void frmNetrove::ConnectHelpMenu(MainMenu& menu) {
     menu.Connect(Text("mnuAbout1"), this, [this] { helpMenu_.mnuAbout1_Click(); });
     menu.Connect(Text("mnuAbout"), this, [this] { helpMenu_.mnuAbout_Click(); });
     menu.Connect(Text("HelpColMnu"), this, [this] { columnHelp_.HelpColMnu_Click(); });
+}
+
+void frmNetrove::mnuOpts_Click() {
+    frmOpts({.settings = settings_,
+             .dialogs = services_.dialogs,
+             .system = services_.system,
+             .lvwResults = *controls_.lvwResults,
+             .lvwDownloads = *controls_.lvwDownloads,
+             .downloadsFolder = DownloadsFolder(services_.applicationFolder),
+             .OSName = OSName,
+             .OSVersion = OSVersion,
+             .CurrentUser = CurrentUser,
+             .openHelp = [this] { OpenHelp(); }},
+            this)
+        .exec();
 }
 
 void frmNetrove::ConnectListMenus(MainMenu& menu) {

@@ -60,6 +60,7 @@ protected:
 private:
     void SelectSkin(int index);
     void ShowSilentComputers();
+    void mnuOpts_Click();
     [[nodiscard]] MainMenu* MakeMenu();
     void ConnectControls();
     void ConnectSearchParameters();

@@ -71,6 +71,7 @@ int main(int argc, char** argv) {
         std::make_shared<netrove::Logons>(std::make_shared<netrove::DesktopKeyring>());
     const netrove::OpenedNetwork opened = netrove::OpenNetwork(folder, logons);
     netrove::DesktopDialogs dialogs;
+    dialogs.SetNetwork(*opened.network);
     netrove::DesktopShell shell(*opened.network);
     netrove::DesktopFileTypes fileTypes;
     netrove::LinuxSystemInformation system;

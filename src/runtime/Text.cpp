@@ -217,6 +217,17 @@ double LeadingNumber(QStringView text) {
     return NumberScanner(solid).Scan();
 }
 
+bool IsNumeric(QStringView text) {
+    const QString number = Trim(text);
+    NumberScanner scanner(number);
+    try {
+        (void)scanner.Scan();
+    } catch (const RunTimeError&) {
+        return false;
+    }
+    return scanner.TookAll();
+}
+
 qint16 LeadingInteger(QStringView text) {
     return Rounded<qint16>(LeadingNumber(text));
 }

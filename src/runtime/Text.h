@@ -42,6 +42,10 @@ private:
 /// that no double can hold.
 [[nodiscard]] double LeadingNumber(QStringView text);
 
+/// Whether the text is such a number and nothing else, blanks around allowed, and one that a double
+/// can hold.
+[[nodiscard]] bool IsNumeric(QStringView text);
+
 /// LeadingNumber rounded to the nearest whole number, a tie going to the even one. Raise
 /// ErrorNumber::Overflow where the result doesn't fit 16 or 32 bits, signed.
 [[nodiscard]] qint16 LeadingInteger(QStringView text);

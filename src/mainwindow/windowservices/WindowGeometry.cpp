@@ -4,6 +4,8 @@
 #include <QFontMetrics>
 #include <QLayout>
 
+#include <algorithm>
+
 namespace netrove {
 
 void CentreWindow(const QWidget& parent, QWidget& child) {
@@ -29,6 +31,14 @@ void SetFixedClientSize(QWidget& window, int width, int height) {
         if (layout->hasHeightForWidth())
             size = size.expandedTo(QSize(0, layout->totalMinimumHeightForWidth(size.width())));
     }
+    window.setFixedSize(size);
+}
+
+void FixSizeAroundContents(QWidget& window) {
+    const QLayout& layout = *window.layout();
+    QSize size = window.size().expandedTo(layout.totalSizeHint());
+    if (layout.hasHeightForWidth())
+        size.setHeight(std::max(window.height(), layout.totalHeightForWidth(size.width())));
     window.setFixedSize(size);
 }
 

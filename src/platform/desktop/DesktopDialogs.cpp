@@ -1,9 +1,12 @@
 #include "platform/desktop/DesktopDialogs.h"
 
+#include "platform/desktop/ComputerChooser.h"
+
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -130,6 +133,52 @@ std::optional<QString> DesktopDialogs::SaveFile(const FileDialogSetup& setup) {
     chooser.setOption(QFileDialog::DontConfirmOverwrite);
     chooser.setDefaultSuffix(FirstSuffix(setup.filter));
     return ChooseFile(chooser, setup);
+}
+
+std::optional<QString> DesktopDialogs::ChooseFolder(const QString& title, bool network) {
+    QFileDialog chooser(Parent(), title, QDir::homePath());
+    chooser.setWindowModality(Qt::ApplicationModal);
+    chooser.setFileMode(QFileDialog::Directory);
+    chooser.setOption(QFileDialog::ShowDirsOnly);
+    if (network)
+        chooser.setSupportedSchemes({QStringLiteral("file"), QStringLiteral("smb")});
+    if (chooser.exec() != QDialog::Accepted || chooser.selectedUrls().isEmpty())
+        return std::nullopt;
+    const QUrl chosen = chooser.selectedUrls().constFirst();
+    return chosen.isLocalFile() ? QDir::toNativeSeparators(chosen.toLocalFile())
+                                : chosen.toString(QUrl::StripTrailingSlash);
+}
+
+std::optional<QString> DesktopDialogs::ChooseComputer(const QString& title) {
+    if (!network_)
+        return std::nullopt;
+    ComputerChooser chooser(*network_, title, Parent());
+    chooser.setWindowModality(Qt::ApplicationModal);
+    if (chooser.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return chooser.Computer();
+}
+
+std::optional<ChosenFont> DesktopDialogs::ChooseFont(const ChosenFont& font) {
+    QFont shown(font.family);
+    shown.setPointSizeF(font.points);
+    shown.setBold(font.bold);
+    shown.setItalic(font.italic);
+    shown.setUnderline(font.underline);
+    shown.setStrikeOut(font.strikeOut);
+    QFontDialog chooser(shown, Parent());
+    chooser.setWindowModality(Qt::ApplicationModal);
+    if (chooser.exec() != QDialog::Accepted)
+        return std::nullopt;
+    const QFont chosen = chooser.selectedFont();
+    ChosenFont result = font;
+    result.family = chosen.family();
+    result.points = chosen.pointSizeF();
+    result.bold = chosen.bold();
+    result.italic = chosen.italic();
+    result.underline = chosen.underline();
+    result.strikeOut = chosen.strikeOut();
+    return result;
 }
 
 } // namespace netrove
