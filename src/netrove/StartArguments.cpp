@@ -1,5 +1,7 @@
 #include "netrove/StartArguments.h"
 
+#include "runtime/ProgramVersion.h"
+
 #include <QFileInfo>
 
 namespace netrove {
@@ -36,7 +38,7 @@ void StartArguments::ReadOption(const QString& option) {
     if (option == u"--help")
         text_ = HelpText();
     else if (option == u"--version")
-        text_ = QStringLiteral("netrove " NETROVE_VERSION "\n");
+        text_ = QLatin1String("netrove ") + ProgramVersion() + u'\n';
     else
         problem_ = u"netrove: there is no option '" + option + u"'; see 'netrove --help'.\n";
 }

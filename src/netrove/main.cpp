@@ -14,6 +14,7 @@
 #include "platform/http/HttpReader.h"
 #include "platform/keyring/DesktopKeyring.h"
 #include "platform/network/OpenNetwork.h"
+#include "runtime/ProgramVersion.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -61,7 +62,7 @@ int main(int argc, char** argv) {
         return WrongUse;
     }
     QApplication::setApplicationName(QStringLiteral("netrove"));
-    QApplication::setApplicationVersion(QStringLiteral(NETROVE_VERSION));
+    QApplication::setApplicationVersion(netrove::ProgramVersion());
     QApplication::setDesktopFileName(QStringLiteral("netrove"));
     QApplication::setWindowIcon(netrove::ProgramIcon());
 

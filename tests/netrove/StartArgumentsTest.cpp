@@ -1,6 +1,7 @@
 #include "netrove/StartArguments.h"
 
 #include "fakes/Text.h"
+#include "runtime/ProgramVersion.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -18,7 +19,8 @@ TEST(StartArguments, TakesFilesWithTheirFullPaths) {
 }
 
 TEST(StartArguments, KnowsTwoOptions) {
-    EXPECT_EQ(StartArguments({Text("--version")}).Text(), Text("netrove " NETROVE_VERSION "\n"));
+    EXPECT_EQ(StartArguments({Text("--version")}).Text(),
+              Text("netrove ") + ProgramVersion() + u'\n');
     EXPECT_TRUE(StartArguments({Text("--help")}).Text().startsWith(Text("Usage: netrove ")));
     const StartArguments wrong({Text("-x"), Text("a.nrr")});
     EXPECT_TRUE(wrong.Text().isEmpty());

@@ -1,5 +1,6 @@
 #include "online/webfiles/Version.h"
 
+#include "runtime/ProgramVersion.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 
@@ -19,7 +20,7 @@ Version Version::FromText(QStringView text) {
 }
 
 Version Version::Own() {
-    return FromText(QStringLiteral(NETROVE_VERSION));
+    return FromText(ProgramVersion());
 }
 
 QString Version::Text() const {

@@ -1,6 +1,7 @@
 #include "platform/http/HttpReader.h"
 
 #include "platform/TextEncoding.h"
+#include "runtime/ProgramVersion.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 
@@ -27,7 +28,8 @@ QNetworkRequest RequestFor(const QUrl& address, int redirects) {
     request.setMaximumRedirectsAllowed(redirects);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Netrove/" NETROVE_VERSION));
+    request.setHeader(QNetworkRequest::UserAgentHeader,
+                      QString(QLatin1String("Netrove/") + ProgramVersion()));
     // Nothing is unpacked, so that the bytes that arrive are those that count.
     request.setRawHeader("Accept-Encoding", "identity");
     return request;
