@@ -23,20 +23,21 @@ void BrowserLayout::EnforceMinimumSize() {
 void BrowserLayout::PlaceFirstLoad() {
     constexpr int AboveCentre = 750;
     constexpr int Between = 50;
-    const int width = dialog_.width();
-    const auto centred = [width](QWidget& control, int top) {
-        control.move((width - control.width()) / 2, top);
+    const QRect inner = dialog_.contentsRect();
+    const auto centred = [inner](QWidget& control, int top) {
+        control.move(inner.x() + (inner.width() - control.width()) / 2, top);
         return top + control.height() + ToPixels(Between);
     };
     QLabel& picture = *controls_.ImgNet1;
     picture.resize(picture.sizeHint());
     controls_.LblMain->resize(controls_.LblMain->sizeHint());
-    int top = (dialog_.height() - picture.height()) / 2 - ToPixels(AboveCentre);
+    int top = inner.y() + (inner.height() - picture.height()) / 2 - ToPixels(AboveCentre);
     top = centred(picture, top);
     top = centred(*controls_.LblMain, top);
     top = centred(*controls_.picProg, top);
     // As wide as the dialog, for long names.
-    controls_.lblAddNode->setGeometry(0, top, width, controls_.lblAddNode->sizeHint().height());
+    controls_.lblAddNode->setGeometry(inner.x(), top, inner.width(),
+                                      controls_.lblAddNode->sizeHint().height());
 }
 
 void BrowserLayout::PlaceTree() {
@@ -48,17 +49,19 @@ void BrowserLayout::PlaceTree() {
     ok.resize(ok.sizeHint());
     cancel.resize(cancel.sizeHint());
 
-    const int width = dialog_.width();
-    const int treeHeight = dialog_.height() - ToPixels(AroundButtons) - ok.height();
-    controls_.tvwNetwork->setGeometry(0, 0, width, treeHeight);
-    const int row = treeHeight + ToPixels(AroundButtons / 2);
-    ok.move(width - ok.width() - cancel.width() - ToPixels(RightOfButtons), row);
+    const QRect inner = dialog_.contentsRect();
+    const int treeHeight = inner.height() - ToPixels(AroundButtons) - ok.height();
+    controls_.tvwNetwork->setGeometry(inner.x(), inner.y(), inner.width(), treeHeight);
+    const int belowTree = inner.y() + treeHeight;
+    const int row = belowTree + ToPixels(AroundButtons / 2);
+    ok.move(inner.right() + 1 - ok.width() - cancel.width() - ToPixels(RightOfButtons), row);
     cancel.move(ok.x() + ok.width() + ToPixels(BetweenButtons), row);
     controls_.lblWait->resize(controls_.lblWait->sizeHint());
-    controls_.lblWait->move(ToPixels(AroundButtons / 2),
+    controls_.lblWait->move(inner.x() + ToPixels(AroundButtons / 2),
                             row + (ok.height() - controls_.lblWait->height()) / 2);
-    controls_.Ln[0]->setGeometry(0, 0, width, 2);
-    controls_.Ln[1]->setGeometry(0, treeHeight + ToPixels(AroundButtons / 4) - 1, width, 2);
+    controls_.Ln[0]->setGeometry(inner.x(), inner.y(), inner.width(), 2);
+    controls_.Ln[1]->setGeometry(inner.x(), belowTree + ToPixels(AroundButtons / 4) - 1,
+                                 inner.width(), 2);
 }
 
 } // namespace netrove

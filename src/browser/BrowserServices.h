@@ -5,6 +5,7 @@
 #include "search/ExclusionLists.h"
 #include "search/Settings.h"
 #include "search/TroubleshootingLog.h"
+#include "skins/SkinOwner.h"
 
 #include <functional>
 
@@ -18,7 +19,8 @@ struct BrowserServices {
     const ExclusionLists& exclusions;
     TroubleshootingLog& log;
     Dialogs& dialogs;
-    std::function<void()> openHelp; ///< what the key F1 does
+    std::function<void()> openHelp;  ///< what the key F1 does
+    const SkinOwner* skin = nullptr; ///< who tells what the dialog looks like
 };
 
 } // namespace netrove

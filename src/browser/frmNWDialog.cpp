@@ -4,11 +4,11 @@
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
-#include "skins/StandardFrame.h"
 
 #include <QKeyEvent>
 
 #include <optional>
+#include <utility>
 
 namespace netrove {
 namespace {
@@ -57,7 +57,7 @@ void frmNWDialog::Form_Load() {
     controls_.tvwNetwork->SetImageList(&controls_.imgXPNWImages);
     if (parentWidget())
         CentreWindow(*parentWidget()->window(), *this);
-    frame_ = std::make_unique<StandardFrame>();
+    skin_.Load(*this, services_.skin);
     tmrNodes_.start();
     controls_.lblProg->clear();
     controls_.lblAddNode->clear();
@@ -167,10 +167,14 @@ void frmNWDialog::reject() {
     QDialog::reject();
 }
 
+void frmNWDialog::setVisible(bool visible) {
+    if (visible && !std::exchange(loaded_, true))
+        Form_Load();
+    QDialog::setVisible(visible);
+}
+
 void frmNWDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    if (!std::exchange(loaded_, true))
-        Form_Load();
     layout_.Form_Resize();
 }
 

@@ -7,7 +7,7 @@
 #include "browser/NodeExclusion.h"
 #include "network/NetResource.h"
 #include "runtime/RunTimeError.h"
-#include "skins/NCSizeModifier.h"
+#include "skins/DialogSkin.h"
 
 #include <QDialog>
 #include <QTimer>
@@ -43,6 +43,8 @@ public:
     /// Leaves without a choice: the close box and the Escape key come here too.
     void reject() override;
 
+    void setVisible(bool visible) override;
+
 protected:
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -65,7 +67,7 @@ private:
     NodeExclusion exclusion_;
     NetworkTree tree_;
     QTimer tmrNodes_;
-    std::unique_ptr<NCSizeModifier> frame_;
+    DialogSkin skin_;
     bool loaded_ = false;
     bool cancelled_ = false;
     std::shared_ptr<NetResource> result_;

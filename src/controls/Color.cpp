@@ -13,17 +13,13 @@ constexpr quint32 DesktopColorBit = 0x80000000;
 /// The contrast that a text needs to be read: that of pure red on white is just above it.
 constexpr double ReadableContrast = 3.9;
 
-/// Luminance, 0 to 1, as the eye weighs the channels.
+/// The relative luminance of an sRGB colour, 0 to 1 (WCAG 2.1).
 double Luminance(const QColor& color) {
-    const auto linear = [](double channel) { return std::pow(channel, 2.2); };
+    const auto linear = [](double channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
            0.0722 * linear(color.blueF());
-}
-
-double Contrast(const QColor& first, const QColor& second) {
-    const double one = Luminance(first) + 0.05;
-    const double other = Luminance(second) + 0.05;
-    return one > other ? one / other : other / one;
 }
 
 } // namespace
@@ -41,6 +37,12 @@ QColor ToColor(quint32 value) {
 
 quint32 FromColor(const QColor& color) {
     return quint32(color.red()) | quint32(color.green()) << 8 | quint32(color.blue()) << 16;
+}
+
+double Contrast(const QColor& first, const QColor& second) {
+    const double one = Luminance(first) + 0.05;
+    const double other = Luminance(second) + 0.05;
+    return one > other ? one / other : other / one;
 }
 
 QColor ReadableOn(const QColor& background) {

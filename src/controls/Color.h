@@ -16,6 +16,10 @@ inline constexpr quint32 WindowTextColor = 0x80000008;
 /// The value of a colour; never a name of the desktop.
 [[nodiscard]] quint32 FromColor(const QColor& color);
 
+/// How far two colours stand apart for the eye, from 1 (not at all) to 21 (black and white): the
+/// contrast ratio of WCAG 2.1.
+[[nodiscard]] double Contrast(const QColor& first, const QColor& second);
+
 /// Black or white, whichever reads better on this colour.
 [[nodiscard]] QColor ReadableOn(const QColor& background);
 

@@ -3,6 +3,7 @@
 #include "platform/Dialogs.h"
 #include "platform/network/Logons.h"
 #include "platform/network/SmbLimits.h"
+#include "skins/SkinOwner.h"
 #include "smb/SmbMessages.h"
 
 #include <QString>
@@ -22,6 +23,7 @@ struct LogonServices {
     std::function<std::optional<SmbRequest>(const QString& computer)> shareList;
     QString helper; ///< the program that speaks SMB
     SmbLimits limits = {};
+    const SkinOwner* skin = nullptr; ///< who tells what the dialogs look like
 };
 
 } // namespace netrove

@@ -1,6 +1,7 @@
 #include "logons/frmLogon.h"
 
 #include "platform/network/UncPath.h"
+#include "skins/SkinControls.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -18,6 +19,7 @@ QLineEdit* MakeLine(const char* name, QWidget* parent) {
     auto* line = new QLineEdit(parent);
     line->setObjectName(QString::fromLatin1(name));
     line->setMaxLength(MaxText);
+    line->setProperty(TagProperty, QStringLiteral("NOCOLOR"));
     return line;
 }
 
@@ -27,9 +29,9 @@ QString frmLogon::AllComputers() {
     return QStringLiteral("All computers");
 }
 
-frmLogon::frmLogon(const StoredLogon* before, bool hasKeyring, Dialogs& dialogs, QWidget* owner)
+frmLogon::frmLogon(const StoredLogon* before, const Services& services, QWidget* owner)
     : QDialog(owner)
-    , dialogs_(dialogs)
+    , dialogs_(services.dialogs)
     , cboComputer_(new QComboBox(this))
     , txtUser_(MakeLine("txtUser", this))
     , txtPassword_(MakeLine("txtPassword", this))
@@ -37,9 +39,10 @@ frmLogon::frmLogon(const StoredLogon* before, bool hasKeyring, Dialogs& dialogs,
     , cmdOk_(nullptr) {
     setObjectName(QStringLiteral("frmLogon"));
     setWindowTitle(before ? QStringLiteral("Change Logon") : QStringLiteral("Add Logon"));
-    MakeControls(hasKeyring);
+    MakeControls(services.hasKeyring);
     if (before)
         ShowLogon(*before);
+    skin_.Load(*this, services.skin);
 }
 
 frmLogon::~frmLogon() {

@@ -2,6 +2,7 @@
 
 #include "platform/Dialogs.h"
 #include "platform/network/StoredLogon.h"
+#include "skins/DialogSkin.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -16,12 +17,18 @@ class frmLogon : public QDialog {
     Q_OBJECT
 
 public:
+    struct Services {
+        bool hasKeyring;
+        Dialogs& dialogs;
+        const SkinOwner* skin = nullptr; ///< who tells what the dialog looks like
+    };
+
     /// What a logon for all computers is called where one stands for a name.
     [[nodiscard]] static QString AllComputers();
 
     /// `before` is the logon to be changed, null for a new one. Its password stays unless another
     /// is typed.
-    frmLogon(const StoredLogon* before, bool hasKeyring, Dialogs& dialogs, QWidget* owner);
+    frmLogon(const StoredLogon* before, const Services& services, QWidget* owner);
     ~frmLogon() override;
 
     [[nodiscard]] const StoredLogon& Result() const { return result_; }
@@ -42,6 +49,7 @@ private:
     QCheckBox* chkRemember_;
     QPushButton* cmdOk_;
     StoredLogon result_;
+    DialogSkin skin_;
 };
 
 } // namespace netrove

@@ -1,6 +1,5 @@
 #include "logons/frmLogons.h"
 
-#include "logons/frmLogon.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "platform/network/UncPath.h"
 
@@ -45,6 +44,7 @@ frmLogons::frmLogons(const LogonServices& services, QWidget* owner)
     setWindowTitle(QStringLiteral("Network Logon"));
     ConnectControls();
     UpdateButtons();
+    skin_.Load(*this, services_.skin);
 }
 
 frmLogons::~frmLogons() = default;
@@ -156,8 +156,14 @@ void frmLogons::UpdateButtons() {
         button->setEnabled(isOne);
 }
 
+frmLogon::Services frmLogons::FormServices() const {
+    return {.hasKeyring = services_.logons->HasKeyring(),
+            .dialogs = services_.dialogs,
+            .skin = services_.skin};
+}
+
 void frmLogons::cmdAdd_Click() {
-    frmLogon form(nullptr, services_.logons->HasKeyring(), services_.dialogs, this);
+    frmLogon form(nullptr, FormServices(), this);
     if (form.exec() != QDialog::Accepted)
         return;
     const auto isSame = [&](const StoredLogon& one) {
@@ -177,7 +183,7 @@ void frmLogons::cmdChange_Click() {
     const StoredLogon* selected = Selected();
     if (!selected || isBusy_)
         return;
-    frmLogon form(selected, services_.logons->HasKeyring(), services_.dialogs, this);
+    frmLogon form(selected, FormServices(), this);
     if (form.exec() == QDialog::Accepted)
         Store(form.Result());
 }

@@ -3,6 +3,8 @@
 #include "logons/LogonControls.h"
 #include "logons/LogonServices.h"
 #include "logons/LogonTrial.h"
+#include "logons/frmLogon.h"
+#include "skins/DialogSkin.h"
 
 #include <QDialog>
 
@@ -30,6 +32,8 @@ private:
     [[nodiscard]] const StoredLogon* Selected() const;
     void Select(const QString& computer);
 
+    [[nodiscard]] frmLogon::Services FormServices() const;
+
     void cmdAdd_Click();
     void cmdChange_Click();
     void cmdRemove_Click();
@@ -47,6 +51,7 @@ private:
     LogonServices services_;
     LogonControls controls_;
     LogonTrial trial_;
+    DialogSkin skin_;
     std::vector<StoredLogon> shown_;
     bool isBusy_ = false;
     bool isRead_ = false;

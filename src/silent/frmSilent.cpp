@@ -32,12 +32,13 @@ QString CountText(int count) {
 
 } // namespace
 
-frmSilent::frmSilent(const NetworkReport& report, QWidget* owner)
+frmSilent::frmSilent(const NetworkReport& report, const SkinOwner* skin, QWidget* owner)
     : QDialog(owner), report_(report), lblCount_(new QLabel(this)), lvwSilent_(new ListView(this)) {
     setObjectName(QStringLiteral("frmSilent"));
     setWindowTitle(QStringLiteral("Computers That Didn't Answer"));
     setAttribute(Qt::WA_DeleteOnClose);
     LayOut();
+    skin_.Load(*this, skin);
     Fill();
     connect(lvwSilent_, &ListView::CopyPressed, this, &frmSilent::CopyRows);
     tmrRefresh_.setParent(this);

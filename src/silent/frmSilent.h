@@ -2,6 +2,7 @@
 
 #include "controls/ListView.h"
 #include "platform/NetworkReport.h"
+#include "skins/DialogSkin.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -15,7 +16,8 @@ class frmSilent : public QDialog {
     Q_OBJECT
 
 public:
-    frmSilent(const NetworkReport& report, QWidget* owner);
+    /// `skin` tells what it looks like; null for the desktop's look.
+    frmSilent(const NetworkReport& report, const SkinOwner* skin, QWidget* owner);
 
 private:
     void LayOut();
@@ -26,6 +28,7 @@ private:
     QLabel* lblCount_;
     ListView* lvwSilent_;
     QTimer tmrRefresh_;
+    DialogSkin skin_;
     QDateTime shownUntil_; ///< when the last computer was silent that is shown
 };
 

@@ -1,29 +1,68 @@
 #include "skins/SkinControls.h"
 
 #include "controls/Color.h"
+#include "skins/SkinPalette.h"
 
+#include <QAbstractSpinBox>
+#include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPalette>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
+#include <QTextEdit>
 
 namespace netrove {
 namespace {
 
-void SetColor(QWidget& control, QPalette::ColorRole role, const QColor& color) {
-    QPalette palette = control.palette();
-    palette.setColor(role, color);
-    control.setPalette(palette);
+/// What a control is for the walk.
+enum class Kind {
+    Other,
+    Tabs,
+    PictureBox,
+    GroupFrame,
+    Text, ///< a label or check box
+    Line,
+    Button,
+    Shape,
+    Option,
+    TextBox
+};
+
+template <typename... Types>
+bool IsAny(const QObject* object) {
+    return ((qobject_cast<const Types*>(object) != nullptr) || ...);
 }
 
-void SetBackground(QWidget& control, const QColor& color) {
-    SetColor(control, QPalette::Window, color);
-    control.setAutoFillBackground(true);
+/// Kinds that are told by the class alone are none but the program's own wherever they stand.
+Kind KindOf(const QWidget& control) {
+    if (IsAny<QTabWidget>(&control))
+        return Kind::Tabs;
+    if (IsAny<QGroupBox>(&control))
+        return Kind::GroupFrame;
+    if (IsAny<QLabel, QCheckBox>(&control))
+        return Kind::Text;
+    if (IsAny<QPushButton>(&control))
+        return Kind::Button;
+    if (IsAny<QRadioButton>(&control))
+        return Kind::Option;
+    if (IsAny<QLineEdit, QTextEdit, QPlainTextEdit>(&control))
+        return IsAny<QComboBox, QAbstractSpinBox>(control.parent()) ? Kind::Other : Kind::TextBox;
+    if (control.objectName().isEmpty())
+        return Kind::Other;
+    if (control.metaObject() == &QWidget::staticMetaObject)
+        return Kind::PictureBox;
+    if (control.metaObject() != &QFrame::staticMetaObject)
+        return Kind::Other;
+    const auto shape = static_cast<const QFrame&>(control).frameShape();
+    if (shape == QFrame::HLine || shape == QFrame::VLine)
+        return Kind::Line;
+    return shape == QFrame::Box ? Kind::Shape : Kind::PictureBox;
 }
 
 /// One run over a window.
@@ -39,61 +78,92 @@ public:
 
     void Color(QWidget& control) const {
         const QString tag = control.property(TagProperty).toString();
-        if (tag == QLatin1String("NOCOLOR"))
+        if (tag == QLatin1String("NOCOLOR")) {
+            if (control.autoFillBackground())
+                KeepDesktopSurface(control);
             return;
-        if (qobject_cast<QTabWidget*>(&control) != nullptr)
-            SetBackground(control, windowColor_);
-        else if (qobject_cast<QGroupBox*>(&control) != nullptr)
-            ColorGroup(control, tag);
-        else if (qobject_cast<QLabel*>(&control) != nullptr ||
-                 qobject_cast<QCheckBox*>(&control) != nullptr)
-            ColorText(control, tag);
-        else if (auto* frame = qobject_cast<QFrame*>(&control);
-                 frame != nullptr && frame->metaObject() == &QFrame::staticMetaObject)
-            ColorFrame(*frame, tag);
-        else if (qobject_cast<QPushButton*>(&control) != nullptr)
-            SetColor(control, QPalette::Button, ToColor(colors_.SkinButtonColor));
-        else if (qobject_cast<QRadioButton*>(&control) != nullptr)
-            ColorOption(control);
-        else if (qobject_cast<QLineEdit*>(&control) != nullptr)
-            ColorTextBox(control);
+        }
+        QPalette palette = control.palette();
+        switch (KindOf(control)) {
+        case Kind::Tabs:
+            ColorTabs(static_cast<QTabWidget&>(control), palette);
+            break;
+        case Kind::PictureBox:
+            palette.setColor(QPalette::Window, windowColor_);
+            break;
+        case Kind::GroupFrame:
+            ColorGroup(palette, tag);
+            break;
+        case Kind::Text:
+            ColorText(palette, tag);
+            break;
+        case Kind::Line:
+            ColorLine(static_cast<QFrame&>(control), palette);
+            break;
+        case Kind::Button:
+            if (hasSkin_)
+                SetButton(palette, ToColor(colors_.SkinButtonColor));
+            break;
+        case Kind::Shape:
+            if (tag != QLatin1String("BORDONLY"))
+                palette.setColor(QPalette::Window, windowColor_);
+            palette.setColor(QPalette::WindowText, ToColor(colors_.SkinForeColor));
+            break;
+        case Kind::Option:
+            if (hasSkin_)
+                SetSurface(palette, windowColor_, foreColor_);
+            break;
+        case Kind::TextBox:
+            SetField(palette, windowColor_, foreColor_);
+            break;
+        case Kind::Other:
+            return;
+        }
+        control.setPalette(palette);
     }
 
 private:
-    void ColorGroup(QWidget& control, const QString& tag) const {
-        SetBackground(control, windowColor_);
-        if (tag == QLatin1String("FORE") && hasSkin_)
-            SetColor(control, QPalette::WindowText, foreColor_);
-    }
-
-    void ColorText(QWidget& control, const QString& tag) const {
-        if (hasSkin_) {
-            SetBackground(control, backColor_);
-            SetColor(control, QPalette::WindowText, foreColor_);
-        }
-        if (tag == QLatin1String("LINK") || tag == QLatin1String("LITE"))
-            SetColor(control, QPalette::WindowText, ToColor(colors_.SkinLinkColor));
-    }
-
-    /// A line, or the outline of a shape.
-    void ColorFrame(QFrame& frame, const QString& tag) const {
-        if (frame.frameShape() == QFrame::HLine || frame.frameShape() == QFrame::VLine) {
-            SetColor(frame, QPalette::WindowText, ToColor(colors_.SkinLineColor));
+    /// Styles paint tabs and their pane like a button, with a window's text. The pages keep the
+    /// desktop's buttons.
+    void ColorTabs(QTabWidget& tabs, QPalette& palette) const {
+        if (!hasSkin_)
             return;
+        const QPalette desktop = QApplication::palette();
+        for (int index = 0; index < tabs.count(); ++index) {
+            QPalette page = tabs.widget(index)->palette();
+            for (const QPalette::ColorGroup group :
+                 {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+                for (const QPalette::ColorRole role : {QPalette::Button, QPalette::ButtonText})
+                    page.setBrush(group, role, desktop.brush(group, role));
+            }
+            tabs.widget(index)->setPalette(page);
         }
-        if (tag != QLatin1String("BORDONLY"))
-            SetBackground(frame, windowColor_);
-        SetColor(frame, QPalette::WindowText, ToColor(colors_.SkinForeColor));
+        SetSurface(palette, windowColor_, foreColor_);
+        palette.setColor(QPalette::Button, windowColor_);
+        palette.setColor(QPalette::ButtonText, foreColor_);
     }
 
-    void ColorOption(QWidget& control) const {
-        SetBackground(control, windowColor_);
-        SetColor(control, QPalette::WindowText, foreColor_);
+    void ColorGroup(QPalette& palette, const QString& tag) const {
+        if (!hasSkin_)
+            return;
+        const bool hasForeColor = tag == QLatin1String("FORE");
+        const QColor desktopText = QApplication::palette().color(QPalette::WindowText);
+        SetSurface(palette, windowColor_,
+                   hasForeColor ? foreColor_ : TextOn(windowColor_, desktopText));
     }
 
-    void ColorTextBox(QWidget& control) const {
-        SetColor(control, QPalette::Base, windowColor_);
-        SetColor(control, QPalette::Text, foreColor_);
+    void ColorText(QPalette& palette, const QString& tag) const {
+        if (hasSkin_)
+            SetSurface(palette, backColor_, foreColor_);
+        if (tag != QLatin1String("LINK") && tag != QLatin1String("LITE"))
+            return;
+        const QColor link = ToColor(colors_.SkinLinkColor);
+        palette.setColor(QPalette::WindowText, hasSkin_ ? link : Legible(link, windowColor_));
+    }
+
+    void ColorLine(QFrame& line, QPalette& palette) const {
+        line.setFrameShadow(QFrame::Plain); // any other has the colours of edges
+        palette.setColor(QPalette::WindowText, ToColor(colors_.SkinLineColor));
     }
 
     bool hasSkin_;
@@ -103,21 +173,21 @@ private:
     SkinColors colors_;
 };
 
-bool IsControl(const QWidget& widget) {
-    const QString name = widget.objectName();
-    return !name.isEmpty() && !name.startsWith(QLatin1String("qt_"));
-}
-
 } // namespace
 
 void SkinControls(QWidget& window, const NCSizeModifier& modifier, int skinIndex,
                   const SkinColors& colors) {
-    if (skinIndex != 0)
-        SetBackground(window, ToColor(modifier.ResolvedBackColor()));
+    if (skinIndex != 0) {
+        QPalette palette = window.palette();
+        SetSurface(palette, ToColor(modifier.ResolvedBackColor()),
+                   ToColor(modifier.ResolvedForeColor()));
+        window.setPalette(palette);
+    }
     const Walk walk(window, modifier, skinIndex, colors);
-    for (QWidget* control : window.findChildren<QWidget*>())
-        if (IsControl(*control))
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        if (control->window() == &window)
             walk.Color(*control);
+    }
 }
 
 } // namespace netrove

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QPalette>
+#include <QWidget>
+
+namespace netrove {
+
+// Pairs of colours in a palette: a background comes with the text that stands on it, and with what
+// follows from the two. A skin that names only one of a pair leaves the other to the desktop, whose
+// colour may not be readable there.
+
+/// A window, or a part of it: background, text, disabled text, links, edges.
+void SetSurface(QPalette& palette, const QColor& back, const QColor& text);
+
+/// What is typed into: background, text, place holder, disabled text.
+void SetField(QPalette& palette, const QColor& back, const QColor& text);
+
+/// Buttons. Their text is the desktop's where that can be read on the background.
+void SetButton(QPalette& palette, const QColor& back);
+
+/// Gives a control the desktop's colours for all of a surface that it hasn't set itself, so that
+/// it doesn't take them over from the window.
+void KeepDesktopSurface(QWidget& control);
+
+/// The desktop's text where that can be read on the background, else black or white.
+[[nodiscard]] QColor TextOn(const QColor& back, const QColor& desktopText);
+
+} // namespace netrove

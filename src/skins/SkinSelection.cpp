@@ -1,0 +1,266 @@
+#include "skins/SkinSelection.h"
+
+#include "controls/Color.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+#include "skins/SkinControls.h"
+#include "skins/SkinPalette.h"
+#include "skins/SkinTable.h"
+#include "skins/frmCustomizeSkin.h"
+
+#include <QApplication>
+#include <QEvent>
+
+#include <optional>
+
+namespace netrove {
+namespace {
+
+/// What a text in a colour of the table needs on the desktop's background.
+constexpr double ReadableContrast = 3;
+
+QString Text(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+QString Section(int skinIndex) {
+    return Text("SkinProperties_") + QString::number(skinIndex);
+}
+
+/// Runs the steps up to the first failure, which is shown.
+template <typename Steps>
+void WithTrap(QWidget& window, Dialogs& dialogs, const char* title, Steps steps) {
+    std::optional<RunTimeError> failure;
+    try {
+        steps();
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    window.unsetCursor();
+    if (failure)
+        dialogs.Failure(failure->Number(), failure->Description(), Text(title));
+}
+
+/// Gives the control the palette that it has by itself, and changes that.
+template <typename Change>
+void ColorAnew(QWidget& control, Change change) {
+    control.setPalette(QPalette());
+    QPalette palette = control.palette();
+    change(palette);
+    control.setPalette(palette);
+}
+
+void SetTextColor(QWidget& control, const QColor& color) {
+    ColorAnew(control, [&](QPalette& palette) { palette.setColor(QPalette::WindowText, color); });
+}
+
+/// A number that is too large for its type counts as none.
+float Number(const QString& text) {
+    try {
+        return LeadingSingle(text);
+    } catch (const RunTimeError&) {
+        return 0;
+    }
+}
+
+} // namespace
+
+SkinSelection::SkinSelection(const Menu& menu, const Controls& controls, const Services& services)
+    : menu_(menu), controls_(controls), services_(services), colors_(RoleColors(0)) {
+    for (QAction* item : menu_.mnuSkin)
+        item->setCheckable(true);
+    controls_.window->installEventFilter(this);
+}
+
+SkinSelection::~SkinSelection() = default;
+
+void SkinSelection::Detach() {
+    if (modifier_)
+        modifier_->Detach();
+    attached_.reset();
+}
+
+qint32 SkinSelection::StoredIndex() const {
+    const qint32 index =
+        LeadingLong(services_.profile.ReadIni(Text("Skin"), Text("Index"), Text("1")));
+    return index < 0 || index > LastSkin ? 0 : index;
+}
+
+void SkinSelection::mnuSkin_Click(qint16 index) {
+    WithTrap(*controls_.window, services_.dialogs, "Error in Skin Menu", [&] {
+        for (int skin = 0; skin <= LastSkin; ++skin)
+            menu_.mnuSkin[size_t(skin)]->setChecked(skin == index);
+        menu_.mnuSkinCust->setEnabled(index != 0);
+        services_.SkinIndex = index;
+        if (!modifier_)
+            throw RunTimeError(ErrorNumber::ObjectNotSet);
+        const bool isSkin = index >= 1 && index <= LastSkin;
+        if (!isSkin)
+            Detach();
+        Skin(isSkin ? index : 0);
+    });
+}
+
+void SkinSelection::Skin(int index) {
+    WithTrap(*controls_.window, services_.dialogs, "Error in Skinning", [&] {
+        configuration_.reset();
+        if (index != 0)
+            configuration_ = std::make_shared<netrove::SkinConfiguration>(services_.painter);
+        colors_ = RoleColors(index);
+        if (configuration_)
+            ApplyTable(index);
+        ColorFixedControls(index);
+        if (configuration_) {
+            LoadAdjustments();
+            Attach();
+            ColorWindow();
+        }
+        services_.resize();
+    });
+}
+
+void SkinSelection::ApplyTable(int index) {
+    ApplyBuiltIn(index, pictures_, *configuration_);
+    configuration_->TitleFont = controls_.window->font();
+    configuration_->BarFont = controls_.window->font();
+    pictureRatio_ = controls_.window->devicePixelRatioF();
+}
+
+/// Without a skin the backgrounds are the desktop's own, and a text of the table's that can't be
+/// read on them gives way to the desktop's.
+void SkinSelection::ColorFixedControls(int index) {
+    const QColor back = ToColor(colors_.SkinBackColor);
+    const QColor border = ToColor(colors_.SkinForeColor);
+    QColor text = border;
+    QColor link = ToColor(colors_.SkinLinkColor);
+    if (index == 0) {
+        const QPalette desktop = QApplication::palette();
+        const QColor window = desktop.color(QPalette::Window);
+        if (Contrast(text, window) < ReadableContrast)
+            text = desktop.color(QPalette::WindowText);
+        link = Legible(link, window);
+    }
+    const auto colorSurface = [&](QWidget& control) {
+        ColorAnew(control, [&](QPalette& palette) {
+            if (index != 0)
+                SetSurface(palette, back, text);
+        });
+    };
+    SetTextColor(*controls_.chkRecurse, text);
+    SetTextColor(*controls_.Label1, text);
+    SetTextColor(*controls_.Label2, text);
+    SetTextColor(*controls_.HyperLbl, link);
+    for (QPushButton* button : controls_.buttons) {
+        ColorAnew(*button, [&](QPalette& palette) {
+            if (index != 0)
+                SetButton(palette, ToColor(colors_.SkinButtonColor));
+        });
+    }
+    for (QFrame* shape : controls_.RecShp)
+        SetTextColor(*shape, border);
+    for (QFrame* line : controls_.lines)
+        SetTextColor(*line, ToColor(colors_.SkinLineColor));
+    colorSurface(*controls_.window);
+    colorSurface(*controls_.SSTab1);
+    for (int page = 0; page < controls_.SSTab1->count(); ++page)
+        controls_.SSTab1->widget(page)->setPalette(QPalette());
+    colorSurface(*controls_.picListHolder);
+}
+
+/// A Boolean that is none ends the selection of the skin; a number that is none is 0.
+void SkinSelection::LoadAdjustments() {
+    const ProfileFile::Batch batch(services_.profile);
+    const QString section = Section(services_.SkinIndex);
+    const auto read = [&](const char* key, const char* defaultValue) {
+        return services_.profile.ReadIni(section, Text(key), Text(defaultValue));
+    };
+    netrove::SkinConfiguration& skin = *configuration_;
+    skin.Colorize = ToBoolean(read("Colorize", "False"));
+    skin.Hue = Number(read("Hue", "0"));
+    skin.Saturation = Number(read("Saturation", "0"));
+    skin.AdjustRGB = ToBoolean(read("AdjustRGB", "False"));
+    skin.PercentRed = Number(read("PercentRed", "0"));
+    skin.PercentGreen = Number(read("PercentGreen", "0"));
+    skin.PercentBlue = Number(read("PercentBlue", "0"));
+}
+
+void SkinSelection::SaveSkinXML() {
+    if (!configuration_)
+        return;
+    const ProfileFile::Batch batch(services_.profile);
+    const QString section = Section(services_.SkinIndex);
+    const auto write = [&](const char* key, const QString& value) {
+        services_.profile.WriteIni(section, Text(key), value);
+    };
+    const netrove::SkinConfiguration& skin = *configuration_;
+    write("Name", skin.Name);
+    write("Colorize", BooleanWord(skin.Colorize));
+    write("Hue", SingleText(skin.Hue));
+    write("Saturation", SingleText(skin.Saturation));
+    write("AdjustRGB", BooleanWord(skin.AdjustRGB));
+    write("PercentRed", SingleText(skin.PercentRed));
+    write("PercentGreen", SingleText(skin.PercentGreen));
+    write("PercentBlue", SingleText(skin.PercentBlue));
+}
+
+void SkinSelection::Attach() {
+    modifier_->Attach(*controls_.window, *configuration_);
+    attached_ = configuration_;
+}
+
+void SkinSelection::ColorWindow() {
+    SkinControls(*controls_.window, *modifier_, services_.SkinIndex, colors_);
+}
+
+void SkinSelection::mnuSkinCust_Click() {
+    frmCustomizeSkin dialog({.owner = this, .openHelp = services_.openHelp}, controls_.window);
+    dialog.exec();
+    if (dialog.Cancelled())
+        return;
+    SaveSkinXML();
+    configuration_ = dialog.SkinConfiguration();
+    if (!configuration_)
+        return;
+    Attach();
+    ColorWindow();
+}
+
+void SkinSelection::Reskin() {
+    services_.SkinIndex = SavedSkinIndex;
+    mnuSkin_Click(qint16(SavedSkinIndex));
+}
+
+bool SkinSelection::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::Show:
+    case QEvent::ScreenChangeInternal:
+        TakePictures();
+        break;
+    case QEvent::ApplicationPaletteChange:
+        FollowDesktop();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+/// The window may have come to a screen of another density.
+void SkinSelection::TakePictures() {
+    if (!attached_ || attached_ != configuration_ ||
+        pictureRatio_ == controls_.window->devicePixelRatioF())
+        return;
+    ApplyTable(services_.SkinIndex);
+    Attach();
+}
+
+/// The desktop's colours, which some controls have taken over, are others now.
+void SkinSelection::FollowDesktop() {
+    if (!modifier_)
+        return;
+    ColorFixedControls(configuration_ ? services_.SkinIndex : 0);
+    if (attached_ && attached_ == configuration_)
+        ColorWindow();
+}
+
+} // namespace netrove

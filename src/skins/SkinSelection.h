@@ -1,0 +1,118 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "platform/ProfileFile.h"
+#include "skins/SkinFrame.h"
+#include "skins/SkinOwner.h"
+#include "skins/SkinPictures.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QFrame>
+#include <QLabel>
+#include <QObject>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include <array>
+#include <functional>
+
+namespace netrove {
+
+/// Selects the skin of the main window: 0 none, 1 Trek, 2 Serenity, 3 J.I.L.L., 4 Metropolis,
+/// 5 Bullethead. Keeps the configuration in force and the user's adjustments of each skin, and
+/// tells dialogs about both.
+class SkinSelection : public QObject, public SkinOwner {
+public:
+    static constexpr int LastSkin = 5;
+
+    /// The items of the skin menu.
+    struct Menu {
+        std::array<QAction*, LastSkin + 1> mnuSkin;
+        QAction* mnuSkinCust;
+    };
+    /// The controls of the main window that take the colours by role.
+    struct Controls {
+        QWidget* window;
+        QCheckBox* chkRecurse;
+        QLabel* Label1;
+        QLabel* Label2;
+        QLabel* HyperLbl;
+        std::array<QPushButton*, 5> buttons;
+        std::array<QFrame*, 4> RecShp;
+        std::array<QFrame*, 7> lines; ///< Lne and Line1
+        QTabWidget* SSTab1;
+        QWidget* picListHolder;
+    };
+    struct Services {
+        qint32& SkinIndex; ///< the setting
+        ProfileFile& profile;
+        Dialogs& dialogs;
+        SkinFrame& painter; ///< of all configurations
+        std::function<std::unique_ptr<NCSizeModifier>()> newModifier;
+        std::function<void()> resize;   ///< lays the main window out
+        std::function<void()> openHelp; ///< what the key F1 does
+    };
+
+    SkinSelection(const Menu& menu, const Controls& controls, const Services& services);
+    ~SkinSelection() override;
+
+    /// The skin that was in force when the window went to the tray.
+    qint32 SavedSkinIndex = 0;
+
+    /// Makes the main window's frame: to be called before a skin is selected.
+    void MakeModifier() { modifier_ = services_.newModifier(); }
+    /// The end of the window.
+    void Detach();
+    void ReleaseModifier() { modifier_.reset(); }
+
+    /// The stored choice; 0 where no skin has that number.
+    [[nodiscard]] qint32 StoredIndex() const;
+
+    /// Selects a skin, the one in force too: everything is made anew. Any index that no skin has
+    /// means none. Failures are shown in a box, and what has been done by then stays.
+    void mnuSkin_Click(qint16 index);
+
+    /// Lets the user adjust the skin in force.
+    void mnuSkinCust_Click();
+
+    /// Selects the skin again that the window had before it went to the tray.
+    void Reskin();
+
+    /// Writes the adjustments of the skin in force, if there is one.
+    void SaveSkinXML();
+
+    [[nodiscard]] int SkinIndex() const override { return services_.SkinIndex; }
+    [[nodiscard]] std::shared_ptr<netrove::SkinConfiguration> SkinConfiguration() const override {
+        return configuration_;
+    }
+    [[nodiscard]] const SkinColors& Colors() const override { return colors_; }
+    [[nodiscard]] std::unique_ptr<NCSizeModifier> NewModifier() const override {
+        return services_.newModifier();
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Skin(int index);
+    void ApplyTable(int index);
+    void ColorFixedControls(int index);
+    void LoadAdjustments();
+    void Attach();
+    void ColorWindow();
+    void TakePictures();
+    void FollowDesktop();
+
+    Menu menu_;
+    Controls controls_;
+    Services services_;
+    SkinPictures pictures_;
+    SkinColors colors_;
+    std::shared_ptr<netrove::SkinConfiguration> configuration_;
+    /// What the window is attached to: it outlives the choice of another skin that fails.
+    std::shared_ptr<netrove::SkinConfiguration> attached_;
+    std::unique_ptr<NCSizeModifier> modifier_;
+    qreal pictureRatio_ = 0;
+};
+
+} // namespace netrove

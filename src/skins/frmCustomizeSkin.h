@@ -1,0 +1,84 @@
+#pragma once
+
+#include "skins/DialogSkin.h"
+#include "skins/SkinOwner.h"
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+namespace netrove {
+
+/// Lets the user change the colours of the skin in force: a hue and a saturation for all of it,
+/// and more or less of red, green and blue. It is shown by exec(), once.
+///
+/// What the user does is written to the configuration at once, which all windows share, and seen
+/// in the sample; the windows take it over when they are attached to the configuration again.
+class frmCustomizeSkin : public QDialog {
+    Q_OBJECT
+
+public:
+    struct Services {
+        const SkinOwner* owner = nullptr; ///< without one there is nothing to adjust
+        std::function<void()> openHelp;   ///< what the key F1 does
+    };
+
+    frmCustomizeSkin(const Services& services, QWidget* window);
+
+    /// Whether it was closed otherwise than by the button OK.
+    [[nodiscard]] bool Cancelled() const { return cancelled_; }
+    [[nodiscard]] const std::shared_ptr<netrove::SkinConfiguration>& SkinConfiguration() const {
+        return configuration_;
+    }
+
+    void setVisible(bool visible) override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    enum Info { Hue, Saturation, Red, Green, Blue, AdjustRGB, Colorize, Sample, SkinName };
+
+    void MakeControls();
+    void Arrange();
+    void AddSliders(QGridLayout& grid, QCheckBox& box, Info boxInfo,
+                    std::initializer_list<std::pair<Info, QScrollBar*>> sliders);
+    void Connect();
+
+    void Form_Load();
+    void LoadAdjustments();
+    void chkColourise_Click();
+    void chkAdjustRGB_Click();
+    void WriteColorize();
+    void WriteAdjustRGB();
+    [[nodiscard]] bool TakesEvents() const;
+    void DrawSample(QPainter& painter) const;
+    void cmdOk_Click();
+
+    Services services_;
+    QCheckBox* chkColourise_;
+    QCheckBox* chkAdjustRGB_;
+    QScrollBar* hscHue_;
+    QScrollBar* hscSaturation_;
+    QScrollBar* hscRed_;
+    QScrollBar* hscGreen_;
+    QScrollBar* hscBlue_;
+    std::array<QLabel*, 9> lblInfo_{};
+    QWidget* picSample_;
+    QPushButton* cmdOk_;
+    QPushButton* cmdCancel_;
+    std::shared_ptr<netrove::SkinConfiguration> configuration_;
+    DialogSkin skin_;
+    bool isLoaded_ = false;
+    bool cancelled_ = true;
+};
+
+} // namespace netrove

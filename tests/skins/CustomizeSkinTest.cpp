@@ -1,0 +1,184 @@
+#include "skins/SkinStage.h"
+#include "skins/frmCustomizeSkin.h"
+
+#include <QTest>
+#include <QTimer>
+
+namespace netrove {
+namespace {
+
+/// The dialog over a skin, used with keys and mouse.
+class CustomizeSkin : public SkinStage {
+protected:
+    CustomizeSkin() {
+        skins.MakeModifier();
+        window.show();
+    }
+
+    void Open(qint16 index) {
+        skins.mnuSkin_Click(index);
+        dialog = std::make_unique<frmCustomizeSkin>(
+            frmCustomizeSkin::Services{.owner = &skins, .openHelp = [this] { ++helped; }}, &window);
+        dialog->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog.get()));
+    }
+
+    /// Picks "Customize..." in the main window; does `use` with the dialog, which it must end.
+    void Customize(const std::function<void(frmCustomizeSkin&)>& use) {
+        QTimer::singleShot(0, &window, [&use] {
+            auto* open = qobject_cast<frmCustomizeSkin*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(open);
+            use(*open);
+        });
+        skins.mnuSkinCust_Click();
+    }
+
+    template <typename Widget = QWidget>
+    static Widget& Find(const QWidget& in, const char* name) {
+        auto* widget = in.findChild<Widget*>(Text(name));
+        if (!widget)
+            qFatal("There is no %s.", name);
+        return *widget;
+    }
+    template <typename Widget = QWidget>
+    Widget& Find(const char* name) {
+        return Find<Widget>(*dialog, name);
+    }
+    int Value(const char* slider) { return Find<QScrollBar>(slider).value(); }
+
+    std::unique_ptr<frmCustomizeSkin> dialog;
+};
+
+constexpr const char* Sliders[] = {"hscHue", "hscSaturation", "hscRed", "hscGreen", "hscBlue"};
+
+TEST_F(CustomizeSkin, OpensWithWhatIsStored) {
+    Open(2);
+    EXPECT_TRUE(dialog->Cancelled());
+    EXPECT_EQ(Find<QLabel>("lblInfo(8)").text(), Text("Skin Name: Serenity"));
+    const int zeros[] = {100, 0, 100, 100, 100};
+    for (size_t slider = 0; slider < 5; ++slider) {
+        EXPECT_EQ(Value(Sliders[slider]), zeros[slider]) << Sliders[slider];
+        EXPECT_FALSE(Find(Sliders[slider]).isEnabled()) << Sliders[slider];
+    }
+    EXPECT_FALSE(Find<QCheckBox>("chkColourise").isChecked());
+    EXPECT_EQ(dialog->size(), QSize(4860 / 15, 6420 / 15)) << "without insets";
+
+    Store("SkinProperties_3", "Colorize", "True");
+    Store("SkinProperties_3", "Hue", "-0.25");
+    Store("SkinProperties_3", "Saturation", "0.29");
+    Store("SkinProperties_3", "AdjustRGB", "True");
+    Store("SkinProperties_3", "PercentRed", "5000000");
+    Store("SkinProperties_3", "PercentGreen", "-7");
+    Store("SkinProperties_3", "PercentBlue", "-0.01");
+    Open(3);
+    const int stored[] = {75, 29, 200, 0, 99};
+    for (size_t slider = 0; slider < 5; ++slider) {
+        EXPECT_EQ(Value(Sliders[slider]), stored[slider]) << Sliders[slider];
+        EXPECT_TRUE(Find(Sliders[slider]).isEnabled()) << Sliders[slider];
+    }
+    EXPECT_EQ(skins.SkinConfiguration()->PercentRed, 5000000) << "nothing is written by opening";
+}
+
+TEST_F(CustomizeSkin, SlidersWriteTheirMembersAndPaintTheSample) {
+    Open(1);
+    netrove::SkinConfiguration& skin = *skins.SkinConfiguration();
+    struct Case {
+        const char* box;
+        const char* slider;
+        float netrove::SkinConfiguration::*member;
+        int maximum;
+        float first, last;
+    };
+    using Skin = netrove::SkinConfiguration;
+    const Case cases[] = {{"chkColourise", "hscHue", &Skin::Hue, 600, -1, 5},
+                          {"chkColourise", "hscSaturation", &Skin::Saturation, 100, 0, 1},
+                          {"chkAdjustRGB", "hscRed", &Skin::PercentRed, 200, -1, 1},
+                          {"chkAdjustRGB", "hscGreen", &Skin::PercentGreen, 200, -1, 1},
+                          {"chkAdjustRGB", "hscBlue", &Skin::PercentBlue, 200, -1, 1}};
+    for (const Case& c : cases) {
+        Find<QCheckBox>(c.box).setChecked(true);
+        auto& slider = Find<QScrollBar>(c.slider);
+        slider.setFocus();
+        QTest::keyClick(&slider, Qt::Key_Home);
+        EXPECT_EQ(skin.*c.member, c.first) << c.slider;
+        QTest::keyClick(&slider, Qt::Key_PageDown);
+        QTest::keyClick(&slider, Qt::Key_Right);
+        EXPECT_EQ(slider.value(), 11) << c.slider;
+        EXPECT_EQ(skin.*c.member, float(double(c.first) + 0.11)) << c.slider;
+        painter.samples.clear();
+        QTest::keyClick(&slider, Qt::Key_End);
+        EXPECT_EQ(slider.value(), c.maximum);
+        EXPECT_EQ(skin.*c.member, c.last) << c.slider;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return painter.samples.size() >= 2; })) << c.slider;
+    }
+    EXPECT_TRUE(skin.Colorize);
+    EXPECT_TRUE(skin.AdjustRGB);
+    const QSize sample = Find("picSample").size();
+    const auto expected = [&](int rightOfFront) {
+        const auto text = [&](int at, int width, int active) {
+            return QStringLiteral("%1,%1 %2x%3 %4")
+                .arg(at)
+                .arg(width)
+                .arg(sample.height() - 40)
+                .arg(active);
+        };
+        return QStringList{text(4, sample.width() - 40, 0),
+                           text(32, sample.width() - rightOfFront, 1)};
+    };
+    EXPECT_EQ(painter.samples.mid(0, 2),
+              QStringList(expected(30))
+                  .replaceInStrings(QRegularExpression(Text("^")), Text("main Trek ")));
+}
+
+TEST_F(CustomizeSkin, BoxesAndTheirLabelsSwitchTheSliders) {
+    Open(4);
+    netrove::SkinConfiguration& skin = *skins.SkinConfiguration();
+    QTest::mouseClick(&Find("lblInfo(6)"), Qt::LeftButton);
+    EXPECT_TRUE(skin.Colorize);
+    EXPECT_TRUE(Find("hscHue").isEnabled() && Find("hscSaturation").isEnabled());
+    EXPECT_FALSE(Find("hscRed").isEnabled());
+    QTest::mouseClick(&Find("lblInfo(5)"), Qt::LeftButton);
+    EXPECT_TRUE(skin.AdjustRGB && Find("hscBlue").isEnabled());
+    QTest::mouseClick(&Find("lblInfo(5)"), Qt::LeftButton);
+    EXPECT_FALSE(skin.AdjustRGB || Find("hscBlue").isEnabled());
+    QTest::mouseClick(&Find("lblInfo(0)"), Qt::LeftButton);
+    QTest::keyClick(dialog.get(), Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !skin.Colorize; })) << "by its mnemonic";
+    QTest::keyClick(dialog.get(), Qt::Key_F1);
+    EXPECT_EQ(helped, 1);
+}
+
+TEST_F(CustomizeSkin, OnlyOkStoresAndAttaches) {
+    skins.mnuSkin_Click(5);
+    const auto skin = skins.SkinConfiguration();
+    frames.calls.clear();
+    Customize([](frmCustomizeSkin& open) {
+        Find<QCheckBox>(open, "chkColourise").setChecked(true);
+        Find<QScrollBar>(open, "hscHue").setValue(350);
+        QTest::mouseClick(&Find(open, "cmdCancel"), Qt::LeftButton);
+    });
+    EXPECT_EQ(frames.calls, QStringList{Text("attach frmCustomizeSkin Bullethead")});
+    EXPECT_EQ(Stored("SkinProperties_5", "Hue"), Text("-"));
+    EXPECT_EQ(skin->Hue, 2.5F) << "stays in the configuration";
+
+    frames.calls.clear();
+    Customize([](frmCustomizeSkin& open) {
+        EXPECT_EQ(Find<QScrollBar>(open, "hscHue").value(), 350);
+        QTest::mouseClick(&Find(open, "cmdOk"), Qt::LeftButton);
+    });
+    EXPECT_EQ(frames.calls, (QStringList{Text("attach frmCustomizeSkin Bullethead"),
+                                         Text("attach main Bullethead")}));
+    EXPECT_EQ(Stored("SkinProperties_5", "Hue"), Text("2.5"));
+    EXPECT_EQ(skins.SkinConfiguration(), skin);
+}
+
+TEST_F(CustomizeSkin, OpensWithoutAnOwner) {
+    frmCustomizeSkin alone({}, nullptr);
+    alone.show();
+    EXPECT_TRUE(alone.grab().width() > 0);
+    Find<QCheckBox>(alone, "chkColourise").setChecked(true);
+    EXPECT_TRUE(alone.Cancelled());
+}
+
+} // namespace
+} // namespace netrove

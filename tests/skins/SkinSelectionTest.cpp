@@ -1,0 +1,183 @@
+#include "skins/SkinStage.h"
+
+namespace netrove {
+namespace {
+
+class SkinSelectionTest : public SkinStage {
+protected:
+    SkinSelectionTest() { skins.MakeModifier(); }
+};
+
+TEST_F(SkinSelectionTest, MenuChoosesTheSkin) {
+    struct Case {
+        qint16 index;
+        const char* name; ///< empty: no skin
+        bool canAdjust;
+    };
+    const Case cases[] = {{0, "", false},
+                          {1, "Trek", true},
+                          {2, "Serenity", true},
+                          {3, "J.I.L.L. - Joy In Love and Life", true},
+                          {3, "J.I.L.L. - Joy In Love and Life", true},
+                          {4, "Metropolis", true},
+                          {5, "Bullethead", true},
+                          {0, "", false},
+                          {6, "", true},
+                          {-1, "", true}};
+    for (const Case& c : cases) {
+        frames.calls.clear();
+        const auto before = skins.SkinConfiguration();
+        window.setCursor(Qt::WaitCursor);
+        skins.mnuSkin_Click(c.index);
+        for (int item = 0; item <= 5; ++item)
+            EXPECT_EQ(items.mnuSkin[size_t(item)]->isChecked(), item == c.index) << c.index;
+        EXPECT_EQ(items.mnuSkinCust->isEnabled(), c.canAdjust) << c.index;
+        EXPECT_EQ(SkinIndex, c.index);
+        EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+        const auto skin = skins.SkinConfiguration();
+        const QString name = Text(c.name);
+        if (name.isEmpty()) {
+            EXPECT_FALSE(skin);
+            EXPECT_EQ(frames.calls, (QStringList{Text("detach"), Text("resize")})) << c.index;
+            continue;
+        }
+        ASSERT_TRUE(skin);
+        EXPECT_NE(skin, before) << "made anew, for the same skin too";
+        EXPECT_EQ(frames.attached, skin.get());
+        EXPECT_EQ(skin->TitleFont, window.font());
+        EXPECT_EQ(frames.calls, (QStringList{Text("attach main ") + name, Text("resize")}));
+    }
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
+}
+
+TEST_F(SkinSelectionTest, StoredChoice) {
+    EXPECT_EQ(skins.StoredIndex(), 1) << "of a first start";
+    const std::pair<const char*, int> cases[] = {{"0", 0},  {"5", 5},   {"6", 0},   {"7", 0},
+                                                 {"-1", 0}, {" 3x", 3}, {"abc", 0}, {"40000", 0}};
+    for (const auto& [text, index] : cases) {
+        Store("Skin", "Index", text);
+        EXPECT_EQ(skins.StoredIndex(), index) << text;
+    }
+}
+
+TEST_F(SkinSelectionTest, EachSkinKeepsItsAdjustments) {
+    Store("SkinProperties_2", "Name", "Whatever");
+    Store("SkinProperties_2", "Colorize", "1");
+    Store("SkinProperties_2", "Hue", " 3.25 and more");
+    Store("SkinProperties_2", "Saturation", "much");
+    Store("SkinProperties_2", "AdjustRGB", "false");
+    Store("SkinProperties_2", "PercentBlue", "1e99");
+    Store("SkinProperties_3", "PercentRed", "0.5");
+    Store("SkinProperties_3", "Own", "kept");
+    skins.mnuSkin_Click(2);
+    const auto skin = skins.SkinConfiguration();
+    EXPECT_EQ(skin->Name, Text("Serenity"));
+    EXPECT_TRUE(skin->Colorize);
+    EXPECT_EQ(skin->Hue, 3.25F);
+    EXPECT_EQ(skin->Saturation, 0);
+    EXPECT_FALSE(skin->AdjustRGB);
+    EXPECT_EQ(skin->PercentBlue, 0) << "too large for a number, and no failure";
+    skin->Saturation = 0.01F;
+    skin->PercentGreen = -1;
+    skins.SaveSkinXML();
+    const std::pair<const char*, const char*> written[] = {
+        {"Name", "Serenity"},   {"Colorize", "True"},   {"Hue", "3.25"},
+        {"Saturation", "0.01"}, {"AdjustRGB", "False"}, {"PercentRed", "0"},
+        {"PercentGreen", "-1"}, {"PercentBlue", "0"}};
+    for (const auto& [key, value] : written)
+        EXPECT_EQ(Stored("SkinProperties_2", key), Text(value)) << key;
+
+    skins.mnuSkin_Click(1);
+    EXPECT_FALSE(skins.SkinConfiguration()->Colorize);
+    EXPECT_EQ(skins.SkinConfiguration()->PercentGreen, 0) << "no group of its own yet";
+    skins.mnuSkin_Click(0);
+    skins.SaveSkinXML();
+    EXPECT_EQ(Stored("SkinProperties_0", "Name"), Text("-"));
+    EXPECT_EQ(Stored("SkinProperties_1", "Name"), Text("-")) << "nothing is written on the way";
+    skins.mnuSkin_Click(2);
+    EXPECT_EQ(skins.SkinConfiguration()->PercentGreen, -1);
+    EXPECT_EQ(Stored("SkinProperties_3", "PercentRed"), Text("0.5"));
+    EXPECT_EQ(Stored("SkinProperties_3", "Own"), Text("kept"));
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
+}
+
+TEST_F(SkinSelectionTest, FailuresEndInABoxAndTheChoiceStays) {
+    skins.mnuSkin_Click(1);
+    const SkinConfiguration* before = frames.attached;
+    Store("SkinProperties_4", "Saturation", "0.5");
+    Store("SkinProperties_4", "AdjustRGB", "perhaps");
+    Store("SkinProperties_4", "PercentRed", "0.5");
+    frames.calls.clear();
+    skins.mnuSkin_Click(4);
+    EXPECT_EQ(dialogs.Shown, QStringList{Text("Error in Skinning: 13\r\nType mismatch")});
+    EXPECT_TRUE(frames.calls.isEmpty()) << "neither attached nor laid out";
+    EXPECT_EQ(frames.attached, before);
+    EXPECT_EQ(frames.attached->Name, Text("Trek")) << "lives on while the window shows it";
+    EXPECT_EQ(SkinIndex, 4);
+    EXPECT_EQ(skins.SkinConfiguration()->Name, Text("Metropolis"));
+    EXPECT_EQ(skins.SkinConfiguration()->Saturation, 0.5F);
+    EXPECT_EQ(skins.SkinConfiguration()->PercentRed, 0) << "behind the one that failed";
+    EXPECT_TRUE(items.mnuSkin[4]->isChecked());
+
+    frames.attachFails = true;
+    skins.mnuSkin_Click(5);
+    EXPECT_EQ(dialogs.Shown.last(), Text("Error in Skinning: 57\r\nDevice I/O error"));
+    EXPECT_EQ(frames.calls, QStringList{Text("attach main Bullethead")});
+    frames.detachFails = true;
+    window.setCursor(Qt::WaitCursor);
+    skins.mnuSkin_Click(0);
+    EXPECT_EQ(dialogs.Shown.last(), Text("Error in Skin Menu: 57\r\nDevice I/O error"));
+    EXPECT_EQ(frames.calls.last(), Text("detach"));
+    EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(SkinIndex, 0);
+    EXPECT_EQ(skins.SkinConfiguration()->Name, Text("Bullethead"));
+}
+
+TEST_F(SkinSelectionTest, ComesBackFromTheTray) {
+    skins.mnuSkin_Click(3);
+    skins.SavedSkinIndex = SkinIndex;
+    skins.mnuSkin_Click(0);
+    skins.Reskin();
+    EXPECT_EQ(SkinIndex, 3);
+    EXPECT_EQ(frames.attached, skins.SkinConfiguration().get());
+    EXPECT_TRUE(items.mnuSkin[3]->isChecked());
+}
+
+TEST_F(SkinSelectionTest, ControlsHaveTheColoursOfTheirSkin) {
+    const auto color = [](const QWidget* control, QPalette::ColorRole role) {
+        return control->palette().color(role);
+    };
+    const QPalette desktop = QApplication::palette();
+    window.show();
+    skins.mnuSkin_Click(1);
+    EXPECT_EQ(color(controls.buttons[4], QPalette::Button), QColor(255, 192, 128));
+    EXPECT_EQ(color(controls.HyperLbl, QPalette::WindowText), QColor(128, 128, 255));
+    EXPECT_EQ(color(controls.Label1, QPalette::WindowText), frames.fore) << "by the walk";
+    EXPECT_EQ(color(controls.RecShp[3], QPalette::WindowText), QColor(255, 128, 0));
+    EXPECT_EQ(color(controls.lines[6], QPalette::WindowText), QColor(192, 64, 0));
+    EXPECT_EQ(color(&window, QPalette::Window), frames.back);
+    EXPECT_EQ(color(controls.SSTab1->widget(0), QPalette::Button), desktop.color(QPalette::Button));
+
+    QPalette dark = desktop;
+    dark.setColor(QPalette::Window, QColor(40, 40, 40));
+    dark.setColor(QPalette::WindowText, Qt::white);
+    for (const QPalette& palette : {desktop, dark}) {
+        QApplication::setPalette(palette);
+        skins.mnuSkin_Click(0);
+        for (const QWidget* control :
+             {static_cast<QWidget*>(&window), static_cast<QWidget*>(controls.chkRecurse),
+              static_cast<QWidget*>(controls.SSTab1), static_cast<QWidget*>(controls.Label2)})
+            EXPECT_EQ(color(control, QPalette::Window), palette.color(QPalette::Window));
+        EXPECT_EQ(color(controls.Label1, QPalette::WindowText),
+                  palette.color(QPalette::WindowText));
+        EXPECT_EQ(color(controls.lines[0], QPalette::WindowText), QColor(0, 0, 0));
+        EXPECT_EQ(color(controls.buttons[0], QPalette::Button), palette.color(QPalette::Button));
+    }
+    // The desktop turns light while the program runs.
+    QApplication::setPalette(desktop);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(color(controls.Label1, QPalette::WindowText), desktop.color(QPalette::WindowText));
+}
+
+} // namespace
+} // namespace netrove
