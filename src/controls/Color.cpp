@@ -10,8 +10,6 @@ namespace netrove {
 namespace {
 
 constexpr quint32 DesktopColorBit = 0x80000000;
-/// The contrast that a text needs to be read: that of pure red on white is just above it.
-constexpr double ReadableContrast = 3.9;
 
 /// The relative luminance of an sRGB colour, 0 to 1 (WCAG 2.1).
 double Luminance(const QColor& color) {
@@ -50,11 +48,10 @@ QColor ReadableOn(const QColor& background) {
     return Luminance(background) > 0.179 ? QColor(Qt::black) : QColor(Qt::white);
 }
 
-QColor Legible(const QColor& color, const QColor& background) {
+QColor Legible(const QColor& color, const QColor& background, double contrast) {
     constexpr double Step = 0.05;
     QColor legible = color;
-    for (double share = 0; share < 1 && Contrast(legible, background) < ReadableContrast;
-         share += Step)
+    for (double share = 0; share < 1 && Contrast(legible, background) < contrast; share += Step)
         legible = Mixed(color, ReadableOn(background), share);
     return legible;
 }

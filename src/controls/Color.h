@@ -23,9 +23,13 @@ inline constexpr quint32 WindowTextColor = 0x80000008;
 /// Black or white, whichever reads better on this colour.
 [[nodiscard]] QColor ReadableOn(const QColor& background);
 
+/// What a text needs to be read with ease: pure red on white is just above.
+inline constexpr double ReadableContrast = 3.9;
+
 /// The colour itself where its text can be read on the background; else as little lighter or
 /// darker as that needs.
-[[nodiscard]] QColor Legible(const QColor& color, const QColor& background);
+[[nodiscard]] QColor Legible(const QColor& color, const QColor& background,
+                             double contrast = ReadableContrast);
 
 /// The colour that lies between two: `share` of 0 gives the first, of 1 the second.
 [[nodiscard]] QColor Mixed(const QColor& first, const QColor& second, double share);

@@ -15,6 +15,8 @@ namespace {
 constexpr qsizetype MaxShownText = 1024;
 /// Of the text's colour in a progress bar: seen, and the text on it still read.
 constexpr double ProgressShade = 0.25;
+/// Of a row's own colour to the background; it is shown lighter or darker where it has less.
+constexpr double MinimumContrast = 3;
 
 QFont Emboldened(QFont font) {
     font.setBold(true);
@@ -109,7 +111,8 @@ QColor ListPainter::TextColor(int row, int column) const {
     if (model_.IsSelected(row))
         return palette_.color(group_, QPalette::HighlightedText);
     const QColor own = model_.ForeColor(row, column);
-    return own.isValid() ? own : palette_.color(group_, QPalette::Text);
+    return own.isValid() ? Legible(own, palette_.color(group_, QPalette::Base), MinimumContrast)
+                         : palette_.color(group_, QPalette::Text);
 }
 
 } // namespace netrove

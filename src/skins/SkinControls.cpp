@@ -3,6 +3,7 @@
 #include "controls/Color.h"
 #include "skins/SkinPalette.h"
 
+#include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCheckBox>
@@ -83,6 +84,10 @@ public:
                 KeepDesktopSurface(control);
             return;
         }
+        if (IsAny<QAbstractItemView>(&control)) { // its edges and its header are the window's else
+            KeepDesktopSurface(control);
+            return;
+        }
         QPalette palette = control.palette();
         switch (KindOf(control)) {
         case Kind::Tabs:
@@ -123,8 +128,7 @@ public:
     }
 
 private:
-    /// Styles paint tabs and their pane like a button, with a window's text. The pages keep the
-    /// desktop's buttons.
+    /// The pages keep the desktop's buttons.
     void ColorTabs(QTabWidget& tabs, QPalette& palette) const {
         if (!hasSkin_)
             return;
@@ -138,9 +142,7 @@ private:
             }
             tabs.widget(index)->setPalette(page);
         }
-        SetSurface(palette, windowColor_, foreColor_);
-        palette.setColor(QPalette::Button, windowColor_);
-        palette.setColor(QPalette::ButtonText, foreColor_);
+        SetTabs(palette, windowColor_, foreColor_);
     }
 
     void ColorGroup(QPalette& palette, const QString& tag) const {

@@ -10,6 +10,10 @@ namespace {
 /// What a text needs to be read with ease, and what one that is switched off keeps at least.
 constexpr double EasyContrast = 4.5;
 constexpr double DisabledContrast = 3;
+/// What it needs where the background may be painted lighter or darker than it was given.
+constexpr double StrongContrast = 7;
+/// From one mixture of two colours to the next.
+constexpr double Step = 0.05;
 
 constexpr QPalette::ColorRole SurfaceRoles[] = {
     QPalette::Window,      QPalette::WindowText, QPalette::Link,
@@ -20,7 +24,6 @@ constexpr QPalette::ColorRole SurfaceRoles[] = {
 /// be read.
 QColor Faded(const QColor& text, const QColor& back) {
     constexpr double Half = 0.5;
-    constexpr double Step = 0.05;
     for (double share = Half; share > 0; share -= Step) {
         const QColor faded = Mixed(text, back, share);
         if (Contrast(faded, back) >= DisabledContrast)
@@ -58,6 +61,15 @@ void SetButton(QPalette& palette, const QColor& back) {
     palette.setColor(QPalette::Button, back);
     SetText(palette, QPalette::ButtonText,
             TextOn(back, QApplication::palette().color(QPalette::ButtonText)), back);
+}
+
+void SetTabs(QPalette& palette, const QColor& back, const QColor& text) {
+    QColor strong = text;
+    for (double share = 0; share < 1 && Contrast(strong, back) < StrongContrast; share += Step)
+        strong = Mixed(text, ReadableOn(back), share);
+    SetSurface(palette, back, strong);
+    palette.setColor(QPalette::Button, back);
+    palette.setColor(QPalette::ButtonText, strong);
 }
 
 void KeepDesktopSurface(QWidget& control) {

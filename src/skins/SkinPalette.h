@@ -18,6 +18,10 @@ void SetField(QPalette& palette, const QColor& back, const QColor& text);
 /// Buttons. Their text is the desktop's where that can be read on the background.
 void SetButton(QPalette& palette, const QColor& back);
 
+/// Tabs and their pane, which styles paint like a button, in shades of their own, with a window's
+/// text: the text is made to stand out from all of these.
+void SetTabs(QPalette& palette, const QColor& back, const QColor& text);
+
 /// Gives a control the desktop's colours for all of a surface that it hasn't set itself, so that
 /// it doesn't take them over from the window.
 void KeepDesktopSurface(QWidget& control);

@@ -17,7 +17,7 @@ namespace netrove {
 namespace {
 
 /// What a text in a colour of the table needs on the desktop's background.
-constexpr double ReadableContrast = 3;
+constexpr double MinimumContrast = 3;
 
 QString Text(const char* text) {
     return QString::fromLatin1(text);
@@ -136,7 +136,7 @@ void SkinSelection::ColorFixedControls(int index) {
     if (index == 0) {
         const QPalette desktop = QApplication::palette();
         const QColor window = desktop.color(QPalette::Window);
-        if (Contrast(text, window) < ReadableContrast)
+        if (Contrast(text, window) < MinimumContrast)
             text = desktop.color(QPalette::WindowText);
         link = Legible(link, window);
     }

@@ -304,6 +304,9 @@ TEST_F(List, IsReadableOnItsBackground) {
     EXPECT_GT(ColorsIn(list, 2).value(qRgb(255, 0, 0)), 10);
     EXPECT_EQ(ColorsIn(list, 3).value(back.rgb()), 0);
     EXPECT_GT(ColorsIn(list, 3).value(qRgb(255, 255, 255)), 10);
+    list.SetForeColor(2, QColor(0, 255, 0));
+    EXPECT_EQ(list.ForeColor(2), QColor(0, 255, 0));
+    EXPECT_EQ(ColorsIn(list, 2).value(qRgb(0, 255, 0)), 0) << "shown darker";
 
     list.SetBold(1, true);
     const int bold = ColorsIn(list, 1).value(qRgb(0, 0, 0));
