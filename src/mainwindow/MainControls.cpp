@@ -2,6 +2,7 @@
 
 #include "controls/Twips.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
+#include "skins/SkinControls.h"
 
 #include <QProxyStyle>
 
@@ -59,6 +60,10 @@ QLabel* Label(QWidget* parent, const char* name, const char* caption) {
     return label;
 }
 
+void SetTag(QWidget& control, const char* tag) {
+    control.setProperty(TagProperty, Text(tag));
+}
+
 QWidget* HiddenWidget(QWidget& parent, const QString& name) {
     auto* widget = Named(new QWidget(&parent), name);
     widget->hide();
@@ -77,9 +82,6 @@ QFrame* Frame(QWidget& parent, const QString& name, QFrame::Shape shape) {
     auto* frame = Named(new QFrame(&parent), name);
     frame->setFrameShape(shape);
     frame->setFrameShadow(QFrame::Plain);
-    QPalette palette = frame->palette();
-    palette.setColor(QPalette::WindowText, palette.color(QPalette::Midlight).darker(115));
-    frame->setPalette(palette);
     frame->setAttribute(Qt::WA_TransparentForMouseEvents);
     frame->lower();
     return frame;
@@ -134,6 +136,7 @@ MainControls::MainControls(QWidget& inner, const QString& webAddress)
     MakeInputs(inner);
     MakeLabels(inner, webAddress);
     MakeDecoration(inner);
+    TagForSkins();
     PlaceInputs();
     SetTabOrder();
     for (const QString& key : PredefinedIconKeys()) {
@@ -232,9 +235,6 @@ void MainControls::MakeLabels(QWidget& inner, const QString& webAddress) {
     QFont linkFont = HyperLbl->font();
     linkFont.setUnderline(true);
     HyperLbl->setFont(linkFont);
-    QPalette linkPalette = HyperLbl->palette();
-    linkPalette.setColor(QPalette::WindowText, linkPalette.color(QPalette::Link));
-    HyperLbl->setPalette(linkPalette);
     HyperLbl->setCursor(Qt::PointingHandCursor);
 }
 
@@ -245,6 +245,16 @@ void MainControls::MakeDecoration(QWidget& inner) {
             Frame(inner, Element("Lne", index), index >= 2 ? QFrame::HLine : QFrame::VLine);
     for (std::size_t index = 0; index < RecShp.size(); ++index)
         RecShp[index] = Frame(inner, Element("RecShp", index), QFrame::Box);
+}
+
+void MainControls::TagForSkins() const {
+    for (QWidget* control :
+         {static_cast<QWidget*>(RetFileLbl), static_cast<QWidget*>(DownloadLbl),
+          static_cast<QWidget*>(txtSearchStart), static_cast<QWidget*>(LstSearchFor)})
+        SetTag(*control, "NOCOLOR");
+    for (QLabel* caption : {RetFileLbl, DownloadLbl})
+        caption->setAutoFillBackground(true); // and so keep the desktop's colours
+    SetTag(*HyperLbl, "LINK");
 }
 
 /// Three groups side by side, of two rows each, and the link below the first. Their widths follow

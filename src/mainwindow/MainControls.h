@@ -68,6 +68,7 @@ private:
     void MakeInputs(QWidget& inner);
     void MakeLabels(QWidget& inner, const QString& webAddress);
     void MakeDecoration(QWidget& inner);
+    void TagForSkins() const;
     void PlaceInputs();
     void PlaceSearchText(const QRect& row);
     void PlaceStartNode(const QRect& row);

@@ -9,6 +9,7 @@
 #include "platform/ReadAhead.h"
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
+#include "skins/SkinOwner.h"
 
 #include <QAbstractButton>
 #include <QString>
@@ -39,7 +40,7 @@ struct ProgramServices {
     /// the function says that it has been pressed.
     std::function<void(QAbstractButton&, std::function<bool()>)> letAbandon = {};
     /// Shows the dialog of the logons, which belongs to that window; without one there is none.
-    std::function<void(QWidget& owner)> showLogons = {};
+    std::function<void(QWidget& owner, const SkinOwner& skin)> showLogons = {};
 };
 
 } // namespace netrove

@@ -8,7 +8,7 @@
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 #include "silent/frmSilent.h"
-#include "skins/StandardFrame.h"
+#include "skins/frame/PaintedFrame.h"
 #include "storage/ResultsDrop.h"
 
 #include <QApplication>
@@ -20,13 +20,6 @@
 
 namespace netrove {
 namespace {
-
-constexpr int LastSkin = 5;
-
-/// A stored number that no skin has means none.
-qint32 SkinOf(qint32 stored) {
-    return stored < 0 || stored > LastSkin ? 0 : stored;
-}
 
 /// Lets no handler in while it lives: a window that was closed in the middle of its start would
 /// save settings that it has only half read.
@@ -98,8 +91,10 @@ frmNetrove::frmNetrove(const ProgramServices& services)
                      *controls_.lvwDownloads},
                     {.settings = settings_,
                      .system = services.system,
-                     .applicationFolder = services.applicationFolder},
-                    IniFileName(services.applicationFolder)) {
+                     .applicationFolder = services.applicationFolder,
+                     .SaveSkinXML = [this] { skins_.SaveSkinXML(); }},
+                    IniFileName(services.applicationFolder))
+    , skins_(SkinMenu(), SkinnedControls(), SkinServices()) {
     settings_.SaveFolder = DownloadsFolder(services.applicationFolder);
     resize(ToPixels(WindowLayout::MinFormWidth), ToPixels(WindowLayout::MinFormHeight));
     setObjectName(Text("frmNetrove"));
@@ -173,12 +168,15 @@ MainMenu* frmNetrove::MakeMenu() {
     menu->Connect(Text("mnuExit1"), this, [this] { close(); });
     menu->Connect(Text("mnuCont"), this, [this] { OpenHelp(); });
     menu->Connect(Text("mnuTBS"), this, [this] { shell_.ShellRun(services_.webAddress); });
-    menu->Connect(Text("mnuSkin(0)"), this, [this] { ApplySkin(0); });
+    for (int index = 0; index <= SkinSelection::LastSkin; ++index)
+        menu->Connect(Element("mnuSkin", index), this, [this, index] { SelectSkin(index); });
+    menu->Connect(Text("mnuSkinCust"), this, [this] { skins_.mnuSkinCust_Click(); });
+    menu->Item(Text("mnuSkinCust"))->setEnabled(false);
     menu->Connect(Text("mnuViewTrLog"), this, [this] { shell_.ShellRun(LogFile()); });
     if (services_.report)
         menu->Connect(Text("mnuSilent"), this, [this] { ShowSilentComputers(); });
     if (services_.showLogons)
-        menu->Connect(Text("mnuLogon"), this, [this] { services_.showLogons(*this); });
+        menu->Connect(Text("mnuLogon"), this, [this] { services_.showLogons(*this, skins_); });
     for (int index = 0; index < PredefinedPatterns::Count; ++index)
         menu->Connect(Element("mnuFiles", index), this,
                       [this, index] { patterns_.mnuFiles_Click(index); });
@@ -189,10 +187,21 @@ MainMenu* frmNetrove::MakeMenu() {
     return menu;
 }
 
+/// Modal dialogs live under one skin; the one window that doesn't block the menu is made anew.
+void frmNetrove::SelectSkin(int index) {
+    skins_.mnuSkin_Click(qint16(index));
+    if (const auto* open = findChild<frmSilent*>()) {
+        const QPoint place = open->pos();
+        delete open;
+        ShowSilentComputers();
+        findChild<frmSilent*>()->move(place);
+    }
+}
+
 void frmNetrove::ShowSilentComputers() {
     auto* dialog = findChild<frmSilent*>();
     if (!dialog)
-        dialog = new frmSilent(*services_.report, this);
+        dialog = new frmSilent(*services_.report, &skins_, this);
     dialog->show();
     dialog->raise();
     dialog->activateWindow();
@@ -239,6 +248,38 @@ JobControls frmNetrove::MakeJobControls() {
             .cmdAbandon = controls_.cmdAbandon};
 }
 
+SkinSelection::Menu frmNetrove::SkinMenu() const {
+    SkinSelection::Menu menu{.mnuSkin = {}, .mnuSkinCust = menu_->Item(Text("mnuSkinCust"))};
+    for (int index = 0; index <= SkinSelection::LastSkin; ++index)
+        menu.mnuSkin[size_t(index)] = menu_->Item(Element("mnuSkin", index));
+    return menu;
+}
+
+SkinSelection::Controls frmNetrove::SkinnedControls() {
+    const auto& lines = controls_.Lne;
+    return {.window = this,
+            .chkRecurse = controls_.chkRecurse,
+            .Label1 = controls_.Label1,
+            .Label2 = controls_.Label2,
+            .HyperLbl = controls_.HyperLbl,
+            .buttons = {controls_.cmdAbandon, controls_.cmdSetSearchStart, controls_.cmdInpNetNode,
+                        controls_.cmdStartSearch, controls_.cmdClearLst},
+            .RecShp = controls_.RecShp,
+            .lines = {lines[0], lines[1], lines[2], lines[3], lines[4], lines[5], controls_.Line1},
+            .SSTab1 = controls_.SSTab1,
+            .picListHolder = controls_.picListHolder};
+}
+
+SkinSelection::Services frmNetrove::SkinServices() {
+    return {.SkinIndex = settings_.SkinIndex,
+            .profile = settingsFile_.Profile(),
+            .dialogs = services_.dialogs,
+            .painter = painter_,
+            .newModifier = [] { return std::make_unique<PaintedFrame>(); },
+            .resize = [this] { layout_.Form_Resize(); },
+            .openHelp = [this] { OpenHelp(); }};
+}
+
 /// The search button is the default button, except while one of the lists has the focus.
 void frmNetrove::ConnectReturnKey() {
     controls_.cmdStartSearch->setDefault(true);
@@ -279,7 +320,8 @@ void frmNetrove::Form_Load() {
         failure = CurrentFailure();
     }
     // The settings have the number as it is stored.
-    settings_.SkinIndex = SkinOf(settings_.SkinIndex);
+    if (settings_.SkinIndex < 0 || settings_.SkinIndex > SkinSelection::LastSkin)
+        settings_.SkinIndex = 0;
     show();
     if (failure)
         services_.dialogs.Failure(failure->Number(), failure->Description(),
@@ -293,8 +335,8 @@ void frmNetrove::LoadSteps() {
     HelpFile = services_.applicationFolder + QDir::separator() + Text("Help") + QDir::separator() +
                Text("Netrove.html");
     ReadSystem();
-    frame_ = std::make_unique<StandardFrame>();
-    ReadSkin();
+    skins_.MakeModifier();
+    skins_.mnuSkin_Click(qint16(skins_.StoredIndex()));
     ChooseStartNode();
     settings_.ResultsBackColor = 0xEAEAD5;
     settings_.DownloadsBackColor = 0xBFFFFF;
@@ -333,25 +375,6 @@ void frmNetrove::ChooseStartNode() {
     controls_.txtSearchStart->setText(provider);
 }
 
-/// The window has the desktop's frame whatever skin is stored, but the choice is kept.
-void frmNetrove::ReadSkin() {
-    const qint32 index =
-        LeadingLong(settingsFile_.Profile().ReadIni(Text("Skin"), Text("Index"), Text("1")));
-    ApplySkin(0);
-    settings_.SkinIndex = SkinOf(index);
-}
-
-void frmNetrove::ApplySkin(int index) {
-    for (int skin = 0; skin <= LastSkin; ++skin) {
-        QAction* item = menu_->Item(Element("mnuSkin", skin));
-        item->setCheckable(true);
-        item->setChecked(skin == index);
-    }
-    settings_.SkinIndex = index;
-    frame_->Detach();
-    layout_.Form_Resize();
-}
-
 void frmNetrove::closeEvent(QCloseEvent* event) {
     if (Form_QueryUnload()) {
         Form_Unload();
@@ -379,12 +402,11 @@ void frmNetrove::Form_Unload() {
     SaveSettings();
     if (state_.SearchEvt)
         state_.SearchEvt->Abandon();
-    if (frame_)
-        frame_->Detach();
+    skins_.Detach();
     CopyDLL.reset();
     state_.SearchEvt.reset();
     state_.SearchStartNode.reset();
-    frame_.reset();
+    skins_.ReleaseModifier();
     controls_.imgSysIconsSm.Clear();
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window != this && window->isWindow() && window->isVisible())
@@ -460,7 +482,8 @@ std::optional<std::shared_ptr<NetResource>> frmNetrove::BrowseNetwork() {
                          .exclusions = exclusions_,
                          .log = log_,
                          .dialogs = services_.dialogs,
-                         .openHelp = [this] { OpenHelp(); }},
+                         .openHelp = [this] { OpenHelp(); },
+                         .skin = &skins_},
                         this);
     browser.exec();
     if (browser.Cancelled())

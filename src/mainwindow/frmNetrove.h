@@ -16,7 +16,8 @@
 #include "searchrun/SearchRun.h"
 #include "searchrun/SearchStart.h"
 #include "searchrun/SearchState.h"
-#include "skins/NCSizeModifier.h"
+#include "skins/SkinSelection.h"
+#include "skins/frame/PaintedSkinFrame.h"
 #include "storage/ResultsFile.h"
 #include "storage/SettingsFile.h"
 
@@ -40,6 +41,7 @@ public:
     void Form_Load();
 
     [[nodiscard]] Settings& ProgramSettings() { return settings_; }
+    [[nodiscard]] SkinSelection& Skins() { return skins_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -50,6 +52,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void SelectSkin(int index);
     void ShowSilentComputers();
     [[nodiscard]] MainMenu* MakeMenu();
     void ConnectControls();
@@ -58,14 +61,15 @@ private:
     void ConnectReturnKey();
     [[nodiscard]] JobControls MakeJobControls();
     [[nodiscard]] ListOperations MakeListOperations();
+    [[nodiscard]] SkinSelection::Menu SkinMenu() const;
+    [[nodiscard]] SkinSelection::Controls SkinnedControls();
+    [[nodiscard]] SkinSelection::Services SkinServices();
     void ConnectListMenus(MainMenu& menu);
     void PressDefaultButton();
 
     void LoadSteps();
     void ReadSystem();
     void ChooseStartNode();
-    void ReadSkin();
-    void ApplySkin(int index);
     [[nodiscard]] bool Form_QueryUnload();
     void Form_Unload();
     void SaveSettings();
@@ -96,9 +100,10 @@ private:
     ListOperations lists_;
     ResultsFile resultsFile_;
     SettingsFile settingsFile_;
+    PaintedSkinFrame painter_;
+    SkinSelection skins_;
 
     std::unique_ptr<InstanceMarker> marker_;
-    std::unique_ptr<NCSizeModifier> frame_;
     std::unique_ptr<CopyQ> CopyDLL;
     QString HelpFile;
     QString OSName;

@@ -14,13 +14,15 @@
 
 namespace {
 
-void ShowLogons(QWidget& owner, const std::shared_ptr<netrove::Logons>& logons,
-                netrove::Network& network, netrove::Dialogs& dialogs) {
+void ShowLogons(QWidget& owner, const netrove::SkinOwner& skin,
+                const std::shared_ptr<netrove::Logons>& logons, netrove::Network& network,
+                netrove::Dialogs& dialogs) {
     netrove::frmLogons(
         {.logons = logons,
          .dialogs = dialogs,
          .shareList = [&](const QString& computer) { return network.ShareListRequest(computer); },
-         .helper = netrove::SmbPool::DefaultHelper()},
+         .helper = netrove::SmbPool::DefaultHelper(),
+         .skin = &skin},
         &owner)
         .exec();
 }
@@ -68,7 +70,9 @@ int main(int argc, char** argv) {
                  yield.SetAbandon(button, std::move(isPressed));
              },
          .showLogons =
-             [&](QWidget& owner) { ShowLogons(owner, logons, *opened.network, dialogs); }});
+             [&](QWidget& owner, const netrove::SkinOwner& skin) {
+                 ShowLogons(owner, skin, logons, *opened.network, dialogs);
+             }});
     dialogs.SetParent(&window);
     window.Form_Load();
     if (!opened.problems.isEmpty())

@@ -78,6 +78,8 @@ public:
         , colors_(colors) {}
 
     void Color(QWidget& control) const {
+        if (IsAny<QLineEdit>(&control))
+            KeepPlaceholderReadable(control);
         const QString tag = control.property(TagProperty).toString();
         if (tag == QLatin1String("NOCOLOR")) {
             if (control.autoFillBackground())

@@ -7,9 +7,9 @@
 namespace netrove {
 namespace {
 
-/// What a text needs to be read with ease, and what one that is switched off keeps at least.
+/// What a text needs to be read with ease, and what a faded one keeps at least.
 constexpr double EasyContrast = 4.5;
-constexpr double DisabledContrast = 3;
+constexpr double FadedContrast = 3;
 /// What it needs where the background may be painted lighter or darker than it was given.
 constexpr double StrongContrast = 7;
 /// From one mixture of two colours to the next.
@@ -26,7 +26,7 @@ QColor Faded(const QColor& text, const QColor& back) {
     constexpr double Half = 0.5;
     for (double share = Half; share > 0; share -= Step) {
         const QColor faded = Mixed(text, back, share);
-        if (Contrast(faded, back) >= DisabledContrast)
+        if (Contrast(faded, back) >= FadedContrast)
             return faded;
     }
     return text;
@@ -55,6 +55,16 @@ void SetField(QPalette& palette, const QColor& back, const QColor& text) {
     palette.setColor(QPalette::Base, back);
     SetText(palette, QPalette::Text, text, back);
     palette.setColor(QPalette::PlaceholderText, Faded(text, back));
+}
+
+void KeepPlaceholderReadable(QWidget& control) {
+    QPalette palette = control.palette();
+    const QColor back = palette.color(QPalette::Base);
+    const QColor given = palette.color(QPalette::PlaceholderText);
+    if (Contrast(Mixed(back, given, given.alphaF()), back) >= FadedContrast)
+        return;
+    palette.setColor(QPalette::PlaceholderText, Faded(palette.color(QPalette::Text), back));
+    control.setPalette(palette);
 }
 
 void SetButton(QPalette& palette, const QColor& back) {

@@ -15,6 +15,10 @@ void SetSurface(QPalette& palette, const QColor& back, const QColor& text);
 /// What is typed into: background, text, place holder, disabled text.
 void SetField(QPalette& palette, const QColor& back, const QColor& text);
 
+/// Gives a control whose place holder can't be read on its background, as some desktops have it,
+/// one that can.
+void KeepPlaceholderReadable(QWidget& control);
+
 /// Buttons. Their text is the desktop's where that can be read on the background.
 void SetButton(QPalette& palette, const QColor& back);
 

@@ -274,7 +274,7 @@ void SettingsFile::SaveIni() {
     Write("Exclude_Network_Nodes", "", QString());
     Write("Skin", "Index", settings_.SkinIndex);
     if (services_.SaveSkinXML)
-        services_.SaveSkinXML(profile_);
+        services_.SaveSkinXML();
     SaveWindowPlace();
     SaveColumns();
     SaveSearchItems();

@@ -37,7 +37,7 @@ public:
         const SystemInformation& system;
         QString applicationFolder; ///< without a closing separator
         /// Writes the keys of the current skin, if there is one.
-        std::function<void(ProfileFile&)> SaveSkinXML = {};
+        std::function<void()> SaveSkinXML = {};
     };
 
     /// `path` is the settings file's; it needn't exist.

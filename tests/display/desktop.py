@@ -28,8 +28,9 @@ def wait_for(what, condition, seconds=20.0):
 class Desktop:
     """Started on entry; everything it started is ended on exit, by its process id."""
 
-    def __init__(self, screenshots):
+    def __init__(self, screenshots, screen="1280x900x24"):
         self.screenshots = screenshots
+        self.screen = screen
         self.processes = []
         self.environment = dict(os.environ, QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8",
                                 QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
@@ -38,7 +39,7 @@ class Desktop:
     def __enter__(self):
         os.makedirs(self.screenshots, exist_ok=True)
         read_end, write_end = os.pipe()
-        self.start(["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1280x900x24",
+        self.start(["Xvfb", "-displayfd", str(write_end), "-screen", "0", self.screen,
                     "-nolisten", "tcp"], pass_fds=[write_end])
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
@@ -116,6 +117,8 @@ def descendants(node):
 
 class Program:
     """What an assistive tool sees of a running program."""
+
+    ENABLED = Atspi.StateType.ENABLED
 
     def __init__(self, name):
         self.root = wait_for(f"the program {name}", lambda: self._application(name), 60)

@@ -1,6 +1,6 @@
 #include "skins/StandardFrame.h"
 
-#include "skins/SkinFrame.h"
+#include "skins/NoFrame.h"
 
 #include <gtest/gtest.h>
 
@@ -8,14 +8,6 @@
 
 namespace netrove {
 namespace {
-
-class NoFrame : public SkinFrame {
-public:
-    void PaintSample(const SkinConfiguration& /*configuration*/, const QWidget& /*window*/,
-                     QPainter& /*painter*/, const QRect& /*area*/, bool /*active*/) override {}
-    void Parse(const QString& /*text*/, const QPixmap& /*firstPicture*/,
-               const QPixmap& /*secondPicture*/, SkinConfiguration& /*configuration*/) override {}
-};
 
 TEST(StandardFrameTest, TakesTheColoursOfTheWindowWhileThereIsOne) {
     NoFrame painter;

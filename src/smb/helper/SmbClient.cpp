@@ -1,17 +1,14 @@
 #include "smb/helper/SmbClient.h"
 
-#include "platform/Files.h"
-#include "smb/WorkstationInfo.h"
 #include "smb/helper/Kerberos.h"
+#include "smb/helper/LibraryAnswers.h"
 #include "smb/helper/SmbUrl.h"
+#include "smb/helper/WorkgroupPipe.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <ctime>
 
-#include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -24,9 +21,6 @@ constexpr int RequestTimeout = 20000;
 
 /// Entries of one part.
 constexpr std::size_t PartEntries = 500;
-
-/// Bytes of a fetched file that are asked of the library at a time.
-constexpr quint32 PieceBytes = 4 * 1024 * 1024;
 
 /// What libsmbclient is told on top of the system's configuration. Without NetBIOS no call waits
 /// for the answers to a broadcast.
@@ -55,39 +49,6 @@ bool FitsLibrary(const SmbLogon& logon) {
            logon.password.Bytes().size() < LogonBytes;
 }
 
-/// The failure of the call just made; the library leaves errno at 0 at times.
-int Failure() {
-    return errno == 0 ? EIO : errno;
-}
-
-qint64 Milliseconds(const timespec& time) {
-    return qint64{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
-}
-
-/// The library tells the attributes of one file as permissions: a file that may be written isn't
-/// read-only, and the three bits of execution stand for archive, system and hidden.
-quint32 AttributesOfMode(mode_t mode) {
-    quint32 attributes = 0;
-    if (S_ISDIR(mode))
-        return FileAttribute::Directory;
-    if ((mode & S_IWUSR) == 0)
-        attributes |= FileAttribute::ReadOnly;
-    if ((mode & S_IXUSR) != 0)
-        attributes |= FileAttribute::Archive;
-    if ((mode & S_IXGRP) != 0)
-        attributes |= FileAttribute::System;
-    if ((mode & S_IXOTH) != 0)
-        attributes |= FileAttribute::Hidden;
-    return attributes;
-}
-
-SmbEntries EntryOf(const struct stat& file) {
-    return {{.name = {},
-             .attributes = AttributesOfMode(file.st_mode),
-             .length = std::max<qint64>(file.st_size, 0),
-             .modified = Milliseconds(file.st_mtim)}};
-}
-
 bool KeepsFile(SmbRequest::Kind kind) {
     using Kind = SmbRequest::Kind;
     return kind == Kind::Read || kind == Kind::Inspect || kind == Kind::Fetch;
@@ -95,44 +56,6 @@ bool KeepsFile(SmbRequest::Kind kind) {
 
 bool IsConnectionLost(int status) {
     return status == ECONNABORTED || status == ECONNRESET || status == ENOTCONN || status == EPIPE;
-}
-
-/// Reads exactly so many bytes of a message. The library asks a pipe again for what is missing,
-/// and then waits for a message that never comes.
-int ReadExactly(int pipe, QByteArray& bytes, qsizetype count) {
-    const qsizetype before = bytes.size();
-    bytes.resize(before + count);
-    errno = 0;
-    const ssize_t read = smbc_read(pipe, bytes.data() + before, static_cast<std::size_t>(count));
-    if (read < 0)
-        return Failure();
-    return read == count ? 0 : EPROTO;
-}
-
-/// Writes one message to a pipe and reads the one that answers it.
-int Exchange(int pipe, const QByteArray& question, QByteArray& answer) {
-    answer.clear();
-    errno = 0;
-    if (smbc_write(pipe, question.constData(), static_cast<std::size_t>(question.size())) !=
-        question.size())
-        return Failure();
-    if (const int status = ReadExactly(pipe, answer, WorkstationInfo::HeaderBytes); status != 0)
-        return status;
-    const auto length = WorkstationInfo::MessageBytes(answer);
-    return length ? ReadExactly(pipe, answer, *length - answer.size()) : EPROTO;
-}
-
-int AskWorkgroup(int pipe, QString& workgroup) {
-    QByteArray answer;
-    if (const int status = Exchange(pipe, WorkstationInfo::Bind(), answer); status != 0)
-        return status;
-    if (!WorkstationInfo::IsBound(answer))
-        return EACCES;
-    if (const int status = Exchange(pipe, WorkstationInfo::Request(), answer); status != 0)
-        return status;
-    const auto name = WorkstationInfo::Workgroup(answer);
-    workgroup = name.value_or(QString());
-    return name ? 0 : EACCES;
 }
 
 bool LoadConfiguration(SMBCCTX* context, bool requiresSigning) {
@@ -170,7 +93,7 @@ SmbClient::SmbClient() {
 }
 
 SmbClient::~SmbClient() {
-    CloseFile();
+    file_.Close();
     if (context_)
         smbc_free_context(context_, 1);
 }
@@ -227,7 +150,7 @@ void SmbClient::AnswerLogon(SMBCCTX* context, const char* /*server*/, const char
 
 int SmbClient::Do(const SmbRequest& request, const Part& part) {
     if (!KeepsFile(request.kind))
-        CloseFile();
+        file_.Close();
     if (request.logon && !FitsLibrary(*request.logon))
         return SmbEnd::LogonRefused;
     LeaveOtherLogon(request);
@@ -262,7 +185,7 @@ void SmbClient::LeaveOtherLogon(const SmbRequest& request) {
     const QString server = request.host + QLatin1Char(':') + QString::number(request.port);
     if (!ways_.empty() && server == server_ && request.logon == logon_)
         return;
-    CloseFile();
+    file_.Close();
     smbc_getFunctionPurgeCachedServers(context_)(context_);
     server_ = server;
     logon_ = request.logon;
@@ -292,7 +215,7 @@ bool SmbClient::Use(Way way) {
 void SmbClient::LeaveOtherShare(const QString& share) {
     if (share == share_)
         return;
-    CloseFile();
+    file_.Close();
     smbc_getFunctionPurgeCachedServers(context_)(context_);
     share_ = share;
 }
@@ -318,13 +241,13 @@ int SmbClient::Try(const SmbRequest& request, const Part& part) {
     case SmbRequest::Kind::Stat:
         return Stat(url, part);
     case SmbRequest::Kind::Read:
-        return Read(request, url, part);
+        return file_.Read(request, url, part);
     case SmbRequest::Kind::Workgroup:
-        return Workgroup(url, part);
+        return AskWorkgroup(url, part);
     case SmbRequest::Kind::Inspect:
-        return Inspect(url, part);
+        return file_.Inspect(url, part);
     case SmbRequest::Kind::Fetch:
-        return Fetch(request, url, part);
+        return file_.Fetch(request, url, part);
     case SmbRequest::Kind::Resolve:
         break;
     }
@@ -335,7 +258,7 @@ int SmbClient::ListShares(const QByteArray& url, const Part& part) {
     errno = 0;
     const int server = smbc_opendir(url.constData());
     if (server < 0)
-        return Failure();
+        return LibraryFailure();
     SmbShares shares;
     while (const smbc_dirent* entry = smbc_readdir(static_cast<unsigned>(server))) {
         if (entry->smbc_type != SMBC_FILE_SHARE && entry->smbc_type != SMBC_PRINTER_SHARE)
@@ -359,7 +282,7 @@ int SmbClient::ListFolder(const SmbRequest& request, const QByteArray& url, cons
     errno = 0;
     const int folder = smbc_opendir(url.constData());
     if (folder < 0) {
-        const int status = Failure();
+        const int status = LibraryFailure();
         struct stat top = {};
         // The top of a share that holds nothing, not even "." and "..", looks as if it weren't.
         const bool isEmptyTop =
@@ -394,118 +317,9 @@ int SmbClient::Stat(const QByteArray& url, const Part& part) {
     struct stat file = {};
     errno = 0;
     if (smbc_stat(url.constData(), &file) < 0)
-        return Failure();
+        return LibraryFailure();
     part(EntryOf(file));
     return 0;
-}
-
-int SmbClient::Inspect(const QByteArray& url, const Part& part) {
-    if (const int status = OpenFile(url); status != 0)
-        return status;
-    struct stat file = {};
-    errno = 0;
-    if (smbc_fstat(file_, &file) < 0) {
-        const int status = Failure();
-        CloseFile();
-        return status;
-    }
-    part(EntryOf(file));
-    return 0;
-}
-
-/// Reads of one file come one after the other: it stays open between them, which saves two of
-/// three round trips.
-int SmbClient::OpenFile(const QByteArray& url) {
-    if (file_ >= 0 && fileUrl_ == url)
-        return 0;
-    CloseFile();
-    errno = 0;
-    file_ = smbc_open(url.constData(), O_RDONLY, 0);
-    fileUrl_ = url;
-    return file_ < 0 ? Failure() : 0;
-}
-
-void SmbClient::CloseFile() {
-    if (file_ >= 0)
-        smbc_close(file_);
-    file_ = -1;
-}
-
-int SmbClient::Read(const SmbRequest& request, const QByteArray& url, const Part& part) {
-    if (const int status = OpenFile(url); status != 0)
-        return status;
-    const int status = ReadPieces(request, part);
-    if (status != 0)
-        CloseFile();
-    return status;
-}
-
-int SmbClient::ReadPieces(const SmbRequest& request, const Part& part) {
-    errno = 0;
-    if (smbc_lseek(file_, request.offset, SEEK_SET) < 0)
-        return Failure();
-    for (qint64 left = request.length; left > 0;) {
-        SmbData data{QByteArray(std::min<qint64>(left, SmbData::MaxBytes), Qt::Uninitialized)};
-        errno = 0;
-        const ssize_t count =
-            smbc_read(file_, data.bytes.data(), static_cast<std::size_t>(data.bytes.size()));
-        if (count < 0)
-            return Failure();
-        if (count == 0)
-            return 0;
-        data.bytes.truncate(count);
-        left -= count;
-        if (!part(data))
-            return ECANCELED;
-    }
-    return 0;
-}
-
-int SmbClient::Fetch(const SmbRequest& request, const QByteArray& url, const Part& part) {
-    if (!memory_)
-        memory_ = SmbMemory::Open(SmbMemoryDescriptor);
-    if (!memory_)
-        return ENOMEM;
-    if (const int status = OpenFile(url); status != 0)
-        return status;
-    const int status = FetchPieces(request, part);
-    if (status != 0)
-        CloseFile();
-    return status;
-}
-
-/// The program stores one piece while the next is read.
-int SmbClient::FetchPieces(const SmbRequest& request, const Part& part) {
-    errno = 0;
-    if (smbc_lseek(file_, request.offset, SEEK_SET) < 0)
-        return Failure();
-    for (quint32 at = 0; at < request.length;) {
-        errno = 0;
-        const ssize_t count =
-            smbc_read(file_, memory_->Data() + at, std::min(request.length - at, PieceBytes));
-        if (count < 0)
-            return Failure();
-        if (count == 0)
-            return 0;
-        const auto length = static_cast<quint32>(count);
-        if (!part(SmbFetched{.begin = at, .length = length}))
-            return ECANCELED;
-        at += length;
-    }
-    return 0;
-}
-
-int SmbClient::Workgroup(const QByteArray& url, const Part& part) {
-    errno = 0;
-    const int pipe = smbc_open(url.constData(), O_RDWR, 0);
-    if (pipe < 0)
-        return Failure();
-    SmbWorkgroup workgroup;
-    const int status = AskWorkgroup(pipe, workgroup.name);
-    smbc_close(pipe);
-    if (status == 0)
-        part(workgroup);
-    return status;
 }
 
 } // namespace netrove

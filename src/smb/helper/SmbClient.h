@@ -1,13 +1,11 @@
 #pragma once
 
-#include "smb/SmbMemory.h"
 #include "smb/SmbMessages.h"
+#include "smb/helper/RemoteFile.h"
 
 #include <QByteArray>
 #include <libsmbclient.h>
 
-#include <functional>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -17,8 +15,7 @@ namespace netrove {
 /// process, and so there is one object.
 class SmbClient {
 public:
-    /// Takes one part of an answer; false where nobody wants more.
-    using Part = std::function<bool(const SmbAnswer& part)>;
+    using Part = RemoteFile::Part;
 
     SmbClient();
     SmbClient(const SmbClient&) = delete;
@@ -32,7 +29,7 @@ public:
     [[nodiscard]] int Do(const SmbRequest& request, const Part& part);
 
     /// Closes the file that reads keep open.
-    void CloseFile();
+    void CloseFile() { file_.Close(); }
 
 private:
     /// How a server is asked to let us in. Guests come in two ways: Windows lets in "guest" but
@@ -56,13 +53,6 @@ private:
                                  const Part& part);
     [[nodiscard]] int SendEntries(int folder, const Part& part);
     [[nodiscard]] int Stat(const QByteArray& url, const Part& part);
-    [[nodiscard]] int Read(const SmbRequest& request, const QByteArray& url, const Part& part);
-    [[nodiscard]] int Inspect(const QByteArray& url, const Part& part);
-    [[nodiscard]] int Fetch(const SmbRequest& request, const QByteArray& url, const Part& part);
-    [[nodiscard]] int ReadPieces(const SmbRequest& request, const Part& part);
-    [[nodiscard]] int FetchPieces(const SmbRequest& request, const Part& part);
-    [[nodiscard]] static int Workgroup(const QByteArray& url, const Part& part);
-    [[nodiscard]] int OpenFile(const QByteArray& url);
 
     SMBCCTX* context_ = nullptr;
     /// Whom the requests are of: another logon or server is asked anew.
@@ -75,9 +65,7 @@ private:
     QString kerberosHost_;     ///< empty where Kerberos can't be tried
     bool signingRequired_ = false;
     QString share_; ///< the one asked last
-    QByteArray fileUrl_;
-    int file_ = -1;
-    std::unique_ptr<SmbMemory> memory_; ///< null until it is needed
+    RemoteFile file_;
 };
 
 } // namespace netrove

@@ -1,0 +1,60 @@
+#include "skins/frame/FrameButton.h"
+
+#include "skins/frame/FramePainter.h"
+
+namespace netrove {
+namespace {
+
+QString GlyphName(FrameCell glyph) {
+    switch (glyph) {
+    case FrameCell::Minimize:
+        return QStringLiteral("Minimize");
+    case FrameCell::Maximize:
+        return QStringLiteral("Maximize");
+    case FrameCell::Restore:
+        return QStringLiteral("Restore");
+    case FrameCell::Close:
+        return QStringLiteral("Close");
+    case FrameCell::Face:
+    case FrameCell::FaceUnderMouse:
+    case FrameCell::FacePressed:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+FrameButton::FrameButton(QWidget& titleBar, FrameCell glyph)
+    : QAbstractButton(&titleBar), glyph_(glyph) {
+    setObjectName(QLatin1String("frameButton") + GlyphName(glyph));
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_Hover);
+    setCursor(Qt::ArrowCursor);
+    SetGlyph(glyph);
+}
+
+void FrameButton::SetGlyph(FrameCell glyph) {
+    glyph_ = glyph;
+    setAccessibleName(GlyphName(glyph));
+    setToolTip(GlyphName(glyph));
+    update();
+}
+
+void FrameButton::SetLook(std::shared_ptr<const FrameLook> look) {
+    look_ = std::move(look);
+    update();
+}
+
+FrameCell FrameButton::Face() const {
+    if (isDown())
+        return FrameCell::FacePressed;
+    return underMouse() ? FrameCell::FaceUnderMouse : FrameCell::Face;
+}
+
+void FrameButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    FramePainter(*look_, painter, isActiveWindow()).PaintButton(rect(), Face(), glyph_);
+}
+
+} // namespace netrove

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "skins/frame/FrameLook.h"
+
+#include <QMenuBar>
+#include <QPointer>
+
+#include <optional>
+
+namespace netrove {
+
+/// The font and colours of a window's menu bar: gives it those of a skin, and takes them back.
+class MenuBarLook {
+public:
+    /// Does nothing where the window has no menu bar.
+    void Put(QWidget& window, const FrameLook& look);
+    void TakeBack();
+
+private:
+    /// What the bar had been given before; nothing where it followed the desktop.
+    struct Own {
+        std::optional<QPalette> palette;
+        std::optional<QFont> font;
+        bool fillsBackground;
+    };
+
+    QPointer<QMenuBar> bar_;
+    Own own_;
+};
+
+} // namespace netrove

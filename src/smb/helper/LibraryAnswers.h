@@ -1,0 +1,19 @@
+#pragma once
+
+#include "smb/SmbMessages.h"
+
+#include <ctime>
+
+#include <sys/stat.h>
+
+namespace netrove {
+
+/// The errno of the library's call that has just failed; it leaves that at 0 at times.
+[[nodiscard]] int LibraryFailure();
+
+[[nodiscard]] qint64 Milliseconds(const timespec& time);
+
+/// What the library tells of one file.
+[[nodiscard]] SmbEntries EntryOf(const struct stat& file);
+
+} // namespace netrove

@@ -1,0 +1,196 @@
+#include "browser/frmNWDialog.h"
+#include "fakes/MemoryKeyring.h"
+#include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
+#include "gui/ShownTexts.h"
+#include "gui/TestDesktop.h"
+#include "gui/WindowDriver.h"
+#include "logons/frmLogon.h"
+#include "logons/frmLogons.h"
+#include "silent/frmSilent.h"
+#include "skins/frmCustomizeSkin.h"
+
+#include <QPainter>
+#include <QToolTip>
+
+namespace netrove {
+namespace {
+
+constexpr double Readable = 3;
+
+/// Texts that the table of the skins makes what they are.
+struct Exception {
+    const char* control;
+    int skin;
+    const char* reason;
+};
+constexpr Exception Exceptions[] = {
+    {"HyperLbl", 4, "links are pure blue, and the window is black"},
+    {"highlighted", 3, "the highlighted menu is white on light blue"},
+};
+
+QPalette DarkDesktop() {
+    QPalette dark(QColor(49, 54, 59), QColor(49, 54, 59));
+    dark.setColor(QPalette::Base, QColor(35, 38, 41));
+    dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    dark.setColor(QPalette::HighlightedText, QColor(20, 20, 20));
+    dark.setColor(QPalette::Link, QColor(41, 128, 185));
+    dark.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128)); // forgotten by some themes
+    return dark;
+}
+
+class NoReport : public NetworkReport {
+public:
+    void Begin() override {}
+    const std::vector<SilentComputer>& SilentComputers() const override { return silent_; }
+
+private:
+    std::vector<SilentComputer> silent_{
+        {Text("\\\\PELICAN"), Text("It can't be reached."), QDateTime::currentDateTime()}};
+};
+
+/// The program under one skin on one desktop, with every window that it has.
+class SkinContrast : public testing::TestWithParam<std::tuple<int, bool>>, public TestDesktop {
+protected:
+    SkinContrast() {
+        QApplication::setPalette(std::get<bool>(GetParam()) ? DarkDesktop() : QPalette());
+        network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
+        network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
+        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\S"));
+        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
+        network.AddFile(Text("\\\\S\\D\\one.mp3"), 1500000);
+        ProfileFile(IniFileName(folder.path()))
+            .WriteIni(Text("Skin"), Text("Index"), QString::number(Skin()));
+        window = std::make_unique<frmNetrove>(Services(network));
+        WindowDriver driver(*window);
+        driver.Open();
+        driver.Search("*.mp3");
+        logons->Store({.computer = Text("LANTERN"), .user = Text("me")}, [](auto) {});
+    }
+    ~SkinContrast() override {
+        window.reset();
+        QApplication::setPalette(QPalette());
+    }
+
+    [[nodiscard]] static int Skin() { return std::get<int>(GetParam()); }
+
+    void ExpectReadable(QWidget& shown) {
+        QCoreApplication::processEvents();
+        const QImage picture = shown.grab().toImage();
+        const std::vector<ShownText> texts = ShownTexts(shown);
+        EXPECT_FALSE(texts.empty()) << shown.objectName().toStdString();
+        for (const ShownText& text : texts) {
+            if (IsExempt(text))
+                continue;
+            EXPECT_GE(PaintedContrast(picture, text.area), Readable)
+                << text.name.toStdString() << " of " << shown.objectName().toStdString();
+        }
+        if (const QString folder = qEnvironmentVariable("SKIN_PICTURES"); !folder.isEmpty())
+            picture.save(folder + QStringLiteral("/%1-%2-%3.png")
+                                      .arg(shown.objectName())
+                                      .arg(Skin())
+                                      .arg(std::get<bool>(GetParam())));
+    }
+
+    [[nodiscard]] static bool IsExempt(const ShownText& text) {
+        if (text.disabled && (text.desktop || Skin() == 0))
+            return true; // how much a desktop fades what is switched off is its own choice
+        return std::any_of(std::begin(Exceptions), std::end(Exceptions), [&](const auto& one) {
+            return text.name == QLatin1String(one.control) && Skin() == one.skin;
+        });
+    }
+
+    /// Every dialog of the program: one more is a line more.
+    std::vector<QWidget*> Dialogs() {
+        SkinSelection& skin = window->Skins();
+        QWidget* owner = window.get();
+        return {
+            new frmNWDialog({.network = network,
+                             .settings = window->ProgramSettings(),
+                             .exclusions = exclusions,
+                             .log = log,
+                             .dialogs = dialogs,
+                             .openHelp = {},
+                             .skin = &skin},
+                            owner),
+            new frmSilent(report, &skin, owner),
+            new frmLogons({.logons = logons,
+                           .dialogs = dialogs,
+                           .shareList = {},
+                           .helper = {},
+                           .skin = &skin},
+                          owner),
+            new frmLogon(nullptr, {.hasKeyring = false, .dialogs = dialogs, .skin = &skin}, owner),
+            new frmCustomizeSkin({.owner = &skin, .openHelp = {}}, owner),
+        };
+    }
+
+    MemoryNetwork network;
+    NoReport report;
+    ExclusionLists exclusions;
+    Settings settings;
+    TroubleshootingLog log{settings};
+    std::shared_ptr<Logons> logons = std::make_shared<Logons>(std::make_shared<MemoryKeyring>());
+    std::unique_ptr<frmNetrove> window;
+};
+
+TEST_P(SkinContrast, EveryTextCanBeRead) {
+    ExpectReadable(*window);
+    auto& tabs = *window->findChild<QTabWidget*>(Text("SSTab1"));
+    tabs.setCurrentIndex(1);
+    ExpectReadable(*window);
+    tabs.setCurrentIndex(0);
+
+    for (QWidget* dialog : Dialogs()) {
+        dialog->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog));
+        ExpectReadable(*dialog);
+        if (auto* boxes = qobject_cast<frmCustomizeSkin*>(dialog)) {
+            for (QCheckBox* box : boxes->findChildren<QCheckBox*>())
+                box->setChecked(true);
+            ExpectReadable(*dialog);
+        }
+        if (auto* browser = qobject_cast<frmNWDialog*>(dialog)) {
+            auto* ok = browser->findChild<QPushButton*>(Text("cmdOk"));
+            ASSERT_TRUE(QTest::qWaitFor([&] { return ok->isEnabled(); }));
+            ExpectReadable(*dialog);
+        }
+        dialog->hide();
+    }
+}
+
+TEST_P(SkinContrast, PopUpsCanBeRead) {
+    QMenuBar& bar = *window->menuBar();
+    ExpectReadable(bar);
+    bar.setObjectName(Text("highlighted"));
+    bar.setActiveAction(bar.actions().first());
+    ExpectReadable(bar);
+    QApplication::activePopupWidget()->close();
+
+    for (const char* name : {"mnuSkinTOP", "PopUp2Mnu"}) {
+        auto& menu = *window->findChild<QMenu*>(Text(name));
+        menu.popup(window->mapToGlobal(QPoint(50, 50)));
+        menu.setActiveAction(menu.actions().at(1));
+        ExpectReadable(menu);
+        menu.close();
+    }
+    auto& combo = *window->findChild<QComboBox*>(Text("LstSearchFor"));
+    combo.showPopup();
+    ExpectReadable(*combo.view()->window());
+    combo.hidePopup();
+
+    QToolTip::showText(window->mapToGlobal(QPoint(60, 60)), Text("Select this to search"),
+                       window->findChild<QWidget*>(Text("chkRecurse")));
+    QWidget* tip = nullptr;
+    for (QWidget* shown : QApplication::topLevelWidgets())
+        tip = shown->inherits("QTipLabel") ? shown : tip;
+    ASSERT_TRUE(tip);
+    ExpectReadable(*tip);
+    QToolTip::hideText();
+}
+
+INSTANTIATE_TEST_SUITE_P(All, SkinContrast,
+                         testing::Combine(testing::Range(0, 6), testing::Bool()));
+
+} // namespace
+} // namespace netrove

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "skins/frame/PaintedSkinFrame.h"
+
+#include <QMainWindow>
+#include <QMenuBar>
+
+#include <array>
+
+namespace netrove {
+
+/// A skin of plain colours: each piece of its pictures can be told by its own.
+class PlainSkin {
+public:
+    static constexpr int RowHeight = 40; ///< more than a line of text needs
+    static constexpr int PieceWidth = 20;
+    static constexpr int CellWidth = 24;
+    static constexpr int Border = 5;
+    // Left cap, tile, divider, filler, right cap.
+    static constexpr std::array Pieces{Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::yellow};
+    // Face, face under the mouse, face pressed, and the four glyphs.
+    static constexpr std::array Cells{Qt::darkRed,   Qt::darkGreen, Qt::darkBlue,  Qt::white,
+                                      Qt::lightGray, Qt::gray,      Qt::darkYellow};
+
+    PlainSkin() {
+        configuration.TitlePicture = Picture(Pieces, PieceWidth, RowHeight);
+        configuration.FramePicture = Picture(Cells, CellWidth, CellWidth);
+        configuration.TitleMetric1 = 2;
+        configuration.TitleMetric2 = 4;
+        configuration.TitleMetric3 = PieceWidth;
+        configuration.TitleMetric4 = 2 * PieceWidth;
+        configuration.TitleMetric5 = 3 * PieceWidth;
+        configuration.TitleMetric6 = 4 * PieceWidth;
+        configuration.TitleColor1 = 0x000000;
+        configuration.TitleColor2 = 0x808080;
+        configuration.BarColor1 = 0x0000C0;
+        configuration.BarColor2 = 0x00FFFF;
+        configuration.BarColor3 = 0xFF0000;
+        configuration.BarColor4 = 0xC0E0A0;
+        configuration.FrameMetric1 = Border;
+        configuration.FrameMetric4 = 6;
+        configuration.FrameFlag1 = -1;
+    }
+
+    PaintedSkinFrame painter;
+    SkinConfiguration configuration{painter};
+
+private:
+    /// The second row is darker.
+    template <std::size_t Count>
+    static QPixmap Picture(const std::array<Qt::GlobalColor, Count>& colors, int width,
+                           int height) {
+        QPixmap picture(int(Count) * width, 2 * height);
+        QPainter painter(&picture);
+        for (int index = 0; index < int(Count); ++index) {
+            const QColor color = colors[std::size_t(index)];
+            painter.fillRect(index * width, 0, width, height, color);
+            painter.fillRect(index * width, height, width, height, color.darker());
+        }
+        return picture;
+    }
+};
+
+/// A window with a menu bar and something in it.
+class PlainWindow : public QMainWindow {
+public:
+    PlainWindow() {
+        setWindowTitle(QStringLiteral("Plain"));
+        menuBar()->addMenu(QStringLiteral("&File"))->addAction(QStringLiteral("Any"));
+        menuBar()->addMenu(QStringLiteral("&Help"));
+        setCentralWidget(new QWidget);
+        setGeometry(60, 60, 400, 300);
+    }
+};
+
+} // namespace netrove
