@@ -12,6 +12,7 @@ LinkLabel::LinkLabel(const QString& name, const QString& text, const QString& to
     setObjectName(name);
     setTextFormat(Qt::PlainText);
     setToolTip(toolTip);
+    setAccessibleDescription(toolTip);
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
