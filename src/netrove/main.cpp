@@ -1,19 +1,7 @@
-#include "downloads/copier/FileCopier.h"
-#include "logons/frmLogons.h"
-#include "mainwindow/frmNetrove.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
 #include "netrove/StartArguments.h"
-#include "online/webfiles/WebSite.h"
-#include "platform/ApplicationFolder.h"
-#include "platform/LinuxSystemInformation.h"
+#include "netrove/WindowProgram.h"
 #include "platform/desktop/DesktopApplication.h"
-#include "platform/desktop/DesktopDialogs.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/DesktopShell.h"
-#include "platform/desktop/WindowYield.h"
-#include "platform/http/HttpReader.h"
-#include "platform/keyring/DesktopKeyring.h"
-#include "platform/network/OpenNetwork.h"
 #include "runtime/ProgramVersion.h"
 
 #include <cstdio>
@@ -35,19 +23,6 @@ void Print(const QString& text, std::FILE* stream) {
     std::fputs(text.toLocal8Bit().constData(), stream);
 }
 
-void ShowLogons(QWidget& owner, const netrove::SkinOwner& skin,
-                const std::shared_ptr<netrove::Logons>& logons, netrove::Network& network,
-                netrove::Dialogs& dialogs) {
-    netrove::frmLogons(
-        {.logons = logons,
-         .dialogs = dialogs,
-         .shareList = [&](const QString& computer) { return network.ShareListRequest(computer); },
-         .helper = netrove::SmbPool::DefaultHelper(),
-         .skin = &skin},
-        &owner)
-        .exec();
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -66,56 +41,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("netrove"));
     QApplication::setWindowIcon(netrove::ProgramIcon());
 
-    netrove::WindowYield yield;
-    const QString folder = netrove::ApplicationFolder();
-    const auto logons =
-        std::make_shared<netrove::Logons>(std::make_shared<netrove::DesktopKeyring>());
-    const netrove::OpenedNetwork opened = netrove::OpenNetwork(folder, logons);
-    netrove::DesktopDialogs dialogs;
-    dialogs.SetNetwork(*opened.network);
-    netrove::DesktopShell shell(*opened.network);
-    netrove::DesktopFileTypes fileTypes;
-    netrove::LinuxSystemInformation system;
-    netrove::HttpReader http;
-    const auto site = netrove::WebSite::Read(
-        netrove::ProfileFile(netrove::IniFileName(folder)),
-        {QStringLiteral(NETROVE_WEB_ADDRESS), QStringLiteral(NETROVE_CONTACT_ADDRESS)});
-
-    netrove::frmNetrove window(
-        {.network = *opened.network,
-         .files = *opened.network,
-         .dialogs = dialogs,
-         .shell = shell,
-         .fileTypes = fileTypes,
-         .systemIcon = [&](int index) { return fileTypes.Icon(index); },
-         .system = system,
-         .applicationFolder = folder,
-         .webAddress = site.address,
-         .contactAddress = site.contact,
-         .http = &http,
-         .newCopyQ =
-             [&] {
-                 return std::make_unique<netrove::FileCopier>(
-                     *opened.network,
-                     netrove::CopyLimits{.helper = netrove::SmbPool::DefaultHelper(),
-                                         .logons = logons});
-             },
-         .ahead = opened.network.get(),
-         .report = &opened.network->Report(),
-         .letAbandon =
-             [&](QAbstractButton& button, std::function<bool()> isPressed) {
-                 yield.SetAbandon(button, std::move(isPressed));
-             },
-         .showLogons =
-             [&](QWidget& owner, const netrove::SkinOwner& skin) {
-                 ShowLogons(owner, skin, logons, *opened.network, dialogs);
-             }});
-    dialogs.SetParent(&window);
-    window.Form_Load();
-    if (!opened.problems.isEmpty())
-        dialogs.Message(netrove::MessageIcon::Exclamation,
-                        opened.problems.join(QStringLiteral("\r\n")),
-                        QStringLiteral("Network Configuration"));
-    window.OpenResultsFiles(start.Files());
+    netrove::WindowProgram program;
+    program.Start(start.Files());
     return QApplication::exec();
 }
