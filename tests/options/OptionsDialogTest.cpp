@@ -316,6 +316,12 @@ TEST_F(Options, FormatsShowTheirEffect) {
         Enter("txtDateFormat", Text(format));
         EXPECT_EQ(Find<QLabel>("lblDateEx").text(), Text(shown));
     }
+    Enter("txtDateFormat", QString(500, u'-'));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Find<QWidget>("txtDateFormat").visibleRegion().boundingRect().size() ==
+                Find<QWidget>("txtDateFormat").size())
+        << "a long one moves nothing out of the dialog";
+    Enter("txtDateFormat", QString());
     Click("cmdApply");
     EXPECT_EQ(settings.SizeNumDec, 0) << "it stays";
     EXPECT_EQ(settings.DateFormat, QString());
