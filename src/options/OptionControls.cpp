@@ -144,6 +144,8 @@ void OptionControls::MakeFormats(OptionPage& page) {
     page.AddField("Date Format for Results:", *txtDateFormat);
     lblDateEx = MakeLabel(parent, "lblDateEx", "");
     lblDateEx->setTextFormat(Qt::PlainText);
+    // The user makes it as long as they like.
+    lblDateEx->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     page.AddPair(*MakeLabel(parent, "lblConstDate", "September 18, 1999 2:32:21 PM shows as:"),
                  *lblDateEx);
 }

@@ -7,35 +7,33 @@ namespace {
 
 using Options = OpenOptions;
 
-/// What stands in the dialog for each setting.
-struct UnusualSettings {
-    static Settings Make(const QString& folder) {
-        Settings settings;
-        settings.SaveFolder = folder;
-        settings.MaxReturnFiles = 77;
-        settings.MaxConcurrentDownloads = 9;
-        settings.ColorsState = 0;
-        settings.GridsState = 1;
-        settings.AutoAsterisks = false;
-        settings.IncludeVirtualShares = true;
-        settings.IncludeCurrentComputer = true;
-        settings.IncludeAdminShares = true;
-        settings.IncludeMP3Info = true;
-        settings.MinToTray = true;
-        settings.SwitchToDloadTab = false;
-        settings.Troubleshooting = 1;
-        settings.SizeFormat = 2;
-        settings.SizeNumDec = 7;
-        settings.DateFormat = Text(" YYYY-MM-DD ");
-        settings.ShowListIcons = true;
-        settings.ListIconType = 1;
-        settings.ShowFileTypes = true;
-        settings.ExcludeNetNodes = false;
-        settings.ExcNetNodes = {Text("a|False|Network"), Text(" ||x"), Text("b||workstation")};
-        settings.Font_CharSet = 238;
-        return settings;
-    }
-};
+/// Other than the initial ones, each of them.
+Settings UnusualSettings(const QString& folder) {
+    Settings settings;
+    settings.SaveFolder = folder;
+    settings.MaxReturnFiles = 77;
+    settings.MaxConcurrentDownloads = 9;
+    settings.ColorsState = 0;
+    settings.GridsState = 1;
+    settings.AutoAsterisks = false;
+    settings.IncludeVirtualShares = true;
+    settings.IncludeCurrentComputer = true;
+    settings.IncludeAdminShares = true;
+    settings.IncludeMP3Info = true;
+    settings.MinToTray = true;
+    settings.SwitchToDloadTab = false;
+    settings.Troubleshooting = 1;
+    settings.SizeFormat = 2;
+    settings.SizeNumDec = 7;
+    settings.DateFormat = Text(" YYYY-MM-DD ");
+    settings.ShowListIcons = true;
+    settings.ListIconType = 1;
+    settings.ShowFileTypes = true;
+    settings.ExcludeNetNodes = false;
+    settings.ExcNetNodes = {Text("a|False|Network"), Text(" ||x"), Text("b||workstation")};
+    settings.Font_CharSet = 238;
+    return settings;
+}
 
 /// Every setting but those that the dialog doesn't have, as one text.
 std::string Shown(const Settings& settings) {
@@ -67,7 +65,7 @@ std::string Shown(const Settings& settings) {
 
 TEST_F(Options, WhatIsLoadedIsTakenBack) {
     const Settings defaults = settings;
-    for (const Settings& before : {defaults, UnusualSettings::Make(folder.path())}) {
+    for (const Settings& before : {defaults, UnusualSettings(folder.path())}) {
         settings = before;
         settings.DefaultNetNodes = defaults.DefaultNetNodes;
         Open();
@@ -283,7 +281,7 @@ TEST_F(Options, ChoosersFailAloud) {
 
 TEST_F(Options, DefaultsTakeEffectWithApply) {
     const Settings defaults = settings;
-    settings = UnusualSettings::Make(folder.path());
+    settings = UnusualSettings(folder.path());
     settings.DefaultNetNodes = defaults.DefaultNetNodes;
     QDir(folder.path()).mkdir(Text("Downloads"));
     Open();
@@ -316,6 +314,12 @@ TEST_F(Options, FormatsShowTheirEffect) {
         Enter("txtDateFormat", Text(format));
         EXPECT_EQ(Find<QLabel>("lblDateEx").text(), Text(shown));
     }
+    Enter("txtDateFormat", QString(500, u'-'));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Find<QWidget>("txtDateFormat").visibleRegion().boundingRect().size() ==
+                Find<QWidget>("txtDateFormat").size())
+        << "a long one moves nothing out of the dialog";
+    Enter("txtDateFormat", QString());
     Click("cmdApply");
     EXPECT_EQ(settings.SizeNumDec, 0) << "it stays";
     EXPECT_EQ(settings.DateFormat, QString());
