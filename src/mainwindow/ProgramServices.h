@@ -9,6 +9,7 @@
 #include "platform/ReadAhead.h"
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
+#include "platform/Tray.h"
 #include "skins/SkinOwner.h"
 
 #include <QAbstractButton>
@@ -28,6 +29,7 @@ struct ProgramServices {
     FileTypes& fileTypes;
     IconImages::SystemIcon systemIcon; ///< the pictures of what fileTypes tells
     SystemInformation& system;
+    Tray& tray;
     QString applicationFolder; ///< without a closing separator
     QString webAddress;        ///< of the program's web site
     /// Makes what copies the downloads; without one, each download fails at its start.

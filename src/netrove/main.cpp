@@ -8,6 +8,8 @@
 #include "platform/desktop/DesktopDialogs.h"
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/DesktopShell.h"
+#include "platform/desktop/DesktopTray.h"
+#include "platform/desktop/SessionEnd.h"
 #include "platform/desktop/WindowYield.h"
 #include "platform/keyring/DesktopKeyring.h"
 #include "platform/network/OpenNetwork.h"
@@ -35,6 +37,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(NETROVE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("netrove"));
     QApplication::setWindowIcon(netrove::ProgramIcon());
+    // A window in the tray is none that the toolkit counts.
+    QApplication::setQuitOnLastWindowClosed(false);
 
     netrove::WindowYield yield;
     const QString folder = netrove::ApplicationFolder();
@@ -45,6 +49,7 @@ int main(int argc, char** argv) {
     netrove::DesktopShell shell(*opened.network);
     netrove::DesktopFileTypes fileTypes;
     netrove::LinuxSystemInformation system;
+    netrove::DesktopTray tray;
 
     netrove::frmNetrove window(
         {.network = *opened.network,
@@ -54,6 +59,7 @@ int main(int argc, char** argv) {
          .fileTypes = fileTypes,
          .systemIcon = [&](int index) { return fileTypes.Icon(index); },
          .system = system,
+         .tray = tray,
          .applicationFolder = folder,
          .webAddress = QStringLiteral(NETROVE_WEB_ADDRESS),
          .newCopyQ =
@@ -79,5 +85,12 @@ int main(int argc, char** argv) {
         dialogs.Message(netrove::MessageIcon::Exclamation,
                         opened.problems.join(QStringLiteral("\r\n")),
                         QStringLiteral("Network Configuration"));
+    QObject::connect(
+        &window, &netrove::frmNetrove::Unloaded, &application, [] { QApplication::exit(); },
+        Qt::QueuedConnection);
+    const netrove::SessionEnd sessionEnd({.isBusy = [&] { return window.IsBusy(); },
+                                          .agrees = [&] { return window.Form_QueryUnload(); },
+                                          .save = [&] { window.SaveSettings(); },
+                                          .end = [&] { window.EndSession(); }});
     return QApplication::exec();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fakes/DesktopFakes.h"
+#include "fakes/FakeTray.h"
 #include "mainwindow/ProgramServices.h"
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/WindowYield.h"
@@ -17,6 +18,7 @@ struct TestDesktop {
     RecordedShell shell;
     DesktopFileTypes fileTypes;
     TestSystem system;
+    FakeTray tray;
     WindowYield yield;
 
     /// For a window over this network, whose settings are in that folder.
@@ -30,6 +32,7 @@ struct TestDesktop {
                 .fileTypes = fileTypes,
                 .systemIcon = [this](int index) { return fileTypes.Icon(index); },
                 .system = system,
+                .tray = tray,
                 .applicationFolder = applicationFolder,
                 .webAddress = QStringLiteral("https://www.example.com/"),
                 .newCopyQ = std::move(newCopyQ),
