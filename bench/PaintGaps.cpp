@@ -5,6 +5,7 @@
 #include "platform/desktop/DesktopDialogs.h"
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/DesktopShell.h"
+#include "platform/desktop/DesktopTray.h"
 #include "platform/desktop/WindowYield.h"
 #include "platform/network/OpenNetwork.h"
 
@@ -141,6 +142,7 @@ int main(int argc, char** argv) {
     netrove::DesktopShell shell(*opened.network);
     netrove::DesktopFileTypes fileTypes;
     netrove::LinuxSystemInformation system;
+    netrove::DesktopTray tray;
     const netrove::WindowYield yield;
     netrove::frmNetrove window({.network = *opened.network,
                                 .files = *opened.network,
@@ -149,6 +151,7 @@ int main(int argc, char** argv) {
                                 .fileTypes = fileTypes,
                                 .systemIcon = [&](int index) { return fileTypes.Icon(index); },
                                 .system = system,
+                                .tray = tray,
                                 .applicationFolder = folder,
                                 .webAddress = QStringLiteral("https://www.example.com/"),
                                 .ahead = opened.network.get()});

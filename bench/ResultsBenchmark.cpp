@@ -1,4 +1,5 @@
 #include "fakes/DesktopFakes.h"
+#include "fakes/FakeTray.h"
 #include "mainwindow/frmNetrove.h"
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/WindowYield.h"
@@ -67,6 +68,7 @@ struct Window {
                   .fileTypes = fileTypes,
                   .systemIcon = [this](int index) { return fileTypes.Icon(index); },
                   .system = system,
+                  .tray = tray,
                   .applicationFolder = folder,
                   .webAddress = QString(),
                   .ahead = &network}) {
@@ -85,6 +87,7 @@ struct Window {
     RecordedShell shell;
     DesktopFileTypes fileTypes;
     TestSystem system;
+    FakeTray tray;
     WindowYield yield;
     frmNetrove window;
 };

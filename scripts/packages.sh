@@ -2,7 +2,7 @@
 
 BUILD_PACKAGES=(
     cmake ninja-build g++ pkg-config ccache
-    qt6-base-dev libsmbclient-dev libdbus-1-dev qtkeychain-qt6-dev
+    qt6-base-dev libsmbclient-dev libdbus-1-dev qtkeychain-qt6-dev libxcb1-dev
 )
 RUN_PACKAGES=(
     libqt6svg6 shared-mime-info xdg-utils adwaita-icon-theme fonts-liberation

@@ -10,6 +10,7 @@
 #include "platform/ReadAhead.h"
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
+#include "platform/Tray.h"
 #include "skins/SkinOwner.h"
 
 #include <QAbstractButton>
@@ -29,6 +30,7 @@ struct ProgramServices {
     FileTypes& fileTypes;
     IconImages::SystemIcon systemIcon; ///< the pictures of what fileTypes tells
     SystemInformation& system;
+    Tray& tray;
     QString applicationFolder; ///< without a closing separator
     QString webAddress;        ///< of the program's web site
     QString contactAddress;    ///< for letters about the program

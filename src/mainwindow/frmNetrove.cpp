@@ -20,8 +20,13 @@
 #include <QMouseEvent>
 #include <QShortcut>
 
+#include <chrono>
+
 namespace netrove {
 namespace {
+
+/// How often the end of the session looks whether the running job has ended.
+constexpr std::chrono::milliseconds EndInterval{50};
 
 /// Lets no handler in while it lives: a window that was closed in the middle of its start would
 /// save settings that it has only half read.
@@ -104,7 +109,10 @@ frmNetrove::frmNetrove(const ProgramServices& services)
                      .applicationFolder = services.applicationFolder,
                      .SaveSkinXML = [this] { skins_.SaveSkinXML(); }},
                     IniFileName(services.applicationFolder))
-    , skins_(SkinMenu(), SkinnedControls(), SkinServices()) {
+    , skins_(SkinMenu(), SkinnedControls(), SkinServices())
+    , tray_({*this, *controls_.RetFileLbl, *menu_->Menu(Text("PopUp4Mnu")),
+             *menu_->Item(Text("mnuRestore"))},
+            {services.tray, skins_, settings_.SkinIndex, services.dialogs, [this] { Unload(); }}) {
     settings_.SaveFolder = DownloadsFolder(services.applicationFolder);
     resize(ToPixels(WindowLayout::MinFormWidth), ToPixels(WindowLayout::MinFormHeight));
     setObjectName(Text("frmNetrove"));
@@ -182,7 +190,7 @@ MainMenu* frmNetrove::MakeMenu() {
     for (const int index : {0, 1})
         menu->Connect(Element("mnuListsFol", index), this,
                       [this, index] { resultsFile_.mnuListsFol_Click(index); });
-    menu->Connect(Text("mnuExit1"), this, [this] { close(); });
+    menu->Connect(Text("mnuExit1"), this, [this] { Unload(); });
     menu->Connect(Text("mnuCont"), this, [this] { OpenHelp(); });
     menu->Connect(Text("mnuTBS"), this, [this] { shell_.ShellRun(services_.webAddress); });
     for (int index = 0; index <= SkinSelection::LastSkin; ++index)
@@ -203,6 +211,7 @@ MainMenu* frmNetrove::MakeMenu() {
                       [this, index] { start_.mnuInpNetNode_Click(index); });
     ConnectListMenus(*menu);
     ConnectHelpMenu(*menu);
+    ConnectTrayMenu(*menu);
     return menu;
 }
 
@@ -265,6 +274,13 @@ void frmNetrove::ConnectListMenus(MainMenu& menu) {
     menu.Connect(Text("mnuSampleFile"), this, [this] { lists_.mnuSampleFile_Click(); });
     // A line of information, to be read like the others.
     menu.Item(Text("mnuTheWkGP"))->setEnabled(true);
+}
+
+void frmNetrove::ConnectTrayMenu(MainMenu& menu) {
+    menu.Connect(Text("mnuRestore"), this, [this] { tray_.mnuRestore_Click(); });
+    menu.Connect(Text("mnuMax"), this, [this] { tray_.mnuMax_Click(); });
+    menu.Connect(Text("mnuMin"), this, [this] { tray_.mnuMin_Click(); });
+    menu.Connect(Text("mnuExit"), this, [this] { tray_.mnuExit_Click(); });
 }
 
 ListOperations frmNetrove::MakeListOperations() {
@@ -423,20 +439,23 @@ void frmNetrove::ChooseStartNode() {
     controls_.txtSearchStart->setText(provider);
 }
 
+/// Somebody else than the program closes the window.
 void frmNetrove::closeEvent(QCloseEvent* event) {
-    if (Form_QueryUnload()) {
-        Form_Unload();
-        event->accept();
-    } else {
+    if (settings_.MinToTray) {
         event->ignore();
+        tray_.PutAway();
+        return;
     }
+    const bool mayClose = Form_QueryUnload();
+    event->setAccepted(mayClose);
+    if (mayClose)
+        Form_Unload();
 }
 
-/// Whether the window may close. A search is asked to stop; the user closes again when it has.
 bool frmNetrove::Form_QueryUnload() {
     if (state_.SearchEvt)
         state_.SearchEvt->Abandon();
-    if (controls_.cmdStartSearch->isEnabled())
+    if (!IsBusy())
         return true;
     services_.dialogs.Message(MessageIcon::Exclamation,
                               Text("Wait until the program reaches a stopping point."),
@@ -444,7 +463,25 @@ bool frmNetrove::Form_QueryUnload() {
     return false;
 }
 
+void frmNetrove::Unload() {
+    if (Form_QueryUnload())
+        Form_Unload();
+}
+
+void frmNetrove::EndSession() {
+    if (!IsBusy()) {
+        Unload();
+        return;
+    }
+    controls_.cmdAbandon->click();
+    // A job waits while it shows a box.
+    if (QWidget* box = QApplication::activeModalWidget())
+        box->close();
+    QTimer::singleShot(EndInterval, this, [this] { EndSession(); });
+}
+
 void frmNetrove::Form_Unload() {
+    tray_.RemoveTrayIcon();
     hide();
     log_.Close();
     SaveSettings();
@@ -460,9 +497,9 @@ void frmNetrove::Form_Unload() {
         if (window != this && window->isWindow() && window->isVisible())
             window->close();
     }
+    Q_EMIT Unloaded();
 }
 
-/// Whatever fails, the window goes on closing.
 void frmNetrove::SaveSettings() {
     try {
         settingsFile_.SaveIni();

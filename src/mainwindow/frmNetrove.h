@@ -6,6 +6,7 @@
 #include "mainwindow/MainControls.h"
 #include "mainwindow/MainMenu.h"
 #include "mainwindow/ProgramServices.h"
+#include "mainwindow/SysTray.h"
 #include "mainwindow/WindowLayout.h"
 #include "mainwindow/about/ColumnHelp.h"
 #include "mainwindow/services/ShellServices.h"
@@ -46,8 +47,28 @@ public:
     /// on the list.
     void OpenResultsFiles(const QStringList& files);
 
+    /// Whether a job runs that closing the window would break off.
+    [[nodiscard]] bool IsBusy() const { return !controls_.cmdStartSearch->isEnabled(); }
+
+    /// Whether the window may close: asks a search to stop, and tells the user who then has to
+    /// close again when it has.
+    [[nodiscard]] bool Form_QueryUnload();
+
+    /// Closes the window for good, unless a job runs: nothing goes to the tray.
+    void Unload();
+
+    /// Unload() for when nobody is there to be told: aborts what runs, and waits for its end.
+    void EndSession();
+
+    /// Whatever fails, the others of the settings are written.
+    void SaveSettings();
+
     [[nodiscard]] Settings& ProgramSettings() { return settings_; }
     [[nodiscard]] SkinSelection& Skins() { return skins_; }
+
+Q_SIGNALS:
+    /// The window is closed for good, and the program is to end. A window in the tray isn't.
+    void Unloaded();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -73,14 +94,13 @@ private:
     [[nodiscard]] SkinSelection::Services SkinServices();
     void ConnectListMenus(MainMenu& menu);
     void ConnectHelpMenu(MainMenu& menu);
+    void ConnectTrayMenu(MainMenu& menu);
     void PressDefaultButton();
 
     void LoadSteps();
     void ReadSystem();
     void ChooseStartNode();
-    [[nodiscard]] bool Form_QueryUnload();
     void Form_Unload();
-    void SaveSettings();
 
     void LstSearchFor_FocusIn(Qt::FocusReason reason);
     [[nodiscard]] std::optional<std::shared_ptr<NetResource>> BrowseNetwork();
@@ -112,6 +132,7 @@ private:
     SettingsFile settingsFile_;
     PaintedSkinFrame painter_;
     SkinSelection skins_;
+    SysTray tray_;
 
     std::unique_ptr<InstanceMarker> marker_;
     std::unique_ptr<CopyQ> CopyDLL;

@@ -16,9 +16,15 @@ WindowProgram::WindowProgram()
     , site_(WebSite::Read(
           ProfileFile(IniFileName(folder_)),
           {QStringLiteral(NETROVE_WEB_ADDRESS), QStringLiteral(NETROVE_CONTACT_ADDRESS)}))
-    , window_(Services()) {
+    , window_(Services())
+    , sessionEnd_({.isBusy = [this] { return window_.IsBusy(); },
+                   .agrees = [this] { return window_.Form_QueryUnload(); },
+                   .save = [this] { window_.SaveSettings(); },
+                   .end = [this] { window_.EndSession(); }}) {
     dialogs_.SetNetwork(*opened_.network);
     dialogs_.SetParent(&window_);
+    QObject::connect(
+        &window_, &frmNetrove::Unloaded, qApp, [] { QApplication::exit(); }, Qt::QueuedConnection);
 }
 
 ProgramServices WindowProgram::Services() {

@@ -6,6 +6,8 @@
 #include "platform/desktop/DesktopDialogs.h"
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/DesktopShell.h"
+#include "platform/desktop/DesktopTray.h"
+#include "platform/desktop/SessionEnd.h"
 #include "platform/desktop/WindowYield.h"
 #include "platform/http/HttpReader.h"
 #include "platform/network/OpenNetwork.h"
@@ -22,7 +24,8 @@ class WindowProgram {
 public:
     WindowProgram();
 
-    /// Shows the window and loads these results files into it.
+    /// Shows the window and loads these results files into it. The application ends when the window
+    /// has closed for good.
     void Start(const QStringList& resultsFiles);
 
 private:
@@ -38,9 +41,11 @@ private:
     DesktopShell shell_;
     DesktopFileTypes fileTypes_;
     LinuxSystemInformation system_;
+    DesktopTray tray_;
     HttpReader http_;
     const WebSite site_;
     frmNetrove window_;
+    const SessionEnd sessionEnd_;
 };
 
 } // namespace netrove

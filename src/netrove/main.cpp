@@ -40,6 +40,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(netrove::ProgramVersion());
     QApplication::setDesktopFileName(QStringLiteral("netrove"));
     QApplication::setWindowIcon(netrove::ProgramIcon());
+    // A window in the tray is none that the toolkit counts.
+    QApplication::setQuitOnLastWindowClosed(false);
 
     netrove::WindowProgram program;
     program.Start(start.Files());

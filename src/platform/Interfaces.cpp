@@ -3,3 +3,4 @@
 #include "platform/NetworkEnumeration.h"
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
+#include "platform/Tray.h"

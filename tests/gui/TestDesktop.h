@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fakes/DesktopFakes.h"
+#include "fakes/FakeTray.h"
 #include "mainwindow/ProgramServices.h"
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/WindowYield.h"
@@ -18,6 +19,7 @@ struct TestDesktop {
     DesktopFileTypes fileTypes;
     TestSystem system;
     RecordedHttp http;
+    FakeTray tray;
     WindowYield yield;
 
     /// For a window over this network, whose settings are in that folder.
@@ -31,6 +33,7 @@ struct TestDesktop {
                 .fileTypes = fileTypes,
                 .systemIcon = [this](int index) { return fileTypes.Icon(index); },
                 .system = system,
+                .tray = tray,
                 .applicationFolder = applicationFolder,
                 .webAddress = QStringLiteral("https://www.example.com/"),
                 .contactAddress = QStringLiteral("netrove@example.com"),

@@ -1,0 +1,198 @@
+#include "mainwindow/SysTray.h"
+
+#include "mainwindow/FlyingFrame.h"
+#include "runtime/RunTimeError.h"
+
+#include <QEvent>
+#include <QWindow>
+
+#include <chrono>
+#include <utility>
+
+namespace netrove {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// No desktop tells when the mouse comes over the icon, so the tip is kept fresh all along.
+constexpr auto TipInterval = 1s;
+/// After that time an icon is in its place: 25 ms were measured.
+constexpr auto IconPlacing = 100ms;
+
+} // namespace
+
+SysTray::SysTray(const Controls& controls, const Services& services)
+    : controls_(controls), services_(services), tipTimer_(new QTimer(this)) {
+    controls_.PopUp4Mnu.setDefaultAction(&controls_.mnuRestore);
+    controls_.window.installEventFilter(this);
+    connect(&services_.tray, &Tray::Changed, this, &SysTray::FollowTray);
+    connect(&services_.tray, &Tray::DoubleClicked, this, [this] {
+        WhenInTray([this] {
+            RenewWindow();
+            RemoveTrayIcon();
+            RestoreFromTray();
+        });
+    });
+    connect(tipTimer_, &QTimer::timeout, this,
+            [this] { services_.tray.SetTip(TrayTip(QLatin1String(" <"))); });
+}
+
+void SysTray::PutAway() {
+    if (inTray_)
+        return;
+    if (services_.tray.IsThere())
+        GoToTray();
+    else
+        Minimize();
+}
+
+void SysTray::GoToTray() {
+    controls_.window.hide();
+    services_.skins.SavedSkinIndex = services_.SkinIndex;
+    services_.skins.mnuSkin_Click(0);
+    MinimizeToTray();
+    // Laying out the window yields.
+    FollowTray();
+}
+
+void SysTray::MinimizeToTray() {
+    awaitsTray_ = false;
+    inTray_ = true;
+    AnimateTray(Direction::ToTray);
+    services_.tray.Show(TrayTip(QLatin1String("  <")), controls_.PopUp4Mnu);
+    tipTimer_->start(TipInterval);
+    controls_.window.hide();
+}
+
+void SysTray::RemoveTrayIcon() {
+    inTray_ = false;
+    tipTimer_->stop();
+    services_.tray.Remove();
+}
+
+/// A minimised window would move if its frame were exchanged after it is shown.
+void SysTray::RestoreFromTray() {
+    AnimateTray(Direction::FromTray);
+    const bool isMinimized = controls_.window.isMinimized();
+    if (isMinimized)
+        services_.skins.Reskin();
+    ShowWindow();
+    if (!isMinimized)
+        services_.skins.Reskin();
+}
+
+void SysTray::ShowWindow() {
+    // The focus would bring a minimised window up, and so would the wish for it on some desktops.
+    const bool isMinimized = controls_.window.isMinimized();
+    controls_.window.setAttribute(Qt::WA_ShowWithoutActivating, isMinimized);
+    controls_.window.show();
+    if (!isMinimized) {
+        controls_.window.raise();
+        controls_.window.activateWindow();
+    }
+}
+
+/// X11 keeps a window as minimised that was so once, and whatever is then set while it's hidden
+/// shows it. So it's made anew before it's shown: as it is to be, and not minimised at first.
+void SysTray::RenewWindow() {
+    if (QWindow* handle = controls_.window.windowHandle())
+        handle->destroy();
+    controls_.window.setWindowState(controls_.window.windowState() & ~Qt::WindowMinimized);
+}
+
+void SysTray::Minimize() {
+    awaitsTray_ = true;
+    controls_.window.setWindowState(controls_.window.windowState() | Qt::WindowMinimized);
+}
+
+void SysTray::FollowTray() {
+    if (inTray_ && !services_.tray.IsThere()) {
+        RemoveTrayIcon();
+        RenewWindow();
+        Minimize();
+        RestoreFromTray();
+    } else if (awaitsTray_ && services_.tray.IsThere()) {
+        GoToTray();
+    }
+}
+
+void SysTray::mnuRestore_Click() {
+    Restore([] {});
+}
+
+void SysTray::mnuMax_Click() {
+    Restore([this] {
+        controls_.window.setWindowState(controls_.window.windowState() | Qt::WindowMaximized);
+    });
+}
+
+void SysTray::mnuMin_Click() {
+    Restore([this] {
+        controls_.window.setWindowState(controls_.window.windowState() | Qt::WindowMinimized);
+    });
+}
+
+void SysTray::Restore(const std::function<void()>& setState) {
+    WhenInTray([this, setState] {
+        try {
+            RenewWindow();
+            setState();
+            RemoveTrayIcon();
+            RestoreFromTray();
+            services_.skins.Reskin();
+        } catch (...) {
+            const RunTimeError error = CurrentFailure();
+            services_.dialogs.Failure(error.Number(), error.Description(),
+                                      QStringLiteral("Error in Restore"));
+        }
+    });
+}
+
+void SysTray::mnuExit_Click() {
+    WhenInTray([this] {
+        services_.SkinIndex = services_.skins.SavedSkinIndex;
+        services_.unload();
+    });
+}
+
+/// Timers are the one thing that waits for the network hold back. One of no time wouldn't be a
+/// timer.
+void SysTray::WhenInTray(std::function<void()> work) {
+    QTimer::singleShot(1ms, this, [this, work = std::move(work)] {
+        if (inTray_)
+            work();
+    });
+}
+
+void SysTray::AnimateTray(Direction direction) {
+    const auto fly = [this, direction] {
+        const QRect window = controls_.window.frameGeometry();
+        const QRect tray = services_.tray.Place();
+        if (direction == Direction::ToTray)
+            FlyingFrame::Fly(window, tray);
+        else
+            FlyingFrame::Fly(tray, window);
+    };
+    if (!services_.tray.IsThere())
+        return;
+    if (!services_.tray.Place().isEmpty())
+        fly();
+    else if (direction == Direction::ToTray)
+        QTimer::singleShot(IconPlacing, this, fly);
+}
+
+/// The window's title and how far the search is.
+QString SysTray::TrayTip(QLatin1String gap) const {
+    const QString tip =
+        controls_.window.windowTitle() + gap + controls_.RetFileLbl.text() + QLatin1Char('>');
+    return tip.left(MaxTip);
+}
+
+bool SysTray::eventFilter(QObject* watched, QEvent* event) {
+    // Somebody has taken the window up.
+    if (event->type() == QEvent::WindowActivate && watched == &controls_.window)
+        awaitsTray_ = false;
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace netrove

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "platform/Tray.h"
+#include "skins/SkinSelection.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+
+namespace netrove {
+
+/// The main window's life in the tray. While the icon is shown the window is hidden, without a
+/// skin.
+///
+/// Nobody loses the window: where the desktop has no tray it's minimised instead. It goes to a tray
+/// that comes later, unless its user has taken it up meanwhile, and comes back minimised from a
+/// tray that goes away.
+class SysTray : public QObject {
+    Q_OBJECT
+
+public:
+    struct Controls {
+        QWidget& window;
+        const QLabel& RetFileLbl; ///< how far the search is, for the tip
+        QMenu& PopUp4Mnu;
+        QAction& mnuRestore; ///< the menu's default item
+    };
+    struct Services {
+        Tray& tray;
+        SkinSelection& skins;
+        qint32& SkinIndex; ///< the setting
+        Dialogs& dialogs;
+        std::function<void()> unload; ///< asks the window to close, as the program's own wish
+    };
+    enum class Direction { FromTray, ToTray };
+
+    /// What a tip has room for.
+    static constexpr int MaxTip = 64;
+
+    SysTray(const Controls& controls, const Services& services);
+
+    /// What the close box does instead of closing.
+    void PutAway();
+
+    void MinimizeToTray();
+    /// Does nothing where there is no icon.
+    void RemoveTrayIcon();
+    void RestoreFromTray();
+
+    /// The items of the menu. They do their work from the event loop: a desktop may report a click
+    /// while the program waits for the network. Failures of the first three end in a box.
+    void mnuRestore_Click();
+    void mnuMax_Click();
+    void mnuMin_Click();
+    /// Closes the window for good, and lets the settings have the skin from before the tray.
+    void mnuExit_Click();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void GoToTray();
+    void Minimize();
+    void ShowWindow();
+    void RenewWindow();
+    void FollowTray();
+    void Restore(const std::function<void()>& setState);
+    void WhenInTray(std::function<void()> work);
+    void AnimateTray(Direction direction);
+    [[nodiscard]] QString TrayTip(QLatin1String gap) const;
+
+    Controls controls_;
+    Services services_;
+    QTimer* tipTimer_;
+    bool inTray_ = false;
+    bool awaitsTray_ = false; ///< minimised because there is no tray
+};
+
+} // namespace netrove
