@@ -8,9 +8,9 @@ namespace netrove {
 
 void DialogSkin::Load(QDialog& dialog, const SkinOwner* owner, std::optional<QSize> clientSize) {
     const int index = owner ? owner->SkinIndex() : 0;
-    if (index != 0)
+    if (owner && index != 0)
         configuration_ = owner->SkinConfiguration();
-    if (configuration_) {
+    if (owner && configuration_) {
         modifier_ = owner->NewModifier();
         modifier_->Attach(dialog, *configuration_);
         if (clientSize)
