@@ -36,6 +36,7 @@ ProgramServices WindowProgram::Services() {
         .fileTypes = fileTypes_,
         .systemIcon = [this](int index) { return fileTypes_.Icon(index); },
         .system = system_,
+        .tray = tray_,
         .applicationFolder = folder_,
         .webAddress = site_.address,
         .contactAddress = site_.contact,
