@@ -31,9 +31,9 @@ struct ProgramServices {
     IconImages::SystemIcon systemIcon; ///< the pictures of what fileTypes tells
     SystemInformation& system;
     Tray& tray;
-    QString applicationFolder; ///< without a closing separator
-    QString webAddress;        ///< of the program's web site
-    QString contactAddress;    ///< for letters about the program
+    QString applicationFolder;   ///< without a closing separator
+    QString webAddress;          ///< of the program's web site
+    QString contactAddress = {}; ///< for letters about the program
     /// Reads files of the web site; without one, nobody asks for newer versions.
     Http* http = nullptr;
     /// Makes what copies the downloads; without one, each download fails at its start.
