@@ -23,9 +23,10 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # The libraries, as dpkg-shlibdeps finds them, and what is loaded at run time: pictures are SVG.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6")
-# Finding computers by DNS-SD, keeping logons, opening files, the desktop's icons and dialogs.
+# Finding computers by DNS-SD, keeping logons, opening files, the desktop's icons and dialogs, and
+# the translations of those that are Qt's own.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS avahi-daemon
     "gnome-keyring | kwalletmanager | keepassxc" xdg-utils adwaita-icon-theme fonts-liberation
-    qt6-wayland qt6-xdgdesktopportal-platformtheme)
+    qt6-wayland qt6-xdgdesktopportal-platformtheme qt6-translations-l10n)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "wsdd, cifs-utils")
 include(CPack)

@@ -2,10 +2,10 @@
 
 BUILD_PACKAGES=(
     cmake ninja-build g++ pkg-config ccache
-    qt6-base-dev libsmbclient-dev libdbus-1-dev qtkeychain-qt6-dev libxcb1-dev
+    qt6-base-dev qt6-l10n-tools libsmbclient-dev libdbus-1-dev qtkeychain-qt6-dev libxcb1-dev
 )
 RUN_PACKAGES=(
-    libqt6svg6 shared-mime-info xdg-utils adwaita-icon-theme fonts-liberation
+    libqt6svg6 qt6-translations-l10n shared-mime-info xdg-utils adwaita-icon-theme fonts-liberation
 )
 PACKAGE_PACKAGES=( # what makes a package, and what proves it
     librsvg2-bin dpkg-dev lintian

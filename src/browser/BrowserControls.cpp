@@ -54,7 +54,7 @@ BrowserControls::BrowserControls(QWidget& dialog) : imgXPNWImages(NodePicture) {
     LblMain = Label(dialog, "LblMain", "Searching for computers on the network.");
     lblAddNode = Label(dialog, "lblAddNode", "");
     tvwNetwork = Named(new TreeView(&dialog), "tvwNetwork");
-    tvwNetwork->setAccessibleName(Text("Network"));
+    tvwNetwork->setAccessibleName(tr("Network"));
     cmdOk = Named(new QPushButton(Text("&Select"), &dialog), "cmdOk",
                   "Set the selected node as the network node");
     cmdCancel = Named(new QPushButton(Text("&Close"), &dialog), "cmdCancel", "Close the window");

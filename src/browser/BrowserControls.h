@@ -4,6 +4,7 @@
 #include "controls/TreeView.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QFrame>
 #include <QLabel>
 #include <QMenu>
@@ -44,6 +45,8 @@ struct BrowserControls {
 private:
     void MakeProgress(QWidget& dialog);
     void MakeMenu(QWidget& dialog);
+
+    Q_DECLARE_TR_FUNCTIONS(BrowserControls)
 };
 
 } // namespace netrove

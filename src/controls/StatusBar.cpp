@@ -33,7 +33,7 @@ public:
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Name && bar_->accessibleName().isEmpty())
-            return QStringLiteral("Status bar");
+            return StatusBar::tr("Status bar");
         if (kind != QAccessible::Description && kind != QAccessible::Value)
             return QAccessibleWidget::text(kind);
         QStringList texts;

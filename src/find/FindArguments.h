@@ -27,7 +27,4 @@ struct FindArguments {
     [[nodiscard]] static FindArguments Parse(const QStringList& arguments);
 };
 
-/// What --help prints.
-[[nodiscard]] QString HelpText();
-
 } // namespace netrove

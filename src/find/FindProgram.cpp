@@ -1,9 +1,12 @@
 #include "find/FindProgram.h"
 
 #include "find/ConsoleText.h"
+#include "find/HelpText.h"
 #include "find/WrongUse.h"
 #include "runtime/ProgramVersion.h"
 #include "runtime/RunTimeError.h"
+
+#include <QCoreApplication>
 
 #include <cerrno>
 #include <cstring>
@@ -46,14 +49,17 @@ int FindProgram(const QStringList& arguments, const FindConsole& console,
         status = Execute(arguments, console, openNetwork);
     } catch (const WrongUse& error) {
         PrintMessage(console.err, error.Text());
-        console.err.WriteLine(QStringLiteral("Try 'netrove-find --help' for more information."));
+        console.err.WriteLine(QCoreApplication::translate(
+            "FindProgram", "Try 'netrove-find --help' for more information."));
     } catch (const RunTimeError& error) {
         PrintMessage(console.err, error.Description());
     }
     console.out.Flush();
     if (IsLost(console.out)) {
-        PrintMessage(console.err, QLatin1String("cannot write the output: ") +
-                                      QString::fromLocal8Bit(std::strerror(console.out.Error())));
+        const QString why = QString::fromLocal8Bit(std::strerror(console.out.Error()));
+        PrintMessage(
+            console.err,
+            QCoreApplication::translate("FindProgram", "cannot write the output: %1").arg(why));
         status = FindStatus::Failed;
     }
     console.err.Flush();

@@ -84,8 +84,7 @@ void FindRun::Search() {
         try {
             log_.Open(arguments_.logFile);
         } catch (const RunTimeError&) {
-            throw WrongUse(QLatin1String("cannot write to '") + arguments_.logFile +
-                           QLatin1Char('\''));
+            throw WrongUse(WrongUse::tr("cannot write to '%1'").arg(arguments_.logFile));
         }
     }
     place_ = arguments_.from;

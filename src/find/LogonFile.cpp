@@ -45,23 +45,21 @@ StoredLogon Parse(QByteArrayView text) {
 } // namespace
 
 StoredLogon ReadLogonFile(const QString& path) {
-    const auto fail = [&](const char* why) {
-        return WrongUse(QLatin1String("--logon-file '") + path + QLatin1String("' ") +
-                        QLatin1String(why));
-    };
     QFile file(path);
     struct stat status {};
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
         fstat(file.handle(), &status) != 0 || !S_ISREG(status.st_mode))
-        throw fail("can't be read");
+        throw WrongUse(WrongUse::tr("--logon-file '%1' can't be read").arg(path));
     if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
-        throw fail("is open to other users (chmod 600 closes it)");
+        throw WrongUse(
+            WrongUse::tr("--logon-file '%1' is open to other users (chmod 600 closes it)")
+                .arg(path));
     QByteArray text = file.read(MaxBytes + 1);
     const bool isTooLong = text.size() > MaxBytes;
     const StoredLogon logon = isTooLong ? StoredLogon() : Parse(text);
     Wipe(text);
     if (LogonOf(logon).user.isEmpty())
-        throw fail("has no line \"username = ...\"");
+        throw WrongUse(WrongUse::tr("--logon-file '%1' has no line \"username = ...\"").arg(path));
     return logon;
 }
 

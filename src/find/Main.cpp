@@ -4,17 +4,15 @@
 #include "mainwindow/services/NetworkNodes.h"
 #include "platform/ApplicationFolder.h"
 #include "platform/LinuxSystemInformation.h"
+#include "platform/Utf8Locale.h"
 #include "platform/network/OpenNetwork.h"
+#include "translations/Translation.h"
 
 #include <QCoreApplication>
 
-#include <clocale>
 #include <csignal>
-#include <cstdlib>
-#include <cstring>
 
 #include <fcntl.h>
-#include <langinfo.h>
 #include <unistd.h>
 
 namespace netrove {
@@ -29,13 +27,6 @@ void OpenStandardStreams() {
     }
 }
 
-/// Names are in UTF-8 whatever the caller's locale says.
-void UseUtf8() {
-    std::setlocale(LC_CTYPE, "");
-    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
-        setenv("LC_ALL", "C.UTF-8", 1);
-}
-
 std::shared_ptr<Logons> LogonsOf(const FindArguments& arguments) {
     if (arguments.logonFile.isEmpty())
         return nullptr;
@@ -46,11 +37,13 @@ std::shared_ptr<Logons> LogonsOf(const FindArguments& arguments) {
 
 int Main(int argc, char** argv) {
     OpenStandardStreams();
-    UseUtf8();
+    const QStringList languages = UserLanguages(); // the next line may set another locale
+    UseUtf8Locale();
     // A reader that has gone is noticed at the next write.
     std::signal(SIGPIPE, SIG_IGN);
     const Interruption interruption;
     const QCoreApplication application(argc, argv);
+    const Translation translation(languages);
 
     ConsoleOutput out(STDOUT_FILENO);
     ConsoleOutput err(STDERR_FILENO);

@@ -16,7 +16,7 @@ void ProgressLine::Show(qint32 found, const QString& place) {
     if (!output_.IsTerminal() || (shown_.isValid() && !shown_.hasExpired(MillisecondsBetween)))
         return;
     const int columns = output_.Columns() > 0 ? output_.Columns() : UsualColumns;
-    const QString count = QString::number(found) + QLatin1String(" found  ");
+    const QString count = tr("%n found", nullptr, found) + QLatin1String("  ");
     // The last column stays free: a terminal goes to the next line behind it.
     const QString path = CompactPath(Escaped(place, Escaping::AllControls),
                                      columns - TerminalColumns(count) - 1, TerminalColumns);

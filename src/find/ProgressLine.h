@@ -2,6 +2,7 @@
 
 #include "find/ConsoleOutput.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QString>
 
@@ -10,6 +11,8 @@ namespace netrove {
 /// One line on a terminal that is written anew again and again: how far the search is. Writes
 /// nothing where there is no terminal.
 class ProgressLine {
+    Q_DECLARE_TR_FUNCTIONS(ProgressLine)
+
 public:
     explicit ProgressLine(ConsoleOutput& output) : output_(output) {}
     ProgressLine(const ProgressLine&) = delete;

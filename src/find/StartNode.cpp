@@ -28,18 +28,18 @@ std::optional<UncPath> PathOf(QString text) {
 }
 
 WrongUse CannotReach(const QString& text) {
-    return WrongUse(QLatin1String("cannot reach '") + text + QLatin1Char('\''));
+    return WrongUse(WrongUse::tr("cannot reach '%1'").arg(text));
 }
 
 std::shared_ptr<NetResource> NodeOfPath(const QString& text, const FindServices& services) {
     const auto path = PathOf(text);
     if (!path)
-        throw WrongUse(QLatin1String("'") + text +
-                       QLatin1String("' is no path of a server, share or folder (quote it for the "
-                                     "shell: '\\\\SERVER\\SHARE')"));
+        throw WrongUse(WrongUse::tr("'%1' is no path of a server, share or folder (quote it for "
+                                    "the shell: '\\\\SERVER\\SHARE')")
+                           .arg(text));
     const auto record = services.record(*path);
     if (!record)
-        throw WrongUse(QLatin1String("no network answers for '") + text + QLatin1Char('\''));
+        throw WrongUse(WrongUse::tr("no network answers for '%1'").arg(text));
     auto node = std::make_shared<NetResource>(services.network);
     node->InitFrom(*record);
     if (path->Share().isEmpty() && node->Children()->Count() == 0 &&
@@ -66,9 +66,8 @@ std::shared_ptr<NetResource> StartNode(const QString& text, const FindServices& 
         return NodeOfPath(text, services);
     auto node = FindNetNode(EnsureSuffix(text, QStringLiteral("|")), services.network);
     if (!node)
-        throw WrongUse(QLatin1String("there is no '") + text +
-                       QLatin1String("' on the network; its first level is ") +
-                       NetworkNames(services.network));
+        throw WrongUse(WrongUse::tr("there is no '%1' on the network; its first level is %2")
+                           .arg(text, NetworkNames(services.network)));
     return node;
 }
 

@@ -1,13 +1,17 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <exception>
 
 namespace netrove {
 
-/// The program was called in a way that it can't serve. The text tells the user why, in one line.
+/// The program was called in a way that it can't serve. The text tells the user why, in one line;
+/// such texts are those of this class.
 class WrongUse : public std::exception {
+    Q_DECLARE_TR_FUNCTIONS(WrongUse)
+
 public:
     explicit WrongUse(QString text) : text_(std::move(text)), what_(text_.toUtf8()) {}
 

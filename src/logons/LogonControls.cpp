@@ -15,8 +15,8 @@ constexpr int ListCharacters = 70;
 constexpr int ListLines = 10;
 constexpr int BarCharacters = 16;
 
-QPushButton* MakeButton(const char* name, const char* caption, QWidget& parent) {
-    auto* button = new QPushButton(QString::fromLatin1(caption), &parent);
+QPushButton* MakeButton(const char* name, const QString& caption, QWidget& parent) {
+    auto* button = new QPushButton(caption, &parent);
     button->setObjectName(QString::fromLatin1(name));
     button->setAutoDefault(false);
     return button;
@@ -26,14 +26,14 @@ QPushButton* MakeButton(const char* name, const char* caption, QWidget& parent) 
 
 LogonControls::LogonControls(QDialog& dialog)
     : lvwLogons(new QTreeWidget(&dialog))
-    , cmdAdd(MakeButton("cmdAdd", "&Add...", dialog))
-    , cmdChange(MakeButton("cmdChange", "C&hange...", dialog))
-    , cmdRemove(MakeButton("cmdRemove", "&Remove", dialog))
-    , cmdTest(MakeButton("cmdTest", "&Test", dialog))
-    , cmdClose(MakeButton("cmdClose", "Close", dialog))
+    , cmdAdd(MakeButton("cmdAdd", tr("&Add..."), dialog))
+    , cmdChange(MakeButton("cmdChange", tr("C&hange..."), dialog))
+    , cmdRemove(MakeButton("cmdRemove", tr("&Remove"), dialog))
+    , cmdTest(MakeButton("cmdTest", tr("&Test"), dialog))
+    , cmdClose(MakeButton("cmdClose", tr("Close"), dialog))
     , lblState(new QLabel(&dialog))
     , barBusy(new QProgressBar(&dialog))
-    , cmdCancel(MakeButton("cmdCancel", "&Cancel Test", dialog)) {
+    , cmdCancel(MakeButton("cmdCancel", tr("&Cancel Test"), dialog)) {
     MakeList();
     lblState->setObjectName(QStringLiteral("lblState"));
     lblState->setTextFormat(Qt::PlainText); // it has names in it
@@ -44,7 +44,7 @@ LogonControls::LogonControls(QDialog& dialog)
     barBusy->setRange(0, 0);
     barBusy->setTextVisible(false);
     barBusy->setMaximumWidth(barBusy->fontMetrics().averageCharWidth() * BarCharacters);
-    barBusy->setAccessibleName(QStringLiteral("Busy"));
+    barBusy->setAccessibleName(tr("Busy"));
     for (QWidget* control : {static_cast<QWidget*>(barBusy), static_cast<QWidget*>(cmdCancel)}) {
         QSizePolicy policy = control->sizePolicy();
         policy.setRetainSizeWhenHidden(true);
@@ -56,9 +56,8 @@ LogonControls::LogonControls(QDialog& dialog)
 
 void LogonControls::MakeList() {
     lvwLogons->setObjectName(QStringLiteral("lvwLogons"));
-    lvwLogons->setAccessibleName(QStringLiteral("Stored logons"));
-    lvwLogons->setHeaderLabels({QStringLiteral("Computer"), QStringLiteral("User"),
-                                QStringLiteral("Kept"), QStringLiteral("State")});
+    lvwLogons->setAccessibleName(tr("Stored logons"));
+    lvwLogons->setHeaderLabels({tr("Computer"), tr("User"), tr("Kept"), tr("State")});
     lvwLogons->setRootIsDecorated(false);
     lvwLogons->setAllColumnsShowFocus(true);
     lvwLogons->setUniformRowHeights(true);
@@ -75,8 +74,8 @@ void LogonControls::MakeList() {
 }
 
 void LogonControls::Arrange(QDialog& dialog) {
-    auto* hint = new QLabel(
-        QStringLiteral("Computers for which no logon is stored are asked as a guest."), &dialog);
+    auto* hint =
+        new QLabel(tr("Computers for which no logon is stored are asked as a guest."), &dialog);
     hint->setObjectName(QStringLiteral("lblHint"));
     auto* buttons = new QVBoxLayout;
     for (QPushButton* button : {cmdAdd, cmdChange, cmdRemove, cmdTest})

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QLabel>
 #include <QProgressBar>
@@ -26,6 +27,8 @@ struct LogonControls {
 private:
     void MakeList();
     void Arrange(QDialog& dialog);
+
+    Q_DECLARE_TR_FUNCTIONS(LogonControls)
 };
 
 } // namespace netrove

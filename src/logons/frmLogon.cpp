@@ -8,12 +8,16 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace netrove {
 namespace {
 
 /// Longer than any user or password that a server takes.
 constexpr int MaxText = 200;
 constexpr int FieldCharacters = 34;
+/// In pixels, for frame and margins.
+constexpr int FieldMargin = 16;
 
 QLineEdit* MakeLine(const char* name, QWidget* parent) {
     auto* line = new QLineEdit(parent);
@@ -26,7 +30,7 @@ QLineEdit* MakeLine(const char* name, QWidget* parent) {
 } // namespace
 
 QString frmLogon::AllComputers() {
-    return QStringLiteral("All computers");
+    return tr("All computers");
 }
 
 frmLogon::frmLogon(const StoredLogon* before, const Services& services, QWidget* owner)
@@ -35,10 +39,10 @@ frmLogon::frmLogon(const StoredLogon* before, const Services& services, QWidget*
     , cboComputer_(new QComboBox(this))
     , txtUser_(MakeLine("txtUser", this))
     , txtPassword_(MakeLine("txtPassword", this))
-    , chkRemember_(new QCheckBox(QStringLiteral("&Remember in the keyring"), this))
+    , chkRemember_(new QCheckBox(tr("&Remember in the keyring"), this))
     , cmdOk_(nullptr) {
     setObjectName(QStringLiteral("frmLogon"));
-    setWindowTitle(before ? QStringLiteral("Change Logon") : QStringLiteral("Add Logon"));
+    setWindowTitle(before ? tr("Change Logon") : tr("Add Logon"));
     MakeControls(services.hasKeyring);
     if (before)
         ShowLogon(*before);
@@ -56,25 +60,27 @@ void frmLogon::MakeControls(bool hasKeyring) {
     cboComputer_->setCompleter(nullptr); // it would make "All computers" of "A"
     cboComputer_->addItem(AllComputers());
     cboComputer_->setCurrentIndex(-1);
-    cboComputer_->lineEdit()->setPlaceholderText(QStringLiteral("Name of the computer"));
+    cboComputer_->lineEdit()->setPlaceholderText(tr("Name of the computer"));
     cboComputer_->lineEdit()->setMaxLength(MaxText);
     cboComputer_->setFocus();
-    txtUser_->setPlaceholderText(QStringLiteral("user, DOMAIN\\user or user@domain"));
-    txtUser_->setMinimumWidth(fontMetrics().averageCharWidth() * FieldCharacters);
+    txtUser_->setPlaceholderText(tr("user, DOMAIN\\user or user@domain"));
+    const QFontMetrics metrics = fontMetrics();
+    txtUser_->setMinimumWidth(
+        std::max(metrics.averageCharWidth() * FieldCharacters,
+                 metrics.horizontalAdvance(txtUser_->placeholderText()) + FieldMargin));
     txtPassword_->setEchoMode(QLineEdit::Password);
     chkRemember_->setObjectName(QStringLiteral("chkRemember"));
     chkRemember_->setEnabled(hasKeyring);
     chkRemember_->setChecked(hasKeyring);
 
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("&Computer:"), cboComputer_);
-    form->addRow(QStringLiteral("&User:"), txtUser_);
-    form->addRow(QStringLiteral("&Password:"), txtPassword_);
+    form->addRow(tr("&Computer:"), cboComputer_);
+    form->addRow(tr("&User:"), txtUser_);
+    form->addRow(tr("&Password:"), txtPassword_);
     form->addRow(QString(), chkRemember_);
     if (!hasKeyring) {
-        auto* note = new QLabel(
-            QStringLiteral("There is no keyring here: the logon is kept until Netrove ends."),
-            this);
+        auto* note =
+            new QLabel(tr("There is no keyring here: the logon is kept until Netrove ends."), this);
         note->setObjectName(QStringLiteral("lblNoKeyring"));
         note->setWordWrap(true);
         form->addRow(QString(), note);
@@ -97,7 +103,7 @@ void frmLogon::ShowLogon(const StoredLogon& before) {
     cboComputer_->setEditText(before.computer.isEmpty() ? AllComputers() : before.computer);
     cboComputer_->setEnabled(false);
     txtUser_->setText(before.user);
-    txtPassword_->setPlaceholderText(QStringLiteral("as it is"));
+    txtPassword_->setPlaceholderText(tr("as it is"));
     chkRemember_->setChecked(chkRemember_->isEnabled() && before.isInKeyring);
     txtPassword_->setFocus();
 }
@@ -114,16 +120,14 @@ void frmLogon::accept() {
     const QString computer = Computer();
     if (!UncPath::IsName(computer) &&
         !IsSameComputer(cboComputer_->currentText(), AllComputers())) {
-        Complain(
-            QStringLiteral("Type the name of a computer, or choose \"%1\".").arg(AllComputers()),
-            *cboComputer_);
+        Complain(tr("Type the name of a computer, or choose \"%1\".").arg(AllComputers()),
+                 *cboComputer_);
         return;
     }
     result_.computer = computer;
     result_.user = txtUser_->text().trimmed();
     if (LogonOf(result_).user.isEmpty()) {
-        Complain(QStringLiteral("Type a user: \"user\", \"DOMAIN\\user\" or \"user@domain\"."),
-                 *txtUser_);
+        Complain(tr("Type a user: \"user\", \"DOMAIN\\user\" or \"user@domain\"."), *txtUser_);
         return;
     }
     if (txtPassword_->isModified() || result_.password.IsEmpty())

@@ -21,15 +21,14 @@ QString NameOf(const QString& computer) {
 QString TestResult(const QString& computer, const QString& user, int status) {
     switch (status) {
     case 0:
-        return QStringLiteral("%1: logged on as %2.").arg(computer, user);
+        return frmLogons::tr("%1: logged on as %2.").arg(computer, user);
     case SmbEnd::LogonRefused:
-        return QStringLiteral(
-                   "%1 refused %2: the password is wrong, or the user isn't known there.")
+        return frmLogons::tr("%1 refused %2: the password is wrong, or the user isn't known there.")
             .arg(computer, user);
     case EACCES:
-        return QStringLiteral("%1 lets %2 in, but doesn't show its shares.").arg(computer, user);
+        return frmLogons::tr("%1 lets %2 in, but doesn't show its shares.").arg(computer, user);
     default:
-        return QStringLiteral("%1 can't be reached.").arg(computer);
+        return frmLogons::tr("%1 can't be reached.").arg(computer);
     }
 }
 
@@ -41,7 +40,7 @@ frmLogons::frmLogons(const LogonServices& services, QWidget* owner)
     , controls_(*this)
     , trial_(services.helper, services.limits) {
     setObjectName(QStringLiteral("frmLogons"));
-    setWindowTitle(QStringLiteral("Network Logon"));
+    setWindowTitle(tr("Network Logon"));
     ConnectControls();
     UpdateButtons();
     skin_.Load(*this, services_.skin);
@@ -72,10 +71,10 @@ void frmLogons::showEvent(QShowEvent* event) {
 }
 
 void frmLogons::ReadKeyring() {
-    BeginWork(QStringLiteral("Reading the keyring, which may ask for its password..."), false);
+    BeginWork(tr("Reading the keyring, which may ask for its password..."), false);
     services_.logons->Read(WhenStored([this](Keyring::Outcome outcome) {
         EndWork(outcome == Keyring::Outcome::Refused
-                    ? QStringLiteral("The keyring stayed locked: what it holds isn't shown.")
+                    ? tr("The keyring stayed locked: what it holds isn't shown.")
                     : QString());
     }));
 }
@@ -121,10 +120,9 @@ void frmLogons::ShowLogons() {
     shown_ = services_.logons->All();
     controls_.lvwLogons->clear();
     for (const StoredLogon& logon : shown_) {
-        const QString kept =
-            logon.isInKeyring ? QStringLiteral("Keyring") : QStringLiteral("This session");
+        const QString kept = logon.isInKeyring ? tr("Keyring") : tr("This session");
         const QString state =
-            services_.logons->IsRefused(logon.computer) ? QStringLiteral("Refused") : QString();
+            services_.logons->IsRefused(logon.computer) ? tr("Refused") : QString();
         auto* item = new QTreeWidgetItem(controls_.lvwLogons,
                                          {NameOf(logon.computer), logon.user, kept, state});
         for (const int column : {0, 1})
@@ -170,11 +168,10 @@ void frmLogons::cmdAdd_Click() {
         return IsSameComputer(one.computer, form.Result().computer);
     };
     if (std::any_of(shown_.begin(), shown_.end(), isSame) &&
-        services_.dialogs.Message(
-            MessageIcon::Question,
-            QStringLiteral("There is a logon for \"%1\" already.\r\nReplace it?")
-                .arg(NameOf(form.Result().computer)),
-            windowTitle(), MessageButtons::YesNo) != MessageAnswer::Yes)
+        services_.dialogs.Message(MessageIcon::Question,
+                                  tr("There is a logon for \"%1\" already.\nReplace it?")
+                                      .arg(NameOf(form.Result().computer)),
+                                  windowTitle(), MessageButtons::YesNo) != MessageAnswer::Yes)
         return;
     Store(form.Result());
 }
@@ -189,18 +186,16 @@ void frmLogons::cmdChange_Click() {
 }
 
 void frmLogons::Store(const StoredLogon& logon) {
-    BeginWork(logon.isInKeyring ? QStringLiteral("Storing... The keyring may ask for its password.")
-                                : QStringLiteral("Storing..."),
+    BeginWork(logon.isInKeyring ? tr("Storing... The keyring may ask for its password.")
+                                : tr("Storing..."),
               false);
     const QString computer = logon.computer;
     const bool isForKeyring = logon.isInKeyring;
     services_.logons->Store(
         logon, WhenStored([this, computer, isForKeyring](auto outcome) {
             const bool isLost = isForKeyring && outcome != Keyring::Outcome::Done;
-            EndWork(isLost
-                        ? QStringLiteral(
-                              "The keyring didn't take the logon: it is kept until Netrove ends.")
-                        : QString());
+            EndWork(isLost ? tr("The keyring didn't take the logon: it is kept until Netrove ends.")
+                           : QString());
             Select(computer);
         }));
 }
@@ -211,16 +206,15 @@ void frmLogons::cmdRemove_Click() {
         return;
     const QString name = NameOf(selected->computer);
     if (services_.dialogs.Message(MessageIcon::Question,
-                                  QStringLiteral("Remove the logon for \"%1\"?").arg(name),
-                                  windowTitle(), MessageButtons::YesNo) != MessageAnswer::Yes)
+                                  tr("Remove the logon for \"%1\"?").arg(name), windowTitle(),
+                                  MessageButtons::YesNo) != MessageAnswer::Yes)
         return;
-    BeginWork(QStringLiteral("Removing..."), false);
+    BeginWork(tr("Removing..."), false);
     services_.logons->Remove(
         selected->computer, WhenStored([this, name](auto outcome) {
             EndWork(outcome == Keyring::Outcome::Done
                         ? QString()
-                        : QStringLiteral(
-                              "The keyring stayed locked, and still has the logon for \"%1\".")
+                        : tr("The keyring stayed locked, and still has the logon for \"%1\".")
                               .arg(name));
         }));
 }
@@ -229,8 +223,7 @@ QString frmLogons::ComputerToTest(const StoredLogon& logon) const {
     if (!logon.computer.isEmpty())
         return logon.computer;
     QString name =
-        services_.dialogs
-            .InputBox(QStringLiteral("Name of the computer to try the logon on:"), windowTitle())
+        services_.dialogs.InputBox(tr("Name of the computer to try the logon on:"), windowTitle())
             .trimmed();
     while (name.startsWith(u'\\'))
         name.remove(0, 1);
@@ -249,13 +242,12 @@ void frmLogons::cmdTest_Click() {
     if (UncPath::IsName(computer))
         request = services_.shareList(computer);
     if (!request) {
-        controls_.lblState->setText(
-            QStringLiteral("%1 isn't reached over this network.").arg(computer));
+        controls_.lblState->setText(tr("%1 isn't reached over this network.").arg(computer));
         return;
     }
     request->computer = computer;
     request->logon = LogonOf(logon);
-    BeginWork(QStringLiteral("Logging on to %1 as %2...").arg(computer, logon.user), true);
+    BeginWork(tr("Logging on to %1 as %2...").arg(computer, logon.user), true);
     const QPointer<frmLogons> dialog(this);
     trial_.Begin(*request, [dialog, asked = *request, user = logon.user](int status) {
         QMetaObject::invokeMethod(

@@ -20,7 +20,7 @@ struct MenuText {
     std::vector<ItemText> items;
 };
 
-// The blanks at the end of captions widen their menus.
+// The blanks at the end of captions widen their menus. Only the marked captions are translated.
 const std::vector<MenuText>& MenuTexts() {
     static const std::vector<MenuText> texts{
         {"mnuFile",
@@ -35,9 +35,9 @@ const std::vector<MenuText>& MenuTexts() {
         {"mnuTools",
          "&Tools",
          {{"mnuViewTrLog", "View &Troubleshooting Log File"},
-          {"mnuSilent", "&Computers That Didn't Answer..."},
+          {"mnuSilent", QT_TRANSLATE_NOOP("netrove::MainMenu", "&Computers That Didn't Answer...")},
           {"mnuSep3", Separator},
-          {"mnuLogon", "Network &Logon..."},
+          {"mnuLogon", QT_TRANSLATE_NOOP("netrove::MainMenu", "Network &Logon...")},
           {"mnuOpts", "&Options...     "}}},
         {"mnuSkinTOP",
          "S&kin",
@@ -120,7 +120,7 @@ MainMenu::MainMenu(QMenuBar& bar, QWidget& window) : QObject(&window) {
         if (!isPopUp)
             bar.addMenu(menu);
         for (const ItemText& item : text.items)
-            AddItem(*menu, QString::fromLatin1(item.name), QString::fromLatin1(item.caption));
+            AddItem(*menu, QString::fromLatin1(item.name), tr(item.caption));
     }
 }
 

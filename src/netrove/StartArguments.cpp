@@ -8,7 +8,7 @@ namespace netrove {
 namespace {
 
 QString HelpText() {
-    return QStringLiteral(R"(Usage: netrove [FILE]...
+    return StartArguments::tr(R"(Usage: netrove [FILE]...
 Find files on the local network. Results files (.nrr) that are given are loaded
 into the list of results.
 
@@ -40,7 +40,8 @@ void StartArguments::ReadOption(const QString& option) {
     else if (option == u"--version")
         text_ = QLatin1String("netrove ") + ProgramVersion() + u'\n';
     else
-        problem_ = u"netrove: there is no option '" + option + u"'; see 'netrove --help'.\n";
+        problem_ =
+            u"netrove: " + tr("there is no option '%1'; see 'netrove --help'.").arg(option) + u'\n';
 }
 
 } // namespace netrove

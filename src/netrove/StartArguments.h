@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QStringList>
 
 namespace netrove {
@@ -8,6 +9,8 @@ namespace netrove {
 /// is opened there. "--help" and "--version" are for people at a terminal; everything else is set
 /// in the window.
 class StartArguments {
+    Q_DECLARE_TR_FUNCTIONS(StartArguments)
+
 public:
     /// `arguments` is without the program's name.
     explicit StartArguments(const QStringList& arguments);

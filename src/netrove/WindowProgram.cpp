@@ -73,7 +73,7 @@ void WindowProgram::Start(const QStringList& resultsFiles) {
     window_.Form_Load();
     if (!opened_.problems.isEmpty())
         dialogs_.Message(MessageIcon::Exclamation, opened_.problems.join(QStringLiteral("\r\n")),
-                         QStringLiteral("Network Configuration"));
+                         QCoreApplication::translate("main", "Network Configuration"));
     window_.OpenResultsFiles(resultsFiles);
 }
 

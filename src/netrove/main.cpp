@@ -1,8 +1,10 @@
 #include "mainwindow/windowservices/PredefinedIcons.h"
 #include "netrove/StartArguments.h"
 #include "netrove/WindowProgram.h"
+#include "platform/Utf8Locale.h"
 #include "platform/desktop/DesktopApplication.h"
 #include "runtime/ProgramVersion.h"
+#include "translations/Translation.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -11,26 +13,35 @@ namespace {
 
 constexpr int WrongUse = 2;
 
-/// Known before there is an application, which needs a display.
-QString TextAskedFor(int argc, char** argv) {
+void Print(const QString& text, std::FILE* stream) {
+    std::fputs(text.toLocal8Bit().constData(), stream);
+}
+
+/// Known before there is an application with windows, which needs a display.
+bool AsksForText(int argc, char** argv) {
     QStringList arguments;
     for (int index = 1; index < argc; ++index)
         arguments.append(QString::fromLocal8Bit(argv[index]));
-    return netrove::StartArguments(arguments).Text();
+    return !netrove::StartArguments(arguments).Text().isEmpty();
 }
 
-void Print(const QString& text, std::FILE* stream) {
-    std::fputs(text.toLocal8Bit().constData(), stream);
+void PrintText(int argc, char** argv) {
+    const QStringList languages = netrove::UserLanguages(); // the next line may set another locale
+    netrove::UseUtf8Locale();
+    const QCoreApplication application(argc, argv);
+    const netrove::Translation translation(languages);
+    Print(netrove::StartArguments(application.arguments().mid(1)).Text(), stdout);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (const QString text = TextAskedFor(argc, argv); !text.isEmpty()) {
-        Print(text, stdout);
+    if (AsksForText(argc, argv)) {
+        PrintText(argc, argv);
         return EXIT_SUCCESS;
     }
     const netrove::DesktopApplication application(argc, argv);
+    const netrove::Translation translation;
     const netrove::StartArguments start(QApplication::arguments().mid(1));
     if (!start.Problem().isEmpty()) {
         Print(start.Problem(), stderr);

@@ -85,7 +85,7 @@ void frmUpdate::MakeControls() {
     cmdCheck_->setDefault(true);
     cmdDown_->setEnabled(false);
     txtInfo_->setObjectName(Text("txtInfo"));
-    txtInfo_->setAccessibleName(Text("News"));
+    txtInfo_->setAccessibleName(tr("News"));
     txtInfo_->setReadOnly(true);
     txtInfo_->setTabChangesFocus(true);
     // However long the address is, the dialog keeps its width.

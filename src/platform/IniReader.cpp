@@ -50,7 +50,7 @@ const IniSection* IniReader::Find(QStringView name) const {
 }
 
 QString IniReader::Problem(int line, const QString& what) const {
-    return QStringLiteral("%1, line %2: %3").arg(name_, QString::number(line), what);
+    return tr("%1, line %2: %3").arg(name_, QString::number(line), what);
 }
 
 void IniReader::Note(int line, const QString& what) {
@@ -71,13 +71,13 @@ void IniReader::TakeLine(QStringView text, int line) {
         TakeEntry(parts, line);
         break;
     case IniLine::Kind::Other:
-        Note(line, QStringLiteral("neither a [section] nor key=value"));
+        Note(line, tr("neither a [section] nor key=value"));
     }
 }
 
 void IniReader::TakeSection(const IniLine& parts, int line) {
     if (!parts.closed)
-        Note(line, QStringLiteral("a section's name has no closing \"]\""));
+        Note(line, tr("a section's name has no closing \"]\""));
     const QString name = parts.name.toString();
     if (const QString key = name.toCaseFolded(); !firstByName_.contains(key))
         firstByName_.insert(key, sections_.size());
@@ -86,7 +86,7 @@ void IniReader::TakeSection(const IniLine& parts, int line) {
 
 void IniReader::TakeEntry(const IniLine& parts, int line) {
     if (sections_.empty()) {
-        Note(line, QStringLiteral("key=value before the first [section]"));
+        Note(line, tr("key=value before the first [section]"));
         return;
     }
     sections_.back().entries.push_back(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QCoreApplication>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -34,6 +35,8 @@ struct IniSection {
 /// order; IniLine says what a line is. The text is UTF-8 with or without a byte order mark, or
 /// Windows-1252 where it isn't valid UTF-8, with LF or CR LF line ends.
 class IniReader {
+    Q_DECLARE_TR_FUNCTIONS(IniReader)
+
 public:
     /// Larger files are refused.
     static constexpr qint64 MaxBytes = 1 << 20;

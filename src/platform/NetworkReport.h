@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QString>
 
@@ -7,11 +8,13 @@
 
 namespace netrove {
 
-/// A computer that was asked for its shares in vain.
+/// A computer that was asked for its shares in vain. Reasons are texts of this class.
 struct SilentComputer {
     QString name;   ///< with "\\"
     QString reason; ///< a sentence for the user
     QDateTime time;
+
+    Q_DECLARE_TR_FUNCTIONS(SilentComputer)
 };
 
 /// What has become of the computers of the network since a search began. The search itself passes

@@ -15,57 +15,58 @@ QString ErrorDescription(int number) {
     case ErrorNumber::None:
         return QString();
     case ErrorNumber::InvalidProcedureCall:
-        return QStringLiteral("Invalid procedure call or argument");
+        return RunTimeError::tr("Invalid procedure call or argument");
     case ErrorNumber::Overflow:
-        return QStringLiteral("Overflow");
+        return RunTimeError::tr("Overflow");
     case ErrorNumber::OutOfMemory:
-        return QStringLiteral("Out of memory");
+        return RunTimeError::tr("Out of memory");
     case ErrorNumber::SubscriptOutOfRange:
-        return QStringLiteral("Subscript out of range");
+        return RunTimeError::tr("Subscript out of range");
     case ErrorNumber::DivisionByZero:
-        return QStringLiteral("Division by zero");
+        return RunTimeError::tr("Division by zero");
     case ErrorNumber::TypeMismatch:
-        return QStringLiteral("Type mismatch");
+        return RunTimeError::tr("Type mismatch");
     case ErrorNumber::InternalError:
-        return QStringLiteral("Internal error");
+        return RunTimeError::tr("Internal error");
     case ErrorNumber::FileNotFound:
-        return QStringLiteral("File not found");
+        return RunTimeError::tr("File not found");
     case ErrorNumber::BadFileMode:
-        return QStringLiteral("Bad file mode");
+        return RunTimeError::tr("Bad file mode");
     case ErrorNumber::FileAlreadyOpen:
-        return QStringLiteral("File already open");
+        return RunTimeError::tr("File already open");
     case ErrorNumber::DeviceIOError:
-        return QStringLiteral("Device I/O error");
+        return RunTimeError::tr("Device I/O error");
     case ErrorNumber::FileAlreadyExists:
-        return QStringLiteral("File already exists");
+        return RunTimeError::tr("File already exists");
     case ErrorNumber::DiskFull:
-        return QStringLiteral("Disk full");
+        return RunTimeError::tr("Disk full");
     case ErrorNumber::TooManyFiles:
-        return QStringLiteral("Too many files");
+        return RunTimeError::tr("Too many files");
     case ErrorNumber::DeviceUnavailable:
-        return QStringLiteral("Device unavailable");
+        return RunTimeError::tr("Device unavailable");
     case ErrorNumber::PermissionDenied:
-        return QStringLiteral("Permission denied");
+        return RunTimeError::tr("Permission denied");
     case ErrorNumber::DiskNotReady:
-        return QStringLiteral("Disk not ready");
+        return RunTimeError::tr("Disk not ready");
     case ErrorNumber::PathFileAccessError:
-        return QStringLiteral("Path/File access error");
+        return RunTimeError::tr("Path/File access error");
     case ErrorNumber::PathNotFound:
-        return QStringLiteral("Path not found");
+        return RunTimeError::tr("Path not found");
     case ErrorNumber::ObjectNotSet:
-        return QStringLiteral("Object variable not set");
+        return RunTimeError::tr("Object variable not set");
     case ErrorNumber::InvalidPatternString:
-        return QStringLiteral("Invalid pattern string");
+        return RunTimeError::tr("Invalid pattern string");
     case ErrorNumber::InvalidPropertyValue:
-        return QStringLiteral("Invalid property value");
+        return RunTimeError::tr("Invalid property value");
     case ErrorNumber::CannotCreateObject:
-        return QStringLiteral("Component can't create object");
+        return RunTimeError::tr("Component can't create object");
     case ErrorNumber::KeyNotUnique:
-        return QStringLiteral("This key is already associated with an element of this collection");
+        return RunTimeError::tr(
+            "This key is already associated with an element of this collection");
     case ErrorNumber::KeyNotFound:
-        return QStringLiteral("Element not found");
+        return RunTimeError::tr("Element not found");
     }
-    return QStringLiteral("Application-defined or object-defined error");
+    return RunTimeError::tr("Application-defined or object-defined error");
 }
 
 RunTimeError CurrentFailure() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <exception>
@@ -43,6 +44,8 @@ enum class ErrorNumber : int {
 /// A run-time failure: raised where a rule says that an operation fails, caught at the place that
 /// the rules call a trap.
 class RunTimeError : public std::exception {
+    Q_DECLARE_TR_FUNCTIONS(RunTimeError)
+
 public:
     explicit RunTimeError(ErrorNumber number);
     RunTimeError(int number, QString description);

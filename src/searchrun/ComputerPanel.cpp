@@ -12,8 +12,8 @@ void ComputerPanel::Show(int done, int known) {
         return;
     // The panel has room for three digits.
     stbStatus_.SetText(Panel, QString::number(known - done));
-    stbStatus_.SetToolTipText(
-        Panel, QStringLiteral("%1 computers done, %2 left").arg(done).arg(known - done));
+    stbStatus_.SetToolTipText(Panel,
+                              tr("%n computers done, %1 left", nullptr, done).arg(known - done));
 }
 
 void ComputerPanel::Clear() {

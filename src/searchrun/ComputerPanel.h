@@ -2,11 +2,15 @@
 
 #include "controls/StatusBar.h"
 
+#include <QCoreApplication>
+
 namespace netrove {
 
 /// Shows in the third panel of the status bar how many of the computers a search still has before
 /// it, with the one that it is at.
 class ComputerPanel {
+    Q_DECLARE_TR_FUNCTIONS(ComputerPanel)
+
 public:
     explicit ComputerPanel(StatusBar& stbStatus) : stbStatus_(stbStatus) {}
 

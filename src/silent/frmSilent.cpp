@@ -24,10 +24,11 @@ constexpr int RefreshInterval = 1000; ///< milliseconds
 
 QString CountText(int count) {
     if (count == 0)
-        return QStringLiteral("Every computer that was asked has answered.");
-    return count == 1 ? QStringLiteral("1 computer didn't answer since the last search began:")
-                      : QString::number(count) +
-                            QStringLiteral(" computers didn't answer since the last search began:");
+        return frmSilent::tr("Every computer that was asked has answered.");
+    return count == 1
+               ? frmSilent::tr("1 computer didn't answer since the last search began:")
+               : frmSilent::tr("%n computers didn't answer since the last search began:", nullptr,
+                               count);
 }
 
 } // namespace
@@ -35,7 +36,7 @@ QString CountText(int count) {
 frmSilent::frmSilent(const NetworkReport& report, const SkinOwner* skin, QWidget* owner)
     : QDialog(owner), report_(report), lblCount_(new QLabel(this)), lvwSilent_(new ListView(this)) {
     setObjectName(QStringLiteral("frmSilent"));
-    setWindowTitle(QStringLiteral("Computers That Didn't Answer"));
+    setWindowTitle(tr("Computers That Didn't Answer"));
     setAttribute(Qt::WA_DeleteOnClose);
     LayOut();
     skin_.Load(*this, skin);
@@ -50,9 +51,9 @@ frmSilent::frmSilent(const NetworkReport& report, const SkinOwner* skin, QWidget
 
 void frmSilent::LayOut() {
     lvwSilent_->setObjectName(QStringLiteral("lvwSilent"));
-    lvwSilent_->AddColumn(QStringLiteral("Computer"), Qt::AlignLeft, ComputerWidth);
-    lvwSilent_->AddColumn(QStringLiteral("Reason"), Qt::AlignLeft, ReasonWidth);
-    lvwSilent_->AddColumn(QStringLiteral("Time"), Qt::AlignLeft, TimeWidth);
+    lvwSilent_->AddColumn(tr("Computer"), Qt::AlignLeft, ComputerWidth);
+    lvwSilent_->AddColumn(tr("Reason"), Qt::AlignLeft, ReasonWidth);
+    lvwSilent_->AddColumn(tr("Time"), Qt::AlignLeft, TimeWidth);
     lvwSilent_->setAccessibleName(windowTitle());
     lblCount_->setObjectName(QStringLiteral("lblCount"));
     lblCount_->setBuddy(lvwSilent_);

@@ -32,7 +32,7 @@ class Desktop:
         self.screen = screen
         self.processes = []
         self.environment = dict(os.environ, QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8",
-                                QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+                                LANGUAGE="en", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         self.environment.pop("WAYLAND_DISPLAY", None)
 
     def __enter__(self):

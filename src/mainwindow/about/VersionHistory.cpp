@@ -1,20 +1,20 @@
 #include "mainwindow/about/VersionHistory.h"
 
-#include <QStringList>
+#include "mainwindow/about/frmAbout.h"
 
 namespace netrove {
 
 QString VersionHistory() {
     QStringList lines;
-    lines << QStringLiteral("v0.99.5 (November 25, 2026)")
-          << QStringLiteral("- The first release for Linux.")
-          << QStringLiteral("- Searches every computer of the network by SMB, over several "
-                            "connections at once, and finds the computers by itself.")
-          << QStringLiteral("- Copies what was found, with a queue.")
-          << QStringLiteral("- Saves lists of results and loads them again, also those of older "
-                            "installations.")
-          << QStringLiteral("- Logs on with stored logons or a Kerberos ticket.")
-          << QStringLiteral("- netrove-find is the same search on the console.");
+    lines << frmAbout::tr("v0.99.5 (November 25, 2026)")
+          << frmAbout::tr("- The first release for Linux.")
+          << frmAbout::tr("- Searches every computer of the network by SMB, over several "
+                          "connections at once, and finds the computers by itself.")
+          << frmAbout::tr("- Copies what was found, with a queue.")
+          << frmAbout::tr("- Saves lists of results and loads them again, also those of older "
+                          "installations.")
+          << frmAbout::tr("- Logs on with stored logons or a Kerberos ticket.")
+          << frmAbout::tr("- netrove-find is the same search on the console.");
     return lines.join(u'\n');
 }
 

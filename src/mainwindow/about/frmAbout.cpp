@@ -84,14 +84,15 @@ void frmAbout::MakeControls() {
         KeepColours(*shpRect_[index]);
     }
     const std::array texts{
-        "A program designed to facilitate the searching of files on a LAN (Local Area Network).",
-        "Netrove",
-        "Licence: GNU GPL, version 3 or later.",
-        "Without any warranty.",
-        "Built with Qt " QT_VERSION_STR ".",
+        Text("A program designed to facilitate the searching of files on a LAN (Local Area "
+             "Network)."),
+        Text("Netrove"),
+        tr("Licence: GNU GPL, version 3 or later."),
+        tr("Without any warranty."),
+        tr("Built with Qt %1.").arg(Text(QT_VERSION_STR)),
     };
     for (std::size_t index = 0; index < texts.size(); ++index) {
-        lblInfo_[index] = Label(Element("lblInfo", index), Text(texts[index]), shpRect_[0]);
+        lblInfo_[index] = Label(Element("lblInfo", index), texts[index], shpRect_[0]);
         KeepColours(*lblInfo_[index]);
     }
     QFont title = lblInfo_[1]->font();
@@ -105,7 +106,7 @@ void frmAbout::MakeControls() {
         KeepColours(*picture);
     lblVersion_ = Label(Text("lblVersion"), Text("Version: x.xx.x"), this);
     lblVersion_->setProperty(TagProperty, Text("LINK"));
-    lblDescription_ = Label(Text("lblDescription"), Text("What has changed"), shpRect_[1]);
+    lblDescription_ = Label(Text("lblDescription"), tr("What has changed"), shpRect_[1]);
     KeepColours(*lblDescription_);
     txtStuff_ = new QPlainTextEdit(this);
     txtStuff_->setObjectName(Text("txtStuff"));
@@ -124,7 +125,7 @@ void frmAbout::MakeLinks() {
     const QString site = Text("Visit the official website");
     lblProduct_ = new LinkLabel(Text("lblProduct"), Text("Tarn Bridge Software"), site, this);
     lblURL_ = new LinkLabel(Text("lblURL"), services_.webAddress, site, this);
-    lblCopyright_ = new LinkLabel(Text("lblCopyright"), Text("Written by the Netrove developers"),
+    lblCopyright_ = new LinkLabel(Text("lblCopyright"), tr("Written by the Netrove developers"),
                                   Text("Send an email to the programmer(s)"), this);
     lblVersionUpdate_ = new LinkLabel(Text("lblVersionUpdate"), Text("Update Information"),
                                       Text("Get updated information for the program"), this);

@@ -11,10 +11,10 @@ namespace netrove {
 frmPic::frmPic(const QWidget& mainWindow, QWidget* owner)
     : QDialog(owner), picDudes_(new QLabel(this)) {
     setObjectName(QStringLiteral("frmPic"));
-    setWindowTitle(QStringLiteral("Up at the Tarn"));
+    setWindowTitle(tr("Up at the Tarn"));
     picDudes_->setObjectName(QStringLiteral("picDudes"));
     picDudes_->setPixmap(DudesPicture(devicePixelRatioF()));
-    picDudes_->setToolTip(QStringLiteral("The makers, after the release"));
+    picDudes_->setToolTip(tr("The makers, after the release"));
     picDudes_->setAccessibleName(picDudes_->toolTip());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -47,8 +47,8 @@ public:
         ReadBelow(top, {}, Levels);
         for (const IniSection& section : ini_.Sections()) {
             if (std::ranges::find(used_, &section) == used_.end())
-                problems_ += ini_.Problem(
-                    section.line, QStringLiteral("there is no folder %1").arg(section.name));
+                problems_ +=
+                    ini_.Problem(section.line, tr("there is no folder %1").arg(section.name));
         }
         return top;
     }
@@ -60,7 +60,7 @@ private:
             problems_ += ini_.Problems();
         } catch (const RunTimeError& error) {
             if (error.Number() != static_cast<int>(ErrorNumber::FileNotFound))
-                problems_ += QStringLiteral("%1 can't be read").arg(path);
+                problems_ += tr("%1 can't be read").arg(path);
         }
     }
 
@@ -96,8 +96,7 @@ private:
         for (const IniEntry& entry : section.entries) {
             if (!ApplyEntry(entry, node, isShare))
                 problems_ += ini_.Problem(
-                    entry.line,
-                    QStringLiteral("%1=%2 has no meaning here").arg(entry.key, entry.value));
+                    entry.line, tr("%1=%2 has no meaning here").arg(entry.key, entry.value));
         }
         if (section.Find(u"fault") != nullptr && section.Find(u"delay") == nullptr)
             node.delay = DefaultDelay;
@@ -151,7 +150,7 @@ FolderProvider::FolderProvider(QString name, const QString& folder)
     // Without links, so that the listings can tell a link below from one on the way.
     top_.folder = QFileInfo(folder).canonicalFilePath();
     if (top_.folder.isEmpty() || !QFileInfo(top_.folder).isDir())
-        problems_ += QStringLiteral("%1: there is no folder %2").arg(Name(), folder);
+        problems_ += tr("%1: there is no folder %2").arg(Name(), folder);
     else
         ReadTree();
 }

@@ -26,6 +26,8 @@ namespace netrove {
 /// A fault holds for all that is below. Names are found whatever their case. Shares whose names
 /// end in "$" are in no list but can be reached by their paths.
 class FolderProvider : public NetworkProvider {
+    Q_DECLARE_TR_FUNCTIONS(FolderProvider)
+
 public:
     /// `folder` with the local path of the tree, in the system's form.
     FolderProvider(QString name, const QString& folder);

@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 #include "platform/NetworkEnumeration.h"
+#include "platform/NetworkReport.h"
 #include "platform/ReadAhead.h"
 #include "platform/network/UncPath.h"
 #include "smb/SmbMessages.h"
@@ -41,7 +42,7 @@ public:
 
     /// Why the list of a computer couldn't be had: a sentence for the user.
     [[nodiscard]] virtual QString Trouble(const QString& /*server*/) const {
-        return QStringLiteral("It can't be reached.");
+        return SilentComputer::tr("It can't be reached.");
     }
 
     /// The workgroup of a computer, empty where nobody answers.

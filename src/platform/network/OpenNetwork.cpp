@@ -7,6 +7,7 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 
+#include <QCoreApplication>
 #include <QDir>
 
 #include <algorithm>
@@ -49,6 +50,8 @@ std::unique_ptr<SmbProvider> MakeSmbProvider(const QString& name, SmbComputers c
 
 /// Makes the providers of one file and notes what is wrong with it.
 class ProviderReader {
+    Q_DECLARE_TR_FUNCTIONS(OpenNetwork)
+
 public:
     ProviderReader(const IniReader& ini, QString folder, std::shared_ptr<Logons> logons)
         : ini_(ini)
@@ -73,13 +76,11 @@ private:
 
     [[nodiscard]] std::unique_ptr<NetworkProvider> ReadSection(const IniSection& section) {
         if (!IsName(section.name)) {
-            Note(section.line,
-                 QStringLiteral("\"%1\" can't be a network's name").arg(section.name));
+            Note(section.line, tr("\"%1\" can't be a network's name").arg(section.name));
             return nullptr;
         }
         if (ini_.Find(section.name) != &section) {
-            Note(section.line,
-                 QStringLiteral("there is a network \"%1\" already").arg(section.name));
+            Note(section.line, tr("there is a network \"%1\" already").arg(section.name));
             return nullptr;
         }
         const QString type = section.Value(u"Type");
@@ -89,7 +90,7 @@ private:
             return ReadFolder(section);
         const IniEntry* entry = section.Find(u"Type");
         Note(entry != nullptr ? entry->line : section.line,
-             QStringLiteral("\"%1\" needs Type=smb or Type=folder").arg(section.name));
+             tr("\"%1\" needs Type=smb or Type=folder").arg(section.name));
         return nullptr;
     }
 
@@ -97,7 +98,7 @@ private:
         NoteUnknownKeys(section, [](const QString& key) { return EqualText(key, u"Path"); });
         const QString path = section.Value(u"Path");
         if (path.isEmpty()) {
-            Note(section.line, QStringLiteral("\"%1\" needs Path=").arg(section.name));
+            Note(section.line, tr("\"%1\" needs Path=").arg(section.name));
             return nullptr;
         }
         auto provider =
@@ -128,7 +129,7 @@ private:
         if (entry == nullptr || EqualText(entry->value, u"Yes"))
             return true;
         if (!EqualText(entry->value, u"No"))
-            Note(entry->line, QStringLiteral("Find needs Yes or No"));
+            Note(entry->line, tr("Find needs Yes or No"));
         return false;
     }
 
@@ -143,12 +144,12 @@ private:
         const QString address = Trim(parts.value(2));
         if (parts.size() > 3 || !IsName(host.name) ||
             (host.workgroup && !IsName(*host.workgroup))) {
-            Note(entry.line, QStringLiteral("%1 isn't NAME|WORKGROUP|ADDRESS:PORT").arg(entry.key));
+            Note(entry.line, tr("%1 isn't NAME|WORKGROUP|ADDRESS:PORT").arg(entry.key));
             return std::nullopt;
         }
         if (!address.isEmpty() && !TakeAddress(address, host)) {
-            Note(entry.line, QStringLiteral("\"%1\" isn't ADDRESS:PORT or [ADDRESS]:PORT, with a "
-                                            "port from 1 to 65535")
+            Note(entry.line, tr("\"%1\" isn't ADDRESS:PORT or [ADDRESS]:PORT, with a "
+                                "port from 1 to 65535")
                                  .arg(address));
             return std::nullopt;
         }
@@ -159,7 +160,7 @@ private:
     void NoteUnknownKeys(const IniSection& section, const IsKnown& isKnown) {
         for (const IniEntry& entry : section.entries) {
             if (!EqualText(entry.key, u"Type") && !isKnown(entry.key))
-                Note(entry.line, QStringLiteral("%1 has no meaning here").arg(entry.key));
+                Note(entry.line, tr("%1 has no meaning here").arg(entry.key));
         }
     }
 
@@ -186,7 +187,7 @@ OpenedNetwork OpenNetwork(const QString& applicationFolder, const std::shared_pt
         const IniReader ini = IniReader::FromFile(path);
         if (ini.Sections().empty())
             return LocalAreaNetworkAlone(
-                ini.Problems() + QStringList(QStringLiteral("network.ini names no network")),
+                ini.Problems() + QStringList(ProviderReader::tr("network.ini names no network")),
                 logons);
         ProviderReader reader(ini, applicationFolder, logons);
         reader.Read();
@@ -195,7 +196,7 @@ OpenedNetwork OpenNetwork(const QString& applicationFolder, const std::shared_pt
     } catch (const RunTimeError& error) {
         QStringList problems;
         if (error.Number() != static_cast<int>(ErrorNumber::FileNotFound))
-            problems += QStringLiteral("%1 can't be read").arg(path);
+            problems += ProviderReader::tr("%1 can't be read").arg(path);
         return LocalAreaNetworkAlone(problems, logons);
     }
 }

@@ -1,6 +1,7 @@
 #include "platform/network/SmbErrors.h"
 
 #include "platform/Files.h"
+#include "platform/NetworkReport.h"
 #include "platform/network/SmbPool.h"
 
 #include <algorithm>
@@ -12,25 +13,25 @@ QString TroubleOfSmbStatus(int status) {
     switch (status) {
     case EACCES:
     case EPERM:
-        return QStringLiteral("It refused the logon.");
+        return SilentComputer::tr("It refused the logon.");
     case ETIMEDOUT:
-        return QStringLiteral("It didn't answer in time.");
+        return SilentComputer::tr("It didn't answer in time.");
     case ECONNREFUSED:
-        return QStringLiteral("It refused the connection: it offers no shares.");
+        return SilentComputer::tr("It refused the connection: it offers no shares.");
     case EHOSTUNREACH:
     case ENETUNREACH:
-        return QStringLiteral("There is no way to it.");
+        return SilentComputer::tr("There is no way to it.");
     case ENOENT:
-        return QStringLiteral("Nobody knows its address.");
+        return SilentComputer::tr("Nobody knows its address.");
     case EPROTO:
-        return QStringLiteral("It doesn't speak SMB 2 or 3.");
+        return SilentComputer::tr("It doesn't speak SMB 2 or 3.");
     case ECONNRESET:
     case ECONNABORTED:
-        return QStringLiteral("It broke off the connection.");
+        return SilentComputer::tr("It broke off the connection.");
     case ECANCELED:
-        return QStringLiteral("The search was aborted while it was asked.");
+        return SilentComputer::tr("The search was aborted while it was asked.");
     default:
-        return QStringLiteral("It can't be reached.");
+        return SilentComputer::tr("It can't be reached.");
     }
 }
 

@@ -1,0 +1,44 @@
+#include "translations/Translation.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+
+namespace netrove {
+namespace {
+
+/// The locale's name for messages, by the order that POSIX gives the variables.
+QByteArray MessagesLocale() {
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (const QByteArray value = qgetenv(variable); !value.isEmpty())
+            return value;
+    }
+    return {};
+}
+
+} // namespace
+
+QStringList UserLanguages() {
+    const QByteArray locale = MessagesLocale();
+    if (locale == "C" || locale == "POSIX")
+        return {};
+    return QLocale::system().uiLanguages();
+}
+
+Translation::Translation(const QStringList& languages) {
+    for (const QString& language : languages) {
+        const QLocale locale(language);
+        if (locale.language() == QLocale::English)
+            return;
+        if (!own_.load(u"netrove_" + locale.name(), QStringLiteral(":/translations")))
+            continue;
+        QCoreApplication::installTranslator(&own_);
+        // Where it isn't installed, Qt's controls are English.
+        if (qt_.load(u"qtbase_" + locale.name(),
+                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+            QCoreApplication::installTranslator(&qt_);
+        return;
+    }
+}
+
+} // namespace netrove

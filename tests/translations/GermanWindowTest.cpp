@@ -1,0 +1,210 @@
+#include "fakes/MemoryKeyring.h"
+#include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
+#include "gui/TestDesktop.h"
+#include "gui/WindowDriver.h"
+#include "logons/frmLogon.h"
+#include "logons/frmLogons.h"
+#include "platform/network/ComputerReport.h"
+#include "silent/frmSilent.h"
+#include "translations/Translation.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace netrove {
+namespace {
+
+/// Who shows a text, and the text.
+using ShownText = std::pair<QString, QString>;
+
+void AddTexts(const QWidget& widget, std::vector<ShownText>& texts) {
+    const auto add = [&](const QString& text) { texts.emplace_back(widget.objectName(), text); };
+    add(widget.toolTip());
+    add(widget.accessibleName());
+    add(widget.accessibleDescription());
+    if (widget.isWindow())
+        add(widget.windowTitle());
+    if (const auto* label = qobject_cast<const QLabel*>(&widget))
+        add(label->text());
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        add(button->text());
+    if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
+        add(line->placeholderText());
+    if (const auto* text = qobject_cast<const QPlainTextEdit*>(&widget))
+        add(text->toPlainText());
+    if (const auto* box = qobject_cast<const QComboBox*>(&widget)) {
+        for (int at = 0; at < box->count(); ++at)
+            add(box->itemText(at));
+    }
+    if (const auto* view = qobject_cast<const QAbstractItemView*>(&widget);
+        view && view->findChild<QHeaderView*>()) {
+        for (int column = 0; column < view->model()->columnCount(); ++column)
+            add(view->model()->headerData(column, Qt::Horizontal).toString());
+    }
+}
+
+bool IsOfQt(const QWidget& widget) {
+    return qobject_cast<const QDialogButtonBox*>(widget.parentWidget()) ||
+           qobject_cast<const QTabBar*>(widget.parentWidget());
+}
+
+/// Every text of the window but those of Qt's own buttons, always in the same order.
+std::vector<ShownText> TextsOf(const QWidget& window) {
+    std::vector<ShownText> texts;
+    AddTexts(window, texts);
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        if (!IsOfQt(*widget))
+            AddTexts(*widget, texts);
+    }
+    for (const QAction* action : window.findChildren<QAction*>())
+        texts.emplace_back(action->objectName(), action->text());
+    return texts;
+}
+
+using Texts = std::function<std::vector<ShownText>()>;
+
+struct BothLanguages {
+    explicit BothLanguages(const Texts& texts) : english(texts()) {
+        const Translation translation({Text("de")});
+        german = texts();
+    }
+
+    /// The names of those whose text is another one in German.
+    [[nodiscard]] std::string Changed() const {
+        QStringList names;
+        for (std::size_t at = 0; at < std::min(english.size(), german.size()); ++at) {
+            EXPECT_EQ(english[at].first, german[at].first);
+            if (english[at].second != german[at].second && !names.contains(english[at].first))
+                names.append(english[at].first);
+        }
+        names.sort();
+        return names.join(u' ').toStdString();
+    }
+
+    /// English texts that are the same in German.
+    [[nodiscard]] std::string Same() const {
+        QStringList same;
+        for (std::size_t at = 0; at < std::min(english.size(), german.size()); ++at) {
+            const QString& text = english[at].second;
+            if (!text.isEmpty() && text == german[at].second && !same.contains(text))
+                same.append(text);
+        }
+        same.sort();
+        return same.join(u' ').toStdString();
+    }
+
+    std::vector<ShownText> english;
+    std::vector<ShownText> german;
+};
+
+/// No two of them are pressed by the same letter.
+void ExpectOwnKeys(const std::vector<ShownText>& texts) {
+    QStringList keys;
+    for (const auto& [name, text] : texts) {
+        if (const QKeySequence key = QKeySequence::mnemonic(text); !key.isEmpty())
+            keys.append(key.toString());
+    }
+    EXPECT_EQ(keys.removeDuplicates(), 0) << keys.join(u' ').toStdString();
+}
+
+class GermanWindow : public testing::Test, public TestDesktop {
+protected:
+    void SetUp() override {
+        if (!Translation({Text("de")}).IsLoaded())
+            GTEST_SKIP() << "built without lrelease";
+    }
+
+    MemoryNetwork network;
+};
+
+TEST_F(GermanWindow, OnlyOurTextsOfTheMainWindowChange) {
+    QList<QByteArray> settings;
+    const BothLanguages both([&] {
+        frmNetrove window(Services(network));
+        WindowDriver(window).Open();
+        auto texts = TextsOf(window);
+        std::vector<ShownText> tools;
+        for (const QAction* item : window.findChild<QMenu*>(Text("mnuTools"))->actions())
+            tools.emplace_back(item->objectName(), item->text());
+        ExpectOwnKeys(tools);
+        window.close();
+        QFile saved(IniFileName(folder.path()));
+        EXPECT_TRUE(saved.open(QIODevice::ReadOnly));
+        settings.append(saved.readAll());
+        saved.remove();
+        return texts;
+    });
+    EXPECT_EQ(both.english.size(), both.german.size());
+    EXPECT_EQ(both.Changed(), "mnuLogon mnuSilent");
+    EXPECT_EQ(settings.value(0).toStdString(), settings.value(1).toStdString());
+}
+
+TEST_F(GermanWindow, OnlyOurTextsOfTheHelpMenusDialogsChange) {
+    const struct {
+        const char* item;
+        const char* changed;
+    } cases[] = {
+        {"mnuAbout1", "lblCopyright lblDescription lblInfo(2) lblInfo(3) lblInfo(4) txtStuff"},
+        {"mnuDonate", "txtDon"},
+        {"UpdateMnu", "txtInfo"},
+    };
+    frmNetrove window(Services(network));
+    WindowDriver(window).Open();
+    for (const auto& [item, changed] : cases) {
+        const BothLanguages both([&, name = Text(item)] {
+            std::vector<ShownText> texts;
+            QTimer::singleShot(0, &window, [&] {
+                QWidget* dialog = QApplication::activeModalWidget();
+                texts = TextsOf(*dialog);
+                dialog->close();
+            });
+            window.findChild<QAction*>(name)->trigger();
+            return texts;
+        });
+        EXPECT_EQ(both.Changed(), changed);
+    }
+}
+
+TEST_F(GermanWindow, AllOfOurDialogsIsTranslated) {
+    const auto logons = std::make_shared<Logons>(std::make_shared<MemoryKeyring>());
+    const ComputerReport report;
+    const struct {
+        const char* same;
+        std::function<std::unique_ptr<QWidget>()> make;
+    } cases[] = {
+        {"Computer",
+         [&] {
+             return std::make_unique<frmLogons>(LogonServices{.logons = logons, .dialogs = dialogs},
+                                                nullptr);
+         }},
+        {"&Computer:",
+         [&] { return std::make_unique<frmLogon>(nullptr, false, dialogs, nullptr); }},
+        {"Computer", [&] { return std::make_unique<frmSilent>(report, nullptr); }},
+    };
+    for (const auto& [same, make] : cases) {
+        const BothLanguages both([&, &make = make] { return TextsOf(*make()); });
+        EXPECT_EQ(both.Same(), same);
+        ExpectOwnKeys(both.german);
+    }
+}
+
+TEST_F(GermanWindow, NumbersTakeTheirForm) {
+    const Translation german({Text("de")});
+    ComputerReport report;
+    const auto count = [&] {
+        return frmSilent(report, nullptr).findChild<QLabel*>(Text("lblCount"))->text();
+    };
+    report.NoteSilence(Text("\\\\A"), QString());
+    EXPECT_EQ(count(), Text("1 Computer hat seit Beginn der letzten Suche nicht geantwortet:"));
+    report.NoteSilence(Text("\\\\B"), QString());
+    EXPECT_EQ(count(), Text("2 Computer haben seit Beginn der letzten Suche nicht geantwortet:"));
+}
+
+} // namespace
+} // namespace netrove
