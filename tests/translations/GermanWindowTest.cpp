@@ -180,8 +180,9 @@ TEST_F(GermanWindow, AllOfOurDialogsIsTranslated) {
     } cases[] = {
         {"Computer",
          [&] {
-             return std::make_unique<frmLogons>(LogonServices{.logons = logons, .dialogs = dialogs},
-                                                nullptr);
+             return std::make_unique<frmLogons>(
+                 LogonServices{.logons = logons, .dialogs = dialogs, .shareList = {}, .helper = {}},
+                 nullptr);
          }},
         {"&Computer:",
          [&] { return std::make_unique<frmLogon>(nullptr, false, dialogs, nullptr); }},
