@@ -5,6 +5,7 @@
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -13,7 +14,7 @@ namespace {
 
 /// Longer than any user or password that a server takes.
 constexpr int MaxText = 200;
-constexpr int FieldCharacters = 34;
+constexpr int FieldEdges = 20; ///< pixels beside the text of a field
 
 QLineEdit* MakeLine(const char* name, QWidget* parent) {
     auto* line = new QLineEdit(parent);
@@ -31,7 +32,7 @@ QString frmLogon::AllComputers() {
 
 frmLogon::frmLogon(const StoredLogon* before, const Services& services, QWidget* owner)
     : QDialog(owner)
-    , dialogs_(services.dialogs)
+    , services_(services)
     , cboComputer_(new QComboBox(this))
     , txtUser_(MakeLine("txtUser", this))
     , txtPassword_(MakeLine("txtPassword", this))
@@ -60,7 +61,8 @@ void frmLogon::MakeControls(bool hasKeyring) {
     cboComputer_->lineEdit()->setMaxLength(MaxText);
     cboComputer_->setFocus();
     txtUser_->setPlaceholderText(QStringLiteral("user, DOMAIN\\user or user@domain"));
-    txtUser_->setMinimumWidth(fontMetrics().averageCharWidth() * FieldCharacters);
+    txtUser_->setMinimumWidth(
+        txtUser_->fontMetrics().horizontalAdvance(txtUser_->placeholderText()) + FieldEdges);
     txtPassword_->setEchoMode(QLineEdit::Password);
     chkRemember_->setObjectName(QStringLiteral("chkRemember"));
     chkRemember_->setEnabled(hasKeyring);
@@ -133,7 +135,7 @@ void frmLogon::accept() {
 }
 
 void frmLogon::Complain(const QString& text, QWidget& where) {
-    dialogs_.Message(MessageIcon::Exclamation, text, windowTitle());
+    services_.dialogs.Message(MessageIcon::Exclamation, text, windowTitle());
     where.setFocus();
 }
 
@@ -146,6 +148,13 @@ Secret frmLogon::TakePassword() {
     Wipe(typed);
     txtPassword_->clear();
     return password;
+}
+
+void frmLogon::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && services_.openHelp)
+        services_.openHelp();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 } // namespace netrove
