@@ -1,5 +1,6 @@
 #include "options/OptionControls.h"
 
+#include "controls/ListHeader.h"
 #include "options/NodeTypes.h"
 #include "skins/SkinControls.h"
 
@@ -106,6 +107,7 @@ void OptionControls::MakeList(QWidget& page) {
     lvwExcNetNode->setAccessibleName(Text("Excluded network nodes"));
     lvwExcNetNode->AddColumn(Text("Node Name"), Qt::AlignLeft, NameColumnWidth);
     lvwExcNetNode->AddColumn(Text("Node Type"), Qt::AlignLeft, TypeColumnWidth);
+    lvwExcNetNode->Header()->setStretchLastSection(true);
     lvwExcNetNode->SetCheckBoxes(true);
     lvwExcNetNode->SetIcons(&imgXPNWImages);
     lvwExcNetNode->SetSmallIcons(&imgXPNWImages);
