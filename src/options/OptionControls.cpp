@@ -69,10 +69,10 @@ void OptionControls::MakeGeneral() {
     lists.KeepColors();
     chkCol = MakeCheck(lists.Widget(), "chkCol", "Color&ed Backgrounds",
                        "Select to add color to list windows");
-    lists.AddRow(*chkCol);
+    lists.AddAtLeft(*chkCol);
     chkGrids = MakeCheck(lists.Widget(), "chkGrids", "Gridlines",
                          "Select to add gridlines to list windows");
-    lists.AddRow(*chkGrids);
+    lists.AddAtLeft(*chkGrids);
 
     OptionPage sample(page, "Frame10", "Font Sample");
     sample.KeepColors();
@@ -169,7 +169,7 @@ void OptionControls::MakeMisc() {
     OptionPage trouble(page, "Frame12", "Troubleshooting");
     trouble.KeepColors();
     chkTrouble = MakeCheck(trouble.Widget(), "chkTrouble", "Dump Process Log to File");
-    trouble.AddRow(*chkTrouble);
+    trouble.AddAtLeft(*chkTrouble);
     OptionPage system(page, "Frame13", "System Information");
     system.KeepColors();
     system.WidenFields();
