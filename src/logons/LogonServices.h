@@ -23,7 +23,8 @@ struct LogonServices {
     std::function<std::optional<SmbRequest>(const QString& computer)> shareList;
     QString helper; ///< the program that speaks SMB
     SmbLimits limits = {};
-    const SkinOwner* skin = nullptr; ///< who tells what the dialogs look like
+    const SkinOwner* skin = nullptr;     ///< who tells what the dialogs look like
+    std::function<void()> openHelp = {}; ///< what the key F1 does
 };
 
 } // namespace netrove

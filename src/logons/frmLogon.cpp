@@ -5,6 +5,7 @@
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -35,7 +36,7 @@ QString frmLogon::AllComputers() {
 
 frmLogon::frmLogon(const StoredLogon* before, const Services& services, QWidget* owner)
     : QDialog(owner)
-    , dialogs_(services.dialogs)
+    , services_(services)
     , cboComputer_(new QComboBox(this))
     , txtUser_(MakeLine("txtUser", this))
     , txtPassword_(MakeLine("txtPassword", this))
@@ -137,7 +138,7 @@ void frmLogon::accept() {
 }
 
 void frmLogon::Complain(const QString& text, QWidget& where) {
-    dialogs_.Message(MessageIcon::Exclamation, text, windowTitle());
+    services_.dialogs.Message(MessageIcon::Exclamation, text, windowTitle());
     where.setFocus();
 }
 
@@ -150,6 +151,13 @@ Secret frmLogon::TakePassword() {
     Wipe(typed);
     txtPassword_->clear();
     return password;
+}
+
+void frmLogon::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && services_.openHelp)
+        services_.openHelp();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 } // namespace netrove

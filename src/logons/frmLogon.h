@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <functional>
+
 namespace netrove {
 
 /// Asks for one logon. It is shown by exec(), once; where that is accepted, Result() has it.
@@ -20,7 +22,8 @@ public:
     struct Services {
         bool hasKeyring;
         Dialogs& dialogs;
-        const SkinOwner* skin = nullptr; ///< who tells what the dialog looks like
+        const SkinOwner* skin = nullptr;     ///< who tells what the dialog looks like
+        std::function<void()> openHelp = {}; ///< what the key F1 does
     };
 
     /// What a logon for all computers is called where one stands for a name.
@@ -35,6 +38,9 @@ public:
 
     void accept() override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void MakeControls(bool hasKeyring);
     void ShowLogon(const StoredLogon& before);
@@ -42,7 +48,7 @@ private:
     [[nodiscard]] QString Computer() const;
     [[nodiscard]] Secret TakePassword();
 
-    Dialogs& dialogs_;
+    Services services_;
     QComboBox* cboComputer_;
     QLineEdit* txtUser_;
     QLineEdit* txtPassword_;

@@ -4,6 +4,7 @@
 #include "platform/network/UncPath.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QSignalBlocker>
 #include <QTextDocument>
@@ -157,7 +158,8 @@ void frmLogons::UpdateButtons() {
 frmLogon::Services frmLogons::FormServices() const {
     return {.hasKeyring = services_.logons->HasKeyring(),
             .dialogs = services_.dialogs,
-            .skin = services_.skin};
+            .skin = services_.skin,
+            .openHelp = services_.openHelp};
 }
 
 void frmLogons::cmdAdd_Click() {
@@ -270,6 +272,13 @@ void frmLogons::EndTest(const SmbRequest& request, const QString& user, int stat
 void frmLogons::cmdCancel_Click() {
     trial_.Cancel();
     EndWork(QString());
+}
+
+void frmLogons::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && services_.openHelp)
+        services_.openHelp();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 } // namespace netrove

@@ -45,8 +45,10 @@ struct ProgramServices {
     /// Lets a button give up waits for the network: it stays alive during these, and they end when
     /// the function says that it has been pressed.
     std::function<void(QAbstractButton&, std::function<bool()>)> letAbandon = {};
-    /// Shows the dialog of the logons, which belongs to that window; without one there is none.
-    std::function<void(QWidget& owner, const SkinOwner& skin)> showLogons = {};
+    /// Shows the dialog of the logons, which belongs to that window and has `openHelp` done
+    /// where the help is asked for; without one there is none.
+    std::function<void(QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp)>
+        showLogons = {};
 };
 
 } // namespace netrove

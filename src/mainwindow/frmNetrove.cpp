@@ -201,7 +201,8 @@ MainMenu* frmNetrove::MakeMenu() {
     if (services_.report)
         menu->Connect(Text("mnuSilent"), this, [this] { ShowSilentComputers(); });
     if (services_.showLogons)
-        menu->Connect(Text("mnuLogon"), this, [this] { services_.showLogons(*this, skins_); });
+        menu->Connect(Text("mnuLogon"), this,
+                      [this] { services_.showLogons(*this, skins_, [this] { OpenHelp(); }); });
     menu->Connect(Text("mnuOpts"), this, [this] { mnuOpts_Click(); });
     for (int index = 0; index < PredefinedPatterns::Count; ++index)
         menu->Connect(Element("mnuFiles", index), this,
@@ -229,7 +230,9 @@ void frmNetrove::SelectSkin(int index) {
 void frmNetrove::ShowSilentComputers() {
     auto* dialog = findChild<frmSilent*>();
     if (!dialog)
-        dialog = new frmSilent(*services_.report, &skins_, this);
+        dialog = new frmSilent(
+            {.report = *services_.report, .skin = &skins_, .openHelp = [this] { OpenHelp(); }},
+            this);
     dialog->show();
     dialog->raise();
     dialog->activateWindow();
@@ -255,6 +258,7 @@ void frmNetrove::mnuOpts_Click() {
              .OSName = OSName,
              .OSVersion = OSVersion,
              .CurrentUser = CurrentUser,
+             .skin = &skins_,
              .openHelp = [this] { OpenHelp(); }},
             this)
         .exec();

@@ -48,7 +48,11 @@ ProgramServices WindowProgram::Services() {
             [this](QAbstractButton& button, std::function<bool()> isPressed) {
                 yield_.SetAbandon(button, std::move(isPressed));
             },
-        .showLogons = [this](QWidget& owner, const SkinOwner& skin) { ShowLogons(owner, skin); }};
+        .showLogons =
+            [this](QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp) {
+                ShowLogons(owner, skin, std::move(openHelp));
+            },
+    };
 }
 
 std::unique_ptr<CopyQ> WindowProgram::NewCopyQ() const {
@@ -56,7 +60,8 @@ std::unique_ptr<CopyQ> WindowProgram::NewCopyQ() const {
         *opened_.network, CopyLimits{.helper = SmbPool::DefaultHelper(), .logons = logons_});
 }
 
-void WindowProgram::ShowLogons(QWidget& owner, const SkinOwner& skin) {
+void WindowProgram::ShowLogons(QWidget& owner, const SkinOwner& skin,
+                               std::function<void()> openHelp) {
     frmLogons({.logons = logons_,
                .dialogs = dialogs_,
                .shareList =
@@ -64,7 +69,8 @@ void WindowProgram::ShowLogons(QWidget& owner, const SkinOwner& skin) {
                        return opened_.network->ShareListRequest(computer);
                    },
                .helper = SmbPool::DefaultHelper(),
-               .skin = &skin},
+               .skin = &skin,
+               .openHelp = std::move(openHelp)},
               &owner)
         .exec();
 }

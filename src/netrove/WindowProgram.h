@@ -31,7 +31,7 @@ public:
 private:
     [[nodiscard]] ProgramServices Services();
     [[nodiscard]] std::unique_ptr<CopyQ> NewCopyQ() const;
-    void ShowLogons(QWidget& owner, const SkinOwner& skin);
+    void ShowLogons(QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp);
 
     WindowYield yield_;
     const QString folder_;

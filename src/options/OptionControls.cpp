@@ -1,5 +1,6 @@
 #include "options/OptionControls.h"
 
+#include "controls/ListHeader.h"
 #include "options/NodeTypes.h"
 #include "skins/SkinControls.h"
 
@@ -68,10 +69,10 @@ void OptionControls::MakeGeneral() {
     lists.KeepColors();
     chkCol = MakeCheck(lists.Widget(), "chkCol", "Color&ed Backgrounds",
                        "Select to add color to list windows");
-    lists.AddRow(*chkCol);
+    lists.AddAtLeft(*chkCol);
     chkGrids = MakeCheck(lists.Widget(), "chkGrids", "Gridlines",
                          "Select to add gridlines to list windows");
-    lists.AddRow(*chkGrids);
+    lists.AddAtLeft(*chkGrids);
 
     OptionPage sample(page, "Frame10", "Font Sample");
     sample.KeepColors();
@@ -106,6 +107,7 @@ void OptionControls::MakeList(QWidget& page) {
     lvwExcNetNode->setAccessibleName(Text("Excluded network nodes"));
     lvwExcNetNode->AddColumn(Text("Node Name"), Qt::AlignLeft, NameColumnWidth);
     lvwExcNetNode->AddColumn(Text("Node Type"), Qt::AlignLeft, TypeColumnWidth);
+    lvwExcNetNode->Header()->setStretchLastSection(true);
     lvwExcNetNode->SetCheckBoxes(true);
     lvwExcNetNode->SetIcons(&imgXPNWImages);
     lvwExcNetNode->SetSmallIcons(&imgXPNWImages);
@@ -167,7 +169,7 @@ void OptionControls::MakeMisc() {
     OptionPage trouble(page, "Frame12", "Troubleshooting");
     trouble.KeepColors();
     chkTrouble = MakeCheck(trouble.Widget(), "chkTrouble", "Dump Process Log to File");
-    trouble.AddRow(*chkTrouble);
+    trouble.AddAtLeft(*chkTrouble);
     OptionPage system(page, "Frame13", "System Information");
     system.KeepColors();
     system.WidenFields();

@@ -98,6 +98,10 @@ void OptionPage::AddWideField(const char* label, QWidget& control, QWidget* butt
     grid_.addLayout(fields, NextRow(), 0, 1, -1);
 }
 
+void OptionPage::AddAtLeft(QWidget& control) {
+    grid_.addWidget(&control, NextRow(), 0, 1, -1, Qt::AlignLeft);
+}
+
 void OptionPage::AddAtRight(QWidget& control) {
     grid_.addWidget(&control, NextRow(), 0, 1, -1, Qt::AlignRight);
 }

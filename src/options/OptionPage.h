@@ -50,6 +50,7 @@ public:
     void AddField(const char* label, QWidget& control);
     /// A control that takes all the room behind its label, but for a button at the right edge.
     void AddWideField(const char* label, QWidget& control, QWidget* button = nullptr);
+    void AddAtLeft(QWidget& control);
     void AddAtRight(QWidget& control);
     /// Two controls that share a row, the second one filling it.
     void AddPair(QWidget& first, QWidget& second);

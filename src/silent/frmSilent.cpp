@@ -1,10 +1,12 @@
 #include "silent/frmSilent.h"
 
+#include "controls/ListHeader.h"
 #include "controls/Twips.h"
 
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -33,13 +35,16 @@ QString CountText(int count) {
 
 } // namespace
 
-frmSilent::frmSilent(const NetworkReport& report, const SkinOwner* skin, QWidget* owner)
-    : QDialog(owner), report_(report), lblCount_(new QLabel(this)), lvwSilent_(new ListView(this)) {
+frmSilent::frmSilent(const Services& services, QWidget* owner)
+    : QDialog(owner)
+    , services_(services)
+    , lblCount_(new QLabel(this))
+    , lvwSilent_(new ListView(this)) {
     setObjectName(QStringLiteral("frmSilent"));
     setWindowTitle(tr("Computers That Didn't Answer"));
     setAttribute(Qt::WA_DeleteOnClose);
     LayOut();
-    skin_.Load(*this, skin);
+    skin_.Load(*this, services_.skin);
     Fill();
     connect(lvwSilent_, &ListView::CopyPressed, this, &frmSilent::CopyRows);
     tmrRefresh_.setParent(this);
@@ -54,6 +59,7 @@ void frmSilent::LayOut() {
     lvwSilent_->AddColumn(tr("Computer"), Qt::AlignLeft, ComputerWidth);
     lvwSilent_->AddColumn(tr("Reason"), Qt::AlignLeft, ReasonWidth);
     lvwSilent_->AddColumn(tr("Time"), Qt::AlignLeft, TimeWidth);
+    lvwSilent_->Header()->setStretchLastSection(true);
     lvwSilent_->setAccessibleName(windowTitle());
     lblCount_->setObjectName(QStringLiteral("lblCount"));
     lblCount_->setBuddy(lvwSilent_);
@@ -67,7 +73,7 @@ void frmSilent::LayOut() {
 }
 
 void frmSilent::Fill() {
-    const std::vector<SilentComputer>& silent = report_.SilentComputers();
+    const std::vector<SilentComputer>& silent = services_.report.SilentComputers();
     const QDateTime until = silent.empty() ? QDateTime() : silent.back().time;
     lblCount_->setText(CountText(static_cast<int>(silent.size())));
     if (lvwSilent_->Count() == static_cast<int>(silent.size()) && until == shownUntil_)
@@ -88,6 +94,13 @@ void frmSilent::CopyRows() const {
                      lvwSilent_->SubItem(row, 2));
     if (!lines.isEmpty())
         QGuiApplication::clipboard()->setText(lines.join(u'\n'));
+}
+
+void frmSilent::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && services_.openHelp)
+        services_.openHelp();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 } // namespace netrove

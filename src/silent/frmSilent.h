@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QTimer>
 
+#include <functional>
+
 namespace netrove {
 
 /// Shows the computers that didn't answer, with the reason and the time, and follows the report
@@ -16,15 +18,23 @@ class frmSilent : public QDialog {
     Q_OBJECT
 
 public:
-    /// `skin` tells what it looks like; null for the desktop's look.
-    frmSilent(const NetworkReport& report, const SkinOwner* skin, QWidget* owner);
+    struct Services {
+        const NetworkReport& report;
+        const SkinOwner* skin = nullptr;     ///< what it looks like; null for the desktop's look
+        std::function<void()> openHelp = {}; ///< what the key F1 does
+    };
+
+    frmSilent(const Services& services, QWidget* owner);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void LayOut();
     void Fill();
     void CopyRows() const;
 
-    const NetworkReport& report_;
+    Services services_;
     QLabel* lblCount_;
     ListView* lvwSilent_;
     QTimer tmrRefresh_;

@@ -21,6 +21,10 @@
 namespace netrove {
 namespace {
 
+QString TagOf(const QWidget& control) {
+    return control.property(TagProperty).toString();
+}
+
 /// What a control is for the walk.
 enum class Kind {
     Other,
@@ -80,7 +84,7 @@ public:
     void Color(QWidget& control) const {
         if (IsAny<QLineEdit>(&control))
             KeepPlaceholderReadable(control);
-        const QString tag = control.property(TagProperty).toString();
+        const QString tag = TagOf(control);
         if (tag == QLatin1String("NOCOLOR")) {
             if (control.autoFillBackground())
                 KeepDesktopSurface(control);
@@ -103,6 +107,8 @@ public:
             break;
         case Kind::Text:
             ColorText(palette, tag);
+            if (hasSkin_ && TagOf(*control.parentWidget()) == QLatin1String("NOCOLOR"))
+                FillBackground(control);
             break;
         case Kind::Line:
             ColorLine(static_cast<QFrame&>(control), palette);
@@ -163,6 +169,12 @@ private:
             return;
         const QColor link = ToColor(colors_.SkinLinkColor);
         palette.setColor(QPalette::WindowText, hasSkin_ ? link : Legible(link, windowColor_));
+    }
+
+    /// The skin's text can't be read on a parent that isn't skinned.
+    static void FillBackground(QWidget& control) {
+        control.setBackgroundRole(QPalette::Window); // a check box has that of buttons
+        control.setAutoFillBackground(true);
     }
 
     void ColorLine(QFrame& line, QPalette& palette) const {

@@ -47,7 +47,12 @@ protected:
         EXPECT_TRUE(used);
     }
     static void UseOptions(Run& run, const std::function<void(frmOpts&)>& use) {
-        Use<frmOpts>([&] { run.driver.Find<QAction>("mnuOpts").trigger(); }, use);
+        const auto useSkinned = [&](frmOpts& options) {
+            EXPECT_EQ(options.palette().color(QPalette::Window),
+                      run.window.palette().color(QPalette::Window));
+            use(options);
+        };
+        Use<frmOpts>([&] { run.driver.Find<QAction>("mnuOpts").trigger(); }, useSkinned);
         run.driver.Activate();
     }
 

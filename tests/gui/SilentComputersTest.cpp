@@ -92,6 +92,8 @@ TEST(SilentComputers, AreListedAfterASilentSearch) {
     EXPECT_EQ(shown, (QStringList{Text("2"), Text("1")})) << "A is known";
     EXPECT_TRUE(QTest::qWaitFor([&] { return list.Count() == 1; }));
     EXPECT_EQ(list.Text(1), Text("\\\\C"));
+    QTest::keyClick(&list, Qt::Key_F1);
+    EXPECT_TRUE(desktop.shell.Opened.value(0).endsWith(Text("Netrove.html")));
     QTest::keyClick(&dialog, Qt::Key_Escape);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(window.findChildren<frmSilent*>().isEmpty());

@@ -7,6 +7,12 @@
 #include "gui/WindowDriver.h"
 #include "logons/frmLogon.h"
 #include "logons/frmLogons.h"
+#include "mainwindow/about/frmAbout.h"
+#include "mainwindow/about/frmColHelp.h"
+#include "online/frmDonate.h"
+#include "online/frmUpdate.h"
+#include "options/frmAddNetNode.h"
+#include "options/frmOpts.h"
 #include "silent/frmSilent.h"
 #include "skins/frmCustomizeSkin.h"
 
@@ -26,6 +32,8 @@ struct Exception {
 };
 constexpr Exception Exceptions[] = {
     {"HyperLbl", 4, "links are pure blue, and the window is black"},
+    {"lblVersion", 4, "it has the colour of links"},
+    {"lblDateEx", 4, "it has the colour of links"},
     {"highlighted", 3, "the highlighted menu is white on light blue"},
 };
 
@@ -65,6 +73,10 @@ protected:
         WindowDriver driver(*window);
         driver.Open();
         driver.Search("*.mp3");
+        settings.ExcNetNodes = {Text("Windows|True|Folder")};
+        for (const auto& [path, text] : {std::pair("Netrove2.ver", "TBS_VER 99.0.0"),
+                                         std::pair("Netrove2.nwz", "TBS_NWZ News")})
+            http.Pages.insert(Text("https://site.example/files/") + Text(path), Text(text));
         logons->Store({.computer = Text("LANTERN"), .user = Text("me")}, [](auto) {});
     }
     ~SkinContrast() override {
@@ -108,7 +120,7 @@ protected:
                              .openHelp = {},
                              .skin = &skin},
                             owner),
-            new frmSilent(report, &skin, owner),
+            new frmSilent({.report = report, .skin = &skin}, owner),
             new frmLogons({.logons = logons,
                            .dialogs = dialogs,
                            .shareList = {},
@@ -117,11 +129,58 @@ protected:
                           owner),
             new frmLogon(nullptr, {.hasKeyring = false, .dialogs = dialogs, .skin = &skin}, owner),
             new frmCustomizeSkin({.owner = &skin, .openHelp = {}}, owner),
+            new frmOpts({.settings = settings,
+                         .dialogs = dialogs,
+                         .system = system,
+                         .lvwResults = *owner->findChild<ListView*>(Text("lvwResults")),
+                         .lvwDownloads = *owner->findChild<ListView*>(Text("lvwDownloads")),
+                         .downloadsFolder = folder.path(),
+                         .OSName = Text("OS"),
+                         .OSVersion = Text("1"),
+                         .CurrentUser = Text("me"),
+                         .skin = &skin},
+                        owner),
+            new frmAddNetNode({.dialogs = dialogs, .skin = &skin}, owner, owner),
+            new frmUpdate(Online(skin), owner),
+            new frmDonate(Online(skin), owner),
+            new frmAbout({.shell = shellServices,
+                          .webAddress = Text("https://site.example/"),
+                          .contactAddress = Text("who@site.example")},
+                         &skin, *owner),
+            new frmColHelp({.ColHelpText = Text("The size"), .ColHelpKey = 1}, owner),
         };
+    }
+
+    OnlineServices Online(const SkinSelection& skin) {
+        return {.http = http,
+                .dialogs = dialogs,
+                .shell = shellServices,
+                .webAddress = Text("https://site.example/"),
+                .skin = &skin};
+    }
+
+    /// With every page of it, with what is there only when it is asked for, and at rest.
+    void ExpectAllReadable(QWidget& dialog) {
+        ExpectReadable(dialog);
+        for (QCheckBox* box : dialog.findChildren<QCheckBox*>())
+            box->setChecked(true);
+        for (const char* name : {"cmdCheck", "cmdUp"}) {
+            if (auto* button = dialog.findChild<QPushButton*>(Text(name)))
+                button->click();
+        }
+        if (auto* ok = dialog.findChild<QPushButton*>(Text("cmdOk")))
+            ASSERT_TRUE(QTest::qWaitFor([&] { return ok->isEnabled(); }));
+        ExpectReadable(dialog);
+        auto* tabs = dialog.findChild<QTabWidget*>();
+        for (int page = 1; tabs && page < tabs->count(); ++page) {
+            tabs->setCurrentIndex(page);
+            ExpectReadable(dialog);
+        }
     }
 
     MemoryNetwork network;
     NoReport report;
+    ShellServices shellServices{shell, dialogs};
     ExclusionLists exclusions;
     Settings settings;
     TroubleshootingLog log{settings};
@@ -139,17 +198,7 @@ TEST_P(SkinContrast, EveryTextCanBeRead) {
     for (QWidget* dialog : Dialogs()) {
         dialog->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog));
-        ExpectReadable(*dialog);
-        if (auto* boxes = qobject_cast<frmCustomizeSkin*>(dialog)) {
-            for (QCheckBox* box : boxes->findChildren<QCheckBox*>())
-                box->setChecked(true);
-            ExpectReadable(*dialog);
-        }
-        if (auto* browser = qobject_cast<frmNWDialog*>(dialog)) {
-            auto* ok = browser->findChild<QPushButton*>(Text("cmdOk"));
-            ASSERT_TRUE(QTest::qWaitFor([&] { return ok->isEnabled(); }));
-            ExpectReadable(*dialog);
-        }
+        ExpectAllReadable(*dialog);
         dialog->hide();
     }
 }

@@ -26,7 +26,8 @@ protected:
             LogonServices{.logons = logons,
                           .dialogs = dialogs,
                           .shareList = [this](const QString&) { return shareList; },
-                          .helper = SambaServer::Helper()},
+                          .helper = SambaServer::Helper(),
+                          .openHelp = [this] { ++helps; }},
             nullptr);
         dialog->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
@@ -96,6 +97,7 @@ protected:
     std::shared_ptr<MemoryKeyring> keyring = std::make_shared<MemoryKeyring>();
     std::shared_ptr<Logons> logons = std::make_shared<Logons>(keyring);
     std::optional<SmbRequest> shareList;
+    int helps = 0;
     std::unique_ptr<frmLogons> dialog;
 };
 
@@ -109,12 +111,15 @@ TEST_F(LogonDialogTest, LogonsAreAddedChangedAndRemoved) {
 
     // The form shows no password, and leaves the one there is unless another is typed.
     Find<QTreeWidget>("lvwLogons").setCurrentItem(Find<QTreeWidget>("lvwLogons").topLevelItem(1));
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_F1);
     InForm("cmdChange", [](frmLogon& form) {
+        QTest::keyClick(form.focusWidget(), Qt::Key_F1);
         EXPECT_EQ(form.findChild<QLineEdit*>(Text("txtPassword"))->text(), QString());
         QTest::keyClick(form.findChild<QCheckBox*>(Text("chkRemember")), Qt::Key_Space);
         QTest::keyClick(form.focusWidget(), Qt::Key_Return);
     });
     EXPECT_EQ(Rows(), "All computers|bob|Keyring|\nattic|HOME\\bob|This session|");
+    EXPECT_EQ(helps, 2);
     EXPECT_EQ(logons->All()[1].password.Bytes().toByteArray(), QByteArray("one"));
     EXPECT_EQ(DecodeLogons(keyring->entries.value(Text("logons"))).size(), 1U);
 

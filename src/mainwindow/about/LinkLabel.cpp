@@ -1,5 +1,7 @@
 #include "mainwindow/about/LinkLabel.h"
 
+#include "controls/Color.h"
+
 #include <QMouseEvent>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
@@ -20,7 +22,8 @@ LinkLabel::LinkLabel(const QString& name, const QString& text, const QString& to
     underlined.setUnderline(true);
     setFont(underlined);
     QPalette link = palette();
-    link.setColor(QPalette::WindowText, link.color(QPalette::Link));
+    link.setColor(QPalette::WindowText,
+                  Legible(link.color(QPalette::Link), link.color(QPalette::Window)));
     setPalette(link);
 }
 
