@@ -125,7 +125,8 @@ constexpr MenuText MenuTexts[] = {
 
 } // namespace
 
-MainMenu::MainMenu(QMenuBar& bar, QWidget& window) : QObject(&window) {
+MainMenu::MainMenu(QMenuBar& bar, QWidget& window, QStringList withheld)
+    : QObject(&window), withheld_(std::move(withheld)) {
     for (const MenuText& text : MenuTexts) {
         const QString name = QString::fromLatin1(text.name);
         const QString caption = QString::fromLatin1(text.caption);
@@ -154,6 +155,10 @@ void MainMenu::AddItem(QMenu& menu, const QString& name, const QString& caption)
     items_.insert(name, item);
 }
 
+QString MainMenu::Element(const char* name, int index) {
+    return QString::fromLatin1(name) + u'(' + QString::number(index) + u')';
+}
+
 QAction* MainMenu::Item(const QString& name) const {
     if (QAction* item = items_.value(name))
         return item;
@@ -169,16 +174,17 @@ QMenu* MainMenu::Menu(const QString& name) const {
 }
 
 void MainMenu::Connect(const QString& name, const QObject* context, std::function<void()> work) {
+    if (withheld_.contains(name))
+        return;
     QAction* item = Item(name);
     connect(item, &QAction::triggered, context, std::move(work));
     item->setEnabled(true);
-    withWork_.insert(name);
 }
 
-std::vector<QAction*> MainMenu::WithWork(const QStringList& names) const {
+std::vector<QAction*> MainMenu::Offered(const QStringList& names) const {
     std::vector<QAction*> items;
     for (const QString& name : names) {
-        if (menus_.contains(name) || withWork_.contains(name))
+        if (!withheld_.contains(name))
             items.push_back(Item(name));
     }
     return items;
