@@ -1,12 +1,5 @@
-#include "controls/ListView.h"
-#include "mainwindow/frmNetrove.h"
-#include "platform/LinuxSystemInformation.h"
+#include "BenchWindow.h"
 #include "platform/desktop/DesktopApplication.h"
-#include "platform/desktop/DesktopDialogs.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/DesktopShell.h"
-#include "platform/desktop/DesktopTray.h"
-#include "platform/desktop/WindowYield.h"
 #include "platform/network/OpenNetwork.h"
 
 #include <QApplication>
@@ -138,34 +131,18 @@ int main(int argc, char** argv) {
     const netrove::DesktopApplication application(argc, argv);
     const QString folder = QString::fromLocal8Bit(argv[1]);
     const netrove::OpenedNetwork opened = netrove::OpenNetwork(folder);
-    netrove::DesktopDialogs dialogs;
-    netrove::DesktopShell shell(*opened.network);
-    netrove::DesktopFileTypes fileTypes;
-    netrove::LinuxSystemInformation system;
-    netrove::DesktopTray tray;
-    const netrove::WindowYield yield;
-    netrove::frmNetrove window({.network = *opened.network,
-                                .files = *opened.network,
-                                .dialogs = dialogs,
-                                .shell = shell,
-                                .fileTypes = fileTypes,
-                                .systemIcon = [&](int index) { return fileTypes.Icon(index); },
-                                .system = system,
-                                .tray = tray,
-                                .applicationFolder = folder,
-                                .webAddress = QStringLiteral("https://www.example.com/"),
-                                .ahead = opened.network.get()});
-    window.Form_Load();
-    window.findChild<QComboBox*>(QStringLiteral("LstSearchFor"))
-        ->setEditText(QStringLiteral("*.mp3"));
-    PaintedSpot spot(window, *window.findChild<QLabel*>(QStringLiteral("RetFileLbl")));
+    netrove::BenchWindow window(*opened.network, folder);
+    window.Find<QComboBox>("LstSearchFor").setEditText(QStringLiteral("*.mp3"));
+    PaintedSpot spot(window.Window(), window.Find<QLabel>("RetFileLbl"));
     QApplication::processEvents();
     {
         const Asking asking(spot);
         spot.Restart();
-        window.findChild<QPushButton*>(QStringLiteral("cmdStartSearch"))->click();
+        window.Find<QPushButton>("cmdStartSearch").click();
         spot.Stop();
     }
-    Print(spot, window.findChild<netrove::ListView*>(QStringLiteral("lvwResults"))->Count());
+    for (const QString& box : window.Dialogs().Shown)
+        std::fprintf(stderr, "%s\n", qUtf8Printable(box));
+    Print(spot, window.Results().Count());
     return 0;
 }

@@ -1,9 +1,4 @@
-#include "fakes/DesktopFakes.h"
-#include "fakes/FakeTray.h"
-#include "mainwindow/frmNetrove.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/WindowYield.h"
-#include "platform/network/Network.h"
+#include "BenchWindow.h"
 #include "platform/network/SmbProvider.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaServer.h"
@@ -58,39 +53,12 @@ std::unique_ptr<Network> NetworkBehind(quint16 port) {
     return std::make_unique<Network>(std::move(providers));
 }
 
-/// The real window, shown.
-struct Window {
-    explicit Window(Network& network, const QString& folder)
-        : window({.network = network,
-                  .files = network,
-                  .dialogs = dialogs,
-                  .shell = shell,
-                  .fileTypes = fileTypes,
-                  .systemIcon = [this](int index) { return fileTypes.Icon(index); },
-                  .system = system,
-                  .tray = tray,
-                  .applicationFolder = folder,
-                  .webAddress = QString(),
-                  .ahead = &network}) {
-        window.Form_Load();
-        QApplication::processEvents();
-    }
-
-    void Use(const char* item, const QString& file) {
-        dialogs.Answer = MessageAnswer::Yes;
-        dialogs.Files = {file};
-        window.findChild<QAction*>(QString::fromLatin1(item))->trigger();
-    }
-    ListView& Results() { return *window.findChild<ListView*>(QStringLiteral("lvwResults")); }
-
-    RecordedDialogs dialogs;
-    RecordedShell shell;
-    DesktopFileTypes fileTypes;
-    TestSystem system;
-    FakeTray tray;
-    WindowYield yield;
-    frmNetrove window;
-};
+/// Picks the item of the menu, and chooses the file.
+void Use(BenchWindow& window, const char* item, const QString& file) {
+    window.Dialogs().Answer = MessageAnswer::Yes;
+    window.Dialogs().Files = {file};
+    window.Find<QAction>(item).trigger();
+}
 
 void FillRows(ListView& list) {
     for (int number = 0; number < SavedRows; ++number) {
@@ -124,10 +92,10 @@ private:
 void QueueAndClear(benchmark::State& state) {
     const QTemporaryDir folder;
     const auto network = NetworkBehind(1);
-    Window window(*network, folder.path());
+    BenchWindow window(*network, folder.path());
     FillRows(window.Results());
     window.Results().selectAll();
-    auto& queue = *window.window.findChild<ListView*>(QStringLiteral("lvwDownloads"));
+    auto& queue = window.Find<ListView>("lvwDownloads");
     double longest = 0;
     for (auto _ : state) {
         Standstill standstill;
@@ -135,7 +103,7 @@ void QueueAndClear(benchmark::State& state) {
         QApplication::processEvents();
         if (queue.Count() != SavedRows)
             state.SkipWithError("not all rows were queued");
-        window.window.findChild<QAction*>(QStringLiteral("ClearAllMnu"))->trigger();
+        window.Find<QAction>("ClearAllMnu").trigger();
         QApplication::processEvents();
         longest = std::max(longest, standstill.Milliseconds());
     }
@@ -147,10 +115,10 @@ BENCHMARK(QueueAndClear)->Unit(benchmark::kMillisecond)->UseRealTime();
 void SaveRows(benchmark::State& state) {
     const QTemporaryDir folder;
     const auto network = NetworkBehind(1);
-    Window window(*network, folder.path());
+    BenchWindow window(*network, folder.path());
     FillRows(window.Results());
     for (auto _ : state)
-        window.Use("mnuSaveResFile", folder.filePath(QStringLiteral("saved.nrr")));
+        Use(window, "mnuSaveResFile", folder.filePath(QStringLiteral("saved.nrr")));
     state.SetItemsProcessed(state.iterations() * SavedRows);
 }
 BENCHMARK(SaveRows)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -178,8 +146,8 @@ void LoadRows(benchmark::State& state) {
     list.close();
     for (auto _ : state) {
         const auto network = NetworkBehind(server.proxy.Port());
-        Window window(*network, folder.path());
-        window.Use("mnuLoadResFile", list.fileName());
+        BenchWindow window(*network, folder.path());
+        Use(window, "mnuLoadResFile", list.fileName());
         if (window.Results().Count() != LoadedFolders * FilesInFolder)
             state.SkipWithError("not all files were loaded");
     }

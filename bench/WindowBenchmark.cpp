@@ -1,13 +1,5 @@
-#include "controls/ListView.h"
-#include "mainwindow/frmNetrove.h"
-#include "platform/LinuxSystemInformation.h"
-#include "platform/desktop/DesktopDialogs.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/DesktopShell.h"
-#include "platform/desktop/DesktopTray.h"
-#include "platform/desktop/WindowYield.h"
+#include "BenchWindow.h"
 #include "platform/network/FolderProvider.h"
-#include "platform/network/Network.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -42,31 +34,12 @@ void SearchIntoTheWindow(benchmark::State& state) {
     providers.push_back(
         std::make_unique<netrove::FolderProvider>(QStringLiteral("Net"), folder.path()));
     netrove::Network network(std::move(providers));
-    netrove::DesktopDialogs dialogs;
-    netrove::DesktopShell shell(network);
-    netrove::DesktopFileTypes fileTypes;
-    netrove::LinuxSystemInformation system;
-    netrove::DesktopTray tray;
-    const netrove::WindowYield yield;
-    netrove::frmNetrove window({.network = network,
-                                .files = network,
-                                .dialogs = dialogs,
-                                .shell = shell,
-                                .fileTypes = fileTypes,
-                                .systemIcon = [&](int index) { return fileTypes.Icon(index); },
-                                .system = system,
-                                .tray = tray,
-                                .applicationFolder = folder.path(),
-                                .webAddress = QStringLiteral("https://www.example.com/"),
-                                .contactAddress = QString()});
-    window.Form_Load();
-    QApplication::processEvents();
-    auto* button = window.findChild<QPushButton*>(QStringLiteral("cmdStartSearch"));
-    auto* list = window.findChild<netrove::ListView*>(QStringLiteral("lvwResults"));
+    netrove::BenchWindow window(network, folder.path());
+    auto& button = window.Find<QPushButton>("cmdStartSearch");
     for (auto _ : state) {
-        button->click();
+        button.click();
         QApplication::processEvents();
-        if (list->Count() != Files)
+        if (window.Results().Count() != Files)
             state.SkipWithError("not all files were found");
     }
     state.SetItemsProcessed(state.iterations() * Files);

@@ -18,8 +18,6 @@ namespace netrove {
 
 namespace {
 
-/// How long changes gather before the screen follows: short enough to look immediate.
-constexpr int FlushDelay = 40;
 /// The selection on a background of the list's own.
 constexpr QColor SelectionColor(0x2A, 0x6F, 0xB5);
 
@@ -75,10 +73,7 @@ ListView::ListView(QWidget* parent)
     setTabKeyNavigation(false);
     setHorizontalScrollMode(ScrollPerPixel);
 
-    flushTimer_.setSingleShot(true);
-    flushTimer_.setInterval(FlushDelay);
-    connect(&flushTimer_, &QTimer::timeout, this, &ListView::Flush);
-    connect(model_, &ListModel::FlushNeeded, this, &ListView::ScheduleFlush);
+    connect(model_, &ListModel::FlushNeeded, this, [this] { delayed_.Schedule(); });
     connect(header_, &ListHeader::Clicked, this,
             [this](int column) { Q_EMIT ColumnClick(column + 1); });
     connect(header_, &ListHeader::RightClicked, this, &ListView::HeaderRightClick);
@@ -214,7 +209,7 @@ void ListView::SetDragContent(DragContent content) {
 
 void ListView::Flush() {
     SortIfPending();
-    flushTimer_.stop();
+    delayed_.Done();
     const int rowsBefore = model_->rowCount();
     switch (model_->Flush()) {
     case ListModel::Flushed::Nothing:
@@ -259,12 +254,12 @@ void ListView::selectAll() {
 }
 
 bool ListView::event(QEvent* event) {
-    FlushBefore(*event);
+    delayed_.FlushBefore(*event);
     return QTableView::event(event);
 }
 
 bool ListView::viewportEvent(QEvent* event) {
-    FlushBefore(*event);
+    delayed_.FlushBefore(*event);
     return QTableView::viewportEvent(event);
 }
 
@@ -429,29 +424,6 @@ int ListView::SubItemColumn(int number) {
     return number + 1;
 }
 
-void ListView::ScheduleFlush() {
-    if (!flushTimer_.isActive())
-        flushTimer_.start();
-}
-
-/// What the user does is about what the list is now.
-void ListView::FlushBefore(const QEvent& event) {
-    switch (event.type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::Wheel:
-    case QEvent::KeyPress:
-    case QEvent::ContextMenu:
-    case QEvent::FocusIn:
-        Flush();
-        break;
-    default:
-        break;
-    }
-}
-
 void ListView::SortIfPending() {
     if (std::exchange(sortPending_, false) && Count() > 0)
         model_->Sort(sortKey_ + 1, sortOrder_);
@@ -459,7 +431,7 @@ void ListView::SortIfPending() {
 
 void ListView::NotePendingSort() {
     sortPending_ = true;
-    ScheduleFlush();
+    delayed_.Schedule();
 }
 
 void ListView::ShowAppendedRows(int firstRow) {

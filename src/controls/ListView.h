@@ -1,11 +1,11 @@
 #pragma once
 
+#include "controls/DelayedFlush.h"
 #include "controls/ListModel.h"
 
 #include <QMimeData>
 #include <QPointer>
 #include <QTableView>
-#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -184,8 +184,6 @@ protected:
 
 private:
     [[nodiscard]] static int SubItemColumn(int number);
-    void ScheduleFlush();
-    void FlushBefore(const QEvent& event);
     void SortIfPending();
     void NotePendingSort();
     void ShowAppendedRows(int firstRow);
@@ -202,7 +200,7 @@ private:
 
     ListModel* model_;
     ListHeader* header_;
-    QTimer flushTimer_;
+    DelayedFlush delayed_{[this] { Flush(); }};
     DragContent dragContent_;
     QPointer<ImageList> icons_;
     QColor backColor_;

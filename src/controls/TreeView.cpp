@@ -14,8 +14,6 @@ namespace netrove {
 
 namespace {
 
-/// How long changes gather before the screen follows: short enough to look immediate.
-constexpr int FlushDelay = 40;
 /// The edge of the pictures in logical pixels.
 constexpr int PictureSize = 16;
 
@@ -35,12 +33,9 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), model_(new TreeModel(th
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this] { resizeColumnToContents(0); });
 
-    flushTimer_.setSingleShot(true);
-    flushTimer_.setInterval(FlushDelay);
     expandTimer_.setSingleShot(true);
-    connect(&flushTimer_, &QTimer::timeout, this, &TreeView::Flush);
     connect(&expandTimer_, &QTimer::timeout, this, &TreeView::RaiseExpand);
-    connect(model_, &TreeModel::FlushNeeded, this, &TreeView::ScheduleFlush);
+    connect(model_, &TreeModel::FlushNeeded, this, [this] { delayed_.Schedule(); });
     connect(this, &QTreeView::expanded, this, &TreeView::TakeExpanded);
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex& index) { model_->TakeExpanded(index, false); });
@@ -56,7 +51,7 @@ void TreeView::EnsureVisible(const QString& key) {
     for (QString above = Parent(key); !above.isEmpty(); above = Parent(above))
         SetExpanded(above, true);
     toScrollTo_ = key;
-    ScheduleFlush();
+    delayed_.Schedule();
 }
 
 QString TreeView::Selected() const {
@@ -76,7 +71,7 @@ void TreeView::SetImageList(ImageList* pictures) {
 }
 
 void TreeView::Flush() {
-    flushTimer_.stop();
+    delayed_.Done();
     for (const QString& key : model_->Flush())
         ShowExpansion(key);
     const QString key = std::exchange(toScrollTo_, QString());
@@ -99,12 +94,12 @@ void TreeView::Refresh() {
 }
 
 bool TreeView::event(QEvent* event) {
-    FlushBefore(*event);
+    delayed_.FlushBefore(*event);
     return QTreeView::event(event);
 }
 
 bool TreeView::viewportEvent(QEvent* event) {
-    FlushBefore(*event);
+    delayed_.FlushBefore(*event);
     return QTreeView::viewportEvent(event);
 }
 
@@ -157,29 +152,6 @@ void TreeView::resizeEvent(QResizeEvent* event) {
 /// The whole width, and more where a name that can be seen is longer.
 int TreeView::sizeHintForColumn(int column) const {
     return std::max(QTreeView::sizeHintForColumn(column), viewport()->width());
-}
-
-void TreeView::ScheduleFlush() {
-    if (!flushTimer_.isActive())
-        flushTimer_.start();
-}
-
-/// What the user does is about what the tree is now.
-void TreeView::FlushBefore(const QEvent& event) {
-    switch (event.type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::Wheel:
-    case QEvent::KeyPress:
-    case QEvent::ContextMenu:
-    case QEvent::FocusIn:
-        Flush();
-        break;
-    default:
-        break;
-    }
 }
 
 void TreeView::ShowExpansion(const QString& key) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/DelayedFlush.h"
 #include "controls/TreeModel.h"
 
 #include <QTimer>
@@ -91,15 +92,13 @@ protected:
     [[nodiscard]] int sizeHintForColumn(int column) const override;
 
 private:
-    void ScheduleFlush();
     [[nodiscard]] bool IsReachable(const QString& key) const;
-    void FlushBefore(const QEvent& event);
     void ShowExpansion(const QString& key);
     void TakeExpanded(const QModelIndex& index);
     void RaiseExpand();
 
     TreeModel* model_;
-    QTimer flushTimer_;
+    DelayedFlush delayed_{[this] { Flush(); }};
     QTimer expandTimer_;
     QString toScrollTo_;
     QStringList toRaise_; ///< expanded by the user, not raised yet

@@ -23,6 +23,14 @@ AboutServices HelpMenu::About() {
             .openHelp = services_.openHelp};
 }
 
+void HelpMenu::mnuCont_Click() {
+    services_.openHelp();
+}
+
+void HelpMenu::mnuTBS_Click() {
+    services_.shell.ShellRun(services_.webAddress);
+}
+
 void HelpMenu::UpdateMnu_Click() {
     if (services_.http)
         frmUpdate(Online(), &window_).exec();

@@ -31,6 +31,8 @@ public:
     HelpMenu(QWidget& window, Services services)
         : window_(window), services_(std::move(services)) {}
 
+    void mnuCont_Click();
+    void mnuTBS_Click();
     void UpdateMnu_Click();
     void mnuDonate_Click();
     void mnuAbout1_Click();

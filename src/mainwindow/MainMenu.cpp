@@ -4,6 +4,8 @@
 
 #include <QMenu>
 
+#include <span>
+
 namespace netrove {
 namespace {
 
@@ -17,102 +19,115 @@ struct ItemText {
 struct MenuText {
     const char* name;
     const char* caption; ///< empty for a pop-up menu
-    std::vector<ItemText> items;
+    std::span<const ItemText> items;
 };
 
 // The blanks at the end of captions widen their menus. Only the marked captions are translated.
-const std::vector<MenuText>& MenuTexts() {
-    static const std::vector<MenuText> texts{
-        {"mnuFile",
-         "&File",
-         {{"mnuSaveResFile", "&Save Results to File..."},
-          {"mnuLoadResFile", "&Load Results File..."},
-          {"mnuSep11", Separator},
-          {"mnuListsFol(0)", "&Open 'Lists' Folder..."},
-          {"mnuListsFol(1)", "Explo&re 'Lists' Folder..."},
-          {"mnuSep13", Separator},
-          {"mnuExit1", "E&xit     "}}},
-        {"mnuTools",
-         "&Tools",
-         {{"mnuViewTrLog", "View &Troubleshooting Log File"},
-          {"mnuSilent", QT_TRANSLATE_NOOP("netrove::MainMenu", "&Computers That Didn't Answer...")},
-          {"mnuSep3", Separator},
-          {"mnuLogon", QT_TRANSLATE_NOOP("netrove::MainMenu", "Network &Logon...")},
-          {"mnuOpts", "&Options...     "}}},
-        {"mnuSkinTOP",
-         "S&kin",
-         {{"mnuSkin(0)", "&None"},
-          {"mnuSkin(1)", "&Trek"},
-          {"mnuSkin(2)", "&Serenity"},
-          {"mnuSkin(3)", "&J.I.L.L."},
-          {"mnuSkin(4)", "&Metropolis"},
-          {"mnuSkin(5)", "&Bullethead"},
-          {"mnuSep", Separator},
-          {"mnuSkinCust", "&Customize..."}}},
-        {"mnuHelp",
-         "&Help",
-         {{"mnuCont", "Help &Content..."},
-          {"mnuSep1", Separator},
-          {"mnuTBS", "&Tarn Bridge Software on the Web..."},
-          {"UpdateMnu", "Check for &Update..."},
-          {"mnuDonate", "&Donate..."},
-          {"mnuSep2", Separator},
-          {"mnuAbout1", "&About Netrove..."}}},
-        {"PopUp1Mnu",
-         "",
-         {{"ClearMnu", "Clear Selected"},
-          {"ClearAllMnu", "Clear All"},
-          {"mnuSep7", Separator},
-          {"mnuViewFolder(0)", "Open Downloads Folder"},
-          {"mnuViewFolder(1)", "Explore Downloads Folder"},
-          {"mnuSep6", Separator},
-          {"mnuSampleFileLoc", "Sample File Locally"},
-          {"mnuSep8", Separator},
-          {"ErrDescMnu", "Error Description"}}},
-        {"PopUp2Mnu",
-         "",
-         {{"mnuDownload", "Download"},
-          {"sep1", Separator},
-          {"OpenFolMnu", "Open Folder"},
-          {"ExpFolMnu", "Explore Folder"},
-          {"mnuSep9", Separator},
-          {"mnuTheWkGP", "Member of x Workgroup"},
-          {"sep2", Separator},
-          {"mnuSampleFile", "Sample File Remotely"}}},
-        {"PopUp3Mnu", "", {{"HelpColMnu", "Help with this Column?"}}},
-        {"PopUp4Mnu",
-         "",
-         {{"mnuRestore", "&Restore"},
-          {"mnuSep4", Separator},
-          {"mnuMax", "Maximize"},
-          {"mnuMin", "Minimize"},
-          {"mnuSep5", Separator},
-          {"mnuAbout", "&About Netrove"},
-          {"mnuExit", "E&xit"}}},
-        {"mnuPopUp5",
-         "",
-         {{"mnuFiles(0)", "MPEG Audio (MP3)"},
-          {"mnuFiles(1)", "Other Audio"},
-          {"mnuFiles(2)", "Video"},
-          {"mnuFiles(3)", "Pictures"},
-          {"mnuFiles(4)", "Executables"},
-          {"mnuFiles(5)", "Office Documents"},
-          {"mnuFiles(6)", "Compressed Files"},
-          {"mnuFiles(7)", "All Files"}}},
-        {"mnuPopUp6",
-         "",
-         {{"mnuInpNetNode(0)", "Input a Workstation"},
-          {"mnuInpNetNode(1)", "Input a Workgroup"},
-          {"mnuInpNetNode(2)", Separator},
-          {"mnuInpNetNode(3)", "Set to Network Root"}}},
-    };
-    return texts;
-}
+// clang-format off
+constexpr ItemText FileItems[] = {
+    {"mnuSaveResFile", "&Save Results to File..."},
+    {"mnuLoadResFile", "&Load Results File..."},
+    {"mnuSep11", Separator},
+    {"mnuListsFol(0)", "&Open 'Lists' Folder..."},
+    {"mnuListsFol(1)", "Explo&re 'Lists' Folder..."},
+    {"mnuSep13", Separator},
+    {"mnuExit1", "E&xit     "},
+};
+constexpr ItemText ToolsItems[] = {
+    {"mnuViewTrLog", "View &Troubleshooting Log File"},
+    {"mnuSilent", QT_TRANSLATE_NOOP("netrove::MainMenu", "&Computers That Didn't Answer...")},
+    {"mnuSep3", Separator},
+    {"mnuLogon", QT_TRANSLATE_NOOP("netrove::MainMenu", "Network &Logon...")},
+    {"mnuOpts", "&Options...     "},
+};
+constexpr ItemText SkinItems[] = {
+    {"mnuSkin(0)", "&None"},
+    {"mnuSkin(1)", "&Trek"},
+    {"mnuSkin(2)", "&Serenity"},
+    {"mnuSkin(3)", "&J.I.L.L."},
+    {"mnuSkin(4)", "&Metropolis"},
+    {"mnuSkin(5)", "&Bullethead"},
+    {"mnuSep", Separator},
+    {"mnuSkinCust", "&Customize..."},
+};
+constexpr ItemText HelpItems[] = {
+    {"mnuCont", "Help &Content..."},
+    {"mnuSep1", Separator},
+    {"mnuTBS", "&Tarn Bridge Software on the Web..."},
+    {"UpdateMnu", "Check for &Update..."},
+    {"mnuDonate", "&Donate..."},
+    {"mnuSep2", Separator},
+    {"mnuAbout1", "&About Netrove..."},
+};
+constexpr ItemText DownloadsItems[] = {
+    {"ClearMnu", "Clear Selected"},
+    {"ClearAllMnu", "Clear All"},
+    {"mnuSep7", Separator},
+    {"mnuViewFolder(0)", "Open Downloads Folder"},
+    {"mnuViewFolder(1)", "Explore Downloads Folder"},
+    {"mnuSep6", Separator},
+    {"mnuSampleFileLoc", "Sample File Locally"},
+    {"mnuSep8", Separator},
+    {"ErrDescMnu", "Error Description"},
+};
+constexpr ItemText ResultsItems[] = {
+    {"mnuDownload", "Download"},
+    {"sep1", Separator},
+    {"OpenFolMnu", "Open Folder"},
+    {"ExpFolMnu", "Explore Folder"},
+    {"mnuSep9", Separator},
+    {"mnuTheWkGP", "Member of x Workgroup"},
+    {"sep2", Separator},
+    {"mnuSampleFile", "Sample File Remotely"},
+};
+constexpr ItemText HeaderItems[] = {
+    {"HelpColMnu", "Help with this Column?"},
+};
+constexpr ItemText TrayItems[] = {
+    {"mnuRestore", "&Restore"},
+    {"mnuSep4", Separator},
+    {"mnuMax", "Maximize"},
+    {"mnuMin", "Minimize"},
+    {"mnuSep5", Separator},
+    {"mnuAbout", "&About Netrove"},
+    {"mnuExit", "E&xit"},
+};
+constexpr ItemText PatternItems[] = {
+    {"mnuFiles(0)", "MPEG Audio (MP3)"},
+    {"mnuFiles(1)", "Other Audio"},
+    {"mnuFiles(2)", "Video"},
+    {"mnuFiles(3)", "Pictures"},
+    {"mnuFiles(4)", "Executables"},
+    {"mnuFiles(5)", "Office Documents"},
+    {"mnuFiles(6)", "Compressed Files"},
+    {"mnuFiles(7)", "All Files"},
+};
+constexpr ItemText StartNodeItems[] = {
+    {"mnuInpNetNode(0)", "Input a Workstation"},
+    {"mnuInpNetNode(1)", "Input a Workgroup"},
+    {"mnuInpNetNode(2)", Separator},
+    {"mnuInpNetNode(3)", "Set to Network Root"},
+};
+
+constexpr MenuText MenuTexts[] = {
+    {"mnuFile", "&File", FileItems},
+    {"mnuTools", "&Tools", ToolsItems},
+    {"mnuSkinTOP", "S&kin", SkinItems},
+    {"mnuHelp", "&Help", HelpItems},
+    {"PopUp1Mnu", "", DownloadsItems},
+    {"PopUp2Mnu", "", ResultsItems},
+    {"PopUp3Mnu", "", HeaderItems},
+    {"PopUp4Mnu", "", TrayItems},
+    {"mnuPopUp5", "", PatternItems},
+    {"mnuPopUp6", "", StartNodeItems},
+};
+// clang-format on
 
 } // namespace
 
-MainMenu::MainMenu(QMenuBar& bar, QWidget& window) : QObject(&window) {
-    for (const MenuText& text : MenuTexts()) {
+MainMenu::MainMenu(QMenuBar& bar, QWidget& window, QStringList withheld)
+    : QObject(&window), withheld_(std::move(withheld)) {
+    for (const MenuText& text : MenuTexts) {
         const QString name = QString::fromLatin1(text.name);
         const QString caption = QString::fromLatin1(text.caption);
         const bool isPopUp = caption.isEmpty();
@@ -140,6 +155,10 @@ void MainMenu::AddItem(QMenu& menu, const QString& name, const QString& caption)
     items_.insert(name, item);
 }
 
+QString MainMenu::Element(const char* name, int index) {
+    return QString::fromLatin1(name) + u'(' + QString::number(index) + u')';
+}
+
 QAction* MainMenu::Item(const QString& name) const {
     if (QAction* item = items_.value(name))
         return item;
@@ -155,16 +174,17 @@ QMenu* MainMenu::Menu(const QString& name) const {
 }
 
 void MainMenu::Connect(const QString& name, const QObject* context, std::function<void()> work) {
+    if (withheld_.contains(name))
+        return;
     QAction* item = Item(name);
     connect(item, &QAction::triggered, context, std::move(work));
     item->setEnabled(true);
-    withWork_.insert(name);
 }
 
-std::vector<QAction*> MainMenu::WithWork(const QStringList& names) const {
+std::vector<QAction*> MainMenu::Offered(const QStringList& names) const {
     std::vector<QAction*> items;
     for (const QString& name : names) {
-        if (menus_.contains(name) || withWork_.contains(name))
+        if (!withheld_.contains(name))
             items.push_back(Item(name));
     }
     return items;

@@ -4,30 +4,37 @@
 #include <QHash>
 #include <QMenuBar>
 #include <QObject>
-#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
 
 namespace netrove {
 
 /// The menus of the main window: those of its menu bar, and the pop-up menus, which are shown only
 /// at the mouse. Every menu and item is known by its name, which is its objectName too.
 ///
-/// An item that nobody has given work with Connect() stays disabled, whatever job comes and goes.
+/// An item is enabled when Connect() gives it work. One that is withheld, as what it would ask for
+/// isn't there, stays disabled whatever job comes and goes.
 class MainMenu : public QObject {
     Q_OBJECT
 
 public:
     /// Fills `bar`; the pop-up menus become children of `window`.
-    MainMenu(QMenuBar& bar, QWidget& window);
+    MainMenu(QMenuBar& bar, QWidget& window, QStringList withheld);
+
+    /// The name of an item that shares its first part with others: "mnuSkin(3)" and so on.
+    [[nodiscard]] static QString Element(const char* name, int index);
 
     /// The item or menu with that name. Raises ErrorNumber::KeyNotFound.
     [[nodiscard]] QAction* Item(const QString& name) const;
     [[nodiscard]] QMenu* Menu(const QString& name) const;
 
-    /// Gives the item its work and enables it.
+    /// Gives the item its work and enables it; does nothing for one that is withheld.
     void Connect(const QString& name, const QObject* context, std::function<void()> work);
 
-    /// Those of the named items and menus that have work, for EnableButtons.
-    [[nodiscard]] std::vector<QAction*> WithWork(const QStringList& names) const;
+    /// The named items and menus but those that are withheld, for EnableButtons.
+    [[nodiscard]] std::vector<QAction*> Offered(const QStringList& names) const;
 
 private:
     QMenu* AddMenu(const QString& name, const QString& caption, QWidget* parent);
@@ -35,7 +42,7 @@ private:
 
     QHash<QString, QMenu*> menus_;
     QHash<QString, QAction*> items_;
-    QSet<QString> withWork_;
+    QStringList withheld_;
 };
 
 } // namespace netrove

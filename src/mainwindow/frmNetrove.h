@@ -1,12 +1,16 @@
 #pragma once
 
-#include "downloads/DownloadQueue.h"
-#include "downloads/ListOperations.h"
+#include "mainwindow/DefaultButton.h"
 #include "mainwindow/HelpMenu.h"
+#include "mainwindow/InputEvents.h"
 #include "mainwindow/MainControls.h"
 #include "mainwindow/MainMenu.h"
+#include "mainwindow/PartControls.h"
 #include "mainwindow/ProgramServices.h"
 #include "mainwindow/SysTray.h"
+#include "mainwindow/SystemValues.h"
+#include "mainwindow/ToolsMenu.h"
+#include "mainwindow/WebLink.h"
 #include "mainwindow/WindowLayout.h"
 #include "mainwindow/about/ColumnHelp.h"
 #include "mainwindow/services/ShellServices.h"
@@ -14,15 +18,8 @@
 #include "search/ExclusionLists.h"
 #include "search/Settings.h"
 #include "search/TroubleshootingLog.h"
-#include "searchrun/PredefinedPatterns.h"
-#include "searchrun/ResultRows.h"
-#include "searchrun/SearchRun.h"
-#include "searchrun/SearchStart.h"
 #include "searchrun/SearchState.h"
-#include "skins/SkinSelection.h"
 #include "skins/frame/PaintedSkinFrame.h"
-#include "storage/ResultsFile.h"
-#include "storage/SettingsFile.h"
 
 #include <QMainWindow>
 
@@ -76,47 +73,40 @@ protected:
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void SelectSkin(int index);
-    void ShowSilentComputers();
-    void mnuOpts_Click();
-    [[nodiscard]] MainMenu* MakeMenu();
+    void ConnectMenus();
     void ConnectControls();
-    void ConnectSearchParameters();
-    void ConnectLists();
-    void ConnectReturnKey();
-    [[nodiscard]] JobControls MakeJobControls();
-    [[nodiscard]] ListOperations MakeListOperations();
-    [[nodiscard]] SkinSelection::Menu SkinMenu() const;
-    [[nodiscard]] SkinSelection::Controls SkinnedControls();
+    [[nodiscard]] SearchRun::Services RunServices();
+    [[nodiscard]] SearchStart::Services StartServices();
+    [[nodiscard]] ListOperations::Services ListServices();
+    [[nodiscard]] ResultsFile::Services ResultsFileServices();
+    [[nodiscard]] SettingsFile::Services SettingsFileServices();
     [[nodiscard]] SkinSelection::Services SkinServices();
-    void ConnectListMenus(MainMenu& menu);
-    void ConnectHelpMenu(MainMenu& menu);
-    void ConnectTrayMenu(MainMenu& menu);
-    void PressDefaultButton();
+    [[nodiscard]] ToolsMenu::Services ToolsServices();
+    [[nodiscard]] HelpMenu::Services HelpServices();
 
-    void LoadSteps();
-    void ReadSystem();
-    void ChooseStartNode();
-    void Form_Unload();
-
-    void LstSearchFor_FocusIn(Qt::FocusReason reason);
     [[nodiscard]] std::optional<std::shared_ptr<NetResource>> BrowseNetwork();
     [[nodiscard]] QString LogFile() const;
     void OpenHelp();
-    void HyperLbl_MouseDown();
+
+    void LoadSteps();
+    void ReadSystem();
+    void Form_Unload();
 
     ProgramServices services_;
     Settings settings_;
     ExclusionLists exclusions_;
     TroubleshootingLog log_{settings_};
     SearchState state_;
+    SystemValues system_;
+    QString HelpFile;
+    std::unique_ptr<InstanceMarker> marker_;
 
     QWidget* inner_;
     MainControls controls_;
     MainMenu* menu_;
+    PartControls parts_;
     WindowLayout layout_;
     IconImages icons_;
     ShellServices shell_;
@@ -126,22 +116,19 @@ private:
     SearchStart start_;
     DownloadQueue queue_;
     ListOperations lists_;
-    ColumnHelp columnHelp_;
-    HelpMenu helpMenu_;
     ResultsFile resultsFile_;
     SettingsFile settingsFile_;
     PaintedSkinFrame painter_;
     SkinSelection skins_;
+    ColumnHelp columnHelp_;
+    ToolsMenu toolsMenu_;
+    HelpMenu helpMenu_;
     SysTray tray_;
+    InputEvents inputEvents_;
+    WebLink webLink_;
+    DefaultButton defaultButton_;
 
-    std::unique_ptr<InstanceMarker> marker_;
     std::unique_ptr<CopyQ> CopyDLL;
-    QString HelpFile;
-    QString OSName;
-    QString OSVersion;
-    QString CurrentUser;
-    bool IsWinNT = false;
-    bool IsWinXP = false;
 };
 
 } // namespace netrove

@@ -105,6 +105,19 @@ void SearchStart::SetStartNode(const std::shared_ptr<NetResource>& node) {
     controls_.txtSearchStart.setText(name.isEmpty() ? QStringLiteral("[Root]") : name);
 }
 
+void SearchStart::ChooseStartNode(bool isWinXP) {
+    if (!isWinXP) {
+        controls_.txtSearchStart.setText(QStringLiteral("[Root]"));
+        return;
+    }
+    const QString provider = NetEnum::LocalAreaNetwork;
+    NetResource root(services_.network);
+    state_.SearchStartNode = root.Children()->Item(provider);
+    if (!state_.SearchStartNode)
+        throw RunTimeError(ErrorNumber::ObjectNotSet);
+    controls_.txtSearchStart.setText(provider);
+}
+
 void SearchStart::cmdSetSearchStart_Click() {
     try {
         Browse();

@@ -46,6 +46,11 @@ public:
     /// Whether the network has workgroups, so that paths lead through its provider. True at first.
     void SetIsWinNT(bool isWinNT) { isWinNT_ = isWinNT; }
 
+    /// The node that the program begins with: the root, which the start has made, or where
+    /// `isWinXP` the root's provider of Windows networks. Raises ErrorNumber::ObjectNotSet, and
+    /// leaves no node, where there is no such provider.
+    void ChooseStartNode(bool isWinXP);
+
     /// Shows the menu of ways at the mouse: both buttons do.
     void cmdInpNetNode_Click();
 

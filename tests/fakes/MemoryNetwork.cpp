@@ -1,25 +1,10 @@
 #include "fakes/MemoryNetwork.h"
 
+#include "fakes/ListedFind.h"
 #include "runtime/RunTimeError.h"
 
 namespace netrove {
 namespace {
-
-class MemoryFind : public FileFind {
-public:
-    explicit MemoryFind(std::vector<FindData> entries) : entries_(std::move(entries)) {}
-
-    bool FindNext(FindData& data) override {
-        if (next_ == entries_.size())
-            return false;
-        data = entries_[next_++];
-        return true;
-    }
-
-private:
-    std::vector<FindData> entries_;
-    std::size_t next_ = 0;
-};
 
 quint32 RecordSize(const NetRecord& record) {
     return NetEnum::RecordBytes +
@@ -142,7 +127,7 @@ std::unique_ptr<FileFind> MemoryNetwork::FindFirst(const QString& searchPath, Fi
     const auto folder = folders_.find(path);
     if (folder == folders_.end())
         return nullptr;
-    auto find = std::make_unique<MemoryFind>(folder->second);
+    auto find = std::make_unique<ListedFind>(folder->second);
     if (!find->FindNext(first))
         return nullptr;
     return find;

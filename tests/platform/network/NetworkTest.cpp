@@ -1,5 +1,6 @@
 #include "platform/network/Network.h"
 
+#include "fakes/ListedFind.h"
 #include "runtime/ExpectRaised.h"
 
 #include <QHash>
@@ -7,22 +8,6 @@
 
 namespace netrove {
 namespace {
-
-class ListedFind : public FileFind {
-public:
-    explicit ListedFind(std::vector<FindData> entries) : entries_(std::move(entries)) {}
-
-    bool FindNext(FindData& data) override {
-        if (next_ == entries_.size())
-            return false;
-        data = entries_[next_++];
-        return true;
-    }
-
-private:
-    std::vector<FindData> entries_;
-    std::size_t next_ = 0;
-};
 
 /// Answers what it was told to, however hostile.
 class FakeProvider : public NetworkProvider {

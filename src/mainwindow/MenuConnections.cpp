@@ -1,0 +1,105 @@
+#include "mainwindow/MenuConnections.h"
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+} // namespace
+
+QStringList MenuConnections::Withheld(const ProgramServices& services) {
+    QStringList items;
+    if (!services.report)
+        items.append(Text("mnuSilent"));
+    if (!services.showLogons)
+        items.append(Text("mnuLogon"));
+    if (!services.http)
+        items.append({Text("UpdateMnu"), Text("mnuDonate")});
+    return items;
+}
+
+void MenuConnections::Connect(const char* name, const std::function<void()>& work) {
+    menu_.Connect(Text(name), &context_, work);
+}
+
+void MenuConnections::Connect(const char* name, std::initializer_list<int> indices,
+                              const std::function<void(int)>& work) {
+    for (const int index : indices)
+        menu_.Connect(MainMenu::Element(name, index), &context_, [work, index] { work(index); });
+}
+
+void MenuConnections::ConnectFileMenu(ResultsFile& resultsFile,
+                                      const std::function<void()>& unload) {
+    Connect("mnuSaveResFile", [&resultsFile] { resultsFile.mnuSaveResFile_Click(); });
+    Connect("mnuLoadResFile", [&resultsFile] { resultsFile.mnuLoadResFile_Click(); });
+    Connect("mnuListsFol", {0, 1},
+            [&resultsFile](int index) { resultsFile.mnuListsFol_Click(index); });
+    Connect("mnuExit1", unload);
+}
+
+void MenuConnections::ConnectToolsMenu(ToolsMenu& tools) {
+    Connect("mnuViewTrLog", [&tools] { tools.mnuViewTrLog_Click(); });
+    Connect("mnuSilent", [&tools] { tools.mnuSilent_Click(); });
+    Connect("mnuLogon", [&tools] { tools.mnuLogon_Click(); });
+    Connect("mnuOpts", [&tools] { tools.mnuOpts_Click(); });
+}
+
+void MenuConnections::ConnectSkinMenu(SkinSelection& skins, ToolsMenu& tools) {
+    Connect("mnuSkin", {0, 1, 2, 3, 4, 5}, [&skins, &tools](int index) {
+        skins.mnuSkin_Click(qint16(index));
+        tools.FollowSkin();
+    });
+    Connect("mnuSkinCust", [&skins] { skins.mnuSkinCust_Click(); });
+    // Until a skin is selected.
+    menu_.Item(Text("mnuSkinCust"))->setEnabled(false);
+}
+
+void MenuConnections::ConnectHelpMenu(HelpMenu& help) {
+    Connect("mnuCont", [&help] { help.mnuCont_Click(); });
+    Connect("mnuTBS", [&help] { help.mnuTBS_Click(); });
+    Connect("UpdateMnu", [&help] { help.UpdateMnu_Click(); });
+    Connect("mnuDonate", [&help] { help.mnuDonate_Click(); });
+    Connect("mnuAbout1", [&help] { help.mnuAbout1_Click(); });
+}
+
+void MenuConnections::ConnectDownloadsMenu(ListOperations& lists, DownloadQueue& queue) {
+    Connect("ClearMnu", [&queue] { queue.ClearMnu_Click(); });
+    Connect("ClearAllMnu", [&queue] { queue.ClearAllMnu_Click(); });
+    Connect("mnuViewFolder", {0, 1}, [&lists](int index) { lists.mnuViewFolder_Click(index); });
+    Connect("mnuSampleFileLoc", [&lists] { lists.mnuSampleFileLoc_Click(); });
+    Connect("ErrDescMnu", [&lists] { lists.ErrDescMnu_Click(); });
+}
+
+void MenuConnections::ConnectResultsMenu(ListOperations& lists, DownloadQueue& queue) {
+    Connect("mnuDownload", [&queue] { queue.lvwResults_DblClick(); });
+    Connect("OpenFolMnu", [&lists] { lists.OpenFolMnu_Click(); });
+    Connect("ExpFolMnu", [&lists] { lists.ExpFolMnu_Click(); });
+    Connect("mnuSampleFile", [&lists] { lists.mnuSampleFile_Click(); });
+    // A line of information, to be read like the others.
+    menu_.Item(Text("mnuTheWkGP"))->setEnabled(true);
+}
+
+void MenuConnections::ConnectHeaderMenu(ColumnHelp& columnHelp) {
+    Connect("HelpColMnu", [&columnHelp] { columnHelp.HelpColMnu_Click(); });
+}
+
+void MenuConnections::ConnectTrayMenu(SysTray& tray, HelpMenu& help) {
+    Connect("mnuRestore", [&tray] { tray.mnuRestore_Click(); });
+    Connect("mnuMax", [&tray] { tray.mnuMax_Click(); });
+    Connect("mnuMin", [&tray] { tray.mnuMin_Click(); });
+    Connect("mnuAbout", [&help] { help.mnuAbout_Click(); });
+    Connect("mnuExit", [&tray] { tray.mnuExit_Click(); });
+}
+
+void MenuConnections::ConnectPatternsMenu(PredefinedPatterns& patterns) {
+    Connect("mnuFiles", {0, 1, 2, 3, 4, 5, 6, 7},
+            [&patterns](int index) { patterns.mnuFiles_Click(index); });
+}
+
+void MenuConnections::ConnectStartNodeMenu(SearchStart& start) {
+    Connect("mnuInpNetNode", {0, 1, 3}, [&start](int index) { start.mnuInpNetNode_Click(index); });
+}
+
+} // namespace netrove

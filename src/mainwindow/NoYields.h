@@ -1,0 +1,23 @@
+#pragma once
+
+#include "runtime/Yield.h"
+
+#include <functional>
+#include <utility>
+
+namespace netrove {
+
+/// Lets no handler in while it lives: a window that was closed in the middle of its start would
+/// save settings that it has only half read.
+class NoYields {
+public:
+    NoYields() : pass_(SetYieldPass({})) {}
+    NoYields(const NoYields&) = delete;
+    NoYields& operator=(const NoYields&) = delete;
+    ~NoYields() { SetYieldPass(std::move(pass_)); }
+
+private:
+    std::function<void()> pass_;
+};
+
+} // namespace netrove

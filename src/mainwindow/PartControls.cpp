@@ -1,0 +1,158 @@
+#include "mainwindow/PartControls.h"
+
+namespace netrove {
+namespace {
+
+QString Text(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+} // namespace
+
+QMenu& PartControls::Menu(const char* name) const {
+    return *menu_.Menu(Text(name));
+}
+
+QAction& PartControls::Item(const char* name) const {
+    return *menu_.Item(Text(name));
+}
+
+JobControls PartControls::ForJobs() const {
+    return {.fileItems = menu_.Offered({Text("mnuSaveResFile"), Text("mnuLoadResFile"),
+                                        Text("mnuLogon"), Text("mnuOpts")}),
+            .helpItems = menu_.Offered({Text("mnuHelp"), Text("mnuCont"), Text("UpdateMnu"),
+                                        Text("mnuDonate"), Text("mnuAbout1")}),
+            .filesPicture = controls_.imgFiles[0],
+            .busyPicture = controls_.imgFiles[1],
+            .inputs = {controls_.cmdSetSearchStart, controls_.cmdInpNetNode, controls_.LstSearchFor,
+                       controls_.chkRecurse, controls_.cmdStartSearch, controls_.cmdClearLst},
+            .cmdAbandon = controls_.cmdAbandon};
+}
+
+ResultRows::Controls PartControls::ForRows() const {
+    return {.lvwResults = *controls_.lvwResults,
+            .RetFileLbl = *controls_.RetFileLbl,
+            .stbStatus = *controls_.stbStatus,
+            .icons = controls_.Icons()};
+}
+
+SearchRun::Controls PartControls::ForSearchRun() const {
+    return {.window = window_,
+            .LstSearchFor = *controls_.LstSearchFor,
+            .chkRecurse = *controls_.chkRecurse,
+            .RetFileLbl = *controls_.RetFileLbl,
+            .stbStatus = *controls_.stbStatus,
+            .SSTab1 = *controls_.SSTab1,
+            .cmdAbandon = *controls_.cmdAbandon,
+            .lvwResults = *controls_.lvwResults,
+            .lvwDownloads = *controls_.lvwDownloads,
+            .icons = controls_.Icons()};
+}
+
+PredefinedPatterns::Controls PartControls::ForPatterns() const {
+    return {.LstSearchFor = *controls_.LstSearchFor,
+            .filesPicture = *controls_.imgFiles[0],
+            .mnuPopUp5 = Menu("mnuPopUp5")};
+}
+
+SearchStart::Controls PartControls::ForSearchStart() const {
+    return {.window = window_,
+            .txtSearchStart = *controls_.txtSearchStart,
+            .mnuPopUp6 = Menu("mnuPopUp6")};
+}
+
+InputEvents::Controls PartControls::ForInputEvents() const {
+    return {.LstSearchFor = *controls_.LstSearchFor,
+            .imgFiles = *controls_.imgFiles[0],
+            .cmdInpNetNode = *controls_.cmdInpNetNode};
+}
+
+DownloadQueue::Controls PartControls::ForDownloads() const {
+    return {.window = window_,
+            .SSTab1 = *controls_.SSTab1,
+            .lvwResults = *controls_.lvwResults,
+            .lvwDownloads = *controls_.lvwDownloads,
+            .DownloadLbl = *controls_.DownloadLbl,
+            .stbStatus = *controls_.stbStatus};
+}
+
+ListOperations::Controls PartControls::ForLists() const {
+    return {.window = window_,
+            .picListHolder = *controls_.picListHolder,
+            .lvwResults = *controls_.lvwResults,
+            .lvwDownloads = *controls_.lvwDownloads,
+            .RetFileLbl = *controls_.RetFileLbl,
+            .LstSearchFor = *controls_.LstSearchFor};
+}
+
+ListOperations::DownloadsMenu PartControls::DownloadsMenu() const {
+    return {.PopUp1Mnu = Menu("PopUp1Mnu"),
+            .ClearMnu = Item("ClearMnu"),
+            .mnuSep6 = Item("mnuSep6"),
+            .mnuSampleFileLoc = Item("mnuSampleFileLoc"),
+            .mnuSep8 = Item("mnuSep8"),
+            .ErrDescMnu = Item("ErrDescMnu")};
+}
+
+ListOperations::ResultsMenu PartControls::ResultsMenu() const {
+    return {.PopUp2Mnu = Menu("PopUp2Mnu"),
+            .mnuTheWkGP = Item("mnuTheWkGP"),
+            .mnuSampleFile = Item("mnuSampleFile")};
+}
+
+ResultsFile::Controls PartControls::ForResultsFile() const {
+    return {.window = window_,
+            .RetFileLbl = *controls_.RetFileLbl,
+            .stbStatus = *controls_.stbStatus,
+            .SSTab1 = *controls_.SSTab1,
+            .cmdStartSearch = *controls_.cmdStartSearch,
+            .cmdAbandon = *controls_.cmdAbandon,
+            .lvwResults = *controls_.lvwResults,
+            .lvwDownloads = *controls_.lvwDownloads,
+            .icons = controls_.Icons()};
+}
+
+SettingsFile::Controls PartControls::ForSettingsFile() const {
+    return {.window = window_,
+            .LstSearchFor = *controls_.LstSearchFor,
+            .chkRecurse = *controls_.chkRecurse,
+            .lvwResults = *controls_.lvwResults,
+            .lvwDownloads = *controls_.lvwDownloads};
+}
+
+SkinSelection::Controls PartControls::ForSkins() const {
+    const auto& lines = controls_.Lne;
+    return {.window = &window_,
+            .chkRecurse = controls_.chkRecurse,
+            .Label1 = controls_.Label1,
+            .Label2 = controls_.Label2,
+            .HyperLbl = controls_.HyperLbl,
+            .buttons = {controls_.cmdAbandon, controls_.cmdSetSearchStart, controls_.cmdInpNetNode,
+                        controls_.cmdStartSearch, controls_.cmdClearLst},
+            .RecShp = controls_.RecShp,
+            .lines = {lines[0], lines[1], lines[2], lines[3], lines[4], lines[5], controls_.Line1},
+            .SSTab1 = controls_.SSTab1,
+            .picListHolder = controls_.picListHolder};
+}
+
+SkinSelection::Menu PartControls::SkinMenu() const {
+    SkinSelection::Menu menu{.mnuSkin = {}, .mnuSkinCust = &Item("mnuSkinCust")};
+    for (int index = 0; index <= SkinSelection::LastSkin; ++index)
+        menu.mnuSkin[size_t(index)] = menu_.Item(MainMenu::Element("mnuSkin", index));
+    return menu;
+}
+
+ToolsMenu::Controls PartControls::ForTools() const {
+    return {.window = window_,
+            .lvwResults = *controls_.lvwResults,
+            .lvwDownloads = *controls_.lvwDownloads};
+}
+
+SysTray::Controls PartControls::ForTray() const {
+    return {.window = window_,
+            .RetFileLbl = *controls_.RetFileLbl,
+            .PopUp4Mnu = Menu("PopUp4Mnu"),
+            .mnuRestore = Item("mnuRestore")};
+}
+
+} // namespace netrove

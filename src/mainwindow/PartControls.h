@@ -1,0 +1,55 @@
+#pragma once
+
+#include "downloads/DownloadQueue.h"
+#include "downloads/ListOperations.h"
+#include "mainwindow/InputEvents.h"
+#include "mainwindow/MainControls.h"
+#include "mainwindow/MainMenu.h"
+#include "mainwindow/SysTray.h"
+#include "mainwindow/ToolsMenu.h"
+#include "searchrun/PredefinedPatterns.h"
+#include "searchrun/ResultRows.h"
+#include "searchrun/SearchRun.h"
+#include "searchrun/SearchStart.h"
+#include "skins/SkinSelection.h"
+#include "storage/ResultsFile.h"
+#include "storage/SettingsFile.h"
+
+namespace netrove {
+
+/// Which of the main window's controls, menus and items each of the classes works on that hold the
+/// rules.
+class PartControls {
+public:
+    PartControls(QWidget& window, MainControls& controls, const MainMenu& menu)
+        : window_(window), controls_(controls), menu_(menu) {}
+
+    /// What is disabled while a job runs.
+    [[nodiscard]] JobControls ForJobs() const;
+
+    [[nodiscard]] ResultRows::Controls ForRows() const;
+    [[nodiscard]] SearchRun::Controls ForSearchRun() const;
+    [[nodiscard]] PredefinedPatterns::Controls ForPatterns() const;
+    [[nodiscard]] SearchStart::Controls ForSearchStart() const;
+    [[nodiscard]] InputEvents::Controls ForInputEvents() const;
+    [[nodiscard]] DownloadQueue::Controls ForDownloads() const;
+    [[nodiscard]] ListOperations::Controls ForLists() const;
+    [[nodiscard]] ListOperations::DownloadsMenu DownloadsMenu() const;
+    [[nodiscard]] ListOperations::ResultsMenu ResultsMenu() const;
+    [[nodiscard]] ResultsFile::Controls ForResultsFile() const;
+    [[nodiscard]] SettingsFile::Controls ForSettingsFile() const;
+    [[nodiscard]] SkinSelection::Controls ForSkins() const;
+    [[nodiscard]] SkinSelection::Menu SkinMenu() const;
+    [[nodiscard]] ToolsMenu::Controls ForTools() const;
+    [[nodiscard]] SysTray::Controls ForTray() const;
+
+private:
+    [[nodiscard]] QMenu& Menu(const char* name) const;
+    [[nodiscard]] QAction& Item(const char* name) const;
+
+    QWidget& window_;
+    MainControls& controls_;
+    const MainMenu& menu_;
+};
+
+} // namespace netrove

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "controls/ListView.h"
+#include "mainwindow/SystemValues.h"
+#include "mainwindow/services/ShellServices.h"
+#include "platform/Dialogs.h"
+#include "platform/NetworkReport.h"
+#include "platform/SystemInformation.h"
+#include "search/Settings.h"
+#include "skins/SkinOwner.h"
+
+#include <functional>
+
+namespace netrove {
+
+/// Opens the windows of the tools menu, each over the main window.
+class ToolsMenu {
+public:
+    struct Controls {
+        QWidget& window;
+        ListView& lvwResults;
+        ListView& lvwDownloads;
+    };
+    struct Services {
+        Settings& settings;
+        Dialogs& dialogs;
+        const SystemInformation& system;
+        ShellServices& shell;
+        const SystemValues& values;
+        const SkinOwner& skin;
+        QString logFile;
+        QString downloadsFolder; ///< the default of the setting
+        std::function<void()> openHelp;
+        const NetworkReport* report; ///< without one, mnuSilent_Click() is never called
+        /// Without it, mnuLogon_Click() is never called.
+        std::function<void(QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp)>
+            showLogons;
+    };
+
+    ToolsMenu(const Controls& controls, Services services)
+        : controls_(controls), services_(std::move(services)) {}
+
+    void mnuViewTrLog_Click();
+    /// The one window that doesn't block the menu.
+    void mnuSilent_Click();
+    void mnuLogon_Click();
+    void mnuOpts_Click();
+
+    /// Another skin was chosen: dialogs live under one skin, so an open window is made anew.
+    void FollowSkin();
+
+private:
+    Controls controls_;
+    Services services_;
+};
+
+} // namespace netrove
