@@ -4,6 +4,7 @@
 #include "platform/desktop/DesktopDialogs.h"
 #include "platform/desktop/DesktopFileTypes.h"
 #include "platform/desktop/DesktopShell.h"
+#include "platform/desktop/DesktopTray.h"
 #include "platform/desktop/WindowYield.h"
 #include "platform/network/FolderProvider.h"
 #include "platform/network/Network.h"
@@ -45,10 +46,19 @@ void SearchIntoTheWindow(benchmark::State& state) {
     netrove::DesktopShell shell(network);
     netrove::DesktopFileTypes fileTypes;
     netrove::LinuxSystemInformation system;
+    netrove::DesktopTray tray;
     const netrove::WindowYield yield;
-    netrove::frmNetrove window({network, network, dialogs, shell, fileTypes,
-                                [&](int index) { return fileTypes.Icon(index); }, system,
-                                folder.path(), QStringLiteral("https://www.example.com/")});
+    netrove::frmNetrove window({.network = network,
+                                .files = network,
+                                .dialogs = dialogs,
+                                .shell = shell,
+                                .fileTypes = fileTypes,
+                                .systemIcon = [&](int index) { return fileTypes.Icon(index); },
+                                .system = system,
+                                .tray = tray,
+                                .applicationFolder = folder.path(),
+                                .webAddress = QStringLiteral("https://www.example.com/"),
+                                .contactAddress = QString()});
     window.Form_Load();
     QApplication::processEvents();
     auto* button = window.findChild<QPushButton*>(QStringLiteral("cmdStartSearch"));

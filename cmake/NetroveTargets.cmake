@@ -13,7 +13,6 @@ target_compile_options(netrove_options INTERFACE
     -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Wold-style-cast
     -Woverloaded-virtual -Wcast-qual -Wformat=2)
 target_compile_definitions(netrove_options INTERFACE
-    NETROVE_VERSION="${PROJECT_VERSION}"
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
     QT_NO_CONTEXTLESS_CONNECT QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_USE_QSTRINGBUILDER
     QT_NO_KEYWORDS)

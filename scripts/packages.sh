@@ -7,6 +7,10 @@ BUILD_PACKAGES=(
 RUN_PACKAGES=(
     libqt6svg6 shared-mime-info xdg-utils adwaita-icon-theme fonts-liberation
 )
+PACKAGE_PACKAGES=( # what makes a package, and what proves it
+    librsvg2-bin dpkg-dev lintian
+    desktop-file-utils appstream shared-mime-info libxml2-utils man-db mandoc zsh fish
+)
 TEST_PACKAGES=(
     clang clang-format clang-tidy clang-tools libclang-rt-14-dev
     git libgtest-dev samba smbclient

@@ -111,6 +111,20 @@ QString ListModel::PictureKey(int row) const {
     return RowAt(row).pictureKey;
 }
 
+void ListModel::SetCheckBoxes(bool checkBoxes) {
+    checkBoxes_ = checkBoxes;
+    NoteRestructured();
+}
+
+bool ListModel::Checked(int row) const {
+    return RowAt(row).checked;
+}
+
+void ListModel::SetChecked(int row, bool checked) {
+    RowAt(row).checked = checked;
+    NoteChanged(row);
+}
+
 bool ListModel::Bold(int row, int column) const {
     return LookOf(row, column).bold;
 }
@@ -251,6 +265,9 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return Text(row, column);
     case Qt::DecorationRole:
         return pictures_ && column == 1 ? pictures_->Picture(PictureKey(row)) : QVariant();
+    case Qt::CheckStateRole:
+        return checkBoxes_ && column == 1 ? (Checked(row) ? Qt::Checked : Qt::Unchecked)
+                                          : QVariant();
     case Qt::TextAlignmentRole:
         return int(Alignment(column) | Qt::AlignVCenter);
     case Qt::ForegroundRole:
@@ -282,9 +299,11 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
-    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled |
-                                 Qt::ItemNeverHasChildren
-                           : Qt::NoItemFlags;
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const Qt::ItemFlags flags =
+        Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemNeverHasChildren;
+    return checkBoxes_ && index.column() == 0 ? flags | Qt::ItemIsUserCheckable : flags;
 }
 
 QModelIndexList ListModel::match(const QModelIndex& start, int role, const QVariant& value,

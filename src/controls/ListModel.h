@@ -60,6 +60,12 @@ public:
     void SetText(int row, int column, const QString& text);
     [[nodiscard]] QString PictureKey(int row) const;
 
+    /// Whether each row has a check box; initially not.
+    [[nodiscard]] bool CheckBoxes() const { return checkBoxes_; }
+    void SetCheckBoxes(bool checkBoxes);
+    [[nodiscard]] bool Checked(int row) const;
+    void SetChecked(int row, bool checked);
+
     [[nodiscard]] bool Bold(int row, int column) const;
     void SetBold(int row, int column, bool bold);
     /// The colour of a text; not valid means the list's own.
@@ -125,6 +131,7 @@ private:
         std::optional<Progress> progress;
         int progressColumn = 0;
         bool selected = false;
+        bool checked = false;
     };
 
     [[nodiscard]] const Column& ColumnAt(int column) const;
@@ -142,6 +149,7 @@ private:
     int selectedCount_ = 0;
     int currentRow_ = 0;
     QPointer<ImageList> pictures_;
+    bool checkBoxes_ = false;
 
     int toldRows_ = 0; ///< how many rows the view knows of
     bool restructured_ = false;

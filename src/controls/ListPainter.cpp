@@ -27,6 +27,11 @@ int PictureSpace(int column, const ImageList* pictures) {
     return column == 1 && pictures != nullptr ? ListPainter::PictureSize + ListPainter::Margin : 0;
 }
 
+/// A check box has the size of a picture.
+int CheckBoxSpace(int column, const ListModel& model) {
+    return column == 1 && model.CheckBoxes() ? ListPainter::PictureSize + ListPainter::Margin : 0;
+}
+
 } // namespace
 
 ListPainter::ListPainter(QPainter& painter, const ListModel& model, const QFont& font,
@@ -40,6 +45,11 @@ ListPainter::ListPainter(QPainter& painter, const ListModel& model, const QFont&
     , group_(group)
     , pictures_(pictures) {}
 
+QRect ListPainter::CheckBoxPlace(const QRect& cellRect) {
+    return {cellRect.x() + Margin, cellRect.y() + (cellRect.height() - PictureSize) / 2,
+            PictureSize, PictureSize};
+}
+
 int ListPainter::RowHeight(const QFontMetrics& metrics) {
     return std::max(metrics.height(), PictureSize) + 2;
 }
@@ -48,7 +58,7 @@ int ListPainter::CellWidth(const ListModel& model, int row, int column, const QF
                            const ImageList* pictures) {
     const QFontMetrics metrics(model.Bold(row, column) ? Emboldened(font) : font);
     return metrics.horizontalAdvance(model.Text(row, column).left(MaxShownText)) + 2 * Margin + 1 +
-           PictureSpace(column, pictures);
+           PictureSpace(column, pictures) + CheckBoxSpace(column, model);
 }
 
 void ListPainter::PaintRowBackground(const QRect& rowRect, int row) {
@@ -58,7 +68,7 @@ void ListPainter::PaintRowBackground(const QRect& rowRect, int row) {
 
 void ListPainter::PaintCell(const QRect& cellRect, int row, int column) {
     PaintProgress(cellRect, row, column);
-    QRect space = cellRect.adjusted(Margin, 0, -Margin, 0);
+    QRect space = cellRect.adjusted(Margin + CheckBoxSpace(column, model_), 0, -Margin, 0);
     if (column == 1 && pictures_ != nullptr) {
         const QRect place(space.x(), space.y() + (space.height() - PictureSize) / 2, PictureSize,
                           PictureSize);

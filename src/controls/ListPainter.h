@@ -19,6 +19,9 @@ public:
     ListPainter(QPainter& painter, const ListModel& model, const QFont& font,
                 const QPalette& palette, QPalette::ColorGroup group, const ImageList* pictures);
 
+    /// Where the check box of a row stands in the row's first cell.
+    [[nodiscard]] static QRect CheckBoxPlace(const QRect& cellRect);
+
     [[nodiscard]] static int RowHeight(const QFontMetrics& metrics);
 
     /// The width that a cell needs to show all of its text.

@@ -150,6 +150,14 @@ std::vector<int> ListView::SelectedRows() const {
     return rows;
 }
 
+void ListView::SetSelected(int row, bool selected) {
+    if (selected && selectionMode() == SingleSelection) {
+        for (const int other : SelectedRows())
+            model_->SetSelected(other, false);
+    }
+    model_->SetSelected(row, selected);
+}
+
 void ListView::SetMultiSelect(bool multiSelect) {
     setSelectionMode(multiSelect ? ExtendedSelection : SingleSelection);
 }
@@ -301,18 +309,44 @@ void ListView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Right:
         horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
         break;
+    case Qt::Key_Space:
+        if (CheckBoxes() && CurrentRow() != 0 && event->modifiers() == Qt::NoModifier) {
+            ToggleCheckBox(CurrentRow());
+            break;
+        }
+        [[fallthrough]];
     default:
         QTableView::keyPressEvent(event);
     }
 }
 
 void ListView::mousePressEvent(QMouseEvent* event) {
+    pressedCheckBox_ = event->button() == Qt::LeftButton ? CheckBoxAt(event->pos()) : 0;
+    if (pressedCheckBox_ != 0)
+        return;
     QTableView::mousePressEvent(event);
     if (event->button() == Qt::RightButton)
         Q_EMIT RightButtonDown(event->globalPosition().toPoint());
 }
 
+void ListView::mouseMoveEvent(QMouseEvent* event) {
+    if (pressedCheckBox_ == 0)
+        QTableView::mouseMoveEvent(event);
+}
+
+void ListView::mouseReleaseEvent(QMouseEvent* event) {
+    const int pressed = std::exchange(pressedCheckBox_, 0);
+    if (pressed == 0)
+        QTableView::mouseReleaseEvent(event);
+    else if (CheckBoxAt(event->pos()) == pressed)
+        ToggleCheckBox(pressed);
+}
+
 void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
+    // Two quick clicks on a check box are two.
+    pressedCheckBox_ = event->button() == Qt::LeftButton ? CheckBoxAt(event->pos()) : 0;
+    if (pressedCheckBox_ != 0)
+        return;
     const int row = indexAt(event->pos()).row() + 1;
     QTableView::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton && row > 0)
@@ -365,6 +399,11 @@ void ListView::startDrag(Qt::DropActions /*supportedActions*/) {
     auto* drag = new QDrag(this); // deletes itself
     drag->setMimeData(content.release());
     drag->exec(Qt::CopyAction);
+}
+
+/// Nothing is: the check boxes are the list's own affair.
+bool ListView::edit(const QModelIndex& /*index*/, EditTrigger /*trigger*/, QEvent* /*event*/) {
+    return false;
 }
 
 QModelIndex ListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
@@ -460,6 +499,32 @@ void ListView::UpdateRowHeight() {
     verticalHeader()->setDefaultSectionSize(ListPainter::RowHeight(fontMetrics()));
 }
 
+QRect ListView::FirstCell(int row) const {
+    return {columnViewportPosition(0), RowTop(row), header_->sectionSize(0), RowHeight()};
+}
+
+/// The row whose check box is at this place, 0 if there's none.
+int ListView::CheckBoxAt(const QPoint& position) const {
+    const int row = indexAt(position).row() + 1;
+    return CheckBoxes() && row > 0 && ListPainter::CheckBoxPlace(FirstCell(row)).contains(position)
+               ? row
+               : 0;
+}
+
+void ListView::ToggleCheckBox(int row) {
+    SetChecked(row, !Checked(row));
+    Q_EMIT ItemCheck(row);
+}
+
+void ListView::PaintCheckBox(QPainter& painter, int row) {
+    QStyleOptionViewItem box;
+    box.initFrom(this);
+    box.rect = ListPainter::CheckBoxPlace(FirstCell(row));
+    box.state |= Checked(row) ? QStyle::State_On : QStyle::State_Off;
+    box.state &= ~QStyle::State_HasFocus;
+    style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, this);
+}
+
 void ListView::PaintRow(QPainter& painter, ListPainter& cells, int row, const QRect& area) {
     const QRect rowRect(-header_->offset(), RowTop(row), header_->length(), RowHeight());
     cells.PaintRowBackground(rowRect, row);
@@ -469,6 +534,8 @@ void ListView::PaintRow(QPainter& painter, ListPainter& cells, int row, const QR
         if (cell.intersects(area))
             cells.PaintCell(cell, row, column);
     }
+    if (CheckBoxes())
+        PaintCheckBox(painter, row);
     if (row == CurrentRow() && hasFocus()) {
         QStyleOptionFocusRect frame;
         frame.initFrom(this);

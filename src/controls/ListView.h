@@ -61,6 +61,13 @@ public:
     void SetSubItem(int row, int number, const QString& text);
     [[nodiscard]] QString SmallIcon(int row) const { return model_->PictureKey(row); }
 
+    /// Whether each row has a check box, which the space bar changes, and a click on it, which then
+    /// selects nothing; initially not.
+    [[nodiscard]] bool CheckBoxes() const { return model_->CheckBoxes(); }
+    void SetCheckBoxes(bool checkBoxes) { model_->SetCheckBoxes(checkBoxes); }
+    [[nodiscard]] bool Checked(int row) const { return model_->Checked(row); }
+    void SetChecked(int row, bool checked) { model_->SetChecked(row, checked); }
+
     /// The looks of a row's own text, and of a sub-item. A colour that isn't valid means the
     /// list's own text colour.
     [[nodiscard]] bool Bold(int row) const { return model_->Bold(row, 1); }
@@ -78,7 +85,7 @@ public:
     void SetProgress(int row, int number, const std::optional<ListModel::Progress>& progress);
 
     [[nodiscard]] bool Selected(int row) const { return model_->IsSelected(row); }
-    void SetSelected(int row, bool selected) { model_->SetSelected(row, selected); }
+    void SetSelected(int row, bool selected);
     [[nodiscard]] int SelectedCount() const { return model_->SelectedCount(); }
     /// In the order of the list.
     [[nodiscard]] std::vector<int> SelectedRows() const;
@@ -87,7 +94,8 @@ public:
     /// The row with the keyboard's mark, 0 if there's none.
     [[nodiscard]] int CurrentRow() const { return model_->CurrentRow(); }
     void SetCurrentRow(int row) { model_->SetCurrentRow(row); }
-    /// Whether the user can select several rows; initially so.
+    /// Whether several rows can be selected; initially so. While not, a row that is selected takes
+    /// the selection from all others.
     void SetMultiSelect(bool multiSelect);
     /// Scrolls a row into view.
     void EnsureVisible(int row);
@@ -135,6 +143,8 @@ Q_SIGNALS:
     /// last one.
     void HeaderRightClick(int column, const QPoint& globalPosition);
     void RowDoubleClick(int row);
+    /// The user has changed a row's check box.
+    void ItemCheck(int row);
     void EnterPressed();
     void DeletePressed();
     /// The keys that copy to the clipboard.
@@ -158,6 +168,8 @@ protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -166,6 +178,7 @@ protected:
                           const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void startDrag(Qt::DropActions supportedActions) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     [[nodiscard]] int sizeHintForColumn(int column) const override;
 
@@ -180,6 +193,10 @@ private:
     [[nodiscard]] int RowHeight() const;
     [[nodiscard]] int RowTop(int row) const;
     void UpdateRowHeight();
+    [[nodiscard]] QRect FirstCell(int row) const;
+    [[nodiscard]] int CheckBoxAt(const QPoint& position) const;
+    void ToggleCheckBox(int row);
+    void PaintCheckBox(QPainter& painter, int row);
     void PaintRow(QPainter& painter, ListPainter& cells, int row, const QRect& area);
     void PaintGrid(QPainter& painter, const QColor& color, const QRect& area);
 
@@ -190,6 +207,7 @@ private:
     QPointer<ImageList> icons_;
     QColor backColor_;
     bool gridLines_ = false;
+    int pressedCheckBox_ = 0; ///< the row whose box the left button went down on
     bool sorted_ = false;
     bool sortPending_ = false;
     int sortKey_ = 0;

@@ -2,6 +2,7 @@
 
 #include "find/ConsoleText.h"
 #include "find/WrongUse.h"
+#include "runtime/ProgramVersion.h"
 #include "runtime/RunTimeError.h"
 
 #include <cerrno>
@@ -18,7 +19,7 @@ int Execute(const QStringList& arguments, const FindConsole& console,
         console.out.Write(HelpText().toUtf8());
         return FindStatus::Found;
     case FindArguments::Action::ShowVersion:
-        console.out.WriteLine(QStringLiteral("netrove-find " NETROVE_VERSION));
+        console.out.WriteLine(QLatin1String("netrove-find ") + ProgramVersion());
         return FindStatus::Found;
     case FindArguments::Action::Search:
         break;

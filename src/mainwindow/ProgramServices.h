@@ -4,6 +4,7 @@
 #include "mainwindow/windowservices/IconImages.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "platform/Http.h"
 #include "platform/NetworkEnumeration.h"
 #include "platform/NetworkReport.h"
 #include "platform/ReadAhead.h"
@@ -30,8 +31,11 @@ struct ProgramServices {
     IconImages::SystemIcon systemIcon; ///< the pictures of what fileTypes tells
     SystemInformation& system;
     Tray& tray;
-    QString applicationFolder; ///< without a closing separator
-    QString webAddress;        ///< of the program's web site
+    QString applicationFolder;   ///< without a closing separator
+    QString webAddress;          ///< of the program's web site
+    QString contactAddress = {}; ///< for letters about the program
+    /// Reads files of the web site; without one, nobody asks for newer versions.
+    Http* http = nullptr;
     /// Makes what copies the downloads; without one, each download fails at its start.
     std::function<std::unique_ptr<CopyQ>()> newCopyQ = {};
     /// Who fetches what a search will ask for; null where nobody does.

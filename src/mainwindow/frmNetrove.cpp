@@ -4,6 +4,8 @@
 #include "controls/Twips.h"
 #include "mainwindow/services/WinVer.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
+#include "options/frmOpts.h"
+#include "platform/ApplicationFolder.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
@@ -85,6 +87,14 @@ frmNetrove::frmNetrove(const ProgramServices& services)
               *controls_.DownloadLbl, *controls_.stbStatus},
              {settings_, services.dialogs})
     , lists_(MakeListOperations())
+    , columnHelp_(*this, *menu_->Menu(Text("PopUp3Mnu")))
+    , helpMenu_(*this, {.http = services.http,
+                        .dialogs = services.dialogs,
+                        .shell = shell_,
+                        .webAddress = services.webAddress,
+                        .contactAddress = services.contactAddress,
+                        .openHelp = [this] { OpenHelp(); },
+                        .skin = &skins_})
     , resultsFile_({*this, *controls_.RetFileLbl, *controls_.stbStatus, *controls_.SSTab1,
                     *controls_.cmdStartSearch, *controls_.cmdAbandon, *controls_.lvwResults,
                     *controls_.lvwDownloads, controls_.Icons()},
@@ -148,6 +158,13 @@ void frmNetrove::ConnectLists() {
     connect(downloads, &ListView::DeletePressed, this, [this] { queue_.ClearMnu_Click(); });
     connect(downloads, &ListView::RightButtonDown, this,
             [this](const QPoint& position) { lists_.lvwDownloads_MouseDown(position); });
+    connect(results, &ListView::HeaderRightClick, this, [this](int column, const QPoint& position) {
+        columnHelp_.HeaderRightClick(ColumnHelp::lvwResults, column, position);
+    });
+    connect(downloads, &ListView::HeaderRightClick, this,
+            [this](int column, const QPoint& position) {
+                columnHelp_.HeaderRightClick(ColumnHelp::lvwDownloads, column, position);
+            });
     for (const ListView* list : {results, downloads})
         connect(list, &ListView::CopyPressed, this, [this, list] { lists_.CopyFiles(*list); });
     connect(controls_.cmdClearLst, &QPushButton::clicked, this,
@@ -185,6 +202,7 @@ MainMenu* frmNetrove::MakeMenu() {
         menu->Connect(Text("mnuSilent"), this, [this] { ShowSilentComputers(); });
     if (services_.showLogons)
         menu->Connect(Text("mnuLogon"), this, [this] { services_.showLogons(*this, skins_); });
+    menu->Connect(Text("mnuOpts"), this, [this] { mnuOpts_Click(); });
     for (int index = 0; index < PredefinedPatterns::Count; ++index)
         menu->Connect(Element("mnuFiles", index), this,
                       [this, index] { patterns_.mnuFiles_Click(index); });
@@ -192,6 +210,7 @@ MainMenu* frmNetrove::MakeMenu() {
         menu->Connect(Element("mnuInpNetNode", index), this,
                       [this, index] { start_.mnuInpNetNode_Click(index); });
     ConnectListMenus(*menu);
+    ConnectHelpMenu(*menu);
     ConnectTrayMenu(*menu);
     return menu;
 }
@@ -214,6 +233,31 @@ void frmNetrove::ShowSilentComputers() {
     dialog->show();
     dialog->raise();
     dialog->activateWindow();
+}
+
+void frmNetrove::ConnectHelpMenu(MainMenu& menu) {
+    if (services_.http) {
+        menu.Connect(Text("UpdateMnu"), this, [this] { helpMenu_.UpdateMnu_Click(); });
+        menu.Connect(Text("mnuDonate"), this, [this] { helpMenu_.mnuDonate_Click(); });
+    }
+    menu.Connect(Text("mnuAbout1"), this, [this] { helpMenu_.mnuAbout1_Click(); });
+    menu.Connect(Text("mnuAbout"), this, [this] { helpMenu_.mnuAbout_Click(); });
+    menu.Connect(Text("HelpColMnu"), this, [this] { columnHelp_.HelpColMnu_Click(); });
+}
+
+void frmNetrove::mnuOpts_Click() {
+    frmOpts({.settings = settings_,
+             .dialogs = services_.dialogs,
+             .system = services_.system,
+             .lvwResults = *controls_.lvwResults,
+             .lvwDownloads = *controls_.lvwDownloads,
+             .downloadsFolder = DownloadsFolder(services_.applicationFolder),
+             .OSName = OSName,
+             .OSVersion = OSVersion,
+             .CurrentUser = CurrentUser,
+             .openHelp = [this] { OpenHelp(); }},
+            this)
+        .exec();
 }
 
 void frmNetrove::ConnectListMenus(MainMenu& menu) {
@@ -344,12 +388,16 @@ void frmNetrove::Form_Load() {
                                   Text("frmNetrove.Form_Load Error"));
 }
 
+void frmNetrove::OpenResultsFiles(const QStringList& files) {
+    QMetaObject::invokeMethod(
+        this, [this, files] { resultsFile_.lvwResults_OLEDragDrop(files); }, Qt::QueuedConnection);
+}
+
 void frmNetrove::LoadSteps() {
     const NoYields load;
     hide();
     marker_ = std::make_unique<InstanceMarker>();
-    HelpFile = services_.applicationFolder + QDir::separator() + Text("Help") + QDir::separator() +
-               Text("Netrove.html");
+    HelpFile = HelpPage(services_.applicationFolder);
     ReadSystem();
     skins_.MakeModifier();
     skins_.mnuSkin_Click(qint16(skins_.StoredIndex()));

@@ -2,11 +2,13 @@
 
 #include "downloads/DownloadQueue.h"
 #include "downloads/ListOperations.h"
+#include "mainwindow/HelpMenu.h"
 #include "mainwindow/MainControls.h"
 #include "mainwindow/MainMenu.h"
 #include "mainwindow/ProgramServices.h"
 #include "mainwindow/SysTray.h"
 #include "mainwindow/WindowLayout.h"
+#include "mainwindow/about/ColumnHelp.h"
 #include "mainwindow/services/ShellServices.h"
 #include "platform/InstanceMarker.h"
 #include "search/ExclusionLists.h"
@@ -40,6 +42,10 @@ public:
     /// The start: to be called once, before the event loop. Shows the window also where a step
     /// has failed.
     void Form_Load();
+
+    /// Loads these results files when the event loop is next reached, as if they had been dropped
+    /// on the list.
+    void OpenResultsFiles(const QStringList& files);
 
     /// Whether a job runs that closing the window would break off.
     [[nodiscard]] bool IsBusy() const { return !controls_.cmdStartSearch->isEnabled(); }
@@ -75,6 +81,7 @@ protected:
 private:
     void SelectSkin(int index);
     void ShowSilentComputers();
+    void mnuOpts_Click();
     [[nodiscard]] MainMenu* MakeMenu();
     void ConnectControls();
     void ConnectSearchParameters();
@@ -86,6 +93,7 @@ private:
     [[nodiscard]] SkinSelection::Controls SkinnedControls();
     [[nodiscard]] SkinSelection::Services SkinServices();
     void ConnectListMenus(MainMenu& menu);
+    void ConnectHelpMenu(MainMenu& menu);
     void ConnectTrayMenu(MainMenu& menu);
     void PressDefaultButton();
 
@@ -118,6 +126,8 @@ private:
     SearchStart start_;
     DownloadQueue queue_;
     ListOperations lists_;
+    ColumnHelp columnHelp_;
+    HelpMenu helpMenu_;
     ResultsFile resultsFile_;
     SettingsFile settingsFile_;
     PaintedSkinFrame painter_;

@@ -1,96 +1,49 @@
-#include "downloads/copier/FileCopier.h"
-#include "logons/frmLogons.h"
-#include "mainwindow/frmNetrove.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
-#include "platform/ApplicationFolder.h"
-#include "platform/LinuxSystemInformation.h"
+#include "netrove/StartArguments.h"
+#include "netrove/WindowProgram.h"
 #include "platform/desktop/DesktopApplication.h"
-#include "platform/desktop/DesktopDialogs.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/DesktopShell.h"
-#include "platform/desktop/DesktopTray.h"
-#include "platform/desktop/SessionEnd.h"
-#include "platform/desktop/WindowYield.h"
-#include "platform/keyring/DesktopKeyring.h"
-#include "platform/network/OpenNetwork.h"
+#include "runtime/ProgramVersion.h"
+
+#include <cstdio>
+#include <cstdlib>
 
 namespace {
 
-void ShowLogons(QWidget& owner, const netrove::SkinOwner& skin,
-                const std::shared_ptr<netrove::Logons>& logons, netrove::Network& network,
-                netrove::Dialogs& dialogs) {
-    netrove::frmLogons(
-        {.logons = logons,
-         .dialogs = dialogs,
-         .shareList = [&](const QString& computer) { return network.ShareListRequest(computer); },
-         .helper = netrove::SmbPool::DefaultHelper(),
-         .skin = &skin},
-        &owner)
-        .exec();
+constexpr int WrongUse = 2;
+
+/// Known before there is an application, which needs a display.
+QString TextAskedFor(int argc, char** argv) {
+    QStringList arguments;
+    for (int index = 1; index < argc; ++index)
+        arguments.append(QString::fromLocal8Bit(argv[index]));
+    return netrove::StartArguments(arguments).Text();
+}
+
+void Print(const QString& text, std::FILE* stream) {
+    std::fputs(text.toLocal8Bit().constData(), stream);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    if (const QString text = TextAskedFor(argc, argv); !text.isEmpty()) {
+        Print(text, stdout);
+        return EXIT_SUCCESS;
+    }
     const netrove::DesktopApplication application(argc, argv);
+    const netrove::StartArguments start(QApplication::arguments().mid(1));
+    if (!start.Problem().isEmpty()) {
+        Print(start.Problem(), stderr);
+        return WrongUse;
+    }
     QApplication::setApplicationName(QStringLiteral("netrove"));
-    QApplication::setApplicationVersion(QStringLiteral(NETROVE_VERSION));
+    QApplication::setApplicationVersion(netrove::ProgramVersion());
     QApplication::setDesktopFileName(QStringLiteral("netrove"));
     QApplication::setWindowIcon(netrove::ProgramIcon());
     // A window in the tray is none that the toolkit counts.
     QApplication::setQuitOnLastWindowClosed(false);
 
-    netrove::WindowYield yield;
-    const QString folder = netrove::ApplicationFolder();
-    const auto logons =
-        std::make_shared<netrove::Logons>(std::make_shared<netrove::DesktopKeyring>());
-    const netrove::OpenedNetwork opened = netrove::OpenNetwork(folder, logons);
-    netrove::DesktopDialogs dialogs;
-    netrove::DesktopShell shell(*opened.network);
-    netrove::DesktopFileTypes fileTypes;
-    netrove::LinuxSystemInformation system;
-    netrove::DesktopTray tray;
-
-    netrove::frmNetrove window(
-        {.network = *opened.network,
-         .files = *opened.network,
-         .dialogs = dialogs,
-         .shell = shell,
-         .fileTypes = fileTypes,
-         .systemIcon = [&](int index) { return fileTypes.Icon(index); },
-         .system = system,
-         .tray = tray,
-         .applicationFolder = folder,
-         .webAddress = QStringLiteral(NETROVE_WEB_ADDRESS),
-         .newCopyQ =
-             [&] {
-                 return std::make_unique<netrove::FileCopier>(
-                     *opened.network,
-                     netrove::CopyLimits{.helper = netrove::SmbPool::DefaultHelper(),
-                                         .logons = logons});
-             },
-         .ahead = opened.network.get(),
-         .report = &opened.network->Report(),
-         .letAbandon =
-             [&](QAbstractButton& button, std::function<bool()> isPressed) {
-                 yield.SetAbandon(button, std::move(isPressed));
-             },
-         .showLogons =
-             [&](QWidget& owner, const netrove::SkinOwner& skin) {
-                 ShowLogons(owner, skin, logons, *opened.network, dialogs);
-             }});
-    dialogs.SetParent(&window);
-    window.Form_Load();
-    if (!opened.problems.isEmpty())
-        dialogs.Message(netrove::MessageIcon::Exclamation,
-                        opened.problems.join(QStringLiteral("\r\n")),
-                        QStringLiteral("Network Configuration"));
-    QObject::connect(
-        &window, &netrove::frmNetrove::Unloaded, &application, [] { QApplication::exit(); },
-        Qt::QueuedConnection);
-    const netrove::SessionEnd sessionEnd({.isBusy = [&] { return window.IsBusy(); },
-                                          .agrees = [&] { return window.Form_QueryUnload(); },
-                                          .save = [&] { window.SaveSettings(); },
-                                          .end = [&] { window.EndSession(); }});
+    netrove::WindowProgram program;
+    program.Start(start.Files());
     return QApplication::exec();
 }

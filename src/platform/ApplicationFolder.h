@@ -4,9 +4,22 @@
 
 namespace netrove {
 
-/// The folder that the program keeps its files in: the folder of the executable where the user may
-/// write there, else "netrove" in the user's data folder, which is made if need be. No closing
-/// separator.
-[[nodiscard]] QString ApplicationFolder();
+/// Folders have no closing separator.
+
+/// The folder of the executable.
+[[nodiscard]] QString ProgramFolder();
+
+/// What was installed with the program: "share/netrove" beside the folder of the executable. Empty
+/// where the program hasn't been installed.
+[[nodiscard]] QString InstalledFolder(const QString& programFolder = ProgramFolder());
+
+/// The folder that the program keeps its files in: the folder of the executable where the program
+/// hasn't been installed and the user may write there, else "netrove" in the user's data folder,
+/// which is made if need be.
+[[nodiscard]] QString ApplicationFolder(const QString& programFolder = ProgramFolder());
+
+/// The first page of the help: in the application folder if it has one, else of those installed.
+[[nodiscard]] QString HelpPage(const QString& applicationFolder,
+                               const QString& installedFolder = InstalledFolder());
 
 } // namespace netrove

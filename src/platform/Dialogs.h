@@ -7,8 +7,8 @@
 namespace netrove {
 
 enum class MessageIcon { None, Critical, Question, Exclamation, Information };
-enum class MessageButtons { Ok, YesNo };
-enum class MessageAnswer { Ok, Yes, No };
+enum class MessageButtons { Ok, OkCancel, YesNo };
+enum class MessageAnswer { Ok, Cancel, Yes, No };
 
 /// What a file chooser shows at first.
 struct FileDialogSetup {
@@ -16,6 +16,18 @@ struct FileDialogSetup {
     QString filter; ///< "description|pattern|description|pattern"; the first one is chosen
     QString folder; ///< a local path
     QString fileName = {};
+};
+
+/// A font as a chooser shows and gives it.
+struct ChosenFont {
+    QString family = {};
+    double points = 0;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikeOut = false;
+    qint16 charSet = 1; ///< what characters it is for; 1 leaves that to the system
+    quint32 color = 0;  ///< of the text, red in the low byte
 };
 
 /// All boxes that the program puts before the user go through here, so that a test can answer
@@ -27,7 +39,8 @@ public:
     Dialogs& operator=(const Dialogs&) = delete;
     virtual ~Dialogs() = default;
 
-    /// A modal message box; with MessageButtons::YesNo, No is the default button.
+    /// A modal message box; with MessageButtons::YesNo, No is the default button,
+    /// else OK.
     virtual MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
                                   MessageButtons buttons = MessageButtons::Ok) = 0;
 
@@ -39,6 +52,20 @@ public:
     /// nothing is asked about overwriting. Gives its local path; nothing where the user cancels.
     [[nodiscard]] virtual std::optional<QString> OpenFile(const FileDialogSetup& setup) = 0;
     [[nodiscard]] virtual std::optional<QString> SaveFile(const FileDialogSetup& setup) = 0;
+
+    /// Lets the user choose a folder that exists. Gives its local path, or an address like
+    /// smb://SERVER/SHARE for one of the network, which is offered only with `network`; nothing
+    /// where the user cancels. No closing separator, but for a root.
+    [[nodiscard]] virtual std::optional<QString> ChooseFolder(const QString& title,
+                                                              bool network) = 0;
+
+    /// Lets the user choose a computer of the network. Gives its name without "\\"; nothing
+    /// where the user cancels.
+    [[nodiscard]] virtual std::optional<QString> ChooseComputer(const QString& title) = 0;
+
+    /// Lets the user choose a font, starting with the one that is given. Gives nothing where the
+    /// user cancels.
+    [[nodiscard]] virtual std::optional<ChosenFont> ChooseFont(const ChosenFont& font) = 0;
 
     /// The usual box for a run-time failure: critical icon, number, CR LF, description.
     void Failure(int number, const QString& description, const QString& title) {

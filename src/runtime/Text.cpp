@@ -152,11 +152,20 @@ private:
 };
 
 template <typename Whole>
-Whole LeadingWhole(QStringView text) {
-    const double rounded = std::nearbyint(LeadingNumber(text));
+Whole Rounded(double number) {
+    const double rounded = std::nearbyint(number);
     if (rounded < std::numeric_limits<Whole>::min() || rounded > std::numeric_limits<Whole>::max())
         throw RunTimeError(ErrorNumber::Overflow);
     return static_cast<Whole>(rounded);
+}
+
+/// The number that a text is, with nothing around it.
+double NumberOf(QStringView text) {
+    NumberScanner scanner(text);
+    const double value = scanner.Scan();
+    if (!scanner.TookAll())
+        throw RunTimeError(ErrorNumber::TypeMismatch);
+    return value;
 }
 
 } // namespace
@@ -208,11 +217,22 @@ double LeadingNumber(QStringView text) {
     return NumberScanner(solid).Scan();
 }
 
+bool IsNumeric(QStringView text) {
+    const QString number = Trim(text);
+    NumberScanner scanner(number);
+    try {
+        (void)scanner.Scan();
+    } catch (const RunTimeError&) {
+        return false;
+    }
+    return scanner.TookAll();
+}
+
 qint16 LeadingInteger(QStringView text) {
-    return LeadingWhole<qint16>(text);
+    return Rounded<qint16>(LeadingNumber(text));
 }
 qint32 LeadingLong(QStringView text) {
-    return LeadingWhole<qint32>(text);
+    return Rounded<qint32>(LeadingNumber(text));
 }
 
 float LeadingSingle(QStringView text) {
@@ -229,17 +249,17 @@ QString SingleText(float value) {
     return QString::fromLatin1(text.data(), end - text.data());
 }
 
+qint16 ToInteger(QStringView text) {
+    return Rounded<qint16>(NumberOf(text.trimmed()));
+}
+
 bool ToBoolean(QStringView text) {
     const QString word = Trim(text);
     if (EqualText(word, u"True"))
         return true;
     if (EqualText(word, u"False"))
         return false;
-    NumberScanner scanner(word);
-    const double value = scanner.Scan();
-    if (!scanner.TookAll())
-        throw RunTimeError(ErrorNumber::TypeMismatch);
-    return value != 0;
+    return NumberOf(word) != 0;
 }
 
 QString BooleanWord(bool value) {

@@ -42,10 +42,18 @@ private:
 /// that no double can hold.
 [[nodiscard]] double LeadingNumber(QStringView text);
 
+/// Whether the text is such a number and nothing else, blanks around allowed, and one that a double
+/// can hold.
+[[nodiscard]] bool IsNumeric(QStringView text);
+
 /// LeadingNumber rounded to the nearest whole number, a tie going to the even one. Raise
 /// ErrorNumber::Overflow where the result doesn't fit 16 or 32 bits, signed.
 [[nodiscard]] qint16 LeadingInteger(QStringView text);
 [[nodiscard]] qint32 LeadingLong(QStringView text);
+
+/// A number and nothing else, white space around allowed, rounded as by LeadingInteger. Raises
+/// ErrorNumber::TypeMismatch for any other text, Overflow where it doesn't fit 16 bits, signed.
+[[nodiscard]] qint16 ToInteger(QStringView text);
 
 /// "True" or "False" in any case, or a number and nothing else (0 is false, any other true),
 /// blanks around allowed. Raises ErrorNumber::TypeMismatch for anything else, the empty text

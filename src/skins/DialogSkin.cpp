@@ -8,13 +8,13 @@ namespace netrove {
 
 void DialogSkin::Load(QDialog& dialog, const SkinOwner* owner, std::optional<QSize> clientSize) {
     const int index = owner ? owner->SkinIndex() : 0;
-    if (index != 0)
+    if (owner && index != 0)
         configuration_ = owner->SkinConfiguration();
-    if (configuration_) {
+    if (owner && configuration_) {
         modifier_ = owner->NewModifier();
         modifier_->Attach(dialog, *configuration_);
         if (clientSize)
-            SetClientSize(
+            SetFixedClientSize(
                 dialog,
                 clientSize->width() + configuration_->FrameInset1 + configuration_->FrameInset2,
                 clientSize->height() + configuration_->FrameInset3 + configuration_->FrameInset4);

@@ -3,6 +3,7 @@
 #include "mainwindow/services/FileDetails.h"
 #include "mainwindow/services/Paths.h"
 #include "runtime/Formats.h"
+#include "runtime/ProgramVersion.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 #include "storage/RowLoader.h"
@@ -148,8 +149,7 @@ void ResultsFile::SaveResFile(const QString& strFile, bool& saved) {
 void ResultsFile::WriteRows(std::optional<ResultsWriter>& writer, const QString& strFile,
                             bool& saved, qint32& count) {
     writer.emplace(strFile);
-    writer->WriteLine(
-        ResultsFormat::Header(QStringLiteral(NETROVE_VERSION), QDateTime::currentDateTime()));
+    writer->WriteLine(ResultsFormat::Header(ProgramVersion(), QDateTime::currentDateTime()));
     const int rows = controls_.lvwResults.Count();
     int row = 1;
     for (; row <= rows && !state_.AbandonFlag; ++row) {

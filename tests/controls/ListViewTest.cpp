@@ -1,4 +1,5 @@
 #include "ShownList.h"
+#include "controls/ListPainter.h"
 #include "runtime/RunTimeError.h"
 
 #include <QAccessible>
@@ -340,6 +341,51 @@ TEST_F(List, ShowsPicturesByKey) {
     images.Clear();
     EXPECT_EQ(images.Count(), 0);
     EXPECT_FALSE(images.Contains(Text("K1")));
+}
+
+TEST_F(List, CheckBoxesAreChangedByMouseAndSpace) {
+    std::vector<int> changed;
+    QObject::connect(&list, &ListView::ItemCheck, &list,
+                     [&changed](int row) { changed.push_back(row); });
+    AddRows({"a", "b"});
+    const auto clickBox = [this](int row) {
+        const QPoint box(ListPainter::Margin + 5, On(row).y());
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, box);
+    };
+    clickBox(2);
+    EXPECT_TRUE(changed.empty()) << "there are none yet";
+    list.SetCheckBoxes(true);
+    list.SetChecked(1, true);
+    EXPECT_TRUE(changed.empty()) << "only the user's changes are told";
+    Click(2);
+    EXPECT_FALSE(list.Checked(2)) << "a click beside the box";
+    clickBox(2);
+    clickBox(1);
+    const QPoint first(ListPainter::Margin + 5, On(1).y());
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, first);
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, first);
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_EQ(changed, (std::vector{2, 1, 1, 2}));
+    EXPECT_EQ(list.SelectedRows(), std::vector{2}) << "a box leaves the selection";
+    Click(1);
+    QTest::keyClick(&list, Qt::Key_Space);
+    Sort(1, Qt::DescendingOrder);
+    EXPECT_FALSE(list.Checked(1));
+    EXPECT_FALSE(list.Checked(2)) << "it goes with its row";
+    clickBox(2);
+    EXPECT_EQ(list.model()->index(1, 0).data(Qt::CheckStateRole), Qt::Checked);
+}
+
+TEST_F(List, WithoutMultiSelectARowTakesTheSelection) {
+    AddRows({"a", "b", "c"});
+    list.selectAll();
+    list.SetMultiSelect(false);
+    list.SetSelected(2, true);
+    list.SetMultiSelect(true);
+    EXPECT_EQ(list.SelectedRows(), std::vector{2});
+    list.SetSelected(3, true);
+    list.Flush();
+    EXPECT_EQ(list.SelectedRows(), (std::vector{2, 3}));
 }
 
 TEST_F(List, CanBeReadByAssistiveTools) {

@@ -1,14 +1,22 @@
 #include "platform/desktop/DesktopDialogs.h"
 
+#include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
+#include "platform/desktop/WindowYield.h"
+#include "runtime/Yield.h"
+
 #include <QAbstractButton>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 namespace netrove {
@@ -67,6 +75,8 @@ TEST_F(DesktopDialogsTest, ShowsTextsAsTheyAre) {
 TEST_F(DesktopDialogsTest, AnswersSafelyUnlessYesIsChosen) {
     const auto press = [](Qt::Key key) { return [key](QMessageBox& box) { Press(box, key); }; };
     EXPECT_EQ(Answer(MessageButtons::Ok, press(Qt::Key_Escape)), MessageAnswer::Ok);
+    EXPECT_EQ(Answer(MessageButtons::OkCancel, press(Qt::Key_Escape)), MessageAnswer::Cancel);
+    EXPECT_EQ(Answer(MessageButtons::OkCancel, press(Qt::Key_Return)), MessageAnswer::Ok);
     EXPECT_EQ(Answer(MessageButtons::YesNo, press(Qt::Key_Escape)), MessageAnswer::No);
     EXPECT_EQ(Answer(MessageButtons::YesNo, press(Qt::Key_Return)), MessageAnswer::No);
     EXPECT_EQ(Answer(MessageButtons::YesNo, [](QMessageBox& box) { box.close(); }),
@@ -126,6 +136,114 @@ TEST_F(DesktopDialogsTest, LetsFilesBeChosen) {
     EXPECT_EQ(AnswerBox<QFileDialog>(user("old.nrr", Qt::Key_Escape), save), std::nullopt);
     setup.fileName.clear();
     EXPECT_EQ(AnswerBox<QFileDialog>(user("old.nrr", Qt::Key_Return), open), existing);
+}
+
+TEST_F(DesktopDialogsTest, LetsFoldersBeChosen) {
+    QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("inner")));
+    for (const bool network : {false, true}) {
+        const auto user = [&](Qt::Key key) {
+            return [&, key](QFileDialog& chooser) {
+                EXPECT_EQ(chooser.windowTitle(), QStringLiteral("Where?"));
+                EXPECT_EQ(chooser.supportedSchemes().contains(QStringLiteral("smb")), network);
+                auto* input = chooser.findChild<QLineEdit*>();
+                input->setText(folder.filePath(QStringLiteral("inner")));
+                Press(*input, key);
+            };
+        };
+        const auto choose = [&] { return dialogs.ChooseFolder(QStringLiteral("Where?"), network); };
+        EXPECT_EQ(AnswerBox<QFileDialog>(user(Qt::Key_Return), choose),
+                  folder.filePath(QStringLiteral("inner")));
+        EXPECT_EQ(AnswerBox<QFileDialog>(user(Qt::Key_Escape), choose), std::nullopt);
+    }
+}
+
+TEST_F(DesktopDialogsTest, LetsAFontBeChosen) {
+    const ChosenFont before{.family = QStringLiteral("DejaVu Sans"),
+                            .points = 9,
+                            .bold = true,
+                            .underline = true,
+                            .charSet = 238,
+                            .color = 0x112233};
+    const auto choose = [&] { return dialogs.ChooseFont(before); };
+    const auto chosen = AnswerBox<QFontDialog>(
+        [&](QFontDialog& chooser) {
+            EXPECT_TRUE(chooser.currentFont().bold() && chooser.currentFont().underline());
+            QFont font(chooser.currentFont().family(), 14);
+            font.setUnderline(true);
+            font.setStrikeOut(true);
+            chooser.setCurrentFont(font);
+            Press(chooser, Qt::Key_Return);
+        },
+        choose);
+    ASSERT_TRUE(chosen);
+    EXPECT_EQ(chosen->points, 14);
+    EXPECT_EQ(std::tuple(chosen->bold, chosen->underline, chosen->strikeOut),
+              std::tuple(false, true, true));
+    EXPECT_EQ(chosen->charSet, before.charSet) << "what the chooser doesn't show stays";
+    EXPECT_FALSE(
+        AnswerBox<QFontDialog>([](QFontDialog& box) { Press(box, Qt::Key_Escape); }, choose));
+}
+
+/// The computers of a network of two workgroups, one of them in a second provider.
+class ComputerChoosing : public DesktopDialogsTest {
+protected:
+    ComputerChoosing() {
+        network.AddNode({}, NetEnum::DisplayNetwork, Text("Net"));
+        network.AddNode({}, NetEnum::DisplayNetwork, Text("Other"));
+        network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
+        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\S"));
+        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\T"));
+        network.AddNode(Text("Other"), NetEnum::DisplayServer, Text("\\\\U"));
+        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
+        network.OnCall = [this](const QString& call) { calls.append(call); };
+        dialogs.SetNetwork(network);
+        SetYieldAlways(true);
+    }
+    ~ComputerChoosing() override { SetYieldAlways(false); }
+
+    /// Lets the user act when the network has been read: before that, handlers run inside that.
+    std::optional<QString> Choose(std::function<void(QDialog&, QTreeWidget&)> user) {
+        QTimer look;
+        look.callOnTimeout([&] {
+            auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (box &&
+                box->findChild<QLabel*>(Text("lblState"))->text() == Text("3 computers found."))
+                user(*box, *box->findChild<QTreeWidget*>());
+        });
+        look.start(5);
+        return dialogs.ChooseComputer(Text("Which?"));
+    }
+
+    WindowYield yield;
+    MemoryNetwork network;
+    QStringList calls;
+};
+
+TEST_F(ComputerChoosing, GivesTheNameAlone) {
+    EXPECT_EQ(Choose([](QDialog& box, QTreeWidget& tree) {
+                  auto* ok = box.findChild<QPushButton*>(Text("cmdOk"));
+                  QTest::keyClick(&tree, Qt::Key_Down);
+                  for (int level = 0; level < 2; ++level) {
+                      QTest::keyClick(&tree, Qt::Key_Return);
+                      EXPECT_FALSE(ok->isEnabled()) << "a provider, a workgroup";
+                      QTest::keyClick(&tree, Qt::Key_Down);
+                  }
+                  QTest::keyClick(&tree, Qt::Key_Down);
+                  QTest::keyClick(&tree, Qt::Key_Return);
+              }),
+              Text("T"));
+    EXPECT_FALSE(calls.contains(Text("open \\\\S"))) << "nobody asks a computer for its shares";
+}
+
+TEST_F(ComputerChoosing, CanBeClosedInTheMiddle) {
+    network.OnCall = [this](const QString& call) {
+        calls.append(call);
+        if (call == Text("open WG"))
+            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+    };
+    EXPECT_EQ(dialogs.ChooseComputer(Text("Which?")), std::nullopt);
+    EXPECT_FALSE(calls.contains(Text("open Other")));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 """A desktop of its own for one test: X server, session bus, window manager, and a user's hands."""
 
 import os
-import re
 import subprocess
 import time
 
@@ -96,15 +95,6 @@ class Desktop:
                                    stdout=subprocess.PIPE, check=False).stdout.split()
             return found[-1] if found else None
         return wait_for(f"a window {title}", find, seconds)
-
-    def click_close_box(self, window):
-        """Clicks the right end of the title bar, where the window manager has the close box."""
-        info = self.tool("xwininfo", "-id", window)
-        left, top, width = (int(re.search(rf"{name}:\s+(\d+)", info)[1]) for name in
-                            ("Absolute upper-left X", "Absolute upper-left Y", "Width"))
-        extents = self.tool("xprop", "-id", window, "_NET_FRAME_EXTENTS")
-        title_bar = int(extents.split("=")[1].split(",")[2])
-        self.click(left + width - 8, top - title_bar // 2)
 
 
 def descendants(node):

@@ -1,13 +1,17 @@
 #pragma once
 
 #include "platform/Dialogs.h"
+#include "platform/Http.h"
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
+#include "runtime/RunTimeError.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace netrove {
@@ -20,6 +24,11 @@ public:
     /// What is chosen in the next file choosers; an empty list cancels them.
     QStringList Files;
     std::vector<FileDialogSetup> Choosers; ///< those that were shown
+    /// What the next choosers of folders, computers and fonts give, each once; they are cancelled
+    /// otherwise.
+    std::optional<QString> Folder;
+    std::optional<QString> Computer;
+    std::function<ChosenFont(ChosenFont)> Font;
     MessageAnswer Answer = MessageAnswer::Ok;
     std::function<void()> OnMessage;
     std::function<void()> OnInput; ///< while an input box is up; may throw
@@ -39,6 +48,18 @@ public:
     }
     std::optional<QString> OpenFile(const FileDialogSetup& setup) override { return Choose(setup); }
     std::optional<QString> SaveFile(const FileDialogSetup& setup) override { return Choose(setup); }
+    std::optional<QString> ChooseFolder(const QString& title, bool network) override {
+        Shown.append(title + (network ? QStringLiteral(" (network)") : QString()));
+        return std::exchange(Folder, std::nullopt);
+    }
+    std::optional<QString> ChooseComputer(const QString& title) override {
+        Shown.append(title);
+        return std::exchange(Computer, std::nullopt);
+    }
+    std::optional<ChosenFont> ChooseFont(const ChosenFont& font) override {
+        const auto choose = std::exchange(Font, nullptr);
+        return choose ? std::optional(choose(font)) : std::nullopt;
+    }
 
 private:
     std::optional<QString> Choose(const FileDialogSetup& setup) {
@@ -65,6 +86,21 @@ public:
         if (!file.startsWith(QLatin1String("\\\\")))
             return std::nullopt;
         return QUrl(QStringLiteral("net:") + QString(file).replace(u'\\', u'/'));
+    }
+};
+
+/// Web sites of given texts by their addresses; all others can't be reached.
+class RecordedHttp : public Http {
+public:
+    QHash<QString, QString> Pages;
+    std::function<void()> OnRead; ///< while a page is read
+
+    QString OpenURL(const QString& address) override {
+        if (OnRead)
+            OnRead();
+        if (!Pages.contains(address))
+            throw RunTimeError(ErrorNumber::DeviceUnavailable);
+        return Pages.value(address);
     }
 };
 

@@ -3,6 +3,7 @@
 #include "fakes/MemoryNetwork.h"
 #include "fakes/Text.h"
 #include "find/ConsoleText.h"
+#include "runtime/ProgramVersion.h"
 #include "runtime/Yield.h"
 
 #include <QTemporaryDir>
@@ -195,7 +196,7 @@ TEST_F(Find, HelpNamesEveryOption) {
         EXPECT_TRUE(help.out.contains(Text(option))) << option;
     for (const QString& line : help.out.split(u'\n'))
         EXPECT_LE(line.size(), 80) << line.toStdString();
-    EXPECT_EQ(Run({Text("--version")}).out, Text("netrove-find " NETROVE_VERSION "\n"));
+    EXPECT_EQ(Run({Text("--version")}).out, Text("netrove-find ") + ProgramVersion() + u'\n');
 }
 
 TEST_F(Find, ASignalStopsTheSearch) {

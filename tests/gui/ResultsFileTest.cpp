@@ -361,6 +361,10 @@ TEST_F(ResultsWindow, LoadsWhatIsDropped) {
     EXPECT_EQ(Rows().size(), 3);
     Load(text);
     EXPECT_EQ(Rows().size(), 6) << "through the dialog the extension doesn't matter";
+    window.OpenResultsFiles({text, one});
+    EXPECT_EQ(Rows().size(), 6) << "the start isn't over";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Rows().size(), 8);
 }
 
 TEST_F(ResultsWindow, ShowsTheListsFolder) {

@@ -63,8 +63,9 @@ TEST(SilentComputers, AreListedAfterASilentSearch) {
         auto& bar = driver.Find<StatusBar>("stbStatus");
         if (node.startsWith(Text("\\\\")) && !shown.contains(bar.Text(3)))
             shown.append(bar.Text(3));
-        if (node == Text("\\\\C"))
+        if (node == Text("\\\\C")) {
             EXPECT_EQ(bar.ToolTipText(3), Text("2 computers done, 1 left"));
+        }
     };
     driver.Search("*");
     EXPECT_EQ(shown, (QStringList{Text("3"), Text("2"), Text("1")}));

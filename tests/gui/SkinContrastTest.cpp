@@ -85,11 +85,6 @@ protected:
             EXPECT_GE(PaintedContrast(picture, text.area), Readable)
                 << text.name.toStdString() << " of " << shown.objectName().toStdString();
         }
-        if (const QString folder = qEnvironmentVariable("SKIN_PICTURES"); !folder.isEmpty())
-            picture.save(folder + QStringLiteral("/%1-%2-%3.png")
-                                      .arg(shown.objectName())
-                                      .arg(Skin())
-                                      .arg(std::get<bool>(GetParam())));
     }
 
     [[nodiscard]] static bool IsExempt(const ShownText& text) {

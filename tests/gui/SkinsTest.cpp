@@ -105,17 +105,7 @@ TEST_F(SkinStory, ChoiceAndAdjustmentsSurvive) {
     EXPECT_TRUE(third.dialogs.Shown.isEmpty());
 }
 
-TEST_F(SkinStory, StartsWithAnyFile) {
-    for (const char* index : {"7", "-1", "6"}) {
-        Store("Skin", "Index", index);
-        {
-            Run run(*this);
-            EXPECT_EQ(run.Chosen(), 0) << index;
-            EXPECT_FALSE(run.CanAdjust());
-            EXPECT_TRUE(run.dialogs.Shown.isEmpty());
-        }
-        EXPECT_EQ(Stored("Skin", "Index"), Text("0")) << index;
-    }
+TEST_F(SkinStory, AFailureLeavesTheDesktopsFrame) {
     Store("Skin", "Index", "3");
     Store("SkinProperties_3", "Colorize", "rather");
     Run run(*this);

@@ -18,6 +18,7 @@ struct TestDesktop {
     RecordedShell shell;
     DesktopFileTypes fileTypes;
     TestSystem system;
+    RecordedHttp http;
     FakeTray tray;
     WindowYield yield;
 
@@ -35,6 +36,8 @@ struct TestDesktop {
                 .tray = tray,
                 .applicationFolder = applicationFolder,
                 .webAddress = QStringLiteral("https://www.example.com/"),
+                .contactAddress = QStringLiteral("netrove@example.com"),
+                .http = &http,
                 .newCopyQ = std::move(newCopyQ),
                 .letAbandon =
                     [this](QAbstractButton& button, std::function<bool()> isPressed) {

@@ -96,6 +96,13 @@ TEST(Text, WritesSinglesThatReadBackTheSame) {
         ErrorNumber::Overflow, [] { (void)LeadingSingle(u"3.5e38"); }, QStringLiteral("Single"));
 }
 
+TEST(Text, TellsNumbersFromOtherTexts) {
+    for (const QStringView text : {u"5", u" -12.5 ", u".5", u"1e2", u"&H1F", u"32001"})
+        EXPECT_TRUE(IsNumeric(text)) << text.toString().toStdString();
+    for (const QStringView text : {u"", u"abc", u"5 files", u"1 0", u"-", u"&H", u"1e999"})
+        EXPECT_FALSE(IsNumeric(text)) << text.toString().toStdString();
+}
+
 TEST(Text, ReadsBooleans) {
     for (const QStringView text : {u"True", u"tRUE", u" true ", u"-1", u"1", u".5", u"1e2", u"&H1"})
         EXPECT_TRUE(ToBoolean(text)) << text.toString().toStdString();

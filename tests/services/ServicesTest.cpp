@@ -45,6 +45,15 @@ public:
     std::optional<QString> SaveFile(const FileDialogSetup& /*setup*/) override {
         return std::nullopt;
     }
+    std::optional<QString> ChooseFolder(const QString& /*title*/, bool /*network*/) override {
+        return std::nullopt;
+    }
+    std::optional<QString> ChooseComputer(const QString& /*title*/) override {
+        return std::nullopt;
+    }
+    std::optional<ChosenFont> ChooseFont(const ChosenFont& /*font*/) override {
+        return std::nullopt;
+    }
 };
 
 TEST(ShellServices, RunsAndTellsFailures) {

@@ -114,20 +114,11 @@ TEST_F(CustomizeSkin, SlidersWriteTheirMembersAndPaintTheSample) {
     EXPECT_TRUE(skin.Colorize);
     EXPECT_TRUE(skin.AdjustRGB);
     const QSize sample = Find("picSample").size();
-    const auto expected = [&](int rightOfFront) {
-        const auto text = [&](int at, int width, int active) {
-            return QStringLiteral("%1,%1 %2x%3 %4")
-                .arg(at)
-                .arg(width)
-                .arg(sample.height() - 40)
-                .arg(active);
-        };
-        return QStringList{text(4, sample.width() - 40, 0),
-                           text(32, sample.width() - rightOfFront, 1)};
-    };
-    EXPECT_EQ(painter.samples.mid(0, 2),
-              QStringList(expected(30))
-                  .replaceInStrings(QRegularExpression(Text("^")), Text("main Trek ")));
+    const QString place = QStringLiteral("main Trek %1,%1 %2x%3 %4");
+    EXPECT_EQ(
+        painter.samples.mid(0, 2),
+        (QStringList{place.arg(4).arg(sample.width() - 40).arg(sample.height() - 40).arg(0),
+                     place.arg(32).arg(sample.width() - 30).arg(sample.height() - 40).arg(1)}));
 }
 
 TEST_F(CustomizeSkin, BoxesAndTheirLabelsSwitchTheSliders) {
@@ -170,14 +161,6 @@ TEST_F(CustomizeSkin, OnlyOkStoresAndAttaches) {
                                          Text("attach main Bullethead")}));
     EXPECT_EQ(Stored("SkinProperties_5", "Hue"), Text("2.5"));
     EXPECT_EQ(skins.SkinConfiguration(), skin);
-}
-
-TEST_F(CustomizeSkin, OpensWithoutAnOwner) {
-    frmCustomizeSkin alone({}, nullptr);
-    alone.show();
-    EXPECT_TRUE(alone.grab().width() > 0);
-    Find<QCheckBox>(alone, "chkColourise").setChecked(true);
-    EXPECT_TRUE(alone.Cancelled());
 }
 
 } // namespace

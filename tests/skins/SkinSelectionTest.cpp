@@ -47,6 +47,12 @@ TEST_F(SkinSelectionTest, MenuChoosesTheSkin) {
         EXPECT_EQ(skin->TitleFont, window.font());
         EXPECT_EQ(frames.calls, (QStringList{Text("attach main ") + name, Text("resize")}));
     }
+    // Back from the tray.
+    skins.SavedSkinIndex = 3;
+    skins.Reskin();
+    EXPECT_EQ(SkinIndex, 3);
+    EXPECT_EQ(frames.attached, skins.SkinConfiguration().get());
+    EXPECT_TRUE(items.mnuSkin[3]->isChecked());
     EXPECT_TRUE(dialogs.Shown.isEmpty());
 }
 
@@ -131,16 +137,6 @@ TEST_F(SkinSelectionTest, FailuresEndInABoxAndTheChoiceStays) {
     EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
     EXPECT_EQ(SkinIndex, 0);
     EXPECT_EQ(skins.SkinConfiguration()->Name, Text("Bullethead"));
-}
-
-TEST_F(SkinSelectionTest, ComesBackFromTheTray) {
-    skins.mnuSkin_Click(3);
-    skins.SavedSkinIndex = SkinIndex;
-    skins.mnuSkin_Click(0);
-    skins.Reskin();
-    EXPECT_EQ(SkinIndex, 3);
-    EXPECT_EQ(frames.attached, skins.SkinConfiguration().get());
-    EXPECT_TRUE(items.mnuSkin[3]->isChecked());
 }
 
 TEST_F(SkinSelectionTest, ControlsHaveTheColoursOfTheirSkin) {

@@ -23,18 +23,22 @@ struct Drawing {
     std::initializer_list<int> sizes;
 };
 
+/// The drawing ":/icons/NAME.svg" in so many pixels.
+QPixmap Picture(const QString& name, const QSize& size) {
+    KeepPictures();
+    QImageReader reader(QStringLiteral(":/icons/%1.svg").arg(name), "svg");
+    reader.setScaledSize(size);
+    return QPixmap::fromImageReader(&reader);
+}
+
 /// The icon from ":/icons/NAME-GRID.svg" of each drawing. Rendered once: what lists draw is a
 /// picture, not a drawing.
 QIcon Render(const QString& name, std::initializer_list<Drawing> drawings) {
-    KeepPictures();
     QIcon icon;
     for (const Drawing& drawing : drawings) {
-        for (const int size : drawing.sizes) {
-            QImageReader reader(QStringLiteral(":/icons/%1-%2.svg").arg(name).arg(drawing.grid),
-                                "svg");
-            reader.setScaledSize(QSize(size, size));
-            icon.addPixmap(QPixmap::fromImageReader(&reader));
-        }
+        for (const int size : drawing.sizes)
+            icon.addPixmap(
+                Picture(QStringLiteral("%1-%2").arg(name).arg(drawing.grid), QSize(size, size)));
     }
     return icon;
 }
@@ -105,6 +109,13 @@ QIcon NetworkPicture() {
 
 QIcon ProgramIcon() {
     return Render(QStringLiteral("netrove"), {{16, {16, 24}}, {64, {32, 48, 64, 128, 256}}});
+}
+
+QPixmap DudesPicture(qreal devicePixelRatio) {
+    constexpr QSize Size(360, 240);
+    QPixmap picture = Picture(QStringLiteral("dudes"), Size * devicePixelRatio);
+    picture.setDevicePixelRatio(devicePixelRatio);
+    return picture;
 }
 
 QIcon FileKindsIcon(bool active) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QPixmap>
 #include <QString>
 #include <QStringList>
 
@@ -34,5 +35,8 @@ namespace netrove {
 /// The small picture beside the search text that opens the menu of predefined kinds; greyed while
 /// a job runs. Drawn for 20 pixels.
 [[nodiscard]] QIcon FileKindsIcon(bool active);
+
+/// The hidden picture, 360 by 240 logical pixels.
+[[nodiscard]] QPixmap DudesPicture(qreal devicePixelRatio);
 
 } // namespace netrove

@@ -2,6 +2,9 @@
 
 #include <QCursor>
 #include <QFontMetrics>
+#include <QLayout>
+
+#include <algorithm>
 
 namespace netrove {
 
@@ -15,6 +18,28 @@ void CentreWindow(const QWidget& parent, QWidget& child) {
 void SetClientSize(QWidget& window, int width, int height) {
     const QSize frame = window.size() - window.contentsRect().size();
     window.resize(frame + QSize(ToPixels(width), ToPixels(height)));
+}
+
+void SetFixedClientSize(QWidget& window, int width, int height) {
+    window.setMinimumSize(0, 0);
+    window.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    SetClientSize(window, width, height);
+    QSize size = window.size();
+    if (QLayout* layout = window.layout()) {
+        layout->activate();
+        size = size.expandedTo(layout->totalMinimumSize());
+        if (layout->hasHeightForWidth())
+            size = size.expandedTo(QSize(0, layout->totalMinimumHeightForWidth(size.width())));
+    }
+    window.setFixedSize(size);
+}
+
+void FixSizeAroundContents(QWidget& window) {
+    const QLayout& layout = *window.layout();
+    QSize size = window.size().expandedTo(layout.totalSizeHint());
+    if (layout.hasHeightForWidth())
+        size.setHeight(std::max(window.height(), layout.totalHeightForWidth(size.width())));
+    window.setFixedSize(size);
 }
 
 int CursorX() {

@@ -17,6 +17,12 @@ void CentreWindow(const QWidget& parent, QWidget& child);
 /// margins stand around it.
 void SetClientSize(QWidget& window, int width, int height);
 
+/// The same for a window that the user shan't resize. It becomes larger where its layout needs more
+/// room, as with a large font.
+void SetFixedClientSize(QWidget& window, int width, int height);
+/// Keeps the window at its size, or, where what its layout holds needs more room, at that.
+void FixSizeAroundContents(QWidget& window);
+
 /// Where the mouse is on the screen, in logical pixels.
 [[nodiscard]] int CursorX();
 [[nodiscard]] int CursorY();

@@ -1,8 +1,12 @@
 #include "platform/desktop/DesktopDialogs.h"
 
+#include "platform/desktop/ComputerChooser.h"
+
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -27,6 +31,32 @@ QMessageBox::Icon BoxIcon(MessageIcon icon) {
         return QMessageBox::Information;
     }
     Q_UNREACHABLE();
+}
+
+struct BoxButtons {
+    QMessageBox::StandardButtons all;
+    QMessageBox::StandardButton byEnter;
+    QMessageBox::StandardButton byEscape;
+};
+
+BoxButtons ButtonsOf(MessageButtons buttons) {
+    switch (buttons) {
+    case MessageButtons::Ok:
+        return {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+    case MessageButtons::OkCancel:
+        return {QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel};
+    case MessageButtons::YesNo:
+        return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No};
+    }
+    Q_UNREACHABLE();
+}
+
+MessageAnswer AnswerOf(QMessageBox::StandardButton pressed) {
+    if (pressed == QMessageBox::Yes)
+        return MessageAnswer::Yes;
+    if (pressed == QMessageBox::No)
+        return MessageAnswer::No;
+    return pressed == QMessageBox::Cancel ? MessageAnswer::Cancel : MessageAnswer::Ok;
 }
 
 /// "Text (*.txt)|*.txt" as the chooser takes it: the pattern in brackets behind the description,
@@ -59,29 +89,29 @@ std::optional<QString> ChooseFile(QFileDialog& chooser, const FileDialogSetup& s
 
 } // namespace
 
+QWidget* DesktopDialogs::Parent() const {
+    QWidget* dialog = QApplication::activeModalWidget();
+    return dialog ? dialog : parent_.data();
+}
+
 MessageAnswer DesktopDialogs::Message(MessageIcon icon, const QString& text, const QString& title,
                                       MessageButtons buttons) {
-    QMessageBox box(parent_);
+    QMessageBox box(Parent());
     box.setIcon(BoxIcon(icon));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     box.setWindowTitle(title);
     box.setWindowModality(Qt::ApplicationModal);
 
-    const bool question = buttons == MessageButtons::YesNo;
-    box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
-    const QMessageBox::StandardButton safe = question ? QMessageBox::No : QMessageBox::Ok;
-    box.setDefaultButton(safe);
-    box.setEscapeButton(safe);
-
-    const int answer = box.exec();
-    if (!question)
-        return MessageAnswer::Ok;
-    return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+    const BoxButtons offered = ButtonsOf(buttons);
+    box.setStandardButtons(offered.all);
+    box.setDefaultButton(offered.byEnter);
+    box.setEscapeButton(offered.byEscape);
+    return AnswerOf(QMessageBox::StandardButton(box.exec()));
 }
 
 QString DesktopDialogs::InputBox(const QString& prompt, const QString& title) {
-    QInputDialog box(parent_);
+    QInputDialog box(Parent());
     box.setWindowTitle(title);
     box.setWindowModality(Qt::ApplicationModal);
     box.setLabelText(prompt);
@@ -91,18 +121,64 @@ QString DesktopDialogs::InputBox(const QString& prompt, const QString& title) {
 }
 
 std::optional<QString> DesktopDialogs::OpenFile(const FileDialogSetup& setup) {
-    QFileDialog chooser(parent_, setup.title, setup.folder);
+    QFileDialog chooser(Parent(), setup.title, setup.folder);
     chooser.setFileMode(QFileDialog::ExistingFile);
     return ChooseFile(chooser, setup);
 }
 
 std::optional<QString> DesktopDialogs::SaveFile(const FileDialogSetup& setup) {
-    QFileDialog chooser(parent_, setup.title, setup.folder);
+    QFileDialog chooser(Parent(), setup.title, setup.folder);
     chooser.setAcceptMode(QFileDialog::AcceptSave);
     chooser.setFileMode(QFileDialog::AnyFile);
     chooser.setOption(QFileDialog::DontConfirmOverwrite);
     chooser.setDefaultSuffix(FirstSuffix(setup.filter));
     return ChooseFile(chooser, setup);
+}
+
+std::optional<QString> DesktopDialogs::ChooseFolder(const QString& title, bool network) {
+    QFileDialog chooser(Parent(), title, QDir::homePath());
+    chooser.setWindowModality(Qt::ApplicationModal);
+    chooser.setFileMode(QFileDialog::Directory);
+    chooser.setOption(QFileDialog::ShowDirsOnly);
+    if (network)
+        chooser.setSupportedSchemes({QStringLiteral("file"), QStringLiteral("smb")});
+    if (chooser.exec() != QDialog::Accepted || chooser.selectedUrls().isEmpty())
+        return std::nullopt;
+    const QUrl chosen = chooser.selectedUrls().constFirst();
+    return chosen.isLocalFile() ? QDir::toNativeSeparators(chosen.toLocalFile())
+                                : chosen.toString(QUrl::StripTrailingSlash);
+}
+
+std::optional<QString> DesktopDialogs::ChooseComputer(const QString& title) {
+    if (!network_)
+        return std::nullopt;
+    ComputerChooser chooser(*network_, title, Parent());
+    chooser.setWindowModality(Qt::ApplicationModal);
+    if (chooser.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return chooser.Computer();
+}
+
+std::optional<ChosenFont> DesktopDialogs::ChooseFont(const ChosenFont& font) {
+    QFont shown(font.family);
+    shown.setPointSizeF(font.points);
+    shown.setBold(font.bold);
+    shown.setItalic(font.italic);
+    shown.setUnderline(font.underline);
+    shown.setStrikeOut(font.strikeOut);
+    QFontDialog chooser(shown, Parent());
+    chooser.setWindowModality(Qt::ApplicationModal);
+    if (chooser.exec() != QDialog::Accepted)
+        return std::nullopt;
+    const QFont chosen = chooser.selectedFont();
+    ChosenFont result = font;
+    result.family = chosen.family();
+    result.points = chosen.pointSizeF();
+    result.bold = chosen.bold();
+    result.italic = chosen.italic();
+    result.underline = chosen.underline();
+    result.strikeOut = chosen.strikeOut();
+    return result;
 }
 
 } // namespace netrove

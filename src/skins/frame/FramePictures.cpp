@@ -2,7 +2,7 @@
 
 #include "skins/SkinConfiguration.h"
 
-#include <cmath>
+#include <algorithm>
 
 namespace netrove {
 namespace {

@@ -1,5 +1,7 @@
 #include "skins/frame/StandardFrameSwitch.h"
 
+#include "skins/frame/WindowAbilities.h"
+
 #include <QCoreApplication>
 #include <QMoveEvent>
 #include <QWindow>
@@ -62,8 +64,13 @@ std::optional<QRect> StandardFrameSwitch::Outer() const {
 }
 
 void StandardFrameSwitch::FitTarget(const QMargins& frame) {
-    if (target_ && !window_.isMaximized() && !window_.isFullScreen() && !window_.isMinimized())
-        window_.setGeometry(target_->marginsRemoved(frame));
+    if (!target_ || window_.isMaximized() || window_.isFullScreen() || window_.isMinimized())
+        return;
+    const QRect inner = target_->marginsRemoved(frame);
+    if (CanPlaceWindows())
+        window_.setGeometry(inner);
+    else
+        window_.resize(inner.size());
 }
 
 void StandardFrameSwitch::BeginSettling() {
@@ -90,7 +97,10 @@ void StandardFrameSwitch::Settle() {
 }
 
 bool StandardFrameSwitch::IsAtTarget(const QMargins& frame) const {
-    return target_ && window_.windowHandle()->geometry().marginsAdded(frame) == *target_;
+    if (!target_)
+        return true;
+    const QRect outer = window_.windowHandle()->geometry().marginsAdded(frame);
+    return CanPlaceWindows() ? outer == *target_ : outer.size() == target_->size();
 }
 
 /// The widget keeps what it knows of the frame until it is moved, and the window's own rules of
@@ -105,6 +115,8 @@ void StandardFrameSwitch::TellFrameChanged() {
 
 void StandardFrameSwitch::EndSettling() {
     settling_.stop();
+    if (!frameless_)
+        return;
     const bool insists = frameless_ && !Margins().isNull();
     if (std::exchange(insists_, insists) != insists)
         Q_EMIT InsistenceChanged();

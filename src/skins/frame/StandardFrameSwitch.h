@@ -26,7 +26,8 @@ public:
     void TakeAway();
     void GiveBack();
 
-    /// Whether the desktop has kept its frame around the window although it was to take it away.
+    /// Whether the desktop has kept its frame around the window although it was to take it away,
+    /// the last time.
     [[nodiscard]] bool DesktopInsists() const { return insists_; }
 
     /// Whether the window has a place on the screen, or had one before it was hidden.

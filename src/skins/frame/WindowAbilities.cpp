@@ -17,8 +17,11 @@ bool CanRestore(const QWidget& window) {
 }
 
 bool CanMove(const QWidget& window) {
-    return !FillsScreen(window) &&
-           !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    return !FillsScreen(window) && CanPlaceWindows();
+}
+
+bool CanPlaceWindows() {
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 Qt::Edges ResizableEdges(const QWidget& window, Qt::Edges edges) {

@@ -10,9 +10,11 @@ namespace netrove {
 [[nodiscard]] bool CanMaximize(const QWidget& window);
 /// Whether there is a state to go back to: a maximised window has one.
 [[nodiscard]] bool CanRestore(const QWidget& window);
-/// Whether the window can be moved now, and whether the program may do it: some desktops let only
-/// their user move windows.
+/// Whether the program can move the window now.
 [[nodiscard]] bool CanMove(const QWidget& window);
+
+/// Whether a program may say where its windows stand. On Wayland only their user may.
+[[nodiscard]] bool CanPlaceWindows();
 
 /// Those of the edges that the window can be resized by now.
 [[nodiscard]] Qt::Edges ResizableEdges(const QWidget& window, Qt::Edges edges);

@@ -1,3 +1,4 @@
+#include "runtime/ProgramVersion.h"
 #include "smb/HelperLaunch.h"
 #include "smb/helper/Channel.h"
 #include "smb/helper/Session.h"
@@ -15,10 +16,10 @@ int main() {
     using namespace netrove;
 
     if (!Channel::IsThere()) {
-        std::fputs("netrove-smb " NETROVE_VERSION
-                   ": speaks SMB for Netrove, which starts it itself. Start netrove or "
-                   "netrove-find instead.\n",
-                   stderr);
+        std::fprintf(stderr,
+                     "netrove-smb %s: speaks SMB for Netrove, which starts it itself. Start "
+                     "netrove or netrove-find instead.\n",
+                     qPrintable(ProgramVersion()));
         return 2;
     }
     // A folder without end must not take the machine's memory: the library holds all of it.

@@ -8,12 +8,11 @@ namespace {
 
 class FramePaintTest : public testing::Test {
 protected:
-    QImage Title(int width, bool active, int buttonsLeft) {
+    QImage Title(int width, bool active, int buttonsLeft, const QString& caption = {}) {
         const FrameLook look(skin_.configuration);
         QImage image(width, look.metrics.titleHeight, QImage::Format_RGB32);
         QPainter painter(&image);
-        FramePainter(look, painter, active)
-            .PaintTitle(image.rect(), QIcon(), QString(), buttonsLeft);
+        FramePainter(look, painter, active).PaintTitle(image.rect(), QIcon(), caption, buttonsLeft);
         return image;
     }
 
@@ -43,8 +42,10 @@ TEST_F(FramePaintTest, CutsTheTitleIntoItsPiecesAndDropsWhatHasNoRoom) {
     EXPECT_EQ(Starts(Title(50, true, 30), true), Expected({0, -1, -1, 20, 30}));
     EXPECT_EQ(Starts(Title(10, true, 5), true), Expected({0, -1, -1, -1, -1}));
 
-    // A wide caption has the tile behind all of it, and all pieces are as high as the bar.
-    const FrameLook look(skin_.configuration);
+    // A long caption has the tile behind all of it, and ends before the buttons.
+    EXPECT_EQ(Starts(Title(200, true, 150, QString(100, u'x')), true),
+              Expected({0, 20, -1, 150, 180}));
+    // All pieces are as high as the bar.
     skin_.configuration.FrameMetric5 = 90;
     const QImage higher = Title(200, true, 150);
     EXPECT_EQ(higher.height(), 90);

@@ -50,9 +50,10 @@ private:
     template <std::size_t Count>
     static QPixmap Picture(const std::array<Qt::GlobalColor, Count>& colors, int width,
                            int height) {
-        QPixmap picture(int(Count) * width, 2 * height);
+        const int count = static_cast<int>(Count);
+        QPixmap picture(count * width, 2 * height);
         QPainter painter(&picture);
-        for (int index = 0; index < int(Count); ++index) {
+        for (int index = 0; index < count; ++index) {
             const QColor color = colors[std::size_t(index)];
             painter.fillRect(index * width, 0, width, height, color);
             painter.fillRect(index * width, height, width, height, color.darker());

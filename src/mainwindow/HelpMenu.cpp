@@ -1,0 +1,50 @@
+#include "mainwindow/HelpMenu.h"
+
+#include "mainwindow/about/frmAbout.h"
+#include "online/frmDonate.h"
+#include "online/frmUpdate.h"
+
+namespace netrove {
+
+OnlineServices HelpMenu::Online() const {
+    return {.http = *services_.http,
+            .dialogs = services_.dialogs,
+            .shell = services_.shell,
+            .webAddress = services_.webAddress,
+            .skin = services_.skin,
+            .openHelp = services_.openHelp};
+}
+
+AboutServices HelpMenu::About() {
+    return {.shell = services_.shell,
+            .webAddress = services_.webAddress,
+            .contactAddress = services_.contactAddress,
+            .UpdateMnu = [this] { UpdateMnu_Click(); },
+            .openHelp = services_.openHelp};
+}
+
+void HelpMenu::UpdateMnu_Click() {
+    if (services_.http)
+        frmUpdate(Online(), &window_).exec();
+}
+
+void HelpMenu::mnuDonate_Click() {
+    if (services_.http)
+        frmDonate(Online(), &window_).exec();
+}
+
+void HelpMenu::mnuAbout1_Click() {
+    frmAbout(About(), services_.skin, window_).exec();
+}
+
+void HelpMenu::mnuAbout_Click() {
+    if (!about_) {
+        about_ = new frmAbout(About(), nullptr, window_);
+        about_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    about_->show();
+    about_->raise();
+    about_->activateWindow();
+}
+
+} // namespace netrove

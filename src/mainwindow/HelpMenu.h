@@ -1,0 +1,50 @@
+#pragma once
+
+#include "mainwindow/services/ShellServices.h"
+#include "platform/Dialogs.h"
+#include "platform/Http.h"
+#include "skins/SkinOwner.h"
+
+#include <QDialog>
+#include <QPointer>
+
+#include <functional>
+
+namespace netrove {
+
+struct AboutServices;
+struct OnlineServices;
+
+/// Opens the windows of the help menu, each over the main window.
+class HelpMenu {
+public:
+    struct Services {
+        Http* http; ///< without one, the update check and the donation links are never asked for
+        Dialogs& dialogs;
+        ShellServices& shell;
+        QString webAddress;
+        QString contactAddress;
+        std::function<void()> openHelp;
+        const SkinOwner* skin = nullptr;
+    };
+
+    HelpMenu(QWidget& window, Services services)
+        : window_(window), services_(std::move(services)) {}
+
+    void UpdateMnu_Click();
+    void mnuDonate_Click();
+    void mnuAbout1_Click();
+
+    /// The about box of the tray menu: not modal, and the desktop's look.
+    void mnuAbout_Click();
+
+private:
+    [[nodiscard]] OnlineServices Online() const;
+    [[nodiscard]] AboutServices About();
+
+    QWidget& window_;
+    Services services_;
+    QPointer<QDialog> about_; ///< the one of the tray menu, while it is open
+};
+
+} // namespace netrove

@@ -1,0 +1,46 @@
+#include "netrove/StartArguments.h"
+
+#include "runtime/ProgramVersion.h"
+
+#include <QFileInfo>
+
+namespace netrove {
+namespace {
+
+QString HelpText() {
+    return QStringLiteral(R"(Usage: netrove [FILE]...
+Find files on the local network. Results files (.nrr) that are given are loaded
+into the list of results.
+
+  --help     print this help
+  --version  print the version
+
+All else is set in the window; its help comes with F1. netrove-find searches
+without a window.
+)");
+}
+
+} // namespace
+
+StartArguments::StartArguments(const QStringList& arguments) {
+    bool areOptions = true;
+    for (const QString& argument : arguments) {
+        if (!areOptions || !argument.startsWith(u'-'))
+            files_.append(QFileInfo(argument).absoluteFilePath());
+        else if (argument == u"--")
+            areOptions = false;
+        else
+            ReadOption(argument);
+    }
+}
+
+void StartArguments::ReadOption(const QString& option) {
+    if (option == u"--help")
+        text_ = HelpText();
+    else if (option == u"--version")
+        text_ = QLatin1String("netrove ") + ProgramVersion() + u'\n';
+    else
+        problem_ = u"netrove: there is no option '" + option + u"'; see 'netrove --help'.\n";
+}
+
+} // namespace netrove

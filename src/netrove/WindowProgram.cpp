@@ -1,0 +1,80 @@
+#include "netrove/WindowProgram.h"
+
+#include "downloads/copier/FileCopier.h"
+#include "logons/frmLogons.h"
+#include "platform/ApplicationFolder.h"
+#include "platform/keyring/DesktopKeyring.h"
+#include "storage/SettingsFile.h"
+
+namespace netrove {
+
+WindowProgram::WindowProgram()
+    : folder_(ApplicationFolder())
+    , logons_(std::make_shared<Logons>(std::make_shared<DesktopKeyring>()))
+    , opened_(OpenNetwork(folder_, logons_))
+    , shell_(*opened_.network)
+    , site_(WebSite::Read(
+          ProfileFile(IniFileName(folder_)),
+          {QStringLiteral(NETROVE_WEB_ADDRESS), QStringLiteral(NETROVE_CONTACT_ADDRESS)}))
+    , window_(Services())
+    , sessionEnd_({.isBusy = [this] { return window_.IsBusy(); },
+                   .agrees = [this] { return window_.Form_QueryUnload(); },
+                   .save = [this] { window_.SaveSettings(); },
+                   .end = [this] { window_.EndSession(); }}) {
+    dialogs_.SetNetwork(*opened_.network);
+    dialogs_.SetParent(&window_);
+    QObject::connect(
+        &window_, &frmNetrove::Unloaded, qApp, [] { QApplication::exit(); }, Qt::QueuedConnection);
+}
+
+ProgramServices WindowProgram::Services() {
+    return {
+        .network = *opened_.network,
+        .files = *opened_.network,
+        .dialogs = dialogs_,
+        .shell = shell_,
+        .fileTypes = fileTypes_,
+        .systemIcon = [this](int index) { return fileTypes_.Icon(index); },
+        .system = system_,
+        .tray = tray_,
+        .applicationFolder = folder_,
+        .webAddress = site_.address,
+        .contactAddress = site_.contact,
+        .http = &http_,
+        .newCopyQ = [this] { return NewCopyQ(); },
+        .ahead = opened_.network.get(),
+        .report = &opened_.network->Report(),
+        .letAbandon =
+            [this](QAbstractButton& button, std::function<bool()> isPressed) {
+                yield_.SetAbandon(button, std::move(isPressed));
+            },
+        .showLogons = [this](QWidget& owner, const SkinOwner& skin) { ShowLogons(owner, skin); }};
+}
+
+std::unique_ptr<CopyQ> WindowProgram::NewCopyQ() const {
+    return std::make_unique<FileCopier>(
+        *opened_.network, CopyLimits{.helper = SmbPool::DefaultHelper(), .logons = logons_});
+}
+
+void WindowProgram::ShowLogons(QWidget& owner, const SkinOwner& skin) {
+    frmLogons({.logons = logons_,
+               .dialogs = dialogs_,
+               .shareList =
+                   [this](const QString& computer) {
+                       return opened_.network->ShareListRequest(computer);
+                   },
+               .helper = SmbPool::DefaultHelper(),
+               .skin = &skin},
+              &owner)
+        .exec();
+}
+
+void WindowProgram::Start(const QStringList& resultsFiles) {
+    window_.Form_Load();
+    if (!opened_.problems.isEmpty())
+        dialogs_.Message(MessageIcon::Exclamation, opened_.problems.join(QStringLiteral("\r\n")),
+                         QStringLiteral("Network Configuration"));
+    window_.OpenResultsFiles(resultsFiles);
+}
+
+} // namespace netrove

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "mainwindow/frmNetrove.h"
+#include "online/webfiles/WebSite.h"
+#include "platform/LinuxSystemInformation.h"
+#include "platform/desktop/DesktopDialogs.h"
+#include "platform/desktop/DesktopFileTypes.h"
+#include "platform/desktop/DesktopShell.h"
+#include "platform/desktop/DesktopTray.h"
+#include "platform/desktop/SessionEnd.h"
+#include "platform/desktop/WindowYield.h"
+#include "platform/http/HttpReader.h"
+#include "platform/network/OpenNetwork.h"
+
+#include <QStringList>
+
+#include <memory>
+
+namespace netrove {
+
+/// The program with its window: the services of this desktop, and the window that is given them.
+/// There is an application object before it.
+class WindowProgram {
+public:
+    WindowProgram();
+
+    /// Shows the window and loads these results files into it. The application ends when the window
+    /// has closed for good.
+    void Start(const QStringList& resultsFiles);
+
+private:
+    [[nodiscard]] ProgramServices Services();
+    [[nodiscard]] std::unique_ptr<CopyQ> NewCopyQ() const;
+    void ShowLogons(QWidget& owner, const SkinOwner& skin);
+
+    WindowYield yield_;
+    const QString folder_;
+    const std::shared_ptr<Logons> logons_;
+    const OpenedNetwork opened_;
+    DesktopDialogs dialogs_;
+    DesktopShell shell_;
+    DesktopFileTypes fileTypes_;
+    LinuxSystemInformation system_;
+    DesktopTray tray_;
+    HttpReader http_;
+    const WebSite site_;
+    frmNetrove window_;
+    const SessionEnd sessionEnd_;
+};
+
+} // namespace netrove

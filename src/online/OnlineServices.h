@@ -1,0 +1,24 @@
+#pragma once
+
+#include "mainwindow/services/ShellServices.h"
+#include "online/webfiles/Version.h"
+#include "platform/Dialogs.h"
+#include "platform/Http.h"
+#include "skins/SkinOwner.h"
+
+#include <functional>
+
+namespace netrove {
+
+/// What the dialogs that read from the web site are given. All of it outlives them.
+struct OnlineServices {
+    Http& http;
+    Dialogs& dialogs;
+    ShellServices& shell;
+    QString webAddress;                  ///< of the site, which has the files too
+    const SkinOwner* skin = nullptr;     ///< null where there are no skins
+    std::function<void()> openHelp = {}; ///< what the key F1 does
+    Version version = Version::Own();    ///< what a newer one is newer than
+};
+
+} // namespace netrove

@@ -1,0 +1,204 @@
+#include "online/frmDonate.h"
+
+#include "mainwindow/windowservices/WindowGeometry.h"
+#include "online/webfiles/WebFile.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+#include "skins/SkinControls.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+#include <optional>
+
+namespace netrove {
+namespace {
+
+/// Inner size in twips.
+constexpr int Width = 5550;
+constexpr int LowHeight = 2250;
+constexpr int TallHeight = 3765;
+/// In pixels: around the controls and between them.
+constexpr int Margin = 5;
+constexpr int Gap = 4;
+/// Characters of a caption that are looked at: more than any button has room for.
+constexpr qsizetype MaxCaption = 200;
+
+QString Text(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+QPushButton* Button(const QString& name, const char* caption, const char* toolTip,
+                    QWidget* parent) {
+    auto* button = new QPushButton(Text(caption), parent);
+    button->setObjectName(name);
+    button->setToolTip(Text(toolTip));
+    return button;
+}
+
+QString WithoutScheme(const QString& address) {
+    const QLatin1String mark("://");
+    const qsizetype at = address.indexOf(mark);
+    return at < 0 ? address : address.mid(at + mark.size());
+}
+
+} // namespace
+
+frmDonate::frmDonate(const OnlineServices& services, QWidget* owner)
+    : QDialog(owner)
+    , services_(services)
+    , txtDon_(new QPlainTextEdit(this))
+    , cmdUp_(Button(Text("cmdUp"), "&Get Links", "Get the links from the internet", this))
+    , cmdOK_(Button(Text("cmdOK"), "&Cancel", "Cancel", this)) {
+    setObjectName(Text("frmDonate"));
+    MakeControls();
+    Arrange();
+    Form_Load(owner);
+}
+
+void frmDonate::MakeControls() {
+    setWindowTitle(Text("Donation"));
+    txtDon_->setObjectName(Text("txtDon"));
+    txtDon_->setProperty(TagProperty, Text("NOCOLOR"));
+    txtDon_->setAccessibleName(windowTitle());
+    txtDon_->setReadOnly(true);
+    txtDon_->setTabChangesFocus(true);
+    txtDon_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    connect(cmdUp_, &QPushButton::clicked, this, &frmDonate::cmdUp_Click);
+    connect(cmdOK_, &QPushButton::clicked, this, &frmDonate::reject);
+    for (std::size_t index = 0; index < cmdLink_.size(); ++index) {
+        QPushButton* link = cmdLink_[index] = Button(QStringLiteral("cmdLink(%1)").arg(index), "",
+                                                     "Click here to go to the website", this);
+        link->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        connect(link, &QPushButton::clicked, this,
+                [this, index] { services_.shell.ShellRun(LinkAddress_[index]); });
+    }
+    cmdUp_->setDefault(true);
+    cmdUp_->setFocus();
+}
+
+void frmDonate::Arrange() {
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdUp_);
+    buttons->addStretch();
+    buttons->addWidget(cmdOK_);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(Margin, Margin, Margin, Margin);
+    all->setSpacing(Gap);
+    all->addWidget(txtDon_, 1);
+    all->addLayout(buttons);
+    for (QPushButton* link : cmdLink_)
+        all->addWidget(link);
+    setTabOrder(txtDon_, cmdUp_);
+    setTabOrder(cmdUp_, cmdOK_);
+    setTabOrder(cmdOK_, cmdLink_[0]);
+    setTabOrder(cmdLink_[0], cmdLink_[1]);
+    setTabOrder(cmdLink_[1], cmdLink_[2]);
+}
+
+void frmDonate::Form_Load(const QWidget* owner) {
+    SetTall(false);
+    if (owner)
+        CentreWindow(*owner->window(), *this);
+    skin_.Load(*this, services_.skin, QSize(Width, LowHeight));
+    ResetLinks();
+    txtDon_->setPlainText(Text("Netrove is freeware. It will stay freeware. If it is of use to "
+                               "you, please consider a donation. Please click on \"Get Links\" to "
+                               "get the selections. Thank You.\n\n(You will need to be connected "
+                               "to the internet to reach the websites)"));
+}
+
+void frmDonate::SetTall(bool isTall) {
+    for (QPushButton* link : cmdLink_)
+        link->setVisible(isTall);
+    SetFixedClientSize(*this, Width, isTall ? TallHeight : LowHeight);
+}
+
+void frmDonate::ResetLinks() {
+    for (std::size_t index = 0; index < cmdLink_.size(); ++index) {
+        LinkAddress_[index] = services_.webAddress;
+        SetCaption(*cmdLink_[index], WithoutScheme(services_.webAddress));
+    }
+}
+
+/// One line, no longer than there is room for.
+void frmDonate::SetCaption(QPushButton& link, const QString& caption) const {
+    QString line = caption.left(MaxCaption);
+    for (QChar& unit : line) {
+        if (!unit.isPrint() && !unit.isSurrogate())
+            unit = u' ';
+    }
+    const int room = ToPixels(Width) - 8 * Margin;
+    link.setText(link.fontMetrics().elidedText(line, Qt::ElideRight, room, Qt::TextShowMnemonic));
+}
+
+/// Failures of the read go on to the caller.
+bool frmDonate::Check4File(QLatin1String path, QString& resp) {
+    resp.clear();
+    resp = Trim(services_.http.OpenURL(WebFile::Address(services_.webAddress, path)));
+    return !resp.isEmpty();
+}
+
+void frmDonate::cmdUp_Click() {
+    std::optional<RunTimeError> failure;
+    try {
+        cmdUp_->setEnabled(false);
+        setCursor(Qt::WaitCursor);
+        ResetLinks();
+        for (QPushButton* link : cmdLink_)
+            link->setEnabled(false);
+        GetDonationLinks();
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    cmdUp_->setEnabled(true);
+    unsetCursor();
+    if (failure)
+        ResetLinks();
+    for (QPushButton* link : cmdLink_)
+        link->setEnabled(true);
+    SetTall(true);
+    cmdLink_[0]->setFocus();
+}
+
+void frmDonate::GetDonationLinks() {
+    try {
+        setCursor(Qt::WaitCursor);
+        ReadLinks();
+        unsetCursor();
+    } catch (...) {
+        SayUnread();
+    }
+}
+
+/// Changes no link where the file can't be used.
+void frmDonate::ReadLinks() {
+    QString answer;
+    if (!Check4File(WebFile::DonationPath, answer))
+        throw RunTimeError(ErrorNumber::FileNotFound);
+    const DonationLinks links = ReadDonationLinks(answer);
+    for (qsizetype index = 0; index < links.captions.size(); ++index)
+        SetCaption(*cmdLink_.at(std::size_t(index)), links.captions[index]);
+    for (qsizetype index = 0; index < links.addresses.size(); ++index)
+        LinkAddress_.at(std::size_t(index)) = links.addresses[index];
+}
+
+void frmDonate::SayUnread() {
+    unsetCursor();
+    services_.dialogs.Message(
+        MessageIcon::Critical,
+        Text("Could not get the update for the links. Click on one of the\r\n"
+             "existing links to go to official Tarn Bridge Software site and\r\n"
+             "use the donation links listed there."),
+        Text("Error in update"));
+}
+
+void frmDonate::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && services_.openHelp)
+        services_.openHelp();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+} // namespace netrove

@@ -1,0 +1,277 @@
+#include "online/frmUpdate.h"
+
+#include "mainwindow/windowservices/WindowGeometry.h"
+#include "online/webfiles/WebFile.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+#include "skins/SkinControls.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+namespace netrove {
+namespace {
+
+/// Inner size in twips.
+constexpr int Width = 4755;
+constexpr int LowHeight = 2010;
+constexpr int TallHeight = 4770;
+/// In pixels: around the controls and between them.
+constexpr int Margin = 5;
+constexpr int Gap = 4;
+
+QString Text(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+QString Lines(const QStringList& lines) {
+    return lines.join(QLatin1String("\r\n"));
+}
+
+QPushButton* Button(const char* name, const QString& caption, const char* toolTip,
+                    QWidget* parent) {
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(Text(name));
+    button->setToolTip(Text(toolTip));
+    return button;
+}
+
+QLabel* Label(const char* name, const char* caption, QWidget* parent) {
+    auto* label = new QLabel(Text(caption), parent);
+    label->setObjectName(Text(name));
+    label->setWordWrap(true);
+    return label;
+}
+
+QFrame* Frame(const char* name, QFrame::Shape shape, QWidget* parent) {
+    auto* frame = new QFrame(parent);
+    frame->setObjectName(Text(name));
+    frame->setFrameShape(shape);
+    frame->setFrameShadow(QFrame::Plain);
+    return frame;
+}
+
+} // namespace
+
+frmUpdate::frmUpdate(const OnlineServices& services, QWidget* owner)
+    : QDialog(owner)
+    , services_(services)
+    , Shape1_(Frame("Shape1", QFrame::Box, this))
+    , Label1_(Label("Label1",
+                    "Welcome to the Tarn Bridge Software Update. This process will verify that "
+                    "you have the latest version of Netrove.",
+                    this))
+    , Label2_(Label("Label2",
+                    "Please ensure that you are connected to the internet before proceeding.",
+                    this))
+    , cmdCheck_(Button("cmdCheck", Text("Check For &Update"), "Check It", this))
+    , cmdCancel_(Button("cmdCancel", Text("&Cancel"), "Cancel", this))
+    , cmdLink_(
+          Button("cmdLink", services.webAddress, "Click here to go to the official site", this))
+    , Line1_(Frame("Line1", QFrame::HLine, this))
+    , txtInfo_(new QPlainTextEdit(this))
+    , cmdDown_(Button("cmdDown", Text("Download New Version"), "Download It", this)) {
+    setObjectName(Text("frmUpdate"));
+    MakeControls();
+    Arrange();
+    Form_Load(owner);
+}
+
+void frmUpdate::MakeControls() {
+    setWindowTitle(Text("Update"));
+    Shape1_->setProperty(TagProperty, Text("BORDONLY"));
+    cmdCheck_->setDefault(true);
+    cmdDown_->setEnabled(false);
+    txtInfo_->setObjectName(Text("txtInfo"));
+    txtInfo_->setAccessibleName(Text("News"));
+    txtInfo_->setReadOnly(true);
+    txtInfo_->setTabChangesFocus(true);
+    // However long the address is, the dialog keeps its width.
+    cmdLink_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    connect(cmdCheck_, &QPushButton::clicked, this, &frmUpdate::cmdCheck_Click);
+    connect(cmdCancel_, &QPushButton::clicked, this, &frmUpdate::reject);
+    connect(cmdLink_, &QPushButton::clicked, this, &frmUpdate::cmdLink_Click);
+    connect(cmdDown_, &QPushButton::clicked, this, &frmUpdate::cmdDown_Click);
+}
+
+/// The link takes the place of the advice about the connection.
+void frmUpdate::Arrange() {
+    auto* texts = new QVBoxLayout;
+    texts->setContentsMargins(Margin, Gap / 2, Margin, Gap / 2);
+    texts->setSpacing(Gap / 2);
+    for (QWidget* text : {static_cast<QWidget*>(Label1_), static_cast<QWidget*>(Label2_),
+                          static_cast<QWidget*>(cmdLink_)})
+        texts->addWidget(text);
+    auto* framed = new QGridLayout;
+    framed->addWidget(Shape1_, 0, 0);
+    framed->addLayout(texts, 0, 0);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdCheck_);
+    buttons->addStretch();
+    buttons->addWidget(cmdCancel_);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(Margin, Margin, Margin, Margin);
+    all->setSpacing(Gap);
+    all->addLayout(framed, 1);
+    all->addLayout(buttons);
+    all->addWidget(Line1_);
+    all->addWidget(txtInfo_, 2);
+    all->addWidget(cmdDown_);
+    QWidget* before = cmdCheck_;
+    for (QWidget* next : {static_cast<QWidget*>(cmdCancel_), static_cast<QWidget*>(cmdLink_),
+                          static_cast<QWidget*>(txtInfo_), static_cast<QWidget*>(cmdDown_)}) {
+        setTabOrder(before, next);
+        before = next;
+    }
+}
+
+void frmUpdate::Form_Load(const QWidget* owner) {
+    ShowLink(false);
+    SetTall(false);
+    if (owner)
+        CentreWindow(*owner->window(), *this);
+    skin_.Load(*this, services_.skin, QSize(Width, LowHeight));
+}
+
+void frmUpdate::ShowLink(bool isShown) {
+    Label2_->setVisible(!isShown);
+    cmdLink_->setVisible(isShown);
+}
+
+void frmUpdate::SetTall(bool isTall) {
+    for (QWidget* control : {static_cast<QWidget*>(Line1_), static_cast<QWidget*>(txtInfo_),
+                             static_cast<QWidget*>(cmdDown_)})
+        control->setVisible(isTall);
+    SetFixedClientSize(*this, Width, isTall ? TallHeight : LowHeight);
+}
+
+bool frmUpdate::Check4File(QLatin1String path, QString& resp) {
+    resp.clear();
+    try {
+        resp = Trim(services_.http.OpenURL(WebFile::Address(services_.webAddress, path)));
+    } catch (...) {
+        return false;
+    }
+    return !resp.isEmpty();
+}
+
+/// Raises where the file can't be read, or is another one.
+QString frmUpdate::ReadPayload(QLatin1String path, QLatin1String marker) {
+    QString answer;
+    if (!Check4File(path, answer) || !WebFile::HasMarker(answer, marker))
+        throw RunTimeError(ErrorNumber::BadFileMode);
+    return WebFile::Payload(answer);
+}
+
+void frmUpdate::cmdCheck_Click() {
+    try {
+        BeginCheck();
+        const Version web =
+            Version::FromText(ReadPayload(WebFile::VersionPath, WebFile::VersionMarker));
+        if (web > services_.version)
+            OfferUpdate(web);
+        else
+            SayUpToDate(web);
+        unsetCursor();
+        cmdCheck_->setEnabled(true);
+    } catch (...) {
+        FailCheck();
+    }
+}
+
+void frmUpdate::BeginCheck() {
+    SetTall(false);
+    setWindowTitle(Text("Update"));
+    setCursor(Qt::WaitCursor);
+    cmdCheck_->setEnabled(false);
+    cmdDown_->setEnabled(false);
+    ShowLink(false);
+    txtInfo_->clear();
+}
+
+void frmUpdate::SayUpToDate(const Version& web) {
+    services_.dialogs.Message(MessageIcon::Information,
+                              Lines({Text("Web release = ") + web.Text(),
+                                     Text("Your release = ") + services_.version.Text(),
+                                     Text("You have the latest release of Netrove.")}),
+                              Text("Netrove update"));
+    cmdCancel_->setFocus();
+}
+
+void frmUpdate::OfferUpdate(const Version& web) {
+    setWindowTitle(Text("Update available from v") + services_.version.Text() + Text(" to v") +
+                   web.Text());
+    cmdDown_->setEnabled(true);
+    QString news;
+    const bool isThere =
+        Check4File(WebFile::NewsPath, news) && WebFile::HasMarker(news, WebFile::NewsMarker);
+    txtInfo_->setPlainText(isThere ? WebFile::Shown(WebFile::Payload(news))
+                                   : Text("Unable to get news for Netrove."));
+    SetTall(true);
+    cmdDown_->setFocus();
+}
+
+void frmUpdate::FailCheck() {
+    unsetCursor();
+    cmdCheck_->setEnabled(true);
+    cmdDown_->setEnabled(false);
+    SetTall(false);
+    services_.dialogs.Message(
+        MessageIcon::Critical,
+        Lines({Text("The update check failed. You must check for the"),
+               Text("new version of this application manually at"), services_.webAddress + u'.'}),
+        Text("Error in update"));
+    ShowLink(true);
+    cmdLink_->setFocus();
+}
+
+void frmUpdate::cmdDown_Click() {
+    try {
+        setCursor(Qt::WaitCursor);
+        cmdDown_->setEnabled(false);
+        HandOverInstaller();
+        unsetCursor();
+        cmdDown_->setEnabled(true);
+    } catch (...) {
+        FailDownload();
+    }
+}
+
+void frmUpdate::HandOverInstaller() {
+    const QString address = ReadPayload(WebFile::InstallerPath, WebFile::InstallerMarker);
+    const MessageAnswer answer = services_.dialogs.Message(
+        MessageIcon::Information,
+        Lines({Text("This feature will download the installer package"),
+               Text("for the new version of Netrove. After the download"),
+               Text("is complete, please exit the current running version"),
+               Text("of Netrove before installing the new version.")}),
+        Text("Instructions"), MessageButtons::OkCancel);
+    if (answer == MessageAnswer::Ok)
+        services_.shell.ShellRun(WebFile::Link(address));
+}
+
+void frmUpdate::FailDownload() {
+    unsetCursor();
+    cmdDown_->setEnabled(true);
+    services_.dialogs.Message(
+        MessageIcon::Critical,
+        Lines({Text("An error has occured. You must manually download the new"),
+               Text("version of Netrove at ") + services_.webAddress + u'.'}),
+        Text("Error in download"));
+    ShowLink(true);
+}
+
+void frmUpdate::cmdLink_Click() {
+    services_.shell.ShellRun(services_.webAddress);
+}
+
+void frmUpdate::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && services_.openHelp)
+        services_.openHelp();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+} // namespace netrove

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "online/OnlineServices.h"
+#include "skins/DialogSkin.h"
+
+#include <QDialog>
+#include <QFrame>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace netrove {
+
+/// Asks the web site whether there is a newer version, shows the news of it, and has its installer
+/// opened. It is low at first, and grows where there is something to show.
+class frmUpdate : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `owner` is the window that it stands in the middle of.
+    frmUpdate(const OnlineServices& services, QWidget* owner);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void MakeControls();
+    void Arrange();
+    void Form_Load(const QWidget* owner);
+    void ShowLink(bool isShown);
+    void SetTall(bool isTall);
+
+    [[nodiscard]] bool Check4File(QLatin1String path, QString& resp);
+    [[nodiscard]] QString ReadPayload(QLatin1String path, QLatin1String marker);
+
+    void cmdCheck_Click();
+    void BeginCheck();
+    void SayUpToDate(const Version& web);
+    void OfferUpdate(const Version& web);
+    void FailCheck();
+    void cmdDown_Click();
+    void HandOverInstaller();
+    void FailDownload();
+    void cmdLink_Click();
+
+    OnlineServices services_;
+    DialogSkin skin_;
+    QFrame* Shape1_;
+    QLabel* Label1_;
+    QLabel* Label2_;
+    QPushButton* cmdCheck_;
+    QPushButton* cmdCancel_;
+    QPushButton* cmdLink_;
+    QFrame* Line1_;
+    QPlainTextEdit* txtInfo_;
+    QPushButton* cmdDown_;
+};
+
+} // namespace netrove

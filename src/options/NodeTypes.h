@@ -1,0 +1,25 @@
+#pragma once
+
+#include "controls/ImageList.h"
+
+#include <QIcon>
+#include <QString>
+
+#include <array>
+
+namespace netrove {
+
+/// The words for the type of an excluded node, in the order in which they are offered.
+inline constexpr std::array NodeTypes{QLatin1String("Folder"), QLatin1String("Workstation"),
+                                      QLatin1String("Workgroup"), QLatin1String("Network")};
+
+/// The picture of one of these, by its place.
+[[nodiscard]] QIcon NodeTypeIcon(std::size_t type);
+
+/// Fills a list with these pictures, each under its word.
+void AddNodeTypeIcons(ImageList& images);
+
+/// The key of a type's picture, whatever its case; a word that is no type as it is.
+[[nodiscard]] QString NodeTypeKey(const QString& type);
+
+} // namespace netrove

@@ -1,0 +1,204 @@
+#include "options/frmOpts.h"
+
+#include "controls/Color.h"
+#include "mainwindow/windowservices/WindowGeometry.h"
+#include "options/frmAddNetNode.h"
+#include "options/modBrowse.h"
+#include "runtime/Formats.h"
+#include "runtime/RunTimeError.h"
+#include "runtime/Text.h"
+
+#include <QKeyEvent>
+
+#include <optional>
+
+namespace netrove {
+namespace {
+
+/// The client size, in twips.
+constexpr QSize ClientSize(6030, 4995);
+/// What a chooser's failure is that means no more than that the user has cancelled it.
+constexpr int CancelledByUser = 32755;
+
+QString Text(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+} // namespace
+
+frmOpts::frmOpts(const OptionServices& services, QWidget* owner)
+    : QDialog(owner)
+    , services_(services)
+    , controls_(*this)
+    , exclusions_(controls_, {.settings = services.settings,
+                              .dialogs = services.dialogs,
+                              .enableApply = [this] { EnableApply(); },
+                              .askForNode = [this] { return AskForNode(); }})
+    , checks_(controls_, services.dialogs)
+    , values_(controls_, exclusions_, services) {
+    setObjectName(Text("frmOpts"));
+    setWindowTitle(Text("Options"));
+    ConnectControls();
+    ConnectEdits();
+    ConnectExclusions();
+    Form_Load();
+}
+
+void frmOpts::Form_Load() {
+    try {
+        SetClientSize(*this, ClientSize.width(), ClientSize.height());
+        skin_.Load(*this, services_.skin, ClientSize);
+        FixSizeAroundContents(*this);
+        if (parentWidget())
+            CentreWindow(*parentWidget(), *this);
+        controls_.SSTab1->setCurrentIndex(OptionControls::General);
+        values_.Load();
+        controls_.cmdApply->setEnabled(false);
+    } catch (...) {
+        const RunTimeError failure = CurrentFailure();
+        services_.dialogs.Failure(failure.Number(), failure.Description(),
+                                  Text("frmOpts.Form_Load Error"));
+    }
+}
+
+void frmOpts::ConnectControls() {
+    connect(controls_.BrowseFolCmd, &QPushButton::clicked, this, [this] { BrowseFolCmd_Click(); });
+    connect(controls_.cmdChangeFont, &QPushButton::clicked, this,
+            [this] { cmdChangeFont_Click(); });
+    connect(controls_.cmdDefaults, &QPushButton::clicked, this, [this] { cmdDefaults_Click(); });
+    connect(controls_.cmdApply, &QPushButton::clicked, this, [this] { cmdApply_Click(); });
+    connect(controls_.OKCmd, &QPushButton::clicked, this, [this] { OKCmd_Click(); });
+    connect(controls_.CancelCmd, &QPushButton::clicked, this, [this] { reject(); });
+}
+
+/// What is edited enables cmdApply, and some of it changes other controls.
+void frmOpts::ConnectEdits() {
+    for (const QAbstractButton* button : findChildren<QAbstractButton*>()) {
+        if (button->isCheckable())
+            connect(button, &QAbstractButton::toggled, this, [this] { EnableApply(); });
+    }
+    for (const QLineEdit* line :
+         {controls_.SaveFolTxt, controls_.MaxFilesTxt, controls_.ConDLTxt, controls_.txtDateFormat})
+        connect(line, &QLineEdit::textChanged, this, [this] { EnableApply(); });
+    connect(controls_.cboNumDec, &QComboBox::currentIndexChanged, this, [this] { EnableApply(); });
+
+    connect(controls_.optB, &QRadioButton::toggled, this, [this](bool inBytes) {
+        if (inBytes)
+            controls_.cboNumDec->setCurrentIndex(0);
+        controls_.cboNumDec->setEnabled(!inBytes);
+    });
+    connect(controls_.Icons.No, &QRadioButton::toggled, this, [this](bool none) {
+        controls_.optPreIcons->setEnabled(!none);
+        controls_.optSysIcons->setEnabled(!none);
+    });
+    for (const QRadioButton* option : {controls_.ExcNetNode.Yes, controls_.ExcNetNode.No})
+        connect(option, &QRadioButton::toggled, this,
+                [this] { ShowExclusionState(controls_.ExcNetNode.IsYes()); });
+    connect(controls_.txtDateFormat, &QLineEdit::textChanged, this, [this] { ShowDateExample(); });
+}
+
+void frmOpts::ConnectExclusions() {
+    const ListView* list = controls_.lvwExcNetNode;
+    connect(list, &ListView::ColumnClick, this,
+            [this](int column) { exclusions_.ColumnClick(column); });
+    connect(list, &ListView::ItemCheck, this, [this] { EnableApply(); });
+    connect(list, &ListView::DeletePressed, this, [this] { exclusions_.DeletePressed(); });
+    connect(list, &ListView::RightButtonDown, this,
+            [this](const QPoint& position) { exclusions_.MouseDown(position); });
+    connect(controls_.mnuAddNetNode, &QAction::triggered, this,
+            [this] { exclusions_.mnuAddNetNode_Click(); });
+    connect(controls_.mnuRemSel, &QAction::triggered, this,
+            [this] { exclusions_.mnuRemSel_Click(); });
+    connect(controls_.mnuAddDef, &QAction::triggered, this,
+            [this] { exclusions_.mnuAddDef_Click(); });
+}
+
+QString frmOpts::AskForNode() {
+    frmAddNetNode dialog(
+        {.dialogs = services_.dialogs, .skin = services_.skin, .openHelp = services_.openHelp},
+        parentWidget(), this);
+    dialog.exec();
+    return dialog.NewNetNode();
+}
+
+void frmOpts::EnableApply() {
+    controls_.cmdApply->setEnabled(true);
+}
+
+void frmOpts::ShowExclusionState(bool isOn) {
+    controls_.lvwExcNetNode->SetBackColor(isOn ? QColor(Qt::white) : ToColor(ButtonFaceColor));
+    controls_.lvwExcNetNode->Refresh();
+    controls_.lvwExcNetNode->setEnabled(isOn);
+}
+
+void frmOpts::ShowDateExample() {
+    const QDateTime example(QDate(1999, 9, 18), QTime(14, 32, 21));
+    controls_.lblDateEx->setText(FormatDate(example, controls_.txtDateFormat->text()));
+}
+
+void frmOpts::BrowseFolCmd_Click() {
+    const QString folder = BrowseForFolder(Text("In what folder do you want to save your files?"),
+                                           true, services_.dialogs);
+    if (!Trim(folder).isEmpty())
+        controls_.SaveFolTxt->setText(folder);
+}
+
+void frmOpts::cmdChangeFont_Click() {
+    try {
+        CharSetFont font = values_.SampleFont();
+        quint32 color = FromColor(controls_.txtFont->palette().color(QPalette::Text));
+        if (!PickFont(font, color, services_.dialogs))
+            return;
+        values_.ShowSampleFont(font);
+        EnableApply();
+    } catch (...) {
+        const RunTimeError failure = CurrentFailure();
+        if (failure.Number() != CancelledByUser)
+            services_.dialogs.Failure(failure.Number(), failure.Description(),
+                                      Text("Options Error..."));
+    }
+}
+
+void frmOpts::cmdDefaults_Click() {
+    values_.ShowDefaults();
+    EnableApply();
+}
+
+void frmOpts::cmdApply_Click() {
+    if (!checks_.Pass()) {
+        ApplyFailed_ = true;
+        return;
+    }
+    std::optional<RunTimeError> failure;
+    try {
+        values_.Take();
+        ApplyFailed_ = false;
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    controls_.cmdApply->setEnabled(false);
+    if (failure)
+        services_.dialogs.Failure(failure->Number(), failure->Description(),
+                                  Text("Options Error..."));
+}
+
+void frmOpts::OKCmd_Click() {
+    cmdApply_Click();
+    if (!ApplyFailed_)
+        accept();
+}
+
+void frmOpts::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && services_.openHelp)
+        services_.openHelp();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void frmOpts::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        update();
+}
+
+} // namespace netrove

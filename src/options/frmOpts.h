@@ -1,0 +1,56 @@
+#pragma once
+
+#include "options/ExclusionEditor.h"
+#include "options/OptionChecks.h"
+#include "options/OptionControls.h"
+#include "options/OptionServices.h"
+#include "options/OptionValues.h"
+#include "skins/DialogSkin.h"
+
+#include <QDialog>
+
+namespace netrove {
+
+/// The options dialog: shows the settings and takes what the user has changed, when it has passed
+/// the checks. It is shown by exec(). Nothing goes to the settings file here.
+class frmOpts : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `owner` is the main window.
+    frmOpts(const OptionServices& services, QWidget* owner);
+    ~frmOpts() override = default;
+
+    /// Whether the last time that the values were to be taken, a check has stopped that.
+    [[nodiscard]] bool ApplyFailed() const { return ApplyFailed_; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void Form_Load();
+    void ConnectControls();
+    void ConnectEdits();
+    void ConnectExclusions();
+    [[nodiscard]] QString AskForNode();
+
+    void EnableApply();
+    void ShowExclusionState(bool isOn);
+    void ShowDateExample();
+    void BrowseFolCmd_Click();
+    void cmdChangeFont_Click();
+    void cmdDefaults_Click();
+    void cmdApply_Click();
+    void OKCmd_Click();
+
+    OptionServices services_;
+    OptionControls controls_;
+    ExclusionEditor exclusions_;
+    OptionChecks checks_;
+    OptionValues values_;
+    DialogSkin skin_;
+    bool ApplyFailed_ = false;
+};
+
+} // namespace netrove

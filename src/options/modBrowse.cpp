@@ -1,0 +1,19 @@
+#include "options/modBrowse.h"
+
+namespace netrove {
+namespace {
+
+constexpr int CancelledBlanks = 260;
+
+} // namespace
+
+QString BrowseForFolder(const QString& title, bool fromDrives, Dialogs& dialogs) {
+    return dialogs.ChooseFolder(title, !fromDrives).value_or(QString(CancelledBlanks, u' '));
+}
+
+QString BrowseForComputer(const QString& title, Dialogs& dialogs) {
+    const std::optional<QString> name = dialogs.ChooseComputer(title);
+    return name ? QLatin1String("\\\\") + *name : QString();
+}
+
+} // namespace netrove

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+
+#include <QString>
+
+namespace netrove {
+
+/// Lets the user choose a folder: one of this computer with `fromDrives`, else one of the network
+/// too. Gives its path, or a text of blanks where the user cancels.
+[[nodiscard]] QString BrowseForFolder(const QString& title, bool fromDrives, Dialogs& dialogs);
+
+/// Lets the user choose a computer of the network. Gives "\\" and its name, or an empty text.
+[[nodiscard]] QString BrowseForComputer(const QString& title, Dialogs& dialogs);
+
+} // namespace netrove

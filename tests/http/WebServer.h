@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <QTcpSocket>
+#include <QThread>
+
+#include <atomic>
+#include <memory>
+
+namespace netrove {
+
+/// A web server on loopback, in a thread of its own, that answers with any bytes.
+class WebServer {
+public:
+    enum class Ending { Close, Silence }; ///< of an answer: silent ones stay open
+
+    WebServer();
+    WebServer(const WebServer&) = delete;
+    WebServer& operator=(const WebServer&) = delete;
+    ~WebServer();
+
+    [[nodiscard]] QString Site() const { return QStringLiteral("http://127.0.0.1:%1").arg(port_); }
+
+    /// What a question for that path is answered with, to be told before it comes.
+    void Serve(const QString& path, const QByteArray& answer, Ending ending = Ending::Close) {
+        answers_.insert(path.toUtf8(), {answer, ending});
+    }
+
+    /// A whole answer with that body.
+    static QByteArray Page(const QByteArray& body);
+    static QByteArray Redirect(const QByteArray& where);
+
+private:
+    struct Answer {
+        QByteArray bytes;
+        Ending ending = Ending::Close;
+    };
+
+    void Run();
+    void Reply(QTcpSocket& client);
+
+    QHash<QByteArray, Answer> answers_;
+    std::atomic<int> port_ = 0;
+    std::unique_ptr<QThread> thread_;
+};
+
+} // namespace netrove

@@ -1,0 +1,75 @@
+#include "online/OpenDialog.h"
+#include "online/frmDonate.h"
+
+namespace netrove {
+namespace {
+
+const char* const Failed =
+    "Error in update: Could not get the update for the links. Click on one of the\r\nexisting "
+    "links to go to official Tarn Bridge Software site and\r\nuse the donation links listed there.";
+
+class DonateTest : public OpenDialog<frmDonate> {
+protected:
+    QString Captions() {
+        return Button("cmdLink(0)").text() + u'|' + Button("cmdLink(1)").text() + u'|' +
+               Button("cmdLink(2)").text();
+    }
+    /// Clicks on each link, and gives what was opened.
+    QString Opened() {
+        shell.Opened.clear();
+        for (const char* link : {"cmdLink(0)", "cmdLink(1)", "cmdLink(2)"})
+            Click(link);
+        return shell.Opened.join(u'|');
+    }
+};
+
+TEST_F(DonateTest, LinksComeFromTheSite) {
+    Open(http);
+    EXPECT_EQ(dialog->contentsRect().size(), QSize(370, 150));
+    EXPECT_FALSE(Button("cmdLink(0)").isVisible());
+    Page("Netrove.don", " tbs_don Pal https://a.example/ Coin http://b.example/ ");
+    http.OnRead = [this] {
+        EXPECT_FALSE(Button("cmdUp").isEnabled());
+        EXPECT_FALSE(Button("cmdLink(0)").isEnabled());
+        EXPECT_EQ(dialog->cursor().shape(), Qt::WaitCursor);
+    };
+    Click("cmdUp");
+    EXPECT_EQ(dialog->contentsRect().size(), QSize(370, 251));
+    EXPECT_TRUE(Button("cmdLink(0)").hasFocus());
+    EXPECT_EQ(Captions(), Text("Pal|Coin|site.example/"));
+    EXPECT_EQ(Opened(), Text("https://a.example/|http://b.example/|https://site.example/"));
+    EXPECT_EQ(dialogs.Shown, QStringList());
+
+    // Whatever the captions are, the dialog keeps its shape.
+    Page("Netrove.don",
+         ("TBS_DON \x02\xE2\x80\xAE" + std::string(100'000, 'w') + " http://a/ A\r\nB http://b/")
+             .c_str());
+    Click("cmdUp");
+    EXPECT_EQ(dialog->contentsRect().size(), QSize(370, 251));
+    EXPECT_LT(Button("cmdLink(0)").text().size(), 100);
+    EXPECT_EQ(Button("cmdLink(1)").text(), Text("A  B"));
+}
+
+TEST_F(DonateTest, FailuresLeaveTheSiteInAllLinks) {
+    Open(http);
+    Page("Netrove.don", "TBS_DON Pal https://a.example/");
+    Click("cmdUp");
+    for (const char* answer : {"TBS_DNO Pal https://a.example/", "TBS_DON", "", "TBS_DON Pal",
+                               "TBS_DON Pal https://a.example/ Sh file:///bin/sh"}) {
+        Page("Netrove.don", answer);
+        dialogs.Shown.clear();
+        Click("cmdUp");
+        EXPECT_EQ(dialogs.Shown, QStringList{Text(Failed)}) << answer;
+        EXPECT_EQ(Captions(), Text("site.example/|site.example/|site.example/"));
+        EXPECT_EQ(Opened(),
+                  Text("https://site.example/|https://site.example/|https://site.example/"));
+    }
+    http.Pages.clear();
+    Click("cmdUp");
+    EXPECT_EQ(dialogs.Shown.size(), 2);
+    EXPECT_TRUE(Button("cmdUp").isEnabled());
+    EXPECT_NE(dialog->cursor().shape(), Qt::WaitCursor);
+}
+
+} // namespace
+} // namespace netrove

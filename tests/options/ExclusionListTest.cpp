@@ -1,0 +1,240 @@
+#include "OpenOptions.h"
+#include "controls/ListHeader.h"
+#include "platform/desktop/WindowYield.h"
+
+#include <algorithm>
+
+namespace netrove {
+namespace {
+
+class ExclusionList : public OpenOptions {
+protected:
+    void SetUp() override {
+        Open();
+        Find<QTabWidget>("SSTab1").setCurrentIndex(OptionControls::Search);
+        List().setFocus();
+    }
+
+    /// The rows as "name|type", selected ones as "*name|type", unchecked ones with "-".
+    std::string Rows() {
+        QStringList rows;
+        for (int row = 1; row <= List().Count(); ++row)
+            rows.append((List().Selected(row) ? Text("*") : QString()) +
+                        (List().Checked(row) ? QString() : Text("-")) + List().Text(row) + u'|' +
+                        List().SubItem(row, 1));
+        return rows.join(u' ').toStdString();
+    }
+
+    void Fill(std::initializer_list<const char*> entries) {
+        settings.ExcNetNodes.clear();
+        for (const char* entry : entries)
+            settings.ExcNetNodes.append(Text(entry));
+        SetUp();
+    }
+
+    void Trigger(const char* item) { Find<QAction>(item).trigger(); }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(&List(), key, modifiers);
+    }
+
+    /// Opens the dialog for one node by the menu, and uses it.
+    void InAddDialog(const std::function<void(frmAddNetNode&)>& use) {
+        bool isUsed = false;
+        QTimer::singleShot(0, dialog.get(), [&] {
+            auto* add = qobject_cast<frmAddNetNode*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(add && QTest::qWaitForWindowActive(add));
+            ASSERT_TRUE(QTest::qWaitFor([&] { return add->focusWidget()->hasFocus(); }));
+            use(*add);
+            isUsed = true;
+            if (add->isVisible())
+                add->reject();
+        });
+        Trigger("mnuAddNetNode");
+        EXPECT_TRUE(isUsed);
+    }
+
+    /// A button that is pressed so goes down at once, and up some time later.
+    static void PressMnemonic(frmAddNetNode& add, Qt::Key key) {
+        QTest::keyClick(add.focusWidget(), key, Qt::AltModifier);
+        ASSERT_TRUE(QTest::qWaitFor([&] {
+            const auto buttons = add.findChildren<QAbstractButton*>();
+            return std::none_of(buttons.begin(), buttons.end(),
+                                [](const auto* button) { return button->isDown(); });
+        }));
+    }
+
+    /// Types the name, chooses the type by its mnemonic and confirms with Enter.
+    void Add(const char* name, Qt::Key type) {
+        InAddDialog([&](frmAddNetNode& add) {
+            auto* input = add.findChild<QLineEdit*>(Text("txtNetNodeName"));
+            EXPECT_TRUE(input->hasFocus());
+            QTest::keyClicks(input, Text(name));
+            PressMnemonic(add, type);
+            QTest::keyClick(add.focusWidget(), Qt::Key_Return);
+        });
+    }
+
+    WindowYield yield;
+};
+
+TEST_F(ExclusionList, IsAWorkingCopy) {
+    Fill({"a|True|Folder", "b|False|Network", "c|True|Printer"});
+    EXPECT_EQ(Rows(), "a|Folder -b|Network c|Printer");
+    EXPECT_EQ(List().SmallIcon(2), Text("Network"));
+    const QStringList before = settings.ExcNetNodes;
+    Press(Qt::Key_A, Qt::ControlModifier);
+    dialogs.Answer = MessageAnswer::Yes;
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(Rows(), "");
+    EXPECT_EQ(dialogs.Shown, QStringList(Text("Delete Nodes?: Delete the selected nodes?")));
+    Click("CancelCmd");
+    EXPECT_EQ(settings.ExcNetNodes, before);
+}
+
+TEST_F(ExclusionList, NodesAreAdded) {
+    Fill({"Temp|True|Folder", "x|True|Folder"});
+    Add("Temp", Qt::Key_S);
+    EXPECT_EQ(Rows(), "Temp|Folder x|Folder *Temp|Workstation") << "a name for each type";
+    EXPECT_TRUE(IsEnabled("cmdApply"));
+    Add("WG", Qt::Key_W);
+    Add(" Net ", Qt::Key_N);
+    EXPECT_EQ(Rows(), "Temp|Folder x|Folder Temp|Workstation WG|Workgroup *Net|Network");
+    EXPECT_EQ(dialogs.Shown, QStringList());
+
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Add("TEMP", Qt::Key_F);
+    EXPECT_EQ(dialogs.Shown, QStringList(Text("Node warning: Node already exists in the list.")));
+    EXPECT_EQ(Rows(), "*Temp|Folder x|Folder Temp|Workstation WG|Workgroup Net|Network");
+    List().SetSelected(2, true);
+    EXPECT_EQ(List().SelectedCount(), 2) << "several again";
+    Click("OKCmd");
+    EXPECT_EQ(settings.ExcNetNodes.join(u' '),
+              Text("Temp|True|Folder x|True|Folder Temp|True|Workstation WG|True|Workgroup "
+                   "Net|True|Network"));
+}
+
+TEST_F(ExclusionList, NodesAreRemoved) {
+    Fill({"a|True|Folder", "b|True|Folder", "c|True|Folder", "d|True|Folder"});
+    Press(Qt::Key_Delete); // answered with OK, which isn't Yes
+    EXPECT_FALSE(IsEnabled("cmdApply"));
+    dialogs.Answer = MessageAnswer::Yes;
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(List().Count(), 4) << "none is selected";
+    EXPECT_TRUE(IsEnabled("cmdApply"));
+    List().SetSelected(1, true);
+    List().SetSelected(3, true);
+    Trigger("mnuRemSel");
+    EXPECT_EQ(Rows(), "b|Folder d|Folder");
+    EXPECT_EQ(dialogs.Shown.size(), 2) << "the menu asks nothing";
+}
+
+TEST_F(ExclusionList, DefaultsComeOnce) {
+    Trigger("mnuAddDef");
+    EXPECT_EQ(List().Count(), 4);
+    Fill({"WINNT|False|folder", "Temp|True|Network"});
+    Trigger("mnuAddDef");
+    EXPECT_EQ(Rows(), "-WINNT|folder Temp|Network Windows|Folder Temp|Folder Temporary Internet "
+                      "Files|Folder");
+    EXPECT_FALSE(IsEnabled("cmdApply"));
+    List().Clear();
+    Trigger("mnuAddDef");
+    EXPECT_EQ(List().Count(), 4);
+    EXPECT_EQ(
+        dialogs.Shown,
+        (QStringList{Text("Default node info: 4 node(s) already existed in the list.\r\nAdded 0 "
+                          "node(s)."),
+                     Text("Default node info: 1 node(s) already existed in the list.\r\nAdded 3 "
+                          "node(s).")}));
+}
+
+TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
+    Fill({"b|True|Folder", "a|True|Workgroup", "c|True|Folder"});
+    auto& header = *List().Header();
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {20, header.height() / 2});
+    EXPECT_EQ(Rows(), "c|Folder b|Folder a|Workgroup");
+    EXPECT_EQ(List().HeaderText(1), Text("Node Name v"));
+    EXPECT_FALSE(IsEnabled("cmdApply"));
+    Press(Qt::Key_Home);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(Rows(), "*-c|Folder b|Folder a|Workgroup");
+    EXPECT_TRUE(IsEnabled("cmdApply"));
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible());
+
+    auto& menu = Find<QMenu>("mnuOptPopUp");
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(&List(), &key);
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
+    QTest::mouseClick(List().viewport(), Qt::RightButton);
+    EXPECT_TRUE(menu.isVisible());
+    QStringList items;
+    for (const QAction* item : menu.actions())
+        items.append(item->isSeparator() ? Text("-") : item->text());
+    EXPECT_EQ(items.join(u','), Text("Add a Network Node...,Remove the Selected Node(s),-,Add "
+                                     "Default Nodes"));
+    menu.close();
+}
+
+TEST_F(ExclusionList, TheDialogForANodeChecksTheName) {
+    InAddDialog([this](frmAddNetNode& add) {
+        auto& input = *add.findChild<QLineEdit*>(Text("txtNetNodeName"));
+        for (const char* name : {"  ", "a|b", "a\\b", "\"a\""}) {
+            input.setText(Text(name));
+            add.findChild<QWidget*>(Text("cmdOK"))->setFocus();
+            QTest::keyClick(add.focusWidget(), Qt::Key_Return);
+            EXPECT_TRUE(add.isVisible());
+            EXPECT_TRUE(input.hasFocus());
+        }
+        QCoreApplication::processEvents();
+        EXPECT_EQ(input.selectedText(), Text("\"a\"")) << "it can be typed over";
+        QTest::keyClick(&input, Qt::Key_F1);
+        EXPECT_EQ(helped, 1);
+        QTest::keyClick(&input, Qt::Key_Escape);
+        EXPECT_FALSE(add.isVisible());
+        EXPECT_EQ(add.NewNetNode(), QString());
+    });
+    const QString illegal = Text("Network node error...: Network node has an illegal character!");
+    EXPECT_EQ(dialogs.Shown, (QStringList{Text("Network node error...: Empty network node!"),
+                                          illegal, illegal, illegal}));
+    EXPECT_EQ(List().Count(), 4);
+    EXPECT_FALSE(IsEnabled("cmdApply"));
+}
+
+TEST_F(ExclusionList, FoldersAndComputersAreBrowsedFor) {
+    InAddDialog([this](frmAddNetNode& add) {
+        auto& input = *add.findChild<QLineEdit*>(Text("txtNetNodeName"));
+        auto& browse = *add.findChild<QPushButton*>(Text("cmdBrNetNode"));
+        auto& hint = *add.findChild<QLabel*>(Text("Label1"));
+        const auto press = [&](Qt::Key key) { PressMnemonic(add, key); };
+        dialogs.Folder = Text("smb://S/D/My Music");
+        press(Qt::Key_Period);
+        EXPECT_EQ(input.text(), Text("My Music"));
+        press(Qt::Key_Period);
+        EXPECT_EQ(input.text(), Text("My Music")) << "cancelled";
+        dialogs.Folder = Text("/");
+        press(Qt::Key_Period);
+        EXPECT_EQ(input.text(), QString()) << "a root has no name";
+        press(Qt::Key_S);
+        dialogs.Computer = Text("MEDIA");
+        press(Qt::Key_Period);
+        EXPECT_EQ(input.text(), Text("MEDIA"));
+        for (const Qt::Key type : {Qt::Key_W, Qt::Key_N}) {
+            press(type);
+            EXPECT_FALSE(browse.isEnabled());
+            EXPECT_EQ(hint.text(), Text("Input manually."));
+        }
+        press(Qt::Key_F);
+        EXPECT_TRUE(browse.isEnabled());
+        EXPECT_EQ(hint.text(), Text("Input manually -OR- browse for the network node."));
+    });
+    EXPECT_EQ(dialogs.Shown.join(u','),
+              Text("Select a folder (network),Select a folder (network),Select a folder "
+                   "(network),Select a workstation"));
+    for (const auto& [path, last] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"a", "a"}, {"\\\\S\\D", "D"}, {"C:\\", ""}, {"a\\b/c\\d", "c\\d"}})
+        EXPECT_EQ(frmAddNetNode::ParseFolder(Text(path)), Text(last));
+}
+
+} // namespace
+} // namespace netrove

@@ -1,0 +1,399 @@
+#include "OpenOptions.h"
+#include "controls/Color.h"
+#include "skins/SkinControls.h"
+
+namespace netrove {
+namespace {
+
+using Options = OpenOptions;
+
+/// Other than the initial ones, each of them.
+Settings UnusualSettings(const QString& folder) {
+    Settings settings;
+    settings.SaveFolder = folder;
+    settings.MaxReturnFiles = 77;
+    settings.MaxConcurrentDownloads = 9;
+    settings.ColorsState = 0;
+    settings.GridsState = 1;
+    settings.AutoAsterisks = false;
+    settings.IncludeVirtualShares = true;
+    settings.IncludeCurrentComputer = true;
+    settings.IncludeAdminShares = true;
+    settings.IncludeMP3Info = true;
+    settings.MinToTray = true;
+    settings.SwitchToDloadTab = false;
+    settings.Troubleshooting = 1;
+    settings.SizeFormat = 2;
+    settings.SizeNumDec = 7;
+    settings.DateFormat = Text(" YYYY-MM-DD ");
+    settings.ShowListIcons = true;
+    settings.ListIconType = 1;
+    settings.ShowFileTypes = true;
+    settings.ExcludeNetNodes = false;
+    settings.ExcNetNodes = {Text("a|False|Network"), Text(" ||x"), Text("b||workstation")};
+    settings.Font_CharSet = 238;
+    return settings;
+}
+
+/// Every setting but those that the dialog doesn't have, as one text.
+std::string Shown(const Settings& settings) {
+    return QStringList{settings.SaveFolder,
+                       QString::number(settings.MaxReturnFiles),
+                       QString::number(settings.MaxConcurrentDownloads),
+                       QString::number(settings.ColorsState),
+                       QString::number(settings.GridsState),
+                       QString::number(settings.AutoAsterisks),
+                       QString::number(settings.IncludeVirtualShares),
+                       QString::number(settings.IncludeCurrentComputer),
+                       QString::number(settings.IncludeAdminShares),
+                       QString::number(settings.IncludeMP3Info),
+                       QString::number(settings.MinToTray),
+                       QString::number(settings.SwitchToDloadTab),
+                       QString::number(settings.Troubleshooting),
+                       QString::number(settings.SizeFormat),
+                       QString::number(settings.SizeNumDec),
+                       settings.DateFormat,
+                       QString::number(settings.ShowListIcons),
+                       QString::number(settings.ListIconType),
+                       QString::number(settings.ShowFileTypes),
+                       QString::number(settings.ExcludeNetNodes),
+                       settings.ExcNetNodes.join(u','),
+                       QString::number(settings.Font_CharSet)}
+        .join(u'\n')
+        .toStdString();
+}
+
+TEST_F(Options, WhatIsLoadedIsTakenBack) {
+    const Settings defaults = settings;
+    for (const Settings& before : {defaults, UnusualSettings(folder.path())}) {
+        settings = before;
+        settings.DefaultNetNodes = defaults.DefaultNetNodes;
+        Open();
+        EXPECT_FALSE(IsEnabled("cmdApply"));
+        EXPECT_EQ(settings.CurrentComputerName, Text("\\\\THISONE"));
+        EXPECT_EQ(IsEnabled("optPreIcons"), before.ShowListIcons);
+        EXPECT_EQ(IsEnabled("lvwExcNetNode"), before.ExcludeNetNodes);
+        QTest::keyClick(dialog.get(), Qt::Key_Return);
+        EXPECT_FALSE(dialog->isVisible());
+        Settings expected = before;
+        expected.SaveFolder += u'/';
+        expected.DateFormat = expected.DateFormat.trimmed();
+        if (!before.ExcludeNetNodes)
+            expected.ExcNetNodes = {Text("a|False|Network"), Text("b|False|workstation")};
+        EXPECT_EQ(Shown(settings), Shown(expected));
+    }
+    EXPECT_EQ(dialogs.Shown, QStringList());
+}
+
+TEST_F(Options, LoadShowsUnusualSettings) {
+    settings.SizeFormat = 3;
+    settings.SizeNumDec = 5;
+    settings.Troubleshooting = 2;
+    settings.ExcNetNodes.clear();
+    Open();
+    EXPECT_TRUE(IsOn("optB"));
+    EXPECT_EQ(Find<QComboBox>("cboNumDec").currentIndex(), 0);
+    EXPECT_FALSE(IsEnabled("cboNumDec"));
+    EXPECT_FALSE(IsOn("chkTrouble"));
+    EXPECT_TRUE(IsOn("optNoExcNetNode"));
+    EXPECT_FALSE(settings.ExcludeNetNodes) << "at once, without any entry";
+    EXPECT_EQ(TextOf("txtOS") + TextOf("txtUser") + TextOf("txtOSver"), Text("TEST OStester1.2"));
+
+    for (const auto& [entry, failure] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"Temp", "9\r\n"}, {"Temp|maybe|Folder", "13\r\n"}}) {
+        settings.ExcNetNodes = {Text(entry)};
+        dialogs.Shown.clear();
+        Open();
+        ASSERT_EQ(dialogs.Shown.size(), 1);
+        EXPECT_TRUE(dialogs.Shown[0].startsWith(Text("frmOpts.Form_Load Error: ") + Text(failure)));
+    }
+}
+
+/// One thing that is wrong, and what becomes of it.
+struct Wrong {
+    const char* control;
+    const char* text;
+    int tab;
+    const char* box; ///< empty where it is none
+};
+
+class OptionsCheck : public OpenOptions, public testing::WithParamInterface<Wrong> {};
+
+TEST_P(OptionsCheck, BringsItsTabAndControlToTheFront) {
+    Open();
+    const Wrong& wrong = GetParam();
+    auto& tabs = Find<QTabWidget>("SSTab1");
+    Enter(wrong.control, Text(wrong.text));
+    int tabAtBox = -1;
+    dialogs.OnMessage = [&] { tabAtBox = tabs.currentIndex(); };
+    dialogs.Answer = MessageAnswer::No;
+    tabs.setCurrentIndex(4);
+    Click("OKCmd");
+    const bool passes = *wrong.box == 0;
+    EXPECT_EQ(dialogs.Shown, passes ? QStringList() : QStringList(Text(wrong.box)));
+    EXPECT_EQ(dialog->ApplyFailed(), !passes);
+    EXPECT_EQ(dialog->isVisible(), !passes);
+    EXPECT_EQ(settings.SaveFolder.endsWith(u'/'), passes) << "nothing is taken before all checks";
+    if (passes)
+        return;
+    EXPECT_EQ(tabAtBox, wrong.tab);
+    EXPECT_TRUE(Find<QWidget>(wrong.control).hasFocus());
+    Enter("SaveFolTxt", folder.path());
+    Enter("MaxFilesTxt", Text("1"));
+    Enter("ConDLTxt", Text("1"));
+    Click("OKCmd");
+    EXPECT_FALSE(dialog->ApplyFailed());
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+constexpr auto MaxFilesPositive =
+    "File Number Error...: Number of files must be positive & non-zero.";
+constexpr auto DownloadsPositive = "Concurrent Downloads Error...: Number of concurrent downloads "
+                                   "must be positive & non-zero.";
+constexpr auto ManyDownloads =
+    "Concurrent Downloads Warning...: Recommended concurrent downloads is between 1 and "
+    "5.\r\nWould you like to proceed?";
+
+INSTANTIATE_TEST_SUITE_P(
+    Fields, OptionsCheck,
+    testing::Values(
+        Wrong{"SaveFolTxt", "  ", 3, "Folder Error...: Need a folder."},
+        Wrong{"SaveFolTxt", "/no/such/folder", 3, "Folder Error...: Folder does not exist."},
+        Wrong{"SaveFolTxt", "\\\\S\\D", 3, "Folder Error...: Folder does not exist."},
+        Wrong{"SaveFolTxt", " /etc/passwd ", 3, ""},
+        Wrong{"MaxFilesTxt", " ", 2, "File Number Error...: Need number of files."},
+        Wrong{"MaxFilesTxt", "abc", 2, "File Number Error...: Number of files must be an integer."},
+        Wrong{"MaxFilesTxt", "0", 2, MaxFilesPositive},
+        Wrong{"MaxFilesTxt", "-1", 2, MaxFilesPositive},
+        Wrong{"MaxFilesTxt", "32001", 2,
+              "File Number Error...: Number of files must be less than 32,001."},
+        Wrong{"MaxFilesTxt", " 32000 ", 2, ""}, Wrong{"MaxFilesTxt", "12.5", 2, ""},
+        Wrong{"ConDLTxt", "", 3,
+              "Concurrent Downloads Error...: Need number of concurrent downloads."},
+        Wrong{"ConDLTxt", "5 or so", 3,
+              "Concurrent Downloads Error...: Number of concurrent downloads must be an integer."},
+        Wrong{"ConDLTxt", "0", 3, DownloadsPositive}, Wrong{"ConDLTxt", "10", 3, ""},
+        Wrong{"ConDLTxt", "11", 3, ManyDownloads}, Wrong{"ConDLTxt", "40000", 3, ManyDownloads}));
+
+TEST_F(Options, ExclusionsAreCheckedWhileTheyAreOn) {
+    Open();
+    for (int row = 1; row <= List().Count(); ++row)
+        List().SetChecked(row, false);
+    Click("OKCmd"); // whether or not cmdApply is enabled
+    EXPECT_EQ(dialogs.Shown.value(0), Text("Exclude Folders Error...: You have selected to "
+                                           "exlude folders but have none checked."));
+    List().Clear();
+    Click("OKCmd");
+    EXPECT_EQ(dialogs.Shown.value(1), Text("Exclude Folders Error...: You have selected to "
+                                           "exlude folders but the list is empty."));
+    EXPECT_EQ(Find<QTabWidget>("SSTab1").currentIndex(), 1);
+    EXPECT_TRUE(List().hasFocus());
+    Click("optNoExcNetNode");
+    EXPECT_EQ(List().BackColor(), ToColor(ButtonFaceColor));
+    Click("cmdApply");
+    EXPECT_EQ(dialogs.Shown.size(), 2);
+    EXPECT_EQ(settings.ExcNetNodes, QStringList());
+    EXPECT_FALSE(IsEnabled("cmdApply"));
+}
+
+TEST_F(Options, NumbersThatDoNotFitEndTheTaking) {
+    Open();
+    Enter("MaxFilesTxt", Text("12.5"));
+    Enter("ConDLTxt", Text("40000"));
+    Click("chkTrouble");
+    dialogs.Answer = MessageAnswer::Yes;
+    Click("cmdApply");
+    ASSERT_EQ(dialogs.Shown.size(), 2);
+    EXPECT_EQ(dialogs.Shown[1], Text("Options Error...: 6\r\nOverflow"));
+    EXPECT_EQ(settings.SaveFolder, folder.path() + u'/');
+    EXPECT_EQ(settings.MaxReturnFiles, 12);
+    EXPECT_EQ(settings.MaxConcurrentDownloads, 5);
+    EXPECT_EQ(settings.Troubleshooting, 0);
+    EXPECT_FALSE(dialog->ApplyFailed());
+    EXPECT_FALSE(IsEnabled("cmdApply"));
+}
+
+TEST_F(Options, ListsChangeAtOnceAndRemainAfterCancel) {
+    Open();
+    dialogs.Font = [](ChosenFont font) {
+        EXPECT_EQ(font.points, 8.25);
+        font.points = 12;
+        font.bold = true;
+        font.underline = true;
+        font.charSet = 2;
+        return font;
+    };
+    Click("cmdChangeFont");
+    EXPECT_TRUE(IsEnabled("cmdApply"));
+    EXPECT_TRUE(Find<QWidget>("txtFont").font().bold());
+    EXPECT_FALSE(results->font().bold()) << "the sample alone";
+    Click("chkCol");
+    Click("chkGrids");
+    Click("cmdApply");
+    EXPECT_FALSE(IsEnabled("cmdApply"));
+    Click("optYesMin");
+    EXPECT_TRUE(IsEnabled("cmdApply"));
+    QTest::keyClick(dialog.get(), Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_FALSE(settings.MinToTray);
+    for (const ListView* list : {results, downloads}) {
+        EXPECT_EQ(list->font().pointSizeF(), 12);
+        EXPECT_TRUE(list->font().bold());
+        EXPECT_FALSE(list->font().underline());
+        EXPECT_TRUE(list->GridLines());
+        EXPECT_EQ(list->BackColor(), QColor(Qt::white));
+    }
+    EXPECT_EQ(settings.Font_CharSet, 2);
+
+    // Chosen, but not taken; then back to the lists' own colours.
+    Open();
+    dialogs.Font = [](ChosenFont font) { return font.points = 20, font; };
+    Click("cmdChangeFont");
+    QTest::keyClick(dialog.get(), Qt::Key_Escape);
+    EXPECT_EQ(results->font().pointSizeF(), 12);
+    Open();
+    Click("chkCol");
+    Click("OKCmd");
+    EXPECT_EQ(results->BackColor(), ToColor(settings.ResultsBackColor));
+    EXPECT_EQ(downloads->BackColor(), ToColor(settings.DownloadsBackColor));
+}
+
+TEST_F(Options, ChoosersFailAloud) {
+    Open();
+    dialogs.Font = [](const ChosenFont& /*font*/) -> ChosenFont {
+        throw RunTimeError(ErrorNumber::OutOfMemory);
+    };
+    Click("cmdChangeFont");
+    EXPECT_EQ(dialogs.Shown, QStringList(Text("Options Error...: 7\r\nOut of memory")));
+    dialogs.Font = [](const ChosenFont& /*font*/) -> ChosenFont { throw RunTimeError(32755, {}); };
+    Click("cmdChangeFont");
+    EXPECT_EQ(dialogs.Shown.size(), 1) << "cancelled";
+    EXPECT_FALSE(IsEnabled("cmdApply"));
+
+    Click("BrowseFolCmd");
+    EXPECT_EQ(dialogs.Shown.last(), Text("In what folder do you want to save your files?"));
+    EXPECT_EQ(TextOf("SaveFolTxt"), folder.path());
+    dialogs.Folder = Text("/tmp");
+    Click("BrowseFolCmd");
+    EXPECT_EQ(TextOf("SaveFolTxt"), Text("/tmp"));
+    EXPECT_TRUE(IsEnabled("cmdApply"));
+}
+
+TEST_F(Options, DefaultsTakeEffectWithApply) {
+    const Settings defaults = settings;
+    settings = UnusualSettings(folder.path());
+    settings.DefaultNetNodes = defaults.DefaultNetNodes;
+    QDir(folder.path()).mkdir(Text("Downloads"));
+    Open();
+    const std::string before = Shown(settings);
+    Click("cmdDefaults");
+    EXPECT_TRUE(IsEnabled("cmdApply"));
+    Click("CancelCmd");
+    EXPECT_EQ(Shown(settings), before);
+    Open();
+    Click("cmdDefaults");
+    Click("OKCmd");
+    Settings expected = defaults;
+    expected.SaveFolder = folder.filePath(Text("Downloads/"));
+    EXPECT_EQ(Shown(settings), Shown(expected));
+    EXPECT_EQ(results->font().family(), Text("Arial"));
+    EXPECT_EQ(dialogs.Shown, QStringList());
+}
+
+TEST_F(Options, FormatsShowTheirEffect) {
+    Open();
+    Click("optB");
+    EXPECT_EQ(Find<QComboBox>("cboNumDec").currentIndex(), 0);
+    EXPECT_FALSE(IsEnabled("cboNumDec"));
+    Click("optMB");
+    EXPECT_TRUE(IsEnabled("cboNumDec"));
+    Click("optYesIcons");
+    EXPECT_TRUE(IsEnabled("optSysIcons") && IsEnabled("optPreIcons"));
+    for (const auto& [format, shown] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"YYYY/M/D h:nn", "1999/9/18 14:32"}, {"MM/DD/YY", "09/18/99"}, {"", ""}}) {
+        Enter("txtDateFormat", Text(format));
+        EXPECT_EQ(Find<QLabel>("lblDateEx").text(), Text(shown));
+    }
+    Enter("txtDateFormat", QString(500, u'-'));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Find<QWidget>("txtDateFormat").visibleRegion().boundingRect().size() ==
+                Find<QWidget>("txtDateFormat").size())
+        << "a long one moves nothing out of the dialog";
+    Enter("txtDateFormat", QString());
+    Click("cmdApply");
+    EXPECT_EQ(settings.SizeNumDec, 0) << "it stays";
+    EXPECT_EQ(settings.DateFormat, QString());
+}
+
+/// Every control that can have the focus has a name, and Tab goes through all pages from top to
+/// bottom.
+TEST_F(Options, CanBeUsedWithTheKeyboardAlone) {
+    Open();
+    auto& tabs = Find<QTabWidget>("SSTab1");
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        tabs.tabBar()->setFocus();
+        QStringList passed;
+        int y = 0;
+        for (int step = 0; step < 40; ++step) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QWidget* focused = QApplication::focusWidget();
+            if (focused == tabs.tabBar() || passed.contains(focused->objectName()))
+                break;
+            passed.append(focused->objectName());
+            QAccessibleInterface* face = QAccessible::queryAccessibleInterface(focused);
+            EXPECT_FALSE(face->text(QAccessible::Name).isEmpty()) << passed.last().toStdString();
+            const int top = focused->mapTo(dialog.get(), QPoint()).y();
+            EXPECT_TRUE(top >= y || top + focused->height() > y) << passed.last().toStdString();
+            y = top;
+        }
+        EXPECT_TRUE(passed.contains(Text("CancelCmd")));
+        int reachable = 0;
+        for (const QWidget* control : tabs.widget(tab)->findChildren<QWidget*>()) {
+            const auto* option = qobject_cast<const QRadioButton*>(control);
+            if (control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0 &&
+                (!option || option->isChecked()) && !control->objectName().isEmpty() &&
+                !control->objectName().startsWith(Text("qt_"))) {
+                ++reachable;
+                EXPECT_TRUE(passed.contains(control->objectName()))
+                    << control->objectName().toStdString();
+            }
+        }
+        EXPECT_GE(reachable, 2);
+        QTest::keyClick(&tabs, Qt::Key_Tab, Qt::ControlModifier);
+    }
+    QTest::keyClick(dialog.get(), Qt::Key_F1);
+    EXPECT_EQ(helped, 1);
+}
+
+/// The size is the given one, or larger where the font needs more room; no text is cut then.
+TEST_F(Options, HoldsItsTextsInAnyFont) {
+    const QFont before = QApplication::font();
+    for (const int points : {7, 10, 16}) {
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        Open();
+        EXPECT_EQ(dialog->minimumSize(), dialog->maximumSize());
+        EXPECT_GE(dialog->width(), 402);
+        EXPECT_GE(dialog->height(), 333);
+        auto& tabs = Find<QTabWidget>("SSTab1");
+        for (int tab = 0; tab < tabs.count(); ++tab) {
+            tabs.setCurrentIndex(tab);
+            for (const QWidget* control : dialog->findChildren<QWidget*>()) {
+                // The narrow button is made to its text.
+                if (control->isVisible() && control != &Find<QWidget>("BrowseFolCmd") &&
+                    (qobject_cast<const QAbstractButton*>(control) ||
+                     qobject_cast<const QLabel*>(control))) {
+                    EXPECT_GE(control->width(), control->minimumSizeHint().width())
+                        << control->objectName().toStdString();
+                    EXPECT_GE(control->height(), control->minimumSizeHint().height())
+                        << control->objectName().toStdString();
+                }
+            }
+        }
+    }
+    QApplication::setFont(before);
+}
+
+} // namespace
+} // namespace netrove
