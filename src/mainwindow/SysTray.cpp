@@ -25,10 +25,9 @@ SysTray::SysTray(const Controls& controls, const Services& services)
     : controls_(controls), services_(services), tipTimer_(new QTimer(this)) {
     controls_.PopUp4Mnu.setDefaultAction(&controls_.mnuRestore);
     controls_.window.installEventFilter(this);
-    connect(&services_.tray, &Tray::Changed, this, &SysTray::FollowTray);
+    connect(&services_.tray, &Tray::Changed, this, [this] { Later([this] { FollowTray(); }); });
     connect(&services_.tray, &Tray::DoubleClicked, this, [this] {
         WhenInTray([this] {
-            RenewWindow();
             RemoveTrayIcon();
             RestoreFromTray();
         });
@@ -43,7 +42,12 @@ void SysTray::PutAway() {
     if (services_.tray.IsThere())
         GoToTray();
     else
-        Minimize();
+        AwaitTray();
+}
+
+void SysTray::AwaitTray() {
+    AddState(Qt::WindowMinimized);
+    awaitsTray_ = true;
 }
 
 void SysTray::GoToTray() {
@@ -70,15 +74,20 @@ void SysTray::RemoveTrayIcon() {
     services_.tray.Remove();
 }
 
-/// A minimised window would move if its frame were exchanged after it is shown.
 void SysTray::RestoreFromTray() {
     AnimateTray(Direction::FromTray);
-    const bool isMinimized = controls_.window.isMinimized();
-    if (isMinimized)
-        services_.skins.Reskin();
+    RenewWindow();
     ShowWindow();
-    if (!isMinimized)
-        services_.skins.Reskin();
+    services_.skins.Reskin();
+}
+
+/// The skin comes first, as a minimised window would move if its frame were exchanged.
+void SysTray::RestoreMinimized() {
+    AnimateTray(Direction::FromTray);
+    RenewWindow();
+    services_.skins.Reskin();
+    AddState(Qt::WindowMinimized);
+    ShowWindow();
 }
 
 void SysTray::ShowWindow() {
@@ -95,51 +104,56 @@ void SysTray::ShowWindow() {
 /// X11 keeps a window as minimised that was so once, and whatever is then set while it's hidden
 /// shows it. So it's made anew before it's shown: as it is to be, and not minimised at first.
 void SysTray::RenewWindow() {
-    if (QWindow* handle = controls_.window.windowHandle())
+    const Qt::WindowStates state = controls_.window.windowState() & ~Qt::WindowMinimized;
+    controls_.window.overrideWindowState(state);
+    if (QWindow* handle = controls_.window.windowHandle()) {
         handle->destroy();
-    controls_.window.setWindowState(controls_.window.windowState() & ~Qt::WindowMinimized);
+        handle->setWindowStates(state);
+    }
 }
 
-void SysTray::Minimize() {
-    awaitsTray_ = true;
-    controls_.window.setWindowState(controls_.window.windowState() | Qt::WindowMinimized);
+void SysTray::AddState(Qt::WindowState state) {
+    controls_.window.setWindowState(controls_.window.windowState() | state);
 }
 
 void SysTray::FollowTray() {
     if (inTray_ && !services_.tray.IsThere()) {
         RemoveTrayIcon();
-        RenewWindow();
-        Minimize();
-        RestoreFromTray();
+        RestoreMinimized();
+        awaitsTray_ = true;
     } else if (awaitsTray_ && services_.tray.IsThere()) {
         GoToTray();
     }
 }
 
 void SysTray::mnuRestore_Click() {
-    Restore([] {});
+    WithTrap([this] {
+        RemoveTrayIcon();
+        RestoreFromTray();
+        services_.skins.Reskin();
+    });
 }
 
 void SysTray::mnuMax_Click() {
-    Restore([this] {
-        controls_.window.setWindowState(controls_.window.windowState() | Qt::WindowMaximized);
+    WithTrap([this] {
+        AddState(Qt::WindowMaximized);
+        RemoveTrayIcon();
+        RestoreFromTray();
+        services_.skins.Reskin();
     });
 }
 
 void SysTray::mnuMin_Click() {
-    Restore([this] {
-        controls_.window.setWindowState(controls_.window.windowState() | Qt::WindowMinimized);
+    WithTrap([this] {
+        RemoveTrayIcon();
+        RestoreMinimized();
     });
 }
 
-void SysTray::Restore(const std::function<void()>& setState) {
-    WhenInTray([this, setState] {
+void SysTray::WithTrap(std::function<void()> work) {
+    WhenInTray([this, work = std::move(work)] {
         try {
-            RenewWindow();
-            setState();
-            RemoveTrayIcon();
-            RestoreFromTray();
-            services_.skins.Reskin();
+            work();
         } catch (...) {
             const RunTimeError error = CurrentFailure();
             services_.dialogs.Failure(error.Number(), error.Description(),
@@ -155,30 +169,39 @@ void SysTray::mnuExit_Click() {
     });
 }
 
-/// Timers are the one thing that waits for the network hold back. One of no time wouldn't be a
-/// timer.
 void SysTray::WhenInTray(std::function<void()> work) {
-    QTimer::singleShot(1ms, this, [this, work = std::move(work)] {
+    Later([this, work = std::move(work)] {
         if (inTray_)
             work();
     });
 }
 
+/// What the session bus says comes in waits for the network, too, where no box could be answered.
+/// Timers don't.
+void SysTray::Later(std::function<void()> work) {
+    QTimer::singleShot(1ms, this, std::move(work));
+}
+
 void SysTray::AnimateTray(Direction direction) {
-    const auto fly = [this, direction] {
-        const QRect window = controls_.window.frameGeometry();
-        const QRect tray = services_.tray.Place();
-        if (direction == Direction::ToTray)
-            FlyingFrame::Fly(window, tray);
-        else
-            FlyingFrame::Fly(tray, window);
-    };
     if (!services_.tray.IsThere())
         return;
-    if (!services_.tray.Place().isEmpty())
-        fly();
-    else if (direction == Direction::ToTray)
-        QTimer::singleShot(IconPlacing, this, fly);
+    // An icon's first place is known only when it's shown.
+    const bool isKnown = !services_.tray.Place().isEmpty();
+    if (isKnown || direction == Direction::FromTray)
+        Fly(direction);
+    else
+        QTimer::singleShot(IconPlacing, this, [this, direction] { Fly(direction); });
+}
+
+void SysTray::Fly(Direction direction) const {
+    const QRect window = controls_.window.frameGeometry();
+    const QRect tray = services_.tray.Place();
+    if (tray.isEmpty())
+        return;
+    if (direction == Direction::ToTray)
+        FlyingFrame::Fly(window, tray);
+    else
+        FlyingFrame::Fly(tray, window);
 }
 
 /// The window's title and how far the search is.

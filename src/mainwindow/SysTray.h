@@ -64,13 +64,17 @@ public:
 
 private:
     void GoToTray();
-    void Minimize();
+    void AwaitTray();
+    void RestoreMinimized();
+    void AddState(Qt::WindowState state);
     void ShowWindow();
     void RenewWindow();
     void FollowTray();
-    void Restore(const std::function<void()>& setState);
+    void WithTrap(std::function<void()> work);
     void WhenInTray(std::function<void()> work);
+    void Later(std::function<void()> work);
     void AnimateTray(Direction direction);
+    void Fly(Direction direction) const;
     [[nodiscard]] QString TrayTip(QLatin1String gap) const;
 
     Controls controls_;

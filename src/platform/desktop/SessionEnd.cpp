@@ -2,9 +2,11 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QTimer>
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <utility>
 
@@ -62,23 +64,27 @@ SessionEnd::~SessionEnd() {
 }
 
 /// Answers the session manager, which ends the program afterwards.
-void SessionEnd::Commit(QSessionManager& manager) const {
+void SessionEnd::Commit(QSessionManager& manager) {
     if (program_.isBusy() && manager.allowsInteraction()) {
-        const bool agrees = program_.agrees();
         manager.release();
-        if (!agrees) {
-            manager.cancel();
-            return;
-        }
+        manager.cancel();
+        Later(program_.refuse);
+    } else {
+        program_.save();
     }
-    program_.save();
+}
+
+/// The sockets of signals and of the session manager are heard in waits for the network, too, where
+/// no box could be answered. Timers aren't.
+void SessionEnd::Later(const std::function<void()>& work) {
+    QTimer::singleShot(std::chrono::milliseconds(1), this, work);
 }
 
 /// The toolkit's own way to end closes the windows, and lets one of them refuse.
 bool SessionEnd::eventFilter(QObject* watched, QEvent* event) {
     if (watched != qGuiApp || event->type() != QEvent::Quit)
         return QObject::eventFilter(watched, event);
-    program_.end();
+    Later(program_.end);
     return true;
 }
 
@@ -90,7 +96,7 @@ void SessionEnd::HearSignals() {
     signals_ = std::make_unique<QSocketNotifier>(ends[0], QSocketNotifier::Read);
     connect(signals_.get(), &QSocketNotifier::activated, this, [this] {
         signals_->setEnabled(false);
-        program_.end();
+        Later(program_.end);
     });
     for (const int signal : Ends)
         Handle(signal);

@@ -12,7 +12,8 @@ namespace netrove {
 /// Tells the program that the user's session ends: by the session manager, by SIGTERM or SIGHUP,
 /// or, at a terminal, by SIGINT. A second such signal ends the program as it would without this.
 ///
-/// For the thread of the windows, and one object at a time. Nothing is told during waits.
+/// For the thread of the windows, and one object at a time. During a wait for the network nothing
+/// but isBusy and save is called.
 class SessionEnd : public QObject {
     Q_OBJECT
 
@@ -20,9 +21,9 @@ public:
     struct Program {
         /// Whether a job runs that the session's end would break off.
         std::function<bool()> isBusy;
-        /// Asked where a job runs and the session manager lets the program speak to its user:
-        /// false stops the end of the session.
-        std::function<bool()> agrees;
+        /// Tells the user that the job has stopped the end of the session, which is possible where
+        /// the session manager lets the program speak to its user.
+        std::function<void()> refuse;
         /// Saves what is to survive; the program goes on, as others may still stop the end.
         std::function<void()> save;
         /// Ends the program. Nobody is there to be asked.
@@ -35,7 +36,8 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void Commit(QSessionManager& manager) const;
+    void Commit(QSessionManager& manager);
+    void Later(const std::function<void()>& work);
     void HearSignals();
 
     Program program_;
