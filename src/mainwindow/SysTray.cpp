@@ -211,9 +211,12 @@ QString SysTray::TrayTip(QLatin1String gap) const {
     return tip.left(MaxTip);
 }
 
+/// Once somebody has taken the window up, it doesn't go away by itself.
 bool SysTray::eventFilter(QObject* watched, QEvent* event) {
-    // Somebody has taken the window up.
-    if (event->type() == QEvent::WindowActivate && watched == &controls_.window)
+    const bool mayBeUp =
+        event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowStateChange;
+    const QWidget& window = controls_.window;
+    if (mayBeUp && watched == &window && window.isActiveWindow() && !window.isMinimized())
         awaitsTray_ = false;
     return QObject::eventFilter(watched, event);
 }

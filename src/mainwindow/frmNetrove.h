@@ -36,7 +36,7 @@ public:
     explicit frmNetrove(const ProgramServices& services);
     ~frmNetrove() override = default;
 
-    /// The start: to be called once, before the event loop. Shows the window also where a step
+    /// The start: to be called once, before anything else. Shows the window also where a step
     /// has failed.
     void Form_Load();
 

@@ -18,7 +18,7 @@ WindowProgram::WindowProgram()
           {QStringLiteral(NETROVE_WEB_ADDRESS), QStringLiteral(NETROVE_CONTACT_ADDRESS)}))
     , window_(Services())
     , sessionEnd_({.isBusy = [this] { return window_.IsBusy(); },
-                   .agrees = [this] { return window_.Form_QueryUnload(); },
+                   .refuse = [this] { static_cast<void>(window_.Form_QueryUnload()); },
                    .save = [this] { window_.SaveSettings(); },
                    .end = [this] { window_.EndSession(); }}) {
     dialogs_.SetNetwork(*opened_.network);

@@ -45,7 +45,7 @@ private:
     HttpReader http_;
     const WebSite site_;
     frmNetrove window_;
-    const SessionEnd sessionEnd_;
+    SessionEnd sessionEnd_;
 };
 
 } // namespace netrove

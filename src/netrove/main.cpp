@@ -55,6 +55,8 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     netrove::WindowProgram program;
-    program.Start(start.Files());
+    // From the event loop, as the session may end while the start shows a box.
+    QMetaObject::invokeMethod(
+        qApp, [&] { program.Start(start.Files()); }, Qt::QueuedConnection);
     return QApplication::exec();
 }

@@ -13,7 +13,7 @@ TEST(SessionEndTest, SignalsAndTheToolkitEndTheProgram) {
     for (const int signal : {SIGTERM, SIGHUP, SIGINT, 0}) {
         int ends = 0;
         const SessionEnd end({.isBusy = [] { return false; },
-                              .agrees = [] { return true; },
+                              .refuse = [] {},
                               .save = [] {},
                               .end = [&] { ++ends; }});
         if (signal != 0) {

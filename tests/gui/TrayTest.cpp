@@ -102,23 +102,29 @@ TEST_F(TrayTest, TipFollowsTheSearch) {
 }
 
 TEST_F(TrayTest, NobodyLosesTheWindow) {
+    const auto expectInTray = [this](const char* why) {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return tray.Tip.has_value(); })) << why;
+        EXPECT_TRUE(window.isHidden()) << why;
+    };
     tray.Works = false;
     window.close();
     EXPECT_TRUE(window.isMinimized());
     EXPECT_FALSE(window.isHidden());
     EXPECT_EQ(settings.SkinIndex, 3);
     tray.Become(true);
-    EXPECT_TRUE(window.isHidden()) << "the tray comes late";
-    EXPECT_TRUE(tray.Tip);
+    expectInTray("the tray comes late");
     tray.Become(false);
     ExpectOutOfTray(Qt::WindowMinimized);
     tray.Become(true);
-    EXPECT_TRUE(window.isHidden()) << "the tray is back";
+    expectInTray("the tray is back");
     tray.Become(false);
     ExpectOutOfTray(Qt::WindowMinimized);
     window.showNormal();
     Activate();
     tray.Become(true);
+    bool isOver = false;
+    QTimer::singleShot(std::chrono::milliseconds(5), &window, [&] { isOver = true; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isOver; }));
     EXPECT_TRUE(window.isVisible()) << "its user has taken it up";
     EXPECT_FALSE(tray.Tip);
     EXPECT_EQ(unloaded.size(), 0);
