@@ -185,8 +185,12 @@ TEST_F(GermanWindow, AllOfOurDialogsIsTranslated) {
                  nullptr);
          }},
         {"&Computer:",
-         [&] { return std::make_unique<frmLogon>(nullptr, false, dialogs, nullptr); }},
-        {"Computer", [&] { return std::make_unique<frmSilent>(report, nullptr); }},
+         [&] {
+             return std::make_unique<frmLogon>(nullptr, frmLogon::Services{false, dialogs},
+                                               nullptr);
+         }},
+        {"Computer",
+         [&] { return std::make_unique<frmSilent>(frmSilent::Services{report}, nullptr); }},
     };
     for (const auto& [same, make] : cases) {
         const BothLanguages both([&, &make = make] { return TextsOf(*make()); });
@@ -199,7 +203,7 @@ TEST_F(GermanWindow, NumbersTakeTheirForm) {
     const Translation german({Text("de")});
     ComputerReport report;
     const auto count = [&] {
-        return frmSilent(report, nullptr).findChild<QLabel*>(Text("lblCount"))->text();
+        return frmSilent({report}, nullptr).findChild<QLabel*>(Text("lblCount"))->text();
     };
     report.NoteSilence(Text("\\\\A"), QString());
     EXPECT_EQ(count(), Text("1 Computer hat seit Beginn der letzten Suche nicht geantwortet:"));
