@@ -30,7 +30,8 @@ int ScreenNumber() {
 
 X11Tray::X11Tray() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    // A platform without a display may have the interface, and no connection.
+    if (!x11 || !x11->connection())
         return;
     connection_ = x11->connection();
     selection_ = Atom("_NET_SYSTEM_TRAY_S" + QByteArray::number(ScreenNumber()));
