@@ -185,6 +185,15 @@ TEST_F(DesktopDialogsTest, LetsAFontBeChosen) {
         AnswerBox<QFontDialog>([](QFontDialog& box) { Press(box, Qt::Key_Escape); }, choose));
 }
 
+TEST_F(DesktopDialogsTest, KeepsAFontThatIsNotInstalled) {
+    const ChosenFont before{.family = QStringLiteral("No Such Family"), .points = 8.25};
+    const auto chosen =
+        AnswerBox<QFontDialog>([](QFontDialog& chooser) { Press(chooser, Qt::Key_Return); },
+                               [&] { return dialogs.ChooseFont(before); });
+    ASSERT_TRUE(chosen);
+    EXPECT_EQ(std::tuple(chosen->family, chosen->points), std::tuple(before.family, before.points));
+}
+
 /// The computers of a network of two workgroups, one of them in a second provider.
 class ComputerChoosing : public DesktopDialogsTest {
 protected:

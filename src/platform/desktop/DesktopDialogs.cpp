@@ -168,12 +168,17 @@ std::optional<ChosenFont> DesktopDialogs::ChooseFont(const ChosenFont& font) {
     shown.setStrikeOut(font.strikeOut);
     QFontDialog chooser(shown, Parent());
     chooser.setWindowModality(Qt::ApplicationModal);
+    // The chooser offers what is installed, in whole points. What the user leaves as it is offered
+    // isn't a wish for another font.
+    const QFont offered = chooser.currentFont();
     if (chooser.exec() != QDialog::Accepted)
         return std::nullopt;
     const QFont chosen = chooser.selectedFont();
     ChosenFont result = font;
-    result.family = chosen.family();
-    result.points = chosen.pointSizeF();
+    if (chosen.family() != offered.family())
+        result.family = chosen.family();
+    if (chosen.pointSizeF() != offered.pointSizeF())
+        result.points = chosen.pointSizeF();
     result.bold = chosen.bold();
     result.italic = chosen.italic();
     result.underline = chosen.underline();
