@@ -49,6 +49,32 @@
     </message>
 </context>
 <context>
+    <name>FrameButton</name>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimieren</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>Maximieren</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>FrameSample</name>
+    <message>
+        <source>This is how text looks in a window of this skin.</source>
+        <translation>So sieht Text in einem Fenster mit diesem Aussehen aus.</translation>
+    </message>
+</context>
+<context>
     <name>HelpText</name>
     <message>
         <source>Usage: netrove-find [OPTION]... PATTERN...
@@ -278,6 +304,17 @@ Suche angehalten hat.</translation>
     </message>
 </context>
 <context>
+    <name>OptionControls</name>
+    <message>
+        <source>The quick brown fox jumps over the lazy dog. 0123456789</source>
+        <translation>Franz jagt im komplett verwahrlosten Taxi quer durch Bayern. 0123456789</translation>
+    </message>
+    <message>
+        <source>Excluded network nodes</source>
+        <translation>Ausgeschlossene Netzknoten</translation>
+    </message>
+</context>
+<context>
     <name>ProgressLine</name>
     <message numerus="yes">
         <source>%n found</source>
@@ -463,6 +500,44 @@ sucht ohne Fenster.
     </message>
 </context>
 <context>
+    <name>SystemMenu</name>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Move</source>
+        <translation>&amp;Verschieben</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <translation>&amp;Größe ändern</translation>
+    </message>
+    <message>
+        <source>Mi&amp;nimize</source>
+        <translation>Mi&amp;nimieren</translation>
+    </message>
+    <message>
+        <source>Ma&amp;ximize</source>
+        <translation>Ma&amp;ximieren</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>System menu</source>
+        <translation>Systemmenü</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Title bar</source>
+        <translation>Titelleiste</translation>
+    </message>
+</context>
+<context>
     <name>WrongUse</name>
     <message>
         <source>--exclude knows no type &apos;%1&apos; (%2)</source>
@@ -526,6 +601,32 @@ sucht ohne Fenster.
     <message>
         <source>Network Configuration</source>
         <translation>Netzwerkkonfiguration</translation>
+    </message>
+</context>
+<context>
+    <name>netrove::ComputerChooser</name>
+    <message>
+        <source>Searching for computers on the network...</source>
+        <translation>Computer im Netz werden gesucht...</translation>
+    </message>
+    <message>
+        <source>Computers of the network</source>
+        <translation>Computer des Netzes</translation>
+    </message>
+    <message>
+        <source>1 computer found.</source>
+        <translation>1 Computer gefunden.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n computers found.</source>
+        <translation>
+            <numerusform>%n Computer gefunden.</numerusform>
+            <numerusform>%n Computer gefunden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The network couldn&apos;t be read: %1</source>
+        <translation>Das Netz konnte nicht gelesen werden: %1</translation>
     </message>
 </context>
 <context>

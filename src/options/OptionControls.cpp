@@ -78,7 +78,7 @@ void OptionControls::MakeGeneral() {
     sample.KeepColors();
     txtFont = MakeShownText(sample.Widget(), "txtFont", "");
     txtFont->setAccessibleName(Text("Font Sample"));
-    txtFont->setText(Text("The quick brown fox jumps over the lazy dog. 0123456789"));
+    txtFont->setText(tr("The quick brown fox jumps over the lazy dog. 0123456789"));
     txtFont->setCursorPosition(0);
     txtFont->setFixedHeight(int(txtFont->sizeHint().height() * SampleHeight));
     sample.AddRow(*txtFont);
@@ -104,7 +104,7 @@ void OptionControls::MakeSearch() {
 void OptionControls::MakeList(QWidget& page) {
     AddNodeTypeIcons(imgXPNWImages);
     lvwExcNetNode = Named(new ListView(&page), Text("lvwExcNetNode"));
-    lvwExcNetNode->setAccessibleName(Text("Excluded network nodes"));
+    lvwExcNetNode->setAccessibleName(tr("Excluded network nodes"));
     lvwExcNetNode->AddColumn(Text("Node Name"), Qt::AlignLeft, NameColumnWidth);
     lvwExcNetNode->AddColumn(Text("Node Type"), Qt::AlignLeft, TypeColumnWidth);
     lvwExcNetNode->Header()->setStretchLastSection(true);

@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDialog>
 #include <QMenu>
 #include <QPushButton>
@@ -85,6 +86,8 @@ private:
     void MakeMenu(QDialog& dialog);
     void MakeButtons(QDialog& dialog);
     void LeaveColors() const;
+
+    Q_DECLARE_TR_FUNCTIONS(OptionControls)
 };
 
 } // namespace netrove

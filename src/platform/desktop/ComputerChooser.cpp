@@ -36,7 +36,7 @@ ComputerChooser::ComputerChooser(NetworkEnumeration& network, const QString& tit
     : QDialog(parent)
     , network_(network)
     , tvwComputers_(new QTreeWidget(this))
-    , lblState_(new QLabel(QStringLiteral("Searching for computers on the network..."), this)) {
+    , lblState_(new QLabel(tr("Searching for computers on the network..."), this)) {
     setObjectName(QStringLiteral("ComputerChooser"));
     setWindowTitle(title);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -59,7 +59,7 @@ ComputerChooser::ComputerChooser(NetworkEnumeration& network, const QString& tit
 
 void ComputerChooser::Arrange(QDialogButtonBox& buttons) {
     tvwComputers_->setObjectName(QStringLiteral("tvwComputers"));
-    tvwComputers_->setAccessibleName(QStringLiteral("Computers of the network"));
+    tvwComputers_->setAccessibleName(tr("Computers of the network"));
     tvwComputers_->setHeaderHidden(true);
     const QFontMetrics metrics = tvwComputers_->fontMetrics();
     tvwComputers_->setMinimumSize(metrics.averageCharWidth() * TreeCharacters,
@@ -95,10 +95,10 @@ void ComputerChooser::ReadNetwork() {
     try {
         NetResource root(network_);
         AddChildren(root, *tvwComputers_->invisibleRootItem());
-        state = computers_ == 1 ? QStringLiteral("1 computer found.")
-                                : QStringLiteral("%1 computers found.").arg(computers_);
+        state = computers_ == 1 ? tr("1 computer found.")
+                                : tr("%n computers found.", nullptr, computers_);
     } catch (...) {
-        state = QStringLiteral("The network couldn't be read: ") + CurrentFailure().Description();
+        state = tr("The network couldn't be read: %1").arg(CurrentFailure().Description());
     }
     lblState_->setText(state);
 }

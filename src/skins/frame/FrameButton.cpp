@@ -3,35 +3,32 @@
 #include "skins/frame/FramePainter.h"
 
 namespace netrove {
-namespace {
 
-QString GlyphName(FrameCell glyph) {
+FrameButton::FrameButton(QWidget& titleBar, const QString& name, FrameCell glyph)
+    : QAbstractButton(&titleBar), glyph_(glyph) {
+    setObjectName(name);
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_Hover);
+    setCursor(Qt::ArrowCursor);
+    SetGlyph(glyph);
+}
+
+QString FrameButton::GlyphName(FrameCell glyph) {
     switch (glyph) {
     case FrameCell::Minimize:
-        return QStringLiteral("Minimize");
+        return tr("Minimize");
     case FrameCell::Maximize:
-        return QStringLiteral("Maximize");
+        return tr("Maximize");
     case FrameCell::Restore:
-        return QStringLiteral("Restore");
+        return tr("Restore");
     case FrameCell::Close:
-        return QStringLiteral("Close");
+        return tr("Close");
     case FrameCell::Face:
     case FrameCell::FaceUnderMouse:
     case FrameCell::FacePressed:
         break;
     }
     return {};
-}
-
-} // namespace
-
-FrameButton::FrameButton(QWidget& titleBar, FrameCell glyph)
-    : QAbstractButton(&titleBar), glyph_(glyph) {
-    setObjectName(QLatin1String("frameButton") + GlyphName(glyph));
-    setFocusPolicy(Qt::NoFocus);
-    setAttribute(Qt::WA_Hover);
-    setCursor(Qt::ArrowCursor);
-    SetGlyph(glyph);
 }
 
 void FrameButton::SetGlyph(FrameCell glyph) {

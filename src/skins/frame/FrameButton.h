@@ -3,14 +3,17 @@
 #include "skins/frame/FrameLook.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
 
 namespace netrove {
 
 /// A button in a painted title bar.
 class FrameButton : public QAbstractButton {
+    Q_DECLARE_TR_FUNCTIONS(FrameButton)
+
 public:
     /// `glyph` is one of the four glyphs.
-    FrameButton(QWidget& titleBar, FrameCell glyph);
+    FrameButton(QWidget& titleBar, const QString& name, FrameCell glyph);
 
     /// Changes the glyph, and the names that tell what the button does.
     void SetGlyph(FrameCell glyph);
@@ -20,6 +23,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    [[nodiscard]] static QString GlyphName(FrameCell glyph);
     [[nodiscard]] FrameCell Face() const;
 
     FrameCell glyph_;

@@ -97,7 +97,7 @@ void FrameSample::PaintText(QPainter& painter, const QRect& client) const {
     painter.setPen(look_.colors.text);
     painter.drawText(client.adjusted(TextPadding, TextPadding, -TextPadding, -TextPadding),
                      Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
-                     QStringLiteral("This is how text looks in a window of this skin."));
+                     tr("This is how text looks in a window of this skin."));
 }
 
 } // namespace netrove

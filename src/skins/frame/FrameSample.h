@@ -2,12 +2,15 @@
 
 #include "skins/frame/FramePainter.h"
 
+#include <QCoreApplication>
 #include <QWidget>
 
 namespace netrove {
 
 /// Paints a small window in the frame of a skin, as a sample of it.
 class FrameSample {
+    Q_DECLARE_TR_FUNCTIONS(FrameSample)
+
 public:
     /// Icon, title and menus are those of the window.
     FrameSample(const FrameLook& look, const QWidget& window, bool active)

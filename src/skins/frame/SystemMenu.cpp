@@ -12,18 +12,16 @@ namespace netrove {
 SystemMenu::SystemMenu(QWidget& window, KeyboardDrag& keyboardDrag)
     : QMenu(&window)
     , window_(window)
-    , restore_(addAction(QStringLiteral("&Restore"), &window, [&window] { window.showNormal(); }))
-    , move_(addAction(QStringLiteral("&Move"), &keyboardDrag, &KeyboardDrag::BeginMove))
-    , size_(addAction(QStringLiteral("&Size"), &keyboardDrag, &KeyboardDrag::BeginResize))
-    , minimize_(
-          addAction(QStringLiteral("Mi&nimize"), &window, [&window] { window.showMinimized(); }))
-    , maximize_(
-          addAction(QStringLiteral("Ma&ximize"), &window, [&window] { window.showMaximized(); })) {
+    , restore_(addAction(tr("&Restore"), &window, [&window] { window.showNormal(); }))
+    , move_(addAction(tr("&Move"), &keyboardDrag, &KeyboardDrag::BeginMove))
+    , size_(addAction(tr("&Size"), &keyboardDrag, &KeyboardDrag::BeginResize))
+    , minimize_(addAction(tr("Mi&nimize"), &window, [&window] { window.showMinimized(); }))
+    , maximize_(addAction(tr("Ma&ximize"), &window, [&window] { window.showMaximized(); })) {
     addSeparator();
-    close_ = addAction(QStringLiteral("&Close"), QKeySequence(Qt::ALT | Qt::Key_F4), &window,
+    close_ = addAction(tr("&Close"), QKeySequence(Qt::ALT | Qt::Key_F4), &window,
                        [&window] { window.close(); });
     setObjectName(QStringLiteral("frameSystemMenu"));
-    setAccessibleName(QStringLiteral("System menu"));
+    setAccessibleName(tr("System menu"));
     setDefaultAction(close_);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QMenu>
 
@@ -9,6 +10,8 @@ class KeyboardDrag;
 
 /// The menu of a window's frame: restore, move, size, minimise, maximise, close.
 class SystemMenu : public QMenu {
+    Q_DECLARE_TR_FUNCTIONS(SystemMenu)
+
 public:
     SystemMenu(QWidget& window, KeyboardDrag& keyboardDrag);
 

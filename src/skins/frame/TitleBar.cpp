@@ -13,12 +13,12 @@ TitleBar::TitleBar(QWidget& window, SystemMenu& menu)
     : QWidget(&window)
     , window_(window)
     , menu_(menu)
-    , close_(*this, FrameCell::Close)
-    , maximize_(*this, FrameCell::Maximize)
-    , minimize_(*this, FrameCell::Minimize)
+    , close_(*this, QStringLiteral("frameButtonClose"), FrameCell::Close)
+    , maximize_(*this, QStringLiteral("frameButtonMaximize"), FrameCell::Maximize)
+    , minimize_(*this, QStringLiteral("frameButtonMinimize"), FrameCell::Minimize)
     , drag_(window) {
     setObjectName(QStringLiteral("frameTitleBar"));
-    setAccessibleName(QStringLiteral("Title bar"));
+    setAccessibleName(tr("Title bar"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::ArrowCursor);
     connect(&close_, &QAbstractButton::clicked, &window, [&window] { window.close(); });

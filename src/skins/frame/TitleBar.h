@@ -3,6 +3,7 @@
 #include "skins/frame/FrameButton.h"
 #include "skins/frame/MouseDrag.h"
 
+#include <QCoreApplication>
 #include <QWidget>
 
 namespace netrove {
@@ -11,6 +12,8 @@ class SystemMenu;
 
 /// The title bar of a painted frame: icon, caption and buttons; moves the window.
 class TitleBar : public QWidget {
+    Q_DECLARE_TR_FUNCTIONS(TitleBar)
+
 public:
     TitleBar(QWidget& window, SystemMenu& menu);
 
