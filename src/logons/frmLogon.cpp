@@ -1,5 +1,6 @@
 #include "logons/frmLogon.h"
 
+#include "mainwindow/windowservices/WindowGeometry.h"
 #include "platform/network/UncPath.h"
 #include "skins/SkinControls.h"
 
@@ -48,6 +49,10 @@ frmLogon::frmLogon(const StoredLogon* before, const Services& services, QWidget*
     if (before)
         ShowLogon(*before);
     skin_.Load(*this, services.skin);
+    resize(layout()->totalMinimumSize());
+    FixSizeAroundContents(*this);
+    if (owner)
+        CentreWindow(*owner->window(), *this);
 }
 
 frmLogon::~frmLogon() {

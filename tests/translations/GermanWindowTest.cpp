@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFile>
+#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -204,6 +205,23 @@ TEST_F(GermanWindow, AllOfOurDialogsIsTranslated) {
         EXPECT_EQ(both.Same(), same);
         ExpectOwnKeys(both.german);
     }
+}
+
+TEST_F(GermanWindow, ALongerNoteHasRoomInsideASkin) {
+    const Translation german({Text("de")});
+    auto services = Services(network);
+    bool isSeen = false;
+    services.showLogons = [&](QWidget& owner, const SkinOwner& skin, const auto& /*openHelp*/) {
+        frmLogon form(nullptr, {false, dialogs, &skin}, &owner);
+        form.show();
+        isSeen = QTest::qWaitForWindowExposed(&form);
+        const auto& note = *form.findChild<QLabel*>(Text("lblNoKeyring"));
+        EXPECT_GE(note.height(), note.heightForWidth(note.width()));
+    };
+    frmNetrove window(services);
+    WindowDriver(window).Open();
+    window.findChild<QAction*>(Text("mnuLogon"))->trigger();
+    EXPECT_TRUE(isSeen);
 }
 
 TEST_F(GermanWindow, NumbersTakeTheirForm) {
