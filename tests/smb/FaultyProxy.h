@@ -1,5 +1,7 @@
 #pragma once
 
+#include "smb/ListeningPort.h"
+
 #include <QByteArray>
 #include <QtGlobal>
 
@@ -21,7 +23,7 @@ public:
     FaultyProxy& operator=(const FaultyProxy&) = delete;
     ~FaultyProxy();
 
-    [[nodiscard]] quint16 Port() const { return port_; }
+    [[nodiscard]] quint16 Port() const { return listener_.Port(); }
 
     /// What the server says is held back for so long, all of it side by side.
     void Delay(std::chrono::milliseconds delay) { delay_ = delay.count(); }
@@ -46,8 +48,8 @@ private:
         Clock::time_point due;
     };
     struct Pair {
-        int client;
-        int server;
+        UniqueDescriptor client;
+        UniqueDescriptor server;
         std::deque<Held> held = {}; ///< what the server has said
     };
 
@@ -61,8 +63,7 @@ private:
     [[nodiscard]] bool LimitReached() const;
 
     quint16 serverPort_;
-    quint16 port_ = 0;
-    int listener_ = -1;
+    ListeningPort listener_;
     std::atomic<qint64> delay_ = 0;
     std::atomic<qint64> limit_ = 0;
     std::atomic<Fault> fault_ = Fault::None;

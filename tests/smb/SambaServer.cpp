@@ -1,6 +1,7 @@
 #include "smb/SambaServer.h"
 
 #include "platform/network/SmbProbe.h"
+#include "smb/ListeningPort.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -12,11 +13,9 @@
 #include <filesystem>
 #include <system_error>
 
-#include <arpa/inet.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -25,19 +24,6 @@ namespace netrove {
 namespace {
 
 constexpr char Smbd[] = "/usr/sbin/smbd";
-
-/// A port of 127.0.0.1 that nobody listens at; 0 if there is none.
-quint16 FreePort() {
-    const int handle = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* generic = reinterpret_cast<sockaddr*>(&address);
-    const bool bound = bind(handle, generic, size) == 0 && getsockname(handle, generic, &size) == 0;
-    close(handle);
-    return bound ? ntohs(address.sin_port) : quint16{0};
-}
 
 constexpr char Configuration[] = R"([global]
     workgroup = WORKGROUP
@@ -108,7 +94,7 @@ QString SambaServer::Helper() {
     return QStringLiteral(NETROVE_SMB);
 }
 
-SambaServer::SambaServer(const QString& options) : port_(FreePort()) {
+SambaServer::SambaServer(const QString& options) : port_(ListeningPort().Port()) {
     folder_.setAutoRemove(false);
     // Guests must get through to the shares.
     chmod(QFile::encodeName(folder_.path()).constData(), 0755);

@@ -1,3 +1,4 @@
+#include "fakes/Text.h"
 #include "platform/network/SmbProvider.h"
 #include "runtime/ExpectRaised.h"
 #include "smb/SambaServer.h"
@@ -13,9 +14,9 @@ namespace {
 constexpr auto Ignore = [](Keyring::Outcome) {};
 
 // Accounts that every system has.
-const QString User = QStringLiteral("daemon");
-const QString OtherUser = QStringLiteral("games");
-const QString Password = QStringLiteral("S3cret-of-the-test");
+const QString User = Text("daemon");
+const QString OtherUser = Text("games");
+const QString Password = Text("S3cret-of-the-test");
 
 /// Writes a line for each time that somebody was to be let in, and has a share for one user.
 const QString Options = QStringLiteral("    log level = 0 auth_audit:3\n"
@@ -32,13 +33,13 @@ protected:
         samba.emplace(Options);
         ASSERT_TRUE(samba->IsRunning());
         ASSERT_TRUE(samba->AddUser(User, Password));
-        samba->AddFile(QStringLiteral("public/file"));
+        samba->AddFile(Text("public/file"));
         provider = Provider({samba->Host()});
     }
 
     std::unique_ptr<SmbProvider> Provider(const std::vector<SmbHost>& hosts) {
-        return std::make_unique<SmbProvider>(QStringLiteral("LAN"), hosts, SambaServer::Helper(),
-                                             SmbLimits(), logons);
+        return std::make_unique<SmbProvider>(Text("LAN"), hosts, SambaServer::Helper(), SmbLimits(),
+                                             logons);
     }
 
     void Store(const QString& computer, const QString& user, const QString& password) {
@@ -47,7 +48,7 @@ protected:
     }
 
     /// What looking at a file in a share raises, 0 for nothing.
-    int Failure(const QString& share, const QString& server = QStringLiteral("FILER")) {
+    int Failure(const QString& share, const QString& server = Text("FILER")) {
         try {
             (void)provider->Info(
                 UncPath::Parse(QLatin1String("\\\\") + server + u'\\' + share + u"\\file").value());
@@ -71,27 +72,27 @@ protected:
 };
 
 TEST_F(SmbLogonTest, AStoredLogonOpensWhatGuestsCantSee) {
-    EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), 0);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), Denied);
-    Store(QStringLiteral("filer"), User, Password);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0) << "the same helpers go on";
-    EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), 0);
-    Store(QStringLiteral("filer"), QLatin1String("FILER\\") + User, Password);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0);
-    logons->Remove(QStringLiteral("FILER"), Ignore);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), Denied) << "a guest again";
-    EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), 0);
+    EXPECT_EQ(Failure(Text("PUBLIC")), 0);
+    EXPECT_EQ(Failure(Text("PRIVATE")), Denied);
+    Store(Text("filer"), User, Password);
+    EXPECT_EQ(Failure(Text("PRIVATE")), 0) << "the same helpers go on";
+    EXPECT_EQ(Failure(Text("PUBLIC")), 0);
+    Store(Text("filer"), QLatin1String("FILER\\") + User, Password);
+    EXPECT_EQ(Failure(Text("PRIVATE")), 0);
+    logons->Remove(Text("FILER"), Ignore);
+    EXPECT_EQ(Failure(Text("PRIVATE")), Denied) << "a guest again";
+    EXPECT_EQ(Failure(Text("PUBLIC")), 0);
 }
 
 TEST_F(SmbLogonTest, AWrongPasswordIsTriedOnceAndNeverBecomesAGuest) {
-    Store(QString(), User, QStringLiteral("wrong"));
+    Store(QString(), User, Text("wrong"));
     for (int request = 0; request < 5; ++request)
-        EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), Denied);
+        EXPECT_EQ(Failure(Text("PUBLIC")), Denied);
     EXPECT_EQ(Attempts(*samba, User), 1) << samba->Log().toStdString();
     EXPECT_FALSE(samba->Log().contains("[nobody] at ["));
 
     Store(QString(), User, Password);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0);
+    EXPECT_EQ(Failure(Text("PRIVATE")), 0);
 }
 
 TEST_F(SmbLogonTest, AServerThatTakesWrongOnesForGuestsIsntFollowed) {
@@ -99,42 +100,42 @@ TEST_F(SmbLogonTest, AServerThatTakesWrongOnesForGuestsIsntFollowed) {
         SambaServer lenient(QLatin1String("    map to guest = ") + QLatin1String(kind) + u'\n' +
                             Options);
         ASSERT_TRUE(lenient.IsRunning() && lenient.AddUser(User, Password));
-        lenient.AddFile(QStringLiteral("public/file"));
+        lenient.AddFile(Text("public/file"));
         provider = Provider({lenient.Host()});
-        Store(QString(), QStringLiteral("no-such-user"), Password);
-        EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), Denied) << kind;
-        EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), Denied) << kind;
-        EXPECT_EQ(Attempts(lenient, QStringLiteral("no-such-user")), 1) << kind;
-        Store(QString(), User, QStringLiteral("wrong"));
-        EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), Denied) << kind;
+        Store(QString(), Text("no-such-user"), Password);
+        EXPECT_EQ(Failure(Text("PUBLIC")), Denied) << kind;
+        EXPECT_EQ(Failure(Text("PUBLIC")), Denied) << kind;
+        EXPECT_EQ(Attempts(lenient, Text("no-such-user")), 1) << kind;
+        Store(QString(), User, Text("wrong"));
+        EXPECT_EQ(Failure(Text("PUBLIC")), Denied) << kind;
         EXPECT_EQ(Attempts(lenient, User), 1) << kind;
         Store(QString(), User, Password);
-        EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0) << kind;
+        EXPECT_EQ(Failure(Text("PRIVATE")), 0) << kind;
     }
 }
 
 TEST_F(SmbLogonTest, EachComputerHasItsOwn) {
     SambaServer other(Options);
-    ASSERT_TRUE(other.IsRunning() && other.AddUser(OtherUser, QStringLiteral("other")));
-    other.AddFile(QStringLiteral("public/file"));
-    const QString name = QStringLiteral("OTHER");
+    ASSERT_TRUE(other.IsRunning() && other.AddUser(OtherUser, Text("other")));
+    other.AddFile(Text("public/file"));
+    const QString name = Text("OTHER");
     provider = Provider({samba->Host(), other.Host(name)});
-    Store(QStringLiteral("FILER"), User, Password);
-    Store(name, OtherUser, QStringLiteral("other"));
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE"), name), 0);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0);
+    Store(Text("FILER"), User, Password);
+    Store(name, OtherUser, Text("other"));
+    EXPECT_EQ(Failure(Text("PRIVATE")), 0);
+    EXPECT_EQ(Failure(Text("PRIVATE"), name), 0);
+    EXPECT_EQ(Failure(Text("PRIVATE")), 0);
     EXPECT_EQ(Attempts(other, User), 0);
 }
 
 /// What another process of the user may read of the helpers.
 TEST_F(SmbLogonTest, NobodySeesThePassword) {
     Store(QString(), User, Password);
-    ASSERT_EQ(Failure(QStringLiteral("PRIVATE")), 0);
+    ASSERT_EQ(Failure(Text("PRIVATE")), 0);
     const auto processes = provider->Pool().IdleProcesses();
     ASSERT_FALSE(processes.empty());
     for (const pid_t process : processes) {
-        const QString folder = QStringLiteral("/proc/%1/").arg(process);
+        const QString folder = Text("/proc/%1/").arg(process);
         for (const char* name : {"cmdline", "environ", "limits"}) {
             QFile file(folder + QLatin1String(name));
             ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -149,13 +150,13 @@ TEST_F(SmbLogonTest, NobodySeesThePassword) {
 
 /// A ticket that is good for nothing: what is stored comes next.
 TEST_F(SmbLogonTest, AnOldTicketIsNoHindrance) {
-    samba->AddFile(QStringLiteral("ticket"), "no ticket");
-    qputenv("KRB5CCNAME", QFile::encodeName(samba->Path(QStringLiteral("ticket"))));
-    SmbHost host = samba->Host(QStringLiteral("localhost"));
+    samba->AddFile(Text("ticket"), "no ticket");
+    qputenv("KRB5CCNAME", QFile::encodeName(samba->Path(Text("ticket"))));
+    SmbHost host = samba->Host(Text("localhost"));
     host.address.clear();
     provider = Provider({host});
     Store(QString(), User, Password);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE"), QStringLiteral("localhost")), 0);
+    EXPECT_EQ(Failure(Text("PRIVATE"), Text("localhost")), 0);
     EXPECT_EQ(Attempts(*samba, User), 1);
     qunsetenv("KRB5CCNAME");
 }

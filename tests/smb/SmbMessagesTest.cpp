@@ -1,5 +1,6 @@
 #include "smb/SmbMessages.h"
 
+#include "fakes/Text.h"
 #include "smb/Frames.h"
 #include "smb/SmbMemory.h"
 
@@ -9,26 +10,23 @@ namespace netrove {
 namespace {
 
 SmbRequest ListRequest(const QString& path) {
-    return {.kind = SmbRequest::Kind::ListFolder,
-            .host = QStringLiteral("h"),
-            .share = QStringLiteral("s"),
-            .path = path};
+    return {
+        .kind = SmbRequest::Kind::ListFolder, .host = Text("h"), .share = Text("s"), .path = path};
 }
 
 TEST(SmbMessages, ARequestNamesAPlaceInAShare) {
-    for (const QString& path : {QString(), QStringLiteral("a"), QStringLiteral("a/...b/c d"),
-                                QStringLiteral("%2e%2e/#?"), QStringLiteral("\u00e9")})
+    for (const QString& path :
+         {QString(), Text("a"), Text("a/...b/c d"), Text("%2e%2e/#?"), Text("\u00e9")})
         EXPECT_TRUE(DecodeQuestion(EncodeQuestion(ListRequest(path)))) << path.toStdString();
-    for (const QString& path : {QStringLiteral("/a"), QStringLiteral("a//b"), QStringLiteral("a/"),
-                                QStringLiteral(".."), QStringLiteral("a/../b"), QStringLiteral("."),
-                                QStringLiteral("a\\b"), QString(1, QChar(u'\0'))})
+    for (const QString& path : {Text("/a"), Text("a//b"), Text("a/"), Text(".."), Text("a/../b"),
+                                Text("."), Text("a\\b"), QString(1, QChar(u'\0'))})
         EXPECT_FALSE(DecodeQuestion(EncodeQuestion(ListRequest(path)))) << path.toStdString();
 
     SmbRequest request = ListRequest(QString());
-    request.share = QStringLiteral("..");
+    request.share = Text("..");
     EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
     request = ListRequest(QString());
-    request.host = QStringLiteral("h/s");
+    request.host = Text("h/s");
     EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
     request = ListRequest(QString());
     request.offset = -1;
@@ -37,8 +35,8 @@ TEST(SmbMessages, ARequestNamesAPlaceInAShare) {
 
 TEST(SmbMessages, ALogonTravelsWithItsRequest) {
     SmbRequest request = ListRequest(QString());
-    request.computer = QStringLiteral("h");
-    request.logon = {.domain = QStringLiteral("d"), .user = QStringLiteral("u")};
+    request.computer = Text("h");
+    request.logon = {.domain = Text("d"), .user = Text("u")};
     for (const char* password : {"", "p\xc3\xa4 %", "\xff"}) {
         request.logon->password = Secret(password);
         const auto decoded = DecodeQuestion(EncodeQuestion(request));
@@ -55,14 +53,14 @@ TEST(SmbMessages, ALogonTravelsWithItsRequest) {
 }
 
 TEST(SmbMessages, AMessageIsWholeOrNone) {
-    const SmbAnswer entries = SmbEntries{
-        {.name = QStringLiteral("a"), .attributes = 32, .length = qint64{5} << 30, .modified = -1},
-        {.name = QStringLiteral("\U0001F3B5"), .attributes = 0x1020, .length = 0, .modified = 0}};
+    const SmbAnswer entries =
+        SmbEntries{{.name = Text("a"), .attributes = 32, .length = qint64{5} << 30, .modified = -1},
+                   {.name = Text("\U0001F3B5"), .attributes = 0x1020, .length = 0, .modified = 0}};
     const QByteArray payload = EncodeAnswer(entries);
     const auto decoded = DecodeAnswer(payload);
     ASSERT_TRUE(decoded);
     const auto& second = std::get<SmbEntries>(*decoded).at(1);
-    EXPECT_EQ(second.name, QStringLiteral("\U0001F3B5"));
+    EXPECT_EQ(second.name, Text("\U0001F3B5"));
     EXPECT_EQ(second.attributes, 0x1020u);
     EXPECT_EQ(std::get<SmbEntries>(*decoded).at(0).length, qint64{5} << 30);
 
@@ -75,7 +73,7 @@ TEST(SmbMessages, AMessageIsWholeOrNone) {
 
 TEST(SmbMessages, WhatIsFetchedLiesInTheSharedMemory) {
     constexpr auto all = static_cast<quint32>(SmbMemory::Bytes);
-    SmbRequest request = ListRequest(QStringLiteral("file"));
+    SmbRequest request = ListRequest(Text("file"));
     request.kind = SmbRequest::Kind::Fetch;
     request.length = all;
     EXPECT_TRUE(DecodeQuestion(EncodeQuestion(request)));

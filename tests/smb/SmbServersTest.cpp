@@ -1,5 +1,7 @@
 #include "platform/network/SmbServers.h"
 
+#include "fakes/Text.h"
+
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -21,7 +23,7 @@ protected:
         return servers[name].open;
     }
 
-    const QString name = QStringLiteral("server");
+    const QString name = Text("server");
     SmbServers::Clock::time_point now = SmbServers::Clock::now();
     SmbLimits limits;
     SmbServers servers{limits, [this] { return now; }};
@@ -62,12 +64,21 @@ TEST_F(SmbServersTest, OnlyADistantServerGetsConnectionsEarly) {
     EXPECT_FALSE(takesEarly(20ms)) << "it is known how much there is to ask";
 }
 
-TEST_F(SmbServersTest, RequestsThatFailTogetherAreOneDeath) {
+TEST_F(SmbServersTest, RequestsThatFailTogetherAreOneDeathAndEachLastsLonger) {
     for (int request = 0; request < 10; ++request)
         servers.Note(name, ETIMEDOUT, true);
     EXPECT_EQ(servers.DeadStatus(name), ETIMEDOUT);
     now += limits.deadFor + 1ms;
     EXPECT_EQ(servers.DeadStatus(name), 0);
+
+    // Who is found dead again right afterwards is left alone for longer.
+    for (const int times : {2, 4, 8}) {
+        servers.Bury(name, EHOSTUNREACH);
+        now += times * limits.deadFor - 1ms;
+        EXPECT_EQ(servers.DeadStatus(name), EHOSTUNREACH) << times;
+        now += 2ms;
+        EXPECT_EQ(servers.DeadStatus(name), 0) << times;
+    }
 
     servers.Note(name, ETIMEDOUT, true);
     servers.Note(name, EACCES, true);

@@ -1,5 +1,7 @@
 #include "smb/WorkstationInfo.h"
 
+#include "fakes/Text.h"
+
 #include <gtest/gtest.h>
 
 namespace netrove {
@@ -26,7 +28,7 @@ TEST(WorkstationInfo, TellsTheWorkgroupOrNothing) {
     const QByteArray answer = SambaAnswer();
     EXPECT_EQ(WorkstationInfo::MessageBytes(answer.left(WorkstationInfo::HeaderBytes)),
               answer.size());
-    EXPECT_EQ(WorkstationInfo::Workgroup(answer), QStringLiteral("MYHOME"));
+    EXPECT_EQ(WorkstationInfo::Workgroup(answer), Text("MYHOME"));
 
     EXPECT_FALSE(WorkstationInfo::Workgroup(answer.chopped(1)));
     EXPECT_FALSE(WorkstationInfo::Workgroup(answer + '\0'));
