@@ -2,7 +2,7 @@
 """Passes every connection on to another port, each piece after a while in both directions. What
 is under way doesn't hold up what follows: the way is long, not narrow.
 
-usage: delaying_proxy.py PORT TARGET-PORT ROUND-TRIP-IN-SECONDS"""
+usage: delaying_proxy.py PORT TARGET-PORT ROUND-TRIP-IN-SECONDS [ADDRESS]"""
 
 import asyncio
 import selectors
@@ -146,13 +146,14 @@ class ClientSide(Side):
                 side.transport.close()
 
 
-async def serve(port, target, delay):
+async def serve(port, target, delay, address="0.0.0.0"):
     server = await asyncio.get_running_loop().create_server(
-        lambda: ClientSide(target, delay), "0.0.0.0", port, backlog=128)
+        lambda: ClientSide(target, delay), address, port, backlog=128)
     await server.serve_forever()
 
 
 if __name__ == "__main__":
     # select() takes fractions of a millisecond, which epoll would round up.
     LOOP = asyncio.SelectorEventLoop(selectors.SelectSelector())
-    LOOP.run_until_complete(serve(int(sys.argv[1]), int(sys.argv[2]), float(sys.argv[3]) / 2))
+    LOOP.run_until_complete(serve(int(sys.argv[1]), int(sys.argv[2]), float(sys.argv[3]) / 2,
+                                  *sys.argv[4:]))
