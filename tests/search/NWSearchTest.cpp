@@ -315,7 +315,7 @@ TEST_F(Engine, EndlessFoldersEnd) {
             struct None : FileFind {
                 bool FindNext(FindData& /*data*/) override { return false; }
             };
-            first = {.attributes = FileAttribute::Directory, .fileName = QStringLiteral("x")};
+            first = {.attributes = FileAttribute::Directory, .fileName = Text("x")};
             return std::make_unique<None>();
         }
         bool CanEnter(const QString& /*path*/) override { return true; }

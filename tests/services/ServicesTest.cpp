@@ -1,3 +1,4 @@
+#include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
 #include "fakes/Text.h"
 #include "mainwindow/services/NetworkNodes.h"
@@ -10,63 +11,47 @@
 namespace netrove {
 namespace {
 
-class TestShell : public Shell {
+/// Keeps the verbs too, and lets a program be chosen.
+class VerbShell : public RecordedShell {
 public:
-    int code = Success;
     bool chosen = false;
-    QString executed;
     ShellVerb verb = ShellVerb::Default;
 
     int Execute(const QString& file, ShellVerb with) override {
-        executed = file;
         verb = with;
-        return code;
+        return RecordedShell::Execute(file, with);
     }
     bool OpenWith(const QString& /*file*/) override { return chosen; }
-    std::optional<QUrl> Address(const QString& /*file*/) override { return std::nullopt; }
 };
 
-class TestDialogs : public Dialogs {
-public:
-    QStringList boxes;
-
+/// Marks errors by a "!".
+class MarkedDialogs : public RecordedDialogs {
     MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
-                          MessageButtons /*buttons*/) override {
-        boxes.append((icon == MessageIcon::Critical ? Text("!") : Text("?")) + title + Text("|") +
-                     text);
-        return MessageAnswer::Ok;
-    }
-    QString InputBox(const QString& /*prompt*/, const QString& /*title*/) override {
-        return QString();
-    }
-    std::optional<QString> OpenFile(const FileDialogSetup& /*setup*/) override {
-        return std::nullopt;
-    }
-    std::optional<QString> SaveFile(const FileDialogSetup& /*setup*/) override {
-        return std::nullopt;
-    }
-    std::optional<QString> ChooseFolder(const QString& /*title*/, bool /*network*/) override {
-        return std::nullopt;
-    }
-    std::optional<QString> ChooseComputer(const QString& /*title*/) override {
-        return std::nullopt;
-    }
-    std::optional<ChosenFont> ChooseFont(const ChosenFont& /*font*/) override {
-        return std::nullopt;
+                          MessageButtons buttons) override {
+        const bool isError = icon == MessageIcon::Critical;
+        return RecordedDialogs::Message(icon, text, isError ? u'!' + title : title, buttons);
     }
 };
 
-TEST(ShellServices, RunsAndTellsFailures) {
-    TestShell shell;
-    TestDialogs dialogs;
-    ShellServices services(shell, dialogs);
+class ShellTest : public testing::Test {
+protected:
+    VerbShell shell;
+    MarkedDialogs dialogs;
+    ShellServices services{shell, dialogs};
+};
+
+TEST_F(ShellTest, RunsAndTellsFailures) {
     EXPECT_EQ(services.ShellRun(Text("file"), Text("open")), -1);
     EXPECT_EQ(shell.verb, ShellVerb::Default) << "an unknown verb";
-    shell.code = 33;
+    shell.Result = 33;
     EXPECT_EQ(services.ShellRun(Text("file"), Text("Explore")), -1);
     EXPECT_EQ(shell.verb, ShellVerb::Explore);
-    EXPECT_TRUE(dialogs.boxes.isEmpty());
+    shell.Result = Shell::NoAssociation;
+    shell.chosen = true;
+    EXPECT_EQ(services.ShellRun(Text("file")), -1);
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
 
+    shell.chosen = false;
     const struct {
         int code;
         int result;
@@ -78,31 +63,21 @@ TEST(ShellServices, RunsAndTellsFailures) {
                  {31, 0, ""}, // and nothing was chosen
                  {32, 32, ""}};
     for (const auto& [code, result, message] : cases) {
-        shell.code = code;
-        dialogs.boxes.clear();
+        shell.Result = code;
         EXPECT_EQ(services.ShellRun(Text("file")), result);
-        EXPECT_EQ(dialogs.boxes,
-                  QStringList{Text("!Shell execute failed...|file\r\n") + Text(message)});
+        EXPECT_EQ(dialogs.Shown.last(), Text("!Shell execute failed...: file\r\n") + Text(message));
     }
-    shell.code = 31;
-    shell.chosen = true;
-    dialogs.boxes.clear();
-    EXPECT_EQ(services.ShellRun(Text("file")), -1);
-    EXPECT_TRUE(dialogs.boxes.isEmpty());
 }
 
-TEST(ShellServices, OpensFoldersAndMail) {
-    TestShell shell;
-    TestDialogs dialogs;
-    ShellServices services(shell, dialogs);
-    shell.code = 5;
-    EXPECT_EQ(services.OpenFolder(Text("\\\\S\\D\\"), Text("explore")), 5);
+TEST_F(ShellTest, OpensFoldersAndMail) {
+    shell.Result = Shell::AccessDenied;
+    EXPECT_EQ(services.OpenFolder(Text("\\\\S\\D\\"), Text("explore")), Shell::AccessDenied);
     EXPECT_EQ(shell.verb, ShellVerb::Open);
-    EXPECT_TRUE(dialogs.boxes.isEmpty()) << "the callers tell it";
+    EXPECT_TRUE(dialogs.Shown.isEmpty()) << "the callers tell it";
     services.OpenMailLink(Text("a@example.org"));
-    EXPECT_EQ(shell.executed, Text("mailto:a@example.org"));
-    EXPECT_EQ(dialogs.boxes,
-              QStringList{Text("?Mail Program Not Found...|Could not open your mail program!")});
+    EXPECT_EQ(shell.Opened.last(), Text("mailto:a@example.org"));
+    EXPECT_EQ(dialogs.Shown,
+              QStringList{Text("Mail Program Not Found...: Could not open your mail program!")});
 }
 
 TEST(NetworkNodes, FoundByAPathOfNames) {
@@ -126,29 +101,25 @@ TEST(NetworkNodes, FoundByAPathOfNames) {
     EXPECT_EQ(name("Net|"), Text("nothing"));
 }
 
-class TestSystem : public SystemInformation {
+class NamedSystem : public TestSystem {
 public:
     QString user;
     QString computer;
-    QString OSName() const override { return Text("An OS"); }
     QString OSVersion() const override { return QString(); }
     QString UserName() const override { return user; }
     QString ComputerName() const override { return computer; }
 };
 
 TEST(WinVer, AnswersOfTheSystem) {
-    TestSystem system;
+    NamedSystem system;
     EXPECT_EQ(ComputerUNCName(system), Text("\\\\"));
     system.computer = Text(" media ");
     EXPECT_EQ(ComputerUNCName(system), Text("\\\\MEDIA"));
-    system.user = QString(24, u'x');
-    EXPECT_EQ(GetUserNameText(system), system.user);
-    system.user += u'x';
-    EXPECT_EQ(GetUserNameText(system), QString());
-    const OSInfo info = GetOSInfo(system);
-    EXPECT_EQ(info.Name, Text("An OS"));
-    EXPECT_EQ(info.Version, Text("0.0.0"));
-    EXPECT_TRUE(info.IsNT && !info.IsXP);
+    for (const qsizetype length : {24, 25}) {
+        system.user = QString(length, u'x');
+        EXPECT_EQ(GetUserNameText(system), length == 24 ? system.user : QString());
+    }
+    EXPECT_EQ(GetOSInfo(system).Version, Text("0.0.0"));
 }
 
 } // namespace
