@@ -38,7 +38,7 @@ void FaultyProxy::Run() {
             waiting.push_back({.fd = pair.client.Number(), .events = POLLIN, .revents = 0});
             waiting.push_back({.fd = pair.server.Number(), .events = POLLIN, .revents = 0});
         }
-        if (poll(waiting.data(), waiting.size(), NextDue()) < 0)
+        if (poll(waiting.data(), waiting.size(), 1) < 0)
             return;
         std::vector<Pair> kept;
         for (std::size_t at = 0; at < pairs_.size(); ++at) {
@@ -53,17 +53,6 @@ void FaultyProxy::Run() {
     }
 }
 
-/// Milliseconds until something is to be passed on or looked at.
-int FaultyProxy::NextDue() const {
-    std::chrono::milliseconds next(10);
-    for (const Pair& pair : pairs_) {
-        if (!pair.held.empty())
-            next = std::min(next, std::chrono::ceil<std::chrono::milliseconds>(
-                                      pair.held.front().due - Clock::now()));
-    }
-    return std::max(static_cast<int>(next.count()), 0);
-}
-
 /// False where the connection is to be closed.
 bool FaultyProxy::Serve(Pair& pair, short client, short server) {
     if (fault_ == Fault::Close && LimitReached())
@@ -75,17 +64,14 @@ bool FaultyProxy::Serve(Pair& pair, short client, short server) {
                                MSG_NOSIGNAL) != count)
             return false;
     }
-    if (server != 0)
-        Hold(pair);
+    if (server != 0) {
+        QByteArray bytes(4096, Qt::Uninitialized);
+        const auto size = static_cast<std::size_t>(bytes.size());
+        const ssize_t count = recv(pair.server.Number(), bytes.data(), size, MSG_DONTWAIT);
+        bytes.resize(std::max<ssize_t>(count, 0));
+        pair.held.push_back({bytes, Clock::now() + std::chrono::milliseconds(delay_)});
+    }
     return PassHeld(pair);
-}
-
-void FaultyProxy::Hold(Pair& pair) const {
-    QByteArray bytes(4096, Qt::Uninitialized);
-    bytes.resize(std::max<ssize_t>(recv(pair.server.Number(), bytes.data(),
-                                        static_cast<std::size_t>(bytes.size()), MSG_DONTWAIT),
-                                   0));
-    pair.held.push_back({bytes, Clock::now() + std::chrono::milliseconds(delay_)});
 }
 
 /// Passes on what is due; false at the end of the connection.

@@ -56,9 +56,7 @@ private:
     void SetLimit(qint64 bytes, Fault fault);
     void Run();
     void Accept();
-    [[nodiscard]] int NextDue() const;
     [[nodiscard]] bool Serve(Pair& pair, short client, short server);
-    void Hold(Pair& pair) const;
     [[nodiscard]] bool PassHeld(Pair& pair);
     [[nodiscard]] bool LimitReached() const;
 

@@ -7,17 +7,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 
 #include <csignal>
 #include <filesystem>
 #include <system_error>
 
-#include <fcntl.h>
-#include <poll.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace netrove {
@@ -124,33 +120,25 @@ bool SambaServer::WriteConfiguration(const QString& options) {
 }
 
 bool SambaServer::Start() {
-    const QByteArray option = "--configfile=" + QFile::encodeName(StateFile("smb.conf"));
-    const int silence = open("/dev/null", O_RDWR | O_CLOEXEC);
-    process_ = fork();
-    if (process_ == 0) {
-        // A group of its own, so that what serves the connections can be ended with it; and it
-        // doesn't outlive a test that is killed.
+    // A group of its own, so that what serves the connections can be ended with it; and it doesn't
+    // outlive a test that is killed.
+    process_.setChildProcessModifier([] {
         setpgid(0, 0);
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        dup2(silence, STDIN_FILENO);
-        dup2(silence, STDOUT_FILENO);
-        execl(Smbd, Smbd, "--foreground", "--no-process-group", option.constData(), nullptr);
-        _exit(127);
-    }
-    close(silence);
-    return process_ > 0;
+    });
+    process_.setStandardInputFile(QProcess::nullDevice());
+    process_.setStandardOutputFile(QProcess::nullDevice());
+    process_.start(QString::fromLatin1(Smbd),
+                   {QStringLiteral("--foreground"), QStringLiteral("--no-process-group"),
+                    QLatin1String("--configfile=") + StateFile("smb.conf")});
+    return process_.waitForStarted();
 }
 
 bool SambaServer::WaitUntilItAnswers() {
     QDeadlineTimer limit(20000);
-    while (!limit.hasExpired()) {
-        if (waitpid(process_, nullptr, WNOHANG) != 0) {
-            process_ = -1;
-            return false;
-        }
+    while (!limit.hasExpired() && !process_.waitForFinished(20)) {
         if (SmbProbe(SmbLimits()).Run({QStringLiteral("127.0.0.1")}, port_) == 0)
             return true;
-        poll(nullptr, 0, 20);
     }
     return false;
 }
@@ -171,11 +159,10 @@ QByteArray SambaServer::Log() const {
 }
 
 void SambaServer::Stop() {
-    if (process_ <= 0)
+    if (!IsRunning())
         return;
-    kill(-process_, SIGKILL);
-    waitpid(process_, nullptr, 0);
-    process_ = -1;
+    kill(-static_cast<pid_t>(process_.processId()), SIGKILL);
+    process_.waitForFinished();
     // The server has started one more, in a session of its own, if it was asked for its shares.
     QFile file(StateFile("samba-dcerpcd.pid"));
     if (!file.open(QIODevice::ReadOnly))

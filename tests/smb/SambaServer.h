@@ -2,12 +2,11 @@
 
 #include "platform/network/SmbHost.h"
 
+#include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
 
 #include <memory>
-
-#include <sys/types.h>
 
 namespace netrove {
 
@@ -37,7 +36,7 @@ public:
     SambaServer& operator=(const SambaServer&) = delete;
     ~SambaServer();
 
-    [[nodiscard]] bool IsRunning() const { return process_ > 0; }
+    [[nodiscard]] bool IsRunning() const { return process_.state() != QProcess::NotRunning; }
     [[nodiscard]] quint16 Port() const { return port_; }
     [[nodiscard]] SmbHost Host(const QString& name = QStringLiteral("FILER")) const;
 
@@ -62,7 +61,7 @@ private:
 
     QTemporaryDir folder_;
     quint16 port_ = 0;
-    pid_t process_ = -1;
+    QProcess process_;
 };
 
 } // namespace netrove

@@ -3,6 +3,7 @@
 #include "fakes/Text.h"
 #include "smb/Frames.h"
 #include "smb/SmbMemory.h"
+#include "smb/WorkstationInfo.h"
 
 #include <gtest/gtest.h>
 
@@ -22,15 +23,14 @@ TEST(SmbMessages, ARequestNamesAPlaceInAShare) {
                                 Text("."), Text("a\\b"), QString(1, QChar(u'\0'))})
         EXPECT_FALSE(DecodeQuestion(EncodeQuestion(ListRequest(path)))) << path.toStdString();
 
-    SmbRequest request = ListRequest(QString());
-    request.share = Text("..");
-    EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
-    request = ListRequest(QString());
-    request.host = Text("h/s");
-    EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
-    request = ListRequest(QString());
-    request.offset = -1;
-    EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
+    SmbRequest share = ListRequest(QString());
+    share.share = Text("..");
+    SmbRequest host = ListRequest(QString());
+    host.host = Text("h/s");
+    SmbRequest offset = ListRequest(QString());
+    offset.offset = -1;
+    for (const SmbRequest& request : {share, host, offset})
+        EXPECT_FALSE(DecodeQuestion(EncodeQuestion(request)));
 }
 
 TEST(SmbMessages, ALogonTravelsWithItsRequest) {
@@ -103,6 +103,39 @@ TEST(Frames, ComeOutAsTheyWentIn) {
     frames.Append(QByteArray::fromHex("00200001"));
     EXPECT_FALSE(frames.Take());
     EXPECT_TRUE(frames.IsBroken());
+}
+
+/// What Samba 4.17 answers as FILER in MYHOME.
+QByteArray SambaAnswer() {
+    return QByteArray::fromHex("05000203100000006c00000002000000"
+                               "54000000000000006400000000000200"
+                               "f4010000040002000800020006000000"
+                               "01000000060000000000000006000000"
+                               "460049004c0045005200000007000000"
+                               "00000000070000004d00590048004f00"
+                               "4d004500000000000000000000000000")
+        .left(108);
+}
+
+QByteArray With(QByteArray message, qsizetype at, char byte) {
+    message[at] = byte;
+    return message;
+}
+
+TEST(WorkstationInfo, TellsTheWorkgroupOrNothing) {
+    const QByteArray answer = SambaAnswer();
+    EXPECT_EQ(WorkstationInfo::MessageBytes(answer.left(WorkstationInfo::HeaderBytes)),
+              answer.size());
+    EXPECT_EQ(WorkstationInfo::Workgroup(answer), Text("MYHOME"));
+
+    for (const QByteArray& bad :
+         {answer.chopped(1), QByteArray(answer + '\0'), With(answer, 2, 3), // a fault
+          With(answer, 24, 101),                                            // another level
+          With(answer, 60, 60),                                             // a name beyond the end
+          With(With(answer, 40, 0), 42, 0), // no pointer to the workgroup
+          With(answer, 104, 5)})            // access denied
+        EXPECT_FALSE(WorkstationInfo::Workgroup(bad)) << bad.toHex().constData();
+    EXPECT_FALSE(WorkstationInfo::IsBound(answer));
 }
 
 } // namespace

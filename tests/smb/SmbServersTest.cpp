@@ -45,25 +45,6 @@ TEST_F(SmbServersTest, ConnectionsGrowWhileTheyPay) {
     EXPECT_EQ(Grown(40ms, 1000), 16u);
 }
 
-TEST_F(SmbServersTest, OnlyADistantServerGetsConnectionsEarly) {
-    const auto takesEarly = [this](std::chrono::milliseconds greeting) {
-        servers[name].greeting = greeting;
-        return servers.TakesEarly(name);
-    };
-    EXPECT_FALSE(takesEarly(20ms)) << "it isn't known yet to be there";
-    servers[name].open = 1;
-    EXPECT_FALSE(takesEarly(5ms));
-    EXPECT_TRUE(takesEarly(20ms));
-    servers[name].open = limits.maxPerServer;
-    EXPECT_FALSE(takesEarly(20ms));
-    servers[name].open = 2;
-    servers[name].hasFailedEarly = true;
-    EXPECT_FALSE(takesEarly(20ms));
-    servers[name].hasFailedEarly = false;
-    servers.NoteAnswerTime(name, 40ms);
-    EXPECT_FALSE(takesEarly(20ms)) << "it is known how much there is to ask";
-}
-
 TEST_F(SmbServersTest, RequestsThatFailTogetherAreOneDeathAndEachLastsLonger) {
     for (int request = 0; request < 10; ++request)
         servers.Note(name, ETIMEDOUT, true);
