@@ -80,10 +80,7 @@ protected:
 
 /// The threads have helpers of their own, and still try an unknown logon one after the other.
 TEST_F(SmbCopyTest, CopiesAreMadeAsWhomTheUserHasStored) {
-    SambaServer server(Text("    log level = 0 auth_audit:3\n"
-                            "[PRIVATE]\n"
-                            "    path = %ROOT%/public\n"
-                            "    valid users = daemon\n"));
+    SambaServer server(SambaServer::PrivateShare());
     ASSERT_TRUE(server.IsRunning() && server.AddUser(Text("daemon"), Text("right")));
     server.AddFile(Text("public/file"), "content");
     const auto logons = std::make_shared<Logons>();

@@ -90,6 +90,14 @@ QString SambaServer::Helper() {
     return QStringLiteral(NETROVE_SMB);
 }
 
+QString SambaServer::PrivateShare() {
+    return QStringLiteral("    log level = 0 auth_audit:3\n"
+                          "[PRIVATE]\n"
+                          "    path = %ROOT%/public\n"
+                          "    valid users = daemon games\n"
+                          "    guest ok = no\n");
+}
+
 SambaServer::SambaServer(const QString& options) : port_(ListeningPort().Port()) {
     folder_.setAutoRemove(false);
     // Guests must get through to the shares.

@@ -25,6 +25,10 @@ public:
     /// needs to be to take on its guests' identity.
     [[nodiscard]] static bool IsAvailable();
 
+    /// Options for a share PRIVATE, which the accounts "daemon" and "games" are let into; the log
+    /// has a line for each time that somebody was to be let in.
+    [[nodiscard]] static QString PrivateShare();
+
     /// The helper of this build: tests aren't where netrove-smb is looked for.
     [[nodiscard]] static QString Helper();
 

@@ -53,22 +53,12 @@ TEST(SmbMessages, ALogonTravelsWithItsRequest) {
 }
 
 TEST(SmbMessages, AMessageIsWholeOrNone) {
-    const SmbAnswer entries =
-        SmbEntries{{.name = Text("a"), .attributes = 32, .length = qint64{5} << 30, .modified = -1},
-                   {.name = Text("\U0001F3B5"), .attributes = 0x1020, .length = 0, .modified = 0}};
-    const QByteArray payload = EncodeAnswer(entries);
-    const auto decoded = DecodeAnswer(payload);
-    ASSERT_TRUE(decoded);
-    const auto& second = std::get<SmbEntries>(*decoded).at(1);
-    EXPECT_EQ(second.name, Text("\U0001F3B5"));
-    EXPECT_EQ(second.attributes, 0x1020u);
-    EXPECT_EQ(std::get<SmbEntries>(*decoded).at(0).length, qint64{5} << 30);
-
-    EXPECT_FALSE(DecodeAnswer(payload.chopped(1)));
-    EXPECT_FALSE(DecodeAnswer(payload + '\0'));
-    EXPECT_FALSE(DecodeAnswer(QByteArray()));
-    EXPECT_FALSE(DecodeAnswer(QByteArray(1, '\x7f')));
-    EXPECT_FALSE(DecodeAnswer(EncodeAnswer(SmbEntries{{.length = -1}})));
+    const QByteArray payload =
+        EncodeAnswer(SmbEntries{{.name = Text("a"), .length = qint64{5} << 30}});
+    ASSERT_TRUE(DecodeAnswer(payload));
+    for (const QByteArray& bad : {payload.chopped(1), QByteArray(payload + '\0'), QByteArray(),
+                                  QByteArray(1, '\x7f'), EncodeAnswer(SmbEntries{{.length = -1}})})
+        EXPECT_FALSE(DecodeAnswer(bad)) << bad.toHex().constData();
 }
 
 TEST(SmbMessages, WhatIsFetchedLiesInTheSharedMemory) {
@@ -86,18 +76,16 @@ TEST(SmbMessages, WhatIsFetchedLiesInTheSharedMemory) {
     EXPECT_FALSE(DecodeAnswer(EncodeAnswer(SmbFetched{.begin = all + 1, .length = ~0U})));
 }
 
-TEST(Frames, ComeOutAsTheyWentIn) {
-    const QByteArray payload(300, 'x');
-    const QByteArray stream =
-        Frames::Framed(payload) + Frames::Framed(QByteArray()) + Frames::Framed(QByteArray("y"));
+TEST(Frames, ComeOutAsTheyWentInByteByByte) {
+    const QByteArray stream = Frames::Framed("abc") + Frames::Framed("") + Frames::Framed("d");
     Frames frames;
-    QList<QByteArray> out;
+    QByteArrayList out;
     for (const char byte : stream) {
         frames.Append(QByteArrayView(&byte, 1));
         while (const auto frame = frames.Take())
             out.push_back(*frame);
     }
-    EXPECT_EQ(out, (QList<QByteArray>{payload, QByteArray(), QByteArray("y")}));
+    EXPECT_EQ(out, (QByteArrayList{"abc", "", "d"}));
     EXPECT_FALSE(frames.IsBroken());
     // No memory for what is only announced.
     frames.Append(QByteArray::fromHex("00200001"));
