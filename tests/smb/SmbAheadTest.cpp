@@ -83,12 +83,6 @@ bool IsEarly(const QString& request) {
 
 class SmbAheadTest : public testing::Test {
 protected:
-    void TearDown() override {
-        unsetenv("NETROVE_TREE");
-        unsetenv("NETROVE_TREE_LOG");
-        unsetenv("NETROVE_TREE_CONNECTIONS");
-    }
-
     std::unique_ptr<Network> LocalNetwork(quint16 port, int computers,
                                           const SmbLimits& limits = {}) {
         std::vector<SmbHost> hosts;
