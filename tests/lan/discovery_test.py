@@ -11,7 +11,8 @@ import unittest
 
 import announcers
 import own_network
-from lan import NETWORK, Host, Kind, Lan
+from lan import NETWORK, Host, Kind, Lan, wait_for_port
+from rude_host import SILENT_PORT
 
 SKIPPED = 77  # as tests/lan/CMakeLists.txt says
 # The computers of the network are not the only addresses: this one is the bridge's.
@@ -65,7 +66,7 @@ class DiscoveryTest(unittest.TestCase):
         asked at an address that another host told."""
         rude = self.lan["rude"]
         rude.start_script("rude_host.py", rude.address, OTHER)
-        time.sleep(1)  # until it listens
+        wait_for_port(rude.address, SILENT_PORT)
         with socket.create_server((OTHER, 5357)) as other:
             other.setblocking(False)
             found = self.find()
