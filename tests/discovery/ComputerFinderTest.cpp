@@ -1,5 +1,7 @@
 #include "platform/discovery/ComputerFinder.h"
 
+#include "fakes/Text.h"
+
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -42,7 +44,7 @@ protected:
 class SilentBus {
 public:
     SilentBus() : socket_(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-        const QByteArray path = folder_.filePath(QStringLiteral("bus")).toUtf8();
+        const QByteArray path = folder_.filePath(Text("bus")).toUtf8();
         sockaddr_un address = {};
         address.sun_family = AF_UNIX;
         std::copy(path.begin(), path.end(), address.sun_path);

@@ -1,5 +1,6 @@
 #include "find/LogonFile.h"
 
+#include "fakes/Text.h"
 #include "find/WrongUse.h"
 
 #include <QFile>
@@ -14,7 +15,7 @@ protected:
     /// The logon that a file with that text has, "domain/user/password"; what is wrong with it
     /// otherwise.
     std::string Read(const QByteArray& text, QFile::Permissions more = {}) {
-        QFile file(folder.filePath(QStringLiteral("logon")));
+        QFile file(folder.filePath(Text("logon")));
         if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
             return "not written";
         file.close();
@@ -46,7 +47,7 @@ TEST_F(LogonFile, MustBeTheUsersOwnAndSmall) {
           QByteArray(good + QByteArray(5000, ' '))})
         EXPECT_EQ(Read(text), "has no line \"username = ...\"");
     EXPECT_THROW((void)ReadLogonFile(folder.path()), WrongUse);
-    EXPECT_THROW((void)ReadLogonFile(folder.filePath(QStringLiteral("none"))), WrongUse);
+    EXPECT_THROW((void)ReadLogonFile(folder.filePath(Text("none"))), WrongUse);
 }
 
 } // namespace

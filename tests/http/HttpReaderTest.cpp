@@ -13,6 +13,8 @@
 namespace netrove {
 namespace {
 
+const QByteArray Chunked = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n";
+
 class HttpReaderTest : public testing::Test {
 protected:
     HttpReaderTest() {
@@ -38,15 +40,16 @@ protected:
 };
 
 TEST_F(HttpReaderTest, GivesWholeAnswersAsText) {
-    EXPECT_EQ(ReadAnswer(WebServer::Page(" a\xC3\xA4\r\n ")), Text(" aä\r\n "));
-    EXPECT_EQ(ReadAnswer(WebServer::Page("a\xE4")), Text("aä"));
-    EXPECT_EQ(ReadAnswer(WebServer::Page(QByteArray("a\0b", 3))).size(), 3);
-    EXPECT_EQ(ReadAnswer(WebServer::Page("")), QString());
-    EXPECT_EQ(ReadAnswer(WebServer::Page(QByteArray(1000, 'a'))), QString(1000, u'a'));
-    EXPECT_EQ(ReadAnswer("HTTP/1.0 200 OK\r\n\r\nto the end"), Text("to the end"));
-    EXPECT_EQ(ReadAnswer("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
-                         "2\r\nab\r\n1\r\nc\r\n0\r\n\r\n"),
-              Text("abc"));
+    const std::pair<QByteArray, QString> cases[] = {
+        {WebServer::Page(" a\xC3\xA4\r\n "), Text(" aä\r\n ")},
+        {WebServer::Page("a\xE4"), Text("aä")},
+        {WebServer::Page(QByteArray("a\0b", 3)), QString::fromUtf16(u"a\0b", 3)},
+        {WebServer::Page(""), QString()},
+        {WebServer::Page(QByteArray(1000, 'a')), QString(1000, u'a')},
+        {"HTTP/1.0 200 OK\r\n\r\nto the end", Text("to the end")},
+        {Chunked + "2\r\nab\r\n1\r\nc\r\n0\r\n\r\n", Text("abc")}};
+    for (const auto& [answer, text] : cases)
+        EXPECT_EQ(ReadAnswer(answer), text) << answer.constData();
     server.Serve(Text("/other"), WebServer::Redirect("page"));
     EXPECT_EQ(ReadAnswer(WebServer::Redirect("/other")), Text("failed")) << "in a circle";
     server.Serve(Text("/page"), WebServer::Page("there"));
@@ -54,7 +57,6 @@ TEST_F(HttpReaderTest, GivesWholeAnswersAsText) {
 }
 
 TEST_F(HttpReaderTest, AllElseIsAFailure) {
-    const QByteArray chunked = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n";
     const QByteArray answers[] = {
         "",
         "TBS_VER 1.2.3",
@@ -63,7 +65,7 @@ TEST_F(HttpReaderTest, AllElseIsAFailure) {
         WebServer::Page(QByteArray(1001, 'a')),
         WebServer::Page(QByteArray(2 << 20, 'a')),
         "HTTP/1.0 200 OK\r\n\r\n" + QByteArray(5000, 'a'),
-        chunked + QByteArray("10\r\n0123456789abcdef\r\n").repeated(100),
+        Chunked + QByteArray("10\r\n0123456789abcdef\r\n").repeated(100),
         WebServer::Redirect("file:///etc/passwd"),
         WebServer::Redirect("ftp://127.0.0.1/"),
         WebServer::Redirect("/page"),

@@ -13,13 +13,8 @@ BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration
   <policy context="default">
     <allow user="*"/>
     <allow own="*"/>
-    <allow send_type="method_call"/>
-    <allow send_type="signal"/>
-    <allow send_requested_reply="true"/>
-    <allow receive_type="method_call"/>
-    <allow receive_type="signal"/>
-    <allow receive_type="method_return"/>
-    <allow receive_type="error"/>
+    <allow send_destination="*"/>
+    <allow receive_sender="*"/>
   </policy>
 </busconfig>
 """
@@ -30,9 +25,12 @@ allow-interfaces=eth0
 publish-workstation=no
 [rlimits]
 """
+MODEL = "Barn door"
 SMB_SERVICE = """<service-group>
   <name>{name}</name>
   <service><type>_smb._tcp</type><port>{port}</port></service>
+  <service><type>_device-info._tcp</type><port>0</port>
+    <txt-record>model={model}</txt-record></service>
 </service-group>
 """
 
@@ -42,14 +40,15 @@ def missing():
             if not shutil.which(tool)]
 
 
-def start_wsdd(machine, workgroup):
+def start_wsdd(machine, workgroup, domain=""):
     """WS-Discovery, as Windows does it."""
     machine.start("wsdd", "--interface", "eth0", "--uuid", str(uuid.uuid4()),
-                  "--hostname", machine.name, "--workgroup", workgroup)
+                  "--preserve-case", "--hostname", machine.name,
+                  *(("--domain", domain) if domain else ("--workgroup", workgroup)))
 
 
-def start_avahi(machine, port=None):
-    """DNS-SD, with a D-Bus of its own; with a port, the computer announces its SMB server."""
+def start_avahi(machine, service=None, port=0):
+    """DNS-SD, with a D-Bus of its own; with a service, the computer announces an SMB server."""
     bus = os.path.join(machine.folder, "bus.conf")
     with open(bus, "w", encoding="utf-8") as file:
         file.write(BUS)
@@ -58,9 +57,9 @@ def start_avahi(machine, port=None):
         file.write(AVAHI.format(name=machine.name.lower()))
     services = os.path.join(machine.folder, "services")
     os.makedirs(services)
-    if port:
+    if service:
         with open(os.path.join(services, "smb.service"), "w", encoding="utf-8") as file:
-            file.write(SMB_SERVICE.format(name=machine.name, port=port))
+            file.write(SMB_SERVICE.format(name=service, port=port, model=MODEL))
     machine.run("mount", "--bind", services, "/etc/avahi/services")
     machine.run("mkdir", "-p", "/run/dbus")
     machine.run("dbus-daemon", f"--config-file={bus}", "--fork", "--nopidfile")

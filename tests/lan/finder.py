@@ -6,8 +6,6 @@ import subprocess
 import time
 from dataclasses import dataclass, field
 
-from memory import MemoryPeaks
-
 
 @dataclass
 class Search:
@@ -18,7 +16,6 @@ class Search:
     first_row: float = 0.0  # seconds until then
     status: int = 0
     messages: str = ""
-    memory: MemoryPeaks = None
 
     def rows_of(self, computer):
         return [row for row in self.rows if row.startswith(f"\\\\{computer}\\")]
@@ -49,8 +46,8 @@ class Finder:
         with open(path, "w", encoding="utf-8") as file:
             file.write(network_ini)
 
-    def search(self, *arguments, on_row=None, watch_memory=False, seconds=120):
-        """Calls on_row(row) at each row. Raises if the program takes too long."""
+    def search(self, *arguments, on_row=None, on_start=None, seconds=120):
+        """Calls on_start(process) and on_row(row) at each row. Raises if the program takes too long."""
         result = Search()
         messages = os.path.join(self.folder, "messages")
         with open(messages, "w+", encoding="utf-8") as errors:
@@ -59,9 +56,8 @@ class Finder:
                 "timeout", "--kill-after=1", str(seconds),
                 os.path.join(self.folder, "netrove-find"), *arguments,
                 stdout=subprocess.PIPE, stderr=errors, text=True)
-            if watch_memory:
-                result.memory = MemoryPeaks(process.pid)
-                result.memory.start()
+            if on_start:
+                on_start(process)
             with process.stdout:
                 for line in process.stdout:
                     result.rows.append(line.rstrip("\n"))
@@ -71,8 +67,6 @@ class Finder:
                         on_row(result.rows[-1])
             result.status = process.wait()
             result.seconds = time.monotonic() - begin
-            if watch_memory:
-                result.memory.stop()
             errors.seek(0)
             result.messages = errors.read()
         if result.status == 124:

@@ -49,6 +49,9 @@ class Host:
     files: list = field(default_factory=list)  # paths in its share PUBLIC
     round_trip: float = 0.0  # seconds that an answer takes on its way
     announced_by: tuple = ()  # "wsdd", "nmbd", "avahi"
+    domain: str = ""  # announced instead of the workgroup
+    service: str = ""  # the name that avahi announces; else the computer's
+    port: int = 445  # that avahi announces
 
 
 class Computer:
@@ -81,17 +84,18 @@ class Computer:
                 self.samba.add_user(USER, PASSWORD)
             self.samba.start()
         if self.host.kind is Kind.SILENT:
-            self._start_script("silent_port.py", 445)
+            self.start_script("silent_port.py", 445)
         elif self.host.round_trip:
-            self._start_script("delaying_proxy.py", 445, HIDDEN_PORT, self.host.round_trip)
+            self.start_script("delaying_proxy.py", 445, HIDDEN_PORT, self.host.round_trip)
         if "wsdd" in self.host.announced_by:
-            announcers.start_wsdd(self.machine, self.host.workgroup)
+            announcers.start_wsdd(self.machine, self.host.workgroup, self.host.domain)
         if "nmbd" in self.host.announced_by:
             self.samba.start_nmbd()
         if "avahi" in self.host.announced_by:
-            announcers.start_avahi(self.machine, 445)
+            announcers.start_avahi(self.machine, self.host.service or self.host.name,
+                                   self.host.port)
 
-    def _start_script(self, script, *arguments):
+    def start_script(self, script, *arguments):
         self.machine.start(sys.executable, os.path.join(HERE, script), *map(str, arguments))
 
     def finish_start(self):

@@ -7,7 +7,7 @@ CONFIGURATION = """[global]
     netbios name = {name}
     workgroup = {workgroup}
     server role = standalone server
-    interfaces = eth0 lo
+    interfaces = {interfaces}
     bind interfaces only = yes
     smb ports = {port}
     disable netbios = {no_netbios}
@@ -40,7 +40,8 @@ USERS_ONLY = "    map to guest = never\n    restrict anonymous = 2\n    guest ok
 class Samba:
     """smbd with everything it keeps in the computer's folder, and one share, PUBLIC."""
 
-    def __init__(self, machine, workgroup, port=445, guests=True, netbios=False):
+    def __init__(self, machine, workgroup, port=445, guests=True, netbios=False,
+                 interfaces="eth0 lo"):
         self.machine = machine
         self.share = os.path.join(machine.folder, "public")
         state = os.path.join(machine.folder, "state")
@@ -50,7 +51,8 @@ class Samba:
         with open(self.configuration, "w", encoding="utf-8") as file:
             file.write(CONFIGURATION.format(
                 name=machine.name, workgroup=workgroup, port=port, state=state, share=self.share,
-                no_netbios="no" if netbios else "yes", logons=GUESTS if guests else USERS_ONLY))
+                interfaces=interfaces, no_netbios="no" if netbios else "yes",
+                logons=GUESTS if guests else USERS_ONLY))
 
     def start(self):
         self.machine.start("smbd", "--foreground", "--no-process-group",

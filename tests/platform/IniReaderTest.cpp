@@ -1,5 +1,6 @@
 #include "platform/IniReader.h"
 
+#include "fakes/Text.h"
 #include "platform/TempTree.h"
 #include "runtime/ExpectRaised.h"
 
@@ -12,9 +13,9 @@ namespace {
 QString Dump(const IniReader& ini) {
     QString text;
     for (const IniSection& section : ini.Sections()) {
-        text += QStringLiteral("%1:%2").arg(section.name).arg(section.line);
+        text += Text("%1:%2").arg(section.name).arg(section.line);
         for (const IniEntry& entry : section.entries)
-            text += QStringLiteral(" %1=%2:%3").arg(entry.key, entry.value).arg(entry.line);
+            text += Text(" %1=%2:%3").arg(entry.key, entry.value).arg(entry.line);
         text += QLatin1Char(';');
     }
     return text;
@@ -27,18 +28,17 @@ TEST(IniReaderTest, ReadsWhatTheProfileFunctionsDo) {
     };
     const Case cases[] = {
         {"", {}},
-        {"[A]\nk=v\n[B]\nk=w", QStringLiteral("A:1 k=v:2;B:3 k=w:4;")},
-        {"\xEF\xBB\xBF[A]\r\n k = v w \r\n\r\n; k=no\r\n", QStringLiteral("A:1 k=v w:2;")},
-        {"  [ A ] tail\n\tk\t=\tv\t", QStringLiteral("A:1 k=v:2;")},
-        {"[A]\nk=\"  v \"\nl='w'\nm=\"\nn=\"x'",
-         QStringLiteral("A:1 k=  v :2 l=w:3 m=\":4 n=\"x':5;")},
-        {"[A]\nk=a=b;c\nl=", QStringLiteral("A:1 k=a=b;c:2 l=:3;")},
+        {"[A]\nk=v\n[B]\nk=w", Text("A:1 k=v:2;B:3 k=w:4;")},
+        {"\xEF\xBB\xBF[A]\r\n k = v w \r\n\r\n; k=no\r\n", Text("A:1 k=v w:2;")},
+        {"  [ A ] tail\n\tk\t=\tv\t", Text("A:1 k=v:2;")},
+        {"[A]\nk=\"  v \"\nl='w'\nm=\"\nn=\"x'", Text("A:1 k=  v :2 l=w:3 m=\":4 n=\"x':5;")},
+        {"[A]\nk=a=b;c\nl=", Text("A:1 k=a=b;c:2 l=:3;")},
         {"[A]\nk=Stra\xDF"
          "e \x80",
-         QStringLiteral("A:1 k=Straße €:2;")},
+         Text("A:1 k=Straße €:2;")},
         {"[A]\nk=Stra\xC3\x9F"
          "e",
-         QStringLiteral("A:1 k=Straße:2;")},
+         Text("A:1 k=Straße:2;")},
     };
     for (const Case& test : cases) {
         const IniReader ini(test.bytes);
@@ -51,14 +51,14 @@ TEST(IniReaderTest, TakesTheFirstOfEqualNamesInAnyCase) {
     const IniReader ini("[One]\nKey=1\nKEY=2\n[ONE]\nKey=3\n");
     ASSERT_TRUE(ini.Find(u"one"));
     EXPECT_EQ(ini.Find(u"one")->line, 1);
-    EXPECT_EQ(ini.Find(u"ONE")->Value(u"key"), QStringLiteral("1"));
+    EXPECT_EQ(ini.Find(u"ONE")->Value(u"key"), Text("1"));
     EXPECT_EQ(ini.Find(u"One")->Value(u"other"), QString());
     EXPECT_FALSE(ini.Find(u"Two"));
 }
 
 TEST(IniReaderTest, NamesTheLineOfEachProblemAndReadsOn) {
-    const IniReader ini("early=1\n[A]\nnonsense\n=v\nk=v\n[B\nl=w\n", QStringLiteral("x.ini"));
-    EXPECT_EQ(Dump(ini), QStringLiteral("A:2 k=v:5;B:6 l=w:7;"));
+    const IniReader ini("early=1\n[A]\nnonsense\n=v\nk=v\n[B\nl=w\n", Text("x.ini"));
+    EXPECT_EQ(Dump(ini), Text("A:2 k=v:5;B:6 l=w:7;"));
     ASSERT_EQ(ini.Problems().size(), 4);
     const char* const starts[] = {
         "x.ini, line 1: ", "x.ini, line 3: ", "x.ini, line 4: ", "x.ini, line 6: "};
@@ -82,16 +82,12 @@ TEST(IniReaderTest, ReadsHostileFilesInLittleTime) {
 TEST(IniReaderTest, RefusesFilesThatAreNone) {
     const TempTree tree;
     tree.File("small.ini", "[A]\nnonsense");
-    EXPECT_EQ(Dump(IniReader::FromFile(tree.Path(QStringLiteral("small.ini")))),
-              QStringLiteral("A:1;"));
     tree.File("large.ini", QByteArray(IniReader::MaxBytes + 1, '\n'));
-    const auto expect = [&](ErrorNumber number, const QString& name) {
-        ExpectRaised(
-            number, [&] { return IniReader::FromFile(tree.Path(name)); }, name);
-    };
-    expect(ErrorNumber::FileNotFound, QStringLiteral("missing.ini"));
-    expect(ErrorNumber::PathFileAccessError, QStringLiteral("large.ini"));
-    expect(ErrorNumber::PathFileAccessError, QString());
+    const auto read = [&](const char* name) { return IniReader::FromFile(tree.Path(Text(name))); };
+    EXPECT_EQ(Dump(read("small.ini")), Text("A:1;"));
+    ExpectRaised(ErrorNumber::FileNotFound, [&] { return read("missing.ini"); });
+    ExpectRaised(ErrorNumber::PathFileAccessError, [&] { return read("large.ini"); });
+    ExpectRaised(ErrorNumber::PathFileAccessError, [&] { return read(""); });
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 #include "platform/LocalFiles.h"
 
+#include "fakes/Text.h"
 #include "platform/TempTree.h"
 #include "runtime/ExpectRaised.h"
 
-#include <QStringList>
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -17,32 +17,40 @@ namespace {
 
 class LocalFilesTest : public testing::Test {
 protected:
-    /// The entries of a folder but "." and "..", sorted, each as "name attributes".
-    QStringList Entries(const QString& below = {}) {
-        QStringList entries;
+    [[nodiscard]] QString Path(const char* below) const { return tree_.Path(Text(below)); }
+
+    /// The entries of a folder but "." and ".."; nothing where it can't be listed.
+    std::optional<std::vector<FindData>> List(const QString& folder) {
         FindData data;
-        const auto find = files_.FindFirst(tree_.Path(below) + QLatin1String("/*.*"), data);
+        const auto find = files_.FindFirst(folder + Text("/*.*"), data);
         if (!find)
-            return {QStringLiteral("not listed")};
+            return std::nullopt;
+        std::vector<FindData> entries;
         do {
-            if (data.fileName != QLatin1String(".") && data.fileName != QLatin1String(".."))
-                entries += QStringLiteral("%1 %2").arg(data.fileName).arg(data.attributes);
+            if (data.fileName != Text(".") && data.fileName != Text(".."))
+                entries.push_back(data);
         } while (find->FindNext(data));
-        entries.sort();
         return entries;
     }
 
+    /// These entries, sorted, each as "name attributes", joined by "|".
+    std::string Entries(const QString& below = {}) {
+        const auto entries = List(tree_.Path(below));
+        if (!entries)
+            return "not listed";
+        QStringList texts;
+        for (const FindData& entry : *entries)
+            texts += Text("%1 %2").arg(entry.fileName).arg(entry.attributes);
+        texts.sort();
+        return texts.join(u'|').toStdString();
+    }
+    std::string Entries(const char* below) { return Entries(Text(below)); }
+
     /// Files at any depth, as a search walks them.
     int CountFiles(const QString& folder) {
-        FindData data;
-        const auto find = files_.FindFirst(folder + QLatin1String("/*.*"), data);
         int count = 0;
-        for (bool more = find != nullptr; more; more = find->FindNext(data)) {
-            if (!data.IsDirectory())
-                ++count;
-            else if (data.fileName != QLatin1String(".") && data.fileName != QLatin1String(".."))
-                count += CountFiles(folder + QLatin1Char('/') + data.fileName);
-        }
+        for (const FindData& entry : List(folder).value_or(std::vector<FindData>()))
+            count += entry.IsDirectory() ? CountFiles(folder + u'/' + entry.fileName) : 1;
         return count;
     }
 
@@ -55,28 +63,25 @@ TEST_F(LocalFilesTest, ListsAFolderWithItsKinds) {
     tree_.File(".hidden");
     tree_.Folder("sub.mp3");
     tree_.Folder("empty");
-    EXPECT_EQ(Entries(),
-              (QStringList{QStringLiteral(".hidden 34"), QStringLiteral("empty 16"),
-                           QStringLiteral("song.mp3 32"), QStringLiteral("sub.mp3 16")}));
-    EXPECT_EQ(Entries(QStringLiteral("empty")), QStringList()) << "its dots are listed";
-    EXPECT_EQ(Entries(QStringLiteral("missing")), QStringList(QStringLiteral("not listed")));
-    EXPECT_EQ(Entries(QStringLiteral("song.mp3")), QStringList(QStringLiteral("not listed")));
+    EXPECT_EQ(Entries(), ".hidden 34|empty 16|song.mp3 32|sub.mp3 16");
+    EXPECT_EQ(Entries("empty"), "") << "its dots are listed";
+    EXPECT_EQ(Entries("missing"), "not listed");
+    EXPECT_EQ(Entries("song.mp3"), "not listed");
     FindData data;
-    EXPECT_TRUE(files_.FindFirst(QStringLiteral("/*.*"), data)) << "the top of the file system";
+    EXPECT_TRUE(files_.FindFirst(Text("/*.*"), data)) << "the top of the file system";
     EXPECT_FALSE(files_.FindFirst(tree_.Path(), data)) << "without *.*";
 }
 
 TEST_F(LocalFilesTest, GivesTheSameEntriesAgainOnlyWhileTheyAreInUse) {
     tree_.File("one");
-    const QString all = tree_.Path() + QLatin1String("/*.*");
     FindData data;
-    auto outer = files_.FindFirst(all, data);
+    auto outer = files_.FindFirst(Path("*.*"), data);
     ASSERT_TRUE(outer);
-    const QStringList before = Entries();
+    const std::string before = Entries();
     tree_.File("two");
     EXPECT_EQ(Entries(), before);
     outer.reset();
-    EXPECT_EQ(Entries().size(), 2);
+    EXPECT_EQ(Entries(), "one 32|two 32");
 }
 
 TEST_F(LocalFilesTest, ReachesEveryNameThatItGivesOut) {
@@ -93,52 +98,43 @@ TEST_F(LocalFilesTest, ReachesEveryNameThatItGivesOut) {
     for (qsizetype number = 0; number < names.size(); ++number)
         tree_.File(names[number] + "/inside", QByteArray(number, 'x'));
     tree_.File("back\\slash");
-    FindData data;
-    const auto find = files_.FindFirst(tree_.Path() + QLatin1String("/*.*"), data);
-    ASSERT_TRUE(find);
+    const auto found = List(tree_.Path());
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->size(), names.size());
     qint64 lengths = 0;
-    qsizetype found = 0;
-    do {
-        EXPECT_FALSE(data.fileName.contains(QLatin1Char('\\')));
-        if (data.fileName == QLatin1String(".") || data.fileName == QLatin1String(".."))
-            continue;
-        ++found;
-        const QString folder = tree_.Path(data.fileName);
+    for (const FindData& entry : *found) {
+        EXPECT_FALSE(entry.fileName.contains(u'\\'));
+        const QString folder = tree_.Path(entry.fileName);
         EXPECT_TRUE(files_.CanEnter(folder)) << folder.toStdString();
-        lengths += files_.Length(folder + QLatin1String("/inside"));
-        EXPECT_EQ(Entries(data.fileName), QStringList(QStringLiteral("inside 32")));
-    } while (find->FindNext(data));
-    EXPECT_EQ(found, names.size());
+        lengths += files_.Length(folder + Text("/inside"));
+        EXPECT_EQ(Entries(entry.fileName), "inside 32");
+    }
     EXPECT_EQ(lengths, names.size() * (names.size() - 1) / 2);
 }
 
 TEST_F(LocalFilesTest, GivesATextOutOnlyOnce) {
     tree_.File("caf\xE9", "Windows-1252");
     tree_.File("caf\xC3\xA9", "UTF-8");
-    EXPECT_EQ(Entries(), QStringList(QStringLiteral("café 32")));
-    EXPECT_EQ(files_.Read(tree_.Path(QStringLiteral("café")), 0, 100), "UTF-8");
+    EXPECT_EQ(Entries(), "café 32");
+    EXPECT_EQ(files_.Read(Path("café"), 0, 100), "UTF-8");
 }
 
 TEST_F(LocalFilesTest, FollowsLinksButNeverRoundInCircles) {
     tree_.File("real/one/file");
     tree_.File("real/two/file");
-    tree_.Link("real/one/up", "..");
-    tree_.Link("real/one/across", "../two");
-    tree_.Link("real/two/across", "../one");
-    tree_.Link("real/to file", "one/file");
-    tree_.Link("real/nowhere", "missing");
-    tree_.Link("real/itself", "itself");
-    EXPECT_EQ(Entries(QStringLiteral("real")),
-              (QStringList{QStringLiteral("one 16"), QStringLiteral("to file 1056"),
-                           QStringLiteral("two 16")}));
-    EXPECT_EQ(Entries(QStringLiteral("real/one")),
-              (QStringList{QStringLiteral("across 1040"), QStringLiteral("file 32"),
-                           QStringLiteral("up 1040")}));
-    // Behind a link, another one is no folder.
-    EXPECT_EQ(Entries(QStringLiteral("real/one/across")),
-              (QStringList{QStringLiteral("across 1024"), QStringLiteral("file 32")}));
-    EXPECT_LT(CountFiles(tree_.Path(QStringLiteral("real"))), 20);
-    EXPECT_TRUE(files_.CanEnter(tree_.Path(QStringLiteral("real/one/across/across"))));
+    for (const auto& [link, target] : {std::pair("one/up", ".."),
+                                       {"one/across", "../two"},
+                                       {"two/across", "../one"},
+                                       {"to file", "one/file"},
+                                       {"nowhere", "missing"},
+                                       {"itself", "itself"}})
+        tree_.Link(QByteArray("real/") + link, target);
+    EXPECT_EQ(Entries("real"), "one 16|to file 1056|two 16");
+    EXPECT_EQ(Entries("real/one"), "across 1040|file 32|up 1040");
+    EXPECT_EQ(Entries("real/one/across"), "across 1024|file 32")
+        << "behind a link, another one is no folder";
+    EXPECT_LT(CountFiles(Path("real")), 20);
+    EXPECT_TRUE(files_.CanEnter(Path("real/one/across/across")));
 }
 
 TEST_F(LocalFilesTest, TellsWhatAFileIs) {
@@ -151,69 +147,58 @@ TEST_F(LocalFilesTest, TellsWhatAFileIs) {
     const timespec times[2] = {{0, UTIME_OMIT}, {std::numeric_limits<qint32>::min(), 0}};
     ::utimensat(AT_FDCWD, tree_.Bytes("ancient").constData(), times, 0);
 
-    EXPECT_EQ(files_.Attributes(tree_.Path(QStringLiteral("plain.txt"))), FileAttribute::Archive);
-    EXPECT_EQ(files_.Attributes(tree_.Path(QStringLiteral(".read only"))),
+    EXPECT_EQ(files_.Attributes(Path("plain.txt")), FileAttribute::Archive);
+    EXPECT_EQ(files_.Attributes(Path(".read only")),
               FileAttribute::ReadOnly | FileAttribute::Hidden | FileAttribute::Archive);
-    EXPECT_EQ(files_.Length(tree_.Path(QStringLiteral("huge"))), 3'000'000'000);
-    EXPECT_EQ(files_.Modified(tree_.Path(QStringLiteral("ancient"))).toUTC().date().year(), 1901);
-    const QDateTime now = QDateTime::currentDateTime();
-    EXPECT_LT(files_.Modified(tree_.Path(QStringLiteral("plain.txt"))).secsTo(now), 60);
+    EXPECT_EQ(files_.Length(Path("huge")), 3'000'000'000);
+    EXPECT_EQ(files_.Modified(Path("ancient")).toUTC().date().year(), 1901);
+    EXPECT_LT(files_.Modified(Path("plain.txt")).secsTo(QDateTime::currentDateTime()), 60);
 }
 
 TEST_F(LocalFilesTest, ReadsPieces) {
     tree_.File("digits", "0123456789");
     ASSERT_EQ(::mkfifo(tree_.Bytes("pipe").constData(), 0600), 0);
-    struct Case {
+    constexpr qint64 most = std::numeric_limits<qint64>::max();
+    const struct {
         qint64 offset;
         qint64 length;
         const char* expected;
-    };
-    constexpr qint64 most = std::numeric_limits<qint64>::max();
-    for (const Case& test : {Case{0, 3, "012"}, Case{8, 5, "89"}, Case{10, 1, ""},
-                             Case{most, 1, ""}, Case{0, most, "0123456789"}, Case{0, -1, ""}})
-        EXPECT_EQ(files_.Read(tree_.Path(QStringLiteral("digits")), test.offset, test.length),
-                  test.expected)
-            << test.offset << " " << test.length;
-    ExpectRaised(
-        ErrorNumber::PermissionDenied,
-        [&] { return files_.Read(tree_.Path(QStringLiteral("pipe")), 0, 1); },
-        QStringLiteral("a pipe isn't opened, which would wait for its other end"));
+    } cases[] = {{0, 3, "012"},           {8, 5, "89"}, {10, 1, ""}, {most, 1, ""},
+                 {0, most, "0123456789"}, {0, -1, ""}};
+    for (const auto& [offset, length, expected] : cases)
+        EXPECT_EQ(files_.Read(Path("digits"), offset, length), expected) << offset;
+    // A pipe isn't opened, which would wait for its other end.
+    ExpectRaised(ErrorNumber::PermissionDenied, [&] { return files_.Read(Path("pipe"), 0, 1); });
 }
 
 TEST_F(LocalFilesTest, SaysWhyAFileCantBeReached) {
     tree_.File("file");
-    const auto expect = [&](ErrorNumber number, const QString& path) {
-        ExpectRaised(
-            number, [&] { return files_.Length(path); }, path);
-        ExpectRaised(
-            number, [&] { return files_.Read(path, 0, 1); }, path);
-        EXPECT_FALSE(files_.CanEnter(path));
-        EXPECT_FALSE(files_.LocalPath(path));
-    };
-    expect(ErrorNumber::FileNotFound, tree_.Path(QStringLiteral("missing")));
-    expect(ErrorNumber::PathNotFound, tree_.Path(QStringLiteral("missing/file")));
-    expect(ErrorNumber::PathNotFound, tree_.Path(QStringLiteral("file/file")));
-    expect(ErrorNumber::PathNotFound, tree_.Path(QString(1, QChar(0xD800))));
-    expect(ErrorNumber::PathNotFound,
-           tree_.Path(QStringLiteral("file") + QChar(u'\0') + QStringLiteral("tail")));
-    EXPECT_FALSE(files_.CanEnter(tree_.Path(QStringLiteral("file"))));
-}
-
-TEST_F(LocalFilesTest, StopsAtClosedFolders) {
     tree_.File("closed/file");
-    const QString closed = tree_.Path(QStringLiteral("closed"));
     ::chmod(tree_.Bytes("closed").constData(), 0000);
     const uid_t user = geteuid();
     if (user == 0) { // nothing is closed to root
+        ::chmod(tree_.Bytes("").constData(), 0755);
         ASSERT_EQ(::seteuid(65534), 0);
     }
-    EXPECT_FALSE(files_.CanEnter(closed));
-    EXPECT_EQ(Entries(QStringLiteral("closed")), QStringList(QStringLiteral("not listed")));
-    const QString file = closed + QLatin1String("/file");
-    ExpectRaised(
-        ErrorNumber::PermissionDenied, [&] { return files_.Length(file); }, file);
-    ExpectRaised(
-        ErrorNumber::PermissionDenied, [&] { return files_.Read(file, 0, 1); }, file);
+    const std::pair<QString, ErrorNumber> cases[] = {
+        {Text("missing"), ErrorNumber::FileNotFound},
+        {Text("missing/file"), ErrorNumber::PathNotFound},
+        {Text("file/file"), ErrorNumber::PathNotFound},
+        {QString(1, QChar(0xD800)), ErrorNumber::PathNotFound},
+        {Text("file") + QChar(u'\0') + Text("tail"), ErrorNumber::PathNotFound},
+        {Text("closed/file"), ErrorNumber::PermissionDenied},
+    };
+    for (const auto& [name, number] : cases) {
+        SCOPED_TRACE(name.toStdString());
+        const QString path = tree_.Path(name);
+        ExpectRaised(number, [&] { return files_.Length(path); });
+        ExpectRaised(number, [&] { return files_.Read(path, 0, 1); });
+        EXPECT_FALSE(files_.CanEnter(path));
+        EXPECT_FALSE(files_.LocalPath(path));
+    }
+    EXPECT_FALSE(files_.CanEnter(Path("file")));
+    EXPECT_FALSE(files_.CanEnter(Path("closed")));
+    EXPECT_EQ(Entries("closed"), "not listed");
     ASSERT_EQ(::seteuid(user), 0);
     ::chmod(tree_.Bytes("closed").constData(), 0700);
 }
@@ -223,12 +208,12 @@ TEST_F(LocalFilesTest, IgnoresCaseOnlyWhereAsked) {
     tree_.File("Music/both", "lower");
     tree_.File("Music/BOTH", "upper");
     LocalFiles ignoring(LocalFiles::NameCase::Ignored);
-    const QString typed = tree_.Path(QStringLiteral("MUSIC/CAFÉ/song.mp3"));
+    const QString typed = Path("MUSIC/CAFÉ/song.mp3");
     EXPECT_EQ(ignoring.Read(typed, 0, 10), "upper");
-    EXPECT_EQ(ignoring.LocalPath(typed), tree_.Path(QStringLiteral("Music/Café/SONG.MP3")));
-    EXPECT_EQ(ignoring.Read(tree_.Path(QStringLiteral("music/both")), 0, 10), "lower");
-    EXPECT_EQ(ignoring.Read(tree_.Path(QStringLiteral("music/BOTH")), 0, 10), "upper");
-    EXPECT_TRUE(ignoring.CanEnter(tree_.Path(QStringLiteral("music/café/"))));
+    EXPECT_EQ(ignoring.LocalPath(typed), Path("Music/Café/SONG.MP3"));
+    EXPECT_EQ(ignoring.Read(Path("music/both"), 0, 10), "lower");
+    EXPECT_EQ(ignoring.Read(Path("music/BOTH"), 0, 10), "upper");
+    EXPECT_TRUE(ignoring.CanEnter(Path("music/café/")));
     EXPECT_FALSE(files_.LocalPath(typed));
 }
 

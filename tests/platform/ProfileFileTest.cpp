@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <functional>
@@ -21,15 +20,23 @@ constexpr uid_t Nobody = 65534;
 
 class ProfileFileTest : public testing::Test {
 protected:
-    [[nodiscard]] QString Path() const { return tree.Path(Text("a.ini")); }
+    [[nodiscard]] QString Path(const char* below = "a.ini") const { return tree.Path(Text(below)); }
 
-    [[nodiscard]] QByteArray Content() const {
-        QFile file(Path());
+    [[nodiscard]] QByteArray Content(const char* below = "a.ini") const {
+        QFile file(Path(below));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
     }
 
     [[nodiscard]] QString Read(const char* section, const char* key) const {
         return ProfileFile(Path()).ReadIni(Text(section), Text(key), Text("(default)"));
+    }
+
+    [[nodiscard]] bool Write(const char* below, const QString& value = Text("2")) const {
+        return ProfileFile(Path(below)).WriteIni(Text("A"), Text("k"), value);
+    }
+
+    void Permit(const char* below, int permissions) const {
+        QFile::setPermissions(Path(below), QFile::Permissions(permissions));
     }
 
     TempTree tree;
@@ -63,12 +70,8 @@ TEST_F(ProfileFileTest, Reads) {
         {"[A]\nk=\n", "A", "k", QString()},
         {"[A]\nk\n", "A", "k", Text("(default)")},
         {"k=1\n[A]\n", "", "k", Text("(default)")},
-        {"[A]\nk= ' v ' \nk=w", "A", "k", Text(" v ")},
-        {"[A]\nk=\"v'\n", "A", "k", Text("\"v'")},
         {"[A]\nk=\xC2\xA0v\xC2\xA0\n", "A", "k", Text("\u00A0v\u00A0")},
-        {"[A]\nk=\xE4\n", "A", "k", Text("ä")},
         {"\xEF\xBB\xBF[A]\nk=1\n", "A", "k", Text("1")},
-        {"[A]\n;k=1\n", "A", ";k", Text("(default)")},
         {"[A]\nk=" + longest.toUtf8() + "yz\n", "A", "k", longest},
         {"[A]\nk=" + longest.chopped(1).toUtf8() + "\xF0\x9D\x84\x9E\n", "A", "k",
          longest.chopped(1)},
@@ -135,71 +138,60 @@ TEST_F(ProfileFileTest, ABatchReplacesTheFileOnceAtItsEnd) {
 }
 
 TEST_F(ProfileFileTest, KeepsWhatItCannotReadOrReplace) {
-    const auto write = [](const QString& path) {
-        return ProfileFile(path).WriteIni(Text("A"), Text("k"), Text("2"));
-    };
     tree.Folder("a.ini");
     EXPECT_EQ(Read("A", "k"), Text("(default)"));
-    EXPECT_FALSE(write(Path())) << "a folder";
-    EXPECT_FALSE(write(tree.Path(Text("missing/a.ini"))));
+    EXPECT_FALSE(Write("a.ini")) << "a folder";
+    EXPECT_FALSE(Write("missing/a.ini"));
 
     const QByteArray huge = "[A]\nk=1\n" + QByteArray(ProfileFile::MaxBytes, '\n');
     tree.File("huge.ini", huge);
-    EXPECT_FALSE(write(tree.Path(Text("huge.ini"))));
-    EXPECT_EQ(QFileInfo(tree.Path(Text("huge.ini"))).size(), huge.size());
+    EXPECT_FALSE(Write("huge.ini"));
+    EXPECT_EQ(Content("huge.ini"), huge);
 
     tree.File("real/a.ini", "[A]\nk=1\n");
-    tree.Link("link.ini", "real/a.ini");
-    tree.Link("new.ini", "real/b.ini");
-    for (const char* link : {"link.ini", "new.ini"}) {
-        EXPECT_TRUE(write(tree.Path(Text(link))));
-        EXPECT_TRUE(QFileInfo(tree.Path(Text(link))).isSymLink());
-        EXPECT_EQ(ProfileFile(tree.Path(Text(link))).ReadIni(Text("A"), Text("k"), QString()),
-                  Text("2"));
+    for (const auto& [link, target] :
+         {std::pair("link.ini", "real/a.ini"), {"new.ini", "real/b.ini"}}) {
+        tree.Link(link, target);
+        EXPECT_TRUE(Write(link));
+        EXPECT_TRUE(QFileInfo(Path(link)).isSymLink());
+        EXPECT_EQ(Content(target), "[A]\r\nk=2\r\n");
     }
-    EXPECT_EQ(QDir(tree.Path(Text("real"))).entryList(QDir::Files),
-              (QStringList{Text("a.ini"), Text("b.ini")}));
+    EXPECT_EQ(QDir(Path("real")).entryList(QDir::Files).size(), 2);
 }
 
 TEST_F(ProfileFileTest, KeepsTheOldFileWhereNothingCanBeWritten) {
     const QByteArray before = "[A]\r\nk=1\r\n";
-    tree.File("full/a.ini", before);
-    tree.File("closed/a.ini", before);
-    tree.File("secret/a.ini", before);
-    const auto path = [this](const char* below) { return tree.Path(Text(below)); };
-    const auto write = [](const QString& to) {
-        return ProfileFile(to).WriteIni(Text("A"), Text("k"), QString(5000, u'x'));
-    };
+    const QString longer(5000, u'x');
+    for (const char* file : {"full/a.ini", "closed/a.ini", "secret/a.ini"})
+        tree.File(file, before);
     EXPECT_FALSE(InChild([&] {
         // The system's answer to a disk without room, but for the number.
         signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{.rlim_cur = 100, .rlim_max = 100};
-        return setrlimit(RLIMIT_FSIZE, &limit) != 0 || write(path("full/a.ini"));
+        return setrlimit(RLIMIT_FSIZE, &limit) != 0 || Write("full/a.ini", longer);
     }));
 
-    QFile::setPermissions(tree.Path(), QFile::Permissions(0x5555));
-    QFile::setPermissions(path("closed"), QFile::Permissions(0x5555));
-    QFile::setPermissions(path("full"), QFile::Permissions(0x7777));
-    QFile::setPermissions(path("full/a.ini"), QFile::Permissions(0x4444));
-    QFile::setPermissions(path("secret"), QFile::Permissions(0x7777));
-    QFile::setPermissions(path("secret/a.ini"), {});
+    Permit("", 0x5555);
+    Permit("closed", 0x5555);
+    Permit("full", 0x7777);
+    Permit("full/a.ini", 0x4444);
+    Permit("secret", 0x7777);
+    Permit("secret/a.ini", 0);
     EXPECT_FALSE(InChild([&] {
         // Root may write anywhere.
         if (getuid() == 0 && setuid(Nobody) != 0)
             return true;
-        return std::ranges::any_of(
-            std::initializer_list<const char*>{"closed/a.ini", "full/a.ini", "secret/a.ini"},
-            [&](const char* file) { return write(path(file)); });
+        return Write("closed/a.ini", longer) || Write("full/a.ini", longer) ||
+               Write("secret/a.ini", longer);
     }));
-    QFile::setPermissions(path("secret/a.ini"), QFile::Permissions(0x4444));
-    for (const char* folder : {"full", "closed", "secret"}) {
-        QFile::setPermissions(path(folder), QFile::Permissions(0x7777));
-        EXPECT_EQ(QDir(path(folder)).entryList(QDir::Files | QDir::Hidden).size(), 1) << folder;
-        QFile file(path(folder) + Text("/a.ini"));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_EQ(file.readAll(), before) << folder;
+    Permit("secret/a.ini", 0x4444);
+    Permit("closed", 0x7777);
+    for (const char* file : {"full/a.ini", "closed/a.ini", "secret/a.ini"}) {
+        EXPECT_EQ(Content(file), before) << file;
+        const QDir folder = QFileInfo(Path(file)).dir();
+        EXPECT_EQ(folder.entryList(QDir::Files | QDir::Hidden).size(), 1) << file;
     }
-    QFile::setPermissions(tree.Path(), QFile::Permissions(0x7777));
+    Permit("", 0x7777);
 }
 
 /// Writes generation after generation of sixty keys.

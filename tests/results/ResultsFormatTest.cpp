@@ -91,12 +91,11 @@ TEST_F(ResultsReaderTest, ReadsLinesOfAnyLength) {
 
 TEST_F(ResultsReaderTest, TakesNothingElseForAResultsFile) {
     EXPECT_FALSE(Read(path)) << "missing";
-    Write("");
-    EXPECT_FALSE(Read(path)) << "empty";
-    Write("\r\n" + header);
-    EXPECT_FALSE(Read(path)) << "second line";
-    Write(header.toLower());
-    EXPECT_FALSE(Read(path)) << "case";
+    for (const QByteArray& content :
+         {QByteArray(), QByteArray("\r\n" + header), header.toLower()}) {
+        Write(content);
+        EXPECT_FALSE(Read(path)) << content.constData();
+    }
     EXPECT_FALSE(Read(folder.path())) << "folder";
     EXPECT_FALSE(Read(Text("/dev/zero"))) << "device";
 }

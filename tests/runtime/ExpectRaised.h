@@ -8,7 +8,7 @@ namespace netrove {
 
 /// Expects that `operation` raises the run-time failure `expected`.
 template <typename Operation>
-void ExpectRaised(ErrorNumber expected, Operation operation, const QString& of) {
+void ExpectRaised(ErrorNumber expected, Operation operation, const QString& of = {}) {
     try {
         operation();
         ADD_FAILURE() << "nothing raised: " << of.toStdString();

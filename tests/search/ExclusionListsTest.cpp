@@ -1,7 +1,7 @@
 #include "search/ExclusionLists.h"
 
 #include "fakes/Text.h"
-#include "runtime/RunTimeError.h"
+#include "runtime/ExpectRaised.h"
 
 #include <gtest/gtest.h>
 
@@ -49,12 +49,8 @@ TEST(ExclusionLists, BrokenEntriesFail) {
         Settings settings;
         settings.ExcNetNodes = {Text(entry)};
         ExclusionLists lists;
-        try {
-            lists.ParseNetNodes(settings);
-            ADD_FAILURE() << entry;
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.Number(), static_cast<int>(number)) << entry;
-        }
+        ExpectRaised(
+            number, [&] { lists.ParseNetNodes(settings); }, Text(entry));
     }
 }
 

@@ -1,6 +1,11 @@
+#include "fakes/DesktopFakes.h"
 #include "fakes/MemoryNetwork.h"
+#include "fakes/OneFile.h"
 #include "fakes/Text.h"
+#include "mainwindow/services/CompactPath.h"
+#include "mainwindow/services/FileDetails.h"
 #include "mainwindow/services/NetworkNodes.h"
+#include "mainwindow/services/Paths.h"
 #include "mainwindow/services/ShellServices.h"
 #include "mainwindow/services/WinVer.h"
 #include "runtime/RunTimeError.h"
@@ -10,63 +15,47 @@
 namespace netrove {
 namespace {
 
-class TestShell : public Shell {
+/// Keeps the verbs too, and lets a program be chosen.
+class VerbShell : public RecordedShell {
 public:
-    int code = Success;
     bool chosen = false;
-    QString executed;
     ShellVerb verb = ShellVerb::Default;
 
     int Execute(const QString& file, ShellVerb with) override {
-        executed = file;
         verb = with;
-        return code;
+        return RecordedShell::Execute(file, with);
     }
     bool OpenWith(const QString& /*file*/) override { return chosen; }
-    std::optional<QUrl> Address(const QString& /*file*/) override { return std::nullopt; }
 };
 
-class TestDialogs : public Dialogs {
-public:
-    QStringList boxes;
-
+/// Marks errors by a "!".
+class MarkedDialogs : public RecordedDialogs {
     MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
-                          MessageButtons /*buttons*/) override {
-        boxes.append((icon == MessageIcon::Critical ? Text("!") : Text("?")) + title + Text("|") +
-                     text);
-        return MessageAnswer::Ok;
-    }
-    QString InputBox(const QString& /*prompt*/, const QString& /*title*/) override {
-        return QString();
-    }
-    std::optional<QString> OpenFile(const FileDialogSetup& /*setup*/) override {
-        return std::nullopt;
-    }
-    std::optional<QString> SaveFile(const FileDialogSetup& /*setup*/) override {
-        return std::nullopt;
-    }
-    std::optional<QString> ChooseFolder(const QString& /*title*/, bool /*network*/) override {
-        return std::nullopt;
-    }
-    std::optional<QString> ChooseComputer(const QString& /*title*/) override {
-        return std::nullopt;
-    }
-    std::optional<ChosenFont> ChooseFont(const ChosenFont& /*font*/) override {
-        return std::nullopt;
+                          MessageButtons buttons) override {
+        const bool isError = icon == MessageIcon::Critical;
+        return RecordedDialogs::Message(icon, text, isError ? u'!' + title : title, buttons);
     }
 };
 
-TEST(ShellServices, RunsAndTellsFailures) {
-    TestShell shell;
-    TestDialogs dialogs;
-    ShellServices services(shell, dialogs);
+class ShellTest : public testing::Test {
+protected:
+    VerbShell shell;
+    MarkedDialogs dialogs;
+    ShellServices services{shell, dialogs};
+};
+
+TEST_F(ShellTest, RunsAndTellsFailures) {
     EXPECT_EQ(services.ShellRun(Text("file"), Text("open")), -1);
     EXPECT_EQ(shell.verb, ShellVerb::Default) << "an unknown verb";
-    shell.code = 33;
+    shell.Result = 33;
     EXPECT_EQ(services.ShellRun(Text("file"), Text("Explore")), -1);
     EXPECT_EQ(shell.verb, ShellVerb::Explore);
-    EXPECT_TRUE(dialogs.boxes.isEmpty());
+    shell.Result = Shell::NoAssociation;
+    shell.chosen = true;
+    EXPECT_EQ(services.ShellRun(Text("file")), -1);
+    EXPECT_TRUE(dialogs.Shown.isEmpty());
 
+    shell.chosen = false;
     const struct {
         int code;
         int result;
@@ -78,31 +67,21 @@ TEST(ShellServices, RunsAndTellsFailures) {
                  {31, 0, ""}, // and nothing was chosen
                  {32, 32, ""}};
     for (const auto& [code, result, message] : cases) {
-        shell.code = code;
-        dialogs.boxes.clear();
+        shell.Result = code;
         EXPECT_EQ(services.ShellRun(Text("file")), result);
-        EXPECT_EQ(dialogs.boxes,
-                  QStringList{Text("!Shell execute failed...|file\r\n") + Text(message)});
+        EXPECT_EQ(dialogs.Shown.last(), Text("!Shell execute failed...: file\r\n") + Text(message));
     }
-    shell.code = 31;
-    shell.chosen = true;
-    dialogs.boxes.clear();
-    EXPECT_EQ(services.ShellRun(Text("file")), -1);
-    EXPECT_TRUE(dialogs.boxes.isEmpty());
 }
 
-TEST(ShellServices, OpensFoldersAndMail) {
-    TestShell shell;
-    TestDialogs dialogs;
-    ShellServices services(shell, dialogs);
-    shell.code = 5;
-    EXPECT_EQ(services.OpenFolder(Text("\\\\S\\D\\"), Text("explore")), 5);
+TEST_F(ShellTest, OpensFoldersAndMail) {
+    shell.Result = Shell::AccessDenied;
+    EXPECT_EQ(services.OpenFolder(Text("\\\\S\\D\\"), Text("explore")), Shell::AccessDenied);
     EXPECT_EQ(shell.verb, ShellVerb::Open);
-    EXPECT_TRUE(dialogs.boxes.isEmpty()) << "the callers tell it";
+    EXPECT_TRUE(dialogs.Shown.isEmpty()) << "the callers tell it";
     services.OpenMailLink(Text("a@example.org"));
-    EXPECT_EQ(shell.executed, Text("mailto:a@example.org"));
-    EXPECT_EQ(dialogs.boxes,
-              QStringList{Text("?Mail Program Not Found...|Could not open your mail program!")});
+    EXPECT_EQ(shell.Opened.last(), Text("mailto:a@example.org"));
+    EXPECT_EQ(dialogs.Shown,
+              QStringList{Text("Mail Program Not Found...: Could not open your mail program!")});
 }
 
 TEST(NetworkNodes, FoundByAPathOfNames) {
@@ -126,29 +105,138 @@ TEST(NetworkNodes, FoundByAPathOfNames) {
     EXPECT_EQ(name("Net|"), Text("nothing"));
 }
 
-class TestSystem : public SystemInformation {
+class NamedSystem : public TestSystem {
 public:
     QString user;
     QString computer;
-    QString OSName() const override { return Text("An OS"); }
     QString OSVersion() const override { return QString(); }
     QString UserName() const override { return user; }
     QString ComputerName() const override { return computer; }
 };
 
 TEST(WinVer, AnswersOfTheSystem) {
-    TestSystem system;
+    NamedSystem system;
     EXPECT_EQ(ComputerUNCName(system), Text("\\\\"));
     system.computer = Text(" media ");
     EXPECT_EQ(ComputerUNCName(system), Text("\\\\MEDIA"));
-    system.user = QString(24, u'x');
-    EXPECT_EQ(GetUserNameText(system), system.user);
-    system.user += u'x';
-    EXPECT_EQ(GetUserNameText(system), QString());
-    const OSInfo info = GetOSInfo(system);
-    EXPECT_EQ(info.Name, Text("An OS"));
-    EXPECT_EQ(info.Version, Text("0.0.0"));
-    EXPECT_TRUE(info.IsNT && !info.IsXP);
+    for (const qsizetype length : {24, 25}) {
+        system.user = QString(length, u'x');
+        EXPECT_EQ(GetUserNameText(system), length == 24 ? system.user : QString());
+    }
+    EXPECT_EQ(GetOSInfo(system).Version, Text("0.0.0"));
+}
+
+TEST(Paths, Extensions) {
+    const struct {
+        const char* path;
+        const char* extension;
+    } cases[] = {{"\\\\S\\D\\song.mp3", "MP3"},     {"a.tar.gz", "GZ"},
+                 {"\\\\S\\D.OLD\\readme", ""},      {"\\\\S\\D\\ends in.", ""},
+                 {"\\\\S\\D\\.profile", "PROFILE"}, {"plain", ""}};
+    for (const auto& [path, extension] : cases)
+        EXPECT_EQ(FileExtension(Text(path)), Text(extension)) << path;
+}
+
+TEST(Paths, SuffixesAndNames) {
+    EXPECT_EQ(EnsureSuffix(QString(), Text("\\")), Text("\\"));
+    EXPECT_EQ(EnsureSuffix(Text("A\\"), Text("\\")), Text("A\\"));
+    EXPECT_EQ(EnsureSuffix(Text("a.NRR"), Text(".nrr")), Text("a.NRR.nrr")) << "case counts";
+    for (const char* name : {"\\\\MEDIA", "a/b", "a:", "*", "?", "\"", "<", ">", "|"})
+        EXPECT_TRUE(HasIllegalNameChars(Text(name))) << name;
+    for (const char* name : {"", "MEDIA-1", "My net & more"})
+        EXPECT_FALSE(HasIllegalNameChars(Text(name))) << name;
+}
+
+/// Columns of a terminal: one a unit.
+int Columns(const QString& text) {
+    return static_cast<int>(text.size());
+}
+
+TEST(Paths, CompactedToAWidth) {
+    const struct {
+        const char* path;
+        int width;
+        const char* compact;
+    } cases[] = {
+        {"\\\\SERVER\\SHARE\\OLD\\FILE", 23, "\\\\SERVER\\SHARE\\OLD\\FILE"},
+        {"\\\\SERVER\\SHARE\\OLDER\\FILE", 23, "\\\\SERVER\\SHARE\\...\\FILE"},
+        {"\\\\SERVER\\SHARE\\OLDER\\FILE", 12, "\\\\SE...\\FILE"},
+        {"\\\\SERVER\\SHARE\\OLDER\\FILE", 8, "...\\FILE"},
+        {"\\\\SERVER\\SHARE\\OLDER\\FILE", 7, "FILE..."},
+        {"\\\\SERVER\\SHARE\\OLDER\\FILE", 5, "FI..."},
+        {"\\\\SERVER\\SHARE\\FOLDER\\", 19, "\\\\SERVER...\\FOLDER\\"},
+        {"Microsoft Windows Network", 12, "Microsoft..."},
+        {"\\\\SERVER", 6, "SER..."},
+        {"plain", 2, ".."},
+        {"plain", 0, ""},
+        {"", 0, ""},
+    };
+    for (const auto& [path, width, compact] : cases)
+        EXPECT_EQ(CompactPath(Text(path), width, Columns), Text(compact)) << path << ' ' << width;
+
+    const QString notes = Text("\\\\S\\🎵🎵🎵🎵\\🎵🎵🎵🎵🎵🎵");
+    for (int width = 0; width <= Columns(notes); ++width) {
+        const QString compact = CompactPath(notes, width, Columns);
+        EXPECT_LE(Columns(compact), width);
+        EXPECT_TRUE(compact.isValidUtf16()) << "half a character at " << width;
+    }
+}
+
+TEST(FileDetails, TextsOfAFile) {
+    OneFile file;
+    file.length = 1'500'000;
+    file.attributes = 1 | 2 | 4 | 16 | 32 | 0x800;
+    const FileDetails details(Text("\\\\S\\D\\OLD\\a.b.TXT"), file, Settings());
+    EXPECT_EQ(details.Folder, Text("\\\\S\\D\\OLD\\"));
+    EXPECT_EQ(details.FileName, Text("a.b.TXT"));
+    EXPECT_EQ(details.DateText, Text("02/03/20"));
+    EXPECT_EQ(details.DateKey, Text("20200203040506"));
+    EXPECT_EQ(details.SizeText, Text("1.4305"));
+    EXPECT_EQ(details.SizeKey, Text("0001.4305000000"));
+    EXPECT_EQ(details.AttrText, Text("RHSA"));
+
+    const FileDetails bare(Text("README"), file, Settings());
+    EXPECT_EQ(bare.Folder, Text("\\"));
+    EXPECT_TRUE(bare.FileName.isEmpty());
+
+    const FileDetails gone(Text("\\\\S\\D\\gone"), file, Settings());
+    EXPECT_TRUE(gone.Folder.isEmpty() && gone.FileName.isEmpty() && gone.DateText.isEmpty() &&
+                gone.DateKey.isEmpty() && gone.AttrText.isEmpty());
+    EXPECT_EQ(gone.SizeText, Text("0"));
+    EXPECT_EQ(gone.SizeKey, Text("0"));
+}
+
+TEST(FileDetails, SizesByTheSettings) {
+    const struct {
+        qint64 bytes;
+        qint16 format;
+        qint16 decimals;
+        const char* text;
+        const char* key;
+    } cases[] = {
+        {0, 1, 2, "0.00", "0000.0000000000"},
+        {1'500'000, 1, 0, "1", "0001.0000000000"},
+        {1'500'000, 7, 0, "1", "0001.0000000000"}, // any other format is megabytes
+        {1, 2, 4, "0.0010", "0000000.0010000000"},
+        {1536, 2, 0, "2", "0000002.0000000000"},
+        {1536, 2, 10, "1.5000000000", "0000001.5000000000"},
+        {1'500'000, 3, 4, "1500000", "0001500000"},
+        {5'000'000'000, 3, 4, "5000000000", "5000000000"}, // beyond 32 bits
+        {5'000'000'000, 1, 4, "4768.3716", "4768.3716000000"},
+        // Longer than the key is wide: the letter sorts them behind all that fit.
+        {12'884'901'888, 1, 2, "12288.00", "A12288.0000000000"},
+        {20'000'000'000, 3, 0, "20000000000", "A20000000000"},
+    };
+    OneFile file;
+    Settings settings;
+    for (const auto& [bytes, format, decimals, text, key] : cases) {
+        file.length = bytes;
+        settings.SizeFormat = format;
+        settings.SizeNumDec = decimals;
+        const FileDetails details(Text("\\\\S\\D\\f"), file, settings);
+        EXPECT_EQ(details.SizeText, Text(text));
+        EXPECT_EQ(details.SizeKey, Text(key));
+    }
 }
 
 } // namespace

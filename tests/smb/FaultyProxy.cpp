@@ -3,43 +3,14 @@
 #include <algorithm>
 #include <array>
 
-#include <arpa/inet.h>
 #include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace netrove {
-namespace {
-
-sockaddr_in Loopback(quint16 port) {
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return address;
-}
-
-} // namespace
-
-FaultyProxy::FaultyProxy(quint16 server) : serverPort_(server) {
-    listener_ = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address = Loopback(0);
-    socklen_t size = sizeof address;
-    auto* generic = reinterpret_cast<sockaddr*>(&address);
-    if (bind(listener_, generic, size) == 0 && listen(listener_, 16) == 0 &&
-        getsockname(listener_, generic, &size) == 0)
-        port_ = ntohs(address.sin_port);
-    thread_ = std::thread([this] { Run(); });
-}
+FaultyProxy::FaultyProxy(quint16 server) : serverPort_(server), thread_([this] { Run(); }) {}
 
 FaultyProxy::~FaultyProxy() {
     ending_ = true;
     thread_.join();
-    for (const Pair& pair : pairs_) {
-        close(pair.client);
-        close(pair.server);
-    }
-    close(listener_);
 }
 
 void FaultyProxy::SetLimit(qint64 bytes, Fault fault) {
@@ -62,39 +33,24 @@ bool FaultyProxy::LimitReached() const {
 
 void FaultyProxy::Run() {
     while (!ending_) {
-        std::vector<pollfd> waiting{{.fd = listener_, .events = POLLIN, .revents = 0}};
+        std::vector<pollfd> waiting{{.fd = listener_.Descriptor(), .events = POLLIN, .revents = 0}};
         for (const Pair& pair : pairs_) {
-            waiting.push_back({.fd = pair.client, .events = POLLIN, .revents = 0});
-            waiting.push_back({.fd = pair.server, .events = POLLIN, .revents = 0});
+            waiting.push_back({.fd = pair.client.Number(), .events = POLLIN, .revents = 0});
+            waiting.push_back({.fd = pair.server.Number(), .events = POLLIN, .revents = 0});
         }
-        if (poll(waiting.data(), waiting.size(), NextDue()) < 0)
+        if (poll(waiting.data(), waiting.size(), 1) < 0)
             return;
         std::vector<Pair> kept;
         for (std::size_t at = 0; at < pairs_.size(); ++at) {
             Pair& pair = pairs_[at];
-            if (Serve(pair, waiting[1 + 2 * at].revents, waiting[2 + 2 * at].revents)) {
+            if (Serve(pair, waiting[1 + 2 * at].revents, waiting[2 + 2 * at].revents))
                 kept.push_back(std::move(pair));
-                continue;
-            }
-            close(pair.client);
-            close(pair.server);
-            --open_;
         }
         pairs_ = std::move(kept);
+        open_ = static_cast<int>(pairs_.size());
         if (waiting[0].revents != 0)
             Accept();
     }
-}
-
-/// Milliseconds until something is to be passed on or looked at.
-int FaultyProxy::NextDue() const {
-    std::chrono::milliseconds next(10);
-    for (const Pair& pair : pairs_) {
-        if (!pair.held.empty())
-            next = std::min(next, std::chrono::ceil<std::chrono::milliseconds>(
-                                      pair.held.front().due - Clock::now()));
-    }
-    return std::max(static_cast<int>(next.count()), 0);
 }
 
 /// False where the connection is to be closed.
@@ -103,21 +59,19 @@ bool FaultyProxy::Serve(Pair& pair, short client, short server) {
         return false;
     if (client != 0) {
         std::array<char, 65536> buffer; // NOLINT: recv fills it
-        const ssize_t count = recv(pair.client, buffer.data(), buffer.size(), 0);
-        if (count <= 0 || send(pair.server, buffer.data(), static_cast<std::size_t>(count),
+        const ssize_t count = recv(pair.client.Number(), buffer.data(), buffer.size(), 0);
+        if (count <= 0 || send(pair.server.Number(), buffer.data(), static_cast<std::size_t>(count),
                                MSG_NOSIGNAL) != count)
             return false;
     }
-    if (server != 0)
-        Hold(pair);
+    if (server != 0) {
+        QByteArray bytes(4096, Qt::Uninitialized);
+        const auto size = static_cast<std::size_t>(bytes.size());
+        const ssize_t count = recv(pair.server.Number(), bytes.data(), size, MSG_DONTWAIT);
+        bytes.resize(std::max<ssize_t>(count, 0));
+        pair.held.push_back({bytes, Clock::now() + std::chrono::milliseconds(delay_)});
+    }
     return PassHeld(pair);
-}
-
-void FaultyProxy::Hold(Pair& pair) const {
-    QByteArray bytes(4096, Qt::Uninitialized);
-    bytes.resize(std::max<ssize_t>(
-        recv(pair.server, bytes.data(), static_cast<std::size_t>(bytes.size()), MSG_DONTWAIT), 0));
-    pair.held.push_back({bytes, Clock::now() + std::chrono::milliseconds(delay_)});
 }
 
 /// Passes on what is due; false at the end of the connection.
@@ -130,7 +84,7 @@ bool FaultyProxy::PassHeld(Pair& pair) {
         if (LimitReached())
             return fault_ == Fault::Silent;
         bytes_ += bytes.size();
-        if (send(pair.client, bytes.constData(), static_cast<std::size_t>(bytes.size()),
+        if (send(pair.client.Number(), bytes.constData(), static_cast<std::size_t>(bytes.size()),
                  MSG_NOSIGNAL) != bytes.size())
             return false;
     }
@@ -138,17 +92,12 @@ bool FaultyProxy::PassHeld(Pair& pair) {
 }
 
 void FaultyProxy::Accept() {
-    const int client = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
-    const int server = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    const sockaddr_in address = Loopback(serverPort_);
-    if (client < 0 ||
-        connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
-        close(client);
-        close(server);
+    UniqueDescriptor client(accept4(listener_.Descriptor(), nullptr, nullptr, SOCK_CLOEXEC));
+    UniqueDescriptor server = ConnectTo(serverPort_);
+    if (!client.IsOpen() || !server.IsOpen())
         return;
-    }
     ++connections_;
-    pairs_.push_back({.client = client, .server = server});
+    pairs_.push_back({.client = std::move(client), .server = std::move(server)});
     ++open_;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "smb/ListeningPort.h"
+
 #include <QByteArray>
 #include <QtGlobal>
 
@@ -21,7 +23,7 @@ public:
     FaultyProxy& operator=(const FaultyProxy&) = delete;
     ~FaultyProxy();
 
-    [[nodiscard]] quint16 Port() const { return port_; }
+    [[nodiscard]] quint16 Port() const { return listener_.Port(); }
 
     /// What the server says is held back for so long, all of it side by side.
     void Delay(std::chrono::milliseconds delay) { delay_ = delay.count(); }
@@ -46,23 +48,20 @@ private:
         Clock::time_point due;
     };
     struct Pair {
-        int client;
-        int server;
+        UniqueDescriptor client;
+        UniqueDescriptor server;
         std::deque<Held> held = {}; ///< what the server has said
     };
 
     void SetLimit(qint64 bytes, Fault fault);
     void Run();
     void Accept();
-    [[nodiscard]] int NextDue() const;
     [[nodiscard]] bool Serve(Pair& pair, short client, short server);
-    void Hold(Pair& pair) const;
     [[nodiscard]] bool PassHeld(Pair& pair);
     [[nodiscard]] bool LimitReached() const;
 
     quint16 serverPort_;
-    quint16 port_ = 0;
-    int listener_ = -1;
+    ListeningPort listener_;
     std::atomic<qint64> delay_ = 0;
     std::atomic<qint64> limit_ = 0;
     std::atomic<Fault> fault_ = Fault::None;

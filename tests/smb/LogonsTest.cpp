@@ -1,6 +1,7 @@
 #include "platform/network/Logons.h"
 
 #include "fakes/MemoryKeyring.h"
+#include "fakes/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +9,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 StoredLogon Stored(const char* computer, const char* user, const char* password,
                    bool isInKeyring = false) {

@@ -1,5 +1,7 @@
 #include "platform/network/RecentListings.h"
 
+#include "fakes/Text.h"
+
 #include <gtest/gtest.h>
 
 namespace netrove {
@@ -26,23 +28,22 @@ protected:
     bool Has(const QString& folder) { return recent_.Find(folder) != nullptr; }
 };
 
-const QString A = QStringLiteral("A");
-const QString B = QStringLiteral("B");
-const QString C = QStringLiteral("C");
+const QString A = Text("A");
+const QString B = Text("B");
+const QString C = Text("C");
 
 TEST_F(RecentListingsTest, EntriesAreFoundByTheirExactNames) {
-    Keep(A, {QStringLiteral("case"), QStringLiteral("CASE"), QStringLiteral("e\u0301"),
-             QStringLiteral("\u00e9")});
-    Keep(B, {QStringLiteral("case")});
-    EXPECT_EQ(recent_.FindEntry(A, QStringLiteral("CASE"))->length, 1);
-    EXPECT_EQ(recent_.FindEntry(A, QStringLiteral("\u00e9"))->length, 3);
-    EXPECT_EQ(recent_.FindEntry(B, QStringLiteral("case"))->length, 0);
-    EXPECT_FALSE(recent_.FindEntry(A, QStringLiteral("Case")));
-    EXPECT_FALSE(recent_.FindEntry(C, QStringLiteral("case")));
+    Keep(A, {Text("case"), Text("CASE"), Text("e\u0301"), Text("\u00e9")});
+    Keep(B, {Text("case")});
+    EXPECT_EQ(recent_.FindEntry(A, Text("CASE"))->length, 1);
+    EXPECT_EQ(recent_.FindEntry(A, Text("\u00e9"))->length, 3);
+    EXPECT_EQ(recent_.FindEntry(B, Text("case"))->length, 0);
+    EXPECT_FALSE(recent_.FindEntry(A, Text("Case")));
+    EXPECT_FALSE(recent_.FindEntry(C, Text("case")));
     // A new listing takes the place of the old one, its names too.
-    Keep(A, {QStringLiteral("new")});
-    EXPECT_FALSE(recent_.FindEntry(A, QStringLiteral("CASE")));
-    EXPECT_TRUE(recent_.FindEntry(A, QStringLiteral("new")));
+    Keep(A, {Text("new")});
+    EXPECT_FALSE(recent_.FindEntry(A, Text("CASE")));
+    EXPECT_TRUE(recent_.FindEntry(A, Text("new")));
 }
 
 TEST_F(RecentListingsTest, UseKeepsAListingButNotForever) {

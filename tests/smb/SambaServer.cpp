@@ -1,43 +1,25 @@
 #include "smb/SambaServer.h"
 
 #include "platform/network/SmbProbe.h"
+#include "smb/ListeningPort.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 
 #include <csignal>
 #include <filesystem>
 #include <system_error>
 
-#include <arpa/inet.h>
-#include <fcntl.h>
-#include <poll.h>
 #include <sys/prctl.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace netrove {
 namespace {
 
 constexpr char Smbd[] = "/usr/sbin/smbd";
-
-/// A port of 127.0.0.1 that nobody listens at; 0 if there is none.
-quint16 FreePort() {
-    const int handle = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* generic = reinterpret_cast<sockaddr*>(&address);
-    const bool bound = bind(handle, generic, size) == 0 && getsockname(handle, generic, &size) == 0;
-    close(handle);
-    return bound ? ntohs(address.sin_port) : quint16{0};
-}
 
 constexpr char Configuration[] = R"([global]
     workgroup = WORKGROUP
@@ -108,7 +90,15 @@ QString SambaServer::Helper() {
     return QStringLiteral(NETROVE_SMB);
 }
 
-SambaServer::SambaServer(const QString& options) : port_(FreePort()) {
+QString SambaServer::PrivateShare() {
+    return QStringLiteral("    log level = 0 auth_audit:3\n"
+                          "[PRIVATE]\n"
+                          "    path = %ROOT%/public\n"
+                          "    valid users = daemon games\n"
+                          "    guest ok = no\n");
+}
+
+SambaServer::SambaServer(const QString& options) : port_(ListeningPort().Port()) {
     folder_.setAutoRemove(false);
     // Guests must get through to the shares.
     chmod(QFile::encodeName(folder_.path()).constData(), 0755);
@@ -138,33 +128,25 @@ bool SambaServer::WriteConfiguration(const QString& options) {
 }
 
 bool SambaServer::Start() {
-    const QByteArray option = "--configfile=" + QFile::encodeName(StateFile("smb.conf"));
-    const int silence = open("/dev/null", O_RDWR | O_CLOEXEC);
-    process_ = fork();
-    if (process_ == 0) {
-        // A group of its own, so that what serves the connections can be ended with it; and it
-        // doesn't outlive a test that is killed.
+    // A group of its own, so that what serves the connections can be ended with it; and it doesn't
+    // outlive a test that is killed.
+    process_.setChildProcessModifier([] {
         setpgid(0, 0);
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        dup2(silence, STDIN_FILENO);
-        dup2(silence, STDOUT_FILENO);
-        execl(Smbd, Smbd, "--foreground", "--no-process-group", option.constData(), nullptr);
-        _exit(127);
-    }
-    close(silence);
-    return process_ > 0;
+    });
+    process_.setStandardInputFile(QProcess::nullDevice());
+    process_.setStandardOutputFile(QProcess::nullDevice());
+    process_.start(QString::fromLatin1(Smbd),
+                   {QStringLiteral("--foreground"), QStringLiteral("--no-process-group"),
+                    QLatin1String("--configfile=") + StateFile("smb.conf")});
+    return process_.waitForStarted();
 }
 
 bool SambaServer::WaitUntilItAnswers() {
     QDeadlineTimer limit(20000);
-    while (!limit.hasExpired()) {
-        if (waitpid(process_, nullptr, WNOHANG) != 0) {
-            process_ = -1;
-            return false;
-        }
+    while (!limit.hasExpired() && !process_.waitForFinished(20)) {
         if (SmbProbe(SmbLimits()).Run({QStringLiteral("127.0.0.1")}, port_) == 0)
             return true;
-        poll(nullptr, 0, 20);
     }
     return false;
 }
@@ -185,11 +167,10 @@ QByteArray SambaServer::Log() const {
 }
 
 void SambaServer::Stop() {
-    if (process_ <= 0)
+    if (!IsRunning())
         return;
-    kill(-process_, SIGKILL);
-    waitpid(process_, nullptr, 0);
-    process_ = -1;
+    kill(-static_cast<pid_t>(process_.processId()), SIGKILL);
+    process_.waitForFinished();
     // The server has started one more, in a session of its own, if it was asked for its shares.
     QFile file(StateFile("samba-dcerpcd.pid"));
     if (!file.open(QIODevice::ReadOnly))

@@ -2,12 +2,11 @@
 
 #include "platform/network/SmbHost.h"
 
+#include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
 
 #include <memory>
-
-#include <sys/types.h>
 
 namespace netrove {
 
@@ -26,6 +25,10 @@ public:
     /// needs to be to take on its guests' identity.
     [[nodiscard]] static bool IsAvailable();
 
+    /// Options for a share PRIVATE, which the accounts "daemon" and "games" are let into; the log
+    /// has a line for each time that somebody was to be let in.
+    [[nodiscard]] static QString PrivateShare();
+
     /// The helper of this build: tests aren't where netrove-smb is looked for.
     [[nodiscard]] static QString Helper();
 
@@ -37,7 +40,7 @@ public:
     SambaServer& operator=(const SambaServer&) = delete;
     ~SambaServer();
 
-    [[nodiscard]] bool IsRunning() const { return process_ > 0; }
+    [[nodiscard]] bool IsRunning() const { return process_.state() != QProcess::NotRunning; }
     [[nodiscard]] quint16 Port() const { return port_; }
     [[nodiscard]] SmbHost Host(const QString& name = QStringLiteral("FILER")) const;
 
@@ -62,7 +65,7 @@ private:
 
     QTemporaryDir folder_;
     quint16 port_ = 0;
-    pid_t process_ = -1;
+    QProcess process_;
 };
 
 } // namespace netrove

@@ -1,7 +1,9 @@
+#include "fakes/Text.h"
 #include "platform/network/Network.h"
 #include "platform/network/SmbProvider.h"
 #include "runtime/Yield.h"
 #include "search/NWSearch.h"
+#include "smb/ListeningPort.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -15,63 +17,47 @@
 #include <string>
 #include <thread>
 
-#include <arpa/inet.h>
 #include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace netrove {
 namespace {
 
 using namespace std::chrono_literals;
 
-/// A port at every address of this machine that takes connections and, if it is to, answers the
-/// question whether it speaks SMB, after a while.
+/// A port at every address of this machine that answers the question whether it speaks SMB, after a
+/// while.
 class Doorkeeper {
 public:
-    explicit Doorkeeper(bool answers, std::chrono::milliseconds pause = 0ms) : pause_(pause) {
-        listener_ = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        sockaddr_in address = {};
-        address.sin_family = AF_INET;
-        socklen_t size = sizeof address;
-        auto* generic = reinterpret_cast<sockaddr*>(&address);
-        if (bind(listener_, generic, size) == 0 && listen(listener_, 128) == 0 &&
-            getsockname(listener_, generic, &size) == 0)
-            port_ = ntohs(address.sin_port);
-        if (answers)
-            thread_ = std::thread([this] { Run(); });
-    }
+    explicit Doorkeeper(std::chrono::milliseconds pause = 0ms)
+        : pause_(pause), thread_([this] { Run(); }) {}
     Doorkeeper(const Doorkeeper&) = delete;
     Doorkeeper& operator=(const Doorkeeper&) = delete;
     ~Doorkeeper() {
         isEnding_ = true;
-        if (thread_.joinable())
-            thread_.join();
-        close(listener_);
+        thread_.join();
     }
 
-    [[nodiscard]] quint16 Port() const { return port_; }
+    [[nodiscard]] quint16 Port() const { return listener_.Port(); }
 
 private:
     void Run() const {
         while (!isEnding_) {
-            pollfd waiting = {.fd = listener_, .events = POLLIN, .revents = 0};
+            pollfd waiting = {.fd = listener_.Descriptor(), .events = POLLIN, .revents = 0};
             if (poll(&waiting, 1, 10) <= 0)
                 continue;
-            const int client = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+            const UniqueDescriptor client(
+                accept4(listener_.Descriptor(), nullptr, nullptr, SOCK_CLOEXEC));
             std::array<char, 1024> question{};
             const QByteArray answer = QByteArray::fromHex("00000004fe534d42");
-            if (recv(client, question.data(), question.size(), 0) > 0) {
+            if (recv(client.Number(), question.data(), question.size(), 0) > 0) {
                 std::this_thread::sleep_for(pause_);
-                send(client, answer.constData(), 8, MSG_NOSIGNAL);
+                send(client.Number(), answer.constData(), 8, MSG_NOSIGNAL);
             }
-            close(client);
         }
     }
 
     const std::chrono::milliseconds pause_;
-    int listener_ = -1;
-    quint16 port_ = 0;
+    const ListeningPort listener_{INADDR_ANY};
     std::atomic<bool> isEnding_ = false;
     std::thread thread_;
 };
@@ -97,23 +83,16 @@ bool IsEarly(const QString& request) {
 
 class SmbAheadTest : public testing::Test {
 protected:
-    void TearDown() override {
-        unsetenv("NETROVE_TREE");
-        unsetenv("NETROVE_TREE_LOG");
-        unsetenv("NETROVE_TREE_CONNECTIONS");
-    }
-
     std::unique_ptr<Network> LocalNetwork(quint16 port, int computers,
                                           const SmbLimits& limits = {}) {
         std::vector<SmbHost> hosts;
         for (int at = 1; at <= computers; ++at)
-            hosts.push_back(
-                {.name = QStringLiteral("PC%1").arg(at),
-                 .workgroup = at % 2 == 0 ? QStringLiteral("EVEN") : QStringLiteral("ODD"),
-                 .address = QStringLiteral("127.0.0.%1").arg(at),
-                 .port = port});
+            hosts.push_back({.name = Text("PC%1").arg(at),
+                             .workgroup = at % 2 == 0 ? Text("EVEN") : Text("ODD"),
+                             .address = Text("127.0.0.%1").arg(at),
+                             .port = port});
         std::vector<std::unique_ptr<NetworkProvider>> providers;
-        auto provider = std::make_unique<SmbProvider>(QStringLiteral("LAN"), hosts,
+        auto provider = std::make_unique<SmbProvider>(Text("LAN"), hosts,
                                                       QStringLiteral(NETROVE_TREE_HELPER), limits);
         pool_ = &provider->Pool();
         providers.push_back(std::move(provider));
@@ -122,7 +101,7 @@ protected:
 
     /// The computers take so many connections in all.
     void Run(Walk& walk, int seed, bool ahead, int connections = 100) {
-        QFile requests(folder_.filePath(QStringLiteral("requests")));
+        QFile requests(folder_.filePath(Text("requests")));
         ASSERT_TRUE(requests.open(QIODevice::WriteOnly | QIODevice::Truncate));
         qputenv("NETROVE_TREE", QByteArray::number(seed));
         qputenv("NETROVE_TREE_LOG", QFile::encodeName(requests.fileName()));
@@ -132,7 +111,7 @@ protected:
         const auto network = LocalNetwork(port_, computers_, limits);
         walk.settings.Troubleshooting = 1;
         TroubleshootingLog log(walk.settings);
-        log.Open(folder_.filePath(QStringLiteral("log")));
+        log.Open(folder_.filePath(Text("log")));
         ExclusionLists lists;
         lists.ParseNetNodes(walk.settings);
         NWSearch search({.files = *network,
@@ -150,7 +129,7 @@ protected:
             const qint64 length = network->Length(path);
             walk.happened.push_back("found " + path.toStdString() + ' ' + std::to_string(length));
         };
-        search.BeginSearch(QStringLiteral("*.txt"), std::make_shared<NetResource>(*network));
+        search.BeginSearch(Text("*.txt"), std::make_shared<NetResource>(*network));
         walk.kept = pool_->IdleProcesses().size();
         log.Close();
         walk.log = Content("log").section(QLatin1Char('\n'), 2).toStdString(); // without the time
@@ -161,72 +140,64 @@ protected:
                 walk.requests.insert(line.toStdString());
     }
 
+    /// Runs a walk alone and then ahead, which has to come to the same; gives the latter.
+    Walk ExpectSame(const Walk& told, int seed, int connections = 100) {
+        Walk alone = told;
+        Walk ahead = told;
+        const quint16 distant = std::exchange(port_, door_.Port());
+        Run(alone, seed, false);
+        port_ = distant;
+        Run(ahead, seed, true, connections);
+        SCOPED_TRACE(seed);
+        EXPECT_EQ(alone.happened, ahead.happened) << connections;
+        EXPECT_EQ(alone.log, ahead.log) << connections;
+        EXPECT_EQ(alone.requests, ahead.requests) << connections;
+        return ahead;
+    }
+
     QString Content(const char* name) const {
-        QFile file(folder_.filePath(QLatin1String(name)));
+        QFile file(folder_.filePath(Text(name)));
         return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
     }
 
     QTemporaryDir folder_;
     const SmbPool* pool_ = nullptr;
-    Doorkeeper door_{true};
+    Doorkeeper door_;
     quint16 port_ = door_.Port();
     int computers_ = 3;
 };
 
 TEST_F(SmbAheadTest, ChangesNothingButWhenRequestsAreSent) {
-    const auto with = [](const char* exclusion, bool admin, bool recurse) {
-        Walk walk;
-        walk.settings.ExcNetNodes = {QLatin1String(exclusion)};
-        walk.settings.IncludeAdminShares = admin;
-        walk.recurse = recurse;
-        return walk;
+    struct Case {
+        const char* exclusion;
+        bool admin = false;
+        bool recurse = true;
+        int connections = 100;
     };
-    const std::vector<Walk> walks{
-        with("Temp|True|Folder", false, true),  with("D1|True|Folder", false, true),
-        with("d0\\d1|True|Folder", true, true), with("C$|True|Folder", true, true),
-        with("Temp|True|Folder", true, false),  with("PC2|True|Workstation", false, true),
-        with("ODD|True|Workgroup", false, true)};
-    for (int seed = 1; seed <= 7; ++seed) {
-        Walk alone = walks[static_cast<std::size_t>(seed) % walks.size()];
-        Walk ahead = alone;
-        Run(alone, seed, false);
-        Run(ahead, seed, true);
-        EXPECT_GT(alone.happened.size(), 20U) << seed;
-        EXPECT_EQ(alone.happened, ahead.happened) << seed;
-        EXPECT_EQ(alone.log, ahead.log) << seed;
-        EXPECT_EQ(alone.requests, ahead.requests) << seed;
-    }
-}
-
-TEST_F(SmbAheadTest, ComputersThatTakeFewConnectionsGiveTheSameAnswers) {
-    for (int seed = 10; seed < 13; ++seed) {
-        Walk alone;
-        alone.settings.ExcNetNodes = {QStringLiteral("PC2|True|Workstation"),
-                                      QStringLiteral("PC3|True|Workstation")};
-        Walk ahead = alone;
-        Run(alone, seed, false);
-        Run(ahead, seed, true, 2);
-        EXPECT_EQ(alone.happened, ahead.happened) << seed;
-        EXPECT_EQ(alone.requests, ahead.requests) << seed;
+    int seed = 0;
+    for (const Case& test :
+         {Case{"Temp|True|Folder"}, Case{"D1|True|Folder"}, Case{"d0\\d1|True|Folder", true},
+          Case{"C$|True|Folder", true}, Case{"Temp|True|Folder", true, false},
+          Case{"PC2|True|Workstation"}, Case{"ODD|True|Workgroup"},
+          Case{"ODD|True|Workgroup", false, true, 2}, Case{"ODD|True|Workgroup", true, true, 2}}) {
+        Walk walk;
+        walk.settings.ExcNetNodes = {Text(test.exclusion)};
+        walk.settings.IncludeAdminShares = test.admin;
+        walk.recurse = test.recurse;
+        EXPECT_GT(ExpectSame(walk, ++seed, test.connections).happened.size(), 20U) << seed;
     }
 }
 
 TEST_F(SmbAheadTest, ADistantComputerGetsConnectionsBeforeThereIsWorkForThem) {
-    const Doorkeeper distant(true, 20ms);
+    const Doorkeeper distant(20ms);
+    port_ = distant.Port();
     computers_ = 1;
     std::size_t early = 0;
     for (const int seed : {30, 31}) // a share whose top can't be read, and one that can
         for (const int connections : {100, 2, 1}) {
-            Walk alone;
-            Walk ahead;
-            port_ = door_.Port();
-            Run(alone, seed, false);
-            port_ = distant.Port();
-            Run(ahead, seed, true, connections);
+            const Walk ahead = ExpectSame({}, seed, connections);
             early += ahead.early;
             EXPECT_LE(ahead.kept, SmbLimits().keptPerServer);
-            EXPECT_EQ(alone.happened, ahead.happened) << seed << ' ' << connections;
-            EXPECT_EQ(alone.requests, ahead.requests) << seed << ' ' << connections;
         }
     EXPECT_GT(early, 0U);
 }
@@ -252,7 +223,7 @@ TEST_F(SmbAheadTest, AnAbandonedWalkEndsAsItWouldAndAsksForNothingElse) {
 }
 
 TEST_F(SmbAheadTest, DeadComputersCostOneLimit) {
-    const Doorkeeper silent(false);
+    const ListeningPort silent(INADDR_ANY);
     constexpr int computers = 50;
     SmbLimits limits;
     limits.negotiate = 500ms;
@@ -269,7 +240,7 @@ TEST_F(SmbAheadTest, DeadComputersCostOneLimit) {
                      .ahead = network.get()});
     QElapsedTimer time;
     time.start();
-    search.BeginSearch(QStringLiteral("*"), std::make_shared<NetResource>(*network));
+    search.BeginSearch(Text("*"), std::make_shared<NetResource>(*network));
     SetWaitingPass({});
     EXPECT_GE(time.elapsed(), 500);
     EXPECT_LT(time.elapsed(), 5 * 500);

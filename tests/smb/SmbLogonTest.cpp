@@ -1,11 +1,7 @@
 #include "platform/network/SmbProvider.h"
-#include "runtime/ExpectRaised.h"
-#include "smb/SambaServer.h"
+#include "smb/SambaTest.h"
 
 #include <QFile>
-#include <gtest/gtest.h>
-
-#include <array>
 
 namespace netrove {
 namespace {
@@ -13,44 +9,44 @@ namespace {
 constexpr auto Ignore = [](Keyring::Outcome) {};
 
 // Accounts that every system has.
-const QString User = QStringLiteral("daemon");
-const QString OtherUser = QStringLiteral("games");
-const QString Password = QStringLiteral("S3cret-of-the-test");
+constexpr char User[] = "daemon";
+constexpr char OtherUser[] = "games";
+constexpr char Password[] = "S3cret-of-the-test";
 
-/// Writes a line for each time that somebody was to be let in, and has a share for one user.
-const QString Options = QStringLiteral("    log level = 0 auth_audit:3\n"
-                                       "[PRIVATE]\n"
-                                       "    path = %ROOT%/public\n"
-                                       "    valid users = daemon games\n"
-                                       "    guest ok = no\n");
-
-class SmbLogonTest : public testing::Test {
+class SmbLogonTest : public SambaTest {
 protected:
+    /// A server of its own for each test, which tells how often somebody was to be let in.
+    static void SetUpTestSuite() {}
+
     void SetUp() override {
-        if (!SambaServer::IsAvailable())
-            GTEST_SKIP() << "Samba needs to be installed and the user to be root";
-        samba.emplace(Options);
-        ASSERT_TRUE(samba->IsRunning());
-        ASSERT_TRUE(samba->AddUser(User, Password));
-        samba->AddFile(QStringLiteral("public/file"));
-        provider = Provider({samba->Host()});
+        samba_ = Server("");
+        SambaTest::SetUp();
+        provider = Provider({samba_->Host()});
+    }
+
+    /// A server with a share PRIVATE that the user is let into.
+    static std::unique_ptr<SambaServer> Server(const char* options, const char* user = User) {
+        auto server = std::make_unique<SambaServer>(Text(options) + SambaServer::PrivateShare());
+        server->AddFile(Text("public/file"));
+        EXPECT_TRUE(server->AddUser(Text(user), Text(Password)) || !SambaServer::IsAvailable());
+        return server;
     }
 
     std::unique_ptr<SmbProvider> Provider(const std::vector<SmbHost>& hosts) {
-        return std::make_unique<SmbProvider>(QStringLiteral("LAN"), hosts, SambaServer::Helper(),
-                                             SmbLimits(), logons);
+        return std::make_unique<SmbProvider>(Text("LAN"), hosts, SambaServer::Helper(), SmbLimits(),
+                                             logons);
     }
 
-    void Store(const QString& computer, const QString& user, const QString& password) {
-        logons->Store({.computer = computer, .user = user, .password = Secret(password.toUtf8())},
-                      Ignore);
+    void Store(const char* computer, const char* user, const char* password) {
+        logons->Store(
+            {.computer = Text(computer), .user = Text(user), .password = Secret(password)}, Ignore);
     }
 
     /// What looking at a file in a share raises, 0 for nothing.
-    int Failure(const QString& share, const QString& server = QStringLiteral("FILER")) {
+    int Failure(const char* share, const char* server = "FILER") {
+        const QString path = Text("\\\\%1\\%2\\file").arg(Text(server), Text(share));
         try {
-            (void)provider->Info(
-                UncPath::Parse(QLatin1String("\\\\") + server + u'\\' + share + u"\\file").value());
+            (void)provider->Info(UncPath::Parse(path).value());
             return 0;
         } catch (const RunTimeError& error) {
             return error.Number();
@@ -58,88 +54,83 @@ protected:
     }
 
     /// How often a user's password was tried.
-    static qsizetype Attempts(const SambaServer& server, const QString& user) {
-        const QByteArray mark = "\\[" + user.toUtf8() + "] at [";
-        return server.Log().count(mark);
+    static qsizetype Attempts(const SambaServer& server, const char* user) {
+        return server.Log().count(QByteArray(QByteArray("\\[") + user + "] at ["));
     }
 
     static constexpr int Denied = static_cast<int>(ErrorNumber::PermissionDenied);
 
     std::shared_ptr<Logons> logons = std::make_shared<Logons>();
-    std::optional<SambaServer> samba;
     std::unique_ptr<SmbProvider> provider;
 };
 
 TEST_F(SmbLogonTest, AStoredLogonOpensWhatGuestsCantSee) {
-    EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), 0);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), Denied);
-    Store(QStringLiteral("filer"), User, Password);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0) << "the same helpers go on";
-    EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), 0);
-    Store(QStringLiteral("filer"), QLatin1String("FILER\\") + User, Password);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0);
-    logons->Remove(QStringLiteral("FILER"), Ignore);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), Denied) << "a guest again";
-    EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), 0);
+    EXPECT_EQ(Failure("PUBLIC"), 0);
+    EXPECT_EQ(Failure("PRIVATE"), Denied);
+    Store("filer", User, Password);
+    EXPECT_EQ(Failure("PRIVATE"), 0) << "the same helpers go on";
+    EXPECT_EQ(Failure("PUBLIC"), 0);
+    Store("filer", "FILER\\daemon", Password);
+    EXPECT_EQ(Failure("PRIVATE"), 0);
+    logons->Remove(Text("FILER"), Ignore);
+    EXPECT_EQ(Failure("PRIVATE"), Denied) << "a guest again";
+    EXPECT_EQ(Failure("PUBLIC"), 0);
 }
 
 TEST_F(SmbLogonTest, AWrongPasswordIsTriedOnceAndNeverBecomesAGuest) {
-    Store(QString(), User, QStringLiteral("wrong"));
+    Store("", User, "wrong");
     for (int request = 0; request < 5; ++request)
-        EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), Denied);
-    EXPECT_EQ(Attempts(*samba, User), 1) << samba->Log().toStdString();
-    EXPECT_FALSE(samba->Log().contains("[nobody] at ["));
+        EXPECT_EQ(Failure("PUBLIC"), Denied);
+    EXPECT_EQ(Attempts(*samba_, User), 1) << samba_->Log().toStdString();
+    EXPECT_FALSE(samba_->Log().contains("[nobody] at ["));
 
-    Store(QString(), User, Password);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0);
+    Store("", User, Password);
+    EXPECT_EQ(Failure("PRIVATE"), 0);
 }
 
 TEST_F(SmbLogonTest, AServerThatTakesWrongOnesForGuestsIsntFollowed) {
-    for (const char* kind : {"bad user", "bad password"}) {
-        SambaServer lenient(QLatin1String("    map to guest = ") + QLatin1String(kind) + u'\n' +
-                            Options);
-        ASSERT_TRUE(lenient.IsRunning() && lenient.AddUser(User, Password));
-        lenient.AddFile(QStringLiteral("public/file"));
-        provider = Provider({lenient.Host()});
-        Store(QString(), QStringLiteral("no-such-user"), Password);
-        EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), Denied) << kind;
-        EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), Denied) << kind;
-        EXPECT_EQ(Attempts(lenient, QStringLiteral("no-such-user")), 1) << kind;
-        Store(QString(), User, QStringLiteral("wrong"));
-        EXPECT_EQ(Failure(QStringLiteral("PUBLIC")), Denied) << kind;
-        EXPECT_EQ(Attempts(lenient, User), 1) << kind;
-        Store(QString(), User, Password);
-        EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0) << kind;
+    for (const char* kind :
+         {"    map to guest = bad user\n", "    map to guest = bad password\n"}) {
+        const auto lenient = Server(kind);
+        ASSERT_TRUE(lenient->IsRunning());
+        provider = Provider({lenient->Host()});
+        Store("", "no-such-user", Password);
+        EXPECT_EQ(Failure("PUBLIC"), Denied) << kind;
+        EXPECT_EQ(Failure("PUBLIC"), Denied) << kind;
+        EXPECT_EQ(Attempts(*lenient, "no-such-user"), 1) << kind;
+        Store("", User, "wrong");
+        EXPECT_EQ(Failure("PUBLIC"), Denied) << kind;
+        EXPECT_EQ(Attempts(*lenient, User), 1) << kind;
+        Store("", User, Password);
+        EXPECT_EQ(Failure("PRIVATE"), 0) << kind;
     }
 }
 
 TEST_F(SmbLogonTest, EachComputerHasItsOwn) {
-    SambaServer other(Options);
-    ASSERT_TRUE(other.IsRunning() && other.AddUser(OtherUser, QStringLiteral("other")));
-    other.AddFile(QStringLiteral("public/file"));
-    const QString name = QStringLiteral("OTHER");
-    provider = Provider({samba->Host(), other.Host(name)});
-    Store(QStringLiteral("FILER"), User, Password);
-    Store(name, OtherUser, QStringLiteral("other"));
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE"), name), 0);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE")), 0);
-    EXPECT_EQ(Attempts(other, User), 0);
+    const auto other = Server("", OtherUser);
+    ASSERT_TRUE(other->IsRunning());
+    provider = Provider({samba_->Host(), other->Host(Text("OTHER"))});
+    Store("FILER", User, Password);
+    Store("OTHER", OtherUser, Password);
+    EXPECT_EQ(Failure("PRIVATE"), 0);
+    EXPECT_EQ(Failure("PRIVATE", "OTHER"), 0);
+    EXPECT_EQ(Failure("PRIVATE"), 0);
+    EXPECT_EQ(Attempts(*other, User), 0);
 }
 
 /// What another process of the user may read of the helpers.
 TEST_F(SmbLogonTest, NobodySeesThePassword) {
-    Store(QString(), User, Password);
-    ASSERT_EQ(Failure(QStringLiteral("PRIVATE")), 0);
+    Store("", User, Password);
+    ASSERT_EQ(Failure("PRIVATE"), 0);
     const auto processes = provider->Pool().IdleProcesses();
     ASSERT_FALSE(processes.empty());
     for (const pid_t process : processes) {
-        const QString folder = QStringLiteral("/proc/%1/").arg(process);
+        const QString folder = Text("/proc/%1/").arg(process);
         for (const char* name : {"cmdline", "environ", "limits"}) {
             QFile file(folder + QLatin1String(name));
             ASSERT_TRUE(file.open(QIODevice::ReadOnly));
             const QByteArray content = file.readAll();
-            EXPECT_FALSE(content.contains(Password.toUtf8())) << name;
+            EXPECT_FALSE(content.contains(Password)) << name;
             if (qstrcmp(name, "limits") == 0) {
                 EXPECT_TRUE(content.simplified().contains("Max core file size 0 0"));
             }
@@ -149,14 +140,14 @@ TEST_F(SmbLogonTest, NobodySeesThePassword) {
 
 /// A ticket that is good for nothing: what is stored comes next.
 TEST_F(SmbLogonTest, AnOldTicketIsNoHindrance) {
-    samba->AddFile(QStringLiteral("ticket"), "no ticket");
-    qputenv("KRB5CCNAME", QFile::encodeName(samba->Path(QStringLiteral("ticket"))));
-    SmbHost host = samba->Host(QStringLiteral("localhost"));
+    samba_->AddFile(Text("ticket"), "no ticket");
+    qputenv("KRB5CCNAME", QFile::encodeName(samba_->Path(Text("ticket"))));
+    SmbHost host = samba_->Host(Text("localhost"));
     host.address.clear();
     provider = Provider({host});
-    Store(QString(), User, Password);
-    EXPECT_EQ(Failure(QStringLiteral("PRIVATE"), QStringLiteral("localhost")), 0);
-    EXPECT_EQ(Attempts(*samba, User), 1);
+    Store("", User, Password);
+    EXPECT_EQ(Failure("PRIVATE", "localhost"), 0);
+    EXPECT_EQ(Attempts(*samba_, User), 1);
     qunsetenv("KRB5CCNAME");
 }
 

@@ -4,11 +4,11 @@
 #include "runtime/ExpectRaised.h"
 #include "runtime/Yield.h"
 #include "smb/FaultyProxy.h"
-#include "smb/SambaServer.h"
+#include "smb/OpenWalk.h"
+#include "smb/SambaTest.h"
 
 #include <QFile>
 #include <QMap>
-#include <gtest/gtest.h>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,78 +17,61 @@
 namespace netrove {
 namespace {
 
-using Hosts = std::vector<SmbHost>;
-
-/// One server for all tests: each works in a folder of its own.
-class SmbProviderTest : public testing::Test {
+/// Each test works in a folder of its own in the share PUBLIC.
+class SmbProviderTest : public SambaTest {
 protected:
-    static void SetUpTestSuite() { samba_ = std::make_unique<SambaServer>(); }
-    static void TearDownTestSuite() { samba_.reset(); }
-
-    void SetUp() override {
-        if (!SambaServer::IsAvailable())
-            GTEST_SKIP() << "Samba needs to be installed and the user to be root";
-        ASSERT_TRUE(samba_->IsRunning());
-    }
-
     static SmbProvider Provider(const std::vector<SmbHost>& hosts) {
-        return SmbProvider(QStringLiteral("LAN"), hosts, SambaServer::Helper());
+        return SmbProvider(Text("LAN"), hosts, SambaServer::Helper());
     }
 
-    static UncPath Path(const QString& text) {
-        return UncPath::Parse(QLatin1String("\\\\") + text).value();
+    /// A path behind the two backslashes.
+    static UncPath Path(const QString& text) { return UncPath::Parse(Text("\\\\") + text).value(); }
+    static UncPath Public(const QString& below) { return Path(Text("FILER\\PUBLIC\\") + below); }
+
+    /// The path of the file system, for what AddFile has made.
+    static QByteArray Local(const QString& below) {
+        return QFile::encodeName(samba_->Path(Text("public/") + below));
     }
 
     /// The entries of a folder but "." and "..", with their attributes.
-    static QMap<QString, quint32> Names(SmbProvider& provider, const QString& path) {
+    static QMap<QString, quint32> Names(SmbProvider& provider, const UncPath& path) {
         QMap<QString, quint32> names;
         FindData data;
-        auto find = provider.FindFirst(Path(path), data);
-        for (bool more = find != nullptr; more; more = find->FindNext(data)) {
-            if (data.fileName != QLatin1String(".") && data.fileName != QLatin1String(".."))
-                names.insert(data.fileName, data.attributes);
-        }
+        auto find = provider.FindFirst(path, data);
+        for (bool more = find != nullptr; more; more = find->FindNext(data))
+            names.insert(data.fileName, data.attributes);
+        names.remove(Text("."));
+        names.remove(Text(".."));
         return names;
     }
 
-    static QStringList RemoteNames(SmbProvider& provider, qint32 displayType,
-                                   const QString& remoteName, qint32 type = NetEnum::TypeDisk) {
+    static std::vector<NetRecord> List(SmbProvider& provider, qint32 displayType, const char* name,
+                                       qint32 type = NetEnum::TypeDisk) {
+        const auto records =
+            provider.List({.dwDisplayType = displayType, .lpRemoteName = Text(name)}, type);
+        EXPECT_TRUE(records) << name;
+        return records.value_or(std::vector<NetRecord>());
+    }
+
+    /// The remote names below a node, joined by blanks.
+    static std::string Remote(SmbProvider& provider, qint32 displayType, const char* name,
+                              qint32 type = NetEnum::TypeDisk) {
         QStringList names;
-        NetRecord node;
-        node.dwDisplayType = displayType;
-        node.lpRemoteName = remoteName;
-        const auto records = provider.List(node, type);
-        EXPECT_TRUE(records);
-        for (const NetRecord& record : records.value_or(std::vector<NetRecord>()))
+        for (const NetRecord& record : List(provider, displayType, name, type))
             names += record.lpRemoteName;
-        return names;
+        return names.join(u' ').toStdString();
     }
 
-    static inline std::unique_ptr<SambaServer> samba_;
-    SmbProvider provider_{QStringLiteral("LAN"), Hosts{samba_->Host()}, SambaServer::Helper()};
-};
-
-/// A walk that goes everywhere.
-class WholeWalk : public WalkPlan {
-public:
-    bool EntersWorkgroup(const QString& /*name*/) const override { return true; }
-    bool EntersComputer(const QString& /*remoteName*/) const override { return true; }
-    bool EntersShare(const QString& /*remoteName*/) const override { return true; }
-    bool EntersFolder(const QString& /*folderPath*/, qsizetype /*nodeLength*/,
-                      int /*depth*/) const override {
-        return true;
-    }
-    QStringList AdminShares() const override { return {}; }
+    SmbProvider provider_ = Provider({samba_->Host()});
 };
 
 TEST_F(SmbProviderTest, AComputerIsTriedOnceItsAddressIsKnown) {
     auto made = std::make_unique<FakeComputerSource>();
     FakeComputerSource& source = *made;
-    SmbProvider provider(QStringLiteral("LAN"), SmbComputers(Hosts{}, std::move(made)),
-                         SambaServer::Helper());
-    FoundComputer filer{.name = QStringLiteral("FILER"),
-                        .workgroup = QStringLiteral("HOME"),
-                        .addresses = {QStringLiteral("fe80::1%lo")},
+    SmbProvider provider(Text("LAN"), SmbComputers({}, std::move(made)), SambaServer::Helper());
+    FoundComputer filer{.name = Text("FILER"),
+                        .workgroup = Text("HOME"),
+                        .addresses = {Text("fe80::1%lo")},
                         .port = samba_->Port(),
                         .foundBy = FoundBy::WsDiscovery,
                         .model = {}};
@@ -97,299 +80,247 @@ TEST_F(SmbProviderTest, AComputerIsTriedOnceItsAddressIsKnown) {
         source.Computers = {filer};
         if (++passes == 1)
             source.Publish();
-        filer.addresses = QStringList(QStringLiteral("127.0.0.1"));
+        filer.addresses = QStringList(Text("127.0.0.1"));
         if (passes == 5)
             source.Finish();
         return true;
     });
-    provider.BeginWalk(std::make_shared<WholeWalk>());
-    const NetRecord lan{.dwDisplayType = NetEnum::DisplayNetwork,
-                        .lpRemoteName = QStringLiteral("LAN")};
-    const auto workgroups = provider.List(lan, NetEnum::TypeDisk);
-    ASSERT_TRUE(workgroups && workgroups->size() == 1);
-    const NetRecord server{.dwDisplayType = NetEnum::DisplayServer,
-                           .lpRemoteName = QStringLiteral("\\\\FILER")};
-    EXPECT_TRUE(provider.List(server, NetEnum::TypeDisk));
+    provider.BeginWalk(std::make_shared<OpenWalk>());
+    EXPECT_EQ(Remote(provider, NetEnum::DisplayNetwork, "LAN"), "HOME");
+    EXPECT_FALSE(List(provider, NetEnum::DisplayServer, "\\\\FILER").empty());
     provider.EndWalk();
     SetWaitingPass(before);
 }
 
 TEST_F(SmbProviderTest, ConfiguredComputersStandInTheirWorkgroups) {
-    SmbProvider provider(
-        QStringLiteral("LAN"),
-        Hosts{{.name = QStringLiteral("B"), .workgroup = QStringLiteral("Second")},
-              {.name = QStringLiteral("A"), .workgroup = QStringLiteral("First")},
-              {.name = QStringLiteral("C"), .workgroup = QStringLiteral("SECOND")},
-              {.name = QStringLiteral("a"), .workgroup = QStringLiteral("Second")}},
-        SambaServer::Helper());
-    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayNetwork, QStringLiteral("LAN")),
-              (QStringList{QStringLiteral("Second"), QStringLiteral("First")}));
-    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayDomain, QStringLiteral("second")),
-              (QStringList{QStringLiteral("\\\\B"), QStringLiteral("\\\\C")}));
-    EXPECT_TRUE(provider.Knows(QStringLiteral("c")));
-    EXPECT_FALSE(provider.Knows(QStringLiteral("d")));
-    EXPECT_EQ(provider.Workgroup(QStringLiteral("a")), QStringLiteral("First"));
+    SmbProvider provider = Provider({{.name = Text("B"), .workgroup = Text("Second")},
+                                     {.name = Text("A"), .workgroup = Text("First")},
+                                     {.name = Text("C"), .workgroup = Text("SECOND")},
+                                     {.name = Text("a"), .workgroup = Text("Second")}});
+    EXPECT_EQ(Remote(provider, NetEnum::DisplayNetwork, "LAN"), "Second First");
+    EXPECT_EQ(Remote(provider, NetEnum::DisplayDomain, "second"), "\\\\B \\\\C");
+    EXPECT_TRUE(provider.Knows(Text("c")));
+    EXPECT_FALSE(provider.Knows(Text("d")));
+    EXPECT_EQ(provider.Workgroup(Text("a")), Text("First"));
     EXPECT_TRUE(provider.Pool().IdleProcesses().empty()) << "no helper before it is needed";
 }
 
 TEST_F(SmbProviderTest, ComputersTellTheirWorkgroups) {
-    SambaServer home(QStringLiteral("    workgroup = Home-1"));
-    SambaServer strict(QStringLiteral("    map to guest = never"));
+    SambaServer home(Text("    workgroup = Home-1"));
+    SambaServer strict(Text("    map to guest = never"));
     ASSERT_TRUE(home.IsRunning() && strict.IsRunning());
     SmbHost unstated = home.Host();
+    SmbHost nameless = strict.Host(Text("STRICT"));
     unstated.workgroup.reset();
-    SmbHost stated = home.Host(QStringLiteral("STATED"));
-    SmbHost nameless = strict.Host(QStringLiteral("STRICT"));
     nameless.workgroup.reset();
-    SmbHost silent{
-        .name = QStringLiteral("SILENT"), .address = QStringLiteral("127.0.0.1"), .port = 1};
-    SmbProvider provider = Provider({unstated, stated, nameless, silent});
-    const QString network = QStringLiteral("LAN");
-    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayNetwork, network),
-              QStringList{QStringLiteral("WORKGROUP")});
-    EXPECT_EQ(provider.Workgroup(QStringLiteral("STATED")), QStringLiteral("WORKGROUP"));
-    EXPECT_EQ(provider.Workgroup(QStringLiteral("STRICT")), QStringLiteral("WORKGROUP"));
-    EXPECT_EQ(provider.Workgroup(QStringLiteral("SILENT")), QString());
-    EXPECT_EQ(provider.Workgroup(QStringLiteral("no-such-computer.invalid")), QString());
-    EXPECT_EQ(provider.Workgroup(QStringLiteral("filer")), QStringLiteral("HOME-1"));
+    SmbHost silent{.name = Text("SILENT"), .address = Text("127.0.0.1"), .port = 1};
+    SmbProvider provider = Provider({unstated, home.Host(Text("STATED")), nameless, silent});
+    EXPECT_EQ(Remote(provider, NetEnum::DisplayNetwork, "LAN"), "WORKGROUP");
+    for (const auto& [computer, workgroup] : {std::pair("STATED", "WORKGROUP"),
+                                              {"STRICT", "WORKGROUP"},
+                                              {"SILENT", ""},
+                                              {"no-such-computer.invalid", ""},
+                                              {"filer", "HOME-1"}})
+        EXPECT_EQ(provider.Workgroup(Text(computer)), Text(workgroup)) << computer;
     // It stands there from now on, so that its path leads to it.
-    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayNetwork, network),
-              (QStringList{QStringLiteral("HOME-1"), QStringLiteral("WORKGROUP")}));
-    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayDomain, QStringLiteral("home-1")),
-              QStringList{QStringLiteral("\\\\FILER")});
-    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayServer, QStringLiteral("\\\\FILER")).size(), 3)
+    EXPECT_EQ(Remote(provider, NetEnum::DisplayNetwork, "LAN"), "HOME-1 WORKGROUP");
+    EXPECT_EQ(Remote(provider, NetEnum::DisplayDomain, "home-1"), "\\\\FILER");
+    EXPECT_EQ(List(provider, NetEnum::DisplayServer, "\\\\FILER").size(), 3U)
         << "the same helper goes on";
 }
 
 TEST_F(SmbProviderTest, SharesAndPrintersComeFromOneQuestion) {
     FaultyProxy proxy(samba_->Port());
-    SmbHost host = samba_->Host();
-    host.port = proxy.Port();
-    SmbProvider provider(QStringLiteral("LAN"), Hosts{host}, SambaServer::Helper());
-    const QString server = QStringLiteral("\\\\FILER");
-    EXPECT_EQ(
-        RemoteNames(provider, NetEnum::DisplayServer, server),
-        (QStringList{QStringLiteral("\\\\FILER\\PUBLIC"), QStringLiteral("\\\\FILER\\REFUSED"),
-                     QStringLiteral("\\\\FILER\\JUNCTIONS")}));
+    SmbProvider provider = Provider(FilerAt(proxy.Port()));
+    EXPECT_EQ(Remote(provider, NetEnum::DisplayServer, "\\\\FILER"),
+              "\\\\FILER\\PUBLIC \\\\FILER\\REFUSED \\\\FILER\\JUNCTIONS");
     const qint64 bytes = proxy.Bytes();
-    EXPECT_EQ(RemoteNames(provider, NetEnum::DisplayServer, server, NetEnum::TypePrint),
-              QStringList{QStringLiteral("\\\\FILER\\PRINTER")});
+    EXPECT_EQ(Remote(provider, NetEnum::DisplayServer, "\\\\FILER", NetEnum::TypePrint),
+              "\\\\FILER\\PRINTER");
+    const NetRecord share = List(provider, NetEnum::DisplayServer, "\\\\FILER").at(0);
     EXPECT_EQ(proxy.Bytes(), bytes);
-
-    NetRecord node;
-    node.dwDisplayType = NetEnum::DisplayServer;
-    node.lpRemoteName = server;
-    const auto records = provider.List(node, NetEnum::TypeDisk).value();
-    EXPECT_EQ(records[0].lpComment, QString::fromUtf16(SambaServer::PublicComment));
-    EXPECT_EQ(records[0].dwDisplayType, NetEnum::DisplayShare);
-    EXPECT_EQ(records[0].lpProvider, QStringLiteral("LAN"));
+    EXPECT_EQ(share.lpComment, QString::fromUtf16(SambaServer::PublicComment));
+    EXPECT_EQ(share.dwDisplayType, NetEnum::DisplayShare);
+    EXPECT_EQ(share.lpProvider, Text("LAN"));
 }
 
 TEST_F(SmbProviderTest, EveryNameTravelsBothWays) {
-    const QStringList names{QStringLiteral("a b"),
-                            QStringLiteral("comma, semicolon;"),
-                            QStringLiteral("[list] {x}"),
-                            QStringLiteral("#1"),
-                            QStringLiteral("100%"),
-                            QStringLiteral("%41"),
-                            QStringLiteral("+plus&"),
-                            QStringLiteral("$dollar@=~'`^!"),
-                            QStringLiteral("caf\u00e9"),
-                            QStringLiteral("cafe\u0301"),
-                            QStringLiteral("\U0001F3B5 \u97f3"),
-                            QStringLiteral("CASE.txt"),
-                            QStringLiteral("case.txt"),
-                            QStringLiteral("..dots"),
-                            QString(200, u'n')};
+    QStringList names{QString(200, u'n')};
+    for (const char* name :
+         {"a b", "comma, semicolon;", "[list] {x}", "#1", "100%", "%41", "+plus&", "$dollar@=~'`^!",
+          "caf\u00e9", "cafe\u0301", "\U0001F3B5 \u97f3", "CASE.txt", "case.txt", "..dots",
+          "folder %41 #&"})
+        names += Text(name);
     for (const QString& name : names)
-        samba_->AddFile(QLatin1String("public/names/") + name, name.toUtf8());
-    const auto found = Names(provider_, QStringLiteral("filer\\Public\\names"));
+        samba_->AddFile(Text("public/names/") + name + u'/' + name, name.toUtf8());
+    const auto found = Names(provider_, Path(Text("filer\\Public\\names")));
     EXPECT_EQ(QSet(found.keyBegin(), found.keyEnd()), QSet(names.begin(), names.end()));
-    for (const QString& name : names)
-        EXPECT_EQ(provider_.Read(Path(QStringLiteral("FILER\\PUBLIC\\names\\") + name), 0, 1000),
-                  name.toUtf8());
-
-    samba_->AddFile(QStringLiteral("public/folder %41 #&/below"));
-    EXPECT_TRUE(Names(provider_, QStringLiteral("FILER\\PUBLIC\\folder %41 #&"))
-                    .contains(QStringLiteral("below")));
+    for (const QString& name : names) {
+        const QString folder = Text("names\\") + name;
+        EXPECT_EQ(Names(provider_, Public(folder)).keys(), QStringList{name});
+        EXPECT_EQ(provider_.Read(Public(folder + u'\\' + name), 0, 1000), name.toUtf8());
+    }
 }
 
 TEST_F(SmbProviderTest, NamesThatSmbDoesNotAllowComeMangled) {
     const QByteArrayList names{"colon:",     "dot.",      "blank ",         "what?",
                                "\"quotes\"", "new\nline", "back\\slash",    "<a>",
                                "pipe|",      "star*",     "invalid\xff\xfe"};
-    samba_->AddFolder(QStringLiteral("public/mangled"));
+    samba_->AddFolder(Text("public/mangled"));
     for (const QByteArray& name : names) {
         // QFile has no way to a name that isn't text.
-        const QByteArray path =
-            QByteArray(QFile::encodeName(samba_->Path(QStringLiteral("public/mangled/"))) + name);
+        const QByteArray path = Local(Text("mangled/")) + name;
         const std::unique_ptr<FILE, decltype(&fclose)> file(fopen(path.constData(), "w"), &fclose);
-        ASSERT_TRUE(file);
-        ASSERT_GE(fputs("x", file.get()), 0);
+        ASSERT_TRUE(file && fputs("x", file.get()) >= 0);
     }
-    const auto found = Names(provider_, QStringLiteral("FILER\\PUBLIC\\mangled"));
+    const QStringList found = Names(provider_, Public(Text("mangled"))).keys();
     // The server may leave out the one that isn't valid UTF-8.
     EXPECT_GE(found.size(), names.size() - 1);
-    for (auto name = found.keyBegin(); name != found.keyEnd(); ++name)
-        EXPECT_EQ(provider_.Read(Path(QStringLiteral("FILER\\PUBLIC\\mangled\\") + *name), 0, 9),
-                  QByteArray("x"))
-            << name->toStdString();
+    for (const QString& name : found)
+        EXPECT_EQ(provider_.Read(Public(Text("mangled\\") + name), 0, 9), QByteArray("x"))
+            << name.toStdString();
 }
 
 TEST_F(SmbProviderTest, DetailsAreTheSameInTheListingAndAlone) {
-    const std::vector<std::pair<int, quint32>> modes{
-        {0444, FileAttribute::ReadOnly},
-        {0744, FileAttribute::Archive},
-        {0654, FileAttribute::System},
-        {0645, FileAttribute::Hidden},
-        {0555, FileAttribute::ReadOnly | FileAttribute::Archive | FileAttribute::System |
-                   FileAttribute::Hidden}};
-    constexpr quint32 shown = FileAttribute::ReadOnly | FileAttribute::Hidden |
-                              FileAttribute::System | FileAttribute::Directory |
-                              FileAttribute::Archive;
+    namespace Is = FileAttribute;
+    const std::map<QString, std::pair<mode_t, quint32>> modes{
+        {Text("plain"), {0744, Is::Archive}},
+        {Text("read only"), {0444, Is::ReadOnly}},
+        {Text("system"), {0654, Is::System}},
+        {Text("hidden"), {0645, Is::Hidden}},
+        {Text("all"), {0555, Is::ReadOnly | Is::Archive | Is::System | Is::Hidden}}};
+    constexpr quint32 shown = Is::ReadOnly | Is::Hidden | Is::System | Is::Directory | Is::Archive;
     constexpr qint64 length = (qint64{5} << 30) + 123;
     const QDateTime modified(QDate(1999, 12, 31), QTime(23, 59, 58, 500));
     const timespec time = {.tv_sec = modified.toSecsSinceEpoch(), .tv_nsec = 500'000'000};
-    for (const auto& [mode, attributes] : modes) {
-        const QString name = QString::number(mode, 8);
-        samba_->AddFile(QLatin1String("public/details/") + name);
-        const QByteArray path =
-            QFile::encodeName(samba_->Path(QLatin1String("public/details/") + name));
+    const timespec times[]{time, time};
+    for (const auto& [name, mode] : modes) {
+        samba_->AddFile(Text("public/details/") + name);
+        const QByteArray path = Local(Text("details/") + name);
         ASSERT_EQ(truncate(path.constData(), length), 0);
-        ASSERT_EQ(chmod(path.constData(), static_cast<mode_t>(mode)), 0);
-        const timespec times[]{time, time};
+        ASSERT_EQ(chmod(path.constData(), mode.first), 0);
         ASSERT_EQ(utimensat(AT_FDCWD, path.constData(), times, 0), 0);
     }
-    samba_->AddFolder(QStringLiteral("public/details/folder"));
+    samba_->AddFolder(Text("public/details/folder"));
 
     SmbProvider listing = Provider({samba_->Host()});
-    const auto found = Names(listing, QStringLiteral("FILER\\PUBLIC\\details"));
-    EXPECT_EQ(found.value(QStringLiteral("folder")) & shown, FileAttribute::Directory);
-    for (const auto& [mode, attributes] : modes) {
-        const QString name = QString::number(mode, 8);
-        EXPECT_EQ(found.value(name) & shown, attributes) << name.toStdString();
+    const auto found = Names(listing, Public(Text("details")));
+    EXPECT_EQ(found.value(Text("folder")) & shown, Is::Directory);
+    EXPECT_EQ(provider_.Info(Public(Text("details\\folder"))).attributes & shown, Is::Directory);
+    for (const auto& [name, mode] : modes) {
+        SCOPED_TRACE(name.toStdString());
+        EXPECT_EQ(found.value(name) & shown, mode.second);
         for (SmbProvider* provider : {&listing, &provider_}) {
-            const FileInfo info =
-                provider->Info(Path(QStringLiteral("FILER\\PUBLIC\\details\\") + name));
-            EXPECT_EQ(info.attributes & shown, attributes) << name.toStdString();
+            const FileInfo info = provider->Info(Public(Text("details\\") + name));
+            EXPECT_EQ(info.attributes & shown, mode.second);
             EXPECT_EQ(info.length, length);
             EXPECT_EQ(info.modified, modified);
         }
     }
-    EXPECT_EQ(provider_.Info(Path(QStringLiteral("FILER\\PUBLIC\\details\\folder"))).attributes &
-                  shown,
-              FileAttribute::Directory);
 }
 
 TEST_F(SmbProviderTest, ReadsRanges) {
     QByteArray content(5'000'000, '\0');
     for (qsizetype at = 0; at < content.size(); ++at)
         content[at] = static_cast<char>(at * 7 + at / 251);
-    samba_->AddFile(QStringLiteral("public/ranges/file"), content);
-    samba_->AddFile(QStringLiteral("public/ranges/other"), "other");
-    const UncPath path = Path(QStringLiteral("FILER\\PUBLIC\\ranges\\file"));
-    for (const auto& [offset, length] : std::vector<std::pair<qint64, qint64>>{{0, 10},
-                                                                               {1, 1},
-                                                                               {4'999'990, 100},
-                                                                               {5'000'000, 1},
-                                                                               {9'000'000, 1},
-                                                                               {0, 0},
-                                                                               {3, 4'999'000}})
+    samba_->AddFile(Text("public/ranges/file"), content);
+    samba_->AddFile(Text("public/ranges/other"), "other");
+    const UncPath path = Public(Text("ranges\\file"));
+    struct Range {
+        qint64 offset;
+        qint64 length;
+    };
+    for (const auto& [offset, length] : {Range{0, 10},
+                                         {1, 1},
+                                         {4'999'990, 100},
+                                         {5'000'000, 1},
+                                         {9'000'000, 1},
+                                         {0, 0},
+                                         {3, 4'999'000},
+                                         {0, 10'000'000}})
         EXPECT_EQ(provider_.Read(path, offset, length), content.mid(offset, length)) << offset;
-    EXPECT_EQ(provider_.Read(Path(QStringLiteral("FILER\\PUBLIC\\ranges\\other")), 1, 9),
-              QByteArray("ther"));
-    EXPECT_EQ(provider_.Read(path, 0, 10'000'000), content);
+    EXPECT_EQ(provider_.Read(Public(Text("ranges\\other")), 1, 9), QByteArray("ther"));
 
-    const QByteArray local = QFile::encodeName(samba_->Path(QStringLiteral("public/ranges/file")));
-    ASSERT_EQ(truncate(local.constData(), (qint64{5} << 30)), 0);
+    ASSERT_EQ(truncate(Local(Text("ranges/file")).constData(), qint64{5} << 30), 0);
     EXPECT_EQ(provider_.Read(path, (qint64{5} << 30) - 3, 10), QByteArray(3, '\0'));
 }
 
 TEST_F(SmbProviderTest, FailuresHaveTheirNumbers) {
-    samba_->AddFile(QStringLiteral("public/failures/secret"));
-    samba_->AddFile(QStringLiteral("public/failures/open"));
-    samba_->AddFile(QStringLiteral("public/failures/locked/file"));
-    chmod(QFile::encodeName(samba_->Path(QStringLiteral("public/failures/secret"))).constData(),
-          0600);
-    chmod(QFile::encodeName(samba_->Path(QStringLiteral("public/failures/locked"))).constData(),
-          0700);
-    struct Case {
+    for (const char* name : {"secret", "open", "locked/file"})
+        samba_->AddFile(Text("public/failures/") + Text(name));
+    chmod(Local(Text("failures/secret")).constData(), 0600);
+    chmod(Local(Text("failures/locked")).constData(), 0700);
+    using enum ErrorNumber;
+    const struct {
         const char* path;
         ErrorNumber look;
         ErrorNumber read;
+    } cases[] = {
+        {"FILER", PathNotFound, PathNotFound},
+        {"FILER\\NOSUCH", PathNotFound, PathNotFound},
+        {"FILER\\NOSUCH\\file", PathNotFound, PathNotFound},
+        {"FILER\\REFUSED", PermissionDenied, PermissionDenied},
+        {"FILER\\REFUSED\\file", PermissionDenied, PermissionDenied},
+        {"FILER\\PRINTER", PermissionDenied, PermissionDenied},
+        {"FILER\\PUBLIC\\nosuch", FileNotFound, FileNotFound},
+        {"FILER\\PUBLIC\\failures\\nosuch", FileNotFound, FileNotFound},
+        {"FILER\\PUBLIC\\nosuch\\file", PathNotFound, PathNotFound},
+        {"FILER\\PUBLIC\\failures\\open\\below", PathNotFound, PathNotFound},
+        {"FILER\\PUBLIC\\failures\\locked\\file", PermissionDenied, PermissionDenied},
+        {"FILER\\PUBLIC\\failures\\secret", None, PermissionDenied},
+        {"FILER\\PUBLIC\\failures\\locked", None, PermissionDenied},
+        {"no-such-computer.invalid\\SHARE", PathNotFound, PathNotFound},
     };
-    using enum ErrorNumber;
-    for (const Case& one : std::vector<Case>{
-             {"FILER", PathNotFound, PathNotFound},
-             {"FILER\\NOSUCH", PathNotFound, PathNotFound},
-             {"FILER\\NOSUCH\\file", PathNotFound, PathNotFound},
-             {"FILER\\REFUSED", PermissionDenied, PermissionDenied},
-             {"FILER\\REFUSED\\file", PermissionDenied, PermissionDenied},
-             {"FILER\\PRINTER", PermissionDenied, PermissionDenied},
-             {"FILER\\PUBLIC\\nosuch", FileNotFound, FileNotFound},
-             {"FILER\\PUBLIC\\failures\\nosuch", FileNotFound, FileNotFound},
-             {"FILER\\PUBLIC\\nosuch\\file", PathNotFound, PathNotFound},
-             {"FILER\\PUBLIC\\failures\\open\\below", PathNotFound, PathNotFound},
-             {"FILER\\PUBLIC\\failures\\locked\\file", PermissionDenied, PermissionDenied},
-             {"FILER\\PUBLIC\\failures\\secret", None, PermissionDenied},
-             {"FILER\\PUBLIC\\failures\\locked", None, PermissionDenied},
-             {"no-such-computer.invalid\\SHARE", PathNotFound, PathNotFound}}) {
-        SCOPED_TRACE(one.path);
-        const UncPath path = Path(QString::fromUtf8(one.path));
+    for (const auto& [text, look, read] : cases) {
+        SCOPED_TRACE(text);
+        const UncPath path = Path(Text(text));
         FindData data;
         EXPECT_FALSE(provider_.FindFirst(path, data));
         EXPECT_FALSE(provider_.CanEnter(path));
-        if (one.look == None)
+        if (look == None)
             EXPECT_NO_THROW(static_cast<void>(provider_.Info(path)));
         else
-            ExpectRaised(
-                one.look, [&] { static_cast<void>(provider_.Info(path)); }, path.Text());
-        ExpectRaised(
-            one.read, [&] { static_cast<void>(provider_.Read(path, 0, 1)); }, path.Text());
+            ExpectRaised(look, [&] { return provider_.Info(path); });
+        ExpectRaised(read, [&] { return provider_.Read(path, 0, 1); });
     }
-    NetRecord node;
-    node.dwDisplayType = NetEnum::DisplayServer;
-    node.lpRemoteName = QStringLiteral("\\\\no-such-computer.invalid");
-    EXPECT_FALSE(provider_.List(node, NetEnum::TypeDisk));
+    EXPECT_FALSE(provider_.List({.dwDisplayType = NetEnum::DisplayServer,
+                                 .lpRemoteName = Text("\\\\no-such-computer.invalid")},
+                                NetEnum::TypeDisk));
 }
 
 TEST_F(SmbProviderTest, HiddenSharesAreReachedByTyping) {
-    samba_->AddFile(QStringLiteral("hidden/h"), "h");
-    samba_->AddFile(QStringLiteral("unlisted/u"), "u");
-    for (const auto& [share, file] : std::vector<std::pair<QString, QString>>{
-             {QStringLiteral("HIDDEN$"), QStringLiteral("h")},
-             {QStringLiteral("UNLISTED"), QStringLiteral("u")}}) {
-        const QString path = QLatin1String("FILER\\") + share;
-        EXPECT_TRUE(provider_.CanEnter(Path(path)));
-        EXPECT_TRUE(Names(provider_, path).contains(file));
+    samba_->AddFile(Text("hidden/h"), "h");
+    samba_->AddFile(Text("unlisted/u"), "u");
+    for (const auto& [share, file] : {std::pair("HIDDEN$", "h"), {"UNLISTED", "u"}}) {
+        const UncPath path = Path(Text("FILER\\") + Text(share));
+        EXPECT_TRUE(provider_.CanEnter(path));
+        EXPECT_TRUE(Names(provider_, path).contains(Text(file)));
     }
 }
 
 TEST_F(SmbProviderTest, TheNamelessAreLetInWhereGuestsArenT) {
-    SambaServer strict(QStringLiteral("    map to guest = never"));
+    SambaServer strict(Text("    map to guest = never"));
     ASSERT_TRUE(strict.IsRunning());
-    strict.AddFile(QStringLiteral("public/file"));
+    strict.AddFile(Text("public/file"));
     SmbProvider provider = Provider({strict.Host()});
-    EXPECT_FALSE(provider.CanEnter(Path(QStringLiteral("FILER\\REFUSED"))));
-    EXPECT_EQ(Names(provider, QStringLiteral("FILER\\PUBLIC")).size(), 1);
+    EXPECT_FALSE(provider.CanEnter(Path(Text("FILER\\REFUSED"))));
+    EXPECT_EQ(Names(provider, Path(Text("FILER\\PUBLIC"))).size(), 1);
 }
 
 TEST_F(SmbProviderTest, ABigFolderIsFetchedOnce) {
     constexpr int files = 5000;
     for (int at = 0; at < files; ++at)
-        samba_->AddFile(QStringLiteral("public/big/file number %1.mp3").arg(at));
+        samba_->AddFile(Text("public/big/file number %1.mp3").arg(at));
     FaultyProxy proxy(samba_->Port());
-    SmbHost host = samba_->Host();
-    host.port = proxy.Port();
-    SmbProvider provider(QStringLiteral("LAN"), Hosts{host}, SambaServer::Helper());
-    const QString folder = QStringLiteral("FILER\\PUBLIC\\big");
-    EXPECT_TRUE(provider.CanEnter(Path(folder)));
+    SmbProvider provider = Provider(FilerAt(proxy.Port()));
+    const UncPath folder = Public(Text("big"));
+    EXPECT_TRUE(provider.CanEnter(folder));
     const qint64 bytes = proxy.Bytes();
     const auto found = Names(provider, folder);
     EXPECT_EQ(found.size(), files);
     EXPECT_EQ(Names(provider, folder), found);
     for (auto name = found.keyBegin(); name != found.keyEnd(); ++name)
-        EXPECT_EQ(provider.Info(Path(folder + QLatin1Char('\\') + *name)).length, 0);
+        EXPECT_EQ(provider.Info(Public(Text("big\\") + *name)).length, 0);
     EXPECT_EQ(proxy.Bytes(), bytes) << "all of it was in the first listing";
 }
 

@@ -1,5 +1,7 @@
 #include "platform/network/SmbServers.h"
 
+#include "fakes/Text.h"
+
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -21,7 +23,7 @@ protected:
         return servers[name].open;
     }
 
-    const QString name = QStringLiteral("server");
+    const QString name = Text("server");
     SmbServers::Clock::time_point now = SmbServers::Clock::now();
     SmbLimits limits;
     SmbServers servers{limits, [this] { return now; }};
@@ -43,31 +45,21 @@ TEST_F(SmbServersTest, ConnectionsGrowWhileTheyPay) {
     EXPECT_EQ(Grown(40ms, 1000), 16u);
 }
 
-TEST_F(SmbServersTest, OnlyADistantServerGetsConnectionsEarly) {
-    const auto takesEarly = [this](std::chrono::milliseconds greeting) {
-        servers[name].greeting = greeting;
-        return servers.TakesEarly(name);
-    };
-    EXPECT_FALSE(takesEarly(20ms)) << "it isn't known yet to be there";
-    servers[name].open = 1;
-    EXPECT_FALSE(takesEarly(5ms));
-    EXPECT_TRUE(takesEarly(20ms));
-    servers[name].open = limits.maxPerServer;
-    EXPECT_FALSE(takesEarly(20ms));
-    servers[name].open = 2;
-    servers[name].hasFailedEarly = true;
-    EXPECT_FALSE(takesEarly(20ms));
-    servers[name].hasFailedEarly = false;
-    servers.NoteAnswerTime(name, 40ms);
-    EXPECT_FALSE(takesEarly(20ms)) << "it is known how much there is to ask";
-}
-
-TEST_F(SmbServersTest, RequestsThatFailTogetherAreOneDeath) {
+TEST_F(SmbServersTest, RequestsThatFailTogetherAreOneDeathAndEachLastsLonger) {
     for (int request = 0; request < 10; ++request)
         servers.Note(name, ETIMEDOUT, true);
     EXPECT_EQ(servers.DeadStatus(name), ETIMEDOUT);
     now += limits.deadFor + 1ms;
     EXPECT_EQ(servers.DeadStatus(name), 0);
+
+    // Who is found dead again right afterwards is left alone for longer.
+    for (const int times : {2, 4, 8}) {
+        servers.Bury(name, EHOSTUNREACH);
+        now += times * limits.deadFor - 1ms;
+        EXPECT_EQ(servers.DeadStatus(name), EHOSTUNREACH) << times;
+        now += 2ms;
+        EXPECT_EQ(servers.DeadStatus(name), 0) << times;
+    }
 
     servers.Note(name, ETIMEDOUT, true);
     servers.Note(name, EACCES, true);

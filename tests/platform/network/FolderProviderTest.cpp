@@ -1,5 +1,6 @@
 #include "platform/network/FolderProvider.h"
 
+#include "fakes/Text.h"
 #include "platform/TempTree.h"
 #include "runtime/ExpectRaised.h"
 #include "runtime/Yield.h"
@@ -15,8 +16,9 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-UncPath Unc(const QString& text) {
-    return *UncPath::Parse(text);
+/// A path behind the two backslashes.
+UncPath Unc(const char* text) {
+    return *UncPath::Parse(Text("\\\\") + Text(text));
 }
 
 class FolderProviderTest : public testing::Test {
@@ -47,22 +49,20 @@ protected:
 
     FolderProvider& Provider() {
         if (!provider_)
-            provider_.emplace(QStringLiteral("Sample"), tree_.Path());
+            provider_.emplace(Text("Sample"), tree_.Path());
         return *provider_;
     }
 
-    /// What is listed below a node: names and comments.
-    QStringList Names(qint32 displayType, const QString& name, qint32 type = NetEnum::TypeDisk) {
+    /// What is listed below a node, names and comments, joined by "|".
+    std::string Names(qint32 displayType, const char* name, qint32 type = NetEnum::TypeDisk) {
         const auto records =
-            Provider().List({.dwDisplayType = displayType, .lpRemoteName = name}, type);
+            Provider().List({.dwDisplayType = displayType, .lpRemoteName = Text(name)}, type);
         if (!records)
-            return {QStringLiteral("none")};
+            return "none";
         QStringList names;
         for (const NetRecord& record : *records)
-            names += record.lpComment.isEmpty()
-                         ? record.lpRemoteName
-                         : record.lpRemoteName + QLatin1Char(' ') + record.lpComment;
-        return names;
+            names += QString(record.lpRemoteName + u' ' + record.lpComment).trimmed();
+        return names.join(u'|').toStdString();
     }
 
     template <typename Call>
@@ -82,80 +82,60 @@ protected:
 };
 
 TEST_F(FolderProviderTest, ListsEachLevel) {
-    EXPECT_EQ(Names(NetEnum::DisplayNetwork, QStringLiteral("Sample")),
-              (QStringList{QStringLiteral("NORTH Up there"), QStringLiteral("SOUTH")}));
-    EXPECT_EQ(Names(NetEnum::DisplayDomain, QStringLiteral("north")),
-              (QStringList{QStringLiteral("\\\\ALPHA"), QStringLiteral("\\\\BETA")}));
-    EXPECT_EQ(Names(NetEnum::DisplayServer, QStringLiteral("\\\\ALPHA")),
-              (QStringList{QStringLiteral("\\\\ALPHA\\Closed"), QStringLiteral("\\\\ALPHA\\Music"),
-                           QStringLiteral("\\\\ALPHA\\Slow")}));
-    EXPECT_EQ(Names(NetEnum::DisplayServer, QStringLiteral("\\\\ALPHA"), NetEnum::TypePrint),
-              QStringList(QStringLiteral("\\\\ALPHA\\Laser")));
-    EXPECT_EQ(Names(NetEnum::DisplayServer, QStringLiteral("\\\\GAMMA")), QStringList());
-    EXPECT_EQ(Names(NetEnum::DisplayServer, QStringLiteral("\\\\DELTA")),
-              QStringList(QStringLiteral("none")));
-    EXPECT_EQ(Names(NetEnum::DisplayDomain, QStringLiteral("EAST")),
-              QStringList(QStringLiteral("none")));
+    EXPECT_EQ(Names(NetEnum::DisplayNetwork, "Sample"), "NORTH Up there|SOUTH");
+    EXPECT_EQ(Names(NetEnum::DisplayDomain, "north"), "\\\\ALPHA|\\\\BETA");
+    EXPECT_EQ(Names(NetEnum::DisplayServer, "\\\\ALPHA"),
+              "\\\\ALPHA\\Closed|\\\\ALPHA\\Music|\\\\ALPHA\\Slow");
+    EXPECT_EQ(Names(NetEnum::DisplayServer, "\\\\ALPHA", NetEnum::TypePrint), "\\\\ALPHA\\Laser");
+    EXPECT_EQ(Names(NetEnum::DisplayServer, "\\\\GAMMA"), "");
+    EXPECT_EQ(Names(NetEnum::DisplayServer, "\\\\DELTA"), "none");
+    EXPECT_EQ(Names(NetEnum::DisplayDomain, "EAST"), "none");
     EXPECT_TRUE(Provider().Problems().isEmpty());
-    EXPECT_TRUE(Provider().Knows(QStringLiteral("alpha")));
-    EXPECT_FALSE(Provider().Knows(QStringLiteral("DELTA")));
-    EXPECT_EQ(Provider().Workgroup(QStringLiteral("gamma")), QStringLiteral("SOUTH"));
-}
+    EXPECT_TRUE(Provider().Knows(Text("alpha")));
+    EXPECT_FALSE(Provider().Knows(Text("DELTA")));
+    EXPECT_EQ(Provider().Workgroup(Text("gamma")), Text("SOUTH"));
 
-TEST_F(FolderProviderTest, SeesWhatCameAfterItsStart) {
-    EXPECT_FALSE(Provider().Knows(QStringLiteral("DELTA")));
     tree_.Folder("EAST/DELTA/New");
-    EXPECT_EQ(Names(NetEnum::DisplayNetwork, QStringLiteral("Sample")).value(0),
-              QStringLiteral("EAST"));
-    EXPECT_TRUE(Provider().CanEnter(Unc(QStringLiteral("\\\\delta\\new"))));
+    EXPECT_EQ(Names(NetEnum::DisplayNetwork, "Sample"), "EAST|NORTH Up there|SOUTH")
+        << "what came later";
+    EXPECT_TRUE(Provider().CanEnter(Unc("delta\\new")));
 }
 
 TEST_F(FolderProviderTest, FindsFilesInAnyCase) {
-    const UncPath typed = Unc(QStringLiteral("\\\\alpha\\MUSIC\\rock\\Song.MP3"));
+    const UncPath typed = Unc("alpha\\MUSIC\\rock\\Song.MP3");
     EXPECT_EQ(Provider().Info(typed).length, 5);
     EXPECT_EQ(Provider().Read(typed, 1, 3), "234");
     EXPECT_EQ(Provider().LocalPath(typed),
-              QFileInfo(tree_.Path(QStringLiteral("NORTH/ALPHA/Music/Rock/song.mp3")))
-                  .canonicalFilePath());
+              QFileInfo(tree_.Path(Text("NORTH/ALPHA/Music/Rock/song.mp3"))).canonicalFilePath());
     FindData data;
-    EXPECT_TRUE(Provider().FindFirst(Unc(QStringLiteral("\\\\alpha\\music\\ROCK")), data));
-    EXPECT_TRUE(Provider().CanEnter(Unc(QStringLiteral("\\\\alpha\\c$")))) << "hidden, not closed";
-    ExpectRaised(
-        ErrorNumber::FileNotFound,
-        [&] { return Provider().Info(Unc(QStringLiteral("\\\\alpha\\music\\missing"))); },
-        QStringLiteral("a missing file"));
+    EXPECT_TRUE(Provider().FindFirst(Unc("alpha\\music\\ROCK"), data));
+    EXPECT_TRUE(Provider().CanEnter(Unc("alpha\\c$"))) << "hidden, not closed";
+    ExpectRaised(ErrorNumber::FileNotFound,
+                 [&] { return Provider().Info(Unc("alpha\\music\\missing")); });
 }
 
 TEST_F(FolderProviderTest, RefusesWhatIsClosed) {
     FindData data;
-    for (const QString& path :
-         {QStringLiteral("\\\\ALPHA\\Closed"), QStringLiteral("\\\\ALPHA\\Laser")}) {
+    for (const char* path : {"ALPHA\\Closed", "ALPHA\\Laser"}) {
         EXPECT_FALSE(Provider().CanEnter(Unc(path)));
         EXPECT_FALSE(Provider().FindFirst(Unc(path), data));
-        EXPECT_FALSE(Provider().LocalPath(Unc(path + QLatin1String("\\file"))));
-        ExpectRaised(
-            ErrorNumber::PermissionDenied,
-            [&] { return Provider().Read(Unc(path + QLatin1String("\\file")), 0, 1); }, path);
+        const UncPath file = *UncPath::Parse(Unc(path).Text() + Text("\\file"));
+        EXPECT_FALSE(Provider().LocalPath(file));
+        ExpectRaised(ErrorNumber::PermissionDenied, [&] { return Provider().Read(file, 0, 1); });
     }
     EXPECT_EQ(waits_, 0) << "a refusal comes at once";
 }
 
 TEST_F(FolderProviderTest, KeepsTheDisplayAliveWhileItWaits) {
-    EXPECT_GE(TimeOf([&] {
-                  EXPECT_EQ(Names(NetEnum::DisplayServer, QStringLiteral("\\\\BETA")),
-                            QStringList(QStringLiteral("none")));
-              }),
+    EXPECT_GE(TimeOf([&] { EXPECT_EQ(Names(NetEnum::DisplayServer, "\\\\BETA"), "none"); }),
               milliseconds(100));
     EXPECT_GE(waits_, 4);
-    FindData data;
-    EXPECT_FALSE(Provider().CanEnter(Unc(QStringLiteral("\\\\BETA\\Music"))));
-    EXPECT_EQ(Provider().Workgroup(QStringLiteral("BETA")), QString());
+    EXPECT_FALSE(Provider().CanEnter(Unc("BETA\\Music")));
+    EXPECT_EQ(Provider().Workgroup(Text("BETA")), QString());
     waits_ = 0;
-    EXPECT_GE(TimeOf([&] {
-                  EXPECT_TRUE(
-                      Provider().FindFirst(Unc(QStringLiteral("\\\\ALPHA\\Slow\\Sub")), data));
-              }),
-              milliseconds(50));
+    FindData data;
+    const UncPath slow = Unc("ALPHA\\Slow\\Sub");
+    EXPECT_GE(TimeOf([&] { EXPECT_TRUE(Provider().FindFirst(slow, data)); }), milliseconds(50));
     EXPECT_GE(waits_, 2);
     EXPECT_LT(longestGap_, milliseconds(500)); // 20 on a machine that has nothing else to do
 }
@@ -167,7 +147,7 @@ TEST_F(FolderProviderTest, AWaitThatIsGivenUpFailsTheCall) {
     for (const char* share : {"ALPHA\\Slow\\Sub", "BETA\\Music"}) {
         waits_ = 0;
         abandonedAt_ = 2;
-        const UncPath path = Unc(QLatin1String("\\\\") + QLatin1String(share));
+        const UncPath path = Unc(share);
         EXPECT_LT(TimeOf([&] { EXPECT_FALSE(Provider().FindFirst(path, data)) << share; }),
                   milliseconds(5000));
         EXPECT_EQ(waits_, 2) << share;
@@ -183,15 +163,11 @@ TEST_F(FolderProviderTest, SaysWhatIsWrongWithItsFile) {
                                      "[NORTH]\ntype=printer\ndelay=-5\n");
     QStringList lines;
     for (const QString& problem : Provider().Problems())
-        lines += problem.section(QLatin1Char(':'), 0, 0);
+        lines += problem.section(u':', 0, 0).remove(Text("sample-network.ini, line "));
     lines.sort();
-    QStringList expected;
-    for (const char* number : {"12", "3", "4", "5", "6", "8"})
-        expected += QLatin1String("sample-network.ini, line ") + QLatin1String(number);
-    EXPECT_EQ(lines, expected);
-    EXPECT_FALSE(Provider().CanEnter(Unc(QStringLiteral("\\\\ALPHA\\Closed"))))
-        << "the good lines hold";
-    const FolderProvider nowhere(QStringLiteral("Gone"), tree_.Path(QStringLiteral("gone")));
+    EXPECT_EQ(lines.join(u' '), Text("12 3 4 5 6 8"));
+    EXPECT_FALSE(Provider().CanEnter(Unc("ALPHA\\Closed"))) << "the good lines hold";
+    const FolderProvider nowhere(Text("Gone"), tree_.Path(Text("gone")));
     EXPECT_EQ(nowhere.Problems().size(), 1);
 }
 

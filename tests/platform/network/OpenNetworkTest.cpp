@@ -1,5 +1,6 @@
 #include "platform/network/OpenNetwork.h"
 
+#include "fakes/Text.h"
 #include "platform/TempTree.h"
 
 #include <QCoreApplication>
@@ -16,108 +17,91 @@ private:
     QCoreApplication application_{argumentCount_, arguments_}; // knows where its helpers are
 };
 
-/// The names at the root of the network that a file with this content opens.
-struct Opened {
+/// What a file with this content opens.
+struct Opened : OpenedNetwork {
     explicit Opened(const QByteArray& content) {
         tree.Folder("tree/GROUP/COMPUTER/Share");
         tree.File("network.ini", content);
-        opened = OpenNetwork(tree.Path());
+        static_cast<OpenedNetwork&>(*this) = OpenNetwork(tree.Path());
+    }
+
+    /// The names below a network, or at the root, joined by "|".
+    [[nodiscard]] std::string Names(const char* below = "") const {
         NetEnum::Handle handle = 0;
-        if (opened.network->OpenEnum(2, NetEnum::TypeDisk, 0, {}, handle) != NetEnum::NoError)
-            return;
+        const NetRecord start{.dwDisplayType = NetEnum::DisplayNetwork,
+                              .lpRemoteName = Text(below),
+                              .lpProvider = Text(below)};
         qint32 count = NetEnum::CountAll;
         std::vector<NetRecord> records;
         quint32 size = 1 << 20;
-        if (opened.network->EnumResource(handle, count, records, size) == NetEnum::NoError) {
-            for (const NetRecord& record : records)
-                names += record.lpRemoteName;
-        }
-        opened.network->CloseEnum(handle);
+        EXPECT_EQ(network->OpenEnum(2, NetEnum::TypeDisk, 0, start, handle), NetEnum::NoError);
+        EXPECT_EQ(network->EnumResource(handle, count, records, size), NetEnum::NoError);
+        network->CloseEnum(handle);
+        QStringList names;
+        for (const NetRecord& record : records)
+            names += record.lpRemoteName;
+        return names.join(u'|').toStdString();
+    }
+
+    /// Where the only problem is, as far as the colon.
+    [[nodiscard]] std::string Problem() const {
+        return problems.size() == 1 ? problems[0].section(u':', 0, 0).toStdString()
+                                    : problems.join(u'\n').toStdString();
     }
 
     TempTree tree;
-    OpenedNetwork opened;
-    QStringList names;
 };
 
 TEST_F(OpenNetworkTest, KeepsTheGoodPartsOfABadFile) {
-    constexpr char good[] = "[Good]\nType=folder\nPath=tree\n";
-    struct Case {
-        const char* before; ///< five lines are given to what is wrong
-        int line;
+    const struct {
+        const char* content; ///< with a folder of that name behind it
+        const char* problem;
+    } cases[] = {
+        {"nonsense\n", "network.ini, line 1"},
+        {"Type=folder\n", "network.ini, line 1"},
+        {"[Bad]\n", "network.ini, line 1"},
+        {"[Bad]\nType=radio\n", "network.ini, line 2"},
+        {"[Bad]\nType=folder\n", "network.ini, line 1"},
+        {"[a\\b]\nType=folder\nPath=tree\n", "network.ini, line 1"},
+        {"[]\nType=folder\nPath=tree\n", "network.ini, line 1"},
+        {"[a|b]\nType=folder\nPath=tree\n", "network.ini, line 1"},
+        {"[Good]\nType=folder\nPath=tree\n", "network.ini, line 4"},
     };
-    const Case cases[] = {
-        {"nonsense\n\n\n\n\n", 1},
-        {"Type=folder\n\n\n\n\n", 1},
-        {"[Bad]\n\n\n\n\n", 1},
-        {"[Bad]\nType=radio\n\n\n\n", 2},
-        {"[Bad]\nType=folder\n\n\n\n", 1},
-        {"[a\\b]\nType=folder\nPath=tree\n\n\n", 1},
-        {"[]\nType=folder\nPath=tree\n\n\n", 1},
-        {"[a|b]\nType=folder\nPath=tree\n\n\n", 1},
-    };
-    for (const Case& test : cases) {
-        const Opened result(QByteArray(test.before) + good);
-        EXPECT_EQ(result.names, QStringList(QStringLiteral("Good"))) << test.before;
-        ASSERT_EQ(result.opened.problems.size(), 1) << test.before;
-        EXPECT_TRUE(result.opened.problems[0].startsWith(
-            QStringLiteral("network.ini, line %1: ").arg(test.line)))
-            << result.opened.problems[0].toStdString();
-        EXPECT_TRUE(result.opened.network->CanEnter(QStringLiteral("\\\\COMPUTER\\Share")));
+    for (const auto& [content, problem] : cases) {
+        const Opened opened(QByteArray(content) + "[GOOD]\nType=folder\nPath=tree\n");
+        EXPECT_EQ(QString::fromStdString(opened.Names()).toUpper(), Text("GOOD")) << content;
+        EXPECT_EQ(opened.Problem(), problem) << content;
+        EXPECT_TRUE(opened.network->CanEnter(Text("\\\\COMPUTER\\Share")));
     }
+    const Opened gone("[Gone]\nType=folder\nPath=missing\n");
+    EXPECT_EQ(gone.Names(), "Gone") << "its folder may come";
+    EXPECT_EQ(gone.problems.size(), 1);
 }
 
 TEST_F(OpenNetworkTest, ReadsComputers) {
     const Opened good("[LAN]\nType=SMB\nfind=no\nComputer1=ATTIC\ncomputer2=\\\\CELLAR|HOME\n"
                       "Computer3=SHED | | [::1]:1445\nComputer4=LOFT||127.0.0.1\n"
                       "Computer5=PORCH||localhost:1445\nComputer6=HALL||[fe80::1]\n");
-    EXPECT_TRUE(good.opened.problems.isEmpty())
-        << good.opened.problems.join(QLatin1Char('\n')).toStdString();
-    NetEnum::Handle handle = 0;
-    const NetRecord lan{.dwDisplayType = NetEnum::DisplayNetwork,
-                        .lpRemoteName = QStringLiteral("LAN"),
-                        .lpProvider = QStringLiteral("LAN")};
-    ASSERT_EQ(good.opened.network->OpenEnum(2, NetEnum::TypeDisk, 0, lan, handle),
-              NetEnum::NoError);
-    qint32 count = NetEnum::CountAll;
-    std::vector<NetRecord> groups;
-    quint32 size = 1 << 20;
-    EXPECT_EQ(good.opened.network->EnumResource(handle, count, groups, size), NetEnum::NoError);
-    EXPECT_EQ(count, 2) << "HOME and WORKGROUP";
+    EXPECT_EQ(good.Problem(), "");
+    EXPECT_EQ(good.Names("LAN"), "WORKGROUP|HOME");
 
     for (const char* computer :
          {"", "|HOME", "..", "a/b", "A|B|c|d", "A||host:0", "A||host:65536", "A||host:", "A||:445",
           "A||[::1", "A||[::1]445", "A||::1", "A||[]:445", "A|a\\b"}) {
         const Opened bad(QByteArray("[LAN]\nType=smb\nComputer1=OK\nComputer2=") + computer);
-        ASSERT_EQ(bad.opened.problems.size(), 1) << computer;
-        EXPECT_TRUE(bad.opened.problems[0].startsWith(QLatin1String("network.ini, line 4: ")))
-            << bad.opened.problems[0].toStdString();
-        EXPECT_EQ(bad.names, QStringList(QStringLiteral("LAN"))) << computer;
+        EXPECT_EQ(bad.Problem(), "network.ini, line 4") << computer;
+        EXPECT_EQ(bad.Names(), "LAN") << computer;
     }
 }
 
 TEST_F(OpenNetworkTest, TakesTheLocalAreaNetworkWhereNothingIsNamed) {
-    const QStringList lan(QStringLiteral("Microsoft Windows Network"));
     const Opened empty("; nothing yet\n");
-    EXPECT_EQ(empty.names, lan);
-    EXPECT_EQ(empty.opened.problems.size(), 1);
+    EXPECT_EQ(empty.Names(), "Microsoft Windows Network");
+    EXPECT_EQ(empty.problems.size(), 1);
     const TempTree tree;
     const OpenedNetwork without = OpenNetwork(tree.Path());
     EXPECT_TRUE(without.problems.isEmpty());
-    EXPECT_EQ(without.network->ProviderOf(QStringLiteral("ANYONE")), lan[0]);
-}
-
-TEST_F(OpenNetworkTest, TakesTheFirstOfTwoNetworksWithOneName) {
-    const Opened result("[Good]\nType=folder\nPath=tree\n[GOOD]\nType=folder\nPath=missing\n");
-    EXPECT_EQ(result.names, QStringList(QStringLiteral("Good")));
-    ASSERT_EQ(result.opened.problems.size(), 1);
-    EXPECT_TRUE(result.opened.problems[0].startsWith(QLatin1String("network.ini, line 4: ")));
-}
-
-TEST_F(OpenNetworkTest, ShowsANetworkWhoseFolderIsMissing) {
-    const Opened result("[Gone]\nType=folder\nPath=missing\n");
-    EXPECT_EQ(result.names, QStringList(QStringLiteral("Gone")));
-    EXPECT_EQ(result.opened.problems.size(), 1);
+    EXPECT_EQ(without.network->ProviderOf(Text("ANYONE")), Text("Microsoft Windows Network"));
 }
 
 } // namespace

@@ -30,11 +30,15 @@ protected:
     }
     ~SmbComputersTest() override { SetWaitingPass({}); }
 
-    [[nodiscard]] QStringList In(const char* workgroup) const {
+    /// The computers of a workgroup with their addresses, joined by blanks.
+    [[nodiscard]] std::string In(const char* workgroup) const {
         QStringList names;
         for (const SmbHost* host : computers.In(Text(workgroup)))
             names.append(host->name + u'@' + host->address);
-        return names;
+        return names.join(u' ').toStdString();
+    }
+    [[nodiscard]] std::string Workgroups() const {
+        return computers.Workgroups().join(u' ').toStdString();
     }
 
     bool goesOn = true;
@@ -48,17 +52,16 @@ protected:
 };
 
 TEST_F(SmbComputersTest, FoundOnesJoinTheConfigured) {
-    EXPECT_EQ(computers.Workgroups(), (QStringList{Text("WORKGROUP"), Text("OFFICE")}));
+    EXPECT_EQ(Workgroups(), "WORKGROUP OFFICE");
     source->Computers = {Computer("zoe", "", {Text("fe80::1%eth0")}),
                          Computer("NAS", "Home", {Text("198.51.100.7")}),
                          Computer("Ada", "office", {Text("fe80::2%eth0"), Text("2001:db8::2")}),
                          Computer("old", "HOME", {Text("198.51.100.3")})};
     EXPECT_TRUE(computers.Look());
-    EXPECT_EQ(computers.Workgroups(),
-              (QStringList{Text("Home"), Text("OFFICE"), Text("WORKGROUP")}));
-    EXPECT_EQ(In("home"), QStringList{Text("Nas@198.51.100.1")});
-    EXPECT_EQ(In("OFFICE"), (QStringList{Text("OLD@198.51.100.3"), Text("Ada@2001:db8::2")}));
-    EXPECT_EQ(In("WORKGROUP"), QStringList{Text("zoe@fe80::1%eth0")});
+    EXPECT_EQ(Workgroups(), "Home OFFICE WORKGROUP");
+    EXPECT_EQ(In("home"), "Nas@198.51.100.1");
+    EXPECT_EQ(In("OFFICE"), "OLD@198.51.100.3 Ada@2001:db8::2");
+    EXPECT_EQ(In("WORKGROUP"), "zoe@fe80::1%eth0");
     computers.NoteWorkgroup(Text("ZOE"), Text("Home"));
     EXPECT_EQ(computers.WorkgroupOf(*computers.Find(Text("Zoe"))), Text("Home"));
     EXPECT_EQ(computers.Find(Text("nobody")), nullptr);
@@ -74,17 +77,17 @@ TEST_F(SmbComputersTest, AFreshLookIsGivenAtOnceAndNothingIsForgottenSoon) {
     now += 30s;
     EXPECT_TRUE(computers.Look());
     EXPECT_TRUE(source->Running);
-    EXPECT_EQ(In("W"), (QStringList{Text("A@"), Text("B@")}));
+    EXPECT_EQ(In("W"), "A@ B@");
     source->Finish();
     now += 20s;
     EXPECT_TRUE(computers.Look());
-    EXPECT_EQ(In("W"), (QStringList{Text("A@"), Text("B@"), Text("C@")}));
+    EXPECT_EQ(In("W"), "A@ B@ C@");
     source->Finish();
     now += SmbComputers::Kept;
     EXPECT_TRUE(computers.Look()) << "not fresh: it waits";
     EXPECT_FALSE(source->Running);
     EXPECT_EQ(source->Rounds, 4);
-    EXPECT_EQ(In("W"), (QStringList{Text("A@"), Text("C@")}));
+    EXPECT_EQ(In("W"), "A@ C@");
 }
 
 TEST_F(SmbComputersTest, TheWaitCanBeGivenUp) {

@@ -33,24 +33,27 @@ def held(process):
     return tuple(int(fields[name].split()[0]) * 1024 for name in ("Pss", "Rss"))
 
 
-class MemoryPeaks(threading.Thread):
+class MemoryPeaks:
     """Looks every few tens of milliseconds, until `stop`, at what a process has started."""
 
     INTERVAL = 0.05
 
-    def __init__(self, process):
-        super().__init__(daemon=True)
-        self.process = process
+    def __init__(self):
         self.pss = self.rss = self.processes = 0
         self._stopped = threading.Event()
+        self._thread = None
 
-    def run(self):
+    def watch(self, process):
+        self._thread = threading.Thread(target=self._watch, args=(process.pid,), daemon=True)
+        self._thread.start()
+
+    def _watch(self, process):
         while not self._stopped.wait(self.INTERVAL):
-            self.look()
+            self.look(process)
 
-    def look(self):
+    def look(self, process):
         sizes = []
-        for one in descendants(self.process):
+        for one in descendants(process):
             try:
                 sizes.append(held(one))
             except (OSError, KeyError):  # ended in the meantime
@@ -61,4 +64,4 @@ class MemoryPeaks(threading.Thread):
 
     def stop(self):
         self._stopped.set()
-        self.join()
+        self._thread.join()

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """A host that answers probes of WS-Discovery with lies and never says what it is. Usage:
-rude_host.py OWN_ADDRESS OTHER_ADDRESS, which nobody may be sent to."""
+rude_host.py OWN_ADDRESS OTHER_ADDRESS, which nobody may be sent to. It is there as soon as its silent
+port is."""
 
 import re
 import socket
@@ -21,11 +22,11 @@ MATCH = """<s:Envelope xmlns:s="http://www.w3.org/2003/05/soap-envelope"
 
 def main():
     own, other = sys.argv[1:]
-    silent = socket.create_server((own, SILENT_PORT), backlog=4096)  # takes all, answers none
     ears = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
     ears.bind(("", PORT))
     ears.setsockopt(socket.IPPROTO_IP, socket.IP_ADD_MEMBERSHIP,
                     struct.pack("4s4s", socket.inet_aton(GROUP), socket.inet_aton(own)))
+    silent = socket.create_server((own, SILENT_PORT), backlog=4096)  # takes all, answers none
     while silent:
         probe, asker = ears.recvfrom(65536)
         found = re.search(rb"MessageID>([^<]*)<", probe)
