@@ -3,6 +3,7 @@
 #include "fakes/MemoryNetwork.h"
 #include "fakes/Text.h"
 #include "runtime/ExpectRaised.h"
+#include "runtime/Yield.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -106,6 +107,30 @@ TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
     EXPECT_EQ(Found(), "\\\\S\\D\\one.mp3");
     Search("*.*", Root());
     EXPECT_EQ(Found(), "\\\\S\\D\\one.mp3") << "README has no dot";
+}
+
+TEST_F(Engine, YieldsAtItsPoints) {
+    AddFiles({"\\\\S\\D\\a.txt", "\\\\S\\D\\SUB\\"});
+    QStringList record;
+    network.OnCall = [&](const QString& call) { record.append(call); };
+    onFound = [&] { record.append(Text("found")); };
+    onUpdate = [&](const QString& path) { record.append(Text("U ") + path); };
+    SetYieldAlways(true);
+    SetYieldPass([&] { record.append(Text("y")); });
+    Search("*.mp3,*.txt", Node("\\\\S\\D", NetEnum::DisplayShare));
+    SetYieldPass({});
+    SetYieldAlways(false);
+    const QString expected =
+        Text("y y U \\\\S\\D y y enter \\\\S\\D y " // the search, the node, its test
+             "y U \\\\S\\D y y y y "                // the start path, two patterns
+             "y U \\\\S\\D\\ list \\\\S\\D\\ "      // the top folder
+             "y list \\\\S\\D\\ y y "               // its files: "." and "..",
+             "y y y y y found y "                   // a.txt: both patterns; SUB
+             "y y y y y "                           // its folders: "." and "..", a.txt
+             "y y y y U \\\\S\\D\\SUB\\ list \\\\S\\D\\SUB\\ "
+             "y list \\\\S\\D\\SUB\\ y y y y y y " // SUB: "." and ".." twice
+             "y open \\\\S\\D");                   // the share's children
+    EXPECT_EQ(record.join(QLatin1Char(' ')), expected);
 }
 
 TEST_F(Engine, LogsNodesAndFolderExclusions) {
