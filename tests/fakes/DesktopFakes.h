@@ -33,6 +33,9 @@ public:
     std::function<void()> OnMessage;
     std::function<void()> OnInput; ///< while an input box is up; may throw
 
+    /// What was shown since the last time, one box after the other.
+    std::string Take() { return std::exchange(Shown, {}).join(u'|').toStdString(); }
+
     MessageAnswer Message(MessageIcon /*icon*/, const QString& text, const QString& title,
                           MessageButtons /*buttons*/) override {
         Shown.append(title + QStringLiteral(": ") + text);

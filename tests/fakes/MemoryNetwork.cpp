@@ -3,6 +3,8 @@
 #include "fakes/ListedFind.h"
 #include "runtime/RunTimeError.h"
 
+#include <algorithm>
+
 namespace netrove {
 namespace {
 
@@ -27,6 +29,23 @@ void MemoryNetwork::AddNode(const QString& parent, qint32 displayType, const QSt
                               .lpRemoteName = remoteName,
                               .lpComment = QStringLiteral("a comment"),
                               .lpProvider = QStringLiteral("Memory")});
+}
+
+void MemoryNetwork::AddBranch(std::initializer_list<const char*> names) {
+    QString parent;
+    for (const char* text : names) {
+        const QString name = QString::fromUtf8(text);
+        const auto slashes = name.count(QLatin1Char('\\'));
+        const qint32 type = parent.isEmpty() ? NetEnum::DisplayNetwork
+                            : slashes == 0   ? NetEnum::DisplayDomain
+                            : slashes == 2   ? NetEnum::DisplayServer
+                                             : NetEnum::DisplayShare;
+        const auto& known = disks_.value(parent);
+        if (std::none_of(known.begin(), known.end(),
+                         [&](const NetRecord& record) { return record.lpRemoteName == name; }))
+            AddNode(parent, type, name);
+        parent = name;
+    }
 }
 
 void MemoryNetwork::AddPrinter(const QString& server, const QString& remoteName,
