@@ -2,7 +2,7 @@
 
 #include "controls/Color.h"
 #include "fakes/Text.h"
-#include "runtime/RunTimeError.h"
+#include "runtime/ExpectRaised.h"
 
 #include <QAbstractItemModelTester>
 #include <QAccessible>
@@ -47,15 +47,6 @@ protected:
         tree.Add(Text(relative), Text(key), Text(key), Text("closed"), Text("open"));
     }
 
-    int RaisedByAdd(const char* relative, const char* key, const char* image) {
-        try {
-            tree.Add(Text(relative), Text(key), QString(), Text(image), Text("open"));
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
-    }
-
     [[nodiscard]] QModelIndex Index(const char* key) {
         tree.Flush();
         return tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, Text(key), 1,
@@ -86,9 +77,11 @@ TEST_F(Tree, KnowsNodesByTheirKeys) {
     EXPECT_EQ(tree.Parent(Text("a2")), Text("a"));
     EXPECT_EQ(tree.Parent(Text("a")), QString());
 
-    EXPECT_EQ(RaisedByAdd("b", "a1", "closed"), int(ErrorNumber::KeyNotUnique));
-    EXPECT_EQ(RaisedByAdd("nobody", "c", "closed"), int(ErrorNumber::KeyNotFound));
-    EXPECT_EQ(RaisedByAdd("b", "c", "nothing"), int(ErrorNumber::KeyNotFound));
+    ExpectRaised(
+        ErrorNumber::KeyNotUnique, [this] { Add("b", "a1"); }, Text("a1"));
+    ExpectRaised(
+        ErrorNumber::KeyNotFound, [this] { Add("nobody", "c"); }, Text("nobody"));
+    EXPECT_THROW(tree.Add({}, Text("c"), {}, Text("nothing"), Text("open")), RunTimeError);
     EXPECT_THROW(tree.Remove(Text("c")), RunTimeError);
     EXPECT_THROW((void)tree.Text(Text("c")), RunTimeError);
     EXPECT_EQ(tree.Count(), 4);
@@ -96,7 +89,8 @@ TEST_F(Tree, KnowsNodesByTheirKeys) {
     tree.Remove(Text("a"));
     EXPECT_EQ(tree.Children({}), QStringList(Text("b")));
     EXPECT_FALSE(tree.Contains(Text("a1")));
-    EXPECT_EQ(RaisedByAdd("b", "a1", "closed"), 0) << "the keys below it are free again";
+    Add("b", "a1");
+    EXPECT_TRUE(tree.Contains(Text("a1"))) << "the keys below it are free again";
 }
 
 TEST_F(Tree, TellsTheViewLaterButBeforeTheNextKey) {
