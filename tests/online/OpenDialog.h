@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/DesktopFakes.h"
-#include "fakes/Text.h"
+#include "fakes/Find.h"
 #include "online/OnlineServices.h"
 
 #include <QDialog>
@@ -29,14 +29,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     }
 
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        auto* widget = dialog->template findChild<Widget*>(Text(name));
-        if (!widget)
-            qFatal("There is no %s.", name);
-        return *widget;
-    }
-    QPushButton& Button(const char* name) { return Find<QPushButton>(name); }
+    QPushButton& Button(const char* name) { return FindIn<QPushButton>(*dialog, name); }
     void Click(const char* name) { QTest::mouseClick(&Button(name), Qt::LeftButton); }
 
     void Page(const char* path, const char* text) {
