@@ -1,7 +1,7 @@
 #include "storage/SettingsFile.h"
 
 #include "fakes/DesktopFakes.h"
-#include "fakes/Text.h"
+#include "fakes/UnusualSettings.h"
 #include "platform/TempTree.h"
 #include "runtime/ExpectRaised.h"
 #include "runtime/Text.h"
@@ -138,31 +138,22 @@ TEST_F(SettingsFileTest, TreatsStrangeValues) {
         std::function<QString(const Session&)> value;
         const char* expected;
     };
-    const auto maximum = [](const Session& run) -> QString {
-        return QString::number(run.settings.MaxReturnFiles);
+    using Run = const Session&;
+    const auto text = [](auto number) { return QString::number(number); };
+    const auto maximum = [&](Run run) { return text(run.settings.MaxReturnFiles); };
+    const auto concurrent = [&](Run run) { return text(run.settings.MaxConcurrentDownloads); };
+    const auto decimals = [&](Run run) { return text(run.settings.SizeNumDec); };
+    const auto fontSize = [&](Run run) { return text(run.downloads.font().pointSizeF()); };
+    const auto heading = [](Run run) { return run.downloads.HeaderText(3); };
+    const auto column = [&](Run run) -> QString {
+        return text(run.results.ColumnWidth(1)) + u' ' + text(run.downloads.ColumnWidth(1));
     };
-    const auto concurrent = [](const Session& run) -> QString {
-        return QString::number(run.settings.MaxConcurrentDownloads);
-    };
-    const auto decimals = [](const Session& run) -> QString {
-        return QString::number(run.settings.SizeNumDec);
-    };
-    const auto fontSize = [](const Session& run) -> QString {
-        return QString::number(run.downloads.font().pointSizeF());
-    };
-    const auto heading = [](const Session& run) -> QString { return run.downloads.HeaderText(3); };
-    const auto column = [](const Session& run) -> QString {
-        return QString::number(run.results.ColumnWidth(1)) + u' ' +
-               QString::number(run.downloads.ColumnWidth(1));
-    };
-    const auto asterisks = [](const Session& run) -> QString {
-        return BooleanWord(run.settings.AutoAsterisks);
-    };
-    const auto nodes = [](const Session& run) -> QString {
+    const auto asterisks = [](Run run) { return BooleanWord(run.settings.AutoAsterisks); };
+    const auto nodes = [](Run run) -> QString {
         return BooleanWord(run.settings.ExcludeNetNodes) + u' ' +
                run.settings.ExcNetNodes.join(u' ').remove(Text("|True|Folder"));
     };
-    const auto items = [](const Session& run) -> QString { return run.Items().join(u' '); };
+    const auto items = [](Run run) { return run.Items().join(u' '); };
     const Case cases[] = {
         {"Return Files", "Maximum=abc", maximum, "0"},
         {"Return Files", "Maximum=-1", maximum, "5000"},
@@ -232,60 +223,28 @@ TEST_F(SettingsFileTest, StopsAtWhatIsNone) {
 
 TEST_F(SettingsFileTest, EverySettingSurvives) {
     const auto describe = [](const Session& run) {
-        const Settings& s = run.settings;
         const QFont font = run.downloads.font();
-        QStringList texts{run.search.currentText(),
-                          run.Items().join(u','),
-                          s.SaveFolder,
-                          s.DateFormat,
-                          s.ExcNetNodes.join(u','),
-                          run.results.HeaderText(3),
-                          run.results.BackColor().name(),
-                          run.downloads.BackColor().name(),
-                          font.family()};
-        for (const int number :
-             {s.SkinIndex, s.MaxReturnFiles, int(s.MaxConcurrentDownloads), int(s.ColorsState),
-              int(s.GridsState), int(s.Troubleshooting), int(s.SizeFormat), int(s.SizeNumDec),
-              int(s.ListIconType), int(s.Font_CharSet), run.results.ColumnWidth(1),
-              run.results.ColumnWidth(12), run.downloads.ColumnWidth(1)})
-            texts += QString::number(number);
-        for (const bool flag :
-             {s.AutoAsterisks, s.IncludeVirtualShares, s.IncludeCurrentComputer,
-              s.IncludeAdminShares, s.IncludeMP3Info, s.MinToTray, s.SwitchToDloadTab,
-              s.ExcludeNetNodes, s.ShowListIcons, s.ShowFileTypes, run.recurse.isChecked(),
-              run.results.GridLines(), run.downloads.GridLines(), font.italic(), font.bold()})
+        QStringList texts{run.search.currentText(), run.Items().join(u','),
+                          run.results.HeaderText(3), font.family()};
+        for (const ListView* list : {&run.results, &run.downloads})
+            texts << list->BackColor().name() << BooleanWord(list->GridLines())
+                  << QString::number(list->ColumnWidth(1));
+        for (const bool flag : {run.recurse.isChecked(), font.italic(), font.bold()})
             texts += BooleanWord(flag);
-        return texts;
+        return Described(run.settings) + texts.join(u'\n').toStdString();
     };
     tree.Folder("Müsik");
-    QStringList expected;
+    std::string expected;
     {
         Session run(tree);
         run.Load();
-        Settings& s = run.settings;
-        s.SkinIndex = 3;
-        s.SaveFolder = tree.Path(Text("Müsik/"));
-        s.MaxReturnFiles = 7;
-        s.MaxConcurrentDownloads = 9;
-        s.ColorsState = 0;
-        s.GridsState = 1;
-        s.Troubleshooting = 1;
-        s.SizeFormat = 2;
-        s.SizeNumDec = 3;
-        s.DateFormat = Text("YYYY-MM-DD");
-        s.ListIconType = 1;
-        s.Font_CharSet = 238;
-        s.ExcNetNodes = {Text("Ä b|False|Workstation"), Text("\\x|True|Folder")};
-        for (bool* flag :
-             {&s.AutoAsterisks, &s.IncludeVirtualShares, &s.IncludeCurrentComputer,
-              &s.IncludeAdminShares, &s.IncludeMP3Info, &s.MinToTray, &s.SwitchToDloadTab,
-              &s.ExcludeNetNodes, &s.ShowListIcons, &s.ShowFileTypes})
-            *flag = !*flag;
+        run.settings = UnusualSettings(tree.Path(Text("Müsik/")));
+        run.settings.SkinIndex = 3;
+        run.settings.ExcNetNodes = {Text("Ä b|False|Workstation"), Text("\\x|True|Folder")};
         run.recurse.setChecked(false);
         run.search.addItems({Text("\u00A0x\u00A0"), Text("a;b=[c]"), Text("日本語")});
         run.search.setEditText(Text("; no comment"));
         run.results.SetColumnWidth(1, 3000);
-        run.results.SetColumnWidth(12, 600);
         run.downloads.SetColumnWidth(1, 750);
         QFont font = run.results.font();
         font.setFamily(Text("Serif"));
@@ -305,7 +264,7 @@ TEST_F(SettingsFileTest, EverySettingSurvives) {
     }
     Session run(tree);
     run.Load();
-    EXPECT_EQ(describe(run).join(u'\n').toStdString(), expected.join(u'\n').toStdString());
+    EXPECT_EQ(describe(run), expected);
 
     run.search.setEditText(Text("  "));
     run.settings.DateFormat.clear();
