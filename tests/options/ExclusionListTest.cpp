@@ -39,18 +39,14 @@ protected:
 
     /// Opens the dialog for one node by the menu, and uses it.
     void InAddDialog(const std::function<void(frmAddNetNode&)>& use) {
-        bool isUsed = false;
-        QTimer::singleShot(0, dialog.get(), [&] {
-            auto* add = qobject_cast<frmAddNetNode*>(QApplication::activeModalWidget());
-            ASSERT_TRUE(add && QTest::qWaitForWindowActive(add));
-            ASSERT_TRUE(QTest::qWaitFor([&] { return add->focusWidget()->hasFocus(); }));
-            use(*add);
-            isUsed = true;
-            if (add->isVisible())
-                add->reject();
-        });
-        Trigger("mnuAddNetNode");
-        EXPECT_TRUE(isUsed);
+        const auto useAndClose = [&](frmAddNetNode& add) {
+            use(add);
+            if (add.isVisible())
+                add.reject();
+        };
+        UseDialog<frmAddNetNode>(
+            [this] { Trigger("mnuAddNetNode"); }, useAndClose,
+            [](frmAddNetNode& add) { return add.focusWidget() && add.focusWidget()->hasFocus(); });
     }
 
     /// A button that is pressed so goes down at once, and up some time later.
@@ -66,9 +62,9 @@ protected:
     /// Types the name, chooses the type by its mnemonic and confirms with Enter.
     void Add(const char* name, Qt::Key type) {
         InAddDialog([&](frmAddNetNode& add) {
-            auto* input = add.findChild<QLineEdit*>(Text("txtNetNodeName"));
-            EXPECT_TRUE(input->hasFocus());
-            QTest::keyClicks(input, Text(name));
+            auto& input = FindIn<QLineEdit>(add, "txtNetNodeName");
+            EXPECT_TRUE(input.hasFocus());
+            QTest::keyClicks(&input, Text(name));
             PressMnemonic(add, type);
             QTest::keyClick(add.focusWidget(), Qt::Key_Return);
         });
@@ -178,10 +174,10 @@ TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
 
 TEST_F(ExclusionList, TheDialogForANodeChecksTheName) {
     InAddDialog([this](frmAddNetNode& add) {
-        auto& input = *add.findChild<QLineEdit*>(Text("txtNetNodeName"));
+        auto& input = FindIn<QLineEdit>(add, "txtNetNodeName");
         for (const char* name : {"  ", "a|b", "a\\b", "\"a\""}) {
             input.setText(Text(name));
-            add.findChild<QWidget*>(Text("cmdOK"))->setFocus();
+            FindIn(add, "cmdOK").setFocus();
             QTest::keyClick(add.focusWidget(), Qt::Key_Return);
             EXPECT_TRUE(add.isVisible());
             EXPECT_TRUE(input.hasFocus());
@@ -203,9 +199,9 @@ TEST_F(ExclusionList, TheDialogForANodeChecksTheName) {
 
 TEST_F(ExclusionList, FoldersAndComputersAreBrowsedFor) {
     InAddDialog([this](frmAddNetNode& add) {
-        auto& input = *add.findChild<QLineEdit*>(Text("txtNetNodeName"));
-        auto& browse = *add.findChild<QPushButton*>(Text("cmdBrNetNode"));
-        auto& hint = *add.findChild<QLabel*>(Text("Label1"));
+        auto& input = FindIn<QLineEdit>(add, "txtNetNodeName");
+        auto& browse = FindIn(add, "cmdBrNetNode");
+        auto& hint = FindIn<QLabel>(add, "Label1");
         const auto press = [&](Qt::Key key) { PressMnemonic(add, key); };
         dialogs.Folder = Text("smb://S/D/My Music");
         press(Qt::Key_Period);
