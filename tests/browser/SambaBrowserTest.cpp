@@ -1,12 +1,12 @@
 #include "browser/frmNWDialog.h"
 #include "fakes/DesktopFakes.h"
+#include "fakes/Files.h"
 #include "fakes/Text.h"
 #include "platform/desktop/WindowYield.h"
 #include "platform/network/OpenNetwork.h"
 #include "smb/SambaServer.h"
 
 #include <QTest>
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
@@ -18,11 +18,9 @@ TEST(SambaBrowser, ShowsARealServer) {
     const SambaServer samba;
     ASSERT_TRUE(samba.IsRunning());
     const QTemporaryDir folder;
-    QFile ini(folder.filePath(Text("network.ini")));
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write("[LAN]\nType=smb\nFind=No\nComputer1=FILER|HOME|127.0.0.1:" +
-              QByteArray::number(samba.Port()) + "\nComputer2=GONE|HOME|127.0.0.1:1\n");
-    ini.close();
+    WriteFile(folder.filePath(Text("network.ini")),
+              "[LAN]\nType=smb\nFind=No\nComputer1=FILER|HOME|127.0.0.1:" +
+                  QByteArray::number(samba.Port()) + "\nComputer2=GONE|HOME|127.0.0.1:1\n");
     const OpenedNetwork opened = OpenNetwork(folder.path());
     Settings settings;
     settings.ExcNetNodes = {Text("public|True|Folder")};
