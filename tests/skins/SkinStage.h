@@ -1,14 +1,14 @@
 #pragma once
 
 #include "fakes/DesktopFakes.h"
-#include "fakes/Text.h"
+#include "fakes/Find.h"
+#include "fakes/UseDialog.h"
 #include "skins/SkinFakes.h"
 #include "skins/SkinSelection.h"
 
 #include <QMainWindow>
 #include <QMenu>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace netrove {
 

@@ -1,6 +1,6 @@
 #include "skins/StandardFrame.h"
 
-#include "skins/NoFrame.h"
+#include "skins/SkinFakes.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@ namespace netrove {
 namespace {
 
 TEST(StandardFrameTest, TakesTheColoursOfTheWindowWhileThereIsOne) {
-    NoFrame painter;
+    LoggedPainter painter;
     const SkinConfiguration configuration(painter);
     StandardFrame frame;
     const quint32 desktopBack = frame.ResolvedBackColor();

@@ -1,3 +1,4 @@
+#include "fakes/Find.h"
 #include "skins/frame/PaintedFrame.h"
 #include "skins/frame/PlainSkin.h"
 
@@ -17,16 +18,17 @@ protected:
         window_.setMinimumSize(200, 150);
         window_.show();
         frame_.Attach(window_, skin_.configuration);
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+        Activate();
         window_.setGeometry(100, 100, 400, 300);
     }
 
-    QWidget& Part(const char* name) const {
-        return *window_.findChild<QWidget*>(QString::fromLatin1(name));
+    void Activate() {
+        window_.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
     }
 
-    QMenu& Menu() const { return *window_.findChild<QMenu*>(QStringLiteral("frameSystemMenu")); }
+    QWidget& Part(const char* name) const { return FindIn(window_, name); }
+    QMenu& Menu() const { return FindIn<QMenu>(window_, "frameSystemMenu"); }
 
     static QAction& Item(const QMenu& menu, const char* text) {
         for (QAction* action : menu.actions()) {
@@ -39,8 +41,7 @@ protected:
     void Pick(const char* text) {
         QTest::mouseClick(&Menu(), Qt::LeftButton, {},
                           Menu().actionGeometry(&Item(Menu(), text)).center());
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+        Activate();
     }
 
     /// With the button down over the part, from one place to another in the window.
@@ -71,28 +72,28 @@ TEST_F(FrameInputTest, ResizesByEveryEdgeAndCorner) {
     const struct {
         const char* part;
         QPoint from;
-        QRect changed; ///< added to the left, top, right, bottom when dragged by (10, 20)
+        QMargins moved; ///< the edges that go along when it is dragged by (10, 20)
         Qt::CursorShape cursor;
     } cases[] = {
-        {"frameEdgeLeft", {1, 100}, QRect(QPoint(10, 0), QPoint(0, 0)), Qt::SizeHorCursor},
-        {"frameEdgeRight", {398, 100}, QRect(QPoint(0, 0), QPoint(10, 0)), Qt::SizeHorCursor},
-        {"frameEdgeTop", {200, 1}, QRect(QPoint(0, 20), QPoint(0, 0)), Qt::SizeVerCursor},
-        {"frameEdgeBottom", {200, 298}, QRect(QPoint(0, 0), QPoint(0, 20)), Qt::SizeVerCursor},
-        {"frameEdgeTop", {3, 1}, QRect(QPoint(10, 20), QPoint(0, 0)), Qt::SizeFDiagCursor},
-        {"frameEdgeRight", {398, 8}, QRect(QPoint(0, 20), QPoint(10, 0)), Qt::SizeBDiagCursor},
-        {"frameEdgeLeft", {1, 292}, QRect(QPoint(10, 0), QPoint(0, 20)), Qt::SizeBDiagCursor},
-        {"frameEdgeBottom", {392, 298}, QRect(QPoint(0, 0), QPoint(10, 20)), Qt::SizeFDiagCursor},
+        {"frameEdgeLeft", {1, 100}, {10, 0, 0, 0}, Qt::SizeHorCursor},
+        {"frameEdgeRight", {398, 100}, {0, 0, 10, 0}, Qt::SizeHorCursor},
+        {"frameEdgeTop", {200, 1}, {0, 20, 0, 0}, Qt::SizeVerCursor},
+        {"frameEdgeBottom", {200, 298}, {0, 0, 0, 20}, Qt::SizeVerCursor},
+        {"frameEdgeTop", {3, 1}, {10, 20, 0, 0}, Qt::SizeFDiagCursor},
+        {"frameEdgeRight", {398, 8}, {0, 20, 10, 0}, Qt::SizeBDiagCursor},
+        {"frameEdgeLeft", {1, 292}, {10, 0, 0, 20}, Qt::SizeBDiagCursor},
+        {"frameEdgeBottom", {392, 298}, {0, 0, 10, 20}, Qt::SizeFDiagCursor},
     };
-    for (const auto& each : cases) {
-        const QRect before(100, 100, 400, 300);
+    const QRect before(100, 100, 400, 300);
+    for (const auto& [name, from, moved, cursor] : cases) {
         window_.setGeometry(before);
-        QWidget& part = Part(each.part);
-        QTest::mouseMove(&part, part.mapFrom(&window_, each.from));
-        EXPECT_EQ(part.cursor().shape(), each.cursor) << each.part;
-        Drag(each.part, each.from, {10, 20});
-        EXPECT_EQ(window_.geometry(), before.adjusted(each.changed.left(), each.changed.top(),
-                                                      each.changed.right(), each.changed.bottom()))
-            << each.part << each.from.x();
+        QWidget& part = Part(name);
+        QTest::mouseMove(&part, part.mapFrom(&window_, from));
+        EXPECT_EQ(part.cursor().shape(), cursor) << name;
+        Drag(name, from, {10, 20});
+        EXPECT_EQ(window_.geometry(),
+                  before.adjusted(moved.left(), moved.top(), moved.right(), moved.bottom()))
+            << name << from.x();
     }
     // The far edge stays where it is when the smallest size is reached.
     window_.setGeometry(100, 100, 400, 300);
@@ -133,8 +134,7 @@ TEST_F(FrameInputTest, ClosesByADoubleClickOnTheIconAndByKey) {
     EXPECT_FALSE(window_.isVisible());
 
     window_.show();
-    window_.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+    Activate();
     QTest::mouseRelease(&window_, Qt::LeftButton);
     QTest::keyClick(&window_, Qt::Key_F4, Qt::AltModifier);
     EXPECT_FALSE(window_.isVisible());
@@ -184,13 +184,12 @@ TEST_F(FrameInputTest, CanBeTakenAwayByItsOwnButtons) {
     window.show();
     frame_.Detach();
     window.frame.Attach(window, skin_.configuration);
-    QTest::mouseClick(window.findChild<QWidget*>(QStringLiteral("frameButtonClose")),
-                      Qt::LeftButton);
+    QTest::mouseClick(&FindIn(window, "frameButtonClose"), Qt::LeftButton);
     EXPECT_FALSE(window.isVisible());
     EXPECT_TRUE(window.contentsMargins().isNull());
     window.show();
     window.frame.Attach(window, skin_.configuration);
-    EXPECT_TRUE(window.findChild<QWidget*>(QStringLiteral("frameTitleBar"))->isVisible());
+    EXPECT_TRUE(FindIn(window, "frameTitleBar").isVisible());
 }
 
 } // namespace

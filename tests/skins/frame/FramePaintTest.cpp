@@ -151,16 +151,14 @@ TEST_F(FramePaintTest, ReadsASkinFileWholeOrNotAtAll) {
     configuration.LoadXML(
         QStringLiteral("<skin name='Good'><member name='TitleMetric1' value='99'/>"
                        "<member name='BarColor1' value='1, 2,3'/>"
-                       "<member name='FrameFlag2' value='-1'/>"
                        "<member name='Colorize' value='True'/>"
                        "<member name='PercentBlue' value='-0.25'/>"
                        "<member name='Unknown' value='any'/></skin>"),
         title, cells);
     EXPECT_EQ(configuration.Name, QLatin1String("Good"));
     EXPECT_EQ(configuration.TitleMetric1, 99);
-    EXPECT_EQ(configuration.TitleMetric2, 4);
+    EXPECT_EQ(configuration.TitleMetric2, 4) << "not in the file";
     EXPECT_EQ(configuration.BarColor1, 0x030201U);
-    EXPECT_EQ(configuration.FrameFlag2, -1);
     EXPECT_TRUE(configuration.Colorize);
     EXPECT_EQ(configuration.PercentBlue, -0.25F);
     EXPECT_EQ(configuration.TitlePicture.size(), title.size());
