@@ -1,34 +1,29 @@
-#include "controls/ListHeader.h"
-#include "downloads/DownloadRows.h"
 #include "fakes/CommandedCopier.h"
-#include "fakes/MemoryNetwork.h"
-#include "fakes/Text.h"
-#include "gui/TestDesktop.h"
-#include "gui/WindowDriver.h"
+#include "gui/WindowTest.h"
 
 #include <QClipboard>
 #include <QMenu>
 #include <QMimeData>
-#include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
 
-/// The real window over a share \\S\D with three files of different sizes, after a search, with a
-/// copier that is told when to finish.
-class Downloads : public testing::Test, public TestDesktop, public WindowDriver {
+/// Over a share \\S\D with three files of different sizes, after a search, with a copier that is
+/// told when to finish.
+class DownloadsTest : public WindowTest {
 protected:
-    Downloads() : WindowDriver(window) {}
+    DownloadsTest()
+        : WindowTest([this] {
+            auto made = std::make_unique<CommandedCopier>();
+            copier = made.get();
+            return made;
+        }) {}
 
     void SetUp() override {
-        network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
-        network.AddNode(Text("Net"), NetEnum::DisplayServer, Text("\\\\S"));
-        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
-        network.AddFile(Text("\\\\S\\D\\b.mp3"), 9000000);
-        network.AddFile(Text("\\\\S\\D\\a.txt"), 100000000);
-        network.AddFile(Text("\\\\S\\D\\SUB\\c.txt"), 2000000);
+        AddFile("\\\\S\\D\\b.mp3", 9000000);
+        AddFile("\\\\S\\D\\a.txt", 100000000);
+        AddFile("\\\\S\\D\\SUB\\c.txt", 2000000);
         Open();
         Search("*.*");
         ASSERT_EQ(results.Count(), 3);
@@ -38,37 +33,15 @@ protected:
         Find<QTimer>("DloadQueueTmr").setInterval(1);
     }
 
-    static QPoint On(ListView& list, int row) {
-        list.Flush();
-        return list.visualRect(list.model()->index(row - 1, 0)).center();
-    }
-    static void ClickRow(ListView& list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier) {
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, keys, On(list, row));
-    }
     static void DoubleClickRow(ListView& list, int row) {
         ClickRow(list, row);
-        QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, On(list, row));
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, PlaceOf(list, row));
     }
-    static void RightClickRow(ListView& list, int row) {
-        QTest::mouseClick(list.viewport(), Qt::RightButton, Qt::NoModifier, On(list, row));
-    }
-    static void ClickHeader(ListView& list, int column) {
-        ListHeader* header = list.Header();
-        QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          QPoint(header->sectionViewportPosition(column - 1) + 20, 5));
-    }
-    static QString Names(const ListView& list) {
-        QStringList names;
-        for (int row = 1; row <= list.Count(); ++row)
-            names.append(list.Text(row));
-        return names.join(u' ');
-    }
+    static void RightClickRow(ListView& list, int row) { ClickRow(list, row, {}, Qt::RightButton); }
 
     /// Queues all results and waits until they run.
     void RunAll() {
-        ClickRow(results, 1);
-        QTest::keyClick(&results, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(&results, Qt::Key_Return);
+        DownloadAll();
         ASSERT_TRUE(QTest::qWaitFor([this] { return copier->Running.size() == 3; }));
         ASSERT_EQ(Find<QTabWidget>("SSTab1").currentIndex(), 1);
     }
@@ -93,18 +66,12 @@ protected:
         return captions.join(u'|');
     }
 
-    MemoryNetwork network;
     CommandedCopier* copier = nullptr; ///< the window's own
-    frmNetrove window{Services(network, [this] {
-        auto made = std::make_unique<CommandedCopier>();
-        copier = made.get();
-        return made;
-    })};
-    ListView& results = Find<ListView>("lvwResults");
-    ListView& downloads = Find<ListView>("lvwDownloads");
+    ListView& results = Results();
+    ListView& downloads = Downloads();
 };
 
-TEST_F(Downloads, DoubleClickDownloadsAndClears) {
+TEST_F(DownloadsTest, DoubleClickDownloadsAndClears) {
     DoubleClickRow(results, 1);
     WaitForState(1, "Downloading");
     EXPECT_EQ(copier->Accepted.join(u','),
@@ -120,30 +87,30 @@ TEST_F(Downloads, DoubleClickDownloadsAndClears) {
     EXPECT_TRUE(dialogs.Shown.isEmpty());
 }
 
-TEST_F(Downloads, HeadersSort) {
-    EXPECT_EQ(Names(results), Text("b.mp3 a.txt c.txt"));
+TEST_F(DownloadsTest, HeadersSort) {
+    EXPECT_EQ(Column(results), "b.mp3 a.txt c.txt");
     ClickHeader(results, 1);
-    EXPECT_EQ(Names(results), Text("c.txt b.mp3 a.txt"));
+    EXPECT_EQ(Column(results), "c.txt b.mp3 a.txt");
     EXPECT_EQ(results.HeaderText(1), Text("File Name v"));
     // By value, not by the texts 95.3674, 8.5831 and 1.9073.
     ClickHeader(results, 3);
-    EXPECT_EQ(Names(results), Text("c.txt b.mp3 a.txt"));
+    EXPECT_EQ(Column(results), "c.txt b.mp3 a.txt");
     EXPECT_EQ(results.HeaderText(1) + results.HeaderText(3), Text("File NameSize (MB) ^"));
     ClickHeader(results, 3);
-    EXPECT_EQ(Names(results), Text("a.txt b.mp3 c.txt"));
+    EXPECT_EQ(Column(results), "a.txt b.mp3 c.txt");
 
     RunAll();
     ClickHeader(downloads, 3);
-    EXPECT_EQ(Names(downloads), Text("a.txt b.mp3 c.txt"));
+    EXPECT_EQ(Column(downloads), "a.txt b.mp3 c.txt");
     EXPECT_EQ(downloads.HeaderText(3), Text("Size (MB) v"));
     ClickHeader(downloads, 4);
     EXPECT_EQ(downloads.HeaderText(3) + downloads.HeaderText(4), Text("Size (MB)Date ^"));
 }
 
-TEST_F(Downloads, ResultsMenu) {
+TEST_F(DownloadsTest, ResultsMenu) {
     RightClickRow(results, 1);
     EXPECT_EQ(TakeMenu("PopUp2Mnu"),
-              Text("Download|-|Open Folder|Explore Folder|-|Member of Net Workgroup|-|"
+              Text("Download|-|Open Folder|Explore Folder|-|Member of WG Workgroup|-|"
                    "Sample MP3 Remotely"));
     results.SetSubItem(1, 1, Text("\\\\GONE\\D\\"));
     RightClickRow(results, 1);
@@ -167,10 +134,10 @@ TEST_F(Downloads, ResultsMenu) {
     RightClickRow(results, 3);
     Pick("PopUp2Mnu", "mnuDownload");
     WaitForState(1, "Downloading");
-    EXPECT_EQ(Names(downloads), Text("c.txt"));
+    EXPECT_EQ(Column(downloads), "c.txt");
 }
 
-TEST_F(Downloads, DownloadsMenuFollowsTheStates) {
+TEST_F(DownloadsTest, DownloadsMenuFollowsTheStates) {
     const QString folders = Text("Clear All|-|Open Downloads Folder|Explore Downloads Folder");
     QTest::mouseClick(downloads.viewport(), Qt::RightButton, Qt::NoModifier, QPoint(5, 5));
     EXPECT_EQ(TakeMenu("PopUp1Mnu"), QString()) << "no rows";
@@ -210,7 +177,7 @@ TEST_F(Downloads, DownloadsMenuFollowsTheStates) {
                   Text("Folder Error...: Failed to open ") + folder.path() + Text("/Downloads/")}));
 }
 
-TEST_F(Downloads, AMenuWithoutACurrentRowIsAFailure) {
+TEST_F(DownloadsTest, AMenuWithoutACurrentRowIsAFailure) {
     results.SetCurrentRow(0);
     QTest::mouseClick(results.viewport(), Qt::RightButton, Qt::NoModifier,
                       QPoint(5, results.viewport()->height() - 5));
@@ -218,19 +185,19 @@ TEST_F(Downloads, AMenuWithoutACurrentRowIsAFailure) {
               QStringList(Text("Error in Results MouseDown: 91\r\nObject variable not set")));
 }
 
-TEST_F(Downloads, ClearAllEmptiesBothLists) {
+TEST_F(DownloadsTest, ClearAllEmptiesBothLists) {
     RunAll();
     copier->Finish(1);
     copier->Finish(3, 53);
     WaitForState(3, "Error (53)");
     dialogs.OnMessage = [this] {
         EXPECT_EQ(results.Count(), 0);
-        EXPECT_FALSE(Find<QWidget>("cmdStartSearch").isEnabled());
-        EXPECT_FALSE(Find<QWidget>("cmdClearLst").isEnabled());
+        EXPECT_FALSE(Find("cmdStartSearch").isEnabled());
+        EXPECT_FALSE(Find("cmdClearLst").isEnabled());
     };
     dialogs.Answer = MessageAnswer::No;
     Click("cmdClearLst");
-    EXPECT_EQ(Names(downloads), Text("a.txt")) << "it runs";
+    EXPECT_EQ(Column(downloads), "a.txt") << "it runs";
     EXPECT_EQ(Caption(), Text("---"));
     auto& texts = Find<QComboBox>("LstSearchFor");
     EXPECT_EQ(texts.count(), 1);
@@ -241,13 +208,13 @@ TEST_F(Downloads, ClearAllEmptiesBothLists) {
     EXPECT_EQ(dialogs.Shown.last(), Text("Clear search list?: Would you also like to clear the "
                                          "drop-down search list?"));
     EXPECT_TRUE(results.updatesEnabled());
-    EXPECT_TRUE(Find<QWidget>("cmdClearLst").isEnabled());
-    EXPECT_FALSE(Find<QWidget>("cmdAbandon").isEnabled());
+    EXPECT_TRUE(Find("cmdClearLst").isEnabled());
+    EXPECT_FALSE(Find("cmdAbandon").isEnabled());
     copier->Finish(2);
     WaitForState(1, "Done!");
 }
 
-TEST_F(Downloads, CopiesPathsAndAddresses) {
+TEST_F(DownloadsTest, CopiesPathsAndAddresses) {
     ClickRow(results, 1);
     ClickRow(results, 3, Qt::ControlModifier);
     QTest::keyClick(&results, Qt::Key_C, Qt::ControlModifier);
@@ -262,7 +229,7 @@ TEST_F(Downloads, CopiesPathsAndAddresses) {
     EXPECT_EQ(QGuiApplication::clipboard()->mimeData()->text(), Text("\\\\S\\D\\a.txt"));
 }
 
-TEST_F(Downloads, ClosingReleasesTheCopier) {
+TEST_F(DownloadsTest, ClosingReleasesTheCopier) {
     RunAll();
     const QPointer<CopyQ> released(copier);
     Q_EMIT copier->CopyDone(Text("copy 1"), 0);

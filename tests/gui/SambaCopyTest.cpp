@@ -1,12 +1,10 @@
 #include "downloads/copier/FileCopier.h"
-#include "fakes/Text.h"
+#include "fakes/Files.h"
 #include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
 #include "platform/network/OpenNetwork.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaServer.h"
-
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
@@ -23,38 +21,26 @@ TEST(SambaCopy, WholeFilesArriveAndHalfOnesAreNoFiles) {
     FaultyProxy proxy(samba.Port());
     TestDesktop desktop;
     const QTemporaryDir& folder = desktop.folder;
-    QFile ini(folder.filePath(Text("network.ini")));
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write("[LAN]\nType=smb\nFind=No\nComputer1=FILER|HOME|127.0.0.1:" +
-              QByteArray::number(proxy.Port()) + "\n");
-    ini.close();
+    WriteFile(folder.filePath(Text("network.ini")),
+              "[LAN]\nType=smb\nFind=No\nComputer1=FILER|HOME|127.0.0.1:" +
+                  QByteArray::number(proxy.Port()) + "\n");
 
     const OpenedNetwork opened = OpenNetwork(folder.path());
     frmNetrove window(desktop.Services(
         *opened.network, [&] { return std::make_unique<FileCopier>(*opened.network); }));
     WindowDriver driver(window);
     driver.Open();
-    auto& results = driver.Find<ListView>("lvwResults");
-    auto& downloads = driver.Find<ListView>("lvwDownloads");
+    const ListView& downloads = driver.Downloads();
     const auto copy = [&](const char* pattern) {
         driver.Search(pattern);
-        results.setFocus();
-        QTest::keyClick(&results, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(&results, Qt::Key_Return);
-        const int row = downloads.Count();
-        const auto isFinal = [&] {
-            const QString status = downloads.SubItem(row, 5);
-            return status != Text("Pending") && status != Text("Downloading");
-        };
-        EXPECT_TRUE(QTest::qWaitFor(isFinal, 60000));
-        return downloads.SubItem(row, 5);
+        driver.DownloadAll();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !driver.IsDownloading(); }, 60000));
+        return downloads.SubItem(downloads.Count(), DownloadItem::Status);
     };
     const QString target = folder.filePath(Text("Downloads/"));
 
     EXPECT_EQ(copy("song"), Text("Done!"));
-    QFile song(target + Text("song, [1].mp3"));
-    ASSERT_TRUE(song.open(QIODevice::ReadOnly));
-    EXPECT_EQ(song.readAll(), content);
+    EXPECT_EQ(ReadFile(target + Text("song, [1].mp3")), content);
 
     driver.Search("broken");
     proxy.CloseAfter(3 << 20);
