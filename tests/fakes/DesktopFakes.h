@@ -33,7 +33,9 @@ public:
     std::function<void()> OnMessage;
     std::function<void()> OnInput; ///< while an input box is up; may throw
 
-    /// What was shown since the last time, one box after the other.
+    /// What was shown, one box after the other.
+    [[nodiscard]] std::string Boxes() const { return Shown.join(u'|').toStdString(); }
+    /// The same, since the last time.
     std::string Take() { return std::exchange(Shown, {}).join(u'|').toStdString(); }
 
     MessageAnswer Message(MessageIcon /*icon*/, const QString& text, const QString& title,
