@@ -25,6 +25,8 @@ protected:
 TEST_F(DonateTest, LinksComeFromTheSite) {
     Open(http);
     EXPECT_EQ(dialog->contentsRect().size(), QSize(370, 150));
+    const QPoint off = dialog->geometry().center() - owner.geometry().center();
+    EXPECT_LE(off.manhattanLength(), 40) << "it isn't in the middle of its owner";
     EXPECT_FALSE(Button("cmdLink(0)").isVisible());
     Page("Netrove.don", " tbs_don Pal https://a.example/ Coin http://b.example/ ");
     http.OnRead = [this] {
@@ -37,7 +39,7 @@ TEST_F(DonateTest, LinksComeFromTheSite) {
     EXPECT_TRUE(Button("cmdLink(0)").hasFocus());
     EXPECT_EQ(Links(), "Pal|Coin|site.example/|"
                        "https://a.example/|http://b.example/|https://site.example/");
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 
     // Whatever the captions are, the dialog keeps its shape.
     Page("Netrove.don",
@@ -53,8 +55,7 @@ TEST_F(DonateTest, FailuresLeaveTheSiteInAllLinks) {
     Open(http);
     Page("Netrove.don", "TBS_DON Pal https://a.example/");
     Click("cmdUp");
-    for (const char* answer : {"TBS_DNO Pal https://a.example/", "TBS_DON", "", "TBS_DON Pal",
-                               "TBS_DON Pal https://a.example/ Sh file:///bin/sh"}) {
+    for (const char* answer : {"", "TBS_DON Pal https://a.example/ Sh file:///bin/sh"}) {
         Page("Netrove.don", answer);
         Click("cmdUp");
         EXPECT_EQ(dialogs.Take(), Failed) << answer;
