@@ -35,26 +35,19 @@ protected:
 };
 
 TEST_F(ColumnHelpTest, EachColumnHasItsText) {
-    const struct {
-        int list;
-        int column;
-        const char* beginning;
-    } cases[] = {
-        {1, 0, "The name of the file"},
-        {1, 1, "The source of the file"},
-        {2, 4, "The attributes of this file:\n    R=Read Only\n"},
-        {1, 5, "If the file is an MP3 file then the length"},
-        {2, 5, "The status of the file:\n Pending=Waiting"},
-        {1, 8, "No help available for this column."},
-        {1, -1, "No help available for this column."},
-    };
-    for (const auto& [list, column, beginning] : cases) {
-        frmColHelp* shown = Show(list, column);
-        const auto& label = FindIn<QLabel>(*shown, "Label1");
-        EXPECT_TRUE(label.text().startsWith(Text(beginning))) << label.text().toStdString();
-        EXPECT_LE(label.heightForWidth(label.width()), shown->height()) << "cut: " << beginning;
-        shown->close();
+    QSet<QString> texts;
+    for (const int list : {1, 2}) {
+        for (int column = -1; column <= 11; ++column) {
+            frmColHelp* shown = Show(list, column);
+            const auto& label = FindIn<QLabel>(*shown, "Label1");
+            EXPECT_LE(label.heightForWidth(label.width()), shown->height())
+                << "cut: " << label.text().toStdString();
+            texts.insert(label.text());
+            shown->close();
+        }
     }
+    EXPECT_GE(texts.size(), 12);
+    EXPECT_TRUE(texts.contains(Text("No help available for this column.")));
 }
 
 TEST_F(ColumnHelpTest, ItStaysOnTheScreenAndGoesAtAClick) {
