@@ -82,7 +82,7 @@ TEST_F(ExclusionList, IsAWorkingCopy) {
     dialogs.Answer = MessageAnswer::Yes;
     Press(Qt::Key_Delete);
     EXPECT_EQ(Rows(), "");
-    EXPECT_EQ(dialogs.Shown, QStringList(Text("Delete Nodes?: Delete the selected nodes?")));
+    EXPECT_EQ(dialogs.Boxes(), "Delete Nodes?: Delete the selected nodes?");
     Click("CancelCmd");
     EXPECT_EQ(settings.ExcNetNodes, before);
 }
@@ -95,11 +95,11 @@ TEST_F(ExclusionList, NodesAreAdded) {
     Add("WG", Qt::Key_W);
     Add(" Net ", Qt::Key_N);
     EXPECT_EQ(Rows(), "Temp|Folder x|Folder Temp|Workstation WG|Workgroup *Net|Network");
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 
     Press(Qt::Key_A, Qt::ControlModifier);
     Add("TEMP", Qt::Key_F);
-    EXPECT_EQ(dialogs.Shown, QStringList(Text("Node warning: Node already exists in the list.")));
+    EXPECT_EQ(dialogs.Boxes(), "Node warning: Node already exists in the list.");
     EXPECT_EQ(Rows(), "*Temp|Folder x|Folder Temp|Workstation WG|Workgroup Net|Network");
     List().SetSelected(2, true);
     EXPECT_EQ(List().SelectedCount(), 2) << "several again";
@@ -136,11 +136,9 @@ TEST_F(ExclusionList, DefaultsComeOnce) {
     Trigger("mnuAddDef");
     EXPECT_EQ(List().Count(), 4);
     EXPECT_EQ(
-        dialogs.Shown,
-        (QStringList{Text("Default node info: 4 node(s) already existed in the list.\r\nAdded 0 "
-                          "node(s)."),
-                     Text("Default node info: 1 node(s) already existed in the list.\r\nAdded 3 "
-                          "node(s).")}));
+        dialogs.Boxes(),
+        "Default node info: 4 node(s) already existed in the list.\r\nAdded 0 node(s).|Default "
+        "node info: 1 node(s) already existed in the list.\r\nAdded 3 node(s).");
 }
 
 TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
@@ -167,8 +165,8 @@ TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
     QStringList items;
     for (const QAction* item : menu.actions())
         items.append(item->isSeparator() ? Text("-") : item->text());
-    EXPECT_EQ(items.join(u','), Text("Add a Network Node...,Remove the Selected Node(s),-,Add "
-                                     "Default Nodes"));
+    EXPECT_EQ(items.join(u','),
+              Text("Add a Network Node...,Remove the Selected Node(s),-,Add Default Nodes"));
     menu.close();
 }
 

@@ -12,7 +12,7 @@ TEST_F(Options, WhatIsLoadedIsTakenBack) {
     const Settings defaults = settings;
     Settings unusual = UnusualSettings(folder.path());
     unusual.DateFormat = Text(" YYYY-MM-DD ");
-    unusual.ExcNetNodes = {Text("a|False|Network"), Text(" ||x"), Text("b||workstation")};
+    unusual.ExcNetNodes = Texts({"a|False|Network", " ||x", "b||workstation"});
     for (const Settings& before : {defaults, unusual}) {
         settings = before;
         settings.DefaultNetNodes = defaults.DefaultNetNodes;
@@ -27,10 +27,10 @@ TEST_F(Options, WhatIsLoadedIsTakenBack) {
         expected.SaveFolder += u'/';
         expected.DateFormat = expected.DateFormat.trimmed();
         if (!before.ExcludeNetNodes)
-            expected.ExcNetNodes = {Text("a|False|Network"), Text("b|False|workstation")};
+            expected.ExcNetNodes = Texts({"a|False|Network", "b|False|workstation"});
         EXPECT_EQ(Described(settings), Described(expected));
     }
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(Options, LoadShowsUnusualSettings) {
@@ -126,12 +126,12 @@ TEST_F(Options, ExclusionsAreCheckedWhileTheyAreOn) {
     for (int row = 1; row <= List().Count(); ++row)
         List().SetChecked(row, false);
     Click("OKCmd"); // whether or not cmdApply is enabled
-    EXPECT_EQ(dialogs.Shown.value(0), Text("Exclude Folders Error...: You have selected to "
-                                           "exlude folders but have none checked."));
+    EXPECT_EQ(dialogs.Shown.value(0), Text("Exclude Folders Error...: You have selected to exlude "
+                                           "folders but have none checked."));
     List().Clear();
     Click("OKCmd");
-    EXPECT_EQ(dialogs.Shown.value(1), Text("Exclude Folders Error...: You have selected to "
-                                           "exlude folders but the list is empty."));
+    EXPECT_EQ(dialogs.Shown.value(1), Text("Exclude Folders Error...: You have selected to exlude "
+                                           "folders but the list is empty."));
     EXPECT_EQ(Find<QTabWidget>("SSTab1").currentIndex(), 1);
     EXPECT_TRUE(List().hasFocus());
     Click("optNoExcNetNode");
@@ -210,7 +210,7 @@ TEST_F(Options, ChoosersFailAloud) {
         throw RunTimeError(ErrorNumber::OutOfMemory);
     };
     Click("cmdChangeFont");
-    EXPECT_EQ(dialogs.Shown, QStringList(Text("Options Error...: 7\r\nOut of memory")));
+    EXPECT_EQ(dialogs.Boxes(), "Options Error...: 7\r\nOut of memory");
     dialogs.Font = [](const ChosenFont& /*font*/) -> ChosenFont { throw RunTimeError(32755, {}); };
     Click("cmdChangeFont");
     EXPECT_EQ(dialogs.Shown.size(), 1) << "cancelled";
@@ -243,7 +243,7 @@ TEST_F(Options, DefaultsTakeEffectWithApply) {
     expected.SaveFolder = folder.filePath(Text("Downloads/"));
     EXPECT_EQ(Described(settings), Described(expected));
     EXPECT_EQ(results->font().family(), Text("Arial"));
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(Options, FormatsShowTheirEffect) {
@@ -295,13 +295,12 @@ TEST_F(Options, CanBeUsedWithTheKeyboardAlone) {
         EXPECT_TRUE(passed.contains(Text("CancelCmd")));
         int reachable = 0;
         for (const QWidget* control : tabs.widget(tab)->findChildren<QWidget*>()) {
+            const QString name = control->objectName();
             const auto* option = qobject_cast<const QRadioButton*>(control);
             if (control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0 &&
-                (!option || option->isChecked()) && !control->objectName().isEmpty() &&
-                !control->objectName().startsWith(Text("qt_"))) {
+                (!option || option->isChecked()) && !name.isEmpty() && !name.startsWith(u"qt_")) {
                 ++reachable;
-                EXPECT_TRUE(passed.contains(control->objectName()))
-                    << control->objectName().toStdString();
+                EXPECT_TRUE(passed.contains(name)) << name.toStdString();
             }
         }
         EXPECT_GE(reachable, 2);
@@ -326,13 +325,12 @@ TEST_F(Options, HoldsItsTextsInAnyFont) {
         for (int tab = 0; tab < tabs.count(); ++tab) {
             tabs.setCurrentIndex(tab);
             for (const QWidget* control : dialog->findChildren<QWidget*>()) {
+                const bool hasText =
+                    control->inherits("QAbstractButton") || control->inherits("QLabel");
                 // The narrow button is made to its text.
-                if (control->isVisible() && control != &Find<QWidget>("BrowseFolCmd") &&
-                    (qobject_cast<const QAbstractButton*>(control) ||
-                     qobject_cast<const QLabel*>(control))) {
-                    EXPECT_GE(control->width(), control->minimumSizeHint().width())
-                        << control->objectName().toStdString();
-                    EXPECT_GE(control->height(), control->minimumSizeHint().height())
+                if (control->isVisible() && hasText && control->objectName() != u"BrowseFolCmd") {
+                    EXPECT_EQ(control->size().expandedTo(control->minimumSizeHint()),
+                              control->size())
                         << control->objectName().toStdString();
                 }
             }
