@@ -69,16 +69,16 @@ TEST_F(Browser, FirstLoadShowsItsProgressAndThenTheTree) {
     EXPECT_TRUE(IsShown("tvwNetwork"));
     EXPECT_EQ(browser->focusWidget(), &Tree());
     EXPECT_EQ(LabelText("lblProg") + LabelText("lblProcPerc"), Text("0%"));
-    EXPECT_EQ(Tree().Children({}), QStringList(Text("??_ROOT")));
+    EXPECT_EQ(Tree().Children({}), Texts({"??_ROOT"}));
     EXPECT_TRUE(Tree().Expanded(Text("??_ROOT")));
     EXPECT_EQ(Tree().Text(Text("??_ROOT")), Text("Entire Network"));
     EXPECT_EQ(Tree().Tag(Text("??_ROOT")), Text("Y"));
     EXPECT_EQ(Tree().Image(Text("??Net")), Text("network"));
     EXPECT_EQ(Tree().Tag(Text("??Net")), Text("N"));
     EXPECT_EQ(Children("_ROOT"), "Net+ Lone+");
-    EXPECT_EQ(Tree().Children(Text("??Net")), QStringList(Text("??Net_FAKE")));
-    EXPECT_EQ(calls, (QStringList{Text("open "), Text("print ")})) << "and nothing below";
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(Tree().Children(Text("??Net")), Texts({"??Net_FAKE"}));
+    EXPECT_EQ(calls, Texts({"open ", "print "})) << "and nothing below";
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(Browser, ExpansionReadsALevelOnce) {
@@ -92,15 +92,14 @@ TEST_F(Browser, ExpansionReadsALevelOnce) {
     EXPECT_EQ(Tree().Image(Text("??\\\\S\\P")), Text("printer"));
     EXPECT_EQ(Tree().Tag(Text("??\\\\T")), Text("Y"));
     EXPECT_TRUE(Tree().Expanded(Text("??WG")));
-    EXPECT_EQ(calls, (QStringList{Text("open Net"), Text("print Net"), Text("open WG"),
-                                  Text("print WG"), Text("open \\\\S"), Text("print \\\\S"),
-                                  Text("open \\\\T"), Text("open Lone")}));
+    EXPECT_EQ(calls, Texts({"open Net", "print Net", "open WG", "print WG", "open \\\\S",
+                            "print \\\\S", "open \\\\T", "open Lone"}));
     Tree().SetSelected(Text("??Net"));
     for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Asterisk})
         Press(key);
     EXPECT_EQ(calls.size(), 8);
     EXPECT_FALSE(IsShown("picProg") || IsShown("lblWait"));
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 /// While the network is waited for, no timer of the tree fires that would lay it out anew.
@@ -134,7 +133,7 @@ TEST_F(Browser, TheFakeChildIsGoneFromTheScreenBeforeTheWait) {
 TEST_F(Browser, AnEmptyNetworkHasItsRoot) {
     network.Unlistable = {QString()};
     Open();
-    EXPECT_EQ(calls, QStringList(Text("open "))) << "asked once";
+    EXPECT_EQ(calls, Texts({"open "})) << "asked once";
     EXPECT_EQ(Tree().Count(), 1);
     EXPECT_EQ(LabelText("lblAddNode"), Text("Done"));
     Tree().SetSelected(Text("??_ROOT"));
@@ -150,9 +149,8 @@ TEST_F(Browser, TellsWhatFailed) {
             throw RunTimeError(ErrorNumber::PathNotFound);
     };
     Open();
-    EXPECT_EQ(dialogs.Shown,
-              QStringList(Text("Error while adding NONODE: An error was encountered when searching "
-                               "the network.\r\n76\r\nPath not found")));
+    EXPECT_EQ(dialogs.Boxes(), "Error while adding NONODE: An error was encountered when searching "
+                               "the network.\r\n76\r\nPath not found");
     EXPECT_TRUE(IsShown("tvwNetwork"));
     EXPECT_EQ(Tree().Count(), 1);
 
@@ -162,11 +160,10 @@ TEST_F(Browser, TellsWhatFailed) {
     network.AddNode(Text("Lone"), NetEnum::DisplayServer, Text("\\\\u"));
     Open();
     Expand("Lone");
-    EXPECT_EQ(dialogs.Shown,
-              QStringList(
-                  Text("Error While Expanding Lone: An error was encountered when expanding the "
-                       "node.\r\nNode = 'Lone'\r\n \r\n457\r\nThis key is already associated with "
-                       "an element of this collection")));
+    EXPECT_EQ(
+        dialogs.Boxes(),
+        "Error While Expanding Lone: An error was encountered when expanding the node.\r\nNode = "
+        "'Lone'\r\n \r\n457\r\nThis key is already associated with an element of this collection");
     EXPECT_EQ(browser->cursor().shape(), Qt::ArrowCursor);
     EXPECT_FALSE(IsShown("picProg") || IsShown("lblWait"));
 }
@@ -181,7 +178,7 @@ TEST_F(Browser, AChildThatFailsCostsNobodyElse) {
     ExpandAll({"Net", "WG"});
     EXPECT_EQ(Children("_ROOT"), "Net+ Lone+ Last+");
     EXPECT_EQ(Children("WG"), "S+ T+ Z+");
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(Browser, CloseDuringALoadEndsIt) {
@@ -212,7 +209,7 @@ TEST_F(Browser, CloseDuringALoadEndsIt) {
     EXPECT_TRUE(browser->Cancelled());
     EXPECT_FALSE(browser->isVisible());
     EXPECT_FALSE(Find<QWidget>("cmdOk").isEnabled());
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 
     // Between the enumeration and the first child, where it fails, nothing is said either.
     Show();
@@ -225,7 +222,7 @@ TEST_F(Browser, CloseDuringALoadEndsIt) {
     bool later = false;
     QTimer::singleShot(50, browser.get(), [&later] { later = true; });
     ASSERT_TRUE(QTest::qWaitFor([&later] { return later; }));
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(Browser, LoadsInsideLoadsKeepApart) {
@@ -246,7 +243,7 @@ TEST_F(Browser, LoadsInsideLoadsKeepApart) {
     EXPECT_EQ(Tree().Children(Text("??\\\\T")).size(), 30);
     EXPECT_EQ(Children("Lone"), "");
     EXPECT_EQ(browser->cursor().shape(), Qt::ArrowCursor);
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(Browser, ANodeExpandedAgainWhileItLoadsIsReadOnce) {
@@ -281,7 +278,7 @@ TEST_F(Browser, CloseDuringAnExpansionEndsIt) {
     EXPECT_FALSE(browser->isVisible());
     EXPECT_EQ(Tree().Children(Text("??Net")).size(), 1);
     EXPECT_EQ(Tree().Tag(Text("??Net")), Text("N"));
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(Browser, WritesItsLog) {
