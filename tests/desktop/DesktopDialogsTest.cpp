@@ -100,7 +100,7 @@ TEST_F(DesktopDialogsTest, LetsFilesBeChosen) {
             EXPECT_EQ(chooser.windowTitle(), setup.title);
             EXPECT_EQ(chooser.directory().path(), folder.path());
             EXPECT_EQ(chooser.nameFilters(),
-                      (QStringList{Text("List (*.nrr) (*.nrr)"), Text("All Files (*.*) (*)")}));
+                      Texts({"List (*.nrr) (*.nrr)", "All Files (*.*) (*)"}));
             auto* input = chooser.findChild<QLineEdit*>();
             EXPECT_EQ(input->text(), setup.fileName);
             if (!name.isEmpty())
