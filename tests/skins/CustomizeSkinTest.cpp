@@ -128,7 +128,7 @@ TEST_F(CustomizeSkin, OnlyOkStoresAndAttaches) {
         FindIn<QScrollBar>(open, "hscHue").setValue(350);
         QTest::mouseClick(&FindIn(open, "cmdCancel"), Qt::LeftButton);
     });
-    EXPECT_EQ(frames.calls, QStringList{Text("attach frmCustomizeSkin Bullethead")});
+    EXPECT_EQ(frames.calls, Texts({"attach frmCustomizeSkin Bullethead"}));
     EXPECT_EQ(Stored("SkinProperties_5", "Hue"), Text("-"));
     EXPECT_EQ(skin->Hue, 2.5F) << "stays in the configuration";
 
@@ -137,8 +137,8 @@ TEST_F(CustomizeSkin, OnlyOkStoresAndAttaches) {
         EXPECT_EQ(FindIn<QScrollBar>(open, "hscHue").value(), 350);
         QTest::mouseClick(&FindIn(open, "cmdOk"), Qt::LeftButton);
     });
-    EXPECT_EQ(frames.calls, (QStringList{Text("attach frmCustomizeSkin Bullethead"),
-                                         Text("attach main Bullethead")}));
+    EXPECT_EQ(frames.calls,
+              Texts({"attach frmCustomizeSkin Bullethead", "attach main Bullethead"}));
     EXPECT_EQ(Stored("SkinProperties_5", "Hue"), Text("2.5"));
     EXPECT_EQ(skins.SkinConfiguration(), skin);
 }

@@ -9,22 +9,14 @@ protected:
 };
 
 TEST_F(SkinSelectionTest, MenuChoosesTheSkin) {
-    struct Case {
+    const struct {
         qint16 index;
         const char* name; ///< empty: no skin
         bool canAdjust;
-    };
-    const Case cases[] = {{0, "", false},
-                          {1, "Trek", true},
-                          {2, "Serenity", true},
-                          {3, "J.I.L.L. - Joy In Love and Life", true},
-                          {3, "J.I.L.L. - Joy In Love and Life", true},
-                          {4, "Metropolis", true},
-                          {5, "Bullethead", true},
-                          {0, "", false},
-                          {6, "", true},
-                          {-1, "", true}};
-    for (const Case& c : cases) {
+    } cases[] = {{0, "", false},        {1, "Trek", true},       {2, "Serenity", true},
+                 {2, "Serenity", true}, {4, "Metropolis", true}, {5, "Bullethead", true},
+                 {0, "", false},        {6, "", true},           {-1, "", true}};
+    for (const auto& c : cases) {
         frames.calls.clear();
         const auto before = skins.SkinConfiguration();
         window.setCursor(Qt::WaitCursor);
@@ -38,7 +30,7 @@ TEST_F(SkinSelectionTest, MenuChoosesTheSkin) {
         const QString name = Text(c.name);
         if (name.isEmpty()) {
             EXPECT_FALSE(skin);
-            EXPECT_EQ(frames.calls, (QStringList{Text("detach"), Text("resize")})) << c.index;
+            EXPECT_EQ(frames.calls, Texts({"detach", "resize"})) << c.index;
             continue;
         }
         ASSERT_TRUE(skin);
@@ -53,7 +45,7 @@ TEST_F(SkinSelectionTest, MenuChoosesTheSkin) {
     EXPECT_EQ(SkinIndex, 3);
     EXPECT_EQ(frames.attached, skins.SkinConfiguration().get());
     EXPECT_TRUE(items.mnuSkin[3]->isChecked());
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(SkinSelectionTest, StoredChoice) {
@@ -102,7 +94,7 @@ TEST_F(SkinSelectionTest, EachSkinKeepsItsAdjustments) {
     EXPECT_EQ(skins.SkinConfiguration()->PercentGreen, -1);
     EXPECT_EQ(Stored("SkinProperties_3", "PercentRed"), Text("0.5"));
     EXPECT_EQ(Stored("SkinProperties_3", "Own"), Text("kept"));
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(SkinSelectionTest, FailuresEndInABoxAndTheChoiceStays) {
@@ -113,7 +105,7 @@ TEST_F(SkinSelectionTest, FailuresEndInABoxAndTheChoiceStays) {
     Store("SkinProperties_4", "PercentRed", "0.5");
     frames.calls.clear();
     skins.mnuSkin_Click(4);
-    EXPECT_EQ(dialogs.Shown, QStringList{Text("Error in Skinning: 13\r\nType mismatch")});
+    EXPECT_EQ(dialogs.Boxes(), "Error in Skinning: 13\r\nType mismatch");
     EXPECT_TRUE(frames.calls.isEmpty()) << "neither attached nor laid out";
     EXPECT_EQ(frames.attached, before);
     EXPECT_EQ(frames.attached->Name, Text("Trek")) << "lives on while the window shows it";
@@ -126,7 +118,7 @@ TEST_F(SkinSelectionTest, FailuresEndInABoxAndTheChoiceStays) {
     frames.attachFails = true;
     skins.mnuSkin_Click(5);
     EXPECT_EQ(dialogs.Shown.last(), Text("Error in Skinning: 57\r\nDevice I/O error"));
-    EXPECT_EQ(frames.calls, QStringList{Text("attach main Bullethead")});
+    EXPECT_EQ(frames.calls, Texts({"attach main Bullethead"}));
     frames.detachFails = true;
     window.setCursor(Qt::WaitCursor);
     skins.mnuSkin_Click(0);

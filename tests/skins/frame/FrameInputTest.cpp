@@ -1,34 +1,24 @@
-#include "fakes/Find.h"
 #include "skins/frame/PaintedFrame.h"
 #include "skins/frame/PlainSkin.h"
 
 #include <QCloseEvent>
 #include <QShortcut>
 #include <QSignalSpy>
-#include <QTest>
-#include <QWindow>
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
 
-class FrameInputTest : public testing::Test {
+class FrameInputTest : public FrameTest {
 protected:
     void SetUp() override {
-        window_.setMinimumSize(200, 150);
-        window_.show();
-        frame_.Attach(window_, skin_.configuration);
+        window.setMinimumSize(200, 150);
+        window.show();
+        Attach();
         Activate();
-        window_.setGeometry(100, 100, 400, 300);
+        window.setGeometry(100, 100, 400, 300);
     }
 
-    void Activate() {
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
-    }
-
-    QWidget& Part(const char* name) const { return FindIn(window_, name); }
-    QMenu& Menu() const { return FindIn<QMenu>(window_, "frameSystemMenu"); }
+    QMenu& Menu() const { return FindIn<QMenu>(window, "frameSystemMenu"); }
 
     static QAction& Item(const QMenu& menu, const char* text) {
         for (QAction* action : menu.actions()) {
@@ -47,25 +37,21 @@ protected:
     /// With the button down over the part, from one place to another in the window.
     void Drag(const char* name, const QPoint& from, const QPoint& by) {
         QWidget& part = Part(name);
-        const QPoint start = part.mapFrom(&window_, from);
-        const QPoint onScreen = window_.mapToGlobal(from);
+        const QPoint start = part.mapFrom(&window, from);
+        const QPoint onScreen = window.mapToGlobal(from);
         QTest::mousePress(&part, Qt::LeftButton, {}, start);
         // The part moves with the window.
         QTest::mouseMove(&part, part.mapFromGlobal(onScreen + by / 2));
         QTest::mouseMove(&part, part.mapFromGlobal(onScreen + by));
         QTest::mouseRelease(&part, Qt::LeftButton, {}, part.mapFromGlobal(onScreen + by));
     }
-
-    PlainSkin skin_;
-    PlainWindow window_;
-    PaintedFrame frame_;
 };
 
 TEST_F(FrameInputTest, MovesByTheTitleBar) {
     Drag("frameTitleBar", {150, 20}, {40, 30});
-    EXPECT_EQ(window_.geometry(), QRect(140, 130, 400, 300));
+    EXPECT_EQ(window.geometry(), QRect(140, 130, 400, 300));
     Drag("frameTitleBar", {150, 20}, {3, 0}); // a click with an unsteady hand
-    EXPECT_EQ(window_.geometry(), QRect(140, 130, 400, 300));
+    EXPECT_EQ(window.geometry(), QRect(140, 130, 400, 300));
 }
 
 TEST_F(FrameInputTest, ResizesByEveryEdgeAndCorner) {
@@ -86,19 +72,19 @@ TEST_F(FrameInputTest, ResizesByEveryEdgeAndCorner) {
     };
     const QRect before(100, 100, 400, 300);
     for (const auto& [name, from, moved, cursor] : cases) {
-        window_.setGeometry(before);
+        window.setGeometry(before);
         QWidget& part = Part(name);
-        QTest::mouseMove(&part, part.mapFrom(&window_, from));
+        QTest::mouseMove(&part, part.mapFrom(&window, from));
         EXPECT_EQ(part.cursor().shape(), cursor) << name;
         Drag(name, from, {10, 20});
-        EXPECT_EQ(window_.geometry(),
+        EXPECT_EQ(window.geometry(),
                   before.adjusted(moved.left(), moved.top(), moved.right(), moved.bottom()))
             << name << from.x();
     }
     // The far edge stays where it is when the smallest size is reached.
-    window_.setGeometry(100, 100, 400, 300);
+    window.setGeometry(100, 100, 400, 300);
     Drag("frameEdgeTop", {3, 1}, {900, 900});
-    EXPECT_EQ(window_.geometry(), QRect(300, 250, 200, 150));
+    EXPECT_EQ(window.geometry(), QRect(300, 250, 200, 150));
 }
 
 TEST_F(FrameInputTest, OpensTheSystemMenu) {
@@ -107,20 +93,20 @@ TEST_F(FrameInputTest, OpensTheSystemMenu) {
     EXPECT_FALSE(Item(Menu(), "&Restore").isEnabled());
     EXPECT_TRUE(Item(Menu(), "&Size").isEnabled());
     Pick("Ma&ximize");
-    EXPECT_TRUE(window_.isMaximized());
+    EXPECT_TRUE(window.isMaximized());
 
-    QTest::keyClick(&window_, Qt::Key_Space, Qt::AltModifier);
+    QTest::keyClick(&window, Qt::Key_Space, Qt::AltModifier);
     EXPECT_TRUE(Menu().isVisible());
     EXPECT_FALSE(Item(Menu(), "&Move").isEnabled());
     EXPECT_FALSE(Item(Menu(), "Ma&ximize").isEnabled());
     QTest::keyClick(&Menu(), Qt::Key_R);
-    EXPECT_FALSE(window_.isMaximized());
+    EXPECT_FALSE(window.isMaximized());
 
     QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(150, 20), QPoint(250, 120));
     QCoreApplication::sendEvent(&Part("frameTitleBar"), &asked);
     EXPECT_TRUE(Menu().isVisible());
     QTest::keyClick(&Menu(), Qt::Key_C);
-    EXPECT_FALSE(window_.isVisible());
+    EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(FrameInputTest, ClosesByADoubleClickOnTheIconAndByKey) {
@@ -131,38 +117,38 @@ TEST_F(FrameInputTest, ClosesByADoubleClickOnTheIconAndByKey) {
     QTest::mousePress(&Menu(), Qt::LeftButton, {},
                       Menu().mapFromGlobal(Part("frameTitleBar").mapToGlobal(icon)));
     EXPECT_FALSE(Menu().isVisible());
-    EXPECT_FALSE(window_.isVisible());
+    EXPECT_FALSE(window.isVisible());
 
-    window_.show();
+    window.show();
     Activate();
-    QTest::mouseRelease(&window_, Qt::LeftButton);
-    QTest::keyClick(&window_, Qt::Key_F4, Qt::AltModifier);
-    EXPECT_FALSE(window_.isVisible());
+    QTest::mouseRelease(&window, Qt::LeftButton);
+    QTest::keyClick(&window, Qt::Key_F4, Qt::AltModifier);
+    EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(FrameInputTest, MovesAndResizesByKeys) {
-    const QShortcut shortcut(Qt::Key_Return, &window_);
+    const QShortcut shortcut(Qt::Key_Return, &window);
     const QSignalSpy pressed(&shortcut, &QShortcut::activated);
 
-    QTest::keyClick(&window_, Qt::Key_Space, Qt::AltModifier);
+    QTest::keyClick(&window, Qt::Key_Space, Qt::AltModifier);
     Pick("&Move");
-    QTest::keyClick(&window_, Qt::Key_Right);
-    QTest::keyClick(&window_, Qt::Key_Down, Qt::ControlModifier);
-    EXPECT_EQ(window_.geometry(), QRect(108, 101, 400, 300));
-    QTest::keyClick(&window_, Qt::Key_Return);
-    QTest::keyClick(&window_, Qt::Key_Left);
-    EXPECT_EQ(window_.geometry(), QRect(108, 101, 400, 300));
+    QTest::keyClick(&window, Qt::Key_Right);
+    QTest::keyClick(&window, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(window.geometry(), QRect(108, 101, 400, 300));
+    QTest::keyClick(&window, Qt::Key_Return);
+    QTest::keyClick(&window, Qt::Key_Left);
+    EXPECT_EQ(window.geometry(), QRect(108, 101, 400, 300));
     EXPECT_EQ(pressed.count(), 0); // the key was for the frame
-    QTest::keyClick(&window_, Qt::Key_Return);
+    QTest::keyClick(&window, Qt::Key_Return);
     EXPECT_EQ(pressed.count(), 1);
 
-    QTest::keyClick(&window_, Qt::Key_Space, Qt::AltModifier);
+    QTest::keyClick(&window, Qt::Key_Space, Qt::AltModifier);
     Pick("&Size");
-    QTest::keyClick(&window_, Qt::Key_Left);
-    QTest::keyClick(&window_, Qt::Key_Up);
-    EXPECT_EQ(window_.geometry(), QRect(108, 101, 392, 292));
-    QTest::keyClick(&window_, Qt::Key_Escape);
-    EXPECT_EQ(window_.geometry(), QRect(108, 101, 400, 300));
+    QTest::keyClick(&window, Qt::Key_Left);
+    QTest::keyClick(&window, Qt::Key_Up);
+    EXPECT_EQ(window.geometry(), QRect(108, 101, 392, 292));
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_EQ(window.geometry(), QRect(108, 101, 400, 300));
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
@@ -180,16 +166,15 @@ protected:
 };
 
 TEST_F(FrameInputTest, CanBeTakenAwayByItsOwnButtons) {
-    TrayWindow window;
-    window.show();
-    frame_.Detach();
-    window.frame.Attach(window, skin_.configuration);
-    QTest::mouseClick(&FindIn(window, "frameButtonClose"), Qt::LeftButton);
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_TRUE(window.contentsMargins().isNull());
-    window.show();
-    window.frame.Attach(window, skin_.configuration);
-    EXPECT_TRUE(FindIn(window, "frameTitleBar").isVisible());
+    TrayWindow leaving;
+    leaving.show();
+    leaving.frame.Attach(leaving, skin.configuration);
+    QTest::mouseClick(&FindIn(leaving, "frameButtonClose"), Qt::LeftButton);
+    EXPECT_FALSE(leaving.isVisible());
+    EXPECT_TRUE(leaving.contentsMargins().isNull());
+    leaving.show();
+    leaving.frame.Attach(leaving, skin.configuration);
+    EXPECT_TRUE(FindIn(leaving, "frameTitleBar").isVisible());
 }
 
 } // namespace
