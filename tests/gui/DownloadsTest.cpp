@@ -52,10 +52,10 @@ protected:
     }
 
     /// The captions in the menu that is open, separators as "-"; closes it.
-    QString TakeMenu(const char* name) {
+    std::string TakeMenu(const char* name) {
         auto& menu = Find<QMenu>(name);
         if (!menu.isVisible())
-            return QString();
+            return {};
         QStringList captions;
         for (const QAction* item : menu.actions()) {
             if (item->isVisible())
@@ -63,7 +63,12 @@ protected:
         }
         menu.close();
         Activate();
-        return captions.join(u'|');
+        return captions.join(u'|').toStdString();
+    }
+    /// The same for the menu of a row, which the right button opens.
+    std::string MenuOf(ListView& list, int row) {
+        RightClickRow(list, row);
+        return TakeMenu(&list == &results ? "PopUp2Mnu" : "PopUp1Mnu");
     }
 
     CommandedCopier* copier = nullptr; ///< the window's own
@@ -84,7 +89,7 @@ TEST_F(DownloadsTest, DoubleClickDownloadsAndClears) {
     WaitForState(1, "Done!");
     DoubleClickRow(downloads, 1);
     EXPECT_EQ(downloads.Count(), 0);
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(DownloadsTest, HeadersSort) {
@@ -108,19 +113,16 @@ TEST_F(DownloadsTest, HeadersSort) {
 }
 
 TEST_F(DownloadsTest, ResultsMenu) {
-    RightClickRow(results, 1);
-    EXPECT_EQ(TakeMenu("PopUp2Mnu"),
-              Text("Download|-|Open Folder|Explore Folder|-|Member of WG Workgroup|-|"
-                   "Sample MP3 Remotely"));
+    EXPECT_EQ(
+        MenuOf(results, 1),
+        "Download|-|Open Folder|Explore Folder|-|Member of WG Workgroup|-|Sample MP3 Remotely");
     results.SetSubItem(1, 1, Text("\\\\GONE\\D\\"));
-    RightClickRow(results, 1);
-    EXPECT_TRUE(TakeMenu("PopUp2Mnu").contains(Text("|Member of ?? Workgroup|")));
+    EXPECT_NE(MenuOf(results, 1).find("|Member of ?? Workgroup|"), std::string::npos);
     RightClickRow(results, 2);
     Pick("PopUp2Mnu", "mnuSampleFile");
-    EXPECT_EQ(shell.Opened, QStringList(Text("\\\\S\\D\\a.txt")));
+    EXPECT_EQ(shell.Opened, Texts({"\\\\S\\D\\a.txt"}));
     ClickRow(results, 3, Qt::ControlModifier);
-    RightClickRow(results, 3);
-    EXPECT_EQ(TakeMenu("PopUp2Mnu"), QString()) << "several rows have no menu";
+    EXPECT_EQ(MenuOf(results, 3), "") << "several rows have no menu";
 
     ClickRow(results, 3);
     RightClickRow(results, 3);
@@ -129,8 +131,7 @@ TEST_F(DownloadsTest, ResultsMenu) {
     shell.Result = 5;
     RightClickRow(results, 3);
     Pick("PopUp2Mnu", "ExpFolMnu");
-    EXPECT_EQ(dialogs.Shown,
-              QStringList(Text("Folder Error...: Failed to explore \\\\S\\D\\SUB\\")));
+    EXPECT_EQ(dialogs.Boxes(), "Folder Error...: Failed to explore \\\\S\\D\\SUB\\");
     RightClickRow(results, 3);
     Pick("PopUp2Mnu", "mnuDownload");
     WaitForState(1, "Downloading");
@@ -138,24 +139,18 @@ TEST_F(DownloadsTest, ResultsMenu) {
 }
 
 TEST_F(DownloadsTest, DownloadsMenuFollowsTheStates) {
-    const QString folders = Text("Clear All|-|Open Downloads Folder|Explore Downloads Folder");
+    const std::string folders = "Clear All|-|Open Downloads Folder|Explore Downloads Folder";
     QTest::mouseClick(downloads.viewport(), Qt::RightButton, Qt::NoModifier, QPoint(5, 5));
-    EXPECT_EQ(TakeMenu("PopUp1Mnu"), QString()) << "no rows";
+    EXPECT_EQ(TakeMenu("PopUp1Mnu"), "") << "no rows";
     RunAll();
-    RightClickRow(downloads, 1);
-    EXPECT_EQ(TakeMenu("PopUp1Mnu"), Text("Clear Selected|") + folders);
+    EXPECT_EQ(MenuOf(downloads, 1), "Clear Selected|" + folders);
     copier->Finish(1);
     copier->Finish(2, 429);
     WaitForState(2, "Error (429)");
-    RightClickRow(downloads, 1);
-    EXPECT_EQ(TakeMenu("PopUp1Mnu"),
-              Text("Clear Selected|") + folders + Text("|-|Sample File Locally"));
-    RightClickRow(downloads, 2);
-    EXPECT_EQ(TakeMenu("PopUp1Mnu"),
-              Text("Clear Selected|") + folders + Text("|-|Error Description"));
+    EXPECT_EQ(MenuOf(downloads, 1), "Clear Selected|" + folders + "|-|Sample File Locally");
+    EXPECT_EQ(MenuOf(downloads, 2), "Clear Selected|" + folders + "|-|Error Description");
     ClickRow(downloads, 1, Qt::ControlModifier);
-    RightClickRow(downloads, 2);
-    EXPECT_EQ(TakeMenu("PopUp1Mnu"), Text("Clear Selected|") + folders);
+    EXPECT_EQ(MenuOf(downloads, 2), "Clear Selected|" + folders);
     downloads.clearSelection();
     const QPoint place(5, 5);
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, place,
@@ -170,19 +165,18 @@ TEST_F(DownloadsTest, DownloadsMenuFollowsTheStates) {
     Pick("PopUp1Mnu", "ErrDescMnu");
     RightClickRow(downloads, 2);
     Pick("PopUp1Mnu", "mnuViewFolder(0)");
-    EXPECT_EQ(dialogs.Shown,
-              (QStringList{
-                  Text("Error Description: Error #429 - Component can't create object\r\n(Re-"
-                       "installation of the application will usually solve this problem.)"),
-                  Text("Folder Error...: Failed to open ") + folder.path() + Text("/Downloads/")}));
+    EXPECT_EQ(
+        dialogs.Boxes(),
+        "Error Description: Error #429 - Component can't create object\r\n(Re-installation of the "
+        "application will usually solve this problem.)|Folder Error...: Failed to open " +
+            folder.path().toStdString() + "/Downloads/");
 }
 
 TEST_F(DownloadsTest, AMenuWithoutACurrentRowIsAFailure) {
     results.SetCurrentRow(0);
     QTest::mouseClick(results.viewport(), Qt::RightButton, Qt::NoModifier,
                       QPoint(5, results.viewport()->height() - 5));
-    EXPECT_EQ(dialogs.Shown,
-              QStringList(Text("Error in Results MouseDown: 91\r\nObject variable not set")));
+    EXPECT_EQ(dialogs.Boxes(), "Error in Results MouseDown: 91\r\nObject variable not set");
 }
 
 TEST_F(DownloadsTest, ClearAllEmptiesBothLists) {
@@ -205,8 +199,8 @@ TEST_F(DownloadsTest, ClearAllEmptiesBothLists) {
     Click("cmdClearLst");
     EXPECT_EQ(texts.count(), 0);
     EXPECT_EQ(texts.currentText(), Text("*.*"));
-    EXPECT_EQ(dialogs.Shown.last(), Text("Clear search list?: Would you also like to clear the "
-                                         "drop-down search list?"));
+    EXPECT_EQ(dialogs.Shown.last(),
+              Text("Clear search list?: Would you also like to clear the drop-down search list?"));
     EXPECT_TRUE(results.updatesEnabled());
     EXPECT_TRUE(Find("cmdClearLst").isEnabled());
     EXPECT_FALSE(Find("cmdAbandon").isEnabled());
@@ -236,7 +230,7 @@ TEST_F(DownloadsTest, ClosingReleasesTheCopier) {
     EXPECT_TRUE(window.close());
     EXPECT_TRUE(released.isNull());
     QTest::qWait(50);
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 } // namespace

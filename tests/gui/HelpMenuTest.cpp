@@ -32,7 +32,7 @@ TEST_F(HelpMenuTest, ItemsOpenTheirDialogs) {
 
     InDialog("mnuAbout1", "frmAbout", [this](QWidget& about) {
         QTest::mouseClick(&FindIn(about, "lblCopyright"), Qt::LeftButton);
-        EXPECT_EQ(shell.Opened, QStringList{Text("mailto:netrove@example.com")});
+        EXPECT_EQ(shell.Opened, Texts({"mailto:netrove@example.com"}));
         QTest::keyClick(&about, Qt::Key_F1);
         EXPECT_TRUE(shell.Opened.value(1).endsWith(Text("Netrove.html")));
         UseDialog<frmUpdate>(

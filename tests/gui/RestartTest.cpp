@@ -117,7 +117,7 @@ TEST_F(Restart, FindsTheWindowAndTheSearchAsTheyWere) {
         // The start node is the root again, and the excluded share is passed over.
         EXPECT_EQ(run.StartNodeText(), Text("[Root]"));
         run.Search("song,copy");
-        EXPECT_EQ(run.Rows(), QStringList{Text("\\\\S\\D\\song")});
+        EXPECT_EQ(run.Rows(), Texts({"\\\\S\\D\\song"}));
         run.Browse([](frmNWDialog& browser) {
             const TreeView& tree = OpenShares(browser);
             EXPECT_FALSE(tree.Bold(Text("??\\\\S\\D")));

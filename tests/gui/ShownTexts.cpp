@@ -1,10 +1,10 @@
 #include "gui/ShownTexts.h"
 
 #include "controls/Color.h"
+#include "fakes/Pixels.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QHash>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -117,12 +117,7 @@ std::vector<ShownText> ShownTexts(QWidget& window) {
 }
 
 double PaintedContrast(const QImage& picture, const QRect& area) {
-    QHash<QRgb, int> counts;
-    const QRect inside = area & picture.rect();
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left(); x <= inside.right(); ++x)
-            ++counts[picture.pixel(x, y)];
-    }
+    const QHash<QRgb, int> counts = ColorsOf(picture, area);
     const auto most = std::max_element(counts.cbegin(), counts.cend());
     double highest = 1;
     for (auto color = counts.cbegin(); color != counts.cend(); ++color)

@@ -66,9 +66,9 @@ TEST(SilentComputers, AreListedAfterASilentSearch) {
         }
     };
     driver.Search("*");
-    EXPECT_EQ(shown, (QStringList{Text("3"), Text("2"), Text("1")}));
+    EXPECT_EQ(shown, Texts({"3", "2", "1"}));
     EXPECT_EQ(driver.StatusText(3), QString());
-    EXPECT_TRUE(desktop.dialogs.Shown.isEmpty());
+    EXPECT_EQ(desktop.dialogs.Boxes(), "");
 
     driver.Trigger("mnuSilent");
     driver.Trigger("mnuSilent");
@@ -87,7 +87,7 @@ TEST(SilentComputers, AreListedAfterASilentSearch) {
     provider.Off = {Text("\\\\C")};
     shown.clear();
     driver.Click("cmdStartSearch");
-    EXPECT_EQ(shown, (QStringList{Text("2"), Text("1")})) << "A is known";
+    EXPECT_EQ(shown, Texts({"2", "1"})) << "A is known";
     EXPECT_TRUE(QTest::qWaitFor([&] { return list.Count() == 1; }));
     EXPECT_EQ(list.Text(1), Text("\\\\C"));
     QTest::keyClick(&list, Qt::Key_F1);

@@ -68,7 +68,7 @@ protected:
         WindowDriver driver(*window);
         driver.Open();
         driver.Search("*.mp3");
-        settings.ExcNetNodes = {Text("Windows|True|Folder")};
+        settings.ExcNetNodes = Texts({"Windows|True|Folder"});
         for (const auto& [path, text] : {std::pair("Netrove2.ver", "TBS_VER 99.0.0"),
                                          std::pair("Netrove2.nwz", "TBS_NWZ News")})
             http.Pages.insert(Text("https://site.example/files/") + Text(path), Text(text));

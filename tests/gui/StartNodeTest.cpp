@@ -73,7 +73,7 @@ TEST_F(StartNode, IsFoundByNameOrStays) {
     EXPECT_TRUE(waited);
     Input(3, "");
     EXPECT_EQ(StartNodeText(), Text("[Root]"));
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(StartNode, StandsForTheUsualNameFirst) {
@@ -92,7 +92,7 @@ TEST_F(StartNode, IsSearchedAndKeepsWhatWasRead) {
     const auto searchAsks = [this] {
         calls.clear();
         Click("cmdStartSearch");
-        EXPECT_EQ(Rows(), QStringList{Text("\\\\T\\D\\one.mp3")});
+        EXPECT_EQ(Rows(), Texts({"\\\\T\\D\\one.mp3"}));
         return calls.contains(Text("open \\\\T"));
     };
     EXPECT_TRUE(searchAsks());
@@ -123,7 +123,7 @@ TEST_F(StartNode, ComesFromTheBrowser) {
     Click("cmdAbandon");
     calls.clear();
     Click("cmdStartSearch");
-    EXPECT_EQ(Rows(), QStringList{Text("\\\\U\\D\\one.mp3")});
+    EXPECT_EQ(Rows(), Texts({"\\\\U\\D\\one.mp3"}));
     ExpectCaption("Returned 1 files in ");
     EXPECT_FALSE(Find("cmdAbandon").isEnabled());
     EXPECT_FALSE(calls.contains(Text("open ")));
@@ -131,7 +131,7 @@ TEST_F(StartNode, ComesFromTheBrowser) {
     Browse([](frmNWDialog& browser) { QTest::keyClick(&browser, Qt::Key_Escape); });
     EXPECT_EQ(StartNodeText(), Text("Other"));
     expectEnabled(true);
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(StartNode, BrowserSeesWhatIsExcluded) {
@@ -144,12 +144,11 @@ TEST_F(StartNode, BrowserSeesWhatIsExcluded) {
         return marked;
     };
     EXPECT_FALSE(isMarked());
-    window.ProgramSettings().ExcNetNodes = {Text("Net|True|Network")};
+    window.ProgramSettings().ExcNetNodes = Texts({"Net|True|Network"});
     EXPECT_TRUE(isMarked());
-    window.ProgramSettings().ExcNetNodes = {Text("Net")};
+    window.ProgramSettings().ExcNetNodes = Texts({"Net"});
     Click("cmdSetSearchStart");
-    EXPECT_EQ(dialogs.Shown, QStringList{Text("Error in browsing network: 9\r\nSubscript out of "
-                                              "range")});
+    EXPECT_EQ(dialogs.Boxes(), "Error in browsing network: 9\r\nSubscript out of range");
     EXPECT_EQ(StartNodeText(), Text("Net"));
     EXPECT_TRUE(Find("cmdStartSearch").isEnabled());
     window.ProgramSettings().ExcludeNetNodes = false;
@@ -187,7 +186,7 @@ TEST_F(StartNode, MenusOpenUnderTheMouse) {
     EXPECT_EQ(input.currentText(), Text("*.jpg,*.jpeg,*.gif,*.tiff,*.bmp,*.pcx,*.psp"));
     EXPECT_EQ(input.count(), 0);
     EXPECT_EQ(Caption(), Text("---"));
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 
     window.ProgramSettings().AutoAsterisks = false;
     for (int time = 0; time < 2; ++time) {

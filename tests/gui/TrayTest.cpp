@@ -65,7 +65,7 @@ TEST_F(TrayTest, EveryWayBackBringsWindowAndSkin) {
     Trigger("mnuExit");
     QTest::qWait(5);
     EXPECT_EQ(unloaded.size(), 0) << "a click that comes too late does nothing";
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(TrayTest, TipFollowsTheSearch) {
@@ -155,7 +155,7 @@ TEST_F(TrayTest, SessionEndAbortsASearch) {
     });
     ExpectCaption("Aborted");
     EXPECT_TRUE(QTest::qWaitFor([this] { return unloaded.size() == 1; }));
-    EXPECT_TRUE(dialogs.Shown.isEmpty()) << "nobody is there to be told";
+    EXPECT_EQ(dialogs.Boxes(), "") << "nobody is there to be told";
     EXPECT_EQ(StoredSkin(), Text("3"));
 }
 
