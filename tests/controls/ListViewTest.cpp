@@ -64,6 +64,15 @@ TEST_F(List, SortsOnceByOneColumn) {
     QLocale::setDefault(before);
 }
 
+TEST_F(List, SortsManyRowsStably) {
+    AddNumbered(500);
+    const std::string before = Names();
+    for (const auto order : {Qt::DescendingOrder, Qt::AscendingOrder}) {
+        Sort(2, order);
+        EXPECT_EQ(Names(), before) << "all texts of the column are equal";
+    }
+}
+
 TEST_F(List, KeepsSelectionAndCurrentRowOnTheirRows) {
     AddRows({"d", "b", "c", "a"});
     Click(1);
