@@ -49,11 +49,13 @@ TEST_F(CustomizeSkin, OpensWithWhatIsStored) {
     EXPECT_EQ(Find<QLabel>("lblInfo(8)").text(), Text("Skin Name: Serenity"));
     expectSliders({100, 0, 100, 100, 100}, false);
 
-    for (const auto& [key, value] :
-         {std::pair("Colorize", "True"), std::pair("Hue", "-0.25"), std::pair("Saturation", "0.29"),
-          std::pair("AdjustRGB", "True"), std::pair("PercentRed", "5000000"),
-          std::pair("PercentGreen", "-7"), std::pair("PercentBlue", "-0.01")})
-        Store("SkinProperties_3", key, value);
+    Store("SkinProperties_3", {{"Colorize", "True"},
+                               {"Hue", "-0.25"},
+                               {"Saturation", "0.29"},
+                               {"AdjustRGB", "True"},
+                               {"PercentRed", "5000000"},
+                               {"PercentGreen", "-7"},
+                               {"PercentBlue", "-0.01"}});
     Open(3);
     expectSliders({75, 29, 200, 0, 99}, true);
     EXPECT_EQ(skins.SkinConfiguration()->PercentRed, 5000000) << "nothing is written by opening";

@@ -59,13 +59,13 @@ TEST_F(SkinSelectionTest, StoredChoice) {
 }
 
 TEST_F(SkinSelectionTest, EachSkinKeepsItsAdjustments) {
-    for (const auto& [key, value] :
-         {std::pair("Name", "Whatever"), std::pair("Colorize", "1"),
-          std::pair("Hue", " 3.25 and more"), std::pair("Saturation", "much"),
-          std::pair("AdjustRGB", "false"), std::pair("PercentBlue", "1e99")})
-        Store("SkinProperties_2", key, value);
-    Store("SkinProperties_3", "PercentRed", "0.5");
-    Store("SkinProperties_3", "Own", "kept");
+    Store("SkinProperties_2", {{"Name", "Whatever"},
+                               {"Colorize", "1"},
+                               {"Hue", " 3.25 and more"},
+                               {"Saturation", "much"},
+                               {"AdjustRGB", "false"},
+                               {"PercentBlue", "1e99"}});
+    Store("SkinProperties_3", {{"PercentRed", "0.5"}, {"Own", "kept"}});
     skins.mnuSkin_Click(2);
     const auto skin = skins.SkinConfiguration();
     EXPECT_EQ(skin->Name, Text("Serenity"));
@@ -100,9 +100,8 @@ TEST_F(SkinSelectionTest, EachSkinKeepsItsAdjustments) {
 TEST_F(SkinSelectionTest, FailuresEndInABoxAndTheChoiceStays) {
     skins.mnuSkin_Click(1);
     const SkinConfiguration* before = frames.attached;
-    Store("SkinProperties_4", "Saturation", "0.5");
-    Store("SkinProperties_4", "AdjustRGB", "perhaps");
-    Store("SkinProperties_4", "PercentRed", "0.5");
+    Store("SkinProperties_4",
+          {{"Saturation", "0.5"}, {"AdjustRGB", "perhaps"}, {"PercentRed", "0.5"}});
     frames.calls.clear();
     skins.mnuSkin_Click(4);
     EXPECT_EQ(dialogs.Boxes(), "Error in Skinning: 13\r\nType mismatch");

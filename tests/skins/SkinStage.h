@@ -54,6 +54,10 @@ protected:
     void Store(const char* section, const char* key, const char* value) {
         profile.WriteIni(Text(section), Text(key), Text(value));
     }
+    void Store(const char* section, TextPairs entries) {
+        for (const auto& [key, value] : entries)
+            Store(section, key, value);
+    }
     QString Stored(const char* section, const char* key) {
         return profile.ReadIni(Text(section), Text(key), Text("-"));
     }
