@@ -134,8 +134,8 @@ TEST_F(LogonDialogTest, LogonsAreAddedChangedAndRemoved) {
 
 TEST_F(LogonDialogTest, TheFormTakesNoHalfLogon) {
     Open();
-    for (const auto& [computer, user] : std::initializer_list<std::pair<const char*, const char*>>{
-             {"", "bob"}, {"a\\b", "bob"}, {"A", ""}, {"A", "HOME\\"}})
+    for (const auto& [computer, user] :
+         TextPairs{{"", "bob"}, {"a\\b", "bob"}, {"A", ""}, {"A", "HOME\\"}})
         Add(computer, user, Text("p"));
     EXPECT_EQ(dialogs.Shown.size(), 4);
     EXPECT_EQ(Rows(), "");

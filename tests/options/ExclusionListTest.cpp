@@ -225,8 +225,8 @@ TEST_F(ExclusionList, FoldersAndComputersAreBrowsedFor) {
     EXPECT_EQ(dialogs.Shown.join(u','),
               Text("Select a folder (network),Select a folder (network),Select a folder "
                    "(network),Select a workstation"));
-    for (const auto& [path, last] : std::initializer_list<std::pair<const char*, const char*>>{
-             {"a", "a"}, {"\\\\S\\D", "D"}, {"C:\\", ""}, {"a\\b/c\\d", "c\\d"}})
+    for (const auto& [path, last] :
+         TextPairs{{"a", "a"}, {"\\\\S\\D", "D"}, {"C:\\", ""}, {"a\\b/c\\d", "c\\d"}})
         EXPECT_EQ(frmAddNetNode::ParseFolder(Text(path)), Text(last));
 }
 

@@ -255,8 +255,8 @@ TEST_F(Options, FormatsShowTheirEffect) {
     EXPECT_TRUE(IsEnabled("cboNumDec"));
     Click("optYesIcons");
     EXPECT_TRUE(IsEnabled("optSysIcons") && IsEnabled("optPreIcons"));
-    for (const auto& [format, shown] : std::initializer_list<std::pair<const char*, const char*>>{
-             {"YYYY/M/D h:nn", "1999/9/18 14:32"}, {"MM/DD/YY", "09/18/99"}, {"", ""}}) {
+    for (const auto& [format, shown] :
+         TextPairs{{"YYYY/M/D h:nn", "1999/9/18 14:32"}, {"MM/DD/YY", "09/18/99"}, {"", ""}}) {
         Enter("txtDateFormat", Text(format));
         EXPECT_EQ(Find<QLabel>("lblDateEx").text(), Text(shown));
     }
