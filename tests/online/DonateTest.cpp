@@ -23,7 +23,7 @@ protected:
 };
 
 TEST_F(DonateTest, LinksComeFromTheSite) {
-    Open(http);
+    Open();
     EXPECT_EQ(dialog->contentsRect().size(), QSize(370, 150));
     const QPoint off = dialog->geometry().center() - owner.geometry().center();
     EXPECT_LE(off.manhattanLength(), 40) << "it isn't in the middle of its owner";
@@ -52,7 +52,7 @@ TEST_F(DonateTest, LinksComeFromTheSite) {
 }
 
 TEST_F(DonateTest, FailuresLeaveTheSiteInAllLinks) {
-    Open(http);
+    Open();
     Page("Netrove.don", "TBS_DON Pal https://a.example/");
     Click("cmdUp");
     for (const char* answer : {"", "TBS_DON Pal https://a.example/ Sh file:///bin/sh"}) {

@@ -14,11 +14,11 @@ namespace netrove {
 template <typename Dialog>
 class OpenDialog : public testing::Test {
 protected:
-    void Open(Http& pages) {
+    void Open() {
         owner.setGeometry(100, 100, 900, 600);
         owner.show();
         dialog =
-            std::make_unique<Dialog>(OnlineServices{.http = pages,
+            std::make_unique<Dialog>(OnlineServices{.http = http,
                                                     .dialogs = dialogs,
                                                     .shell = shellServices,
                                                     .webAddress = Text("https://site.example/"),

@@ -1,11 +1,5 @@
-#include "http/WebServer.h"
 #include "online/OpenDialog.h"
 #include "online/frmUpdate.h"
-#include "platform/desktop/WindowYield.h"
-#include "platform/http/HttpReader.h"
-
-#include <QCloseEvent>
-#include <QTimer>
 
 namespace netrove {
 namespace {
@@ -27,7 +21,7 @@ protected:
 };
 
 TEST_F(UpdateTest, NoNewerVersionIsSaid) {
-    Open(http);
+    Open();
     EXPECT_EQ(dialog->contentsRect().size(), Low);
     for (const std::string version : {"0.99.5", "0.98.9"}) {
         Page("Netrove2.ver", ("  tbs_ver:" + version + "  ").c_str());
@@ -47,7 +41,7 @@ TEST_F(UpdateTest, ANewerVersionIsOffered) {
     Page("Netrove2.ver", "TBS_VER 0.100.0");
     Page("Netrove2.nwz", "TBS_NWZ <b>New</b>\nand better");
     Page("Netrove2.dlf", "TBS_DLF https://site.example/n.deb\r\n");
-    Open(http);
+    Open();
     http.OnRead = [this] {
         EXPECT_EQ(dialog->cursor().shape(), Qt::WaitCursor);
         EXPECT_FALSE(Button("cmdDown").isVisible() && Button("cmdDown").isEnabled());
@@ -84,7 +78,7 @@ TEST_F(UpdateTest, ANewerVersionIsOffered) {
 
 TEST_F(UpdateTest, AFailedCheckShowsTheSite) {
     Page("Netrove2.ver", "TBS_VER 1.0.0");
-    Open(http);
+    Open();
     Click("cmdCheck"); // the tall form goes again
     for (const char* answer : {"TBS_VRE 1.0.0", "TBS_VER 1.0", "<html>TBS_VER 1.0.0"}) {
         Page("Netrove2.ver", answer);
@@ -102,7 +96,7 @@ TEST_F(UpdateTest, AFailedCheckShowsTheSite) {
 
 TEST_F(UpdateTest, AFailedDownloadOpensNothing) {
     Page("Netrove2.ver", "TBS_VER 1.0.0");
-    Open(http);
+    Open();
     Click("cmdCheck");
     for (const char* answer : {"TBS_DFL http://a/", "TBS_DLF file:///bin/sh", ""}) {
         Page("Netrove2.dlf", answer);
@@ -112,38 +106,6 @@ TEST_F(UpdateTest, AFailedDownloadOpensNothing) {
         EXPECT_TRUE(Button("cmdDown").isEnabled());
     }
     EXPECT_EQ(shell.Opened, QStringList());
-}
-
-/// What the user and timers do during a read comes after it.
-TEST_F(UpdateTest, NothingComesInBetween) {
-    const WindowYield yield;
-    WebServer server;
-    server.Serve(Text("/files/Netrove2.ver"), "HTTP/1.1 200 OK\r\n", WebServer::Ending::Silence);
-    HttpReader reader({.time = std::chrono::milliseconds(300)});
-    class Redirected : public Http {
-    public:
-        Redirected(Http& to, QString site) : to_(to), site_(std::move(site)) {}
-        QString OpenURL(const QString& address) override {
-            return to_.OpenURL(QString(address).replace(Text("https://site.example"), site_));
-        }
-
-    private:
-        Http& to_;
-        QString site_;
-    } redirected(reader, server.Site());
-    Open(redirected);
-    QString events;
-    QTimer::singleShot(1, dialog.get(), [&] { events += u't'; });
-    QMetaObject::invokeMethod(
-        dialog.get(), [&] { qApp->postEvent(dialog->windowHandle(), new QCloseEvent); },
-        Qt::QueuedConnection);
-    dialogs.OnMessage = [&] {
-        EXPECT_TRUE(dialog->isVisible());
-        events += u'f';
-    };
-    Button("cmdCheck").click();
-    EXPECT_EQ(events, Text("f"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return events == u"ft" && !dialog->isVisible(); }));
 }
 
 } // namespace
