@@ -9,20 +9,6 @@
 namespace netrove {
 namespace {
 
-TEST(SortListView, FailsAloudOrNot) {
-    ListView list;
-    list.AddColumn(Text("Name"), Qt::AlignLeft, 1000);
-    RecordedDialogs dialogs;
-    EXPECT_TRUE(SortListView(list, 1, 1, true, dialogs));
-    EXPECT_EQ(list.HeaderText(1), Text("Name")) << "an empty list stays as it is";
-    list.Add(Text("a"));
-    EXPECT_FALSE(SortListView(list, 1, 9, false, dialogs));
-    EXPECT_EQ(dialogs.Take(), "");
-    EXPECT_FALSE(SortListView(list, 1, 9, true, dialogs));
-    EXPECT_EQ(dialogs.Take(), "Error in Function : SortListView: Error9\tSubscript out of range");
-    EXPECT_FALSE(list.Sorted());
-}
-
 TEST(SortListView, AClickDuringAClickCounts) {
     ListView list;
     for (const char* header : {"Name", "Date"})
