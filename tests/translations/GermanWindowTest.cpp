@@ -63,11 +63,11 @@ std::vector<ShownText> TextsOf(const QWidget& window) {
     return texts;
 }
 
-using Texts = std::function<std::vector<ShownText>()>;
+using TextMaker = std::function<std::vector<ShownText>()>;
 
 /// The texts in English and in German.
 struct BothLanguages {
-    explicit BothLanguages(const Texts& texts) : english(texts()) {
+    explicit BothLanguages(const TextMaker& texts) : english(texts()) {
         const Translation translation({Text("de")});
         german = texts();
         EXPECT_EQ(english.size(), german.size());
