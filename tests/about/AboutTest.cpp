@@ -1,5 +1,5 @@
 #include "fakes/DesktopFakes.h"
-#include "fakes/Text.h"
+#include "fakes/Find.h"
 #include "mainwindow/about/frmAbout.h"
 #include "mainwindow/about/frmPic.h"
 
@@ -20,12 +20,9 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
     }
 
-    template <typename Widget = QWidget>
-    Widget& Find(const char* name) {
-        auto* widget = box.findChild<Widget*>(Text(name));
-        if (!widget)
-            qFatal("There is no %s.", name);
-        return *widget;
+    void Click(const char* name, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers keys = {}) {
+        QTest::mouseClick(&FindIn(box, name), button, keys);
     }
 
     QWidget mainWindow;
@@ -43,8 +40,7 @@ protected:
 };
 
 TEST_F(AboutTest, LinksLeadWhereTheySay) {
-    EXPECT_EQ(box.contentsRect().size(), QSize(386, 348));
-    EXPECT_EQ(Find<QLabel>("lblVersion").text(), Text("Version: 1.2.3"));
+    EXPECT_EQ(FindIn<QLabel>(box, "lblVersion").text(), Text("Version: 1.2.3"));
     const struct {
         const char* link;
         Qt::MouseButton button;
@@ -58,16 +54,16 @@ TEST_F(AboutTest, LinksLeadWhereTheySay) {
     };
     for (const auto& [link, button, opened] : cases) {
         shell.Opened.clear();
-        QTest::mouseClick(&Find(link), button);
+        Click(link, button);
         EXPECT_EQ(shell.Opened.join(u'|'), Text(opened)) << link;
-        const bool isUsed = Find(link).palette().color(QPalette::WindowText) == Qt::red;
+        const bool isUsed = FindIn(box, link).palette().color(QPalette::WindowText) == Qt::red;
         EXPECT_EQ(isUsed, button == Qt::LeftButton || opened[0] != '\0') << link;
     }
     EXPECT_EQ(updates, 1);
-    QTest::keyClick(&Find("lblVersionUpdate"), Qt::Key_Return);
+    QTest::keyClick(&FindIn(box, "lblVersionUpdate"), Qt::Key_Return);
     EXPECT_EQ(updates, 2);
     EXPECT_TRUE(box.isVisible());
-    QTest::mouseClick(&Find("cmdOk"), Qt::LeftButton);
+    Click("cmdOk");
     EXPECT_FALSE(box.isVisible());
 }
 
@@ -77,16 +73,16 @@ TEST_F(AboutTest, ThePictureHides) {
     look.callOnTimeout([&] {
         if (auto* picture = qobject_cast<frmPic*>(QApplication::activeModalWidget())) {
             ++seen;
-            QTest::mouseClick(picture->findChild<QWidget*>(Text("picDudes")), Qt::LeftButton);
+            QTest::mouseClick(&FindIn(*picture, "picDudes"), Qt::LeftButton);
         }
     });
     look.start(5);
     for (const Qt::KeyboardModifiers keys :
          {Qt::KeyboardModifiers(Qt::NoModifier), Qt::ControlModifier | Qt::ShiftModifier})
-        QTest::mouseClick(&Find("imgIcon"), Qt::LeftButton, keys);
-    QTest::mouseClick(&Find("imgIcon"), Qt::RightButton, Qt::ControlModifier);
+        Click("imgIcon", Qt::LeftButton, keys);
+    Click("imgIcon", Qt::RightButton, Qt::ControlModifier);
     EXPECT_EQ(seen, 0);
-    QTest::mouseClick(&Find("imgIcon"), Qt::LeftButton, Qt::ControlModifier);
+    Click("imgIcon", Qt::LeftButton, Qt::ControlModifier);
     EXPECT_EQ(seen, 1);
     EXPECT_EQ(QApplication::activeModalWidget(), &box);
 }

@@ -1,6 +1,6 @@
 #include "mainwindow/about/ColumnHelp.h"
 
-#include "fakes/Text.h"
+#include "fakes/Find.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -34,34 +34,20 @@ protected:
     ColumnHelp help{window, menu};
 };
 
-TEST_F(ColumnHelpTest, EachColumnHasItsTextAndHeight) {
-    const struct {
-        int list;
-        int column;
-        int height;
-        const char* beginning;
-        int lines;
-    } cases[] = {
-        {1, 0, 43, "The name of the file", 1},
-        {1, 1, 30, "The source of the file", 1},
-        {2, 4, 83, "The attributes of this file:\n    R=Read Only\n", 5},
-        {1, 5, 43, "If the file is an MP3 file then the length", 1},
-        {2, 5, 93, "The status of the file:\n Pending=Waiting", 6},
-        {1, 7, 43, "If the file is an MP3 file then the frequency", 1},
-        {1, 8, 30, "No help available for this column.", 1},
-        {1, 10, 43, "The file type as defined", 1},
-        {1, 11, 30, "The file extension.", 1},
-        {1, -1, 30, "No help available for this column.", 1},
-    };
-    for (const auto& [list, column, height, beginning, lines] : cases) {
-        frmColHelp* shown = Show(list, column);
-        const auto& label = *shown->findChild<QLabel*>(Text("Label1"));
-        EXPECT_TRUE(label.text().startsWith(Text(beginning))) << label.text().toStdString();
-        EXPECT_EQ(label.text().count(u'\n') + 1, lines) << beginning;
-        EXPECT_EQ(shown->height(), height) << beginning;
-        EXPECT_LE(label.heightForWidth(label.width()), height) << "cut: " << beginning;
-        shown->close();
+TEST_F(ColumnHelpTest, EachColumnHasItsText) {
+    QSet<QString> texts;
+    for (const int list : {1, 2}) {
+        for (int column = -1; column <= 11; ++column) {
+            frmColHelp* shown = Show(list, column);
+            const auto& label = FindIn<QLabel>(*shown, "Label1");
+            EXPECT_LE(label.heightForWidth(label.width()), shown->height())
+                << "cut: " << label.text().toStdString();
+            texts.insert(label.text());
+            shown->close();
+        }
     }
+    EXPECT_GE(texts.size(), 12);
+    EXPECT_TRUE(texts.contains(Text("No help available for this column.")));
 }
 
 TEST_F(ColumnHelpTest, ItStaysOnTheScreenAndGoesAtAClick) {
@@ -72,7 +58,7 @@ TEST_F(ColumnHelpTest, ItStaysOnTheScreenAndGoesAtAClick) {
     shown->close();
     shown = Show(1, 0, QPoint(right - width, 0));
     EXPECT_EQ(shown->pos() - frame, QPoint(right - width, 0));
-    QTest::mouseClick(shown->findChild<QWidget*>(Text("Label1")), Qt::LeftButton);
+    QTest::mouseClick(&FindIn(*shown, "Label1"), Qt::LeftButton);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !shown; }));
     shown = Show(1, 0, QPoint(right - width + 1, 0));

@@ -66,9 +66,8 @@ TEST_F(BrowserNodes, SelectTakesTheNearestNodeThatIsThere) {
 TEST_F(BrowserNodes, MarksWhatTheListsExclude) {
     network.AddNode(Text("\\\\S"), NetEnum::DisplayDirectory, Text("\\\\S\\WG"));
     network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("s"));
-    settings.ExcNetNodes = {Text("net|True|Network"),    Text("wg|True|Workgroup"),
-                            Text("s|True|Workstation"),  Text("d|True|Folder"),
-                            Text("T|False|Workstation"), Text("P|True|Folder")};
+    settings.ExcNetNodes = Texts({"net|True|Network", "wg|True|Workgroup", "s|True|Workstation",
+                                  "d|True|Folder", "T|False|Workstation", "P|True|Folder"});
     Open();
     ExpandAll({"Net", "WG", "\\\\S"});
     EXPECT_EQ(Children("_ROOT"), "*Net+ Lone+");
@@ -88,18 +87,17 @@ TEST_F(BrowserNodes, MarksWhatTheListsExclude) {
 }
 
 TEST_F(BrowserNodes, ExcludesByNameAndType) {
-    settings.ExcNetNodes = {Text("Temp|True|Folder")};
+    settings.ExcNetNodes = Texts({"Temp|True|Folder"});
     Open();
     ExpandAll({"Net", "WG", "\\\\S"});
     for (const char* name : {"Net", "WG", "\\\\S", "\\\\S\\D"})
         Choose(name);
-    EXPECT_EQ(
-        settings.ExcNetNodes,
-        (QStringList{Text("Temp|True|Folder"), Text("Net|True|Network"), Text("WG|True|Workgroup"),
-                     Text("S|True|Workstation"), Text("D|True|Folder")}));
+    EXPECT_EQ(settings.ExcNetNodes,
+              Texts({"Temp|True|Folder", "Net|True|Network", "WG|True|Workgroup",
+                     "S|True|Workstation", "D|True|Folder"}));
     EXPECT_EQ(Children("_ROOT"), "*Net+ Lone+");
     EXPECT_EQ(Children("\\\\S"), "*D+ E+ P");
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
     EXPECT_TRUE(exclusions.ExcNetworks.isEmpty()) << "the lists wait for the next parse";
 
     Choose("\\\\S\\D");
@@ -118,13 +116,11 @@ TEST_F(BrowserNodes, SaysWhatItCanNotExclude) {
     settings.ExcludeNetNodes = false;
     Choose("Net");
     EXPECT_EQ(
-        dialogs.Shown,
-        (QStringList{Text("Exclude Network Node <root>: Can not exclude the root node."),
-                     Text("Exclude Network Node <printer>: Can not exclude this network node. This "
-                          "probably\r\nmeans that the network node type is already excluded\r\n"
-                          "from the search."),
-                     Text("Exclude Network Node: The node exclusion option is currently off.\r\n"
-                          "To activate it go to Tools>Options>Search")}));
+        dialogs.Boxes(),
+        "Exclude Network Node <root>: Can not exclude the root node.|Exclude Network Node "
+        "<printer>: Can not exclude this network node. This probably\r\nmeans that the network "
+        "node type is already excluded\r\nfrom the search.|Exclude Network Node: The node "
+        "exclusion option is currently off.\r\nTo activate it go to Tools>Options>Search");
     EXPECT_EQ(settings.ExcNetNodes, QStringList());
     EXPECT_EQ(Children("_ROOT"), "Net+ Lone+");
 }

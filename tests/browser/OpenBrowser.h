@@ -2,14 +2,14 @@
 
 #include "browser/frmNWDialog.h"
 #include "fakes/DesktopFakes.h"
+#include "fakes/Files.h"
+#include "fakes/Find.h"
 #include "fakes/MemoryNetwork.h"
-#include "fakes/Text.h"
 #include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
 
 #include <QTemporaryDir>
 #include <QTest>
-#include <gtest/gtest.h>
 
 #include <memory>
 
@@ -22,13 +22,10 @@ class OpenBrowser : public testing::Test {
 protected:
     OpenBrowser() {
         SetYieldAlways(true);
-        network.AddNode({}, NetEnum::DisplayNetwork, Text("Net"));
-        network.AddNode({}, NetEnum::DisplayNetwork, Text("Lone"));
-        network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
-        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\S"));
-        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\T"));
-        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
-        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\E"));
+        network.AddBranch({"Net", "WG", "\\\\S", "\\\\S\\D"});
+        network.AddBranch({"Net", "WG", "\\\\S", "\\\\S\\E"});
+        network.AddBranch({"Net", "WG", "\\\\T"});
+        network.AddBranch({"Lone"});
         network.AddPrinter(Text("\\\\S"), Text("\\\\S\\P"));
         network.OnCall = [this](const QString& call) {
             calls.append(call);
@@ -41,12 +38,16 @@ protected:
         SetYieldAlways(false);
     }
 
-    /// Shows the dialog without its second of waiting.
-    void Show() {
+    void Make() {
         exclusions.ParseNetNodes(settings);
         browser = std::make_unique<frmNWDialog>(
             BrowserServices{network, settings, exclusions, log, dialogs, [this] { ++helped; }},
             nullptr);
+    }
+
+    /// Shows the dialog without its second of waiting.
+    void Show() {
+        Make();
         Find<QTimer>("tmrNodes").setInterval(0);
         browser->show();
     }
@@ -61,10 +62,7 @@ protected:
 
     template <typename Object>
     Object& Find(const char* name) {
-        auto* object = browser->findChild<Object*>(QString::fromLatin1(name));
-        if (!object)
-            qFatal("There is no %s.", name);
-        return *object;
+        return FindIn<Object>(*browser, name);
     }
     TreeView& Tree() { return Find<TreeView>("tvwNetwork"); }
     QString LabelText(const char* name) { return Find<QLabel>(name).text(); }

@@ -1,7 +1,5 @@
 #include "ShownList.h"
 
-#include <QMouseEvent>
-
 namespace netrove {
 namespace {
 
@@ -19,20 +17,7 @@ protected:
 
     [[nodiscard]] QPoint At(int x) const { return {x, list.Header()->height() / 2}; }
 
-    void Send(QEvent::Type type, QPoint position, Qt::MouseButton button, Qt::MouseButtons held) {
-        QWidget* viewport = list.Header()->viewport();
-        QMouseEvent event(type, position, viewport->mapToGlobal(position), button, held,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport, &event);
-    }
-
-    void Drag(int from, int to) {
-        Send(QEvent::MouseMove, At(from), Qt::NoButton, Qt::NoButton);
-        Send(QEvent::MouseButtonPress, At(from), Qt::LeftButton, Qt::LeftButton);
-        for (const int x : {from, (from + to) / 2, to})
-            Send(QEvent::MouseMove, At(x), Qt::NoButton, Qt::LeftButton);
-        Send(QEvent::MouseButtonRelease, At(to), Qt::LeftButton, Qt::NoButton);
-    }
+    void Drag(int from, int to) { DragMouse(*list.Header()->viewport(), At(from), At(to)); }
 
     [[nodiscard]] std::vector<int> Widths() const {
         std::vector<int> widths;

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "controls/ListHeader.h"
-#include "controls/ListView.h"
+#include "fakes/ListHands.h"
 #include "fakes/Text.h"
 
 #include <QScrollBar>
-#include <QTest>
 #include <gtest/gtest.h>
 
 namespace netrove {
@@ -34,22 +32,9 @@ protected:
             list.Add(QString::number(number));
     }
 
-    [[nodiscard]] std::string Names() const {
-        QStringList names;
-        for (int row = 1; row <= list.Count(); ++row)
-            names.append(list.Text(row));
-        return names.join(u' ').toStdString();
-    }
-
-    /// A place in the viewport on this row, in column A.
-    [[nodiscard]] QPoint On(int row) {
-        list.Flush();
-        return list.visualRect(list.model()->index(row - 1, 0)).center();
-    }
-
-    void Click(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, modifiers, On(row));
-    }
+    [[nodiscard]] std::string Names() const { return Column(list); }
+    [[nodiscard]] QPoint On(int row) { return PlaceOf(list, row); }
+    void Click(int row, Qt::KeyboardModifiers keys = {}) { ClickRow(list, row, keys); }
 
     void Sort(int column, Qt::SortOrder order) {
         list.SetSorted(true);

@@ -1,11 +1,11 @@
 #include "controls/TreeView.h"
 
 #include "controls/Color.h"
+#include "fakes/Pixels.h"
 #include "fakes/Text.h"
-#include "runtime/RunTimeError.h"
+#include "runtime/ExpectRaised.h"
 
 #include <QAbstractItemModelTester>
-#include <QAccessible>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -47,15 +47,6 @@ protected:
         tree.Add(Text(relative), Text(key), Text(key), Text("closed"), Text("open"));
     }
 
-    int RaisedByAdd(const char* relative, const char* key, const char* image) {
-        try {
-            tree.Add(Text(relative), Text(key), QString(), Text(image), Text("open"));
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
-    }
-
     [[nodiscard]] QModelIndex Index(const char* key) {
         tree.Flush();
         return tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, Text(key), 1,
@@ -82,21 +73,26 @@ protected:
 
 TEST_F(Tree, KnowsNodesByTheirKeys) {
     EXPECT_EQ(tree.Count(), 4);
-    EXPECT_EQ(tree.Children(Text("a")), (QStringList{Text("a1"), Text("a2")}));
+    EXPECT_EQ(tree.Children(Text("a")), Texts({"a1", "a2"}));
     EXPECT_EQ(tree.Parent(Text("a2")), Text("a"));
     EXPECT_EQ(tree.Parent(Text("a")), QString());
 
-    EXPECT_EQ(RaisedByAdd("b", "a1", "closed"), int(ErrorNumber::KeyNotUnique));
-    EXPECT_EQ(RaisedByAdd("nobody", "c", "closed"), int(ErrorNumber::KeyNotFound));
-    EXPECT_EQ(RaisedByAdd("b", "c", "nothing"), int(ErrorNumber::KeyNotFound));
+    ExpectRaised(
+        ErrorNumber::KeyNotUnique, [this] { Add("b", "a1"); }, Text("a1"));
+    ExpectRaised(
+        ErrorNumber::KeyNotFound, [this] { Add("nobody", "c"); }, Text("nobody"));
+    ExpectRaised(
+        ErrorNumber::KeyNotFound,
+        [this] { tree.Add({}, Text("c"), {}, Text("nothing"), Text("open")); }, Text("nothing"));
     EXPECT_THROW(tree.Remove(Text("c")), RunTimeError);
     EXPECT_THROW((void)tree.Text(Text("c")), RunTimeError);
     EXPECT_EQ(tree.Count(), 4);
 
     tree.Remove(Text("a"));
-    EXPECT_EQ(tree.Children({}), QStringList(Text("b")));
+    EXPECT_EQ(tree.Children({}), Texts({"b"}));
     EXPECT_FALSE(tree.Contains(Text("a1")));
-    EXPECT_EQ(RaisedByAdd("b", "a1", "closed"), 0) << "the keys below it are free again";
+    Add("b", "a1");
+    EXPECT_TRUE(tree.Contains(Text("a1"))) << "the keys below it are free again";
 }
 
 TEST_F(Tree, TellsTheViewLaterButBeforeTheNextKey) {
@@ -155,7 +151,7 @@ TEST_F(Tree, AnyOrderOfChangesIsToldConsistently) {
 
 TEST_F(Tree, TheUserExpandsOneNodeAtATime) {
     Click(SignOf("a"));
-    EXPECT_EQ(expanded, QStringList(Text("a")));
+    EXPECT_EQ(expanded, Texts({"a"}));
     EXPECT_TRUE(tree.Expanded(Text("a")));
     Click(SignOf("a"));
     EXPECT_FALSE(tree.Expanded(Text("a")));
@@ -246,37 +242,12 @@ TEST_F(Tree, MarksCanBeReadOnAnyDesktop) {
     tree.setPalette(dark);
     tree.SetSelected(Text("b"));
     const QImage picture = tree.viewport()->grab().toImage();
-    const auto has = [&](const char* key, auto matches) {
-        const QRect row = tree.visualRect(Index(key));
-        for (int y = row.top(); y <= row.bottom(); ++y) {
-            for (int x = row.left(); x <= row.right(); ++x) {
-                if (matches(picture.pixelColor(x, y)))
-                    return true;
-            }
-        }
-        return false;
+    const auto has = [&](const char* key, const QColor& color) {
+        return ColorsOf(picture, tree.visualRect(Index(key))).contains(color.rgb());
     };
     const QColor mark = Legible(Qt::red, Qt::black);
-    const auto isMark = [mark](const QColor& pixel) { return pixel == mark; };
-    const auto isGreen = [](const QColor& pixel) { return pixel.green() > pixel.blue() + 20; };
-    EXPECT_TRUE(has("a", isMark) && !has("b", isMark));
-    EXPECT_TRUE(has("b", isGreen) && !has("a", isGreen)) << "the picture of the selected node";
-}
-
-TEST_F(Tree, IsReadOut) {
-    tree.setAccessibleName(Text("Network"));
-    tree.SetExpanded(Text("a"), true);
-    tree.Flush();
-    QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&tree);
-    ASSERT_TRUE(reader);
-    EXPECT_EQ(reader->role(), QAccessible::Tree);
-    EXPECT_EQ(reader->text(QAccessible::Name), Text("Network"));
-    QStringList names;
-    for (int child = 0; child < reader->childCount(); ++child)
-        names.append(reader->child(child)->text(QAccessible::Name));
-    EXPECT_EQ(names, (QStringList{QString(), Text("a"), Text("a1"), Text("a2"), Text("b")}))
-        << "the hidden header has no name";
-    EXPECT_TRUE(reader->child(1)->state().expanded);
+    EXPECT_TRUE(has("a", mark) && !has("b", mark));
+    EXPECT_TRUE(has("b", Qt::green) && !has("a", Qt::green)) << "the picture of the selected node";
 }
 
 } // namespace

@@ -1,19 +1,15 @@
 #include "platform/desktop/DesktopShell.h"
 
+#include "fakes/Files.h"
 #include "fakes/MemoryNetwork.h"
+#include "fakes/Text.h"
 #include "platform/desktop/DesktopAddress.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
-
-QString U(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 std::string Encoded(const std::optional<QUrl>& address) {
     return address ? address->toEncoded().toStdString() : "none";
@@ -43,9 +39,10 @@ TEST(DesktopAddressTest, EncodesNetworkPaths) {
         {"/home/x", "none"},
     };
     for (const auto& each : cases)
-        EXPECT_EQ(Encoded(SmbAddress(U(each.path))), each.address) << each.path;
-    EXPECT_EQ(Encoded(SmbAddress(U("\\\\nas\\s\\a") + QChar(0))), "none");
-    EXPECT_EQ(Encoded(FileAddress(U("/tmp/a b/'%#?.txt"))), "file:///tmp/a%20b/%27%25%23%3F.txt");
+        EXPECT_EQ(Encoded(SmbAddress(Text(each.path))), each.address) << each.path;
+    EXPECT_EQ(Encoded(SmbAddress(Text("\\\\nas\\s\\a") + QChar(0))), "none");
+    EXPECT_EQ(Encoded(FileAddress(Text("/tmp/a b/'%#?.txt"))),
+              "file:///tmp/a%20b/%27%25%23%3F.txt");
 }
 
 /// A network whose share \\LOCAL\SHARE lies in a folder of this computer.
@@ -54,10 +51,10 @@ public:
     QString Folder;
 
     std::optional<QString> LocalPath(const QString& path) override {
-        const QString share = U("\\\\LOCAL\\SHARE\\");
+        const QString share = Text("\\\\LOCAL\\SHARE\\");
         if (!path.startsWith(share))
             return std::nullopt;
-        return Folder + U("/") + path.mid(share.size()).replace(u'\\', u'/');
+        return Folder + Text("/") + path.mid(share.size()).replace(u'\\', u'/');
     }
 };
 
@@ -65,12 +62,10 @@ class DesktopShellTest : public testing::Test {
 protected:
     DesktopShellTest() {
         network.Folder = folder.path();
-        QDir(folder.path()).mkdir(U("sub"));
-        for (const char* name : {"song.mp3", "tool.py", "unknown.qqq", "notes", "sub/--x y.txt"}) {
-            QFile file(folder.filePath(U(name)));
-            EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("plain text\n"));
-        }
-        network.AddFile(U("\\\\NAS\\S\\D\\a #1.mp3"));
+        QDir(folder.path()).mkdir(Text("sub"));
+        for (const char* name : {"song.mp3", "tool.py", "unknown.qqq", "notes", "sub/--x y.txt"})
+            WriteFile(folder.filePath(Text(name)), "plain text\n");
+        network.AddFile(Text("\\\\NAS\\S\\D\\a #1.mp3"));
     }
 
     int Execute(const QString& file, ShellVerb verb = ShellVerb::Default) {
@@ -96,30 +91,30 @@ TEST_F(DesktopShellTest, OpensWhatIsThere) {
         int code;
         std::string opened;
     } cases[] = {
-        {folder.filePath(U("song.mp3")), ShellVerb::Default, 42, Local("/song.mp3")},
-        {U("\\\\LOCAL\\SHARE\\sub\\--x y.txt"), ShellVerb::Open, 42, Local("/sub/--x%20y.txt")},
-        {U("\\\\LOCAL\\SHARE\\sub\\--x y.txt"), ShellVerb::Explore, 42, Local("/sub/")},
+        {folder.filePath(Text("song.mp3")), ShellVerb::Default, 42, Local("/song.mp3")},
+        {Text("\\\\LOCAL\\SHARE\\sub\\--x y.txt"), ShellVerb::Open, 42, Local("/sub/--x%20y.txt")},
+        {Text("\\\\LOCAL\\SHARE\\sub\\--x y.txt"), ShellVerb::Explore, 42, Local("/sub/")},
         {folder.path(), ShellVerb::Explore, 42, Local("")},
         // A more general kind has a program; a local file may be looked into.
-        {folder.filePath(U("tool.py")), ShellVerb::Default, 42, Local("/tool.py")},
-        {folder.filePath(U("notes")), ShellVerb::Default, 42, Local("/notes")},
-        {U("\\\\NAS\\S\\D\\a #1.mp3"), ShellVerb::Default, 42, "smb://nas/S/D/a%20%231.mp3"},
-        {U("\\\\NAS\\S\\D\\a #1.mp3"), ShellVerb::Explore, 42, "smb://nas/S/D/"},
-        {U("\\\\NAS\\S\\D\\"), ShellVerb::Open, 42, "smb://nas/S/D"},
-        {U("https://netrove.example/files"), ShellVerb::Default, 42,
+        {folder.filePath(Text("tool.py")), ShellVerb::Default, 42, Local("/tool.py")},
+        {folder.filePath(Text("notes")), ShellVerb::Default, 42, Local("/notes")},
+        {Text("\\\\NAS\\S\\D\\a #1.mp3"), ShellVerb::Default, 42, "smb://nas/S/D/a%20%231.mp3"},
+        {Text("\\\\NAS\\S\\D\\a #1.mp3"), ShellVerb::Explore, 42, "smb://nas/S/D/"},
+        {Text("\\\\NAS\\S\\D\\"), ShellVerb::Open, 42, "smb://nas/S/D"},
+        {Text("https://netrove.example/files"), ShellVerb::Default, 42,
          "https://netrove.example/files"},
 
-        {folder.filePath(U("none.mp3")), ShellVerb::Default, 2, ""},
-        {folder.filePath(U("none/none.mp3")), ShellVerb::Default, 3, ""},
-        {folder.filePath(U("none/")), ShellVerb::Explore, 3, ""},
-        {U("\\\\NAS\\S\\D\\none.mp3"), ShellVerb::Default, 2, ""},
-        {U("\\\\NAS\\S\\..\\a.mp3"), ShellVerb::Default, 3, ""},
-        {U("file:///etc/passwd"), ShellVerb::Default, 11, ""},
-        {U("javascript:alert(1)"), ShellVerb::Default, 11, ""},
-        {U("https:"), ShellVerb::Default, 11, ""},
-        {U("--help"), ShellVerb::Default, 11, ""},
+        {folder.filePath(Text("none.mp3")), ShellVerb::Default, 2, ""},
+        {folder.filePath(Text("none/none.mp3")), ShellVerb::Default, 3, ""},
+        {folder.filePath(Text("none/")), ShellVerb::Explore, 3, ""},
+        {Text("\\\\NAS\\S\\D\\none.mp3"), ShellVerb::Default, 2, ""},
+        {Text("\\\\NAS\\S\\..\\a.mp3"), ShellVerb::Default, 3, ""},
+        {Text("file:///etc/passwd"), ShellVerb::Default, 11, ""},
+        {Text("javascript:alert(1)"), ShellVerb::Default, 11, ""},
+        {Text("https:"), ShellVerb::Default, 11, ""},
+        {Text("--help"), ShellVerb::Default, 11, ""},
         {QString(), ShellVerb::Default, 11, ""},
-        {U("mailto:somebody@netrove.example"), ShellVerb::Open, 31, ""},
+        {Text("mailto:somebody@netrove.example"), ShellVerb::Open, 31, ""},
     };
     for (const auto& each : cases) {
         EXPECT_EQ(Execute(each.file, each.verb), each.code) << each.file.toStdString();
@@ -128,22 +123,22 @@ TEST_F(DesktopShellTest, OpensWhatIsThere) {
 }
 
 TEST_F(DesktopShellTest, KnowsTheAddressesOfFiles) {
-    EXPECT_EQ(Encoded(shell.Address(U("\\\\LOCAL\\SHARE\\sub\\--x y.txt"))),
+    EXPECT_EQ(Encoded(shell.Address(Text("\\\\LOCAL\\SHARE\\sub\\--x y.txt"))),
               Local("/sub/--x%20y.txt"));
-    EXPECT_EQ(Encoded(shell.Address(folder.filePath(U("notes")))), Local("/notes"));
-    EXPECT_EQ(Encoded(shell.Address(U("\\\\NAS\\S\\a #1"))), "smb://nas/S/a%20%231");
-    EXPECT_EQ(Encoded(shell.Address(U("\\\\NAS\\S\\..\\a"))), "none");
+    EXPECT_EQ(Encoded(shell.Address(folder.filePath(Text("notes")))), Local("/notes"));
+    EXPECT_EQ(Encoded(shell.Address(Text("\\\\NAS\\S\\a #1"))), "smb://nas/S/a%20%231");
+    EXPECT_EQ(Encoded(shell.Address(Text("\\\\NAS\\S\\..\\a"))), "none");
 }
 
 TEST_F(DesktopShellTest, SaysWhatHasNoProgram) {
-    network.AddFile(U("\\\\NAS\\S\\D\\film.blend"));
-    EXPECT_EQ(Execute(U("\\\\NAS\\S\\D\\film.blend")), Shell::NoAssociation);
+    network.AddFile(Text("\\\\NAS\\S\\D\\film.blend"));
+    EXPECT_EQ(Execute(Text("\\\\NAS\\S\\D\\film.blend")), Shell::NoAssociation);
     EXPECT_EQ(opened, "");
     openerWorks = false;
-    EXPECT_EQ(Execute(folder.filePath(U("song.mp3"))), Shell::NoAssociation);
+    EXPECT_EQ(Execute(folder.filePath(Text("song.mp3"))), Shell::NoAssociation);
     // Nobody can be asked without a session bus.
-    EXPECT_FALSE(shell.OpenWith(folder.filePath(U("unknown.qqq"))));
-    EXPECT_FALSE(shell.OpenWith(U("https://netrove.example/")));
+    EXPECT_FALSE(shell.OpenWith(folder.filePath(Text("unknown.qqq"))));
+    EXPECT_FALSE(shell.OpenWith(Text("https://netrove.example/")));
 }
 
 } // namespace

@@ -1,17 +1,10 @@
+#include "fakes/Files.h"
 #include "platform/desktop/DesktopApplication.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace {
-
-void Write(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("Can't write %s", qPrintable(path));
-}
 
 /// A desktop of the tests' own: the real kinds of files and pictures, and one program, which
 /// plays MPEG audio and edits plain text. No session bus.
@@ -20,11 +13,11 @@ void MakeDesktop(const QString& folder) {
     QDir().mkpath(applications);
     for (const QString& name : {QStringLiteral("mime"), QStringLiteral("icons")})
         QFile::link(QLatin1String("/usr/share/") + name, folder + QLatin1String("/data/") + name);
-    Write(applications + QLatin1String("reader.desktop"),
-          "[Desktop Entry]\nType=Application\nName=Reader\nExec=true %U\n"
-          "MimeType=text/plain;audio/mpeg;\n");
-    Write(applications + QLatin1String("mimeinfo.cache"),
-          "[MIME Cache]\naudio/mpeg=reader.desktop;\ntext/plain=reader.desktop;\n");
+    netrove::WriteFile(applications + QLatin1String("reader.desktop"),
+                       "[Desktop Entry]\nType=Application\nName=Reader\nExec=true %U\n"
+                       "MimeType=text/plain;audio/mpeg;\n");
+    netrove::WriteFile(applications + QLatin1String("mimeinfo.cache"),
+                       "[MIME Cache]\naudio/mpeg=reader.desktop;\ntext/plain=reader.desktop;\n");
 
     const QByteArray root = QFile::encodeName(folder);
     qputenv("XDG_DATA_DIRS", root + "/data");

@@ -27,14 +27,12 @@ public:
     std::function<void()> OnMove;
 
 protected:
-    void paintEvent(QPaintEvent* event) override {
-        static_cast<void>(event);
+    void paintEvent(QPaintEvent* /*event*/) override {
         ++Paints;
         if (OnPaint)
             OnPaint();
     }
-    void mouseMoveEvent(QMouseEvent* event) override {
-        static_cast<void>(event);
+    void mouseMoveEvent(QMouseEvent* /*event*/) override {
         ++Moves;
         if (OnMove)
             OnMove();

@@ -33,6 +33,11 @@ public:
     std::function<void()> OnMessage;
     std::function<void()> OnInput; ///< while an input box is up; may throw
 
+    /// What was shown, one box after the other.
+    [[nodiscard]] std::string Boxes() const { return Shown.join(u'|').toStdString(); }
+    /// The same, since the last time.
+    std::string Take() { return std::exchange(Shown, {}).join(u'|').toStdString(); }
+
     MessageAnswer Message(MessageIcon /*icon*/, const QString& text, const QString& title,
                           MessageButtons /*buttons*/) override {
         Shown.append(title + QStringLiteral(": ") + text);

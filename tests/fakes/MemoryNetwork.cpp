@@ -3,6 +3,8 @@
 #include "fakes/ListedFind.h"
 #include "runtime/RunTimeError.h"
 
+#include <algorithm>
+
 namespace netrove {
 namespace {
 
@@ -12,6 +14,18 @@ quint32 RecordSize(const NetRecord& record) {
                                 record.lpProvider.size() + record.lpLocalName.size() + 4);
 }
 
+NetRecord Record(qint32 type, qint32 displayType, qint32 usage, const QString& remoteName,
+                 const QString& comment) {
+    return {.dwScope = 2,
+            .dwType = type,
+            .dwDisplayType = displayType,
+            .dwUsage = usage,
+            .lpLocalName = {},
+            .lpRemoteName = remoteName,
+            .lpComment = comment,
+            .lpProvider = QStringLiteral("Memory")};
+}
+
 QString WithSeparator(const QString& path) {
     return path.endsWith(QLatin1Char('\\')) ? path : path + QLatin1Char('\\');
 }
@@ -19,26 +33,29 @@ QString WithSeparator(const QString& path) {
 } // namespace
 
 void MemoryNetwork::AddNode(const QString& parent, qint32 displayType, const QString& remoteName) {
-    disks_[parent].push_back({.dwScope = 2,
-                              .dwType = 1,
-                              .dwDisplayType = displayType,
-                              .dwUsage = 0,
-                              .lpLocalName = {},
-                              .lpRemoteName = remoteName,
-                              .lpComment = QStringLiteral("a comment"),
-                              .lpProvider = QStringLiteral("Memory")});
+    disks_[parent].push_back(Record(1, displayType, 0, remoteName, QStringLiteral("a comment")));
+}
+
+void MemoryNetwork::AddBranch(std::initializer_list<const char*> names) {
+    QString parent;
+    for (const char* text : names) {
+        const QString name = QString::fromUtf8(text);
+        const auto slashes = name.count(QLatin1Char('\\'));
+        const qint32 type = parent.isEmpty() ? NetEnum::DisplayNetwork
+                            : slashes == 0   ? NetEnum::DisplayDomain
+                            : slashes == 2   ? NetEnum::DisplayServer
+                                             : NetEnum::DisplayShare;
+        const auto& known = disks_.value(parent);
+        if (std::none_of(known.begin(), known.end(),
+                         [&](const NetRecord& record) { return record.lpRemoteName == name; }))
+            AddNode(parent, type, name);
+        parent = name;
+    }
 }
 
 void MemoryNetwork::AddPrinter(const QString& server, const QString& remoteName,
                                qint32 displayType) {
-    printers_[server].push_back({.dwScope = 2,
-                                 .dwType = 2,
-                                 .dwDisplayType = displayType,
-                                 .dwUsage = 1,
-                                 .lpLocalName = {},
-                                 .lpRemoteName = remoteName,
-                                 .lpComment = {},
-                                 .lpProvider = QStringLiteral("Memory")});
+    printers_[server].push_back(Record(2, displayType, 1, remoteName, {}));
 }
 
 std::vector<FindData>& MemoryNetwork::Folder(const QString& path) {

@@ -18,6 +18,9 @@ class MemoryNetwork : public NetworkEnumeration, public FileAccess {
 public:
     /// Adds a node below the node with that remote name (empty: the root).
     void AddNode(const QString& parent, qint32 displayType, const QString& remoteName);
+    /// Adds a provider and what is below it, each in the one before, where it isn't there yet:
+    /// {"Net", "WG", "\\\\S", "\\\\S\\D"}.
+    void AddBranch(std::initializer_list<const char*> names);
     void AddPrinter(const QString& server, const QString& remoteName, qint32 displayType = 3);
 
     /// Adds a file and the folders that lead to it; a path with a closing "\" adds a folder.

@@ -1,34 +1,29 @@
-#include "controls/ListHeader.h"
-#include "downloads/DownloadRows.h"
 #include "fakes/CommandedCopier.h"
-#include "fakes/MemoryNetwork.h"
-#include "fakes/Text.h"
-#include "gui/TestDesktop.h"
-#include "gui/WindowDriver.h"
+#include "gui/WindowTest.h"
 
 #include <QClipboard>
 #include <QMenu>
 #include <QMimeData>
-#include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
 
-/// The real window over a share \\S\D with three files of different sizes, after a search, with a
-/// copier that is told when to finish.
-class Downloads : public testing::Test, public TestDesktop, public WindowDriver {
+/// Over a share \\S\D with three files of different sizes, after a search, with a copier that is
+/// told when to finish.
+class DownloadsTest : public WindowTest {
 protected:
-    Downloads() : WindowDriver(window) {}
+    DownloadsTest()
+        : WindowTest([this] {
+            auto made = std::make_unique<CommandedCopier>();
+            copier = made.get();
+            return made;
+        }) {}
 
     void SetUp() override {
-        network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
-        network.AddNode(Text("Net"), NetEnum::DisplayServer, Text("\\\\S"));
-        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
-        network.AddFile(Text("\\\\S\\D\\b.mp3"), 9000000);
-        network.AddFile(Text("\\\\S\\D\\a.txt"), 100000000);
-        network.AddFile(Text("\\\\S\\D\\SUB\\c.txt"), 2000000);
+        AddFile("\\\\S\\D\\b.mp3", 9000000);
+        AddFile("\\\\S\\D\\a.txt", 100000000);
+        AddFile("\\\\S\\D\\SUB\\c.txt", 2000000);
         Open();
         Search("*.*");
         ASSERT_EQ(results.Count(), 3);
@@ -38,37 +33,15 @@ protected:
         Find<QTimer>("DloadQueueTmr").setInterval(1);
     }
 
-    static QPoint On(ListView& list, int row) {
-        list.Flush();
-        return list.visualRect(list.model()->index(row - 1, 0)).center();
-    }
-    static void ClickRow(ListView& list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier) {
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, keys, On(list, row));
-    }
     static void DoubleClickRow(ListView& list, int row) {
         ClickRow(list, row);
-        QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, On(list, row));
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, PlaceOf(list, row));
     }
-    static void RightClickRow(ListView& list, int row) {
-        QTest::mouseClick(list.viewport(), Qt::RightButton, Qt::NoModifier, On(list, row));
-    }
-    static void ClickHeader(ListView& list, int column) {
-        ListHeader* header = list.Header();
-        QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          QPoint(header->sectionViewportPosition(column - 1) + 20, 5));
-    }
-    static QString Names(const ListView& list) {
-        QStringList names;
-        for (int row = 1; row <= list.Count(); ++row)
-            names.append(list.Text(row));
-        return names.join(u' ');
-    }
+    static void RightClickRow(ListView& list, int row) { ClickRow(list, row, {}, Qt::RightButton); }
 
     /// Queues all results and waits until they run.
     void RunAll() {
-        ClickRow(results, 1);
-        QTest::keyClick(&results, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(&results, Qt::Key_Return);
+        DownloadAll();
         ASSERT_TRUE(QTest::qWaitFor([this] { return copier->Running.size() == 3; }));
         ASSERT_EQ(Find<QTabWidget>("SSTab1").currentIndex(), 1);
     }
@@ -79,10 +52,10 @@ protected:
     }
 
     /// The captions in the menu that is open, separators as "-"; closes it.
-    QString TakeMenu(const char* name) {
+    std::string TakeMenu(const char* name) {
         auto& menu = Find<QMenu>(name);
         if (!menu.isVisible())
-            return QString();
+            return {};
         QStringList captions;
         for (const QAction* item : menu.actions()) {
             if (item->isVisible())
@@ -90,21 +63,20 @@ protected:
         }
         menu.close();
         Activate();
-        return captions.join(u'|');
+        return captions.join(u'|').toStdString();
+    }
+    /// The same for the menu of a row, which the right button opens.
+    std::string MenuOf(ListView& list, int row) {
+        RightClickRow(list, row);
+        return TakeMenu(&list == &results ? "PopUp2Mnu" : "PopUp1Mnu");
     }
 
-    MemoryNetwork network;
     CommandedCopier* copier = nullptr; ///< the window's own
-    frmNetrove window{Services(network, [this] {
-        auto made = std::make_unique<CommandedCopier>();
-        copier = made.get();
-        return made;
-    })};
-    ListView& results = Find<ListView>("lvwResults");
-    ListView& downloads = Find<ListView>("lvwDownloads");
+    ListView& results = Results();
+    ListView& downloads = Downloads();
 };
 
-TEST_F(Downloads, DoubleClickDownloadsAndClears) {
+TEST_F(DownloadsTest, DoubleClickDownloadsAndClears) {
     DoubleClickRow(results, 1);
     WaitForState(1, "Downloading");
     EXPECT_EQ(copier->Accepted.join(u','),
@@ -117,43 +89,40 @@ TEST_F(Downloads, DoubleClickDownloadsAndClears) {
     WaitForState(1, "Done!");
     DoubleClickRow(downloads, 1);
     EXPECT_EQ(downloads.Count(), 0);
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
-TEST_F(Downloads, HeadersSort) {
-    EXPECT_EQ(Names(results), Text("b.mp3 a.txt c.txt"));
+TEST_F(DownloadsTest, HeadersSort) {
+    EXPECT_EQ(Column(results), "b.mp3 a.txt c.txt");
     ClickHeader(results, 1);
-    EXPECT_EQ(Names(results), Text("c.txt b.mp3 a.txt"));
+    EXPECT_EQ(Column(results), "c.txt b.mp3 a.txt");
     EXPECT_EQ(results.HeaderText(1), Text("File Name v"));
     // By value, not by the texts 95.3674, 8.5831 and 1.9073.
     ClickHeader(results, 3);
-    EXPECT_EQ(Names(results), Text("c.txt b.mp3 a.txt"));
+    EXPECT_EQ(Column(results), "c.txt b.mp3 a.txt");
     EXPECT_EQ(results.HeaderText(1) + results.HeaderText(3), Text("File NameSize (MB) ^"));
     ClickHeader(results, 3);
-    EXPECT_EQ(Names(results), Text("a.txt b.mp3 c.txt"));
+    EXPECT_EQ(Column(results), "a.txt b.mp3 c.txt");
 
     RunAll();
     ClickHeader(downloads, 3);
-    EXPECT_EQ(Names(downloads), Text("a.txt b.mp3 c.txt"));
+    EXPECT_EQ(Column(downloads), "a.txt b.mp3 c.txt");
     EXPECT_EQ(downloads.HeaderText(3), Text("Size (MB) v"));
     ClickHeader(downloads, 4);
     EXPECT_EQ(downloads.HeaderText(3) + downloads.HeaderText(4), Text("Size (MB)Date ^"));
 }
 
-TEST_F(Downloads, ResultsMenu) {
-    RightClickRow(results, 1);
-    EXPECT_EQ(TakeMenu("PopUp2Mnu"),
-              Text("Download|-|Open Folder|Explore Folder|-|Member of Net Workgroup|-|"
-                   "Sample MP3 Remotely"));
+TEST_F(DownloadsTest, ResultsMenu) {
+    EXPECT_EQ(
+        MenuOf(results, 1),
+        "Download|-|Open Folder|Explore Folder|-|Member of WG Workgroup|-|Sample MP3 Remotely");
     results.SetSubItem(1, 1, Text("\\\\GONE\\D\\"));
-    RightClickRow(results, 1);
-    EXPECT_TRUE(TakeMenu("PopUp2Mnu").contains(Text("|Member of ?? Workgroup|")));
+    EXPECT_NE(MenuOf(results, 1).find("|Member of ?? Workgroup|"), std::string::npos);
     RightClickRow(results, 2);
     Pick("PopUp2Mnu", "mnuSampleFile");
-    EXPECT_EQ(shell.Opened, QStringList(Text("\\\\S\\D\\a.txt")));
+    EXPECT_EQ(shell.Opened, Texts({"\\\\S\\D\\a.txt"}));
     ClickRow(results, 3, Qt::ControlModifier);
-    RightClickRow(results, 3);
-    EXPECT_EQ(TakeMenu("PopUp2Mnu"), QString()) << "several rows have no menu";
+    EXPECT_EQ(MenuOf(results, 3), "") << "several rows have no menu";
 
     ClickRow(results, 3);
     RightClickRow(results, 3);
@@ -162,33 +131,26 @@ TEST_F(Downloads, ResultsMenu) {
     shell.Result = 5;
     RightClickRow(results, 3);
     Pick("PopUp2Mnu", "ExpFolMnu");
-    EXPECT_EQ(dialogs.Shown,
-              QStringList(Text("Folder Error...: Failed to explore \\\\S\\D\\SUB\\")));
+    EXPECT_EQ(dialogs.Boxes(), "Folder Error...: Failed to explore \\\\S\\D\\SUB\\");
     RightClickRow(results, 3);
     Pick("PopUp2Mnu", "mnuDownload");
     WaitForState(1, "Downloading");
-    EXPECT_EQ(Names(downloads), Text("c.txt"));
+    EXPECT_EQ(Column(downloads), "c.txt");
 }
 
-TEST_F(Downloads, DownloadsMenuFollowsTheStates) {
-    const QString folders = Text("Clear All|-|Open Downloads Folder|Explore Downloads Folder");
+TEST_F(DownloadsTest, DownloadsMenuFollowsTheStates) {
+    const std::string folders = "Clear All|-|Open Downloads Folder|Explore Downloads Folder";
     QTest::mouseClick(downloads.viewport(), Qt::RightButton, Qt::NoModifier, QPoint(5, 5));
-    EXPECT_EQ(TakeMenu("PopUp1Mnu"), QString()) << "no rows";
+    EXPECT_EQ(TakeMenu("PopUp1Mnu"), "") << "no rows";
     RunAll();
-    RightClickRow(downloads, 1);
-    EXPECT_EQ(TakeMenu("PopUp1Mnu"), Text("Clear Selected|") + folders);
+    EXPECT_EQ(MenuOf(downloads, 1), "Clear Selected|" + folders);
     copier->Finish(1);
     copier->Finish(2, 429);
     WaitForState(2, "Error (429)");
-    RightClickRow(downloads, 1);
-    EXPECT_EQ(TakeMenu("PopUp1Mnu"),
-              Text("Clear Selected|") + folders + Text("|-|Sample File Locally"));
-    RightClickRow(downloads, 2);
-    EXPECT_EQ(TakeMenu("PopUp1Mnu"),
-              Text("Clear Selected|") + folders + Text("|-|Error Description"));
+    EXPECT_EQ(MenuOf(downloads, 1), "Clear Selected|" + folders + "|-|Sample File Locally");
+    EXPECT_EQ(MenuOf(downloads, 2), "Clear Selected|" + folders + "|-|Error Description");
     ClickRow(downloads, 1, Qt::ControlModifier);
-    RightClickRow(downloads, 2);
-    EXPECT_EQ(TakeMenu("PopUp1Mnu"), Text("Clear Selected|") + folders);
+    EXPECT_EQ(MenuOf(downloads, 2), "Clear Selected|" + folders);
     downloads.clearSelection();
     const QPoint place(5, 5);
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, place,
@@ -203,34 +165,33 @@ TEST_F(Downloads, DownloadsMenuFollowsTheStates) {
     Pick("PopUp1Mnu", "ErrDescMnu");
     RightClickRow(downloads, 2);
     Pick("PopUp1Mnu", "mnuViewFolder(0)");
-    EXPECT_EQ(dialogs.Shown,
-              (QStringList{
-                  Text("Error Description: Error #429 - Component can't create object\r\n(Re-"
-                       "installation of the application will usually solve this problem.)"),
-                  Text("Folder Error...: Failed to open ") + folder.path() + Text("/Downloads/")}));
+    EXPECT_EQ(
+        dialogs.Boxes(),
+        "Error Description: Error #429 - Component can't create object\r\n(Re-installation of the "
+        "application will usually solve this problem.)|Folder Error...: Failed to open " +
+            folder.path().toStdString() + "/Downloads/");
 }
 
-TEST_F(Downloads, AMenuWithoutACurrentRowIsAFailure) {
+TEST_F(DownloadsTest, AMenuWithoutACurrentRowIsAFailure) {
     results.SetCurrentRow(0);
     QTest::mouseClick(results.viewport(), Qt::RightButton, Qt::NoModifier,
                       QPoint(5, results.viewport()->height() - 5));
-    EXPECT_EQ(dialogs.Shown,
-              QStringList(Text("Error in Results MouseDown: 91\r\nObject variable not set")));
+    EXPECT_EQ(dialogs.Boxes(), "Error in Results MouseDown: 91\r\nObject variable not set");
 }
 
-TEST_F(Downloads, ClearAllEmptiesBothLists) {
+TEST_F(DownloadsTest, ClearAllEmptiesBothLists) {
     RunAll();
     copier->Finish(1);
     copier->Finish(3, 53);
     WaitForState(3, "Error (53)");
     dialogs.OnMessage = [this] {
         EXPECT_EQ(results.Count(), 0);
-        EXPECT_FALSE(Find<QWidget>("cmdStartSearch").isEnabled());
-        EXPECT_FALSE(Find<QWidget>("cmdClearLst").isEnabled());
+        EXPECT_FALSE(Find("cmdStartSearch").isEnabled());
+        EXPECT_FALSE(Find("cmdClearLst").isEnabled());
     };
     dialogs.Answer = MessageAnswer::No;
     Click("cmdClearLst");
-    EXPECT_EQ(Names(downloads), Text("a.txt")) << "it runs";
+    EXPECT_EQ(Column(downloads), "a.txt") << "it runs";
     EXPECT_EQ(Caption(), Text("---"));
     auto& texts = Find<QComboBox>("LstSearchFor");
     EXPECT_EQ(texts.count(), 1);
@@ -238,16 +199,16 @@ TEST_F(Downloads, ClearAllEmptiesBothLists) {
     Click("cmdClearLst");
     EXPECT_EQ(texts.count(), 0);
     EXPECT_EQ(texts.currentText(), Text("*.*"));
-    EXPECT_EQ(dialogs.Shown.last(), Text("Clear search list?: Would you also like to clear the "
-                                         "drop-down search list?"));
+    EXPECT_EQ(dialogs.Shown.last(),
+              Text("Clear search list?: Would you also like to clear the drop-down search list?"));
     EXPECT_TRUE(results.updatesEnabled());
-    EXPECT_TRUE(Find<QWidget>("cmdClearLst").isEnabled());
-    EXPECT_FALSE(Find<QWidget>("cmdAbandon").isEnabled());
+    EXPECT_TRUE(Find("cmdClearLst").isEnabled());
+    EXPECT_FALSE(Find("cmdAbandon").isEnabled());
     copier->Finish(2);
     WaitForState(1, "Done!");
 }
 
-TEST_F(Downloads, CopiesPathsAndAddresses) {
+TEST_F(DownloadsTest, CopiesPathsAndAddresses) {
     ClickRow(results, 1);
     ClickRow(results, 3, Qt::ControlModifier);
     QTest::keyClick(&results, Qt::Key_C, Qt::ControlModifier);
@@ -262,14 +223,14 @@ TEST_F(Downloads, CopiesPathsAndAddresses) {
     EXPECT_EQ(QGuiApplication::clipboard()->mimeData()->text(), Text("\\\\S\\D\\a.txt"));
 }
 
-TEST_F(Downloads, ClosingReleasesTheCopier) {
+TEST_F(DownloadsTest, ClosingReleasesTheCopier) {
     RunAll();
     const QPointer<CopyQ> released(copier);
     Q_EMIT copier->CopyDone(Text("copy 1"), 0);
     EXPECT_TRUE(window.close());
     EXPECT_TRUE(released.isNull());
     QTest::qWait(50);
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 } // namespace

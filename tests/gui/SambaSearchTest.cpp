@@ -1,57 +1,33 @@
-#include "fakes/Text.h"
+#include "controls/TreeView.h"
+#include "downloads/copier/FileCopier.h"
+#include "fakes/Files.h"
 #include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
 #include "platform/network/OpenNetwork.h"
 #include "smb/SambaServer.h"
 
 #include <QProcess>
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
 
-/// The window over the network that network.ini in the folder tells.
-struct OpenedWindow : TestDesktop {
-    explicit OpenedWindow(const QString& path)
-        : opened(OpenNetwork(path)), window(ServicesIn(path, *opened.network)) {
-        EXPECT_TRUE(opened.problems.isEmpty());
-    }
-
-    OpenedNetwork opened;
-    frmNetrove window;
-};
-
-/// A real server, FILER in the workgroup HOME, searched by the window and by the console program.
+/// A real server, FILER in the workgroup HOME, used by the window and by the console program.
 class SambaSearch : public testing::Test {
 protected:
     static constexpr int ManyFiles = 3000;
 
-    static void SetUpTestSuite() {
+    void SetUp() override {
         if (!SambaServer::IsAvailable())
-            return;
-        samba = std::make_unique<SambaServer>(Text("    workgroup = DEN"));
+            GTEST_SKIP() << "needs Samba, and root";
+        samba.emplace();
+        ASSERT_TRUE(samba->IsRunning());
         for (const char* path :
              {"public/one.mp3", "public/Temp/two.mp3", "public/Music [a, b]/Ünï.MP3",
               "public/readme.txt", "hidden/secret.mp3", "unlisted/deep/x.mp3"})
             samba->AddFile(Text(path), "some content");
-        for (int number = 0; number < ManyFiles; ++number)
-            samba->AddFile(QStringLiteral("public/many/file %1.dat").arg(number));
-    }
-    static void TearDownTestSuite() { samba.reset(); }
-
-    void SetUp() override {
-        if (!samba)
-            GTEST_SKIP() << "needs Samba, and root";
-        ASSERT_TRUE(samba->IsRunning());
-        Configure("FILER|HOME");
-    }
-
-    /// Makes network.ini name one computer, by name and workgroup, at the server's port.
-    void Configure(const QByteArray& computer) {
-        QFile ini(folder.filePath(Text("network.ini")));
-        ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-        ini.write("[LAN]\nType=smb\nFind=No\nComputer1=" + computer +
-                  "|127.0.0.1:" + QByteArray::number(samba->Port()) + "\n");
+        WriteFile(folder.filePath(Text("network.ini")),
+                  "[LAN]\nType=smb\nFind=No\nComputer1=FILER|HOME|127.0.0.1:" +
+                      QByteArray::number(samba->Port()) + "\nComputer2=GONE|HOME|127.0.0.1:1\n");
     }
 
     static QStringList Sorted(QStringList paths) {
@@ -59,7 +35,7 @@ protected:
         return paths;
     }
 
-    static inline std::unique_ptr<SambaServer> samba;
+    std::optional<SambaServer> samba;
     QTemporaryDir folder;
     const QStringList songs{Text("\\\\FILER\\PUBLIC\\Music [a, b]\\Ünï.MP3"),
                             Text("\\\\FILER\\PUBLIC\\Temp\\two.mp3"),
@@ -67,64 +43,55 @@ protected:
 };
 
 TEST_F(SambaSearch, InTheWindow) {
-    OpenedWindow opened(folder.path());
-    frmNetrove& window = opened.window;
+    for (int number = 0; number < ManyFiles; ++number)
+        samba->AddFile(QStringLiteral("public/many/file %1.dat").arg(number));
+    const OpenedNetwork opened = OpenNetwork(folder.path());
+    TestDesktop desktop;
+    frmNetrove window(desktop.Services(
+        *opened.network, [&] { return std::make_unique<FileCopier>(*opened.network); }));
     WindowDriver driver(window);
     driver.Open();
-
     window.ProgramSettings().ExcNetNodes.clear();
     driver.Search("*.mp3");
     EXPECT_EQ(Sorted(driver.Rows()), songs);
-    auto& list = driver.Find<ListView>("lvwResults");
-    EXPECT_EQ(list.SubItem(1, 2), Text("0.0000"));
-    window.ProgramSettings().ExcNetNodes = {Text("temp|True|Folder")};
-    driver.Type("*.mp3");
-    driver.Click("cmdStartSearch");
-    EXPECT_EQ(Sorted(driver.Rows()), (QStringList{songs[0], songs[2]}));
-    window.ProgramSettings().ExcNetNodes = {Text("PUBLIC|True|Folder")};
-    driver.Search("*.mp3");
-    EXPECT_TRUE(driver.Rows().isEmpty());
-    window.ProgramSettings().ExcNetNodes.clear();
+    EXPECT_EQ(driver.Results().SubItem(1, 2), Text("0.0000"));
 
-    window.ProgramSettings().MaxReturnFiles = 2;
+    driver.Browse([](frmNWDialog& browser) {
+        auto& tree = FindIn<TreeView>(browser, "tvwNetwork");
+        for (const char* key : {"??LAN", "??HOME", "??\\\\FILER", "??\\\\GONE"}) {
+            tree.SetSelected(Text(key));
+            QTest::keyClick(&tree, Qt::Key_Right);
+        }
+        EXPECT_TRUE(tree.Children(Text("??\\\\GONE")).isEmpty());
+        EXPECT_EQ(tree.Image(Text("??\\\\FILER\\PRINTER")), Text("printer"));
+        tree.SetSelected(Text("??\\\\FILER\\PUBLIC"));
+        QTest::keyClick(&tree, Qt::Key_Return);
+    });
+    window.ProgramSettings().ExcNetNodes = Texts({"temp|True|Folder"});
     driver.Search("*.mp3");
-    EXPECT_EQ(driver.Rows().size(), 2);
-    EXPECT_TRUE(driver.Caption().startsWith(Text("Returned 2 files in ")));
+    EXPECT_EQ(Sorted(driver.Rows()), (QStringList{songs[0], songs[2]}));
+
+    driver.Search("one");
+    driver.DownloadAll();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !driver.IsDownloading(); }, 60000));
+    EXPECT_EQ(ReadFile(desktop.folder.filePath(Text("Downloads/one.mp3"))), "some content");
 
     // The mouse presses the button at the first yield that sees rows.
-    window.ProgramSettings().MaxReturnFiles = 5000;
     QTimer mouse;
-    QObject::connect(&mouse, &QTimer::timeout, &window, [&] {
-        if (list.Count() > 0 && driver.Find<QWidget>("cmdAbandon").isEnabled())
+    mouse.callOnTimeout([&] {
+        if (driver.Results().Count() > 0 && driver.Find("cmdAbandon").isEnabled())
             driver.Click("cmdAbandon");
     });
+    driver.Find<QTabWidget>("SSTab1").setCurrentIndex(0);
     mouse.start(1);
     driver.Search("*.dat");
     mouse.stop();
-    EXPECT_GT(list.Count(), 0);
-    EXPECT_LT(list.Count(), ManyFiles);
-    EXPECT_EQ(driver.Caption().section(QLatin1Char(' '), 0, 4),
-              Text("Aborted, but returned %1 files").arg(list.Count()));
-    driver.Search("*.dat");
-    EXPECT_EQ(list.Count(), ManyFiles);
-    EXPECT_TRUE(opened.dialogs.Shown.isEmpty());
-}
-
-TEST_F(SambaSearch, StartsAtAComputerThatIsAskedForItsWorkgroup) {
-    Configure("FILER|");
-    OpenedWindow opened(folder.path());
-    WindowDriver driver(opened.window);
-    driver.Open();
-    const auto input = [&](const char* name, const char* item) {
-        opened.dialogs.Inputs = QStringList(Text(name));
-        driver.Find<QAction>(item).trigger();
-        return driver.Find<QLineEdit>("txtSearchStart").text();
-    };
-    EXPECT_EQ(input("den", "mnuInpNetNode(1)"), Text("[Root]"));
-    EXPECT_EQ(input("filer", "mnuInpNetNode(0)"), Text("\\\\FILER"));
-    driver.Search("*.mp3");
-    EXPECT_EQ(Sorted(driver.Rows()).last(), songs.last());
-    EXPECT_EQ(input("den", "mnuInpNetNode(1)"), Text("DEN"));
+    const int found = driver.Results().Count();
+    EXPECT_GT(found, 0);
+    EXPECT_LT(found, ManyFiles);
+    driver.ExpectCaption(qPrintable(Text("Aborted, but returned %1 files").arg(found)));
+    EXPECT_EQ(desktop.dialogs.Boxes(), "");
+    EXPECT_TRUE(window.close());
 }
 
 TEST_F(SambaSearch, OnTheConsole) {
@@ -136,20 +103,13 @@ TEST_F(SambaSearch, OnTheConsole) {
         QProcess program;
         program.start(folder.filePath(Text("netrove-find")), arguments);
         EXPECT_TRUE(program.waitForFinished(60000));
-        return QString::fromUtf8(program.readAllStandardOutput())
-            .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        return QString::fromUtf8(program.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
     };
     EXPECT_EQ(Sorted(find({Text("*.mp3")})), songs);
-    EXPECT_EQ(Sorted(find({Text("--exclude"), Text("TEMP"), Text("*.mp3")})),
-              (QStringList{songs[0], songs[2]}));
-    EXPECT_EQ(find({Text("--max"), Text("2"), Text("*.mp3")}).size(), 2);
-    EXPECT_EQ(find({Text("--no-recurse"), Text("*.mp3")}), QStringList{songs[2]});
     EXPECT_EQ(find({Text("--from"), Text("\\\\filer\\Hidden$"), Text("*")}),
-              QStringList{Text("\\\\filer\\Hidden$\\secret.mp3")});
-    EXPECT_EQ(find({Text("--from"), Text("LAN|HOME|\\\\FILER|\\\\FILER\\PUBLIC"), Text("readme*")}),
-              QStringList{Text("\\\\FILER\\PUBLIC\\readme.txt")});
+              Texts({"\\\\filer\\Hidden$\\secret.mp3"}));
     EXPECT_EQ(find({Text("--from"), Text("//FILER/UNLISTED"), Text("x.*")}),
-              QStringList{Text("\\\\FILER\\UNLISTED\\deep\\x.mp3")});
+              Texts({"\\\\FILER\\UNLISTED\\deep\\x.mp3"}));
 }
 
 } // namespace

@@ -1,172 +1,123 @@
 #include "gui/ShownTexts.h"
 
 #include "controls/Color.h"
-#include "controls/StatusBar.h"
+#include "fakes/Pixels.h"
 
 #include <QAbstractItemView>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
-#include <QHash>
-#include <QHeaderView>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSpinBox>
-#include <QStyleOptionButton>
-#include <QStyleOptionComboBox>
-#include <QStyleOptionGroupBox>
-#include <QTabBar>
-#include <QTextEdit>
+#include <QPaintEngine>
 
 #include <algorithm>
 
 namespace netrove {
 namespace {
 
-/// Reads the rectangles that only the control itself can give its style.
-template <typename Control, typename Option>
-class Styled : public Control {
+/// Paints nothing, and notes the places of the texts.
+class TextNoter : public QPaintEngine {
 public:
-    static QRect Element(const Control& control, QStyle::SubElement element) {
-        Option option;
-        static_cast<const Styled&>(control).Fill(option);
-        return control.style()->subElementRect(element, &option, &control);
+    TextNoter() : QPaintEngine(AllFeatures) {}
+
+    bool begin(QPaintDevice* /*device*/) override { return true; }
+    bool end() override { return true; }
+    Type type() const override { return User; }
+    void updateState(const QPaintEngineState& state) override {
+        if (state.state() & DirtyTransform)
+            transform_ = state.transform();
     }
-    static QRect Part(const Control& control, QStyle::ComplexControl kind,
-                      QStyle::SubControl part) {
-        Option option;
-        static_cast<const Styled&>(control).Fill(option);
-        return control.style()->subControlRect(kind, &option, part, &control);
-    }
-
-private:
-    void Fill(Option& option) const { this->initStyleOption(&option); }
-};
-
-class Collector {
-public:
-    explicit Collector(QWidget& window) : window_(window) {
-        for (QWidget* control : window.findChildren<QWidget*>()) {
-            if (control->window() == &window && control->isVisible())
-                Collect(*control);
-        }
-        Collect(window);
-    }
-
-    std::vector<ShownText> Texts() && { return std::move(texts_); }
-
-private:
-    void Add(QWidget& control, const QRect& area, bool desktop = false) {
-        const QRect seen = area & control.rect();
-        if (seen.width() < 4 || seen.height() < 4)
+    void drawPath(const QPainterPath& /*path*/) override {}
+    void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
+    void drawPixmap(const QRectF& /*to*/, const QPixmap& /*picture*/,
+                    const QRectF& /*from*/) override {}
+    void drawTextItem(const QPointF& place, const QTextItem& item) override {
+        if (item.text().trimmed().isEmpty())
             return;
-        QString name = control.objectName();
-        if (name.isEmpty())
-            name = QString::fromLatin1(control.metaObject()->className());
-        texts_.push_back({name, QRect(control.mapTo(&window_, seen.topLeft()), seen.size()),
-                          !control.isEnabled(), desktop});
+        const QRectF area(place.x(), place.y() - item.ascent(), item.width(),
+                          item.ascent() + item.descent());
+        areas.push_back(transform_.mapRect(area).toAlignedRect());
     }
 
-    void Collect(QWidget& control) {
-        if (auto* label = qobject_cast<QLabel*>(&control)) {
-            if (!label->text().isEmpty())
-                Add(control, label->contentsRect());
-        } else if (auto* button = qobject_cast<QPushButton*>(&control)) {
-            Add(control, Styled<QPushButton, QStyleOptionButton>::Element(
-                             *button, QStyle::SE_PushButtonContents));
-        } else if (auto* box = qobject_cast<QCheckBox*>(&control)) {
-            if (!box->text().isEmpty())
-                Add(control, Styled<QCheckBox, QStyleOptionButton>::Element(
-                                 *box, QStyle::SE_CheckBoxContents));
-        } else if (auto* option = qobject_cast<QRadioButton*>(&control)) {
-            Add(control, Styled<QRadioButton, QStyleOptionButton>::Element(
-                             *option, QStyle::SE_RadioButtonContents));
-        } else if (auto* group = qobject_cast<QGroupBox*>(&control)) {
-            Add(control, Styled<QGroupBox, QStyleOptionGroupBox>::Part(*group, QStyle::CC_GroupBox,
-                                                                       QStyle::SC_GroupBoxLabel));
-        } else {
-            CollectFields(control);
-        }
-    }
+    std::vector<QRect> areas;
 
-    void CollectFields(QWidget& control) {
-        if (auto* line = qobject_cast<QLineEdit*>(&control)) {
-            if (!line->displayText().isEmpty() || !line->placeholderText().isEmpty())
-                Add(control, line->rect().adjusted(3, 3, -3, -3), true);
-        } else if (auto* combo = qobject_cast<QComboBox*>(&control)) {
-            if (!combo->isEditable())
-                Add(control,
-                    Styled<QComboBox, QStyleOptionComboBox>::Part(*combo, QStyle::CC_ComboBox,
-                                                                  QStyle::SC_ComboBoxEditField),
-                    true);
-        } else if (qobject_cast<QTextEdit*>(&control) || qobject_cast<QPlainTextEdit*>(&control)) {
-            Add(*qobject_cast<QAbstractScrollArea*>(&control)->viewport(), control.rect());
-        } else if (auto* status = qobject_cast<StatusBar*>(&control)) {
-            for (int panel = 1; panel <= status->PanelCount(); ++panel) {
-                if (!status->Text(panel).isEmpty())
-                    Add(control, status->PanelRect(panel).adjusted(3, 3, -3, -3));
-            }
-        } else {
-            CollectItems(control);
-        }
-    }
-
-    void CollectItems(QWidget& control) {
-        if (auto* tabs = qobject_cast<QTabBar*>(&control)) {
-            for (int tab = 0; tab < tabs->count(); ++tab)
-                Add(control, tabs->tabRect(tab).adjusted(6, 5, -6, -3));
-        } else if (auto* header = qobject_cast<QHeaderView*>(&control)) {
-            for (int section = 0; section < header->count(); ++section) {
-                if (!header->isSectionHidden(section))
-                    Add(*header->viewport(),
-                        QRect(header->sectionViewportPosition(section), 0,
-                              header->sectionSize(section), header->height())
-                            .adjusted(2, 2, -3, -3),
-                        true);
-            }
-        } else if (auto* view = qobject_cast<QAbstractItemView*>(&control)) {
-            for (int row = 0; view->model() && row < view->model()->rowCount(); ++row)
-                Add(*view->viewport(), view->visualRect(view->model()->index(row, 0)), true);
-        } else if (qobject_cast<QMenuBar*>(&control) || qobject_cast<QMenu*>(&control)) {
-            CollectActions(control);
-        }
-    }
-
-    void CollectActions(QWidget& control) {
-        auto* bar = qobject_cast<QMenuBar*>(&control);
-        auto* menu = qobject_cast<QMenu*>(&control);
-        for (QAction* action : control.actions()) {
-            const QRect area = bar ? bar->actionGeometry(action) : menu->actionGeometry(action);
-            if (action->isSeparator() || !action->isVisible() || area.isEmpty())
-                continue;
-            Add(control, area.adjusted(bar ? 2 : 24, 2, -2, -2), true);
-            if (!texts_.empty())
-                texts_.back().disabled = !action->isEnabled();
-        }
-    }
-
-    QWidget& window_;
-    std::vector<ShownText> texts_;
+private:
+    QTransform transform_;
 };
+
+class TextNotes : public QPaintDevice {
+public:
+    explicit TextNotes(const QWidget& like) : like_(like) {}
+    QPaintEngine* paintEngine() const override { return &noter; }
+
+    mutable TextNoter noter;
+
+protected:
+    int metric(PaintDeviceMetric what) const override {
+        switch (what) {
+        case PdmWidth:
+            return like_.width();
+        case PdmHeight:
+            return like_.height();
+        case PdmDepth:
+            return 32;
+        case PdmDevicePixelRatio:
+            return 1;
+        case PdmDevicePixelRatioScaled:
+            return int(devicePixelRatioFScale());
+        default:
+            return 96;
+        }
+    }
+
+private:
+    const QWidget& like_;
+};
+
+/// Whether the desktop chooses how what is switched off looks there.
+bool IsDesktops(const QWidget& control) {
+    return control.inherits("QMenu") || control.inherits("QMenuBar") ||
+           control.inherits("QLineEdit") || control.inherits("QComboBox") ||
+           qobject_cast<const QAbstractItemView*>(control.parentWidget());
+}
+
+bool IsEnabled(const QWidget& control, const QPoint& place) {
+    const QAction* action = nullptr;
+    if (const auto* menu = qobject_cast<const QMenu*>(&control))
+        action = menu->actionAt(place);
+    if (const auto* bar = qobject_cast<const QMenuBar*>(&control))
+        action = bar->actionAt(place);
+    return action ? action->isEnabled() : control.isEnabled();
+}
+
+void AddTexts(QWidget& control, const QWidget& window, std::vector<ShownText>& texts) {
+    TextNotes notes(control);
+    control.render(&notes, {}, {}, {});
+    const QString name = control.objectName().isEmpty()
+                             ? QString::fromLatin1(control.metaObject()->className())
+                             : control.objectName();
+    for (const QRect& area : notes.noter.areas) {
+        const QRect seen = area & control.rect();
+        if (seen.width() >= 4 && seen.height() >= 4)
+            texts.push_back({name, seen.translated(control.mapTo(&window, QPoint())),
+                             !IsEnabled(control, seen.center()), IsDesktops(control)});
+    }
+}
 
 } // namespace
 
 std::vector<ShownText> ShownTexts(QWidget& window) {
-    return Collector(window).Texts();
+    std::vector<ShownText> texts;
+    AddTexts(window, window, texts);
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        if (control->window() == &window && control->isVisible())
+            AddTexts(*control, window, texts);
+    }
+    return texts;
 }
 
 double PaintedContrast(const QImage& picture, const QRect& area) {
-    QHash<QRgb, int> counts;
-    const QRect inside = area & picture.rect();
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left(); x <= inside.right(); ++x)
-            ++counts[picture.pixel(x, y)];
-    }
+    const QHash<QRgb, int> counts = ColorsOf(picture, area);
     const auto most = std::max_element(counts.cbegin(), counts.cend());
     double highest = 1;
     for (auto color = counts.cbegin(); color != counts.cend(); ++color)

@@ -11,7 +11,7 @@ namespace netrove {
 /// A place of a window where a text is painted.
 struct ShownText {
     QString name;  ///< the control's, or its class
-    QRect area;    ///< in the window's pixels, without borders and indicators
+    QRect area;    ///< of the text alone, in the window's pixels
     bool disabled; ///< switched off
     bool desktop;  ///< shows the desktop's own colours for what is switched off
 };

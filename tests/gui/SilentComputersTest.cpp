@@ -1,11 +1,9 @@
-#include "fakes/Text.h"
 #include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
 #include "platform/network/Network.h"
 #include "silent/frmSilent.h"
 
 #include <QClipboard>
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
@@ -68,15 +66,15 @@ TEST(SilentComputers, AreListedAfterASilentSearch) {
         }
     };
     driver.Search("*");
-    EXPECT_EQ(shown, (QStringList{Text("3"), Text("2"), Text("1")}));
-    EXPECT_EQ(driver.Find<StatusBar>("stbStatus").Text(3), QString());
-    EXPECT_TRUE(desktop.dialogs.Shown.isEmpty());
+    EXPECT_EQ(shown, Texts({"3", "2", "1"}));
+    EXPECT_EQ(driver.StatusText(3), QString());
+    EXPECT_EQ(desktop.dialogs.Boxes(), "");
 
-    driver.Find<QAction>("mnuSilent").trigger();
-    driver.Find<QAction>("mnuSilent").trigger();
+    driver.Trigger("mnuSilent");
+    driver.Trigger("mnuSilent");
     ASSERT_EQ(window.findChildren<frmSilent*>().size(), 1);
     auto& dialog = *window.findChild<frmSilent*>();
-    auto& list = *dialog.findChild<ListView*>(Text("lvwSilent"));
+    auto& list = FindIn<ListView>(dialog, "lvwSilent");
     ASSERT_EQ(list.Count(), 2);
     EXPECT_EQ(list.Text(1) + list.SubItem(2, 1), Text("\\\\BC is off."));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
@@ -85,11 +83,11 @@ TEST(SilentComputers, AreListedAfterASilentSearch) {
     EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(Text("\\\\B\tB is off.\t")));
 
     // The open list follows the next search.
-    dialog.findChild<QTimer*>(Text("tmrRefresh"))->setInterval(1);
+    FindIn<QTimer>(dialog, "tmrRefresh").setInterval(1);
     provider.Off = {Text("\\\\C")};
     shown.clear();
     driver.Click("cmdStartSearch");
-    EXPECT_EQ(shown, (QStringList{Text("2"), Text("1")})) << "A is known";
+    EXPECT_EQ(shown, Texts({"2", "1"})) << "A is known";
     EXPECT_TRUE(QTest::qWaitFor([&] { return list.Count() == 1; }));
     EXPECT_EQ(list.Text(1), Text("\\\\C"));
     QTest::keyClick(&list, Qt::Key_F1);

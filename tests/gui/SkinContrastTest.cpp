@@ -1,7 +1,5 @@
-#include "browser/frmNWDialog.h"
 #include "fakes/MemoryKeyring.h"
 #include "fakes/MemoryNetwork.h"
-#include "fakes/Text.h"
 #include "gui/ShownTexts.h"
 #include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
@@ -62,10 +60,7 @@ class SkinContrast : public testing::TestWithParam<std::tuple<int, bool>>, publi
 protected:
     SkinContrast() {
         QApplication::setPalette(std::get<bool>(GetParam()) ? DarkDesktop() : QPalette());
-        network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
-        network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
-        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\S"));
-        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
+        network.AddBranch({"Net", "WG", "\\\\S", "\\\\S\\D"});
         network.AddFile(Text("\\\\S\\D\\one.mp3"), 1500000);
         ProfileFile(IniFileName(folder.path()))
             .WriteIni(Text("Skin"), Text("Index"), QString::number(Skin()));
@@ -73,7 +68,7 @@ protected:
         WindowDriver driver(*window);
         driver.Open();
         driver.Search("*.mp3");
-        settings.ExcNetNodes = {Text("Windows|True|Folder")};
+        settings.ExcNetNodes = Texts({"Windows|True|Folder"});
         for (const auto& [path, text] : {std::pair("Netrove2.ver", "TBS_VER 99.0.0"),
                                          std::pair("Netrove2.nwz", "TBS_NWZ News")})
             http.Pages.insert(Text("https://site.example/files/") + Text(path), Text(text));
@@ -132,8 +127,8 @@ protected:
             new frmOpts({.settings = settings,
                          .dialogs = dialogs,
                          .system = system,
-                         .lvwResults = *owner->findChild<ListView*>(Text("lvwResults")),
-                         .lvwDownloads = *owner->findChild<ListView*>(Text("lvwDownloads")),
+                         .lvwResults = FindIn<ListView>(*owner, "lvwResults"),
+                         .lvwDownloads = FindIn<ListView>(*owner, "lvwDownloads"),
                          .downloadsFolder = folder.path(),
                          .OSName = Text("OS"),
                          .OSVersion = Text("1"),
@@ -168,8 +163,9 @@ protected:
             if (auto* button = dialog.findChild<QPushButton*>(Text(name)))
                 button->click();
         }
-        if (auto* ok = dialog.findChild<QPushButton*>(Text("cmdOk")))
+        if (auto* ok = dialog.findChild<QPushButton*>(Text("cmdOk"))) {
             ASSERT_TRUE(QTest::qWaitFor([&] { return ok->isEnabled(); }));
+        }
         ExpectReadable(dialog);
         auto* tabs = dialog.findChild<QTabWidget*>();
         for (int page = 1; tabs && page < tabs->count(); ++page) {
@@ -190,7 +186,7 @@ protected:
 
 TEST_P(SkinContrast, EveryTextCanBeRead) {
     ExpectReadable(*window);
-    auto& tabs = *window->findChild<QTabWidget*>(Text("SSTab1"));
+    auto& tabs = FindIn<QTabWidget>(*window, "SSTab1");
     tabs.setCurrentIndex(1);
     ExpectReadable(*window);
     tabs.setCurrentIndex(0);
@@ -198,6 +194,10 @@ TEST_P(SkinContrast, EveryTextCanBeRead) {
     for (QWidget* dialog : Dialogs()) {
         dialog->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog));
+        if (dialog->windowType() == Qt::Dialog) {
+            EXPECT_EQ(dialog->contentsMargins().isNull(), Skin() == 0)
+                << dialog->objectName().toStdString() << " has the skin's frame";
+        }
         ExpectAllReadable(*dialog);
         dialog->hide();
     }
@@ -212,13 +212,13 @@ TEST_P(SkinContrast, PopUpsCanBeRead) {
     QApplication::activePopupWidget()->close();
 
     for (const char* name : {"mnuSkinTOP", "PopUp2Mnu"}) {
-        auto& menu = *window->findChild<QMenu*>(Text(name));
+        auto& menu = FindIn<QMenu>(*window, name);
         menu.popup(window->mapToGlobal(QPoint(50, 50)));
         menu.setActiveAction(menu.actions().at(1));
         ExpectReadable(menu);
         menu.close();
     }
-    auto& combo = *window->findChild<QComboBox*>(Text("LstSearchFor"));
+    auto& combo = FindIn<QComboBox>(*window, "LstSearchFor");
     combo.showPopup();
     ExpectReadable(*combo.view()->window());
     combo.hidePopup();

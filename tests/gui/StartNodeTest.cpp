@@ -1,34 +1,17 @@
-#include "browser/frmNWDialog.h"
 #include "controls/TreeView.h"
-#include "fakes/MemoryNetwork.h"
-#include "fakes/Text.h"
-#include "gui/TestDesktop.h"
-#include "gui/WindowDriver.h"
-
-#include <QTest>
-#include <gtest/gtest.h>
+#include "gui/WindowTest.h"
 
 namespace netrove {
 namespace {
 
-/// The window over two networks in memory: "Net" with \\S and \\T in WG, "Other" with \\U in HOME.
-class StartNode : public testing::Test, public TestDesktop, public WindowDriver {
+/// Over two networks: "Net" with \\S and \\T in WG, "Other" with \\U in HOME.
+class StartNode : public WindowTest {
 protected:
-    StartNode() : WindowDriver(window) {}
-
     void SetUp() override {
-        for (const auto& [provider, workgroup, servers] :
-             std::vector<std::tuple<const char*, const char*, std::vector<const char*>>>{
-                 {"Net", "WG", {"\\\\S", "\\\\T"}}, {"Other", "HOME", {"\\\\U"}}}) {
-            network.AddNode(QString(), NetEnum::DisplayNetwork, Text(provider));
-            network.AddNode(Text(provider), NetEnum::DisplayDomain, Text(workgroup));
-            for (const char* server : servers) {
-                network.AddNode(Text(workgroup), NetEnum::DisplayServer, Text(server));
-                const QString share = Text(server) + Text("\\D");
-                network.AddNode(Text(server), NetEnum::DisplayShare, share);
-                network.AddFile(share + Text("\\one.mp3"));
-            }
-        }
+        AddFile("\\\\S\\D\\one.mp3");
+        AddFile("\\\\T\\D\\one.mp3");
+        network.AddBranch({"Other", "HOME", "\\\\U", "\\\\U\\D"});
+        network.AddFile(Text("\\\\U\\D\\one.mp3"));
         network.OnCall = [this](const QString& call) {
             calls.append(call);
             waited = waited && window.cursor().shape() == Qt::WaitCursor;
@@ -46,91 +29,61 @@ protected:
         EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
     }
 
-    /// Opens the browser and lets `user` act on it, once the first level is there.
-    void Browse(std::function<void(frmNWDialog&)> user) {
-        bool seen = false;
-        QTimer look;
-        look.callOnTimeout([&] {
-            auto* browser = qobject_cast<frmNWDialog*>(QApplication::activeModalWidget());
-            if (!browser || seen)
-                return;
-            auto& timer = *browser->findChild<QTimer*>(Text("tmrNodes"));
-            if (timer.isActive() && timer.interval() > 0)
-                timer.start(0);
-            if (!browser->findChild<QWidget*>(Text("cmdOk"))->isEnabled())
-                return;
-            seen = true;
-            user(*browser);
-        });
-        look.start(5);
-        Click("cmdSetSearchStart");
-        EXPECT_TRUE(seen);
-        EXPECT_TRUE(window.findChildren<frmNWDialog*>().isEmpty());
-    }
-
     static void Choose(frmNWDialog& browser, const char* key) {
-        browser.findChild<TreeView*>(Text("tvwNetwork"))->SetSelected(Text(key));
-        QTest::mouseClick(browser.findChild<QWidget*>(Text("cmdOk")), Qt::LeftButton);
+        FindIn<TreeView>(browser, "tvwNetwork").SetSelected(Text(key));
+        QTest::mouseClick(&FindIn(browser, "cmdOk"), Qt::LeftButton);
     }
 
-    QString Shown() { return Find<QLineEdit>("txtSearchStart").text(); }
-
-    MemoryNetwork network;
     QStringList calls;
     bool waited = true; ///< the hourglass was there at every call
-    frmNetrove window{Services(network)};
 };
 
 TEST_F(StartNode, IsFoundByNameOrStays) {
     constexpr int workstation = 0;
     constexpr int workgroup = 1;
-    const QString workstationPrompt = Text("Input a workstation name: What is the name of the "
-                                           "workstation, computer, or server?");
-    const QString workgroupPrompt =
-        Text("Input a workgroup name: What is the name of the workgroup or domain?");
-    struct Case {
+    const std::string prompts[] = {
+        "Input a workstation name: What is the name of the workstation, computer, or server?",
+        "Input a workgroup name: What is the name of the workgroup or domain?"};
+    const struct {
         int index;
         const char* answer;
         const char* shown;
         const char* box;
+    } cases[] = {
+        {workstation, " t ", "\\\\T", ""},
+        {workstation, "", "\\\\T", ""},
+        {workstation, "\\\\S", "\\\\T",
+         "|Workstation Warning...: Workstation contains an illegal character!"},
+        {workstation, "nobody", "\\\\T", "|Workstation Error...: Invalid Workstation!"},
+        {workstation, "u", "\\\\U", ""},
+        {workgroup, "wg", "WG", ""},
+        {workgroup, "   ", "WG", ""},
+        {workgroup, "A|B", "WG", "|Workgroup Warning...: Workgroup contains an illegal character!"},
+        {workgroup, "none", "WG", "|Workgroup Error...: Invalid workgroup!"},
+        {workgroup, "Home", "HOME", ""},
     };
-    for (const Case& one : std::vector<Case>{
-             {workstation, " t ", "\\\\T", ""},
-             {workstation, "", "\\\\T", ""},
-             {workstation, "\\\\S", "\\\\T",
-              "Workstation Warning...: Workstation contains an illegal character!"},
-             {workstation, "nobody", "\\\\T", "Workstation Error...: Invalid Workstation!"},
-             {workstation, "u", "\\\\U", ""},
-             {workgroup, "wg", "WG", ""},
-             {workgroup, "   ", "WG", ""},
-             {workgroup, "A|B", "WG",
-              "Workgroup Warning...: Workgroup contains an illegal character!"},
-             {workgroup, "none", "WG", "Workgroup Error...: Invalid workgroup!"},
-             {workgroup, "Home", "HOME", ""}}) {
-        SCOPED_TRACE(one.answer);
-        Input(one.index, one.answer);
-        const QString name = Text(one.answer).trimmed();
-        EXPECT_EQ(Shown(), Text(one.shown));
-        QStringList boxes{one.index == workstation ? workstationPrompt : workgroupPrompt};
-        if (*one.box != '\0')
-            boxes.append(Text(one.box));
-        EXPECT_EQ(dialogs.Shown, boxes);
-        EXPECT_EQ(calls.isEmpty(), name.isEmpty() || boxes.last().contains(Text("illegal")));
+    for (const auto& [index, answer, shown, box] : cases) {
+        SCOPED_TRACE(answer);
+        Input(index, answer);
+        EXPECT_EQ(StartNodeText(), Text(shown));
+        EXPECT_EQ(dialogs.Take(), prompts[index] + box);
+        const bool isAsked = !Text(answer).trimmed().isEmpty() && !Text(box).contains(u"illegal");
+        EXPECT_EQ(!calls.isEmpty(), isAsked);
     }
     EXPECT_TRUE(waited);
     Input(3, "");
-    EXPECT_EQ(Shown(), Text("[Root]"));
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(StartNodeText(), Text("[Root]"));
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(StartNode, StandsForTheUsualNameFirst) {
     network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Microsoft Windows Network"));
     network.AddNode(Text("Microsoft Windows Network"), NetEnum::DisplayDomain, Text("Wg"));
     Input(1, "WG");
-    EXPECT_EQ(Shown(), Text("Wg"));
+    EXPECT_EQ(StartNodeText(), Text("Wg"));
     EXPECT_FALSE(calls.contains(Text("open Net")));
     Input(0, "U");
-    EXPECT_EQ(Shown(), Text("\\\\U")) << "the other networks stand for it too";
+    EXPECT_EQ(StartNodeText(), Text("\\\\U")) << "the other networks stand for it too";
 }
 
 TEST_F(StartNode, IsSearchedAndKeepsWhatWasRead) {
@@ -139,7 +92,7 @@ TEST_F(StartNode, IsSearchedAndKeepsWhatWasRead) {
     const auto searchAsks = [this] {
         calls.clear();
         Click("cmdStartSearch");
-        EXPECT_EQ(Rows(), QStringList{Text("\\\\T\\D\\one.mp3")});
+        EXPECT_EQ(Rows(), Texts({"\\\\T\\D\\one.mp3"}));
         return calls.contains(Text("open \\\\T"));
     };
     EXPECT_TRUE(searchAsks());
@@ -154,56 +107,50 @@ TEST_F(StartNode, IsSearchedAndKeepsWhatWasRead) {
 }
 
 TEST_F(StartNode, ComesFromTheBrowser) {
-    const QStringList controls{Text("cmdStartSearch"), Text("cmdSetSearchStart"),
-                               Text("cmdInpNetNode"), Text("LstSearchFor"), Text("chkRecurse")};
     const auto expectEnabled = [&](bool enabled) {
-        for (const QString& name : controls + QStringList(Text("cmdAbandon")))
-            EXPECT_EQ(Find<QWidget>(name.toLatin1().constData()).isEnabled(), enabled)
-                << name.toStdString();
+        for (const char* name : {"cmdStartSearch", "cmdSetSearchStart", "cmdInpNetNode",
+                                 "LstSearchFor", "chkRecurse", "cmdAbandon"})
+            EXPECT_EQ(Find(name).isEnabled(), enabled) << name;
         EXPECT_EQ(Find<QAction>("mnuCont").isEnabled(), enabled);
     };
-    EXPECT_FALSE(Find<QWidget>("cmdAbandon").isEnabled());
+    EXPECT_FALSE(Find("cmdAbandon").isEnabled());
     Browse([&](frmNWDialog& browser) {
         expectEnabled(false);
         Choose(browser, "??Other");
     });
-    EXPECT_EQ(Shown(), Text("Other"));
+    EXPECT_EQ(StartNodeText(), Text("Other"));
     expectEnabled(true);
     Click("cmdAbandon");
     calls.clear();
     Click("cmdStartSearch");
-    EXPECT_EQ(Rows(), QStringList{Text("\\\\U\\D\\one.mp3")});
-    EXPECT_TRUE(Caption().startsWith(Text("Returned 1 files in ")));
-    EXPECT_FALSE(Find<QWidget>("cmdAbandon").isEnabled());
+    EXPECT_EQ(Rows(), Texts({"\\\\U\\D\\one.mp3"}));
+    ExpectCaption("Returned 1 files in ");
+    EXPECT_FALSE(Find("cmdAbandon").isEnabled());
     EXPECT_FALSE(calls.contains(Text("open ")));
 
-    const auto cancel = [](frmNWDialog& browser) { QTest::keyClick(&browser, Qt::Key_Escape); };
-    Browse(cancel);
-    EXPECT_EQ(Shown(), Text("Other"));
+    Browse([](frmNWDialog& browser) { QTest::keyClick(&browser, Qt::Key_Escape); });
+    EXPECT_EQ(StartNodeText(), Text("Other"));
     expectEnabled(true);
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(StartNode, BrowserSeesWhatIsExcluded) {
     const auto isMarked = [this] {
         bool marked = false;
         Browse([&](frmNWDialog& browser) {
-            marked = browser.findChild<TreeView*>(Text("tvwNetwork"))
-                         ->ForeColor(Text("??Net"))
-                         .isValid();
+            marked = FindIn<TreeView>(browser, "tvwNetwork").ForeColor(Text("??Net")).isValid();
             Choose(browser, "??Net");
         });
         return marked;
     };
     EXPECT_FALSE(isMarked());
-    window.ProgramSettings().ExcNetNodes = {Text("Net|True|Network")};
+    window.ProgramSettings().ExcNetNodes = Texts({"Net|True|Network"});
     EXPECT_TRUE(isMarked());
-    window.ProgramSettings().ExcNetNodes = {Text("Net")};
+    window.ProgramSettings().ExcNetNodes = Texts({"Net"});
     Click("cmdSetSearchStart");
-    EXPECT_EQ(dialogs.Shown, QStringList{Text("Error in browsing network: 9\r\nSubscript out of "
-                                              "range")});
-    EXPECT_EQ(Shown(), Text("Net"));
-    EXPECT_TRUE(Find<QWidget>("cmdStartSearch").isEnabled());
+    EXPECT_EQ(dialogs.Boxes(), "Error in browsing network: 9\r\nSubscript out of range");
+    EXPECT_EQ(StartNodeText(), Text("Net"));
+    EXPECT_TRUE(Find("cmdStartSearch").isEnabled());
     window.ProgramSettings().ExcludeNetNodes = false;
     isMarked();
     EXPECT_EQ(dialogs.Shown.size(), 1) << "the entries weren't read";
@@ -214,7 +161,7 @@ TEST_F(StartNode, FailuresEndInABox) {
     dialogs.OnInput = [] { throw RunTimeError(ErrorNumber::OutOfMemory); };
     Input(1, "WG");
     EXPECT_EQ(dialogs.Shown.last(), Text("Error in setting Network node: 7\r\nOut of memory"));
-    EXPECT_EQ(Shown(), Text("\\\\T"));
+    EXPECT_EQ(StartNodeText(), Text("\\\\T"));
     dialogs.OnInput = {};
     network.OnCall = [](const QString& call) {
         if (call.startsWith(Text("workgroup ")))
@@ -222,7 +169,7 @@ TEST_F(StartNode, FailuresEndInABox) {
     };
     Input(0, "S");
     EXPECT_EQ(dialogs.Shown.last(), Text("Workstation Error...: Invalid Workstation!"));
-    EXPECT_EQ(Shown(), Text("\\\\T"));
+    EXPECT_EQ(StartNodeText(), Text("\\\\T"));
 }
 
 TEST_F(StartNode, MenusOpenUnderTheMouse) {
@@ -231,20 +178,20 @@ TEST_F(StartNode, MenusOpenUnderTheMouse) {
 
     const auto& input = Find<QComboBox>("LstSearchFor");
     Click("imgFiles(0)");
-    EXPECT_FALSE(Find<QWidget>("mnuPopUp5").isVisible());
-    auto& picture = Find<QWidget>("imgFiles(0)");
+    EXPECT_FALSE(Find("mnuPopUp5").isVisible());
+    auto& picture = Find("imgFiles(0)");
     QTest::mouseClick(&picture, Qt::RightButton, Qt::NoModifier, QPoint(3, 4));
-    EXPECT_EQ(Find<QWidget>("mnuPopUp5").pos(), picture.mapToGlobal(QPoint(3, 4)));
+    EXPECT_EQ(Find("mnuPopUp5").pos(), picture.mapToGlobal(QPoint(3, 4)));
     Pick("mnuPopUp5", "mnuFiles(3)");
     EXPECT_EQ(input.currentText(), Text("*.jpg,*.jpeg,*.gif,*.tiff,*.bmp,*.pcx,*.psp"));
     EXPECT_EQ(input.count(), 0);
     EXPECT_EQ(Caption(), Text("---"));
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 
     window.ProgramSettings().AutoAsterisks = false;
     for (int time = 0; time < 2; ++time) {
         dialogs.Shown.clear();
-        dialogs.OnMessage = [&] { EXPECT_FALSE(Find<QWidget>("mnuPopUp5").isVisible()); };
+        dialogs.OnMessage = [&] { EXPECT_FALSE(Find("mnuPopUp5").isVisible()); };
         RightClick("imgFiles(0)");
         ASSERT_EQ(dialogs.Shown.size(), 1);
         EXPECT_TRUE(dialogs.Shown[0].startsWith(
@@ -259,7 +206,7 @@ TEST_F(StartNode, SearchTextIsSelectedWhenItGetsTheFocus) {
     auto& input = *Find<QComboBox>("LstSearchFor").lineEdit();
     const auto leave = [&] {
         input.deselect();
-        Find<QWidget>("chkRecurse").setFocus();
+        Find("chkRecurse").setFocus();
     };
     leave();
     QTest::mouseClick(&input, Qt::LeftButton, Qt::NoModifier, QPoint(12, 8));
@@ -269,7 +216,7 @@ TEST_F(StartNode, SearchTextIsSelectedWhenItGetsTheFocus) {
     QCoreApplication::processEvents();
     EXPECT_EQ(input.selectedText(), QString()) << "it has the focus already";
     leave();
-    Find<QWidget>("LstSearchFor").setFocus();
+    Find("LstSearchFor").setFocus();
     EXPECT_EQ(input.selectedText(), Text("*.mp3"));
     EXPECT_EQ(input.selectionStart(), 0);
     input.deselect();

@@ -1,27 +1,17 @@
-#include "fakes/MemoryNetwork.h"
-#include "fakes/Text.h"
-#include "gui/TestDesktop.h"
-#include "gui/WindowDriver.h"
+#include "gui/WindowTest.h"
 #include "platform/ProfileFile.h"
 
 #include <QSignalSpy>
-#include <QTest>
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
 
-/// The real window, which goes to the tray when it's closed, over a share with a file.
-class TrayTest : public testing::Test, public TestDesktop, public WindowDriver {
+/// The window goes to the tray when it's closed.
+class TrayTest : public WindowTest {
 protected:
-    TrayTest() : WindowDriver(window) {}
-
     void SetUp() override {
-        network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
-        network.AddNode(Text("Net"), NetEnum::DisplayServer, Text("\\\\S"));
-        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
-        network.AddFile(Text("\\\\S\\D\\one.mp3"));
-        network.AddFile(Text("\\\\S\\D\\SUB\\two.mp3"));
+        AddFile("\\\\S\\D\\one.mp3");
+        AddFile("\\\\S\\D\\SUB\\two.mp3");
         Open();
         window.Skins().mnuSkin_Click(3);
         settings.MinToTray = true;
@@ -30,12 +20,7 @@ protected:
     /// Does something in the middle of a search.
     void WhileSearching(std::function<void()> action) {
         Activate();
-        network.OnCall = [action = std::move(action), done = false](const QString& call) mutable {
-            if (!done && call == Text("list \\\\S\\D\\SUB\\")) {
-                done = true;
-                action();
-            }
-        };
+        When("list \\\\S\\D\\SUB\\", std::move(action));
         Search("*.mp3");
     }
 
@@ -57,8 +42,6 @@ protected:
             .ReadIni(Text("Skin"), Text("Index"), Text("-"));
     }
 
-    MemoryNetwork network;
-    frmNetrove window{Services(network)};
     Settings& settings = window.ProgramSettings();
     QSignalSpy unloaded{&window, &frmNetrove::Unloaded};
 };
@@ -79,12 +62,10 @@ TEST_F(TrayTest, EveryWayBackBringsWindowAndSkin) {
             tray.DoubleClick();
         ExpectOutOfTray(way.state);
     }
-    Find<QAction>("mnuExit").trigger();
-    bool isOver = false;
-    QTimer::singleShot(std::chrono::milliseconds(5), &window, [&] { isOver = true; });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return isOver; }));
+    Trigger("mnuExit");
+    QTest::qWait(5);
     EXPECT_EQ(unloaded.size(), 0) << "a click that comes too late does nothing";
-    EXPECT_TRUE(dialogs.Shown.isEmpty());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(TrayTest, TipFollowsTheSearch) {
@@ -122,9 +103,7 @@ TEST_F(TrayTest, NobodyLosesTheWindow) {
     window.showNormal();
     Activate();
     tray.Become(true);
-    bool isOver = false;
-    QTimer::singleShot(std::chrono::milliseconds(5), &window, [&] { isOver = true; });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return isOver; }));
+    QTest::qWait(5);
     EXPECT_TRUE(window.isVisible()) << "its user has taken it up";
     EXPECT_FALSE(tray.Tip);
     EXPECT_EQ(unloaded.size(), 0);
@@ -133,19 +112,18 @@ TEST_F(TrayTest, NobodyLosesTheWindow) {
 TEST_F(TrayTest, SearchGoesOnInTheTrayAndExitStoresTheSkin) {
     WhileSearching([this] {
         CloseToTray();
-        Find<QAction>("mnuExit").trigger();
+        Trigger("mnuExit");
         EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogs.Shown.isEmpty(); }));
         EXPECT_TRUE(tray.Tip) << "refused";
     });
-    EXPECT_EQ(dialogs.Shown, QStringList{Text("Search In Progress: Wait until the program reaches "
-                                              "a stopping point.")});
+    EXPECT_EQ(dialogs.Take(), SearchInProgress);
     EXPECT_EQ(Rows().size(), 1) << "it was asked to stop";
     tray.DoubleClick();
     ExpectOutOfTray(Qt::WindowNoState);
     WhileSearching([this] { CloseToTray(); });
     EXPECT_EQ(Rows().size(), 2);
     EXPECT_EQ(unloaded.size(), 0);
-    Find<QAction>("mnuExit").trigger();
+    Trigger("mnuExit");
     EXPECT_TRUE(QTest::qWaitFor([this] { return unloaded.size() == 1; }));
     EXPECT_FALSE(tray.Tip);
     EXPECT_TRUE(window.isHidden());
@@ -153,10 +131,10 @@ TEST_F(TrayTest, SearchGoesOnInTheTrayAndExitStoresTheSkin) {
 }
 
 TEST_F(TrayTest, ExitOfTheFileMenuPassesTheTray) {
-    WhileSearching([this] { Find<QAction>("mnuExit1").trigger(); });
+    WhileSearching([this] { Trigger("mnuExit1"); });
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(dialogs.Shown.size(), 1);
-    Find<QAction>("mnuExit1").trigger();
+    Trigger("mnuExit1");
     EXPECT_EQ(unloaded.size(), 1);
     EXPECT_FALSE(tray.Tip);
     EXPECT_EQ(StoredSkin(), Text("3"));
@@ -175,9 +153,9 @@ TEST_F(TrayTest, SessionEndAbortsASearch) {
         window.EndSession();
         EXPECT_EQ(unloaded.size(), 0);
     });
-    EXPECT_TRUE(Caption().startsWith(Text("Aborted"))) << Caption().toStdString();
+    ExpectCaption("Aborted");
     EXPECT_TRUE(QTest::qWaitFor([this] { return unloaded.size() == 1; }));
-    EXPECT_TRUE(dialogs.Shown.isEmpty()) << "nobody is there to be told";
+    EXPECT_EQ(dialogs.Boxes(), "") << "nobody is there to be told";
     EXPECT_EQ(StoredSkin(), Text("3"));
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "browser/frmNWDialog.h"
+#include "downloads/DownloadRows.h"
+#include "fakes/Find.h"
+#include "fakes/ListHands.h"
+#include "fakes/UseDialog.h"
 #include "mainwindow/frmNetrove.h"
-
-#include <QTest>
-#include <gtest/gtest.h>
 
 namespace netrove {
 
@@ -18,18 +20,17 @@ public:
         Activate();
     }
 
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        auto* widget = window_.findChild<Widget*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("There is no %s.", name);
-        return *widget;
+    template <typename Object = QWidget>
+    Object& Find(const char* name) {
+        return FindIn<Object>(window_, name);
     }
 
-    void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
+    void Click(const char* name) { QTest::mouseClick(&Find(name), Qt::LeftButton); }
 
     /// Presses the right button in the middle of the control.
-    void RightClick(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::RightButton); }
+    void RightClick(const char* name) { QTest::mouseClick(&Find(name), Qt::RightButton); }
+
+    void Trigger(const char* item) { Find<QAction>(item).trigger(); }
 
     /// Clicks the item of a menu that is shown.
     void Pick(const char* menuName, const char* item) {
@@ -51,22 +52,56 @@ public:
         auto& input = Find<QComboBox>("LstSearchFor");
         input.setFocus();
         input.lineEdit()->selectAll();
-        QTest::keyClicks(&input, QString::fromUtf8(text));
+        QTest::keyClicks(&input, Text(text));
     }
 
     /// Types the text and presses Enter; gives back control when the search has ended.
     void Search(const char* text) {
         Type(text);
-        QTest::keyClick(&Find<QWidget>("LstSearchFor"), Qt::Key_Return);
+        QTest::keyClick(&Find("LstSearchFor"), Qt::Key_Return);
+    }
+
+    /// Opens the browser with the mouse, and lets the user act on it once its first level is there.
+    void Browse(const std::function<void(frmNWDialog&)>& use) {
+        UseDialog<frmNWDialog>([this] { Click("cmdSetSearchStart"); }, use,
+                               [](auto& browser) {
+                                   auto& timer = FindIn<QTimer>(browser, "tmrNodes");
+                                   if (timer.isActive() && timer.interval() > 0)
+                                       timer.start(0);
+                                   return FindIn(browser, "cmdOk").isEnabled();
+                               });
+        EXPECT_TRUE(window_.findChildren<frmNWDialog*>().isEmpty());
+        Activate();
     }
 
     QString Caption() { return Find<QLabel>("RetFileLbl").text(); }
+    void ExpectCaption(const char* beginning) {
+        EXPECT_TRUE(Caption().startsWith(Text(beginning))) << Caption().toStdString();
+    }
+    QString StatusText(int panel) { return Find<StatusBar>("stbStatus").Text(panel); }
+    QString StartNodeText() { return Find<QLineEdit>("txtSearchStart").text(); }
 
+    ListView& Results() { return Find<ListView>("lvwResults"); }
+    ListView& Downloads() { return Find<ListView>("lvwDownloads"); }
+
+    /// Selects all results and presses Enter.
+    void DownloadAll() {
+        Results().setFocus();
+        QTest::keyClick(&Results(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&Results(), Qt::Key_Return);
+    }
+    /// Whether a download isn't over.
+    bool IsDownloading() {
+        const std::string states = Column(Downloads(), DownloadItem::Status);
+        return states.find("Pending") != std::string::npos ||
+               states.find("Downloading") != std::string::npos;
+    }
+
+    /// The paths of the results.
     QStringList Rows() {
-        auto& list = Find<ListView>("lvwResults");
         QStringList rows;
-        for (int row = 1; row <= list.Count(); ++row)
-            rows.append(list.SubItem(row, 1) + list.Text(row));
+        for (int row = 1; row <= Results().Count(); ++row)
+            rows.append(Results().SubItem(row, 1) + Results().Text(row));
         return rows;
     }
 

@@ -1,22 +1,18 @@
 #include "fakes/DesktopFakes.h"
+#include "fakes/Find.h"
 #include "fakes/MemoryKeyring.h"
+#include "fakes/UseDialog.h"
 #include "logons/frmLogon.h"
 #include "logons/frmLogons.h"
 #include "platform/desktop/WindowYield.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaServer.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QTest>
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// The dialog over a keyring in memory, used with keys and mouse.
 class LogonDialogTest : public testing::Test {
@@ -40,40 +36,37 @@ protected:
 
     template <typename Object>
     Object& Find(const char* name) {
-        auto* object = dialog->findChild<Object*>(Text(name));
-        if (!object)
-            qFatal("There is no %s.", name);
-        return *object;
+        return FindIn<Object>(*dialog, name);
     }
 
     void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
 
     /// Presses a button that opens the form and uses it as the user's hand does.
     void InForm(const char* button, const std::function<void(frmLogon&)>& use) {
-        bool isUsed = false;
-        QTimer::singleShot(0, dialog.get(), [&] {
-            auto* form = qobject_cast<frmLogon*>(QApplication::activeModalWidget());
-            ASSERT_TRUE(form && QTest::qWaitForWindowActive(form));
-            ASSERT_TRUE(QTest::qWaitFor(
-                [&] { return form->focusWidget() && form->focusWidget()->hasFocus(); }));
-            use(*form);
-            isUsed = true;
-            if (form->isVisible())
-                form->reject();
-        });
-        Click(button);
-        EXPECT_TRUE(isUsed);
+        const auto useAndClose = [&](frmLogon& form) {
+            use(form);
+            if (form.isVisible())
+                form.reject();
+        };
+        UseDialog<frmLogon>(
+            [&] { Click(button); }, useAndClose,
+            [](frmLogon& form) { return form.focusWidget() && form.focusWidget()->hasFocus(); });
         AwaitRest();
+    }
+
+    /// Types the texts into one field after the other, and confirms them.
+    static void Fill(frmLogon& form, const QStringList& texts) {
+        for (const QString& text : texts) {
+            if (&text != &texts.first())
+                QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
+            QTest::keyClicks(form.focusWidget(), text);
+        }
+        QTest::keyClick(form.focusWidget(), Qt::Key_Return);
     }
 
     void Add(const char* computer, const char* user, const QString& password) {
         InForm("cmdAdd", [&](frmLogon& form) {
-            QTest::keyClicks(form.focusWidget(), Text(computer));
-            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
-            QTest::keyClicks(form.focusWidget(), Text(user));
-            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
-            QTest::keyClicks(form.focusWidget(), password);
-            QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+            Fill(form, {Text(computer), Text(user), password});
         });
     }
 
@@ -110,12 +103,13 @@ TEST_F(LogonDialogTest, LogonsAreAddedChangedAndRemoved) {
     EXPECT_EQ(Rows(), "All computers|bob|Keyring|\nattic|HOME\\bob|Keyring|");
 
     // The form shows no password, and leaves the one there is unless another is typed.
-    Find<QTreeWidget>("lvwLogons").setCurrentItem(Find<QTreeWidget>("lvwLogons").topLevelItem(1));
+    auto& list = Find<QTreeWidget>("lvwLogons");
+    list.setCurrentItem(list.topLevelItem(1));
     QTest::keyClick(dialog->focusWidget(), Qt::Key_F1);
     InForm("cmdChange", [](frmLogon& form) {
         QTest::keyClick(form.focusWidget(), Qt::Key_F1);
-        EXPECT_EQ(form.findChild<QLineEdit*>(Text("txtPassword"))->text(), QString());
-        QTest::keyClick(form.findChild<QCheckBox*>(Text("chkRemember")), Qt::Key_Space);
+        EXPECT_EQ(FindIn<QLineEdit>(form, "txtPassword").text(), QString());
+        QTest::keyClick(&FindIn(form, "chkRemember"), Qt::Key_Space);
         QTest::keyClick(form.focusWidget(), Qt::Key_Return);
     });
     EXPECT_EQ(Rows(), "All computers|bob|Keyring|\nattic|HOME\\bob|This session|");
@@ -140,8 +134,8 @@ TEST_F(LogonDialogTest, LogonsAreAddedChangedAndRemoved) {
 
 TEST_F(LogonDialogTest, TheFormTakesNoHalfLogon) {
     Open();
-    for (const auto& [computer, user] : std::initializer_list<std::pair<const char*, const char*>>{
-             {"", "bob"}, {"a\\b", "bob"}, {"A", ""}, {"A", "HOME\\"}})
+    for (const auto& [computer, user] :
+         TextPairs{{"", "bob"}, {"a\\b", "bob"}, {"A", ""}, {"A", "HOME\\"}})
         Add(computer, user, Text("p"));
     EXPECT_EQ(dialogs.Shown.size(), 4);
     EXPECT_EQ(Rows(), "");
@@ -151,8 +145,8 @@ TEST_F(LogonDialogTest, WithoutAKeyringTheSessionKeepsThem) {
     keyring->isThere = false;
     Open();
     InForm("cmdAdd", [](frmLogon& form) {
-        EXPECT_FALSE(form.findChild<QCheckBox*>(Text("chkRemember"))->isEnabled());
-        EXPECT_TRUE(form.findChild<QLabel*>(Text("lblNoKeyring"))->isVisible());
+        EXPECT_FALSE(FindIn(form, "chkRemember").isEnabled());
+        EXPECT_TRUE(FindIn(form, "lblNoKeyring").isVisible());
     });
     Add("A", "bob", Text("p"));
     EXPECT_EQ(Rows(), "A|bob|This session|");
@@ -266,10 +260,7 @@ TEST_F(LogonTrialTest, ALogonIsTestedOnOneConnection) {
     Test();
     EXPECT_NE(State().find("FILER refused daemon"), std::string::npos) << State();
     EXPECT_EQ(Rows(), "FILER|daemon|Keyring|Refused");
-    InForm("cmdChange", [](frmLogon& form) {
-        QTest::keyClicks(form.focusWidget(), Text("right"));
-        QTest::keyClick(form.focusWidget(), Qt::Key_Return);
-    });
+    InForm("cmdChange", [](frmLogon& form) { Fill(form, {Text("right")}); });
     EXPECT_EQ(Rows(), "FILER|daemon|Keyring|");
     Test();
     EXPECT_EQ(State(), "FILER: logged on as daemon.");

@@ -10,22 +10,23 @@ const char* const Failed =
 
 class DonateTest : public OpenDialog<frmDonate> {
 protected:
-    QString Captions() {
-        return Button("cmdLink(0)").text() + u'|' + Button("cmdLink(1)").text() + u'|' +
-               Button("cmdLink(2)").text();
-    }
-    /// Clicks on each link, and gives what was opened.
-    QString Opened() {
+    /// The captions of the links, and what a click on each opens.
+    std::string Links() {
         shell.Opened.clear();
-        for (const char* link : {"cmdLink(0)", "cmdLink(1)", "cmdLink(2)"})
+        QStringList captions;
+        for (const char* link : {"cmdLink(0)", "cmdLink(1)", "cmdLink(2)"}) {
+            captions.append(Button(link).text());
             Click(link);
-        return shell.Opened.join(u'|');
+        }
+        return (captions + shell.Opened).join(u'|').toStdString();
     }
 };
 
 TEST_F(DonateTest, LinksComeFromTheSite) {
-    Open(http);
+    Open();
     EXPECT_EQ(dialog->contentsRect().size(), QSize(370, 150));
+    const QPoint off = dialog->geometry().center() - owner.geometry().center();
+    EXPECT_LE(off.manhattanLength(), 40) << "it isn't in the middle of its owner";
     EXPECT_FALSE(Button("cmdLink(0)").isVisible());
     Page("Netrove.don", " tbs_don Pal https://a.example/ Coin http://b.example/ ");
     http.OnRead = [this] {
@@ -36,9 +37,9 @@ TEST_F(DonateTest, LinksComeFromTheSite) {
     Click("cmdUp");
     EXPECT_EQ(dialog->contentsRect().size(), QSize(370, 251));
     EXPECT_TRUE(Button("cmdLink(0)").hasFocus());
-    EXPECT_EQ(Captions(), Text("Pal|Coin|site.example/"));
-    EXPECT_EQ(Opened(), Text("https://a.example/|http://b.example/|https://site.example/"));
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(Links(), "Pal|Coin|site.example/|"
+                       "https://a.example/|http://b.example/|https://site.example/");
+    EXPECT_EQ(dialogs.Boxes(), "");
 
     // Whatever the captions are, the dialog keeps its shape.
     Page("Netrove.don",
@@ -51,22 +52,19 @@ TEST_F(DonateTest, LinksComeFromTheSite) {
 }
 
 TEST_F(DonateTest, FailuresLeaveTheSiteInAllLinks) {
-    Open(http);
+    Open();
     Page("Netrove.don", "TBS_DON Pal https://a.example/");
     Click("cmdUp");
-    for (const char* answer : {"TBS_DNO Pal https://a.example/", "TBS_DON", "", "TBS_DON Pal",
-                               "TBS_DON Pal https://a.example/ Sh file:///bin/sh"}) {
+    for (const char* answer : {"", "TBS_DON Pal https://a.example/ Sh file:///bin/sh"}) {
         Page("Netrove.don", answer);
-        dialogs.Shown.clear();
         Click("cmdUp");
-        EXPECT_EQ(dialogs.Shown, QStringList{Text(Failed)}) << answer;
-        EXPECT_EQ(Captions(), Text("site.example/|site.example/|site.example/"));
-        EXPECT_EQ(Opened(),
-                  Text("https://site.example/|https://site.example/|https://site.example/"));
+        EXPECT_EQ(dialogs.Take(), Failed) << answer;
+        EXPECT_EQ(Links(), "site.example/|site.example/|site.example/|"
+                           "https://site.example/|https://site.example/|https://site.example/");
     }
     http.Pages.clear();
     Click("cmdUp");
-    EXPECT_EQ(dialogs.Shown.size(), 2);
+    EXPECT_EQ(dialogs.Take(), Failed);
     EXPECT_TRUE(Button("cmdUp").isEnabled());
     EXPECT_NE(dialog->cursor().shape(), Qt::WaitCursor);
 }

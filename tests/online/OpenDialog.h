@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/DesktopFakes.h"
-#include "fakes/Text.h"
+#include "fakes/Find.h"
 #include "online/OnlineServices.h"
 
 #include <QDialog>
@@ -14,11 +14,11 @@ namespace netrove {
 template <typename Dialog>
 class OpenDialog : public testing::Test {
 protected:
-    void Open(Http& pages) {
+    void Open() {
         owner.setGeometry(100, 100, 900, 600);
         owner.show();
         dialog =
-            std::make_unique<Dialog>(OnlineServices{.http = pages,
+            std::make_unique<Dialog>(OnlineServices{.http = http,
                                                     .dialogs = dialogs,
                                                     .shell = shellServices,
                                                     .webAddress = Text("https://site.example/"),
@@ -29,14 +29,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     }
 
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        auto* widget = dialog->template findChild<Widget*>(Text(name));
-        if (!widget)
-            qFatal("There is no %s.", name);
-        return *widget;
-    }
-    QPushButton& Button(const char* name) { return Find<QPushButton>(name); }
+    QPushButton& Button(const char* name) { return FindIn<QPushButton>(*dialog, name); }
     void Click(const char* name) { QTest::mouseClick(&Button(name), Qt::LeftButton); }
 
     void Page(const char* path, const char* text) {

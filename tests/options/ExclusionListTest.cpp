@@ -39,18 +39,14 @@ protected:
 
     /// Opens the dialog for one node by the menu, and uses it.
     void InAddDialog(const std::function<void(frmAddNetNode&)>& use) {
-        bool isUsed = false;
-        QTimer::singleShot(0, dialog.get(), [&] {
-            auto* add = qobject_cast<frmAddNetNode*>(QApplication::activeModalWidget());
-            ASSERT_TRUE(add && QTest::qWaitForWindowActive(add));
-            ASSERT_TRUE(QTest::qWaitFor([&] { return add->focusWidget()->hasFocus(); }));
-            use(*add);
-            isUsed = true;
-            if (add->isVisible())
-                add->reject();
-        });
-        Trigger("mnuAddNetNode");
-        EXPECT_TRUE(isUsed);
+        const auto useAndClose = [&](frmAddNetNode& add) {
+            use(add);
+            if (add.isVisible())
+                add.reject();
+        };
+        UseDialog<frmAddNetNode>(
+            [this] { Trigger("mnuAddNetNode"); }, useAndClose,
+            [](frmAddNetNode& add) { return add.focusWidget() && add.focusWidget()->hasFocus(); });
     }
 
     /// A button that is pressed so goes down at once, and up some time later.
@@ -66,9 +62,9 @@ protected:
     /// Types the name, chooses the type by its mnemonic and confirms with Enter.
     void Add(const char* name, Qt::Key type) {
         InAddDialog([&](frmAddNetNode& add) {
-            auto* input = add.findChild<QLineEdit*>(Text("txtNetNodeName"));
-            EXPECT_TRUE(input->hasFocus());
-            QTest::keyClicks(input, Text(name));
+            auto& input = FindIn<QLineEdit>(add, "txtNetNodeName");
+            EXPECT_TRUE(input.hasFocus());
+            QTest::keyClicks(&input, Text(name));
             PressMnemonic(add, type);
             QTest::keyClick(add.focusWidget(), Qt::Key_Return);
         });
@@ -86,7 +82,7 @@ TEST_F(ExclusionList, IsAWorkingCopy) {
     dialogs.Answer = MessageAnswer::Yes;
     Press(Qt::Key_Delete);
     EXPECT_EQ(Rows(), "");
-    EXPECT_EQ(dialogs.Shown, QStringList(Text("Delete Nodes?: Delete the selected nodes?")));
+    EXPECT_EQ(dialogs.Boxes(), "Delete Nodes?: Delete the selected nodes?");
     Click("CancelCmd");
     EXPECT_EQ(settings.ExcNetNodes, before);
 }
@@ -99,11 +95,11 @@ TEST_F(ExclusionList, NodesAreAdded) {
     Add("WG", Qt::Key_W);
     Add(" Net ", Qt::Key_N);
     EXPECT_EQ(Rows(), "Temp|Folder x|Folder Temp|Workstation WG|Workgroup *Net|Network");
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 
     Press(Qt::Key_A, Qt::ControlModifier);
     Add("TEMP", Qt::Key_F);
-    EXPECT_EQ(dialogs.Shown, QStringList(Text("Node warning: Node already exists in the list.")));
+    EXPECT_EQ(dialogs.Boxes(), "Node warning: Node already exists in the list.");
     EXPECT_EQ(Rows(), "*Temp|Folder x|Folder Temp|Workstation WG|Workgroup Net|Network");
     List().SetSelected(2, true);
     EXPECT_EQ(List().SelectedCount(), 2) << "several again";
@@ -140,11 +136,9 @@ TEST_F(ExclusionList, DefaultsComeOnce) {
     Trigger("mnuAddDef");
     EXPECT_EQ(List().Count(), 4);
     EXPECT_EQ(
-        dialogs.Shown,
-        (QStringList{Text("Default node info: 4 node(s) already existed in the list.\r\nAdded 0 "
-                          "node(s)."),
-                     Text("Default node info: 1 node(s) already existed in the list.\r\nAdded 3 "
-                          "node(s).")}));
+        dialogs.Boxes(),
+        "Default node info: 4 node(s) already existed in the list.\r\nAdded 0 node(s).|Default "
+        "node info: 1 node(s) already existed in the list.\r\nAdded 3 node(s).");
 }
 
 TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
@@ -171,17 +165,17 @@ TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
     QStringList items;
     for (const QAction* item : menu.actions())
         items.append(item->isSeparator() ? Text("-") : item->text());
-    EXPECT_EQ(items.join(u','), Text("Add a Network Node...,Remove the Selected Node(s),-,Add "
-                                     "Default Nodes"));
+    EXPECT_EQ(items.join(u','),
+              Text("Add a Network Node...,Remove the Selected Node(s),-,Add Default Nodes"));
     menu.close();
 }
 
 TEST_F(ExclusionList, TheDialogForANodeChecksTheName) {
     InAddDialog([this](frmAddNetNode& add) {
-        auto& input = *add.findChild<QLineEdit*>(Text("txtNetNodeName"));
+        auto& input = FindIn<QLineEdit>(add, "txtNetNodeName");
         for (const char* name : {"  ", "a|b", "a\\b", "\"a\""}) {
             input.setText(Text(name));
-            add.findChild<QWidget*>(Text("cmdOK"))->setFocus();
+            FindIn(add, "cmdOK").setFocus();
             QTest::keyClick(add.focusWidget(), Qt::Key_Return);
             EXPECT_TRUE(add.isVisible());
             EXPECT_TRUE(input.hasFocus());
@@ -203,9 +197,9 @@ TEST_F(ExclusionList, TheDialogForANodeChecksTheName) {
 
 TEST_F(ExclusionList, FoldersAndComputersAreBrowsedFor) {
     InAddDialog([this](frmAddNetNode& add) {
-        auto& input = *add.findChild<QLineEdit*>(Text("txtNetNodeName"));
-        auto& browse = *add.findChild<QPushButton*>(Text("cmdBrNetNode"));
-        auto& hint = *add.findChild<QLabel*>(Text("Label1"));
+        auto& input = FindIn<QLineEdit>(add, "txtNetNodeName");
+        auto& browse = FindIn(add, "cmdBrNetNode");
+        auto& hint = FindIn<QLabel>(add, "Label1");
         const auto press = [&](Qt::Key key) { PressMnemonic(add, key); };
         dialogs.Folder = Text("smb://S/D/My Music");
         press(Qt::Key_Period);
@@ -231,8 +225,8 @@ TEST_F(ExclusionList, FoldersAndComputersAreBrowsedFor) {
     EXPECT_EQ(dialogs.Shown.join(u','),
               Text("Select a folder (network),Select a folder (network),Select a folder "
                    "(network),Select a workstation"));
-    for (const auto& [path, last] : std::initializer_list<std::pair<const char*, const char*>>{
-             {"a", "a"}, {"\\\\S\\D", "D"}, {"C:\\", ""}, {"a\\b/c\\d", "c\\d"}})
+    for (const auto& [path, last] :
+         TextPairs{{"a", "a"}, {"\\\\S\\D", "D"}, {"C:\\", ""}, {"a\\b/c\\d", "c\\d"}})
         EXPECT_EQ(frmAddNetNode::ParseFolder(Text(path)), Text(last));
 }
 

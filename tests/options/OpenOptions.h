@@ -2,15 +2,13 @@
 
 #include "controls/FontSize.h"
 #include "fakes/DesktopFakes.h"
-#include "fakes/Text.h"
+#include "fakes/Find.h"
+#include "fakes/UseDialog.h"
 #include "options/frmAddNetNode.h"
 #include "options/frmOpts.h"
 
-#include <QApplication>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
-#include <gtest/gtest.h>
 
 #include <memory>
 
@@ -51,10 +49,7 @@ protected:
 
     template <typename Object>
     Object& Find(const char* name) {
-        auto* object = dialog->findChild<Object*>(Text(name));
-        if (!object)
-            qFatal("There is no %s.", name);
-        return *object;
+        return FindIn<Object>(*dialog, name);
     }
     QString TextOf(const char* name) { return Find<QLineEdit>(name).text(); }
     void Enter(const char* name, const QString& text) { Find<QLineEdit>(name).setText(text); }

@@ -1,5 +1,6 @@
 #include "OpenOptions.h"
 #include "controls/Color.h"
+#include "fakes/UnusualSettings.h"
 #include "skins/SkinControls.h"
 
 namespace netrove {
@@ -7,65 +8,12 @@ namespace {
 
 using Options = OpenOptions;
 
-/// Other than the initial ones, each of them.
-Settings UnusualSettings(const QString& folder) {
-    Settings settings;
-    settings.SaveFolder = folder;
-    settings.MaxReturnFiles = 77;
-    settings.MaxConcurrentDownloads = 9;
-    settings.ColorsState = 0;
-    settings.GridsState = 1;
-    settings.AutoAsterisks = false;
-    settings.IncludeVirtualShares = true;
-    settings.IncludeCurrentComputer = true;
-    settings.IncludeAdminShares = true;
-    settings.IncludeMP3Info = true;
-    settings.MinToTray = true;
-    settings.SwitchToDloadTab = false;
-    settings.Troubleshooting = 1;
-    settings.SizeFormat = 2;
-    settings.SizeNumDec = 7;
-    settings.DateFormat = Text(" YYYY-MM-DD ");
-    settings.ShowListIcons = true;
-    settings.ListIconType = 1;
-    settings.ShowFileTypes = true;
-    settings.ExcludeNetNodes = false;
-    settings.ExcNetNodes = {Text("a|False|Network"), Text(" ||x"), Text("b||workstation")};
-    settings.Font_CharSet = 238;
-    return settings;
-}
-
-/// Every setting but those that the dialog doesn't have, as one text.
-std::string Shown(const Settings& settings) {
-    return QStringList{settings.SaveFolder,
-                       QString::number(settings.MaxReturnFiles),
-                       QString::number(settings.MaxConcurrentDownloads),
-                       QString::number(settings.ColorsState),
-                       QString::number(settings.GridsState),
-                       QString::number(settings.AutoAsterisks),
-                       QString::number(settings.IncludeVirtualShares),
-                       QString::number(settings.IncludeCurrentComputer),
-                       QString::number(settings.IncludeAdminShares),
-                       QString::number(settings.IncludeMP3Info),
-                       QString::number(settings.MinToTray),
-                       QString::number(settings.SwitchToDloadTab),
-                       QString::number(settings.Troubleshooting),
-                       QString::number(settings.SizeFormat),
-                       QString::number(settings.SizeNumDec),
-                       settings.DateFormat,
-                       QString::number(settings.ShowListIcons),
-                       QString::number(settings.ListIconType),
-                       QString::number(settings.ShowFileTypes),
-                       QString::number(settings.ExcludeNetNodes),
-                       settings.ExcNetNodes.join(u','),
-                       QString::number(settings.Font_CharSet)}
-        .join(u'\n')
-        .toStdString();
-}
-
 TEST_F(Options, WhatIsLoadedIsTakenBack) {
     const Settings defaults = settings;
-    for (const Settings& before : {defaults, UnusualSettings(folder.path())}) {
+    Settings unusual = UnusualSettings(folder.path());
+    unusual.DateFormat = Text(" YYYY-MM-DD ");
+    unusual.ExcNetNodes = Texts({"a|False|Network", " ||x", "b||workstation"});
+    for (const Settings& before : {defaults, unusual}) {
         settings = before;
         settings.DefaultNetNodes = defaults.DefaultNetNodes;
         Open();
@@ -79,10 +27,10 @@ TEST_F(Options, WhatIsLoadedIsTakenBack) {
         expected.SaveFolder += u'/';
         expected.DateFormat = expected.DateFormat.trimmed();
         if (!before.ExcludeNetNodes)
-            expected.ExcNetNodes = {Text("a|False|Network"), Text("b|False|workstation")};
-        EXPECT_EQ(Shown(settings), Shown(expected));
+            expected.ExcNetNodes = Texts({"a|False|Network", "b|False|workstation"});
+        EXPECT_EQ(Described(settings), Described(expected));
     }
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(Options, LoadShowsUnusualSettings) {
@@ -99,13 +47,11 @@ TEST_F(Options, LoadShowsUnusualSettings) {
     EXPECT_FALSE(settings.ExcludeNetNodes) << "at once, without any entry";
     EXPECT_EQ(TextOf("txtOS") + TextOf("txtUser") + TextOf("txtOSver"), Text("TEST OStester1.2"));
 
-    for (const auto& [entry, failure] : std::initializer_list<std::pair<const char*, const char*>>{
-             {"Temp", "9\r\n"}, {"Temp|maybe|Folder", "13\r\n"}}) {
+    for (const auto& [entry, failure] :
+         {std::pair("Temp", "9\r\n"), std::pair("Temp|maybe|Folder", "13\r\n")}) {
         settings.ExcNetNodes = {Text(entry)};
-        dialogs.Shown.clear();
         Open();
-        ASSERT_EQ(dialogs.Shown.size(), 1);
-        EXPECT_TRUE(dialogs.Shown[0].startsWith(Text("frmOpts.Form_Load Error: ") + Text(failure)));
+        EXPECT_TRUE(dialogs.Take().starts_with(std::string("frmOpts.Form_Load Error: ") + failure));
     }
 }
 
@@ -180,12 +126,12 @@ TEST_F(Options, ExclusionsAreCheckedWhileTheyAreOn) {
     for (int row = 1; row <= List().Count(); ++row)
         List().SetChecked(row, false);
     Click("OKCmd"); // whether or not cmdApply is enabled
-    EXPECT_EQ(dialogs.Shown.value(0), Text("Exclude Folders Error...: You have selected to "
-                                           "exlude folders but have none checked."));
+    EXPECT_EQ(dialogs.Shown.value(0), Text("Exclude Folders Error...: You have selected to exlude "
+                                           "folders but have none checked."));
     List().Clear();
     Click("OKCmd");
-    EXPECT_EQ(dialogs.Shown.value(1), Text("Exclude Folders Error...: You have selected to "
-                                           "exlude folders but the list is empty."));
+    EXPECT_EQ(dialogs.Shown.value(1), Text("Exclude Folders Error...: You have selected to exlude "
+                                           "folders but the list is empty."));
     EXPECT_EQ(Find<QTabWidget>("SSTab1").currentIndex(), 1);
     EXPECT_TRUE(List().hasFocus());
     Click("optNoExcNetNode");
@@ -264,7 +210,7 @@ TEST_F(Options, ChoosersFailAloud) {
         throw RunTimeError(ErrorNumber::OutOfMemory);
     };
     Click("cmdChangeFont");
-    EXPECT_EQ(dialogs.Shown, QStringList(Text("Options Error...: 7\r\nOut of memory")));
+    EXPECT_EQ(dialogs.Boxes(), "Options Error...: 7\r\nOut of memory");
     dialogs.Font = [](const ChosenFont& /*font*/) -> ChosenFont { throw RunTimeError(32755, {}); };
     Click("cmdChangeFont");
     EXPECT_EQ(dialogs.Shown.size(), 1) << "cancelled";
@@ -285,19 +231,19 @@ TEST_F(Options, DefaultsTakeEffectWithApply) {
     settings.DefaultNetNodes = defaults.DefaultNetNodes;
     QDir(folder.path()).mkdir(Text("Downloads"));
     Open();
-    const std::string before = Shown(settings);
+    const std::string before = Described(settings);
     Click("cmdDefaults");
     EXPECT_TRUE(IsEnabled("cmdApply"));
     Click("CancelCmd");
-    EXPECT_EQ(Shown(settings), before);
+    EXPECT_EQ(Described(settings), before);
     Open();
     Click("cmdDefaults");
     Click("OKCmd");
     Settings expected = defaults;
     expected.SaveFolder = folder.filePath(Text("Downloads/"));
-    EXPECT_EQ(Shown(settings), Shown(expected));
+    EXPECT_EQ(Described(settings), Described(expected));
     EXPECT_EQ(results->font().family(), Text("Arial"));
-    EXPECT_EQ(dialogs.Shown, QStringList());
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(Options, FormatsShowTheirEffect) {
@@ -309,8 +255,8 @@ TEST_F(Options, FormatsShowTheirEffect) {
     EXPECT_TRUE(IsEnabled("cboNumDec"));
     Click("optYesIcons");
     EXPECT_TRUE(IsEnabled("optSysIcons") && IsEnabled("optPreIcons"));
-    for (const auto& [format, shown] : std::initializer_list<std::pair<const char*, const char*>>{
-             {"YYYY/M/D h:nn", "1999/9/18 14:32"}, {"MM/DD/YY", "09/18/99"}, {"", ""}}) {
+    for (const auto& [format, shown] :
+         TextPairs{{"YYYY/M/D h:nn", "1999/9/18 14:32"}, {"MM/DD/YY", "09/18/99"}, {"", ""}}) {
         Enter("txtDateFormat", Text(format));
         EXPECT_EQ(Find<QLabel>("lblDateEx").text(), Text(shown));
     }
@@ -349,13 +295,12 @@ TEST_F(Options, CanBeUsedWithTheKeyboardAlone) {
         EXPECT_TRUE(passed.contains(Text("CancelCmd")));
         int reachable = 0;
         for (const QWidget* control : tabs.widget(tab)->findChildren<QWidget*>()) {
+            const QString name = control->objectName();
             const auto* option = qobject_cast<const QRadioButton*>(control);
             if (control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0 &&
-                (!option || option->isChecked()) && !control->objectName().isEmpty() &&
-                !control->objectName().startsWith(Text("qt_"))) {
+                (!option || option->isChecked()) && !name.isEmpty() && !name.startsWith(u"qt_")) {
                 ++reachable;
-                EXPECT_TRUE(passed.contains(control->objectName()))
-                    << control->objectName().toStdString();
+                EXPECT_TRUE(passed.contains(name)) << name.toStdString();
             }
         }
         EXPECT_GE(reachable, 2);
@@ -380,13 +325,12 @@ TEST_F(Options, HoldsItsTextsInAnyFont) {
         for (int tab = 0; tab < tabs.count(); ++tab) {
             tabs.setCurrentIndex(tab);
             for (const QWidget* control : dialog->findChildren<QWidget*>()) {
+                const bool hasText =
+                    control->inherits("QAbstractButton") || control->inherits("QLabel");
                 // The narrow button is made to its text.
-                if (control->isVisible() && control != &Find<QWidget>("BrowseFolCmd") &&
-                    (qobject_cast<const QAbstractButton*>(control) ||
-                     qobject_cast<const QLabel*>(control))) {
-                    EXPECT_GE(control->width(), control->minimumSizeHint().width())
-                        << control->objectName().toStdString();
-                    EXPECT_GE(control->height(), control->minimumSizeHint().height())
+                if (control->isVisible() && hasText && control->objectName() != u"BrowseFolCmd") {
+                    EXPECT_EQ(control->size().expandedTo(control->minimumSizeHint()),
+                              control->size())
                         << control->objectName().toStdString();
                 }
             }

@@ -2,7 +2,6 @@
 #include "skins/frmCustomizeSkin.h"
 
 #include <QTest>
-#include <QTimer>
 
 namespace netrove {
 namespace {
@@ -25,57 +24,40 @@ protected:
 
     /// Picks "Customize..." in the main window; does `use` with the dialog, which it must end.
     void Customize(const std::function<void(frmCustomizeSkin&)>& use) {
-        QTimer::singleShot(0, &window, [&use] {
-            auto* open = qobject_cast<frmCustomizeSkin*>(QApplication::activeModalWidget());
-            ASSERT_TRUE(open);
-            use(*open);
-        });
-        skins.mnuSkinCust_Click();
+        UseDialog<frmCustomizeSkin>([this] { skins.mnuSkinCust_Click(); }, use);
     }
 
     template <typename Widget = QWidget>
-    static Widget& Find(const QWidget& in, const char* name) {
-        auto* widget = in.findChild<Widget*>(Text(name));
-        if (!widget)
-            qFatal("There is no %s.", name);
-        return *widget;
-    }
-    template <typename Widget = QWidget>
     Widget& Find(const char* name) {
-        return Find<Widget>(*dialog, name);
+        return FindIn<Widget>(*dialog, name);
     }
     int Value(const char* slider) { return Find<QScrollBar>(slider).value(); }
 
     std::unique_ptr<frmCustomizeSkin> dialog;
 };
 
-constexpr const char* Sliders[] = {"hscHue", "hscSaturation", "hscRed", "hscGreen", "hscBlue"};
-
 TEST_F(CustomizeSkin, OpensWithWhatIsStored) {
+    const auto expectSliders = [this](const std::vector<int>& values, bool enabled) {
+        const char* const names[] = {"hscHue", "hscSaturation", "hscRed", "hscGreen", "hscBlue"};
+        for (size_t slider = 0; slider < 5; ++slider) {
+            EXPECT_EQ(Value(names[slider]), values[slider]) << names[slider];
+            EXPECT_EQ(Find(names[slider]).isEnabled(), enabled) << names[slider];
+        }
+    };
     Open(2);
     EXPECT_TRUE(dialog->Cancelled());
     EXPECT_EQ(Find<QLabel>("lblInfo(8)").text(), Text("Skin Name: Serenity"));
-    const int zeros[] = {100, 0, 100, 100, 100};
-    for (size_t slider = 0; slider < 5; ++slider) {
-        EXPECT_EQ(Value(Sliders[slider]), zeros[slider]) << Sliders[slider];
-        EXPECT_FALSE(Find(Sliders[slider]).isEnabled()) << Sliders[slider];
-    }
-    EXPECT_FALSE(Find<QCheckBox>("chkColourise").isChecked());
-    EXPECT_EQ(dialog->size(), QSize(4860 / 15, 6420 / 15)) << "without insets";
+    expectSliders({100, 0, 100, 100, 100}, false);
 
-    Store("SkinProperties_3", "Colorize", "True");
-    Store("SkinProperties_3", "Hue", "-0.25");
-    Store("SkinProperties_3", "Saturation", "0.29");
-    Store("SkinProperties_3", "AdjustRGB", "True");
-    Store("SkinProperties_3", "PercentRed", "5000000");
-    Store("SkinProperties_3", "PercentGreen", "-7");
-    Store("SkinProperties_3", "PercentBlue", "-0.01");
+    Store("SkinProperties_3", {{"Colorize", "True"},
+                               {"Hue", "-0.25"},
+                               {"Saturation", "0.29"},
+                               {"AdjustRGB", "True"},
+                               {"PercentRed", "5000000"},
+                               {"PercentGreen", "-7"},
+                               {"PercentBlue", "-0.01"}});
     Open(3);
-    const int stored[] = {75, 29, 200, 0, 99};
-    for (size_t slider = 0; slider < 5; ++slider) {
-        EXPECT_EQ(Value(Sliders[slider]), stored[slider]) << Sliders[slider];
-        EXPECT_TRUE(Find(Sliders[slider]).isEnabled()) << Sliders[slider];
-    }
+    expectSliders({75, 29, 200, 0, 99}, true);
     EXPECT_EQ(skins.SkinConfiguration()->PercentRed, 5000000) << "nothing is written by opening";
 }
 
@@ -144,21 +126,21 @@ TEST_F(CustomizeSkin, OnlyOkStoresAndAttaches) {
     const auto skin = skins.SkinConfiguration();
     frames.calls.clear();
     Customize([](frmCustomizeSkin& open) {
-        Find<QCheckBox>(open, "chkColourise").setChecked(true);
-        Find<QScrollBar>(open, "hscHue").setValue(350);
-        QTest::mouseClick(&Find(open, "cmdCancel"), Qt::LeftButton);
+        FindIn<QCheckBox>(open, "chkColourise").setChecked(true);
+        FindIn<QScrollBar>(open, "hscHue").setValue(350);
+        QTest::mouseClick(&FindIn(open, "cmdCancel"), Qt::LeftButton);
     });
-    EXPECT_EQ(frames.calls, QStringList{Text("attach frmCustomizeSkin Bullethead")});
+    EXPECT_EQ(frames.calls, Texts({"attach frmCustomizeSkin Bullethead"}));
     EXPECT_EQ(Stored("SkinProperties_5", "Hue"), Text("-"));
     EXPECT_EQ(skin->Hue, 2.5F) << "stays in the configuration";
 
     frames.calls.clear();
     Customize([](frmCustomizeSkin& open) {
-        EXPECT_EQ(Find<QScrollBar>(open, "hscHue").value(), 350);
-        QTest::mouseClick(&Find(open, "cmdOk"), Qt::LeftButton);
+        EXPECT_EQ(FindIn<QScrollBar>(open, "hscHue").value(), 350);
+        QTest::mouseClick(&FindIn(open, "cmdOk"), Qt::LeftButton);
     });
-    EXPECT_EQ(frames.calls, (QStringList{Text("attach frmCustomizeSkin Bullethead"),
-                                         Text("attach main Bullethead")}));
+    EXPECT_EQ(frames.calls,
+              Texts({"attach frmCustomizeSkin Bullethead", "attach main Bullethead"}));
     EXPECT_EQ(Stored("SkinProperties_5", "Hue"), Text("2.5"));
     EXPECT_EQ(skins.SkinConfiguration(), skin);
 }

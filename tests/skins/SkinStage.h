@@ -1,14 +1,14 @@
 #pragma once
 
 #include "fakes/DesktopFakes.h"
-#include "fakes/Text.h"
+#include "fakes/Find.h"
+#include "fakes/UseDialog.h"
 #include "skins/SkinFakes.h"
 #include "skins/SkinSelection.h"
 
 #include <QMainWindow>
 #include <QMenu>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace netrove {
 
@@ -53,6 +53,10 @@ protected:
     /// What the next start finds.
     void Store(const char* section, const char* key, const char* value) {
         profile.WriteIni(Text(section), Text(key), Text(value));
+    }
+    void Store(const char* section, TextPairs entries) {
+        for (const auto& [key, value] : entries)
+            Store(section, key, value);
     }
     QString Stored(const char* section, const char* key) {
         return profile.ReadIni(Text(section), Text(key), Text("-"));

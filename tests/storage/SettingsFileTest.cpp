@@ -1,7 +1,7 @@
 #include "storage/SettingsFile.h"
 
 #include "fakes/DesktopFakes.h"
-#include "fakes/Text.h"
+#include "fakes/UnusualSettings.h"
 #include "platform/TempTree.h"
 #include "runtime/ExpectRaised.h"
 #include "runtime/Text.h"
@@ -79,39 +79,33 @@ TEST_F(SettingsFileTest, FirstExitWritesTheDefaultsInTheirOrder) {
         run.search.setEditText(Text(" *.mp3 "));
         run.Save();
     }
-    const QString expected = Text("[Skin]\r\nIndex=1\r\n"
-                                  "[Positions]\r\nLeft=#\r\nTop=#\r\nWidth=11010\r\nHeight=6975\r\n"
-                                  "Maximized=False\r\nResultsCol1Width=1500\r\n"
-                                  "ResultsCol2Width=1500\r\nResultsCol3Width=1140\r\n"
-                                  "ResultsCol4Width=1140\r\nResultsCol5Width=1140\r\n"
-                                  "ResultsCol6Width=1140\r\nResultsCol7Width=1140\r\n"
-                                  "ResultsCol8Width=1140\r\nResultsCol11Width=1140\r\n"
-                                  "ResultsCol12Width=1140\r\nDownLoadsCol1Width=1500\r\n"
-                                  "DownLoadsCol2Width=1500\r\nDownLoadsCol3Width=1140\r\n"
-                                  "DownLoadsCol4Width=1140\r\nDownLoadsCol5Width=1140\r\n"
-                                  "DownLoadsCol6Width=1140\r\n"
-                                  "[Search Items]\r\nNumber=2\r\nCurrent=*.mp3\r\n0=*.mp3\r\n"
-                                  "1=one\r\n"
-                                  "[Recurse]\r\nState=1\r\n"
-                                  "[Save]\r\nFolder=%1/Downloads/\r\n"
-                                  "[Return Files]\r\nMaximum=5000\r\n"
-                                  "[Downloads]\r\nConcurrent=5\r\n"
-                                  "[Colors]\r\nState=1\r\n[Grids]\r\nState=0\r\n"
-                                  "[List]\r\nFont=Arial\r\nFont_Size=8.25\r\nFont_Italic=False\r\n"
-                                  "Font_Bold=False\r\nFont_CharSet=1\r\n"
-                                  "[Results_Options]\r\nSizeFormat=1\r\nSizeNumDec=4\r\n"
-                                  "DateFormat=MM/DD/YY\r\nShowListIcons=False\r\n"
-                                  "ListIconType=0\r\nShowFileTypes=False\r\n"
-                                  "[Search_Options]\r\nAuto_Asterisks=True\r\n"
-                                  "Include_Virtual_Shares=False\r\n"
-                                  "Include_Current_Computer=False\r\nInclude_MP3_Info=False\r\n"
-                                  "Include_Admin_Shares=False\r\n"
-                                  "[Main]\r\nMinToTray=False\r\nTroubleshooting=0\r\n"
-                                  "[Switch_To_Dload_Tab]\r\nState=True\r\n"
-                                  "[Exclude_Network_Nodes]\r\nState=True\r\nNumber=4\r\n"
-                                  "Node1=Windows|True|Folder\r\nNode2=WinNT|True|Folder\r\n"
-                                  "Node3=Temp|True|Folder\r\n"
-                                  "Node4=Temporary Internet Files|True|Folder\r\n")
+    const QString expected = Text(R"([Skin] Index=1
+[Positions] Left=# Top=# Width=11010 Height=6975 Maximized=False
+ResultsCol1Width=1500 ResultsCol2Width=1500 ResultsCol3Width=1140 ResultsCol4Width=1140
+ResultsCol5Width=1140 ResultsCol6Width=1140 ResultsCol7Width=1140 ResultsCol8Width=1140
+ResultsCol11Width=1140 ResultsCol12Width=1140
+DownLoadsCol1Width=1500 DownLoadsCol2Width=1500 DownLoadsCol3Width=1140 DownLoadsCol4Width=1140
+DownLoadsCol5Width=1140 DownLoadsCol6Width=1140
+[Search~Items] Number=2 Current=*.mp3 0=*.mp3 1=one
+[Recurse] State=1
+[Save] Folder=%1/Downloads/
+[Return~Files] Maximum=5000
+[Downloads] Concurrent=5
+[Colors] State=1
+[Grids] State=0
+[List] Font=Arial Font_Size=8.25 Font_Italic=False Font_Bold=False Font_CharSet=1
+[Results_Options] SizeFormat=1 SizeNumDec=4 DateFormat=MM/DD/YY ShowListIcons=False
+ListIconType=0 ShowFileTypes=False
+[Search_Options] Auto_Asterisks=True Include_Virtual_Shares=False
+Include_Current_Computer=False Include_MP3_Info=False Include_Admin_Shares=False
+[Main] MinToTray=False Troubleshooting=0
+[Switch_To_Dload_Tab] State=True
+[Exclude_Network_Nodes] State=True Number=4 Node1=Windows|True|Folder Node2=WinNT|True|Folder
+Node3=Temp|True|Folder Node4=Temporary~Internet~Files|True|Folder
+)")
+                                 .replace(u' ', u'\n')
+                                 .replace(u'~', u' ')
+                                 .replace(Text("\n"), Text("\r\n"))
                                  .arg(tree.Path());
     QString content = Content();
     content.replace(QRegularExpression(Text("(Left|Top)=\\d+")), Text("\\1=#"));
@@ -138,31 +132,22 @@ TEST_F(SettingsFileTest, TreatsStrangeValues) {
         std::function<QString(const Session&)> value;
         const char* expected;
     };
-    const auto maximum = [](const Session& run) -> QString {
-        return QString::number(run.settings.MaxReturnFiles);
+    using Run = const Session&;
+    const auto text = [](auto number) { return QString::number(number); };
+    const auto maximum = [&](Run run) { return text(run.settings.MaxReturnFiles); };
+    const auto concurrent = [&](Run run) { return text(run.settings.MaxConcurrentDownloads); };
+    const auto decimals = [&](Run run) { return text(run.settings.SizeNumDec); };
+    const auto fontSize = [&](Run run) { return text(run.downloads.font().pointSizeF()); };
+    const auto heading = [](Run run) { return run.downloads.HeaderText(3); };
+    const auto column = [&](Run run) -> QString {
+        return text(run.results.ColumnWidth(1)) + u' ' + text(run.downloads.ColumnWidth(1));
     };
-    const auto concurrent = [](const Session& run) -> QString {
-        return QString::number(run.settings.MaxConcurrentDownloads);
-    };
-    const auto decimals = [](const Session& run) -> QString {
-        return QString::number(run.settings.SizeNumDec);
-    };
-    const auto fontSize = [](const Session& run) -> QString {
-        return QString::number(run.downloads.font().pointSizeF());
-    };
-    const auto heading = [](const Session& run) -> QString { return run.downloads.HeaderText(3); };
-    const auto column = [](const Session& run) -> QString {
-        return QString::number(run.results.ColumnWidth(1)) + u' ' +
-               QString::number(run.downloads.ColumnWidth(1));
-    };
-    const auto asterisks = [](const Session& run) -> QString {
-        return BooleanWord(run.settings.AutoAsterisks);
-    };
-    const auto nodes = [](const Session& run) -> QString {
+    const auto asterisks = [](Run run) { return BooleanWord(run.settings.AutoAsterisks); };
+    const auto nodes = [](Run run) -> QString {
         return BooleanWord(run.settings.ExcludeNetNodes) + u' ' +
                run.settings.ExcNetNodes.join(u' ').remove(Text("|True|Folder"));
     };
-    const auto items = [](const Session& run) -> QString { return run.Items().join(u' '); };
+    const auto items = [](Run run) { return run.Items().join(u' '); };
     const Case cases[] = {
         {"Return Files", "Maximum=abc", maximum, "0"},
         {"Return Files", "Maximum=-1", maximum, "5000"},
@@ -212,80 +197,55 @@ TEST_F(SettingsFileTest, TreatsStrangeValues) {
 }
 
 TEST_F(SettingsFileTest, StopsAtWhatIsNone) {
-    const auto expect = [this](ErrorNumber number, const char* section, const char* line) {
+    const struct {
+        ErrorNumber number;
+        const char* section;
+        const char* line;
+        int decimals; ///< 2 where the options of the results are read before
+    } cases[] = {
+        {ErrorNumber::Overflow, "Skin", "Index=2147483648", 4},
+        {ErrorNumber::Overflow, "Downloads", "Concurrent=32768", 4},
+        {ErrorNumber::Overflow, "Positions", "ResultsCol3Width=1E39", 4},
+        {ErrorNumber::TypeMismatch, "Positions", "Maximized=maybe", 4},
+        {ErrorNumber::TypeMismatch, "List", "Font_Bold=", 4},
+        {ErrorNumber::TypeMismatch, "Main", "MinToTray=1x", 2},
+        {ErrorNumber::Overflow, "Exclude_Network_Nodes", "Number=&H10000", 2},
+    };
+    for (const auto& [number, section, line, decimals] : cases) {
         tree.File("a.ini", QByteArray("[") + section + "]\n" + line +
                                "\n[Results_Options]\nSizeFormat=3\nSizeNumDec=2\n");
         Session run(tree);
         ExpectRaised(
             number, [&] { run.Load(); }, Text(line));
         EXPECT_TRUE(run.settings.ExcNetNodes.isEmpty()) << line;
-        return run.settings.SizeNumDec;
-    };
-    EXPECT_EQ(expect(ErrorNumber::Overflow, "Skin", "Index=2147483648"), 4);
-    EXPECT_EQ(expect(ErrorNumber::Overflow, "Downloads", "Concurrent=32768"), 4);
-    EXPECT_EQ(expect(ErrorNumber::Overflow, "Positions", "ResultsCol3Width=1E39"), 4);
-    EXPECT_EQ(expect(ErrorNumber::TypeMismatch, "Positions", "Maximized=maybe"), 4);
-    EXPECT_EQ(expect(ErrorNumber::TypeMismatch, "List", "Font_Bold="), 4);
-    EXPECT_EQ(expect(ErrorNumber::TypeMismatch, "Main", "MinToTray=1x"), 2);
-    EXPECT_EQ(expect(ErrorNumber::Overflow, "Exclude_Network_Nodes", "Number=&H10000"), 2);
+        EXPECT_EQ(run.settings.SizeNumDec, decimals) << line;
+    }
 }
 
 TEST_F(SettingsFileTest, EverySettingSurvives) {
     const auto describe = [](const Session& run) {
-        const Settings& s = run.settings;
         const QFont font = run.downloads.font();
-        QStringList texts{run.search.currentText(),
-                          run.Items().join(u','),
-                          s.SaveFolder,
-                          s.DateFormat,
-                          s.ExcNetNodes.join(u','),
-                          run.results.HeaderText(3),
-                          run.results.BackColor().name(),
-                          run.downloads.BackColor().name(),
-                          font.family()};
-        for (const int number :
-             {s.SkinIndex, s.MaxReturnFiles, int(s.MaxConcurrentDownloads), int(s.ColorsState),
-              int(s.GridsState), int(s.Troubleshooting), int(s.SizeFormat), int(s.SizeNumDec),
-              int(s.ListIconType), int(s.Font_CharSet), run.results.ColumnWidth(1),
-              run.results.ColumnWidth(12), run.downloads.ColumnWidth(1)})
-            texts += QString::number(number);
-        for (const bool flag :
-             {s.AutoAsterisks, s.IncludeVirtualShares, s.IncludeCurrentComputer,
-              s.IncludeAdminShares, s.IncludeMP3Info, s.MinToTray, s.SwitchToDloadTab,
-              s.ExcludeNetNodes, s.ShowListIcons, s.ShowFileTypes, run.recurse.isChecked(),
-              run.results.GridLines(), run.downloads.GridLines(), font.italic(), font.bold()})
+        QStringList texts{run.search.currentText(), run.Items().join(u','),
+                          run.results.HeaderText(3), font.family()};
+        for (const ListView* list : {&run.results, &run.downloads})
+            texts << list->BackColor().name() << BooleanWord(list->GridLines())
+                  << QString::number(list->ColumnWidth(1));
+        for (const bool flag : {run.recurse.isChecked(), font.italic(), font.bold()})
             texts += BooleanWord(flag);
-        return texts;
+        return Described(run.settings) + texts.join(u'\n').toStdString();
     };
     tree.Folder("Müsik");
-    QStringList expected;
+    std::string expected;
     {
         Session run(tree);
         run.Load();
-        Settings& s = run.settings;
-        s.SkinIndex = 3;
-        s.SaveFolder = tree.Path(Text("Müsik/"));
-        s.MaxReturnFiles = 7;
-        s.MaxConcurrentDownloads = 9;
-        s.ColorsState = 0;
-        s.GridsState = 1;
-        s.Troubleshooting = 1;
-        s.SizeFormat = 2;
-        s.SizeNumDec = 3;
-        s.DateFormat = Text("YYYY-MM-DD");
-        s.ListIconType = 1;
-        s.Font_CharSet = 238;
-        s.ExcNetNodes = {Text("Ä b|False|Workstation"), Text("\\x|True|Folder")};
-        for (bool* flag :
-             {&s.AutoAsterisks, &s.IncludeVirtualShares, &s.IncludeCurrentComputer,
-              &s.IncludeAdminShares, &s.IncludeMP3Info, &s.MinToTray, &s.SwitchToDloadTab,
-              &s.ExcludeNetNodes, &s.ShowListIcons, &s.ShowFileTypes})
-            *flag = !*flag;
+        run.settings = UnusualSettings(tree.Path(Text("Müsik/")));
+        run.settings.SkinIndex = 3;
+        run.settings.ExcNetNodes = Texts({"Ä b|False|Workstation", "\\x|True|Folder"});
         run.recurse.setChecked(false);
         run.search.addItems({Text("\u00A0x\u00A0"), Text("a;b=[c]"), Text("日本語")});
         run.search.setEditText(Text("; no comment"));
         run.results.SetColumnWidth(1, 3000);
-        run.results.SetColumnWidth(12, 600);
         run.downloads.SetColumnWidth(1, 750);
         QFont font = run.results.font();
         font.setFamily(Text("Serif"));
@@ -305,7 +265,7 @@ TEST_F(SettingsFileTest, EverySettingSurvives) {
     }
     Session run(tree);
     run.Load();
-    EXPECT_EQ(describe(run).join(u'\n').toStdString(), expected.join(u'\n').toStdString());
+    EXPECT_EQ(describe(run), expected);
 
     run.search.setEditText(Text("  "));
     run.settings.DateFormat.clear();

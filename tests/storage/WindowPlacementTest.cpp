@@ -1,7 +1,5 @@
 #include "storage/WindowPlacement.h"
 
-#include "controls/Twips.h"
-
 #include <QMainWindow>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -41,30 +39,6 @@ TEST(WindowPlacementTest, PutsAnyPlaceOnAScreen) {
     EXPECT_EQ(OnScreens({25000, 500, 11010, 6975}, std::span(screens).first(1)),
               (WindowPlace{8990, 500, 11010, 6975}))
         << "its screen is gone";
-}
-
-TEST(WindowPlacementTest, CountsTheFrame) {
-    QMainWindow window;
-    WindowPlacement placement(window);
-    const WindowPlace stored{300, 450, 6000, 4500};
-    placement.MoveTo(stored);
-    placement.Show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-    EXPECT_EQ(placement.Place(), stored);
-    EXPECT_EQ(window.frameGeometry(), QRect(20, 30, 400, 300));
-    window.resize(500, 350);
-    window.hide();
-    const WindowPlace hidden = placement.Place();
-    EXPECT_EQ(hidden.left, 300);
-    EXPECT_GE(hidden.width, ToTwips(500));
-
-    QMainWindow second;
-    WindowPlacement again(second);
-    again.MoveTo(hidden);
-    again.Show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&second));
-    EXPECT_EQ(again.Place(), hidden);
-    EXPECT_EQ(second.size(), QSize(500, 350));
 }
 
 TEST(WindowPlacementTest, KeepsAWindowOnItsScreenThatIsLargerThanItWasStored) {

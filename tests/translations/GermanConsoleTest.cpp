@@ -29,13 +29,15 @@ Outcome RunProgram(const char* program, const char* locale, const char* language
             .err = QString::fromUtf8(process.readAllStandardError())};
 }
 
-bool HasGerman() {
-    return Translation({Text("de")}).IsLoaded();
-}
+class GermanConsole : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!Translation({Text("de")}).IsLoaded())
+            GTEST_SKIP() << "built without lrelease";
+    }
+};
 
-TEST(GermanConsole, TheLanguageIsTheUsersFirstOneThatThereIs) {
-    if (!HasGerman())
-        GTEST_SKIP() << "built without lrelease";
+TEST_F(GermanConsole, TheLanguageIsTheUsersFirstOneThatThereIs) {
     const struct {
         const char* locale;
         const char* languages;
@@ -55,9 +57,7 @@ TEST(GermanConsole, TheLanguageIsTheUsersFirstOneThatThereIs) {
     }
 }
 
-TEST(GermanConsole, MessagesAndHelpAreTranslated) {
-    if (!HasGerman())
-        GTEST_SKIP() << "built without lrelease";
+TEST_F(GermanConsole, MessagesAndHelpAreTranslated) {
     const Outcome wrong =
         RunProgram("netrove-find", "de_DE.UTF-8", "", {Text("--exclude=a:drücker"), Text("%1")});
     EXPECT_EQ(wrong.err.toStdString(),
@@ -66,9 +66,7 @@ TEST(GermanConsole, MessagesAndHelpAreTranslated) {
               "'netrove-find --help' gibt weitere Informationen.\n");
 }
 
-TEST(GermanConsole, WhatIsFoundIsPrintedTheSame) {
-    if (!HasGerman())
-        GTEST_SKIP() << "built without lrelease";
+TEST_F(GermanConsole, WhatIsFoundIsPrintedTheSame) {
     const QStringList search{Text("--from"), Text("Sample Network"), Text("--max"),
                              Text("20"),     Text("--details"),      Text("*.mp3,*.txt")};
     const Outcome english = RunProgram("netrove-find", "C.UTF-8", "", search);

@@ -1,6 +1,6 @@
+#include "fakes/Files.h"
 #include "fakes/MemoryKeyring.h"
 #include "fakes/MemoryNetwork.h"
-#include "fakes/Text.h"
 #include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
 #include "logons/frmLogon.h"
@@ -10,11 +10,9 @@
 #include "silent/frmSilent.h"
 #include "translations/Translation.h"
 
-#include <QApplication>
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QTest>
-#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <utility>
@@ -69,12 +67,14 @@ std::vector<ShownText> TextsOf(const QWidget& window) {
     return texts;
 }
 
-using Texts = std::function<std::vector<ShownText>()>;
+using TextMaker = std::function<std::vector<ShownText>()>;
 
+/// The texts in English and in German.
 struct BothLanguages {
-    explicit BothLanguages(const Texts& texts) : english(texts()) {
+    explicit BothLanguages(const TextMaker& texts) : english(texts()) {
         const Translation translation({Text("de")});
         german = texts();
+        EXPECT_EQ(english.size(), german.size());
     }
 
     /// The names of those whose text is another one in German.
@@ -82,23 +82,26 @@ struct BothLanguages {
         QStringList names;
         for (std::size_t at = 0; at < std::min(english.size(), german.size()); ++at) {
             EXPECT_EQ(english[at].first, german[at].first);
-            if (english[at].second != german[at].second && !names.contains(english[at].first))
+            if (english[at].second != german[at].second)
                 names.append(english[at].first);
         }
-        names.sort();
-        return names.join(u' ').toStdString();
+        return Sorted(names);
     }
 
     /// English texts that are the same in German.
     [[nodiscard]] std::string Same() const {
         QStringList same;
         for (std::size_t at = 0; at < std::min(english.size(), german.size()); ++at) {
-            const QString& text = english[at].second;
-            if (!text.isEmpty() && text == german[at].second && !same.contains(text))
-                same.append(text);
+            if (!english[at].second.isEmpty() && english[at].second == german[at].second)
+                same.append(english[at].second);
         }
-        same.sort();
-        return same.join(u' ').toStdString();
+        return Sorted(same);
+    }
+
+    static std::string Sorted(QStringList texts) {
+        texts.removeDuplicates();
+        texts.sort();
+        return texts.join(u' ').toStdString();
     }
 
     std::vector<ShownText> english;
@@ -140,13 +143,10 @@ TEST_F(GermanWindow, OnlyOurTextsOfTheMainWindowChange) {
             tools.emplace_back(item->objectName(), item->text());
         ExpectOwnKeys(tools);
         window.close();
-        QFile saved(IniFileName(folder.path()));
-        EXPECT_TRUE(saved.open(QIODevice::ReadOnly));
-        settings.append(saved.readAll());
-        saved.remove();
+        settings.append(ReadFile(IniFileName(folder.path())));
+        QFile::remove(IniFileName(folder.path()));
         return texts;
     });
-    EXPECT_EQ(both.english.size(), both.german.size());
     EXPECT_EQ(both.Changed(), FrameParts + std::string("mnuLogon mnuSilent"));
     EXPECT_EQ(settings.value(0).toStdString(), settings.value(1).toStdString());
 }
@@ -166,12 +166,11 @@ TEST_F(GermanWindow, OnlyOurTextsOfTheHelpMenusDialogsChange) {
     for (const auto& [item, changed] : cases) {
         const BothLanguages both([&, name = Text(item)] {
             std::vector<ShownText> texts;
-            QTimer::singleShot(0, &window, [&] {
-                QWidget* dialog = QApplication::activeModalWidget();
-                texts = TextsOf(*dialog);
-                dialog->close();
-            });
-            window.findChild<QAction*>(name)->trigger();
+            UseDialog<QWidget>([&] { window.findChild<QAction*>(name)->trigger(); },
+                               [&](QWidget& dialog) {
+                                   texts = TextsOf(dialog);
+                                   dialog.close();
+                               });
             return texts;
         });
         EXPECT_EQ(both.Changed(), FrameParts + std::string(changed));
@@ -181,10 +180,7 @@ TEST_F(GermanWindow, OnlyOurTextsOfTheHelpMenusDialogsChange) {
 TEST_F(GermanWindow, AllOfOurDialogsIsTranslated) {
     const auto logons = std::make_shared<Logons>(std::make_shared<MemoryKeyring>());
     const ComputerReport report;
-    const struct {
-        const char* same;
-        std::function<std::unique_ptr<QWidget>()> make;
-    } cases[] = {
+    const std::pair<const char*, std::function<std::unique_ptr<QWidget>()>> cases[] = {
         {"Computer",
          [&] {
              return std::make_unique<frmLogons>(

@@ -1,8 +1,8 @@
 #include "mainwindow/windowservices/PredefinedIcons.h"
 
+#include "fakes/Pixels.h"
 #include "runtime/RunTimeError.h"
 
-#include <QImage>
 #include <QPixmap>
 #include <gtest/gtest.h>
 
@@ -13,12 +13,8 @@ namespace {
 int Drawn(const QIcon& icon, int size, double density) {
     const QImage picture = icon.pixmap(QSize(size, size), density).toImage();
     EXPECT_EQ(picture.width(), size * density);
-    int drawn = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x)
-            drawn += qAlpha(picture.pixel(x, y)) > 0 ? 1 : 0;
-    }
-    return drawn;
+    return picture.width() * picture.height() -
+           ColorsOf(picture, picture.rect()).value(qRgba(0, 0, 0, 0));
 }
 
 TEST(PredefinedIconsTest, EveryKeyHasAPictureOfItsOwn) {
@@ -40,7 +36,6 @@ TEST(PredefinedIconsTest, EveryKeyHasAPictureOfItsOwn) {
 
 TEST(PredefinedIconsTest, TheWindowsPicturesAreThere) {
     EXPECT_GT(Drawn(ProgramIcon(), 16, 1), 100);
-    EXPECT_GT(Drawn(ProgramIcon(), 64, 2), 6000);
     EXPECT_GT(Drawn(FileKindsIcon(true), 20, 1), 200);
     EXPECT_GT(Drawn(FileKindsIcon(false), 20, 1), 200);
     EXPECT_EQ(Drawn(BlankIcon(), 16, 1), 0);

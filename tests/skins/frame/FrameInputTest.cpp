@@ -4,29 +4,21 @@
 #include <QCloseEvent>
 #include <QShortcut>
 #include <QSignalSpy>
-#include <QTest>
-#include <QWindow>
-#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
 
-class FrameInputTest : public testing::Test {
+class FrameInputTest : public FrameTest {
 protected:
     void SetUp() override {
-        window_.setMinimumSize(200, 150);
-        window_.show();
-        frame_.Attach(window_, skin_.configuration);
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
-        window_.setGeometry(100, 100, 400, 300);
+        window.setMinimumSize(200, 150);
+        window.show();
+        Attach();
+        Activate();
+        window.setGeometry(100, 100, 400, 300);
     }
 
-    QWidget& Part(const char* name) const {
-        return *window_.findChild<QWidget*>(QString::fromLatin1(name));
-    }
-
-    QMenu& Menu() const { return *window_.findChild<QMenu*>(QStringLiteral("frameSystemMenu")); }
+    QMenu& Menu() const { return FindIn<QMenu>(window, "frameSystemMenu"); }
 
     static QAction& Item(const QMenu& menu, const char* text) {
         for (QAction* action : menu.actions()) {
@@ -39,65 +31,60 @@ protected:
     void Pick(const char* text) {
         QTest::mouseClick(&Menu(), Qt::LeftButton, {},
                           Menu().actionGeometry(&Item(Menu(), text)).center());
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+        Activate();
     }
 
     /// With the button down over the part, from one place to another in the window.
     void Drag(const char* name, const QPoint& from, const QPoint& by) {
         QWidget& part = Part(name);
-        const QPoint start = part.mapFrom(&window_, from);
-        const QPoint onScreen = window_.mapToGlobal(from);
+        const QPoint start = part.mapFrom(&window, from);
+        const QPoint onScreen = window.mapToGlobal(from);
         QTest::mousePress(&part, Qt::LeftButton, {}, start);
         // The part moves with the window.
         QTest::mouseMove(&part, part.mapFromGlobal(onScreen + by / 2));
         QTest::mouseMove(&part, part.mapFromGlobal(onScreen + by));
         QTest::mouseRelease(&part, Qt::LeftButton, {}, part.mapFromGlobal(onScreen + by));
     }
-
-    PlainSkin skin_;
-    PlainWindow window_;
-    PaintedFrame frame_;
 };
 
 TEST_F(FrameInputTest, MovesByTheTitleBar) {
     Drag("frameTitleBar", {150, 20}, {40, 30});
-    EXPECT_EQ(window_.geometry(), QRect(140, 130, 400, 300));
+    EXPECT_EQ(window.geometry(), QRect(140, 130, 400, 300));
     Drag("frameTitleBar", {150, 20}, {3, 0}); // a click with an unsteady hand
-    EXPECT_EQ(window_.geometry(), QRect(140, 130, 400, 300));
+    EXPECT_EQ(window.geometry(), QRect(140, 130, 400, 300));
 }
 
 TEST_F(FrameInputTest, ResizesByEveryEdgeAndCorner) {
     const struct {
         const char* part;
         QPoint from;
-        QRect changed; ///< added to the left, top, right, bottom when dragged by (10, 20)
+        QMargins moved; ///< the edges that go along when it is dragged by (10, 20)
         Qt::CursorShape cursor;
     } cases[] = {
-        {"frameEdgeLeft", {1, 100}, QRect(QPoint(10, 0), QPoint(0, 0)), Qt::SizeHorCursor},
-        {"frameEdgeRight", {398, 100}, QRect(QPoint(0, 0), QPoint(10, 0)), Qt::SizeHorCursor},
-        {"frameEdgeTop", {200, 1}, QRect(QPoint(0, 20), QPoint(0, 0)), Qt::SizeVerCursor},
-        {"frameEdgeBottom", {200, 298}, QRect(QPoint(0, 0), QPoint(0, 20)), Qt::SizeVerCursor},
-        {"frameEdgeTop", {3, 1}, QRect(QPoint(10, 20), QPoint(0, 0)), Qt::SizeFDiagCursor},
-        {"frameEdgeRight", {398, 8}, QRect(QPoint(0, 20), QPoint(10, 0)), Qt::SizeBDiagCursor},
-        {"frameEdgeLeft", {1, 292}, QRect(QPoint(10, 0), QPoint(0, 20)), Qt::SizeBDiagCursor},
-        {"frameEdgeBottom", {392, 298}, QRect(QPoint(0, 0), QPoint(10, 20)), Qt::SizeFDiagCursor},
+        {"frameEdgeLeft", {1, 100}, {10, 0, 0, 0}, Qt::SizeHorCursor},
+        {"frameEdgeRight", {398, 100}, {0, 0, 10, 0}, Qt::SizeHorCursor},
+        {"frameEdgeTop", {200, 1}, {0, 20, 0, 0}, Qt::SizeVerCursor},
+        {"frameEdgeBottom", {200, 298}, {0, 0, 0, 20}, Qt::SizeVerCursor},
+        {"frameEdgeTop", {3, 1}, {10, 20, 0, 0}, Qt::SizeFDiagCursor},
+        {"frameEdgeRight", {398, 8}, {0, 20, 10, 0}, Qt::SizeBDiagCursor},
+        {"frameEdgeLeft", {1, 292}, {10, 0, 0, 20}, Qt::SizeBDiagCursor},
+        {"frameEdgeBottom", {392, 298}, {0, 0, 10, 20}, Qt::SizeFDiagCursor},
     };
-    for (const auto& each : cases) {
-        const QRect before(100, 100, 400, 300);
-        window_.setGeometry(before);
-        QWidget& part = Part(each.part);
-        QTest::mouseMove(&part, part.mapFrom(&window_, each.from));
-        EXPECT_EQ(part.cursor().shape(), each.cursor) << each.part;
-        Drag(each.part, each.from, {10, 20});
-        EXPECT_EQ(window_.geometry(), before.adjusted(each.changed.left(), each.changed.top(),
-                                                      each.changed.right(), each.changed.bottom()))
-            << each.part << each.from.x();
+    const QRect before(100, 100, 400, 300);
+    for (const auto& [name, from, moved, cursor] : cases) {
+        window.setGeometry(before);
+        QWidget& part = Part(name);
+        QTest::mouseMove(&part, part.mapFrom(&window, from));
+        EXPECT_EQ(part.cursor().shape(), cursor) << name;
+        Drag(name, from, {10, 20});
+        EXPECT_EQ(window.geometry(),
+                  before.adjusted(moved.left(), moved.top(), moved.right(), moved.bottom()))
+            << name << from.x();
     }
     // The far edge stays where it is when the smallest size is reached.
-    window_.setGeometry(100, 100, 400, 300);
+    window.setGeometry(100, 100, 400, 300);
     Drag("frameEdgeTop", {3, 1}, {900, 900});
-    EXPECT_EQ(window_.geometry(), QRect(300, 250, 200, 150));
+    EXPECT_EQ(window.geometry(), QRect(300, 250, 200, 150));
 }
 
 TEST_F(FrameInputTest, OpensTheSystemMenu) {
@@ -106,20 +93,20 @@ TEST_F(FrameInputTest, OpensTheSystemMenu) {
     EXPECT_FALSE(Item(Menu(), "&Restore").isEnabled());
     EXPECT_TRUE(Item(Menu(), "&Size").isEnabled());
     Pick("Ma&ximize");
-    EXPECT_TRUE(window_.isMaximized());
+    EXPECT_TRUE(window.isMaximized());
 
-    QTest::keyClick(&window_, Qt::Key_Space, Qt::AltModifier);
+    QTest::keyClick(&window, Qt::Key_Space, Qt::AltModifier);
     EXPECT_TRUE(Menu().isVisible());
     EXPECT_FALSE(Item(Menu(), "&Move").isEnabled());
     EXPECT_FALSE(Item(Menu(), "Ma&ximize").isEnabled());
     QTest::keyClick(&Menu(), Qt::Key_R);
-    EXPECT_FALSE(window_.isMaximized());
+    EXPECT_FALSE(window.isMaximized());
 
     QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(150, 20), QPoint(250, 120));
     QCoreApplication::sendEvent(&Part("frameTitleBar"), &asked);
     EXPECT_TRUE(Menu().isVisible());
     QTest::keyClick(&Menu(), Qt::Key_C);
-    EXPECT_FALSE(window_.isVisible());
+    EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(FrameInputTest, ClosesByADoubleClickOnTheIconAndByKey) {
@@ -130,39 +117,38 @@ TEST_F(FrameInputTest, ClosesByADoubleClickOnTheIconAndByKey) {
     QTest::mousePress(&Menu(), Qt::LeftButton, {},
                       Menu().mapFromGlobal(Part("frameTitleBar").mapToGlobal(icon)));
     EXPECT_FALSE(Menu().isVisible());
-    EXPECT_FALSE(window_.isVisible());
+    EXPECT_FALSE(window.isVisible());
 
-    window_.show();
-    window_.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
-    QTest::mouseRelease(&window_, Qt::LeftButton);
-    QTest::keyClick(&window_, Qt::Key_F4, Qt::AltModifier);
-    EXPECT_FALSE(window_.isVisible());
+    window.show();
+    Activate();
+    QTest::mouseRelease(&window, Qt::LeftButton);
+    QTest::keyClick(&window, Qt::Key_F4, Qt::AltModifier);
+    EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(FrameInputTest, MovesAndResizesByKeys) {
-    const QShortcut shortcut(Qt::Key_Return, &window_);
+    const QShortcut shortcut(Qt::Key_Return, &window);
     const QSignalSpy pressed(&shortcut, &QShortcut::activated);
 
-    QTest::keyClick(&window_, Qt::Key_Space, Qt::AltModifier);
+    QTest::keyClick(&window, Qt::Key_Space, Qt::AltModifier);
     Pick("&Move");
-    QTest::keyClick(&window_, Qt::Key_Right);
-    QTest::keyClick(&window_, Qt::Key_Down, Qt::ControlModifier);
-    EXPECT_EQ(window_.geometry(), QRect(108, 101, 400, 300));
-    QTest::keyClick(&window_, Qt::Key_Return);
-    QTest::keyClick(&window_, Qt::Key_Left);
-    EXPECT_EQ(window_.geometry(), QRect(108, 101, 400, 300));
+    QTest::keyClick(&window, Qt::Key_Right);
+    QTest::keyClick(&window, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(window.geometry(), QRect(108, 101, 400, 300));
+    QTest::keyClick(&window, Qt::Key_Return);
+    QTest::keyClick(&window, Qt::Key_Left);
+    EXPECT_EQ(window.geometry(), QRect(108, 101, 400, 300));
     EXPECT_EQ(pressed.count(), 0); // the key was for the frame
-    QTest::keyClick(&window_, Qt::Key_Return);
+    QTest::keyClick(&window, Qt::Key_Return);
     EXPECT_EQ(pressed.count(), 1);
 
-    QTest::keyClick(&window_, Qt::Key_Space, Qt::AltModifier);
+    QTest::keyClick(&window, Qt::Key_Space, Qt::AltModifier);
     Pick("&Size");
-    QTest::keyClick(&window_, Qt::Key_Left);
-    QTest::keyClick(&window_, Qt::Key_Up);
-    EXPECT_EQ(window_.geometry(), QRect(108, 101, 392, 292));
-    QTest::keyClick(&window_, Qt::Key_Escape);
-    EXPECT_EQ(window_.geometry(), QRect(108, 101, 400, 300));
+    QTest::keyClick(&window, Qt::Key_Left);
+    QTest::keyClick(&window, Qt::Key_Up);
+    EXPECT_EQ(window.geometry(), QRect(108, 101, 392, 292));
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_EQ(window.geometry(), QRect(108, 101, 400, 300));
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
@@ -180,17 +166,15 @@ protected:
 };
 
 TEST_F(FrameInputTest, CanBeTakenAwayByItsOwnButtons) {
-    TrayWindow window;
-    window.show();
-    frame_.Detach();
-    window.frame.Attach(window, skin_.configuration);
-    QTest::mouseClick(window.findChild<QWidget*>(QStringLiteral("frameButtonClose")),
-                      Qt::LeftButton);
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_TRUE(window.contentsMargins().isNull());
-    window.show();
-    window.frame.Attach(window, skin_.configuration);
-    EXPECT_TRUE(window.findChild<QWidget*>(QStringLiteral("frameTitleBar"))->isVisible());
+    TrayWindow leaving;
+    leaving.show();
+    leaving.frame.Attach(leaving, skin.configuration);
+    QTest::mouseClick(&FindIn(leaving, "frameButtonClose"), Qt::LeftButton);
+    EXPECT_FALSE(leaving.isVisible());
+    EXPECT_TRUE(leaving.contentsMargins().isNull());
+    leaving.show();
+    leaving.frame.Attach(leaving, skin.configuration);
+    EXPECT_TRUE(FindIn(leaving, "frameTitleBar").isVisible());
 }
 
 } // namespace

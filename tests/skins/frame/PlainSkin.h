@@ -1,9 +1,14 @@
 #pragma once
 
+#include "fakes/Find.h"
+#include "skins/frame/PaintedFrame.h"
 #include "skins/frame/PaintedSkinFrame.h"
 
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QTest>
+#include <QWindow>
+#include <gtest/gtest.h>
 
 #include <array>
 
@@ -72,6 +77,29 @@ public:
         setCentralWidget(new QWidget);
         setGeometry(60, 60, 400, 300);
     }
+};
+
+/// A painted frame around such a window; `insisted` is a frame that the desktop keeps.
+class FrameTest : public testing::Test {
+protected:
+    void Activate() {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    void Open() {
+        window.show();
+        Activate();
+    }
+    void Attach() { frame.Attach(window, skin.configuration); }
+
+    QWidget& Part(const char* name) const { return FindIn(window, name); }
+
+    PlainSkin skin;
+    PlainWindow window;
+    QMargins insisted;
+    PaintedFrame frame{[this](const QWindow& shown) {
+        return insisted.isNull() ? shown.frameMargins() : insisted;
+    }};
 };
 
 } // namespace netrove

@@ -1,6 +1,6 @@
 #include "skins/frame/SkinTransform.h"
 
-#include "skins/NoFrame.h"
+#include "skins/SkinFakes.h"
 
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ protected:
         return SkinTransform(configuration_).Apply(color);
     }
 
-    NoFrame painter_;
+    LoggedPainter painter_;
     SkinConfiguration configuration_{painter_};
 };
 
