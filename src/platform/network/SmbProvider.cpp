@@ -231,7 +231,7 @@ void SmbProvider::AddComputer(const WalkPlace& computer, const UncPath& path,
     const SmbRequest request = Request(SmbRequest::Kind::ListShares, path.Server());
     if (!computer.isListed && !HasShares(path.Server()))
         starts.push_back({.request = request,
-                          .server = SmbPool::ServerName(request),
+                          .server = SmbServers::NameOf(request),
                           .key = FolderKey(path),
                           .path = computer.remoteName});
     for (const QString& share : plan_->AdminShares()) {
@@ -249,7 +249,7 @@ void SmbProvider::AddStart(const UncPath& path, qsizetype nodeLength,
         return;
     const SmbRequest request = Request(SmbRequest::Kind::ListFolder, path);
     starts.push_back({.request = request,
-                      .server = SmbPool::ServerName(request),
+                      .server = SmbServers::NameOf(request),
                       .key = FolderKey(path),
                       .path = path.Text() + QLatin1Char('\\'),
                       .nodeLength = nodeLength});
