@@ -1,5 +1,5 @@
 #include "ShownList.h"
-#include "controls/ListPainter.h"
+#include "controls/CellPainter.h"
 #include "runtime/RunTimeError.h"
 
 #include <QAccessible>
@@ -349,7 +349,7 @@ TEST_F(List, CheckBoxesAreChangedByMouseAndSpace) {
                      [&changed](int row) { changed.push_back(row); });
     AddRows({"a", "b"});
     const auto clickBox = [this](int row) {
-        const QPoint box(ListPainter::Margin + 5, On(row).y());
+        const QPoint box(CellPainter::Margin + 5, On(row).y());
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, box);
     };
     clickBox(2);
@@ -361,7 +361,7 @@ TEST_F(List, CheckBoxesAreChangedByMouseAndSpace) {
     EXPECT_FALSE(list.Checked(2)) << "a click beside the box";
     clickBox(2);
     clickBox(1);
-    const QPoint first(ListPainter::Margin + 5, On(1).y());
+    const QPoint first(CellPainter::Margin + 5, On(1).y());
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, first);
     QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, first);
     QTest::keyClick(&list, Qt::Key_Space);
