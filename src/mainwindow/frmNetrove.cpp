@@ -210,19 +210,12 @@ void frmNetrove::Form_Load() {
     if (services_.newCopyQ)
         CopyDLL = services_.newCopyQ();
     queue_.SetCopier(CopyDLL.get());
-    std::optional<RunTimeError> failure;
-    try {
-        LoadSteps();
-    } catch (...) {
-        failure = CurrentFailure();
-    }
+    const auto failure = FailureOf([this] { LoadSteps(); });
     // The settings have the number as it is stored.
     if (settings_.SkinIndex < 0 || settings_.SkinIndex > SkinSelection::LastSkin)
         settings_.SkinIndex = 0;
     show();
-    if (failure)
-        services_.dialogs.Failure(failure->Number(), failure->Description(),
-                                  Text("frmNetrove.Form_Load Error"));
+    services_.dialogs.Failure(failure, Text("frmNetrove.Form_Load Error"));
 }
 
 void frmNetrove::LoadSteps() {

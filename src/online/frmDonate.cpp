@@ -10,8 +10,6 @@
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
-#include <optional>
-
 namespace netrove {
 namespace {
 
@@ -142,17 +140,14 @@ bool frmDonate::Check4File(QLatin1String path, QString& resp) {
 }
 
 void frmDonate::cmdUp_Click() {
-    std::optional<RunTimeError> failure;
-    try {
+    const auto failure = FailureOf([this] {
         cmdUp_->setEnabled(false);
         setCursor(Qt::WaitCursor);
         ResetLinks();
         for (QPushButton* link : cmdLink_)
             link->setEnabled(false);
         GetDonationLinks();
-    } catch (...) {
-        failure = CurrentFailure();
-    }
+    });
     cmdUp_->setEnabled(true);
     unsetCursor();
     if (failure)

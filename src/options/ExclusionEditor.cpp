@@ -39,16 +39,6 @@ struct Entry {
 
 } // namespace
 
-template <typename Work>
-void ExclusionEditor::Trapped(const char* title, Work work) {
-    try {
-        work();
-    } catch (...) {
-        const RunTimeError failure = CurrentFailure();
-        services_.dialogs.Failure(failure.Number(), failure.Description(), Text(title));
-    }
-}
-
 void ExclusionEditor::Load() {
     list_.Clear();
     if (settings_.ExcNetNodes.isEmpty()) {
@@ -88,7 +78,7 @@ int ExclusionEditor::RowOf(const QString& name, const QString& type) const {
 }
 
 void ExclusionEditor::ColumnClick(int column) {
-    Trapped("Error in Network Node Col Click", [&] {
+    services_.dialogs.Trap(Text("Error in Network Node Col Click"), [&] {
         if (list_.Count() == 0)
             return;
         SortListView(list_, column, column, false, services_.dialogs);
@@ -97,7 +87,7 @@ void ExclusionEditor::ColumnClick(int column) {
 }
 
 void ExclusionEditor::DeletePressed() {
-    Trapped("ListView KeyDown Error", [this] {
+    services_.dialogs.Trap(Text("ListView KeyDown Error"), [this] {
         if (services_.dialogs.Message(MessageIcon::Question, Text("Delete the selected nodes?"),
                                       Text("Delete Nodes?"),
                                       MessageButtons::YesNo) == MessageAnswer::Yes)
@@ -110,7 +100,7 @@ void ExclusionEditor::MouseDown(const QPoint& globalPosition) {
 }
 
 void ExclusionEditor::mnuRemSel_Click() {
-    Trapped("Error while removing node", [this] { RemoveSelected(); });
+    services_.dialogs.Trap(Text("Error while removing node"), [this] { RemoveSelected(); });
 }
 
 void ExclusionEditor::RemoveSelected() {
@@ -121,7 +111,7 @@ void ExclusionEditor::RemoveSelected() {
 }
 
 void ExclusionEditor::mnuAddDef_Click() {
-    Trapped("frmOpts.mnuAddDef_Click Error", [this] { AddDefaults(); });
+    services_.dialogs.Trap(Text("frmOpts.mnuAddDef_Click Error"), [this] { AddDefaults(); });
 }
 
 void ExclusionEditor::AddDefaults() {
@@ -143,7 +133,7 @@ void ExclusionEditor::AddDefaults() {
 }
 
 void ExclusionEditor::mnuAddNetNode_Click() {
-    Trapped("Error in Menu AddNetNode", [this] {
+    services_.dialogs.Trap(Text("Error in Menu AddNetNode"), [this] {
         const QString node = services_.askForNode();
         if (!Trim(node).isEmpty())
             AddAskedNode(node);

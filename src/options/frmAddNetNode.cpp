@@ -4,7 +4,6 @@
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "options/OptionPage.h"
 #include "options/modBrowse.h"
-#include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "skins/SkinControls.h"
 
@@ -132,18 +131,8 @@ void frmAddNetNode::TypeChosen() {
         Text(browsable ? "Input manually -OR- browse for the network node." : "Input manually."));
 }
 
-template <typename Work>
-void frmAddNetNode::Trapped(const char* title, Work work) {
-    try {
-        work();
-    } catch (...) {
-        const RunTimeError failure = CurrentFailure();
-        services_.dialogs.Failure(failure.Number(), failure.Description(), Text(title));
-    }
-}
-
 void frmAddNetNode::cmdBrNetNode_Click() {
-    Trapped("Browse Error...", [this] {
+    services_.dialogs.Trap(Text("Browse Error..."), [this] {
         QString answer;
         if (types_[FolderType]->isChecked())
             answer = BrowseForFolder(Text("Select a folder"), false, services_.dialogs);
@@ -162,7 +151,7 @@ QString frmAddNetNode::ParseFolder(const QString& fullPath) {
 }
 
 void frmAddNetNode::cmdOK_Click() {
-    Trapped(ErrorTitle, [this] {
+    services_.dialogs.Trap(Text(ErrorTitle), [this] {
         const QString name = Trim(txtNetNodeName_->text());
         if (name.isEmpty()) {
             Complain("Empty network node!");

@@ -11,8 +11,6 @@
 #include <QApplication>
 #include <QEvent>
 
-#include <optional>
-
 namespace netrove {
 namespace {
 
@@ -30,15 +28,9 @@ QString Section(int skinIndex) {
 /// Runs the steps up to the first failure, which is shown.
 template <typename Steps>
 void WithTrap(QWidget& window, Dialogs& dialogs, const char* title, Steps steps) {
-    std::optional<RunTimeError> failure;
-    try {
-        steps();
-    } catch (...) {
-        failure = CurrentFailure();
-    }
+    const auto failure = FailureOf(steps);
     window.unsetCursor();
-    if (failure)
-        dialogs.Failure(failure->Number(), failure->Description(), Text(title));
+    dialogs.Failure(failure, Text(title));
 }
 
 /// Gives the control the palette that it has by itself, and changes that.
