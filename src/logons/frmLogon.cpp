@@ -1,6 +1,7 @@
 #include "logons/frmLogon.h"
 
 #include "platform/network/UncPath.h"
+#include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 
 #include <QDialogButtonBox>
@@ -22,7 +23,7 @@ constexpr int FieldMargin = 16;
 
 QLineEdit* MakeLine(const char* name, QWidget* parent) {
     auto* line = new QLineEdit(parent);
-    line->setObjectName(QString::fromLatin1(name));
+    line->setObjectName(Text(name));
     line->setMaxLength(MaxText);
     line->setProperty(TagProperty, QStringLiteral("NOCOLOR"));
     return line;

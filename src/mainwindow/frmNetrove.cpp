@@ -8,6 +8,7 @@
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "platform/ApplicationFolder.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "skins/frame/PaintedFrame.h"
 
 #include <QApplication>
@@ -22,10 +23,6 @@ namespace {
 
 /// How often the end of the session looks whether the running job has ended.
 constexpr std::chrono::milliseconds EndInterval{50};
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 QWidget* InnerWidget(QMainWindow& window) {
     auto* inner = new QWidget(&window);

@@ -2,6 +2,7 @@
 
 #include "mainwindow/windowservices/SortListView.h"
 #include "options/NodeTypes.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 
@@ -12,10 +13,6 @@ namespace {
 
 /// The sub-item that has the type.
 constexpr int TypeItem = 1;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 /// An entry of the settings, taken apart.
 struct Entry {

@@ -4,6 +4,7 @@
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "options/OptionPage.h"
 #include "options/modBrowse.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "skins/SkinControls.h"
 
@@ -37,10 +38,6 @@ constexpr std::array<TypeOption, NodeTypes.size()> TypeOptions{{{"optFolder", "&
                                                                 {"optWorkgroup", "&Workgroup"},
                                                                 {"optNetwork", "&Network"}}};
 
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
-
 QGroupBox* MakeFrame(QWidget& parent, const char* name, const char* caption) {
     auto* frame = Named(new QGroupBox(Text(caption), &parent), Text(name));
     frame->setProperty(TagProperty, Text("FORE"));
@@ -65,8 +62,8 @@ frmAddNetNode::frmAddNetNode(const Services& services, const QWidget* owner, QWi
 
 void frmAddNetNode::MakeControls() {
     auto* buttons = new QHBoxLayout;
-    auto* cmdOK = Named(new QPushButton(Text("&OK"), this), Text("cmdOK"));
-    auto* cmdCancel = Named(new QPushButton(Text("&Cancel"), this), Text("cmdCancel"));
+    auto* cmdOK = NamedButton(*this, Text("cmdOK"), Text("&OK"));
+    auto* cmdCancel = NamedButton(*this, Text("cmdCancel"), Text("&Cancel"));
     connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
     connect(cmdCancel, &QPushButton::clicked, this, [this] { reject(); });
     cmdOK->setDefault(true);

@@ -6,6 +6,7 @@
 #include "options/modBrowse.h"
 #include "runtime/Formats.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
 #include <QKeyEvent>
@@ -17,10 +18,6 @@ namespace {
 constexpr QSize ClientSize(6030, 4995);
 /// What a chooser's failure is that means no more than that the user has cancelled it.
 constexpr int CancelledByUser = 32755;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 } // namespace
 

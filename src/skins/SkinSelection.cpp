@@ -2,6 +2,7 @@
 
 #include "controls/Color.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "skins/SkinControls.h"
 #include "skins/SkinPalette.h"
@@ -16,10 +17,6 @@ namespace {
 
 /// What a text in a colour of the table needs on the desktop's background.
 constexpr double MinimumContrast = 3;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 QString Section(int skinIndex) {
     return Text("SkinProperties_") + QString::number(skinIndex);

@@ -1,6 +1,7 @@
 #include "skins/frmCustomizeSkin.h"
 
 #include "mainwindow/windowservices/WindowGeometry.h"
+#include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 
 #include <QHBoxLayout>
@@ -26,10 +27,6 @@ constexpr auto NoEvents = "NOEVENTS";
 constexpr int Hundredths = 100;
 constexpr int HueZero = 100;
 constexpr int PercentZero = 100;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 /// A scroll bar that is used with the keyboard too: it shows that it has the focus, and its keys
 /// go the way that they point.

@@ -1,11 +1,3 @@
 #pragma once
 
-#include <QString>
-
-namespace netrove {
-
-inline QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-} // namespace netrove
+#include "runtime/SourceText.h" // the tests' texts are made as the program's are
