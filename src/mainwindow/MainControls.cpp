@@ -108,7 +108,10 @@ constexpr Column DownloadColumns[] = {
 MainControls::MainControls(QWidget& inner, const QString& webAddress)
     : imgPreIconsLg(32), imgPreIconsSm(16), imgSysIconsSm(16), imgSysIconsLg(32) {
     MakeTabs(inner);
+    MakeHidden(inner);
+    MakeButtons(inner);
     MakeInputs(inner);
+    MakeFilePictures(inner);
     MakeLabels(inner, webAddress);
     MakeDecoration(inner);
     TagForSkins();
@@ -153,12 +156,14 @@ void MainControls::MakeTabs(QWidget& inner) {
     SSTab1->addTab(downloads, Text("Downloads"));
 }
 
-void MainControls::MakeInputs(QWidget& inner) {
+void MainControls::MakeHidden(QWidget& inner) {
     for (std::size_t index = 0; index < picResource.size(); ++index)
         picResource[index] = HiddenWidget(inner, ElementName("picResource", index));
     picIconLg = HiddenWidget(inner, Text("picIconLg"));
     picIconSm = HiddenWidget(inner, Text("picIconSm"));
+}
 
+void MainControls::MakeButtons(QWidget& inner) {
     cmdInpNetNode =
         NamedButton(inner, Text("cmdInpNetNode"), Text("<>"), "Input a network node manually");
     chkRecurse = Named(new QCheckBox(Text("&Recurse Folders:"), &inner), Text("chkRecurse"),
@@ -172,7 +177,9 @@ void MainControls::MakeInputs(QWidget& inner) {
     cmdAbandon = NamedButton(inner, Text("cmdAbandon"), Text("&Abort"), "Abort the search");
     cmdSetSearchStart = NamedButton(inner, Text("cmdSetSearchStart"), Text("&..."),
                                     "Browse for a node on the network");
+}
 
+void MainControls::MakeInputs(QWidget& inner) {
     txtSearchStart =
         Named(new QLineEdit(&inner), Text("txtSearchStart"), "Selected node for search");
     txtSearchStart->setReadOnly(true);
@@ -190,7 +197,9 @@ void MainControls::MakeInputs(QWidget& inner) {
     LstSearchFor->setCompleter(nullptr);
     LstSearchFor->setEditText(Text("*.mp3"));
     LstSearchFor->setAccessibleName(Text("Search For:"));
+}
 
+void MainControls::MakeFilePictures(QWidget& inner) {
     const qreal devicePixelRatio = inner.devicePixelRatioF();
     for (std::size_t index = 0; index < imgFiles.size(); ++index) {
         imgFiles[index] = Named(new QLabel(&inner), ElementName("imgFiles", index),
