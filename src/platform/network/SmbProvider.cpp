@@ -17,10 +17,6 @@ constexpr auto SharesLifetime = 5s;
 /// Bytes of one request of a read: each has its own limit of time.
 constexpr quint32 ReadBytes = 4 * 1024 * 1024;
 
-bool SameName(const QString& left, const QString& right) {
-    return left.compare(right, Qt::CaseInsensitive) == 0;
-}
-
 /// A running listing: it holds on to what was fetched as a whole.
 class SmbFind : public FileFind {
 public:
