@@ -1,11 +1,10 @@
 #include "browser/frmNWDialog.h"
 
+#include "controls/HelpKey.h"
 #include "controls/Twips.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
-
-#include <QKeyEvent>
 
 #include <utility>
 
@@ -181,9 +180,7 @@ void frmNWDialog::resizeEvent(QResizeEvent* event) {
 }
 
 void frmNWDialog::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

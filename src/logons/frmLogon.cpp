@@ -1,12 +1,12 @@
 #include "logons/frmLogon.h"
 
+#include "controls/HelpKey.h"
 #include "platform/network/UncPath.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -155,9 +155,7 @@ Secret frmLogon::TakePassword() {
 }
 
 void frmLogon::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

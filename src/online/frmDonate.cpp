@@ -1,5 +1,6 @@
 #include "online/frmDonate.h"
 
+#include "controls/HelpKey.h"
 #include "controls/NamedControls.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "online/webfiles/WebFile.h"
@@ -9,7 +10,6 @@
 #include "skins/SkinControls.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace netrove {
@@ -182,9 +182,7 @@ void frmDonate::SayUnread() {
 }
 
 void frmDonate::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

@@ -1,5 +1,6 @@
 #include "online/frmUpdate.h"
 
+#include "controls/HelpKey.h"
 #include "controls/NamedControls.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "online/webfiles/WebFile.h"
@@ -10,7 +11,6 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace netrove {
@@ -256,9 +256,7 @@ void frmUpdate::cmdLink_Click() {
 }
 
 void frmUpdate::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

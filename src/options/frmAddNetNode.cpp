@@ -1,5 +1,6 @@
 #include "options/frmAddNetNode.h"
 
+#include "controls/HelpKey.h"
 #include "mainwindow/services/Paths.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "options/OptionPage.h"
@@ -11,7 +12,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -179,9 +179,7 @@ void frmAddNetNode::reject() {
 }
 
 void frmAddNetNode::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

@@ -1,6 +1,7 @@
 #include "options/frmOpts.h"
 
 #include "controls/Color.h"
+#include "controls/HelpKey.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "options/frmAddNetNode.h"
 #include "options/modBrowse.h"
@@ -8,8 +9,6 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
-
-#include <QKeyEvent>
 
 namespace netrove {
 namespace {
@@ -172,9 +171,7 @@ void frmOpts::OKCmd_Click() {
 }
 
 void frmOpts::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

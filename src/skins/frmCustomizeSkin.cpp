@@ -1,5 +1,6 @@
 #include "skins/frmCustomizeSkin.h"
 
+#include "controls/HelpKey.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
@@ -280,9 +281,7 @@ void frmCustomizeSkin::cmdOk_Click() {
 }
 
 void frmCustomizeSkin::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

@@ -1,5 +1,6 @@
 #include "mainwindow/about/frmAbout.h"
 
+#include "controls/HelpKey.h"
 #include "controls/NamedControls.h"
 #include "mainwindow/about/VersionHistory.h"
 #include "mainwindow/about/frmPic.h"
@@ -9,7 +10,6 @@
 #include "skins/SkinControls.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
@@ -221,9 +221,7 @@ bool frmAbout::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmAbout::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 
