@@ -1,3 +1,4 @@
+#include "AllocatedBytes.h"
 #include "controls/ListView.h"
 
 #include <QAccessible>
@@ -10,10 +11,9 @@
 #include <ctime>
 #include <random>
 
-#include <malloc.h>
-
 namespace {
 
+using netrove::AllocatedBytes;
 using netrove::ListView;
 
 constexpr int FullList = 32000;
@@ -61,6 +61,8 @@ void AddRow(ListView& list, const RowTexts& texts) {
 class FilledList : public ListView {
 public:
     explicit FilledList(const std::vector<RowTexts>& rows) {
+        // The C locale's order is cheaper than that of any language.
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
         for (int column = 1; column <= Columns; ++column)
             AddColumn(QStringLiteral("Column"), column == 3 ? Qt::AlignRight : Qt::AlignLeft, 1140);
         HideColumn(9);
@@ -73,12 +75,6 @@ public:
         QCoreApplication::processEvents();
     }
 };
-
-/// Bytes that this process has allocated.
-double AllocatedBytes() {
-    const struct mallinfo2 heap = mallinfo2();
-    return double(heap.uordblks) + double(heap.hblkhd);
-}
 
 /// What a row costs: one by one into the list, with the event loop run as a search runs it and
 /// the list painted as it grows; where the argument is 1, while a screen reader listens.
@@ -214,14 +210,3 @@ void BM_Memory(benchmark::State& state) {
 BENCHMARK(BM_Memory)->Iterations(1);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    // The C locale's order is cheaper than that of any language.
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

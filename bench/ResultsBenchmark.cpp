@@ -168,10 +168,3 @@ void AskOneAfterAnother(benchmark::State& state) {
 BENCHMARK(AskOneAfterAnother)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-}

@@ -1,3 +1,4 @@
+#include "AllocatedBytes.h"
 #include "browser/frmNWDialog.h"
 #include "fakes/DesktopFakes.h"
 #include "platform/desktop/WindowYield.h"
@@ -8,8 +9,6 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <benchmark/benchmark.h>
-
-#include <malloc.h>
 
 namespace {
 
@@ -134,27 +133,15 @@ BENCHMARK(BM_Expand)
 
 /// What a node costs in memory: its resource, its place in the tree and its fake child.
 void BM_Memory(benchmark::State& state) {
-    const auto allocated = [] {
-        const struct mallinfo2 heap = mallinfo2();
-        return double(heap.uordblks) + double(heap.hblkhd);
-    };
     for (auto _ : state) {
         Browser browser(1, int(state.range(0)));
         browser.Load();
-        const double before = allocated();
+        const double before = netrove::AllocatedBytes();
         browser.Expand();
-        state.counters["bytes_per_node"] = (allocated() - before) / double(state.range(0));
+        state.counters["bytes_per_node"] =
+            (netrove::AllocatedBytes() - before) / double(state.range(0));
     }
 }
 BENCHMARK(BM_Memory)->Arg(1000)->Arg(10000)->Arg(100000)->Iterations(1);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

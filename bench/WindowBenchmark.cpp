@@ -47,10 +47,3 @@ void SearchIntoTheWindow(benchmark::State& state) {
 BENCHMARK(SearchIntoTheWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-}

@@ -135,13 +135,15 @@ function(netrove_fuzzer name)
     set_tests_properties(${name} PROPERTIES TIMEOUT 60)
 endfunction()
 
-# netrove_benchmark(NAME [WIDGETS] SOURCES … [LINKS …]): a Google Benchmark program.
+# netrove_benchmark(NAME [WIDGETS] SOURCES … [LINKS …]): a Google Benchmark program. With WIDGETS its
+# main makes a QApplication, which shows nothing unless QT_QPA_PLATFORM says so.
 function(netrove_benchmark name)
     cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;LINKS" ${ARGN})
     find_package(benchmark REQUIRED)
     set(widgets "")
     if(ARG_WIDGETS)
         set(widgets WIDGETS)
+        list(APPEND ARG_SOURCES ${CMAKE_SOURCE_DIR}/bench/WidgetMain.cpp)
     endif()
     netrove_program(${name} ${widgets} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} benchmark::benchmark)
 endfunction()

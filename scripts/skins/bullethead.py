@@ -1,5 +1,7 @@
 """Bullethead: a bullet of bright metal on a perforated plate with rivets."""
 
+from skins.buttons import shaded_face, sign
+
 FILES = {"title": 8, "frame": 9}
 TITLE, CUTS, CELL, ROWS = (202, 38), (25, 30, 65, 101), (22, 22), 2
 LOOK = {"icon": 9, "caption": ("#666666", "#999999"), "text": "#000000",
@@ -73,21 +75,16 @@ FACES = {
             "pressed": ("#1c1c1c", "#6a6a6a", "#8f8f8f")}}
 
 
+# Shown at about four fifths of this size.
+SIGNS = {"minimise": (6, 13.5, 10, 2.6),
+         "maximise": ["M6 6H16V16H6ZM8 9V14H14V9Z"],
+         "restore": ["M8.5 5H17V12.5H15.2V7.5H8.5Z", "M5 9H13.5V17H5ZM6.8 11.5V15.2H11.7V11.5Z"],
+         "close": ("M6.5 6.5L15.5 15.5M15.5 6.5L6.5 15.5", 2.6)}
+
+
 def face(canvas, state, active):
-    edge, top, bottom = FACES[active][state]
-    canvas.rect(1, 1, 20, 20, edge, radius=7)
-    canvas.rect(2.2, 2.2, 17.6, 17.6, canvas.shade(top, bottom), radius=6)
+    shaded_face(canvas, 22, 7, *FACES[active][state])
 
 
 def glyph(canvas, kind, active):
-    """Shown at about four fifths of this size."""
-    ink = "#2b2b2b" if active else "#141414"
-    if kind == "minimise":
-        canvas.rect(6, 13.5, 10, 2.6, ink)
-    elif kind == "maximise":
-        canvas.path("M6 6H16V16H6ZM8 9V14H14V9Z", ink)
-    elif kind == "restore":
-        canvas.path("M8.5 5H17V12.5H15.2V7.5H8.5Z", ink)
-        canvas.path("M5 9H13.5V17H5ZM6.8 11.5V15.2H11.7V11.5Z", ink)
-    else:
-        canvas.line("M6.5 6.5L15.5 15.5M15.5 6.5L6.5 15.5", ink, 2.6)
+    sign(canvas, kind, SIGNS, "#2b2b2b" if active else "#141414")

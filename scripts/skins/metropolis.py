@@ -1,5 +1,7 @@
 """Metropolis: a slab of steel before a city at night."""
 
+from skins.buttons import shaded_face, sign
+
 FILES = {"title": 6, "frame": 7}
 TITLE, CUTS, CELL, ROWS = (409, 28), (68, 81, 143, 210), (20, 20), 2
 LOOK = {"icon": 14, "caption": ("#000000", "#cccccc"), "text": "#00ffff",
@@ -85,21 +87,16 @@ FACES = {
             "pressed": ("#b8c6ce", "#00525f", "#006170")}}
 
 
+# Shown at half this size.
+SIGNS = {"minimise": (2, 14, 16, 3),
+         "maximise": ["M2 2H18V18H2ZM4 6V16H16V6Z"],
+         "restore": ["M6 2H18V14H16V6H6Z", "M2 8H14V18H2ZM4 11V16H12V11Z"],
+         "close": ("M3 3L17 17M17 3L3 17", 3)}
+
+
 def face(canvas, state, active):
-    edge, top, bottom = FACES[active][state]
-    canvas.rect(1, 1, 18, 18, edge, radius=2)
-    canvas.rect(2.2, 2.2, 15.6, 15.6, canvas.shade(top, bottom), radius=1)
+    shaded_face(canvas, 20, 2, *FACES[active][state])
 
 
 def glyph(canvas, kind, active):
-    """Shown at half this size."""
-    ink = "#e8fdff" if active else "#bcc9d1"
-    if kind == "minimise":
-        canvas.rect(2, 14, 16, 3, ink)
-    elif kind == "maximise":
-        canvas.path("M2 2H18V18H2ZM4 6V16H16V6Z", ink)
-    elif kind == "restore":
-        canvas.path("M6 2H18V14H16V6H6Z", ink)
-        canvas.path("M2 8H14V18H2ZM4 11V16H12V11Z", ink)
-    else:
-        canvas.line("M3 3L17 17M17 3L3 17", ink, 3)
+    sign(canvas, kind, SIGNS, "#e8fdff" if active else "#bcc9d1")

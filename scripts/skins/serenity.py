@@ -3,7 +3,7 @@
 from math import cos, pi, sin
 
 from skins.canvas import below
-from skins.glyphs import small_glyph
+from skins.buttons import SMALL, sign
 
 FILES = {"title": 0, "frame": 1}
 TITLE, CUTS, CELL, ROWS = (640, 48), (90, 140, 240, 400), (10, 10), 1
@@ -67,4 +67,4 @@ def face(canvas, state, active):
 
 
 def glyph(canvas, kind, active):
-    small_glyph(canvas, kind, "#0f4560")
+    sign(canvas, kind, SMALL, "#0f4560")

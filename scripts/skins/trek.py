@@ -1,7 +1,7 @@
 """Trek: the console of a space ship, rounded blocks of colour on black."""
 
 from skins.canvas import mixed
-from skins.glyphs import small_glyph
+from skins.buttons import SMALL, sign
 
 FILES = {"title": 2, "frame": 3}
 TITLE, CUTS, CELL, ROWS = (612, 48), (90, 142, 240, 372), (10, 10), 1
@@ -57,4 +57,4 @@ def face(canvas, state, active):
 
 
 def glyph(canvas, kind, active):
-    small_glyph(canvas, kind, "#000000")
+    sign(canvas, kind, SMALL, "#000000")

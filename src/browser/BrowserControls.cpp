@@ -2,7 +2,9 @@
 
 #include "browser/LoadProgress.h"
 #include "controls/Color.h"
+#include "controls/NamedControls.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
+#include "runtime/SourceText.h"
 
 #include <algorithm>
 
@@ -15,27 +17,14 @@ constexpr int LoadPicture = 64;
 /// Pixels between the parts of the progress display.
 constexpr int Gap = 6;
 
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
-
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name, const char* toolTip = "") {
-    widget->setObjectName(Text(name));
-    widget->setToolTip(Text(toolTip));
-    return widget;
-}
-
-/// Names come from outside, so that no label may read them as anything but text.
 QLabel* Label(QWidget& parent, const char* name, const char* caption) {
-    auto* label = Named(new QLabel(Text(caption), &parent), name);
-    label->setTextFormat(Qt::PlainText);
+    QLabel* label = NamedLabel(parent, Text(name), Text(caption));
     label->setAlignment(Qt::AlignCenter);
     return label;
 }
 
 QFrame* Line(QWidget& parent, const char* name) {
-    auto* line = Named(new QFrame(&parent), name);
+    auto* line = Named(new QFrame(&parent), Text(name));
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Sunken);
     return line;
@@ -53,11 +42,11 @@ BrowserControls::BrowserControls(QWidget& dialog) : imgXPNWImages(NodePicture) {
         NetworkPicture().pixmap(QSize(LoadPicture, LoadPicture), dialog.devicePixelRatioF()));
     LblMain = Label(dialog, "LblMain", "Searching for computers on the network.");
     lblAddNode = Label(dialog, "lblAddNode", "");
-    tvwNetwork = Named(new TreeView(&dialog), "tvwNetwork");
+    tvwNetwork = Named(new TreeView(&dialog), Text("tvwNetwork"));
     tvwNetwork->setAccessibleName(tr("Network"));
-    cmdOk = Named(new QPushButton(Text("&Select"), &dialog), "cmdOk",
-                  "Set the selected node as the network node");
-    cmdCancel = Named(new QPushButton(Text("&Close"), &dialog), "cmdCancel", "Close the window");
+    cmdOk = NamedButton(dialog, Text("cmdOk"), Text("&Select"),
+                        "Set the selected node as the network node");
+    cmdCancel = NamedButton(dialog, Text("cmdCancel"), Text("&Close"), "Close the window");
     lblWait = Label(dialog, "lblWait", "Wait...");
     MakeProgress(dialog);
     MakeMenu(dialog);
@@ -71,10 +60,10 @@ BrowserControls::BrowserControls(QWidget& dialog) : imgXPNWImages(NodePicture) {
 }
 
 void BrowserControls::MakeProgress(QWidget& dialog) {
-    picProg = Named(new QFrame(&dialog), "picProg");
+    picProg = Named(new QFrame(&dialog), Text("picProg"));
     picProg->setFrameStyle(int(QFrame::StyledPanel) | QFrame::Raised);
     picProg->setAutoFillBackground(true);
-    shpProg = Named(new QFrame(picProg), "shpProg");
+    shpProg = Named(new QFrame(picProg), Text("shpProg"));
     shpProg->setFrameStyle(int(QFrame::Box) | QFrame::Plain);
     QPalette framePalette = shpProg->palette();
     framePalette.setColor(
@@ -101,9 +90,9 @@ void BrowserControls::MakeProgress(QWidget& dialog) {
 }
 
 void BrowserControls::MakeMenu(QWidget& dialog) {
-    mnupopUp1 = Named(new QMenu(&dialog), "mnupopUp1");
+    mnupopUp1 = Named(new QMenu(&dialog), Text("mnupopUp1"));
     mnuExcNode = Named(mnupopUp1->addAction(Text("Exclude Node of this Name and Type in Search")),
-                       "mnuExcNode");
+                       Text("mnuExcNode"));
 }
 
 } // namespace netrove

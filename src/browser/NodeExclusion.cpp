@@ -24,13 +24,9 @@ void NodeExclusion::mnuExcNode_Click() {
     const QString key = tree_.Selected();
     if (tree_.Count() == 0)
         return;
-    try {
-        ExcludeNode(key);
-    } catch (...) {
-        const RunTimeError failure = CurrentFailure();
+    if (const auto failure = FailureOf([&] { ExcludeNode(key); })) {
         const QString text = tree_.Contains(key) ? tree_.Text(key) : QString();
-        dialogs_.Failure(failure.Number(), failure.Description(),
-                         QStringLiteral("Error in excluding node ") + text);
+        dialogs_.Failure(failure, QStringLiteral("Error in excluding node ") + text);
     }
 }
 

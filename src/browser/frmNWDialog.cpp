@@ -1,13 +1,11 @@
 #include "browser/frmNWDialog.h"
 
+#include "controls/HelpKey.h"
 #include "controls/Twips.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 
-#include <QKeyEvent>
-
-#include <optional>
 #include <utility>
 
 namespace netrove {
@@ -66,14 +64,13 @@ void frmNWDialog::Form_Load() {
 /// The load runs inside this handler. After each of its yields the dialog may have been closed;
 /// then it leaves at its next test, with the tree still hidden.
 void frmNWDialog::tmrNodes_Timer() {
-    std::optional<RunTimeError> failure;
-    try {
+    bool isAborted = false;
+    const auto failure = FailureOf([&] {
         BeginFirstLoad();
-        if (!tree_.LoadFirstLevel())
-            return;
-    } catch (...) {
-        failure = CurrentFailure();
-    }
+        isAborted = !tree_.LoadFirstLevel();
+    });
+    if (isAborted)
+        return;
     if (controls_.tvwNetwork->Count() > 0)
         controls_.tvwNetwork->EnsureVisible(controls_.tvwNetwork->Children({}).first());
     if (failure) {
@@ -124,16 +121,15 @@ void frmNWDialog::EndFirstLoad() {
 /// While a load yields, the user can expand further nodes, each in a handler inside this one.
 void frmNWDialog::tvwNetwork_Expand(const QString& key) {
     const QString text = controls_.tvwNetwork->Text(key);
-    std::optional<RunTimeError> failure;
-    try {
+    const auto failure = FailureOf([&] {
         setCursor(Qt::WaitCursor);
         Yield();
         if (!tree_.IsLoaded(key)) {
             Yield();
             tree_.LoadChildren(key);
         }
-    } catch (...) {
-        failure = CurrentFailure();
+    });
+    if (failure) {
         controls_.lblWait->hide();
         controls_.picProg->hide();
     }
@@ -184,9 +180,7 @@ void frmNWDialog::resizeEvent(QResizeEvent* event) {
 }
 
 void frmNWDialog::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

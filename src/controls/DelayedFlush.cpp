@@ -11,7 +11,10 @@ constexpr std::chrono::milliseconds Delay{40};
 
 } // namespace
 
-DelayedFlush::DelayedFlush(std::function<void()> flush) : flush_(std::move(flush)) {
+DelayedFlush::DelayedFlush(QAbstractScrollArea& view, std::function<void()> flush)
+    : flush_(std::move(flush)) {
+    view.installEventFilter(this);
+    view.viewport()->installEventFilter(this);
     timer_.setSingleShot(true);
     timer_.setInterval(Delay);
     timer_.callOnTimeout([this] { flush_(); });
@@ -22,8 +25,9 @@ void DelayedFlush::Schedule() {
         timer_.start();
 }
 
-void DelayedFlush::FlushBefore(const QEvent& event) const {
-    switch (event.type()) {
+/// Flushes before an event of the user's is served: what he does is about what the view is now.
+bool DelayedFlush::eventFilter(QObject* /*watched*/, QEvent* event) {
+    switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
@@ -37,6 +41,7 @@ void DelayedFlush::FlushBefore(const QEvent& event) const {
     default:
         break;
     }
+    return false;
 }
 
 } // namespace netrove

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QEvent>
+#include <QAbstractScrollArea>
 #include <QTimer>
 
 #include <functional>
@@ -9,10 +9,10 @@ namespace netrove {
 
 /// When the screen follows the changes of a view: some hundredths of a second later, so that many
 /// changes cost little, and always before what the user does next is served.
-class DelayedFlush {
+class DelayedFlush : public QObject {
 public:
-    /// `flush` brings the screen up to date, and says Done() when it begins.
-    explicit DelayedFlush(std::function<void()> flush);
+    /// `flush` brings the view's screen up to date, and says Done() when it begins.
+    DelayedFlush(QAbstractScrollArea& view, std::function<void()> flush);
 
     /// Something has changed.
     void Schedule();
@@ -20,8 +20,7 @@ public:
     /// Nothing is left to do.
     void Done() { timer_.stop(); }
 
-    /// Flushes now if the event is the user's: what he does is about what the view is now.
-    void FlushBefore(const QEvent& event) const;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     std::function<void()> flush_;

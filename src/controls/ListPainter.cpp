@@ -1,128 +1,77 @@
 #include "controls/ListPainter.h"
 
-#include "controls/Color.h"
-#include "controls/ImageList.h"
 #include "controls/ListModel.h"
 
+#include <QHeaderView>
+
 #include <algorithm>
-#include <cmath>
 
 namespace netrove {
-
 namespace {
 
-/// No column shows more characters than this; laying out a huge text would hold up the window.
-constexpr qsizetype MaxShownText = 1024;
-/// Of the text's colour in a progress bar: seen, and the text on it still read.
-constexpr double ProgressShade = 0.25;
-/// Of a row's own colour to the background; it is shown lighter or darker where it has less.
-constexpr double MinimumContrast = 3;
-
-QFont Emboldened(QFont font) {
-    font.setBold(true);
-    return font;
-}
-
-int PictureSpace(int column, const ImageList* pictures) {
-    return column == 1 && pictures != nullptr ? ListPainter::PictureSize + ListPainter::Margin : 0;
-}
-
-/// A check box has the size of a picture.
-int CheckBoxSpace(int column, const ListModel& model) {
-    return column == 1 && model.CheckBoxes() ? ListPainter::PictureSize + ListPainter::Margin : 0;
+QPalette::ColorGroup GroupOf(const QWidget& list) {
+    if (!list.isEnabled())
+        return QPalette::Disabled;
+    return list.isActiveWindow() ? QPalette::Active : QPalette::Inactive;
 }
 
 } // namespace
 
-ListPainter::ListPainter(QPainter& painter, const ListModel& model, const QFont& font,
-                         const QPalette& palette, QPalette::ColorGroup group,
-                         const ImageList* pictures)
-    : painter_(painter)
+ListPainter::ListPainter(const QTableView& list, const ListModel& model, QPainter& painter)
+    : list_(list)
     , model_(model)
-    , font_(font)
-    , boldFont_(Emboldened(font))
-    , palette_(palette)
-    , group_(group)
-    , pictures_(pictures) {}
+    , painter_(painter)
+    , colors_(list.palette())
+    , cells_(painter, model, list.font(), colors_, GroupOf(list), model.Pictures()) {}
 
-QRect ListPainter::CheckBoxPlace(const QRect& cellRect) {
-    return {cellRect.x() + Margin, cellRect.y() + (cellRect.height() - PictureSize) / 2,
-            PictureSize, PictureSize};
+void ListPainter::PaintRows(const QRect& area) {
+    const int first = std::max(places_.RowAt(area.top()), 1);
+    const int last = std::min(places_.RowAt(area.bottom()), model_.Count());
+    for (int row = first; row <= last; ++row)
+        PaintRow(row, area);
 }
 
-int ListPainter::RowHeight(const QFontMetrics& metrics) {
-    return std::max(metrics.height(), PictureSize) + 2;
-}
-
-int ListPainter::CellWidth(const ListModel& model, int row, int column, const QFont& font,
-                           const ImageList* pictures) {
-    const QFontMetrics metrics(model.Bold(row, column) ? Emboldened(font) : font);
-    return metrics.horizontalAdvance(model.Text(row, column).left(MaxShownText)) + 2 * Margin + 1 +
-           PictureSpace(column, pictures) + CheckBoxSpace(column, model);
-}
-
-void ListPainter::PaintRowBackground(const QRect& rowRect, int row) {
-    if (model_.IsSelected(row))
-        painter_.fillRect(rowRect, palette_.brush(group_, QPalette::Highlight));
-}
-
-void ListPainter::PaintCell(const QRect& cellRect, int row, int column) {
-    PaintProgress(cellRect, row, column);
-    QRect space = cellRect.adjusted(Margin + CheckBoxSpace(column, model_), 0, -Margin, 0);
-    if (column == 1 && pictures_ != nullptr) {
-        const QRect place(space.x(), space.y() + (space.height() - PictureSize) / 2, PictureSize,
-                          PictureSize);
-        const QIcon picture = pictures_->Picture(model_.PictureKey(row));
-        if (!picture.isNull() && place.right() < cellRect.right())
-            picture.paint(&painter_, place);
-        space.setLeft(space.x() + PictureSpace(column, pictures_));
+void ListPainter::PaintRow(int row, const QRect& area) {
+    cells_.PaintRowBackground(places_.Row(row), row);
+    for (int column = 1; column <= model_.ColumnCount(); ++column) {
+        const QRect cell = places_.Cell(row, column);
+        if (cell.intersects(area))
+            cells_.PaintCell(cell, row, column);
     }
-    QString text = model_.Text(row, column);
-    if (text.isEmpty() || space.width() <= 0)
-        return;
-    text.truncate(MaxShownText);
-    const QFont& font = model_.Bold(row, column) ? boldFont_ : font_;
-    painter_.setFont(font);
-    painter_.setPen(TextColor(row, column));
-    // A text of several lines is shown in one.
-    painter_.drawText(space, int(model_.Alignment(column) | Qt::AlignVCenter) | Qt::TextSingleLine,
-                      QFontMetrics(font).elidedText(text, Qt::ElideRight, space.width()));
+    if (model_.CheckBoxes())
+        PaintCheckBox(row);
+    if (row == model_.CurrentRow() && list_.hasFocus())
+        PaintFocus(row);
 }
 
-/// The part of the cell that is done, and the note at the right if the cell's text leaves room.
-void ListPainter::PaintProgress(const QRect& cellRect, int row, int column) {
-    const std::optional<ListModel::Progress> progress = model_.ProgressOf(row, column);
-    if (!progress)
-        return;
-    const QColor text = TextColor(row, column);
-    const QColor back =
-        palette_.color(group_, model_.IsSelected(row) ? QPalette::Highlight : QPalette::Base);
-    QRect done = cellRect.adjusted(0, 1, -1, -1);
-    done.setWidth(int(std::lround(done.width() * std::clamp(progress->share, 0.0, 1.0))));
-    painter_.fillRect(done, Mixed(back, text, ProgressShade));
-
-    const QFontMetrics metrics(font_);
-    const int taken = CellWidth(model_, row, column, font_, pictures_);
-    const int needed = metrics.horizontalAdvance(progress->note) + 2 * Margin;
-    if (taken + needed > cellRect.width())
-        return;
-    painter_.setFont(font_);
-    painter_.setPen(text);
-    painter_.drawText(cellRect.adjusted(0, 0, -Margin, 0), int(Qt::AlignRight | Qt::AlignVCenter),
-                      progress->note);
+void ListPainter::PaintCheckBox(int row) {
+    QStyleOptionViewItem box;
+    box.initFrom(&list_);
+    box.rect = places_.CheckBox(row);
+    box.state |= model_.Checked(row) ? QStyle::State_On : QStyle::State_Off;
+    box.state &= ~QStyle::State_HasFocus;
+    list_.style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter_, &list_);
 }
 
-QColor ListPainter::GridColor() const {
-    return Mixed(palette_.color(group_, QPalette::Base), palette_.color(group_, QPalette::Text),
-                 0.15);
+void ListPainter::PaintFocus(int row) {
+    QStyleOptionFocusRect frame;
+    frame.initFrom(&list_);
+    frame.rect = places_.Row(row);
+    frame.state |= QStyle::State_KeyboardFocusChange; // some styles show none without it
+    list_.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter_, &list_);
 }
 
-QColor ListPainter::TextColor(int row, int column) const {
-    if (model_.IsSelected(row))
-        return palette_.color(group_, QPalette::HighlightedText);
-    const QColor own = model_.ForeColor(row, column);
-    return own.isValid() ? Legible(own, palette_.color(group_, QPalette::Base), MinimumContrast)
-                         : palette_.color(group_, QPalette::Text);
+void ListPainter::PaintGrid(const QRect& area) {
+    painter_.setPen(cells_.GridColor());
+    for (int row = places_.RowAt(area.top()); places_.RowTop(row) <= area.bottom() + 1; ++row) {
+        const int y = places_.RowTop(row) - 1;
+        painter_.drawLine(area.left(), y, area.right(), y);
+    }
+    for (int column = 1; column <= model_.ColumnCount(); ++column) {
+        const int x = places_.Cell(1, column).right();
+        if (!list_.horizontalHeader()->isSectionHidden(column - 1))
+            painter_.drawLine(x, area.top(), x, area.bottom());
+    }
 }
 
 } // namespace netrove

@@ -1,49 +1,34 @@
 #pragma once
 
+#include "controls/CellPainter.h"
+#include "controls/ListPlaces.h"
+
 #include <QPainter>
 #include <QPalette>
-#include <QStyleOption>
+#include <QTableView>
 
 namespace netrove {
 
-class ImageList;
-class ListModel;
-
-/// Paints the rows of a ListView.
+/// Paints what can be seen of a ListView's rows: the cells, check boxes, the keyboard's mark and
+/// the grid.
 class ListPainter {
 public:
-    /// The edge of a row's picture and the space left free around pictures and texts, in pixels.
-    static constexpr int PictureSize = 16;
-    static constexpr int Margin = 3;
+    ListPainter(const QTableView& list, const ListModel& model, QPainter& painter);
 
-    ListPainter(QPainter& painter, const ListModel& model, const QFont& font,
-                const QPalette& palette, QPalette::ColorGroup group, const ImageList* pictures);
-
-    /// Where the check box of a row stands in the row's first cell.
-    [[nodiscard]] static QRect CheckBoxPlace(const QRect& cellRect);
-
-    [[nodiscard]] static int RowHeight(const QFontMetrics& metrics);
-
-    /// The width that a cell needs to show all of its text.
-    [[nodiscard]] static int CellWidth(const ListModel& model, int row, int column,
-                                       const QFont& font, const ImageList* pictures);
-
-    void PaintRowBackground(const QRect& rowRect, int row);
-    void PaintCell(const QRect& cellRect, int row, int column);
-
-    [[nodiscard]] QColor GridColor() const;
+    void PaintRows(const QRect& area);
+    void PaintGrid(const QRect& area);
 
 private:
-    void PaintProgress(const QRect& cellRect, int row, int column);
-    [[nodiscard]] QColor TextColor(int row, int column) const;
+    void PaintRow(int row, const QRect& area);
+    void PaintCheckBox(int row);
+    void PaintFocus(int row);
 
-    QPainter& painter_;
+    const QTableView& list_;
     const ListModel& model_;
-    QFont font_;
-    QFont boldFont_;
-    const QPalette& palette_;
-    QPalette::ColorGroup group_;
-    const ImageList* pictures_;
+    const ListPlaces places_{list_};
+    QPainter& painter_;
+    const QPalette colors_;
+    CellPainter cells_;
 };
 
 } // namespace netrove

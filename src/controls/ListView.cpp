@@ -1,6 +1,7 @@
 #include "controls/ListView.h"
 
-#include "controls/Color.h"
+#include "controls/CellPainter.h"
+#include "controls/ListColors.h"
 #include "controls/ListHeader.h"
 #include "controls/ListPainter.h"
 #include "controls/Twips.h"
@@ -15,45 +16,6 @@
 #include <utility>
 
 namespace netrove {
-
-namespace {
-
-/// The selection on a background of the list's own.
-constexpr QColor SelectionColor(0x2A, 0x6F, 0xB5);
-
-/// The colours that depend on the list's background.
-constexpr QPalette::ColorRole BackgroundRoles[] = {QPalette::Base, QPalette::Text,
-                                                   QPalette::Highlight, QPalette::HighlightedText};
-
-/// Sets colours that can be read on a background, whatever the desktop's are.
-void SetColorsOn(const QColor& background, QPalette& palette) {
-    const QColor text = ReadableOn(background);
-    palette.setColor(QPalette::Base, background);
-    palette.setColor(QPalette::Text, text);
-    palette.setColor(QPalette::Disabled, QPalette::Text, Mixed(background, text, 0.5));
-    palette.setColor(QPalette::Highlight, Mixed(background, text, 0.25));
-    palette.setColor(QPalette::HighlightedText, text);
-    palette.setColor(QPalette::Active, QPalette::Highlight, SelectionColor);
-    palette.setColor(QPalette::Active, QPalette::HighlightedText, ReadableOn(SelectionColor));
-}
-
-/// What of a control's palette was set on the control itself, but for some roles.
-QPalette OwnColors(const QPalette& palette, std::span<const QPalette::ColorRole> without) {
-    QPalette own;
-    for (int number = 0; number < QPalette::NColorRoles; ++number) {
-        const auto role = static_cast<QPalette::ColorRole>(number);
-        if (std::find(without.begin(), without.end(), role) != without.end())
-            continue;
-        for (const QPalette::ColorGroup group :
-             {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-            if (palette.isBrushSet(group, role))
-                own.setBrush(group, role, palette.brush(group, role));
-        }
-    }
-    return own;
-}
-
-} // namespace
 
 ListView::ListView(QWidget* parent)
     : QTableView(parent), model_(new ListModel(this)), header_(new ListHeader(this)) {
@@ -108,35 +70,6 @@ int ListView::Add(const QString& text, const QString& smallIcon) {
     return model_->Add(text, smallIcon);
 }
 
-QString ListView::SubItem(int row, int number) const {
-    return model_->Text(row, SubItemColumn(number));
-}
-void ListView::SetSubItem(int row, int number, const QString& text) {
-    model_->SetText(row, SubItemColumn(number), text);
-}
-
-bool ListView::SubItemBold(int row, int number) const {
-    return model_->Bold(row, SubItemColumn(number));
-}
-void ListView::SetSubItemBold(int row, int number, bool bold) {
-    model_->SetBold(row, SubItemColumn(number), bold);
-}
-
-QColor ListView::SubItemForeColor(int row, int number) const {
-    return model_->ForeColor(row, SubItemColumn(number));
-}
-void ListView::SetSubItemForeColor(int row, int number, const QColor& color) {
-    model_->SetForeColor(row, SubItemColumn(number), color);
-}
-
-std::optional<ListModel::Progress> ListView::Progress(int row, int number) const {
-    return model_->ProgressOf(row, SubItemColumn(number));
-}
-void ListView::SetProgress(int row, int number,
-                           const std::optional<ListModel::Progress>& progress) {
-    model_->SetProgress(row, SubItemColumn(number), progress);
-}
-
 std::vector<int> ListView::SelectedRows() const {
     std::vector<int> rows;
     rows.reserve(std::size_t(SelectedCount()));
@@ -168,33 +101,9 @@ void ListView::SetSmallIcons(ImageList* smallIcons) {
     viewport()->update();
 }
 
-void ListView::SetSorted(bool sorted) {
-    if (!sorted)
-        SortIfPending();
-    else if (!sorted_)
-        NotePendingSort();
-    sorted_ = sorted;
-}
-
-void ListView::SetSortKey(int sortKey) {
-    model_->CheckColumn(sortKey + 1);
-    sortKey_ = sortKey;
-    if (sorted_)
-        NotePendingSort();
-}
-
-void ListView::SetSortOrder(Qt::SortOrder order) {
-    sortOrder_ = order;
-    if (sorted_)
-        NotePendingSort();
-}
-
 void ListView::SetBackColor(const QColor& color) {
     backColor_ = color;
-    QPalette colors = OwnColors(palette(), BackgroundRoles);
-    if (color.isValid())
-        SetColorsOn(color, colors);
-    setPalette(colors);
+    setPalette(WithListColors(palette(), color));
 }
 
 void ListView::SetGridLines(bool gridLines) {
@@ -208,7 +117,7 @@ void ListView::SetDragContent(DragContent content) {
 }
 
 void ListView::Flush() {
-    SortIfPending();
+    sorting_.SortIfPending();
     delayed_.Done();
     const int rowsBefore = model_->rowCount();
     switch (model_->Flush()) {
@@ -219,10 +128,10 @@ void ListView::Flush() {
         break;
     case ListModel::Flushed::Everything:
         executeDelayedItemsLayout();
-        ShowSelection();
+        selection_.Show();
         break;
     case ListModel::Flushed::Selection:
-        ShowSelection();
+        selection_.Show();
         break;
     }
 }
@@ -233,11 +142,11 @@ void ListView::Refresh() {
 }
 
 void ListView::scrollTo(const QModelIndex& index, ScrollHint /*hint*/) {
-    if (!index.isValid() || showingSelection_)
+    if (!index.isValid() || selection_.IsShowing())
         return;
     executeDelayedItemsLayout();
     QScrollBar& bar = *verticalScrollBar();
-    const int page = std::max(viewport()->height() / RowHeight(), 1);
+    const int page = std::max(viewport()->height() / places_.RowHeight(), 1);
     bar.setValue(std::clamp(bar.value(), index.row() - page + 1, index.row()));
 }
 
@@ -253,30 +162,12 @@ void ListView::selectAll() {
     QTableView::selectAll();
 }
 
-bool ListView::event(QEvent* event) {
-    delayed_.FlushBefore(*event);
-    return QTableView::event(event);
-}
-
-bool ListView::viewportEvent(QEvent* event) {
-    delayed_.FlushBefore(*event);
-    return QTableView::viewportEvent(event);
-}
-
 void ListView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
-    const QPalette colors = palette();
-    const QPalette::ColorGroup group = !isEnabled()       ? QPalette::Disabled
-                                       : isActiveWindow() ? QPalette::Active
-                                                          : QPalette::Inactive;
-    ListPainter cells(painter, *model_, font(), colors, group, SmallIcons());
-    const QRect area = event->rect();
-    const int first = std::max((area.top() - RowTop(1)) / RowHeight() + 1, 1);
-    const int last = std::min((area.bottom() - RowTop(1)) / RowHeight() + 1, Count());
-    for (int row = first; row <= last; ++row)
-        PaintRow(painter, cells, row, area);
+    ListPainter rows(*this, *model_, painter);
+    rows.PaintRows(event->rect());
     if (gridLines_)
-        PaintGrid(painter, cells.GridColor(), area);
+        rows.PaintGrid(event->rect());
 }
 
 void ListView::changeEvent(QEvent* event) {
@@ -353,7 +244,7 @@ void ListView::contextMenuEvent(QContextMenuEvent* event) {
     // The mouse's were raised when its button went down.
     if (event->reason() != QContextMenuEvent::Keyboard)
         return;
-    const int below = CurrentRow() == 0 ? 0 : RowTop(CurrentRow() + 1);
+    const int below = CurrentRow() == 0 ? 0 : places_.RowTop(CurrentRow() + 1);
     Q_EMIT RightButtonDown(
         viewport()->mapToGlobal(QPoint(0, std::clamp(below, 0, viewport()->height()))));
 }
@@ -372,18 +263,12 @@ void ListView::focusOutEvent(QFocusEvent* event) {
 
 void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QTableView::selectionChanged(selected, deselected);
-    if (showingSelection_)
-        return;
-    for (const QItemSelectionRange& range : deselected)
-        model_->TakeSelection(range.top(), range.bottom(), false);
-    for (const QItemSelectionRange& range : selected)
-        model_->TakeSelection(range.top(), range.bottom(), true);
+    selection_.Take(selected, deselected);
 }
 
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
-    if (!showingSelection_)
-        model_->TakeCurrentRow(current.row());
+    selection_.TakeCurrent(current);
     viewport()->update();
 }
 
@@ -413,7 +298,7 @@ int ListView::sizeHintForColumn(int column) const {
     int width = 0;
     for (int row = 1; row <= Count(); ++row) {
         width =
-            std::max(width, ListPainter::CellWidth(*model_, row, column + 1, font(), SmallIcons()));
+            std::max(width, CellPainter::CellWidth(*model_, row, column + 1, font(), SmallIcons()));
     }
     return width;
 }
@@ -424,109 +309,28 @@ int ListView::SubItemColumn(int number) {
     return number + 1;
 }
 
-void ListView::SortIfPending() {
-    if (std::exchange(sortPending_, false) && Count() > 0)
-        model_->Sort(sortKey_ + 1, sortOrder_);
-}
-
-void ListView::NotePendingSort() {
-    sortPending_ = true;
-    delayed_.Schedule();
-}
-
 void ListView::ShowAppendedRows(int firstRow) {
     // Without this the table would paint all of its rows again.
     const QScopedValueRollback appending(appending_, true);
     executeDelayedItemsLayout();
-    const int top = RowTop(firstRow);
+    const int top = places_.RowTop(firstRow);
     if (top < viewport()->height())
         viewport()->update(0, top, viewport()->width(), viewport()->height() - top);
 }
 
-void ListView::ShowSelection() {
-    const QScopedValueRollback showing(showingSelection_, true);
-    QItemSelection selection;
-    for (int first = NextSelected(1), last = 0; first != 0; first = NextSelected(last + 1)) {
-        last = first;
-        while (last < Count() && Selected(last + 1))
-            ++last;
-        selection.append(QItemSelectionRange(model_->index(first - 1, 0),
-                                             model_->index(last - 1, ColumnCount() - 1)));
-    }
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    selectionModel()->setCurrentIndex(model_->index(CurrentRow() - 1, 0),
-                                      QItemSelectionModel::NoUpdate);
-    viewport()->update();
-}
-
-int ListView::RowHeight() const {
-    return verticalHeader()->defaultSectionSize();
-}
-
-int ListView::RowTop(int row) const {
-    return (row - 1) * RowHeight() - verticalHeader()->offset();
-}
-
 void ListView::UpdateRowHeight() {
-    verticalHeader()->setDefaultSectionSize(ListPainter::RowHeight(fontMetrics()));
-}
-
-QRect ListView::FirstCell(int row) const {
-    return {columnViewportPosition(0), RowTop(row), header_->sectionSize(0), RowHeight()};
+    verticalHeader()->setDefaultSectionSize(CellPainter::RowHeight(fontMetrics()));
 }
 
 /// The row whose check box is at this place, 0 if there's none.
 int ListView::CheckBoxAt(const QPoint& position) const {
     const int row = indexAt(position).row() + 1;
-    return CheckBoxes() && row > 0 && ListPainter::CheckBoxPlace(FirstCell(row)).contains(position)
-               ? row
-               : 0;
+    return CheckBoxes() && row > 0 && places_.CheckBox(row).contains(position) ? row : 0;
 }
 
 void ListView::ToggleCheckBox(int row) {
     SetChecked(row, !Checked(row));
     Q_EMIT ItemCheck(row);
-}
-
-void ListView::PaintCheckBox(QPainter& painter, int row) {
-    QStyleOptionViewItem box;
-    box.initFrom(this);
-    box.rect = ListPainter::CheckBoxPlace(FirstCell(row));
-    box.state |= Checked(row) ? QStyle::State_On : QStyle::State_Off;
-    box.state &= ~QStyle::State_HasFocus;
-    style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, this);
-}
-
-void ListView::PaintRow(QPainter& painter, ListPainter& cells, int row, const QRect& area) {
-    const QRect rowRect(-header_->offset(), RowTop(row), header_->length(), RowHeight());
-    cells.PaintRowBackground(rowRect, row);
-    for (int column = 1; column <= ColumnCount(); ++column) {
-        const QRect cell(columnViewportPosition(column - 1), rowRect.top(),
-                         header_->sectionSize(column - 1), rowRect.height());
-        if (cell.intersects(area))
-            cells.PaintCell(cell, row, column);
-    }
-    if (CheckBoxes())
-        PaintCheckBox(painter, row);
-    if (row == CurrentRow() && hasFocus()) {
-        QStyleOptionFocusRect frame;
-        frame.initFrom(this);
-        frame.rect = rowRect;
-        frame.state |= QStyle::State_KeyboardFocusChange; // some styles show none without it
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
-    }
-}
-
-void ListView::PaintGrid(QPainter& painter, const QColor& color, const QRect& area) {
-    painter.setPen(color);
-    for (int row = (area.top() - RowTop(1)) / RowHeight() + 1; RowTop(row) <= area.bottom() + 1;
-         ++row)
-        painter.drawLine(area.left(), RowTop(row) - 1, area.right(), RowTop(row) - 1);
-    for (int column = 0; column < ColumnCount(); ++column) {
-        const int x = columnViewportPosition(column) + header_->sectionSize(column) - 1;
-        if (!header_->isSectionHidden(column))
-            painter.drawLine(x, area.top(), x, area.bottom());
-    }
 }
 
 } // namespace netrove

@@ -2,6 +2,9 @@
 
 #include "controls/DelayedFlush.h"
 #include "controls/ListModel.h"
+#include "controls/ListPlaces.h"
+#include "controls/ListSelection.h"
+#include "controls/ListSorting.h"
 
 #include <QMimeData>
 #include <QPointer>
@@ -15,7 +18,6 @@ namespace netrove {
 
 class ImageList;
 class ListHeader;
-class ListPainter;
 
 /// A list of rows with columns of text under a header: what shows the found files and the
 /// downloads. Rows and columns are counted from 1; sub-item n stands in column n + 1. A row,
@@ -57,8 +59,12 @@ public:
 
     [[nodiscard]] QString Text(int row) const { return model_->Text(row, 1); }
     void SetText(int row, const QString& text) { model_->SetText(row, 1, text); }
-    [[nodiscard]] QString SubItem(int row, int number) const;
-    void SetSubItem(int row, int number, const QString& text);
+    [[nodiscard]] QString SubItem(int row, int number) const {
+        return model_->Text(row, SubItemColumn(number));
+    }
+    void SetSubItem(int row, int number, const QString& text) {
+        model_->SetText(row, SubItemColumn(number), text);
+    }
     [[nodiscard]] QString SmallIcon(int row) const { return model_->PictureKey(row); }
 
     /// Whether each row has a check box, which the space bar changes, and a click on it, which then
@@ -74,15 +80,27 @@ public:
     void SetBold(int row, bool bold) { model_->SetBold(row, 1, bold); }
     [[nodiscard]] QColor ForeColor(int row) const { return model_->ForeColor(row, 1); }
     void SetForeColor(int row, const QColor& color) { model_->SetForeColor(row, 1, color); }
-    [[nodiscard]] bool SubItemBold(int row, int number) const;
-    void SetSubItemBold(int row, int number, bool bold);
-    [[nodiscard]] QColor SubItemForeColor(int row, int number) const;
-    void SetSubItemForeColor(int row, int number, const QColor& color);
+    [[nodiscard]] bool SubItemBold(int row, int number) const {
+        return model_->Bold(row, SubItemColumn(number));
+    }
+    void SetSubItemBold(int row, int number, bool bold) {
+        model_->SetBold(row, SubItemColumn(number), bold);
+    }
+    [[nodiscard]] QColor SubItemForeColor(int row, int number) const {
+        return model_->ForeColor(row, SubItemColumn(number));
+    }
+    void SetSubItemForeColor(int row, int number, const QColor& color) {
+        model_->SetForeColor(row, SubItemColumn(number), color);
+    }
 
     /// How far the work that a sub-item tells of has come: a bar behind its text, with the note
     /// beside it where there is room, and as the tool tip. One sub-item of a row has it at most.
-    [[nodiscard]] std::optional<ListModel::Progress> Progress(int row, int number) const;
-    void SetProgress(int row, int number, const std::optional<ListModel::Progress>& progress);
+    [[nodiscard]] std::optional<ListModel::Progress> Progress(int row, int number) const {
+        return model_->ProgressOf(row, SubItemColumn(number));
+    }
+    void SetProgress(int row, int number, const std::optional<ListModel::Progress>& progress) {
+        model_->SetProgress(row, SubItemColumn(number), progress);
+    }
 
     [[nodiscard]] bool Selected(int row) const { return model_->IsSelected(row); }
     void SetSelected(int row, bool selected);
@@ -110,12 +128,12 @@ public:
     /// Sorting happens once for each time that Sorted is switched on: by the text of the column
     /// with the number SortKey + 1, without regard to case, in the order of the locale. The rows
     /// are in their new order when Sorted is switched off again, or earlier.
-    [[nodiscard]] bool Sorted() const { return sorted_; }
-    void SetSorted(bool sorted);
-    [[nodiscard]] int SortKey() const { return sortKey_; }
-    void SetSortKey(int sortKey);
-    [[nodiscard]] Qt::SortOrder SortOrder() const { return sortOrder_; }
-    void SetSortOrder(Qt::SortOrder order);
+    [[nodiscard]] bool Sorted() const { return sorting_.IsOn(); }
+    void SetSorted(bool sorted) { sorting_.SetOn(sorted); }
+    [[nodiscard]] int SortKey() const { return sorting_.Key(); }
+    void SetSortKey(int sortKey) { sorting_.SetKey(sortKey); }
+    [[nodiscard]] Qt::SortOrder SortOrder() const { return sorting_.Order(); }
+    void SetSortOrder(Qt::SortOrder order) { sorting_.SetOrder(order); }
 
     /// The colour behind the rows; text and selection get colours that are readable on it. One
     /// that isn't valid gives the desktop's colours.
@@ -162,8 +180,6 @@ public:
     void selectAll() override;
 
 protected:
-    bool event(QEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -184,34 +200,23 @@ protected:
 
 private:
     [[nodiscard]] static int SubItemColumn(int number);
-    void SortIfPending();
-    void NotePendingSort();
     void ShowAppendedRows(int firstRow);
-    void ShowSelection();
-    [[nodiscard]] int RowHeight() const;
-    [[nodiscard]] int RowTop(int row) const;
     void UpdateRowHeight();
-    [[nodiscard]] QRect FirstCell(int row) const;
     [[nodiscard]] int CheckBoxAt(const QPoint& position) const;
     void ToggleCheckBox(int row);
-    void PaintCheckBox(QPainter& painter, int row);
-    void PaintRow(QPainter& painter, ListPainter& cells, int row, const QRect& area);
-    void PaintGrid(QPainter& painter, const QColor& color, const QRect& area);
 
     ListModel* model_;
     ListHeader* header_;
-    DelayedFlush delayed_{[this] { Flush(); }};
+    DelayedFlush delayed_{*this, [this] { Flush(); }};
+    ListSorting sorting_{*model_, delayed_};
+    ListSelection selection_{*this, *model_};
+    const ListPlaces places_{*this};
     DragContent dragContent_;
     QPointer<ImageList> icons_;
     QColor backColor_;
     bool gridLines_ = false;
     int pressedCheckBox_ = 0; ///< the row whose box the left button went down on
-    bool sorted_ = false;
-    bool sortPending_ = false;
-    int sortKey_ = 0;
-    Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
-    bool appending_ = false;        ///< the layout that goes on only adds rows at the end
-    bool showingSelection_ = false; ///< the model's selection is being told to the view
+    bool appending_ = false;  ///< the layout that goes on only adds rows at the end
 };
 
 } // namespace netrove

@@ -93,16 +93,6 @@ void TreeView::Refresh() {
     viewport()->repaint();
 }
 
-bool TreeView::event(QEvent* event) {
-    delayed_.FlushBefore(*event);
-    return QTreeView::event(event);
-}
-
-bool TreeView::viewportEvent(QEvent* event) {
-    delayed_.FlushBefore(*event);
-    return QTreeView::viewportEvent(event);
-}
-
 void TreeView::keyPressEvent(QKeyEvent* event) {
     // Reading what is below a node can take long: one key never expands more than one.
     if (event->key() == Qt::Key_Asterisk)

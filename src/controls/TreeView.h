@@ -81,8 +81,6 @@ Q_SIGNALS:
     void MouseDown(Qt::MouseButton button, const QPoint& position);
 
 protected:
-    bool event(QEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -98,7 +96,7 @@ private:
     void RaiseExpand();
 
     TreeModel* model_;
-    DelayedFlush delayed_{[this] { Flush(); }};
+    DelayedFlush delayed_{*this, [this] { Flush(); }};
     QTimer expandTimer_;
     QString toScrollTo_;
     QStringList toRaise_; ///< expanded by the user, not raised yet

@@ -80,12 +80,7 @@ void DownloadQueue::SetCopier(CopyQ* copier) {
 }
 
 void DownloadQueue::lvwResults_DblClick() {
-    std::optional<RunTimeError> failure;
-    try {
-        QueueSelected();
-    } catch (...) {
-        failure = CurrentFailure();
-    }
+    const auto failure = FailureOf([this] { QueueSelected(); });
     // What was queued before a failure is served too.
     if (controls_.lvwDownloads.Count() > 0) {
         for (QTimer* timer : {DloadScanTmr_, DloadQueueTmr_}) {
@@ -94,9 +89,7 @@ void DownloadQueue::lvwResults_DblClick() {
         }
     }
     controls_.window.unsetCursor();
-    if (failure)
-        services_.dialogs.Failure(failure->Number(), failure->Description(),
-                                  QStringLiteral("Error in Results Col DblClick"));
+    services_.dialogs.Failure(failure, QStringLiteral("Error in Results Col DblClick"));
 }
 
 void DownloadQueue::QueueSelected() {

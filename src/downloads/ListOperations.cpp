@@ -63,15 +63,6 @@ void ListOperations::CopyFiles(const ListView& list) {
             RowFiles(list, list.SelectedRows(), services_.shell).release());
 }
 
-void ListOperations::Trapped(const QString& title, const std::function<void()>& work) {
-    try {
-        work();
-    } catch (...) {
-        const RunTimeError error = CurrentFailure();
-        services_.dialogs.Failure(error.Number(), error.Description(), title);
-    }
-}
-
 void ListOperations::lvwResults_ColumnClick(int column) {
     Sort(controls_.lvwResults, column, QStringLiteral("Error in Results Col Click"));
     controls_.window.unsetCursor();
@@ -82,7 +73,7 @@ void ListOperations::lvwDownloads_ColumnClick(int column) {
 }
 
 void ListOperations::Sort(ListView& list, int column, const QString& failureTitle) {
-    Trapped(failureTitle, [&] {
+    services_.dialogs.Trap(failureTitle, [&] {
         if (list.Count() == 0)
             return;
         const bool isResults = &list == &controls_.lvwResults;
@@ -96,7 +87,8 @@ void ListOperations::Sort(ListView& list, int column, const QString& failureTitl
 }
 
 void ListOperations::lvwDownloads_MouseDown(const QPoint& globalPosition) {
-    Trapped(QStringLiteral("Error in DL MouseDown"), [&] { ShowDownloadsMenu(globalPosition); });
+    services_.dialogs.Trap(QStringLiteral("Error in DL MouseDown"),
+                           [&] { ShowDownloadsMenu(globalPosition); });
 }
 
 void ListOperations::ShowDownloadsMenu(const QPoint& globalPosition) {
@@ -122,7 +114,8 @@ void ListOperations::ShowDownloadsMenu(const QPoint& globalPosition) {
 }
 
 void ListOperations::lvwResults_MouseDown(const QPoint& globalPosition) {
-    Trapped(QStringLiteral("Error in Results MouseDown"), [&] { ShowResultsMenu(globalPosition); });
+    services_.dialogs.Trap(QStringLiteral("Error in Results MouseDown"),
+                           [&] { ShowResultsMenu(globalPosition); });
     controls_.window.unsetCursor();
 }
 
@@ -204,7 +197,7 @@ void ListOperations::ErrDescMnu_Click() {
 }
 
 void ListOperations::cmdClearLst_Click() {
-    Trapped(QStringLiteral("Error in clearing"), [this] { ClearLists(); });
+    services_.dialogs.Trap(QStringLiteral("Error in clearing"), [this] { ClearLists(); });
     controls_.lvwResults.setUpdatesEnabled(true);
     controls_.picListHolder.update();
     controls_.lvwResults.Refresh();

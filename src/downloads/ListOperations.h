@@ -15,8 +15,6 @@
 #include <QLabel>
 #include <QMenu>
 
-#include <functional>
-
 namespace netrove {
 
 /// What the two lists of the main window do under the mouse and the keyboard: sorting, pop-up
@@ -94,7 +92,6 @@ public:
     void cmdClearLst_Click();
 
 private:
-    void Trapped(const QString& title, const std::function<void()>& work);
     void Sort(ListView& list, int column, const QString& failureTitle);
     void ShowDownloadsMenu(const QPoint& globalPosition);
     void ShowResultsMenu(const QPoint& globalPosition);

@@ -1,5 +1,8 @@
 #include "logons/LogonControls.h"
 
+#include "controls/NamedControls.h"
+#include "runtime/SourceText.h"
+
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -16,8 +19,7 @@ constexpr int ListLines = 10;
 constexpr int BarCharacters = 16;
 
 QPushButton* MakeButton(const char* name, const QString& caption, QWidget& parent) {
-    auto* button = new QPushButton(caption, &parent);
-    button->setObjectName(QString::fromLatin1(name));
+    QPushButton* button = NamedButton(parent, Text(name), caption);
     button->setAutoDefault(false);
     return button;
 }

@@ -1,12 +1,13 @@
 #include "logons/frmLogon.h"
 
+#include "controls/HelpKey.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "platform/network/UncPath.h"
+#include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -23,7 +24,7 @@ constexpr int FieldMargin = 16;
 
 QLineEdit* MakeLine(const char* name, QWidget* parent) {
     auto* line = new QLineEdit(parent);
-    line->setObjectName(QString::fromLatin1(name));
+    line->setObjectName(Text(name));
     line->setMaxLength(MaxText);
     line->setProperty(TagProperty, QStringLiteral("NOCOLOR"));
     return line;
@@ -159,9 +160,7 @@ Secret frmLogon::TakePassword() {
 }
 
 void frmLogon::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

@@ -1,10 +1,10 @@
 #include "logons/frmLogons.h"
 
+#include "controls/HelpKey.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "platform/network/UncPath.h"
 
 #include <QCoreApplication>
-#include <QKeyEvent>
 #include <QPointer>
 #include <QSignalBlocker>
 #include <QTextDocument>
@@ -275,9 +275,7 @@ void frmLogons::cmdCancel_Click() {
 }
 
 void frmLogons::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

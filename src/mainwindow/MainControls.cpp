@@ -1,7 +1,9 @@
 #include "mainwindow/MainControls.h"
 
+#include "controls/NamedControls.h"
 #include "controls/Twips.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
+#include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 
 #include <QProxyStyle>
@@ -32,33 +34,6 @@ public:
                                             : QProxyStyle::pixelMetric(metric, option, widget);
     }
 };
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
-
-/// An element of a control array: "mnuSkin(3)" and so on.
-QString Element(const char* name, std::size_t index) {
-    return Text(name) + u'(' + QString::number(index) + u')';
-}
-
-template <typename Widget>
-Widget* Named(Widget* widget, const QString& name, const char* toolTip = "") {
-    widget->setObjectName(name);
-    widget->setToolTip(Text(toolTip));
-    return widget;
-}
-
-QPushButton* Button(QWidget& parent, const char* name, const char* caption, const char* toolTip) {
-    return Named(new QPushButton(Text(caption), &parent), Text(name), toolTip);
-}
-
-/// Names and texts come from outside, so that no label may read them as anything but text.
-QLabel* Label(QWidget* parent, const char* name, const char* caption) {
-    auto* label = Named(new QLabel(Text(caption), parent), Text(name));
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
 
 void SetTag(QWidget& control, const char* tag) {
     control.setProperty(TagProperty, Text(tag));
@@ -133,7 +108,10 @@ constexpr Column DownloadColumns[] = {
 MainControls::MainControls(QWidget& inner, const QString& webAddress)
     : imgPreIconsLg(32), imgPreIconsSm(16), imgSysIconsSm(16), imgSysIconsLg(32) {
     MakeTabs(inner);
+    MakeHidden(inner);
+    MakeButtons(inner);
     MakeInputs(inner);
+    MakeFilePictures(inner);
     MakeLabels(inner, webAddress);
     MakeDecoration(inner);
     TagForSkins();
@@ -164,38 +142,44 @@ void MainControls::MakeTabs(QWidget& inner) {
     SSTab1->tabBar()->setStyle(tabStyle);
 
     QWidget* results = TabPage();
-    RetFileLbl = Label(results, "RetFileLbl", "---");
+    RetFileLbl = NamedLabel(*results, Text("RetFileLbl"), Text("---"));
     lvwResults = Named(new ListView(results), Text("lvwResults"));
     lvwResults->setAccessibleName(Text("Results"));
     AddColumns(*lvwResults, ResultColumns);
     SSTab1->addTab(results, Text("Results"));
 
     QWidget* downloads = TabPage();
-    DownloadLbl = Label(downloads, "DownloadLbl", "---");
+    DownloadLbl = NamedLabel(*downloads, Text("DownloadLbl"), Text("---"));
     lvwDownloads = Named(new ListView(downloads), Text("lvwDownloads"));
     lvwDownloads->setAccessibleName(Text("Downloads"));
     AddColumns(*lvwDownloads, DownloadColumns);
     SSTab1->addTab(downloads, Text("Downloads"));
 }
 
-void MainControls::MakeInputs(QWidget& inner) {
+void MainControls::MakeHidden(QWidget& inner) {
     for (std::size_t index = 0; index < picResource.size(); ++index)
-        picResource[index] = HiddenWidget(inner, Element("picResource", index));
+        picResource[index] = HiddenWidget(inner, ElementName("picResource", index));
     picIconLg = HiddenWidget(inner, Text("picIconLg"));
     picIconSm = HiddenWidget(inner, Text("picIconSm"));
+}
 
-    cmdInpNetNode = Button(inner, "cmdInpNetNode", "<>", "Input a network node manually");
+void MainControls::MakeButtons(QWidget& inner) {
+    cmdInpNetNode =
+        NamedButton(inner, Text("cmdInpNetNode"), Text("<>"), "Input a network node manually");
     chkRecurse = Named(new QCheckBox(Text("&Recurse Folders:"), &inner), Text("chkRecurse"),
                        "Select this to search file system subfolders");
     chkRecurse->setLayoutDirection(Qt::RightToLeft);
     chkRecurse->setChecked(true);
-    cmdClearLst =
-        Button(inner, "cmdClearLst", "&Clear All", "Clear the grids and search parameter list");
-    cmdStartSearch = Button(inner, "cmdStartSearch", "&Start Searching", "Start the search");
-    cmdAbandon = Button(inner, "cmdAbandon", "&Abort", "Abort the search");
-    cmdSetSearchStart =
-        Button(inner, "cmdSetSearchStart", "&...", "Browse for a node on the network");
+    cmdClearLst = NamedButton(inner, Text("cmdClearLst"), Text("&Clear All"),
+                              "Clear the grids and search parameter list");
+    cmdStartSearch =
+        NamedButton(inner, Text("cmdStartSearch"), Text("&Start Searching"), "Start the search");
+    cmdAbandon = NamedButton(inner, Text("cmdAbandon"), Text("&Abort"), "Abort the search");
+    cmdSetSearchStart = NamedButton(inner, Text("cmdSetSearchStart"), Text("&..."),
+                                    "Browse for a node on the network");
+}
 
+void MainControls::MakeInputs(QWidget& inner) {
     txtSearchStart =
         Named(new QLineEdit(&inner), Text("txtSearchStart"), "Selected node for search");
     txtSearchStart->setReadOnly(true);
@@ -213,10 +197,12 @@ void MainControls::MakeInputs(QWidget& inner) {
     LstSearchFor->setCompleter(nullptr);
     LstSearchFor->setEditText(Text("*.mp3"));
     LstSearchFor->setAccessibleName(Text("Search For:"));
+}
 
+void MainControls::MakeFilePictures(QWidget& inner) {
     const qreal devicePixelRatio = inner.devicePixelRatioF();
     for (std::size_t index = 0; index < imgFiles.size(); ++index) {
-        imgFiles[index] = Named(new QLabel(&inner), Element("imgFiles", index),
+        imgFiles[index] = Named(new QLabel(&inner), ElementName("imgFiles", index),
                                 "Right-click for predefined search parameters");
         imgFiles[index]->setPixmap(
             FileKindsIcon(index == 0).pixmap(QSize(PictureSize, PictureSize), devicePixelRatio));
@@ -225,9 +211,9 @@ void MainControls::MakeInputs(QWidget& inner) {
 }
 
 void MainControls::MakeLabels(QWidget& inner, const QString& webAddress) {
-    Label1 = Label(&inner, "Label1", "Search For:");
-    Label2 = Label(&inner, "Label2", "Search Within This Node:");
-    HyperLbl = Label(&inner, "HyperLbl", "");
+    Label1 = NamedLabel(inner, Text("Label1"), Text("Search For:"));
+    Label2 = NamedLabel(inner, Text("Label2"), Text("Search Within This Node:"));
+    HyperLbl = NamedLabel(inner, Text("HyperLbl"), Text(""));
     HyperLbl->setText(webAddress);
     Label1->setBuddy(LstSearchFor);
     Label2->setBuddy(txtSearchStart);
@@ -242,9 +228,9 @@ void MainControls::MakeDecoration(QWidget& inner) {
     Line1 = Frame(inner, Text("Line1"), QFrame::HLine);
     for (std::size_t index = 0; index < Lne.size(); ++index)
         Lne[index] =
-            Frame(inner, Element("Lne", index), index >= 2 ? QFrame::HLine : QFrame::VLine);
+            Frame(inner, ElementName("Lne", index), index >= 2 ? QFrame::HLine : QFrame::VLine);
     for (std::size_t index = 0; index < RecShp.size(); ++index)
-        RecShp[index] = Frame(inner, Element("RecShp", index), QFrame::Box);
+        RecShp[index] = Frame(inner, ElementName("RecShp", index), QFrame::Box);
 }
 
 void MainControls::TagForSkins() const {

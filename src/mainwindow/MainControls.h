@@ -65,7 +65,10 @@ struct MainControls {
 
 private:
     void MakeTabs(QWidget& inner);
+    void MakeHidden(QWidget& inner);
+    void MakeButtons(QWidget& inner);
     void MakeInputs(QWidget& inner);
+    void MakeFilePictures(QWidget& inner);
     void MakeLabels(QWidget& inner, const QString& webAddress);
     void MakeDecoration(QWidget& inner);
     void TagForSkins() const;

@@ -155,10 +155,6 @@ void MainMenu::AddItem(QMenu& menu, const QString& name, const QString& caption)
     items_.insert(name, item);
 }
 
-QString MainMenu::Element(const char* name, int index) {
-    return QString::fromLatin1(name) + u'(' + QString::number(index) + u')';
-}
-
 QAction* MainMenu::Item(const QString& name) const {
     if (QAction* item = items_.value(name))
         return item;

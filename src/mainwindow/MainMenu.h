@@ -23,9 +23,6 @@ public:
     /// Fills `bar`; the pop-up menus become children of `window`.
     MainMenu(QMenuBar& bar, QWidget& window, QStringList withheld);
 
-    /// The name of an item that shares its first part with others: "mnuSkin(3)" and so on.
-    [[nodiscard]] static QString Element(const char* name, int index);
-
     /// The item or menu with that name. Raises ErrorNumber::KeyNotFound.
     [[nodiscard]] QAction* Item(const QString& name) const;
     [[nodiscard]] QMenu* Menu(const QString& name) const;

@@ -1,14 +1,9 @@
 #include "mainwindow/MenuConnections.h"
 
+#include "controls/NamedControls.h"
+#include "runtime/SourceText.h"
+
 namespace netrove {
-namespace {
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
-
-} // namespace
-
 QStringList MenuConnections::Withheld(const ProgramServices& services) {
     QStringList items;
     if (!services.report)
@@ -27,7 +22,7 @@ void MenuConnections::Connect(const char* name, const std::function<void()>& wor
 void MenuConnections::Connect(const char* name, std::initializer_list<int> indices,
                               const std::function<void(int)>& work) {
     for (const int index : indices)
-        menu_.Connect(MainMenu::Element(name, index), &context_, [work, index] { work(index); });
+        menu_.Connect(ElementName(name, size_t(index)), &context_, [work, index] { work(index); });
 }
 
 void MenuConnections::ConnectFileMenu(ResultsFile& resultsFile,

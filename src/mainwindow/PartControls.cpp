@@ -1,14 +1,9 @@
 #include "mainwindow/PartControls.h"
 
+#include "controls/NamedControls.h"
+#include "runtime/SourceText.h"
+
 namespace netrove {
-namespace {
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
-
-} // namespace
-
 QMenu& PartControls::Menu(const char* name) const {
     return *menu_.Menu(Text(name));
 }
@@ -138,7 +133,7 @@ SkinSelection::Controls PartControls::ForSkins() const {
 SkinSelection::Menu PartControls::SkinMenu() const {
     SkinSelection::Menu menu{.mnuSkin = {}, .mnuSkinCust = &Item("mnuSkinCust")};
     for (int index = 0; index <= SkinSelection::LastSkin; ++index)
-        menu.mnuSkin[size_t(index)] = menu_.Item(MainMenu::Element("mnuSkin", index));
+        menu.mnuSkin[size_t(index)] = menu_.Item(ElementName("mnuSkin", size_t(index)));
     return menu;
 }
 

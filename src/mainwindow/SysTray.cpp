@@ -1,7 +1,6 @@
 #include "mainwindow/SysTray.h"
 
 #include "mainwindow/FlyingFrame.h"
-#include "runtime/RunTimeError.h"
 
 #include <QEvent>
 #include <QWindow>
@@ -152,13 +151,7 @@ void SysTray::mnuMin_Click() {
 
 void SysTray::WithTrap(std::function<void()> work) {
     WhenInTray([this, work = std::move(work)] {
-        try {
-            work();
-        } catch (...) {
-            const RunTimeError error = CurrentFailure();
-            services_.dialogs.Failure(error.Number(), error.Description(),
-                                      QStringLiteral("Error in Restore"));
-        }
+        services_.dialogs.Trap(QStringLiteral("Error in Restore"), work);
     });
 }
 

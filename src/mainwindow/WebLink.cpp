@@ -1,7 +1,5 @@
 #include "mainwindow/WebLink.h"
 
-#include "runtime/RunTimeError.h"
-
 #include <QMouseEvent>
 
 #include <utility>
@@ -21,17 +19,13 @@ bool WebLink::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WebLink::HyperLbl_MouseDown() {
-    try {
+    services_.dialogs.Trap(QStringLiteral("Error in Hyperlink"), [this] {
         QPalette palette = HyperLbl_.palette();
         palette.setColor(QPalette::WindowText, Qt::red);
         HyperLbl_.setPalette(palette);
         services_.shell.ShellRun(services_.webAddress);
         window_.unsetCursor();
-    } catch (...) {
-        const RunTimeError error = CurrentFailure();
-        services_.dialogs.Failure(error.Number(), error.Description(),
-                                  QStringLiteral("Error in Hyperlink"));
-    }
+    });
 }
 
 } // namespace netrove

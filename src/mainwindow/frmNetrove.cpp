@@ -8,6 +8,7 @@
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "platform/ApplicationFolder.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "skins/frame/PaintedFrame.h"
 
 #include <QApplication>
@@ -22,10 +23,6 @@ namespace {
 
 /// How often the end of the session looks whether the running job has ended.
 constexpr std::chrono::milliseconds EndInterval{50};
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 QWidget* InnerWidget(QMainWindow& window) {
     auto* inner = new QWidget(&window);
@@ -210,19 +207,12 @@ void frmNetrove::Form_Load() {
     if (services_.newCopyQ)
         CopyDLL = services_.newCopyQ();
     queue_.SetCopier(CopyDLL.get());
-    std::optional<RunTimeError> failure;
-    try {
-        LoadSteps();
-    } catch (...) {
-        failure = CurrentFailure();
-    }
+    const auto failure = FailureOf([this] { LoadSteps(); });
     // The settings have the number as it is stored.
     if (settings_.SkinIndex < 0 || settings_.SkinIndex > SkinSelection::LastSkin)
         settings_.SkinIndex = 0;
     show();
-    if (failure)
-        services_.dialogs.Failure(failure->Number(), failure->Description(),
-                                  Text("frmNetrove.Form_Load Error"));
+    services_.dialogs.Failure(failure, Text("frmNetrove.Form_Load Error"));
 }
 
 void frmNetrove::LoadSteps() {

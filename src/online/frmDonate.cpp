@@ -1,16 +1,16 @@
 #include "online/frmDonate.h"
 
+#include "controls/HelpKey.h"
+#include "controls/NamedControls.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "online/webfiles/WebFile.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "skins/SkinControls.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QVBoxLayout>
-
-#include <optional>
 
 namespace netrove {
 namespace {
@@ -25,18 +25,6 @@ constexpr int Gap = 4;
 /// Characters of a caption that are looked at: more than any button has room for.
 constexpr qsizetype MaxCaption = 200;
 
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
-
-QPushButton* Button(const QString& name, const char* caption, const char* toolTip,
-                    QWidget* parent) {
-    auto* button = new QPushButton(Text(caption), parent);
-    button->setObjectName(name);
-    button->setToolTip(Text(toolTip));
-    return button;
-}
-
 QString WithoutScheme(const QString& address) {
     const QLatin1String mark("://");
     const qsizetype at = address.indexOf(mark);
@@ -49,8 +37,9 @@ frmDonate::frmDonate(const OnlineServices& services, QWidget* owner)
     : QDialog(owner)
     , services_(services)
     , txtDon_(new QPlainTextEdit(this))
-    , cmdUp_(Button(Text("cmdUp"), "&Get Links", "Get the links from the internet", this))
-    , cmdOK_(Button(Text("cmdOK"), "&Cancel", "Cancel", this)) {
+    , cmdUp_(
+          NamedButton(*this, Text("cmdUp"), Text("&Get Links"), "Get the links from the internet"))
+    , cmdOK_(NamedButton(*this, Text("cmdOK"), Text("&Cancel"), "Cancel")) {
     setObjectName(Text("frmDonate"));
     MakeControls();
     Arrange();
@@ -68,8 +57,8 @@ void frmDonate::MakeControls() {
     connect(cmdUp_, &QPushButton::clicked, this, &frmDonate::cmdUp_Click);
     connect(cmdOK_, &QPushButton::clicked, this, &frmDonate::reject);
     for (std::size_t index = 0; index < cmdLink_.size(); ++index) {
-        QPushButton* link = cmdLink_[index] = Button(QStringLiteral("cmdLink(%1)").arg(index), "",
-                                                     "Click here to go to the website", this);
+        QPushButton* link = cmdLink_[index] = NamedButton(
+            *this, ElementName("cmdLink", index), QString(), "Click here to go to the website");
         link->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         connect(link, &QPushButton::clicked, this,
                 [this, index] { services_.shell.ShellRun(LinkAddress_[index]); });
@@ -142,17 +131,14 @@ bool frmDonate::Check4File(QLatin1String path, QString& resp) {
 }
 
 void frmDonate::cmdUp_Click() {
-    std::optional<RunTimeError> failure;
-    try {
+    const auto failure = FailureOf([this] {
         cmdUp_->setEnabled(false);
         setCursor(Qt::WaitCursor);
         ResetLinks();
         for (QPushButton* link : cmdLink_)
             link->setEnabled(false);
         GetDonationLinks();
-    } catch (...) {
-        failure = CurrentFailure();
-    }
+    });
     cmdUp_->setEnabled(true);
     unsetCursor();
     if (failure)
@@ -196,9 +182,7 @@ void frmDonate::SayUnread() {
 }
 
 void frmDonate::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

@@ -1,14 +1,16 @@
 #include "online/frmUpdate.h"
 
+#include "controls/HelpKey.h"
+#include "controls/NamedControls.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "online/webfiles/WebFile.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "skins/SkinControls.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace netrove {
@@ -22,32 +24,18 @@ constexpr int TallHeight = 4770;
 constexpr int Margin = 5;
 constexpr int Gap = 4;
 
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
-
 QString Lines(const QStringList& lines) {
     return lines.join(QLatin1String("\r\n"));
 }
 
-QPushButton* Button(const char* name, const QString& caption, const char* toolTip,
-                    QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(Text(name));
-    button->setToolTip(Text(toolTip));
-    return button;
-}
-
 QLabel* Label(const char* name, const char* caption, QWidget* parent) {
-    auto* label = new QLabel(Text(caption), parent);
-    label->setObjectName(Text(name));
+    auto* label = Named(new QLabel(Text(caption), parent), Text(name));
     label->setWordWrap(true);
     return label;
 }
 
 QFrame* Frame(const char* name, QFrame::Shape shape, QWidget* parent) {
-    auto* frame = new QFrame(parent);
-    frame->setObjectName(Text(name));
+    auto* frame = Named(new QFrame(parent), Text(name));
     frame->setFrameShape(shape);
     frame->setFrameShadow(QFrame::Plain);
     return frame;
@@ -66,13 +54,13 @@ frmUpdate::frmUpdate(const OnlineServices& services, QWidget* owner)
     , Label2_(Label("Label2",
                     "Please ensure that you are connected to the internet before proceeding.",
                     this))
-    , cmdCheck_(Button("cmdCheck", Text("Check For &Update"), "Check It", this))
-    , cmdCancel_(Button("cmdCancel", Text("&Cancel"), "Cancel", this))
-    , cmdLink_(
-          Button("cmdLink", services.webAddress, "Click here to go to the official site", this))
+    , cmdCheck_(NamedButton(*this, Text("cmdCheck"), Text("Check For &Update"), "Check It"))
+    , cmdCancel_(NamedButton(*this, Text("cmdCancel"), Text("&Cancel"), "Cancel"))
+    , cmdLink_(NamedButton(*this, Text("cmdLink"), services.webAddress,
+                           "Click here to go to the official site"))
     , Line1_(Frame("Line1", QFrame::HLine, this))
     , txtInfo_(new QPlainTextEdit(this))
-    , cmdDown_(Button("cmdDown", Text("Download New Version"), "Download It", this)) {
+    , cmdDown_(NamedButton(*this, Text("cmdDown"), Text("Download New Version"), "Download It")) {
     setObjectName(Text("frmUpdate"));
     MakeControls();
     Arrange();
@@ -268,9 +256,7 @@ void frmUpdate::cmdLink_Click() {
 }
 
 void frmUpdate::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

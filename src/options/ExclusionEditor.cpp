@@ -2,6 +2,7 @@
 
 #include "mainwindow/windowservices/SortListView.h"
 #include "options/NodeTypes.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 
@@ -12,10 +13,6 @@ namespace {
 
 /// The sub-item that has the type.
 constexpr int TypeItem = 1;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 /// An entry of the settings, taken apart.
 struct Entry {
@@ -38,16 +35,6 @@ struct Entry {
 };
 
 } // namespace
-
-template <typename Work>
-void ExclusionEditor::Trapped(const char* title, Work work) {
-    try {
-        work();
-    } catch (...) {
-        const RunTimeError failure = CurrentFailure();
-        services_.dialogs.Failure(failure.Number(), failure.Description(), Text(title));
-    }
-}
 
 void ExclusionEditor::Load() {
     list_.Clear();
@@ -88,7 +75,7 @@ int ExclusionEditor::RowOf(const QString& name, const QString& type) const {
 }
 
 void ExclusionEditor::ColumnClick(int column) {
-    Trapped("Error in Network Node Col Click", [&] {
+    services_.dialogs.Trap(Text("Error in Network Node Col Click"), [&] {
         if (list_.Count() == 0)
             return;
         SortListView(list_, column, column, false, services_.dialogs);
@@ -97,7 +84,7 @@ void ExclusionEditor::ColumnClick(int column) {
 }
 
 void ExclusionEditor::DeletePressed() {
-    Trapped("ListView KeyDown Error", [this] {
+    services_.dialogs.Trap(Text("ListView KeyDown Error"), [this] {
         if (services_.dialogs.Message(MessageIcon::Question, Text("Delete the selected nodes?"),
                                       Text("Delete Nodes?"),
                                       MessageButtons::YesNo) == MessageAnswer::Yes)
@@ -110,7 +97,7 @@ void ExclusionEditor::MouseDown(const QPoint& globalPosition) {
 }
 
 void ExclusionEditor::mnuRemSel_Click() {
-    Trapped("Error while removing node", [this] { RemoveSelected(); });
+    services_.dialogs.Trap(Text("Error while removing node"), [this] { RemoveSelected(); });
 }
 
 void ExclusionEditor::RemoveSelected() {
@@ -121,7 +108,7 @@ void ExclusionEditor::RemoveSelected() {
 }
 
 void ExclusionEditor::mnuAddDef_Click() {
-    Trapped("frmOpts.mnuAddDef_Click Error", [this] { AddDefaults(); });
+    services_.dialogs.Trap(Text("frmOpts.mnuAddDef_Click Error"), [this] { AddDefaults(); });
 }
 
 void ExclusionEditor::AddDefaults() {
@@ -143,7 +130,7 @@ void ExclusionEditor::AddDefaults() {
 }
 
 void ExclusionEditor::mnuAddNetNode_Click() {
-    Trapped("Error in Menu AddNetNode", [this] {
+    services_.dialogs.Trap(Text("Error in Menu AddNetNode"), [this] {
         const QString node = services_.askForNode();
         if (!Trim(node).isEmpty())
             AddAskedNode(node);

@@ -47,8 +47,6 @@ public:
     void mnuAddDef_Click();
 
 private:
-    template <typename Work>
-    void Trapped(const char* title, Work work);
     void AddRow(const QString& name, bool enabled, const QString& type);
     [[nodiscard]] int RowOf(const QString& name, const QString& type) const;
     void AddAskedNode(const QString& node);

@@ -2,6 +2,7 @@
 
 #include "controls/ListHeader.h"
 #include "options/NodeTypes.h"
+#include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 
 #include <QHBoxLayout>
@@ -21,15 +22,6 @@ constexpr int ListRows = 5;
 constexpr double SampleHeight = 2.5;
 /// Average characters of the widest field that holds a path.
 constexpr int PathCharacters = 24;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
-
-QPushButton* MakeButton(QWidget& parent, const char* name, const char* caption,
-                        const char* toolTip = "") {
-    return Named(new QPushButton(Text(caption), &parent), Text(name), toolTip);
-}
 
 QCheckBox* MakeCheck(QWidget& parent, const char* name, const char* caption,
                      const char* toolTip = "") {
@@ -82,8 +74,8 @@ void OptionControls::MakeGeneral() {
     txtFont->setCursorPosition(0);
     txtFont->setFixedHeight(int(txtFont->sizeHint().height() * SampleHeight));
     sample.AddRow(*txtFont);
-    cmdChangeFont = MakeButton(sample.Widget(), "cmdChangeFont", "Change Font",
-                               "Select a specific font for the list windows");
+    cmdChangeFont = NamedButton(sample.Widget(), Text("cmdChangeFont"), Text("Change Font"),
+                                "Select a specific font for the list windows");
     sample.AddAtRight(*cmdChangeFont);
     page.AddStretch();
 }
@@ -203,10 +195,10 @@ void OptionControls::MakeMenu(QDialog& dialog) {
 }
 
 void OptionControls::MakeButtons(QDialog& dialog) {
-    cmdDefaults = MakeButton(dialog, "cmdDefaults", "&Defaults");
-    cmdApply = MakeButton(dialog, "cmdApply", "&Apply");
-    OKCmd = MakeButton(dialog, "OKCmd", "&OK");
-    CancelCmd = MakeButton(dialog, "CancelCmd", "&Cancel");
+    cmdDefaults = NamedButton(dialog, Text("cmdDefaults"), Text("&Defaults"));
+    cmdApply = NamedButton(dialog, Text("cmdApply"), Text("&Apply"));
+    OKCmd = NamedButton(dialog, Text("OKCmd"), Text("&OK"));
+    CancelCmd = NamedButton(dialog, Text("CancelCmd"), Text("&Cancel"));
     OKCmd->setDefault(true);
     auto* buttons = new QHBoxLayout;
     for (QPushButton* button : {cmdDefaults, cmdApply, OKCmd, CancelCmd}) {

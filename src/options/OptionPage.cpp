@@ -1,5 +1,6 @@
 #include "options/OptionPage.h"
 
+#include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 
 #include <QButtonGroup>
@@ -8,10 +9,6 @@
 
 namespace netrove {
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 QWidget& AddTab(QTabWidget& tabs, const char* caption) {
     auto* page = new QWidget(&tabs);
@@ -140,7 +137,7 @@ QRadioButton* MakeOption(QWidget& parent, const char* name, const char* caption,
 }
 
 QPushButton* MakeBrowseButton(QWidget& parent, const char* name, const char* toolTip) {
-    auto* button = Named(new QPushButton(Text("&..."), &parent), Text(name), toolTip);
+    auto* button = NamedButton(parent, Text(name), Text("&..."), toolTip);
     button->setAccessibleName(button->toolTip());
     button->setFixedWidth(button->sizeHint().height() * 3 / 2);
     return button;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/NamedControls.h"
+
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -23,14 +25,6 @@ struct YesNoOptions {
     [[nodiscard]] bool IsYes() const { return Yes->isChecked(); }
     void Set(bool yes) const { (yes ? Yes : No)->setChecked(true); }
 };
-
-/// A control by its name, which becomes its object name.
-template <typename Widget>
-Widget* Named(Widget* widget, const QString& name, const char* toolTip = "") {
-    widget->setObjectName(name);
-    widget->setToolTip(QString::fromLatin1(toolTip));
-    return widget;
-}
 
 /// Puts the rows of an option page below each other: labels on the left, what they stand beside on
 /// the right. A label is the buddy of its control, and names it to assistive tools.

@@ -4,6 +4,7 @@
 #include "controls/FontSize.h"
 #include "mainwindow/services/NetworkNodes.h"
 #include "mainwindow/services/Paths.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
 #include <QDir>
@@ -15,10 +16,6 @@ constexpr quint32 White = 0xFFFFFF;
 constexpr qint16 SizeInMegaBytes = 1;
 constexpr qint16 SizeInKiloBytes = 2;
 constexpr qint16 SizeInBytes = 3;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 /// What lists take of a font: the rest is for the sample alone.
 QFont ListFont(QFont font, const QFont& sample) {

@@ -1,17 +1,17 @@
 #include "options/frmAddNetNode.h"
 
+#include "controls/HelpKey.h"
 #include "mainwindow/services/Paths.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "options/OptionPage.h"
 #include "options/modBrowse.h"
-#include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "skins/SkinControls.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -38,10 +38,6 @@ constexpr std::array<TypeOption, NodeTypes.size()> TypeOptions{{{"optFolder", "&
                                                                 {"optWorkgroup", "&Workgroup"},
                                                                 {"optNetwork", "&Network"}}};
 
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
-
 QGroupBox* MakeFrame(QWidget& parent, const char* name, const char* caption) {
     auto* frame = Named(new QGroupBox(Text(caption), &parent), Text(name));
     frame->setProperty(TagProperty, Text("FORE"));
@@ -66,8 +62,8 @@ frmAddNetNode::frmAddNetNode(const Services& services, const QWidget* owner, QWi
 
 void frmAddNetNode::MakeControls() {
     auto* buttons = new QHBoxLayout;
-    auto* cmdOK = Named(new QPushButton(Text("&OK"), this), Text("cmdOK"));
-    auto* cmdCancel = Named(new QPushButton(Text("&Cancel"), this), Text("cmdCancel"));
+    auto* cmdOK = NamedButton(*this, Text("cmdOK"), Text("&OK"));
+    auto* cmdCancel = NamedButton(*this, Text("cmdCancel"), Text("&Cancel"));
     connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
     connect(cmdCancel, &QPushButton::clicked, this, [this] { reject(); });
     cmdOK->setDefault(true);
@@ -132,18 +128,8 @@ void frmAddNetNode::TypeChosen() {
         Text(browsable ? "Input manually -OR- browse for the network node." : "Input manually."));
 }
 
-template <typename Work>
-void frmAddNetNode::Trapped(const char* title, Work work) {
-    try {
-        work();
-    } catch (...) {
-        const RunTimeError failure = CurrentFailure();
-        services_.dialogs.Failure(failure.Number(), failure.Description(), Text(title));
-    }
-}
-
 void frmAddNetNode::cmdBrNetNode_Click() {
-    Trapped("Browse Error...", [this] {
+    services_.dialogs.Trap(Text("Browse Error..."), [this] {
         QString answer;
         if (types_[FolderType]->isChecked())
             answer = BrowseForFolder(Text("Select a folder"), false, services_.dialogs);
@@ -162,7 +148,7 @@ QString frmAddNetNode::ParseFolder(const QString& fullPath) {
 }
 
 void frmAddNetNode::cmdOK_Click() {
-    Trapped(ErrorTitle, [this] {
+    services_.dialogs.Trap(Text(ErrorTitle), [this] {
         const QString name = Trim(txtNetNodeName_->text());
         if (name.isEmpty()) {
             Complain("Empty network node!");
@@ -193,9 +179,7 @@ void frmAddNetNode::reject() {
 }
 
 void frmAddNetNode::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

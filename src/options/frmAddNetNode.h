@@ -53,8 +53,6 @@ private:
     void cmdBrNetNode_Click();
     void cmdOK_Click();
     void Complain(const char* text);
-    template <typename Work>
-    void Trapped(const char* title, Work work);
 
     Services services_;
     DialogSkin skin_;

@@ -1,16 +1,14 @@
 #include "options/frmOpts.h"
 
 #include "controls/Color.h"
+#include "controls/HelpKey.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "options/frmAddNetNode.h"
 #include "options/modBrowse.h"
 #include "runtime/Formats.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
-
-#include <QKeyEvent>
-
-#include <optional>
 
 namespace netrove {
 namespace {
@@ -19,10 +17,6 @@ namespace {
 constexpr QSize ClientSize(6030, 4995);
 /// What a chooser's failure is that means no more than that the user has cancelled it.
 constexpr int CancelledByUser = 32755;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 } // namespace
 
@@ -45,7 +39,7 @@ frmOpts::frmOpts(const OptionServices& services, QWidget* owner)
 }
 
 void frmOpts::Form_Load() {
-    try {
+    services_.dialogs.Trap(Text("frmOpts.Form_Load Error"), [this] {
         SetClientSize(*this, ClientSize.width(), ClientSize.height());
         skin_.Load(*this, services_.skin, ClientSize);
         FixSizeAroundContents(*this);
@@ -54,11 +48,7 @@ void frmOpts::Form_Load() {
         controls_.SSTab1->setCurrentIndex(OptionControls::General);
         values_.Load();
         controls_.cmdApply->setEnabled(false);
-    } catch (...) {
-        const RunTimeError failure = CurrentFailure();
-        services_.dialogs.Failure(failure.Number(), failure.Description(),
-                                  Text("frmOpts.Form_Load Error"));
-    }
+    });
 }
 
 void frmOpts::ConnectControls() {
@@ -144,19 +134,16 @@ void frmOpts::BrowseFolCmd_Click() {
 }
 
 void frmOpts::cmdChangeFont_Click() {
-    try {
+    const auto failure = FailureOf([this] {
         CharSetFont font = values_.SampleFont();
         quint32 color = FromColor(controls_.txtFont->palette().color(QPalette::Text));
         if (!PickFont(font, color, services_.dialogs))
             return;
         values_.ShowSampleFont(font);
         EnableApply();
-    } catch (...) {
-        const RunTimeError failure = CurrentFailure();
-        if (failure.Number() != CancelledByUser)
-            services_.dialogs.Failure(failure.Number(), failure.Description(),
-                                      Text("Options Error..."));
-    }
+    });
+    if (failure && failure->Number() != CancelledByUser)
+        services_.dialogs.Failure(failure, Text("Options Error..."));
 }
 
 void frmOpts::cmdDefaults_Click() {
@@ -169,17 +156,12 @@ void frmOpts::cmdApply_Click() {
         ApplyFailed_ = true;
         return;
     }
-    std::optional<RunTimeError> failure;
-    try {
+    const auto failure = FailureOf([this] {
         values_.Take();
         ApplyFailed_ = false;
-    } catch (...) {
-        failure = CurrentFailure();
-    }
+    });
     controls_.cmdApply->setEnabled(false);
-    if (failure)
-        services_.dialogs.Failure(failure->Number(), failure->Description(),
-                                  Text("Options Error..."));
+    services_.dialogs.Failure(failure, Text("Options Error..."));
 }
 
 void frmOpts::OKCmd_Click() {
@@ -189,9 +171,7 @@ void frmOpts::OKCmd_Click() {
 }
 
 void frmOpts::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

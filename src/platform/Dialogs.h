@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/RunTimeError.h"
+
 #include <QString>
 
 #include <optional>
@@ -67,10 +69,20 @@ public:
     /// user cancels.
     [[nodiscard]] virtual std::optional<ChosenFont> ChooseFont(const ChosenFont& font) = 0;
 
-    /// The usual box for a run-time failure: critical icon, number, CR LF, description.
-    void Failure(int number, const QString& description, const QString& title) {
-        Message(MessageIcon::Critical,
-                QString::number(number) + QStringLiteral("\r\n") + description, title);
+    /// The usual box for a run-time failure, if there is one: critical icon, number, CR LF,
+    /// description.
+    void Failure(const std::optional<RunTimeError>& failure, const QString& title) {
+        if (failure)
+            Message(MessageIcon::Critical,
+                    QString::number(failure->Number()) + QStringLiteral("\r\n") +
+                        failure->Description(),
+                    title);
+    }
+
+    /// Does the work up to its first failure, which is shown in the usual box.
+    template <typename Work>
+    void Trap(const QString& title, Work work) {
+        Failure(FailureOf(work), title);
     }
 };
 

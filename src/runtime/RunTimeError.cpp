@@ -1,8 +1,52 @@
 #include "runtime/RunTimeError.h"
 
+#include <algorithm>
+#include <iterator>
 #include <new>
 
 namespace netrove {
+namespace {
+
+struct Description {
+    ErrorNumber number;
+    const char* text;
+};
+
+constexpr Description Descriptions[] = {
+    {ErrorNumber::InvalidProcedureCall,
+     QT_TRANSLATE_NOOP("RunTimeError", "Invalid procedure call or argument")},
+    {ErrorNumber::Overflow, QT_TRANSLATE_NOOP("RunTimeError", "Overflow")},
+    {ErrorNumber::OutOfMemory, QT_TRANSLATE_NOOP("RunTimeError", "Out of memory")},
+    {ErrorNumber::SubscriptOutOfRange, QT_TRANSLATE_NOOP("RunTimeError", "Subscript out of range")},
+    {ErrorNumber::DivisionByZero, QT_TRANSLATE_NOOP("RunTimeError", "Division by zero")},
+    {ErrorNumber::TypeMismatch, QT_TRANSLATE_NOOP("RunTimeError", "Type mismatch")},
+    {ErrorNumber::InternalError, QT_TRANSLATE_NOOP("RunTimeError", "Internal error")},
+    {ErrorNumber::FileNotFound, QT_TRANSLATE_NOOP("RunTimeError", "File not found")},
+    {ErrorNumber::BadFileMode, QT_TRANSLATE_NOOP("RunTimeError", "Bad file mode")},
+    {ErrorNumber::FileAlreadyOpen, QT_TRANSLATE_NOOP("RunTimeError", "File already open")},
+    {ErrorNumber::DeviceIOError, QT_TRANSLATE_NOOP("RunTimeError", "Device I/O error")},
+    {ErrorNumber::FileAlreadyExists, QT_TRANSLATE_NOOP("RunTimeError", "File already exists")},
+    {ErrorNumber::DiskFull, QT_TRANSLATE_NOOP("RunTimeError", "Disk full")},
+    {ErrorNumber::TooManyFiles, QT_TRANSLATE_NOOP("RunTimeError", "Too many files")},
+    {ErrorNumber::DeviceUnavailable, QT_TRANSLATE_NOOP("RunTimeError", "Device unavailable")},
+    {ErrorNumber::PermissionDenied, QT_TRANSLATE_NOOP("RunTimeError", "Permission denied")},
+    {ErrorNumber::DiskNotReady, QT_TRANSLATE_NOOP("RunTimeError", "Disk not ready")},
+    {ErrorNumber::PathFileAccessError, QT_TRANSLATE_NOOP("RunTimeError", "Path/File access error")},
+    {ErrorNumber::PathNotFound, QT_TRANSLATE_NOOP("RunTimeError", "Path not found")},
+    {ErrorNumber::ObjectNotSet, QT_TRANSLATE_NOOP("RunTimeError", "Object variable not set")},
+    {ErrorNumber::InvalidPatternString,
+     QT_TRANSLATE_NOOP("RunTimeError", "Invalid pattern string")},
+    {ErrorNumber::InvalidPropertyValue,
+     QT_TRANSLATE_NOOP("RunTimeError", "Invalid property value")},
+    {ErrorNumber::CannotCreateObject,
+     QT_TRANSLATE_NOOP("RunTimeError", "Component can't create object")},
+    {ErrorNumber::KeyNotUnique,
+     QT_TRANSLATE_NOOP("RunTimeError",
+                       "This key is already associated with an element of this collection")},
+    {ErrorNumber::KeyNotFound, QT_TRANSLATE_NOOP("RunTimeError", "Element not found")},
+};
+
+} // namespace
 
 RunTimeError::RunTimeError(ErrorNumber number)
     : RunTimeError(static_cast<int>(number), ErrorDescription(static_cast<int>(number))) {}
@@ -11,62 +55,14 @@ RunTimeError::RunTimeError(int number, QString description)
     : number_(number), description_(std::move(description)), what_(description_.toUtf8()) {}
 
 QString ErrorDescription(int number) {
-    switch (static_cast<ErrorNumber>(number)) {
-    case ErrorNumber::None:
+    if (number == static_cast<int>(ErrorNumber::None))
         return QString();
-    case ErrorNumber::InvalidProcedureCall:
-        return RunTimeError::tr("Invalid procedure call or argument");
-    case ErrorNumber::Overflow:
-        return RunTimeError::tr("Overflow");
-    case ErrorNumber::OutOfMemory:
-        return RunTimeError::tr("Out of memory");
-    case ErrorNumber::SubscriptOutOfRange:
-        return RunTimeError::tr("Subscript out of range");
-    case ErrorNumber::DivisionByZero:
-        return RunTimeError::tr("Division by zero");
-    case ErrorNumber::TypeMismatch:
-        return RunTimeError::tr("Type mismatch");
-    case ErrorNumber::InternalError:
-        return RunTimeError::tr("Internal error");
-    case ErrorNumber::FileNotFound:
-        return RunTimeError::tr("File not found");
-    case ErrorNumber::BadFileMode:
-        return RunTimeError::tr("Bad file mode");
-    case ErrorNumber::FileAlreadyOpen:
-        return RunTimeError::tr("File already open");
-    case ErrorNumber::DeviceIOError:
-        return RunTimeError::tr("Device I/O error");
-    case ErrorNumber::FileAlreadyExists:
-        return RunTimeError::tr("File already exists");
-    case ErrorNumber::DiskFull:
-        return RunTimeError::tr("Disk full");
-    case ErrorNumber::TooManyFiles:
-        return RunTimeError::tr("Too many files");
-    case ErrorNumber::DeviceUnavailable:
-        return RunTimeError::tr("Device unavailable");
-    case ErrorNumber::PermissionDenied:
-        return RunTimeError::tr("Permission denied");
-    case ErrorNumber::DiskNotReady:
-        return RunTimeError::tr("Disk not ready");
-    case ErrorNumber::PathFileAccessError:
-        return RunTimeError::tr("Path/File access error");
-    case ErrorNumber::PathNotFound:
-        return RunTimeError::tr("Path not found");
-    case ErrorNumber::ObjectNotSet:
-        return RunTimeError::tr("Object variable not set");
-    case ErrorNumber::InvalidPatternString:
-        return RunTimeError::tr("Invalid pattern string");
-    case ErrorNumber::InvalidPropertyValue:
-        return RunTimeError::tr("Invalid property value");
-    case ErrorNumber::CannotCreateObject:
-        return RunTimeError::tr("Component can't create object");
-    case ErrorNumber::KeyNotUnique:
-        return RunTimeError::tr(
-            "This key is already associated with an element of this collection");
-    case ErrorNumber::KeyNotFound:
-        return RunTimeError::tr("Element not found");
-    }
-    return RunTimeError::tr("Application-defined or object-defined error");
+    const auto* const known =
+        std::ranges::find(Descriptions, static_cast<ErrorNumber>(number), &Description::number);
+    return RunTimeError::tr(
+        known == std::end(Descriptions)
+            ? QT_TRANSLATE_NOOP("RunTimeError", "Application-defined or object-defined error")
+            : known->text);
 }
 
 RunTimeError CurrentFailure() {

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <exception>
+#include <optional>
 
 namespace netrove {
 
@@ -63,5 +64,16 @@ private:
 /// The failure that is being handled, called inside a catch: a RunTimeError as it is, a lack of
 /// memory as ErrorNumber::OutOfMemory, any other exception as ErrorNumber::InternalError.
 [[nodiscard]] RunTimeError CurrentFailure();
+
+/// Takes a step; gives what it failed with, nothing where it hasn't.
+template <typename Step>
+std::optional<RunTimeError> FailureOf(Step step) {
+    try {
+        step();
+    } catch (...) {
+        return CurrentFailure();
+    }
+    return std::nullopt;
+}
 
 } // namespace netrove

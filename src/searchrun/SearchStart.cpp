@@ -35,8 +35,7 @@ void SearchStart::cmdInpNetNode_Click() {
 }
 
 void SearchStart::mnuInpNetNode_Click(int index) {
-    std::optional<RunTimeError> failure;
-    try {
+    const auto failure = FailureOf([&] {
         if (index == Workstation)
             InputNode({.prompt = QStringLiteral(
                            "What is the name of the workstation, computer, or server?"),
@@ -56,13 +55,9 @@ void SearchStart::mnuInpNetNode_Click(int index) {
                        .path = &SearchStart::WorkgroupPath});
         else if (index == Root)
             SetToRoot();
-    } catch (...) {
-        failure = CurrentFailure();
-    }
+    });
     controls_.window.unsetCursor();
-    if (failure)
-        services_.dialogs.Failure(failure->Number(), failure->Description(),
-                                  QStringLiteral("Error in setting Network node"));
+    services_.dialogs.Failure(failure, QStringLiteral("Error in setting Network node"));
 }
 
 void SearchStart::InputNode(const Question& question) {
@@ -119,13 +114,7 @@ void SearchStart::ChooseStartNode(bool isWinXP) {
 }
 
 void SearchStart::cmdSetSearchStart_Click() {
-    try {
-        Browse();
-    } catch (...) {
-        const RunTimeError error = CurrentFailure();
-        services_.dialogs.Failure(error.Number(), error.Description(),
-                                  QStringLiteral("Error in browsing network"));
-    }
+    services_.dialogs.Trap(QStringLiteral("Error in browsing network"), [this] { Browse(); });
     Yield();
     jobControls_.EnableButtons(true, JobKind::Browsing);
 }

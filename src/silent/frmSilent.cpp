@@ -1,12 +1,12 @@
 #include "silent/frmSilent.h"
 
+#include "controls/HelpKey.h"
 #include "controls/ListHeader.h"
 #include "controls/Twips.h"
 
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -97,9 +97,7 @@ void frmSilent::CopyRows() const {
 }
 
 void frmSilent::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

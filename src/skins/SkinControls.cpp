@@ -88,13 +88,18 @@ public:
         if (tag == QLatin1String("NOCOLOR")) {
             if (control.autoFillBackground())
                 KeepDesktopSurface(control);
-            return;
+        } else if (IsAny<QAbstractItemView>(&control)) {
+            KeepDesktopSurface(control); // its edges and its header are the window's else
+        } else {
+            QPalette palette = control.palette();
+            if (ColorByKind(control, tag, palette))
+                control.setPalette(palette);
         }
-        if (IsAny<QAbstractItemView>(&control)) { // its edges and its header are the window's else
-            KeepDesktopSurface(control);
-            return;
-        }
-        QPalette palette = control.palette();
+    }
+
+private:
+    /// False for a control that is left as it is.
+    [[nodiscard]] bool ColorByKind(QWidget& control, const QString& tag, QPalette& palette) const {
         switch (KindOf(control)) {
         case Kind::Tabs:
             ColorTabs(static_cast<QTabWidget&>(control), palette);
@@ -130,12 +135,11 @@ public:
             SetField(palette, windowColor_, foreColor_);
             break;
         case Kind::Other:
-            return;
+            return false;
         }
-        control.setPalette(palette);
+        return true;
     }
 
-private:
     /// The pages keep the desktop's buttons.
     void ColorTabs(QTabWidget& tabs, QPalette& palette) const {
         if (!hasSkin_)

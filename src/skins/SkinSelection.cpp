@@ -2,6 +2,7 @@
 
 #include "controls/Color.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "skins/SkinControls.h"
 #include "skins/SkinPalette.h"
@@ -11,17 +12,11 @@
 #include <QApplication>
 #include <QEvent>
 
-#include <optional>
-
 namespace netrove {
 namespace {
 
 /// What a text in a colour of the table needs on the desktop's background.
 constexpr double MinimumContrast = 3;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 QString Section(int skinIndex) {
     return Text("SkinProperties_") + QString::number(skinIndex);
@@ -30,15 +25,9 @@ QString Section(int skinIndex) {
 /// Runs the steps up to the first failure, which is shown.
 template <typename Steps>
 void WithTrap(QWidget& window, Dialogs& dialogs, const char* title, Steps steps) {
-    std::optional<RunTimeError> failure;
-    try {
-        steps();
-    } catch (...) {
-        failure = CurrentFailure();
-    }
+    const auto failure = FailureOf(steps);
     window.unsetCursor();
-    if (failure)
-        dialogs.Failure(failure->Number(), failure->Description(), Text(title));
+    dialogs.Failure(failure, Text(title));
 }
 
 /// Gives the control the palette that it has by itself, and changes that.

@@ -1,6 +1,8 @@
 #include "skins/frmCustomizeSkin.h"
 
+#include "controls/HelpKey.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
+#include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 
 #include <QHBoxLayout>
@@ -26,10 +28,6 @@ constexpr auto NoEvents = "NOEVENTS";
 constexpr int Hundredths = 100;
 constexpr int HueZero = 100;
 constexpr int PercentZero = 100;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 /// A scroll bar that is used with the keyboard too: it shows that it has the focus, and its keys
 /// go the way that they point.
@@ -283,9 +281,7 @@ void frmCustomizeSkin::cmdOk_Click() {
 }
 
 void frmCustomizeSkin::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

@@ -25,16 +25,6 @@ constexpr std::size_t SavedColumns = 10;
 /// The shell's codes above it mean success.
 constexpr int LastFailureCode = 32;
 
-template <typename Step>
-std::optional<RunTimeError> FailureOf(Step step) {
-    try {
-        step();
-    } catch (...) {
-        return CurrentFailure();
-    }
-    return std::nullopt;
-}
-
 qint64 Now() {
     return QDateTime::currentSecsSinceEpoch();
 }
@@ -73,8 +63,7 @@ FileDialogSetup ResultsFile::DialogSetup(const QString& title, const QString& fi
 void ResultsFile::EndDialog(const Failure& failure, const QString& title) {
     controls_.window.unsetCursor();
     controls_.window.setEnabled(true);
-    if (failure)
-        services_.dialogs.Failure(failure->Number(), failure->Description(), title);
+    services_.dialogs.Failure(failure, title);
     state_.AbandonFlag = false;
 }
 
@@ -141,9 +130,7 @@ void ResultsFile::SaveResFile(const QString& strFile, bool& saved) {
         if (!failure)
             failure = closing;
     }
-    if (failure)
-        services_.dialogs.Failure(failure->Number(), failure->Description(),
-                                  QStringLiteral("Error in dump-to-file"));
+    services_.dialogs.Failure(failure, QStringLiteral("Error in dump-to-file"));
 }
 
 void ResultsFile::WriteRows(std::optional<ResultsWriter>& writer, const QString& strFile,
@@ -242,7 +229,9 @@ void ResultsFile::lvwResults_OLEDragDrop(const QStringList& files) {
 
 void ResultsFile::mnuListsFol_Click(int index) {
     const bool explore = index == 1;
-    const auto failure = FailureOf([&] {
+    const QString title = explore ? QStringLiteral("Error in exploring 'Lists' folder")
+                                  : QStringLiteral("Error in opening 'Lists' folder");
+    services_.dialogs.Trap(title, [&] {
         MakeListsFolder();
         const int code = services_.shell.OpenFolder(ListsFolder() + QDir::separator(),
                                                     explore ? QStringLiteral("Explore")
@@ -251,10 +240,6 @@ void ResultsFile::mnuListsFol_Click(int index) {
         if (code <= LastFailureCode)
             throw RunTimeError(ErrorNumber::PathFileAccessError);
     });
-    if (failure)
-        services_.dialogs.Failure(failure->Number(), failure->Description(),
-                                  explore ? QStringLiteral("Error in exploring 'Lists' folder")
-                                          : QStringLiteral("Error in opening 'Lists' folder"));
 }
 
 } // namespace netrove

@@ -6,6 +6,7 @@
 #include "mainwindow/services/FileDetails.h"
 #include "mainwindow/services/NetworkNodes.h"
 #include "mainwindow/services/Paths.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
 #include <QCoreApplication>
@@ -27,10 +28,6 @@ constexpr int SizeColumn = 3;
 constexpr int SharedColumns = 6;
 constexpr int Size2Column = 9;
 constexpr int Date2Column = 10;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 QString Numbered(const char* start, int number, const char* end = "") {
     return Text(start) + QString::number(number) + Text(end);

@@ -1,5 +1,5 @@
 #include "ShownList.h"
-#include "controls/ListPainter.h"
+#include "controls/CellPainter.h"
 #include "fakes/Pixels.h"
 #include "runtime/ExpectRaised.h"
 
@@ -299,7 +299,7 @@ TEST_F(List, CheckBoxesAreChangedByMouseAndSpace) {
                      [&changed](int row) { changed.push_back(row); });
     AddRows({"a", "b"});
     const auto clickBox = [this](int row) {
-        const QPoint box(ListPainter::Margin + 5, On(row).y());
+        const QPoint box(CellPainter::Margin + 5, On(row).y());
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, box);
     };
     clickBox(2);
@@ -311,7 +311,7 @@ TEST_F(List, CheckBoxesAreChangedByMouseAndSpace) {
     EXPECT_FALSE(list.Checked(2)) << "a click beside the box";
     clickBox(2);
     clickBox(1);
-    const QPoint first(ListPainter::Margin + 5, On(1).y()); // a double click counts twice
+    const QPoint first(CellPainter::Margin + 5, On(1).y()); // a double click counts twice
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, first);
     QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, first);
     QTest::keyClick(&list, Qt::Key_Space);

@@ -1,12 +1,10 @@
 #pragma once
 
+#include "runtime/SourceText.h" // the tests' texts are made as the program's are
+
 #include <QStringList>
 
 namespace netrove {
-
-inline QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// A table of two columns.
 using TextPairs = std::initializer_list<std::pair<const char*, const char*>>;

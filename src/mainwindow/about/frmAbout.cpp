@@ -1,13 +1,15 @@
 #include "mainwindow/about/frmAbout.h"
 
+#include "controls/HelpKey.h"
+#include "controls/NamedControls.h"
 #include "mainwindow/about/VersionHistory.h"
 #include "mainwindow/about/frmPic.h"
 #include "mainwindow/windowservices/PredefinedIcons.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
+#include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
@@ -22,18 +24,8 @@ constexpr int Margin = 6;
 constexpr int Gap = 4;
 constexpr int PictureSize = 48;
 
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
-
-QString Element(const char* name, std::size_t index) {
-    return Text(name) + u'(' + QString::number(index) + u')';
-}
-
 QLabel* Label(const QString& name, const QString& text, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
+    QLabel* label = NamedLabel(*parent, name, text);
     label->setWordWrap(true);
     return label;
 }
@@ -80,7 +72,7 @@ frmAbout::frmAbout(const AboutServices& services, const SkinOwner* Owner, QWidge
 
 void frmAbout::MakeControls() {
     for (std::size_t index = 0; index < shpRect_.size(); ++index) {
-        shpRect_[index] = Panel(Element("shpRect", index), this);
+        shpRect_[index] = Panel(ElementName("shpRect", index), this);
         KeepColours(*shpRect_[index]);
     }
     const std::array texts{
@@ -92,7 +84,7 @@ void frmAbout::MakeControls() {
         tr("Built with Qt %1.").arg(Text(QT_VERSION_STR)),
     };
     for (std::size_t index = 0; index < texts.size(); ++index) {
-        lblInfo_[index] = Label(Element("lblInfo", index), texts[index], shpRect_[0]);
+        lblInfo_[index] = Label(ElementName("lblInfo", index), texts[index], shpRect_[0]);
         KeepColours(*lblInfo_[index]);
     }
     QFont title = lblInfo_[1]->font();
@@ -229,9 +221,7 @@ bool frmAbout::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmAbout::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && services_.openHelp)
-        services_.openHelp();
-    else
+    if (!OpensHelp(*event, services_.openHelp))
         QDialog::keyPressEvent(event);
 }
 

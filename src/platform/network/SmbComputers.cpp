@@ -15,10 +15,6 @@ constexpr QLatin1String Unknown("WORKGROUP");
 /// Far longer than any look.
 constexpr auto LongestLook = 10s;
 
-bool SameName(const QString& left, const QString& right) {
-    return left.compare(right, Qt::CaseInsensitive) == 0;
-}
-
 SmbHost HostOf(const FoundComputer& computer) {
     const auto address = std::find_if_not(computer.addresses.begin(), computer.addresses.end(),
                                           SmbComputers::IsOfOneLink);

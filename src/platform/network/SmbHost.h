@@ -14,4 +14,9 @@ struct SmbHost {
     quint16 port = 445;
 };
 
+/// Whether two names of computers or workgroups mean the same one.
+[[nodiscard]] inline bool SameName(const QString& left, const QString& right) {
+    return left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
 } // namespace netrove

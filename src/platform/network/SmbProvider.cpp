@@ -17,10 +17,6 @@ constexpr auto SharesLifetime = 5s;
 /// Bytes of one request of a read: each has its own limit of time.
 constexpr quint32 ReadBytes = 4 * 1024 * 1024;
 
-bool SameName(const QString& left, const QString& right) {
-    return left.compare(right, Qt::CaseInsensitive) == 0;
-}
-
 /// A running listing: it holds on to what was fetched as a whole.
 class SmbFind : public FileFind {
 public:
@@ -231,7 +227,7 @@ void SmbProvider::AddComputer(const WalkPlace& computer, const UncPath& path,
     const SmbRequest request = Request(SmbRequest::Kind::ListShares, path.Server());
     if (!computer.isListed && !HasShares(path.Server()))
         starts.push_back({.request = request,
-                          .server = SmbPool::ServerName(request),
+                          .server = SmbServers::NameOf(request),
                           .key = FolderKey(path),
                           .path = computer.remoteName});
     for (const QString& share : plan_->AdminShares()) {
@@ -249,7 +245,7 @@ void SmbProvider::AddStart(const UncPath& path, qsizetype nodeLength,
         return;
     const SmbRequest request = Request(SmbRequest::Kind::ListFolder, path);
     starts.push_back({.request = request,
-                      .server = SmbPool::ServerName(request),
+                      .server = SmbServers::NameOf(request),
                       .key = FolderKey(path),
                       .path = path.Text() + QLatin1Char('\\'),
                       .nodeLength = nodeLength});

@@ -49,6 +49,10 @@ constexpr double Rise = 0.05;
 
 } // namespace
 
+QString SmbServers::NameOf(const SmbRequest& request) {
+    return request.host.toLower() + QLatin1Char(':') + QString::number(request.port);
+}
+
 int SmbServers::DeadStatus(const QString& name) const {
     const auto dead = dead_.constFind(name);
     return dead != dead_.cend() && now_() <= dead->until ? dead->status : 0;

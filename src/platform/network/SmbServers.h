@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/network/SmbLimits.h"
+#include "smb/SmbMessages.h"
 
 #include <QHash>
 #include <QString>
@@ -38,6 +39,9 @@ public:
     explicit SmbServers(const SmbLimits& limits,
                         std::function<Clock::time_point()> now = &Clock::now)
         : limits_(limits), now_(std::move(now)) {}
+
+    /// The name of the server that a request goes to.
+    [[nodiscard]] static QString NameOf(const SmbRequest& request);
 
     [[nodiscard]] Server& operator[](const QString& name) { return servers_[name]; }
 

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QRect>
+#include <QTableView>
+
+namespace netrove {
+
+/// Where the rows and cells of a list stand in its viewport. All rows are equally high. Rows and
+/// columns are counted from 1; they needn't be there.
+class ListPlaces {
+public:
+    explicit ListPlaces(const QTableView& list) : list_(list) {}
+
+    [[nodiscard]] int RowHeight() const;
+    [[nodiscard]] int RowTop(int row) const;
+    /// The row at this height, which is not above the first one.
+    [[nodiscard]] int RowAt(int y) const { return (y - RowTop(1)) / RowHeight() + 1; }
+    [[nodiscard]] QRect Row(int row) const;
+    [[nodiscard]] QRect Cell(int row, int column) const;
+    [[nodiscard]] QRect CheckBox(int row) const;
+
+private:
+    const QTableView& list_;
+};
+
+} // namespace netrove
