@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Files.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -29,6 +31,12 @@ public:
                                             int depth) const = 0;
     /// The names of the shares that are walked in each computer, before those of its list.
     [[nodiscard]] virtual QStringList AdminShares() const = 0;
+
+    /// Whether something of a file of this name is read when the walk comes to it.
+    [[nodiscard]] virtual bool ReadsFile(const QString& /*name*/) const { return false; }
+    /// Reads what will be read of the file at `path`, through `files`, which have no other. Raises
+    /// what the reading raises.
+    virtual void ReadFile(FileAccess& /*files*/, const QString& /*path*/) const {}
 };
 
 /// A node of the network that a walk will come to.
@@ -46,7 +54,8 @@ struct WalkPlace {
 };
 
 /// Fetches what a walk will ask for before it does. That changes when a request is sent, never
-/// which one: nothing is asked that the walk wouldn't, and what has been asked isn't asked again.
+/// which one: nothing is asked that the walk wouldn't, and what has been asked isn't asked again,
+/// but for a file that couldn't be read.
 class ReadAhead {
 public:
     ReadAhead() = default;

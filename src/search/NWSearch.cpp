@@ -12,6 +12,18 @@
 
 namespace netrove {
 
+namespace {
+
+/// All of a comma-separated list.
+std::vector<Pattern> Patterns(const QString& fileName) {
+    std::vector<Pattern> patterns;
+    for (const QString& piece : fileName.split(QLatin1Char(',')))
+        patterns.emplace_back(Trim(piece));
+    return patterns;
+}
+
+} // namespace
+
 NWSearch::NWSearch(const SearchServices& services)
     : context_{.services = services,
                .ItemFound = {},
@@ -39,9 +51,9 @@ void NWSearch::BeginSearch(const QString& fileName,
     knownComputers_ = 0;
     if (!networkStartPoint)
         throw RunTimeError(ErrorNumber::ObjectNotSet);
-    ahead_.emplace(context_.services.ahead,
-                   std::make_shared<const SearchPlan>(
-                       context_.services.settings, context_.services.exclusions, recurseFolders_));
+    ahead_.emplace(
+        context_.services.ahead,
+        std::make_shared<const SearchPlan>(context_.services, Patterns(fileName), recurseFolders_));
     const auto end = qScopeGuard([this] { ahead_.reset(); });
     ahead_->Expect(*networkStartPoint);
     SearchNode(fileName, *networkStartPoint);

@@ -14,6 +14,14 @@
 
 namespace netrove {
 
+/// What is read of the found files by whoever is told of them, for reading ahead. Called from any
+/// thread.
+struct FileReading {
+    /// Whether anything is read of a file of this name. Without it, nothing is read of any.
+    std::function<bool(const QString& name)> reads = {};
+    std::function<void(FileAccess& files, const QString& path)> read = {};
+};
+
 /// What a search is given to work with.
 struct SearchServices {
     FileAccess& files;
@@ -21,6 +29,7 @@ struct SearchServices {
     const ExclusionLists& exclusions;
     TroubleshootingLog& log;
     ReadAhead* ahead = nullptr; ///< who fetches what the walk will ask for, if anybody does
+    FileReading reading = {};
 };
 
 /// What the walk over the network and the walk through folders share during a search.

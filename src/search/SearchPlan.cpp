@@ -1,13 +1,21 @@
 #include "search/SearchPlan.h"
 
+#include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "search/AdminShares.h"
 #include "search/FolderScan.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace netrove {
 
-SearchPlan::SearchPlan(const Settings& settings, const ExclusionLists& exclusions, bool recurse)
-    : settings_(settings), exclusions_(exclusions), recurse_(recurse) {}
+SearchPlan::SearchPlan(const SearchServices& services, std::vector<Pattern> patterns, bool recurse)
+    : settings_(services.settings)
+    , exclusions_(services.exclusions)
+    , reading_(services.reading)
+    , patterns_(std::move(patterns))
+    , recurse_(recurse) {}
 
 bool SearchPlan::EntersNetwork(const QString& name) const {
     return !exclusions_.UseExcNetworks || !ExclusionLists::Find(exclusions_.ExcNetworks, name);
@@ -35,6 +43,22 @@ bool SearchPlan::EntersFolder(const QString& folderPath, qsizetype nodeLength, i
 
 QStringList SearchPlan::AdminShares() const {
     return settings_.IncludeAdminShares ? AdminShareNames() : QStringList();
+}
+
+/// What a walk with an invalid pattern finds all the same isn't read ahead.
+bool SearchPlan::ReadsFile(const QString& name) const {
+    if (!reading_.reads || !reading_.reads(name))
+        return false;
+    try {
+        return std::ranges::any_of(patterns_,
+                                   [&](const Pattern& one) { return one.Matches(name); });
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+void SearchPlan::ReadFile(FileAccess& files, const QString& path) const {
+    reading_.read(files, path);
 }
 
 bool SearchPlan::IsCurrentComputer(const Settings& settings, const QString& remoteName) {

@@ -1,15 +1,20 @@
 #pragma once
 
 #include "platform/ReadAhead.h"
+#include "runtime/Pattern.h"
 #include "search/ExclusionLists.h"
+#include "search/SearchContext.h"
 #include "search/Settings.h"
+
+#include <vector>
 
 namespace netrove {
 
-/// What a search goes into, by its settings and exclusions as they were at its start.
+/// What a search goes into and reads, by its settings, exclusions and patterns as they were at its
+/// start.
 class SearchPlan : public WalkPlan {
 public:
-    SearchPlan(const Settings& settings, const ExclusionLists& exclusions, bool recurse);
+    SearchPlan(const SearchServices& services, std::vector<Pattern> patterns, bool recurse);
 
     [[nodiscard]] bool EntersNetwork(const QString& name) const;
     [[nodiscard]] bool EntersWorkgroup(const QString& name) const override;
@@ -18,6 +23,8 @@ public:
     [[nodiscard]] bool EntersFolder(const QString& folderPath, qsizetype nodeLength,
                                     int depth) const override;
     [[nodiscard]] QStringList AdminShares() const override;
+    [[nodiscard]] bool ReadsFile(const QString& name) const override;
+    void ReadFile(FileAccess& files, const QString& path) const override;
 
     /// Whether a computer is the one that the program runs on.
     [[nodiscard]] static bool IsCurrentComputer(const Settings& settings,
@@ -26,6 +33,8 @@ public:
 private:
     Settings settings_;
     ExclusionLists exclusions_;
+    FileReading reading_;
+    std::vector<Pattern> patterns_;
     bool recurse_;
 };
 

@@ -6,13 +6,17 @@
 #include "runtime/Yield.h"
 #include "search/SearchSummary.h"
 #include "search/SearchText.h"
+#include "searchrun/columns/AudioColumns.h"
 
 #include <QDateTime>
 
 namespace netrove {
 
 void SearchRun::cmdStartSearch_Click() {
-    state_.SearchEvt = std::make_shared<NWSearch>(services_.search);
+    SearchServices services = services_.search;
+    if (services.settings.IncludeMP3Info)
+        services.reading = {.reads = &AudioColumns::Reads, .read = &AudioColumns::Read};
+    state_.SearchEvt = std::make_shared<NWSearch>(services);
     qint64 seconds = 0;
     try {
         const std::optional<qint64> elapsed = Run();

@@ -63,6 +63,11 @@ void Say(const SmbAnswer& answer) {
         _exit(1);
 }
 
+QByteArray Content(const Tree& tree, const QString& place) {
+    constexpr quint32 most = 1000;
+    return QByteArray(tree.Number(place, 7, most), static_cast<char>(tree.Number(place, 8, 256)));
+}
+
 void Answer(const Tree& tree, const SmbRequest& request) {
     const QString place = request.host + QLatin1Char('\\') + request.share.toLower() +
                           QLatin1Char('/') + request.path;
@@ -82,7 +87,10 @@ void Answer(const Tree& tree, const SmbRequest& request) {
         Say(SmbEnd{.status = EACCES});
         return;
     }
-    Say(tree.Entries(place));
+    if (request.kind == SmbRequest::Kind::Read)
+        Say(SmbData{.bytes = Content(tree, place).mid(request.offset, request.length)});
+    else
+        Say(tree.Entries(place));
     Say(SmbEnd{.status = fault == 2 ? ENOENT : 0});
 }
 
@@ -103,7 +111,7 @@ bool IsLetIn(int file) {
 void WriteDown(int log, const SmbRequest& request) {
     const QByteArray line = QByteArray::number(static_cast<int>(request.kind)) + ' ' +
                             request.host.toUtf8() + ' ' + request.share.toUtf8() + ' ' +
-                            request.path.toUtf8() + '\n';
+                            request.path.toUtf8() + ' ' + QByteArray::number(request.offset) + '\n';
     if (write(log, line.constData(), static_cast<std::size_t>(line.size())) != line.size())
         _exit(1);
 }

@@ -15,6 +15,7 @@ public:
     bool EntersShare(const QString& remoteName) const override {
         return !remoteName.endsWith(Text("\\no"));
     }
+    bool ReadsFile(const QString& name) const override { return name.endsWith(Text(".mp3")); }
     bool EntersFolder(const QString& folderPath, qsizetype nodeLength, int depth) const override {
         return depth < 10 && !folderPath.mid(nodeLength).endsWith(Text("\\no\\"));
     }
@@ -142,6 +143,35 @@ TEST_F(WalkOrderTest, WhatIsKnownIsntAskedButWhatLiesBelow) {
                                                    {Text("s\\a\\1"), Folders("below").entries}});
     order.Expect({Root("s", "a")});
     EXPECT_EQ(All(), "s/a/1/below s/a/2");
+}
+
+TEST_F(WalkOrderTest, FilesAreReadBeforeTheSubfolders) {
+    SmbEntries entries = *Folders("1 2").entries;
+    for (const char* name : {"a.mp3", "b.mp3", "a/c.mp3", "d.txt", "e.mp3", "f.mp3"})
+        entries.push_back({.name = Text(name), .length = 9});
+    entries.push_back({.name = Text("empty.mp3")});
+    order.Expect({Root("s", "a"), Root("t", "c")});
+    EXPECT_EQ(All(), "s/a t/c");
+    order.Answer(ids.value(Text("t/c")), {.entries = std::make_shared<const SmbEntries>(entries)});
+    EXPECT_EQ(Next(), QString()) << "the walk isn't at that computer yet";
+    order.Answer(ids.value(Text("s/a")), {.entries = std::make_shared<const SmbEntries>(entries)});
+    static_cast<void>(order.Take(Text("s\\a")));
+    const auto question = order.Next(grant);
+    ASSERT_TRUE(question);
+    EXPECT_EQ(question->request.kind, SmbRequest::Kind::Read);
+    EXPECT_EQ(question->path, Text("\\\\s\\a\\a.mp3"));
+    EXPECT_EQ(question->file.length, 9);
+    order.Answer(question->id, {.pieces = {{.offset = 0, .asked = 9, .bytes = "123456789"}}});
+
+    // The walk passes over the first, and comes to one whose turn hasn't come.
+    EXPECT_EQ(order.Reach(Text("s\\a\\e.mp3\\")), WalkOrder::State::Waiting);
+    EXPECT_EQ(order.Reach(Text("s\\a\\a.mp3\\")), WalkOrder::State::Unknown);
+    order.Forget(Text("s\\a\\e.mp3\\"));
+    EXPECT_EQ(All(), "s/a/f.mp3 s/a/1 s/a/2");
+
+    // In the subfolder, the files above it are behind.
+    EXPECT_EQ(order.Reach(Text("s\\a\\1")), WalkOrder::State::Asked);
+    EXPECT_EQ(order.Reach(Text("s\\a\\f.mp3\\")), WalkOrder::State::Unknown);
 }
 
 TEST_F(WalkOrderTest, TheSharesOfAListFollow) {

@@ -16,6 +16,11 @@ namespace netrove {
     return key + QLatin1Char('\\') + name;
 }
 
+/// Of a file, by its folder: no folder has such a name.
+[[nodiscard]] inline QString FileKey(const QString& folder, const QString& name) {
+    return KeyBelow(KeyBelow(folder, name), QString());
+}
+
 /// Of the folder that the first so many elements of the path lead to.
 [[nodiscard]] inline QString FolderKey(const UncPath& path, qsizetype elements) {
     QString key = ServerKey(path.Server());

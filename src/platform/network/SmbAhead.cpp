@@ -1,6 +1,8 @@
 #include "platform/network/SmbAhead.h"
 
+#include "platform/network/SmbFileReader.h"
 #include "platform/network/WaitingPace.h"
+#include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 
 #include <cerrno>
@@ -69,6 +71,18 @@ SmbList SmbAhead::Ask(const QString& key, const SmbRequest& request) {
     return list;
 }
 
+std::vector<SmbPiece> SmbAhead::TakeFile(const QString& key) {
+    std::unique_lock lock(mutex_);
+    const WalkOrder::State state = Await(key, lock);
+    std::vector<SmbPiece> pieces;
+    if (state == WalkOrder::State::Answered)
+        pieces = order_.Take(key).pieces;
+    else
+        order_.Forget(key);
+    Dispatch();
+    return pieces;
+}
+
 /// How far the place is, once it isn't under way any more; it is still if the wait is given up.
 WalkOrder::State SmbAhead::Await(const QString& key, std::unique_lock<std::mutex>& lock) {
     WaitingPace pace;
@@ -90,10 +104,28 @@ SmbList SmbAhead::FetchHere(const SmbRequest& request) {
 }
 
 SmbList SmbAhead::Fetch(Task task) {
+    if (task.question.request.kind == SmbRequest::Kind::Read)
+        return FetchFile(std::move(task));
     const auto run = [&](const SmbRequest& asked, const SmbWorker::Part& part) {
         return pool_.Run(std::move(task.turn), asked, part, reached_);
     };
     return FetchList(task.question.request, run, arriving_, MaxArriving);
+}
+
+/// What was read before a failure counts. The failure is the walk's to meet.
+SmbList SmbAhead::FetchFile(Task task) {
+    std::optional turn = std::move(task.turn);
+    SmbFileReader file(task.question.request, task.question.file,
+                       [&](const SmbRequest& asked, const SmbWorker::Part& part) {
+                           if (!turn)
+                               return pool_.Run(asked, part);
+                           SmbPool::Turn first = std::move(*turn);
+                           turn.reset();
+                           return pool_.Run(std::move(first), asked, part, reached_);
+                       });
+    const auto failure = FailureOf([&] { plan_->ReadFile(file, task.question.path); });
+    return {.status = failure && file.Status() == ECANCELED ? ECANCELED : 0,
+            .pieces = file.TakePieces()};
 }
 
 void SmbAhead::Work() {

@@ -24,7 +24,7 @@ class SmbAhead {
 public:
     /// `known` are listings that the walk has already: they aren't asked for.
     SmbAhead(SmbPool& pool, std::shared_ptr<const WalkPlan> plan, WalkOrder::Known known)
-        : pool_(pool), order_(std::move(plan), std::move(known)) {}
+        : pool_(pool), plan_(std::move(plan)), order_(plan_, std::move(known)) {}
     SmbAhead(const SmbAhead&) = delete;
     SmbAhead& operator=(const SmbAhead&) = delete;
     /// Breaks off what is under way.
@@ -39,6 +39,10 @@ public:
     /// the wait was given up.
     [[nodiscard]] SmbList Ask(const QString& key, const SmbRequest& request);
 
+    /// The walk reads a file: gives what has been read of it ahead. The rest nobody else reads.
+    /// Blocks while it is under way, and calls WhileWaiting().
+    [[nodiscard]] std::vector<SmbPiece> TakeFile(const QString& key);
+
 private:
     struct Task {
         WalkOrder::Question question;
@@ -47,6 +51,7 @@ private:
 
     void Work();
     [[nodiscard]] SmbList Fetch(Task task);
+    [[nodiscard]] SmbList FetchFile(Task task);
     [[nodiscard]] SmbList FetchHere(const SmbRequest& request);
     [[nodiscard]] WalkOrder::State Await(const QString& key, std::unique_lock<std::mutex>& lock);
     void Dispatch();
@@ -55,6 +60,7 @@ private:
     [[nodiscard]] bool HasFreeThread();
 
     SmbPool& pool_;
+    const std::shared_ptr<const WalkPlan> plan_;
     const SmbPool::Reached reached_ = [this] {
         const std::scoped_lock lock(mutex_);
         OpenEarly();

@@ -36,6 +36,23 @@ qint64 MemoryOf(const SmbEntries& entries) {
     return bytes;
 }
 
+qint64 MemoryOf(const SmbList& list) {
+    qint64 bytes = list.entries ? MemoryOf(*list.entries) : 0;
+    for (const SmbPiece& piece : list.pieces)
+        bytes += piece.bytes.size();
+    return bytes;
+}
+
+int FetchPiece(const SmbRequest& request, const SmbRun& run, QByteArray& bytes) {
+    return run(request, [&](SmbAnswer& part) {
+        const auto* data = std::get_if<SmbData>(&part);
+        if (!data || bytes.size() + data->bytes.size() > qsizetype(request.length))
+            return false;
+        bytes += data->bytes;
+        return true;
+    });
+}
+
 SmbList FetchList(const SmbRequest& request, const SmbRun& run) {
     SmbEntries entries;
     SmbList list;

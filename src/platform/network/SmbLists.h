@@ -9,12 +9,21 @@
 
 namespace netrove {
 
-/// The whole answer to the question for a server's shares or a folder's entries.
+/// What a file has from `offset` on, where so many bytes were asked for: fewer at its end.
+struct SmbPiece {
+    qint64 offset = 0;
+    qint64 asked = 0;
+    QByteArray bytes = {};
+};
+
+/// The whole answer to the question for a server's shares or a folder's entries, or what was read
+/// of a file.
 struct SmbList {
     int status = 0;                       ///< an errno; what else is here counts if it is 0
     RecentListings::Listing entries = {}; ///< never null after a success
     /// Those that are shown: whose name ends in "$" is there for who types its path.
     SmbShares shares = {};
+    std::vector<SmbPiece> pieces = {};
 };
 
 /// How a request is put to its server: SmbPool::Run.
@@ -28,7 +37,11 @@ using SmbRun = std::function<int(const SmbRequest&, const SmbWorker::Part&)>;
 [[nodiscard]] SmbList FetchList(const SmbRequest& request, const SmbRun& run,
                                 std::atomic<qint64>& arriving, qint64 most);
 
-/// The memory that entries take, in bytes.
+/// Reads a piece of a file (SmbRequest::Kind::Read) into `bytes`. Gives 0 or an errno.
+[[nodiscard]] int FetchPiece(const SmbRequest& request, const SmbRun& run, QByteArray& bytes);
+
+/// The memory that entries take, or the entries and pieces of an answer, in bytes.
 [[nodiscard]] qint64 MemoryOf(const SmbEntries& entries);
+[[nodiscard]] qint64 MemoryOf(const SmbList& list);
 
 } // namespace netrove

@@ -198,7 +198,7 @@ SmbList SmbProvider::Fetch(const QString& key, const SmbRequest& request) {
 }
 
 void SmbProvider::BeginWalk(const std::shared_ptr<const WalkPlan>& plan) {
-    ahead_.reset();
+    EndReading();
     plan_ = plan;
     ahead_ = std::make_unique<SmbAhead>(pool_, plan, recent_.All());
 }
@@ -257,8 +257,14 @@ void SmbProvider::Leave(const QString& remoteName) {
         ahead_->Leave(FolderKey(*path));
 }
 
-void SmbProvider::EndWalk() {
+void SmbProvider::EndReading() {
     ahead_.reset();
+    lastFile_.clear();
+    lastPieces_.clear();
+}
+
+void SmbProvider::EndWalk() {
+    EndReading();
     pool_.KeepFew();
 }
 
@@ -305,25 +311,41 @@ QByteArray SmbProvider::Read(const UncPath& path, qint64 offset, qint64 length) 
         throw RunTimeError(ErrorNumber::InvalidProcedureCall);
     if (path.Share().isEmpty())
         throw RunTimeError(ErrorNumber::PathNotFound);
+    if (auto ahead = FindPiece(path, offset, length))
+        return *ahead;
+    const auto run = [this](const SmbRequest& asked, const SmbWorker::Part& part) {
+        return pool_.Run(asked, part);
+    };
     QByteArray bytes;
     SmbRequest request = Request(SmbRequest::Kind::Read, path);
     while (bytes.size() < length) {
-        const qsizetype before = bytes.size();
-        request.offset = offset + before;
-        request.length = static_cast<quint32>(std::min<qint64>(ReadBytes, length - before));
-        const auto take = [&](SmbAnswer& part) {
-            const auto* data = std::get_if<SmbData>(&part);
-            if (!data || bytes.size() - before + data->bytes.size() > qsizetype(request.length))
-                return false;
-            bytes += data->bytes;
-            return true;
-        };
-        if (const int status = pool_.Run(request, take); status != 0)
+        request.offset = offset + bytes.size();
+        request.length = static_cast<quint32>(std::min<qint64>(ReadBytes, length - bytes.size()));
+        QByteArray piece;
+        if (const int status = FetchPiece(request, run, piece); status != 0)
             throw RunTimeError(ErrorOfSmbRequest(pool_, request, status, SmbAction::Read));
-        if (bytes.size() - before < qsizetype(request.length))
+        bytes += piece;
+        if (piece.size() < qsizetype(request.length))
             break;
     }
     return bytes;
+}
+
+/// What was read ahead, where it is just that.
+std::optional<QByteArray> SmbProvider::FindPiece(const UncPath& path, qint64 offset,
+                                                 qint64 length) {
+    if (!ahead_ || path.Elements().isEmpty() || !plan_->ReadsFile(path.Elements().last()))
+        return std::nullopt;
+    const QString file =
+        FileKey(FolderKey(path, path.Elements().size() - 1), path.Elements().last());
+    if (file != lastFile_) {
+        lastPieces_ = ahead_->TakeFile(file);
+        lastFile_ = file;
+    }
+    const auto found = std::ranges::find_if(lastPieces_, [&](const SmbPiece& piece) {
+        return piece.offset == offset && piece.asked == length;
+    });
+    return found == lastPieces_.end() ? std::nullopt : std::optional(found->bytes);
 }
 
 std::optional<QString> SmbProvider::LocalPath(const UncPath& /*path*/) {

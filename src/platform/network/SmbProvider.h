@@ -74,9 +74,12 @@ private:
     [[nodiscard]] SmbList Fetch(const QString& key, const SmbRequest& request);
     void AddComputer(const WalkPlace& computer, const UncPath& path,
                      std::vector<WalkOrder::Start>& starts) const;
+    void EndReading();
     void AddStart(const UncPath& path, qsizetype nodeLength,
                   std::vector<WalkOrder::Start>& starts) const;
     [[nodiscard]] SmbEntry FetchInfo(const UncPath& path);
+    [[nodiscard]] std::optional<QByteArray> FindPiece(const UncPath& path, qint64 offset,
+                                                      qint64 length);
 
     [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind, const QString& server) const;
     [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind, const UncPath& path) const;
@@ -88,7 +91,9 @@ private:
     Shares lastShares_;
     Junctions junctions_;
     std::shared_ptr<const WalkPlan> plan_;
-    std::unique_ptr<SmbAhead> ahead_; ///< as long as there is a walk
+    std::unique_ptr<SmbAhead> ahead_;  ///< as long as there is a walk
+    QString lastFile_;                 ///< that the walk has read, by its key
+    std::vector<SmbPiece> lastPieces_; ///< what was read of it ahead
 };
 
 } // namespace netrove

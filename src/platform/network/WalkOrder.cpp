@@ -25,6 +25,10 @@ bool IsFolder(const SmbEntry& entry) {
     return (entry.attributes & FileAttribute::Directory) != 0;
 }
 
+QString PathBelow(const QString& path, const QString& name) {
+    return path.isEmpty() ? name : path + QLatin1Char('/') + name;
+}
+
 } // namespace
 
 void WalkOrder::Expect(const std::vector<Start>& starts) {
@@ -42,14 +46,14 @@ WalkOrder::Steps::iterator WalkOrder::Insert(Steps::iterator before, Step step) 
     places_.insert(key, place);
     if (const auto known = known_.constFind(key); known != known_.cend()) {
         place->isDropped = true;
-        AddSubfolders(place, *known);
+        AddContents(place, *known);
     }
     return place;
 }
 
 void WalkOrder::Erase(Steps::iterator step) {
-    if (step->kind == Step::Kind::Subfolders) {
-        subfolders_.remove(step->start.key);
+    if (step->kind != Step::Kind::Place) {
+        (step->kind == Step::Kind::Files ? files_ : subfolders_).remove(step->start.key);
         Count(*step, -step->left);
     } else {
         places_.remove(step->start.key);
@@ -106,7 +110,10 @@ std::optional<WalkOrder::Question> WalkOrder::Next(const Grant& grant) {
             continue;
         }
         const auto place = PlaceOf(step);
-        return Question{.id = MarkAsked(*place), .request = place->start.request};
+        return Question{.id = MarkAsked(*place),
+                        .request = place->start.request,
+                        .file = place->file,
+                        .path = place->start.path};
     }
     return std::nullopt;
 }
@@ -121,7 +128,7 @@ std::optional<SmbRequest> WalkOrder::FolderOfOnlyComputer() const {
 }
 
 /// Whether a step has something that may be asked ahead: deep in a computer, only when the walk is
-/// there. Subfolders that have come to their end go.
+/// there. Files and subfolders that have come to their end go.
 bool WalkOrder::HasQuestion(Steps::iterator step, bool isNear) {
     if (step->kind == Step::Kind::Place)
         return step->state == State::Waiting && !step->isDropped;
@@ -139,26 +146,25 @@ bool WalkOrder::HasQuestion(Steps::iterator step, bool isNear) {
 SmbRequest WalkOrder::RequestOf(const Step& step) const {
     if (step.kind == Step::Kind::Place)
         return step.start.request;
-    return Subfolder(step, (*step.list.entries)[step.next].name).start.request;
+    return Below(step, (*step.list.entries)[step.next]).start.request;
 }
 
 QString WalkOrder::KeyOf(const Step& step) const {
-    return step.kind == Step::Kind::Place
-               ? step.start.key
-               : KeyBelow(step.start.key, (*step.list.entries)[step.next].name);
+    return step.kind == Step::Kind::Place ? step.start.key
+                                          : Below(step, (*step.list.entries)[step.next]).start.key;
 }
 
-/// The place itself, or the next subfolder, which becomes a place of its own.
+/// The place itself, or the next file or subfolder, which becomes a place of its own.
 WalkOrder::Steps::iterator WalkOrder::PlaceOf(Steps::iterator step) {
     if (step->kind == Step::Kind::Place)
         return step;
-    Step place = Subfolder(*step, (*step->list.entries)[step->next].name);
+    Step place = Below(*step, (*step->list.entries)[step->next]);
     Advance(*step);
     return Insert(step, std::move(place));
 }
 
 void WalkOrder::Advance(Step& step) {
-    if (IsFolder((*step.list.entries)[step.next])) {
+    if (step.kind == Step::Kind::Files || IsFolder((*step.list.entries)[step.next])) {
         --step.left;
         Count(step, -1);
     }
@@ -173,6 +179,8 @@ quint64 WalkOrder::MarkAsked(Step& place) {
 }
 
 bool WalkOrder::IsEntered(const Step& step, const SmbEntry& entry) const {
+    if (step.kind == Step::Kind::Files)
+        return !places_.contains(FileKey(step.start.key, entry.name));
     if ((entry.attributes & FileAttribute::Directory) == 0 || !CanStandInPath(entry.name))
         return false;
     const QString key = KeyBelow(step.start.key, entry.name);
@@ -181,13 +189,21 @@ bool WalkOrder::IsEntered(const Step& step, const SmbEntry& entry) const {
                                step.start.nodeLength, step.depth);
 }
 
-WalkOrder::Step WalkOrder::Subfolder(const Step& step, const QString& name) const {
-    Step subfolder{.start = step.start, .depth = step.depth};
-    SmbRequest& request = subfolder.start.request;
-    request.path = request.path.isEmpty() ? name : request.path + QLatin1Char('/') + name;
-    subfolder.start.key = KeyBelow(step.start.key, name);
-    subfolder.start.path += name + QLatin1Char('\\');
-    return subfolder;
+/// The file or subfolder of that name.
+WalkOrder::Step WalkOrder::Below(const Step& step, const SmbEntry& entry) {
+    Step below{.start = step.start, .depth = step.depth};
+    SmbRequest& request = below.start.request;
+    request.path = PathBelow(request.path, entry.name);
+    below.start.path += entry.name;
+    if (step.kind == Step::Kind::Files) {
+        request.kind = SmbRequest::Kind::Read;
+        below.start.key = FileKey(step.start.key, entry.name);
+        below.file = entry;
+    } else {
+        below.start.key = KeyBelow(step.start.key, entry.name);
+        below.start.path += QLatin1Char('\\');
+    }
+    return below;
 }
 
 WalkOrder::Steps::iterator WalkOrder::FindId(quint64 id) {
@@ -202,15 +218,15 @@ void WalkOrder::Answer(quint64 id, SmbList answer) {
         return;
     step->state = State::Answered;
     step->list = std::move(answer);
-    step->bytes = MemoryOf(*step->list.entries);
+    step->bytes = MemoryOf(step->list);
     ++unused_;
     unusedBytes_ += step->bytes;
     if (step->list.status != 0)
         return;
     if (step->start.request.kind == SmbRequest::Kind::ListShares)
         AddShares(step);
-    else
-        AddSubfolders(step, step->list.entries);
+    else if (step->start.request.kind == SmbRequest::Kind::ListFolder)
+        AddContents(step, step->list.entries);
 }
 
 void WalkOrder::Drop(quint64 id) {
@@ -247,6 +263,29 @@ void WalkOrder::AddShares(Steps::iterator computer) {
     }
 }
 
+void WalkOrder::AddContents(Steps::iterator folder, const RecentListings::Listing& listing) {
+    AddSubfolders(folder, listing);
+    AddFiles(folder, *listing); // before those
+}
+
+void WalkOrder::AddFiles(Steps::iterator folder, const SmbEntries& listing) {
+    SmbEntries files;
+    for (const SmbEntry& entry : listing) {
+        if (!IsFolder(entry) && entry.length > 0 && CanStandInPath(entry.name) &&
+            plan_->ReadsFile(entry.name))
+            files.push_back(entry);
+    }
+    const QString& key = folder->start.key;
+    if (files.empty() || files_.contains(key))
+        return;
+    Step step{.kind = Step::Kind::Files,
+              .start = folder->start,
+              .list = {.entries = std::make_shared<const SmbEntries>(std::move(files))}};
+    step.left = static_cast<qsizetype>(step.list.entries->size());
+    Count(step, step.left);
+    files_.insert(key, steps_.insert(std::next(folder), std::move(step)));
+}
+
 void WalkOrder::AddSubfolders(Steps::iterator folder, const RecentListings::Listing& listing) {
     const QString& key = folder->start.key;
     junctions_.Note(key, *listing);
@@ -268,18 +307,34 @@ WalkOrder::State WalkOrder::Reach(const QString& key) {
     const auto place = places_.constFind(key);
     if (place == places_.cend())
         return State::Unknown;
-    reached_ = (*place)->start.server;
-    return (*place)->state;
+    const auto step = *place;
+    DropFilesBefore(step);
+    reached_ = step->start.server;
+    return step->state;
 }
 
-/// The walk enters a folder whose turn hadn't come: it takes its place before those that follow.
+/// The walk reads the files of a folder before it goes on. One that it hasn't read it won't.
+void WalkOrder::DropFilesBefore(Steps::iterator place) {
+    for (auto step = steps_.begin(); step != place;) {
+        const auto next = std::next(step);
+        if (step->IsOfFiles() && step->start.server == place->start.server)
+            Erase(step);
+        step = next;
+    }
+}
+
+/// The walk comes to a file or folder whose turn hadn't come: it takes its place before those that
+/// follow.
 void WalkOrder::PassTo(const QString& key) {
-    const qsizetype end = key.lastIndexOf(QLatin1Char('\\'));
-    const auto found = subfolders_.constFind(key.left(std::max<qsizetype>(end, 0)));
-    if (found == subfolders_.cend())
+    const bool isFile = key.endsWith(QLatin1Char('\\'));
+    const QString entryKey = isFile ? key.chopped(1) : key;
+    const qsizetype end = entryKey.lastIndexOf(QLatin1Char('\\'));
+    const auto& rests = isFile ? files_ : subfolders_;
+    const auto found = rests.constFind(entryKey.left(std::max<qsizetype>(end, 0)));
+    if (found == rests.cend())
         return;
     const auto step = *found;
-    const QString name = key.sliced(end + 1);
+    const QString name = entryKey.sliced(end + 1);
     const SmbEntries& entries = *step->list.entries;
     const auto first = entries.begin() + static_cast<std::ptrdiff_t>(step->next);
     const auto entry =
@@ -288,7 +343,7 @@ void WalkOrder::PassTo(const QString& key) {
         return;
     for (auto passed = first; passed <= entry; ++passed)
         Advance(*step);
-    Insert(step, Subfolder(*step, name));
+    Insert(step, Below(*step, *entry));
 }
 
 quint64 WalkOrder::Ask(const QString& key) {

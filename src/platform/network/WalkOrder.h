@@ -16,9 +16,10 @@
 
 namespace netrove {
 
-/// What a walk will ask for, in the order in which it does: depth first, as the listings have it.
-/// It tells what is to be asked next, keeps what has been answered until the walk comes to it, and
-/// grows with each answer. Places have names by FolderKeys.h. Used under its owner's lock.
+/// What a walk will ask for, in the order in which it does: depth first, as the listings have it,
+/// and what is read of a folder's files before its subfolders. It tells what is to be asked next,
+/// keeps what has been answered until the walk comes to it, and grows with each answer. Places have
+/// names by FolderKeys.h. Used under its owner's lock.
 class WalkOrder {
 public:
     /// What may wait unused before nothing more is asked for. Of it, half is for the computer that
@@ -30,10 +31,10 @@ public:
 
     /// A place to begin at.
     struct Start {
-        SmbRequest request; ///< ListShares or ListFolder
+        SmbRequest request; ///< ListShares, ListFolder, or Read for whatever is read of a file
         QString server;     ///< a name for the server that it goes to
         QString key;
-        QString path; ///< a computer's remote name, or a folder's path with its closing "\"
+        QString path; ///< a computer's remote name, a folder's path with its closing "\", a file's
         qsizetype nodeLength = 0; ///< as WalkPlan::EntersFolder has it
     };
 
@@ -43,6 +44,8 @@ public:
     struct Question {
         quint64 id = NoQuestion;
         SmbRequest request = {};
+        SmbEntry file = {}; ///< of a file: as its folder lists it
+        QString path = {};  ///< of a file
     };
 
     /// Whether a request may be sent now; so many wait for its server, with this one.
@@ -80,7 +83,7 @@ public:
         Answered,
     };
     /// How far the place is to which the walk has come. Those before it in the same folder are
-    /// passed over.
+    /// passed over, and so are all files before it.
     [[nodiscard]] State Reach(const QString& key);
     /// The walk asks itself; gives the question's number. The place must wait.
     [[nodiscard]] quint64 Ask(const QString& key);
@@ -88,9 +91,9 @@ public:
     [[nodiscard]] SmbList Take(const QString& key);
 
 private:
-    /// A place, or what is left of a folder's subfolders.
+    /// A place, or what is left of a folder's files that are read, or of its subfolders.
     struct Step {
-        enum class Kind { Place, Subfolders };
+        enum class Kind { Place, Files, Subfolders };
 
         Kind kind = Kind::Place;
         State state = State::Waiting;
@@ -98,10 +101,15 @@ private:
         quint64 id = 0;
         Start start;
         int depth = 0;
+        SmbEntry file = {}; ///< of a place that is one
         SmbList list = {};
-        qint64 bytes = 0;     ///< that its entries take
+        qint64 bytes = 0;     ///< that its answer takes
         std::size_t next = 0; ///< of the entries whose turn hasn't come
-        qsizetype left = 0;   ///< folders among those
+        qsizetype left = 0;   ///< files or folders among those
+
+        [[nodiscard]] bool IsOfFiles() const {
+            return kind == Kind::Files || start.request.kind == SmbRequest::Kind::Read;
+        }
     };
     using Steps = std::list<Step>;
 
@@ -109,7 +117,9 @@ private:
     void Erase(Steps::iterator step);
     [[nodiscard]] Steps::iterator FindId(quint64 id);
     void AddShares(Steps::iterator computer);
+    void AddContents(Steps::iterator folder, const RecentListings::Listing& listing);
     void AddSubfolders(Steps::iterator folder, const RecentListings::Listing& listing);
+    void AddFiles(Steps::iterator folder, const SmbEntries& listing);
     void Advance(Step& step);
     [[nodiscard]] bool HasQuestion(Steps::iterator step, bool isNear);
     [[nodiscard]] QString KeyOf(const Step& step) const;
@@ -117,8 +127,9 @@ private:
     [[nodiscard]] Steps::iterator PlaceOf(Steps::iterator step);
     [[nodiscard]] quint64 MarkAsked(Step& place);
     [[nodiscard]] bool IsEntered(const Step& step, const SmbEntry& entry) const;
-    [[nodiscard]] Step Subfolder(const Step& step, const QString& name) const;
+    [[nodiscard]] static Step Below(const Step& step, const SmbEntry& entry);
     void PassTo(const QString& key);
+    void DropFilesBefore(Steps::iterator place);
     [[nodiscard]] bool IsNear(const Step& step) const;
     [[nodiscard]] bool IsFull(bool isNear) const;
     void Count(const Step& step, qsizetype places) { waiting_[step.start.server] += places; }
@@ -129,6 +140,7 @@ private:
     Steps steps_;
     QString reached_; ///< the server that the walk has come to
     QHash<QString, Steps::iterator> places_;
+    QHash<QString, Steps::iterator> files_;      ///< by the folder's key
     QHash<QString, Steps::iterator> subfolders_; ///< by the folder's key
     QHash<QString, qsizetype> waiting_;          ///< by server
     Junctions junctions_;

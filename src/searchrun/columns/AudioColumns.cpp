@@ -19,6 +19,14 @@ QString FormatPlayTime(qint32 seconds) {
            QLatin1Char(':') + TwoDigits(seconds % 60);
 }
 
+bool AudioColumns::Reads(const QString& fileName) {
+    return IsMpegAudio(fileName.mid(fileName.lastIndexOf(QLatin1Char('.')) + 1).toUpper());
+}
+
+void AudioColumns::Read(FileAccess& files, const QString& path) {
+    ISMP3Player(files).SetMP3FileName(path);
+}
+
 AudioTexts AudioColumns::Texts(const QString& folder, const QString& fileName,
                                const QString& extension, bool includeMP3Info) {
     if (!includeMP3Info || !IsMpegAudio(extension))

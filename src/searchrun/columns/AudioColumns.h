@@ -28,6 +28,10 @@ public:
     [[nodiscard]] AudioTexts Texts(const QString& folder, const QString& fileName,
                                    const QString& extension, bool includeMP3Info);
 
+    /// Whether Texts reads a file of that name, and the reading itself, for who does it ahead.
+    [[nodiscard]] static bool Reads(const QString& fileName);
+    static void Read(FileAccess& files, const QString& path);
+
     /// Lets go of the last file.
     void ReleaseAudioFile() { player_.SetMP3FileName(QString()); }
 
