@@ -87,14 +87,15 @@ class Desktop:
     def click(self, x, y, button=1):
         self.tool("xdotool", "mousemove", str(x), str(y), "click", str(button))
 
+    def windows(self, title):
+        """The X windows with exactly this title."""
+        return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
+                              env=self.environment, text=True, stdout=subprocess.PIPE,
+                              check=False).stdout.split()
+
     def window(self, title, seconds=60):
-        """The X window with exactly this title, once it is there."""
-        def find():
-            found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name",
-                                    f"^{title}$"], env=self.environment, text=True,
-                                   stdout=subprocess.PIPE, check=False).stdout.split()
-            return found[-1] if found else None
-        return wait_for(f"a window {title}", find, seconds)
+        """The last of them, once it is there."""
+        return wait_for(f"a window {title}", lambda: self.windows(title), seconds)[-1]
 
 
 def descendants(node):

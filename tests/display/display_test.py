@@ -73,7 +73,9 @@ def run(source, screenshots):
     sample = os.path.join(programs, "sample-network")
     with settings_aside(os.path.join(programs, "netrove.ini")), Desktop(screenshots) as desktop:
         netrove = desktop.start([os.path.join(source, "scripts/run")], stderr=None)
-        desktop.window("Netrove", BUILD_SECONDS)
+        wait_for("the window", lambda: netrove.poll() is not None or desktop.windows("Netrove"),
+                 BUILD_SECONDS)
+        assert netrove.poll() is None, f"scripts/run ended with {netrove.returncode}"
         program = Program("netrove")
         program.find("push button", "Start Searching")
         # A first start has a skin, which paints the close box.

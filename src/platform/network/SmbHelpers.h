@@ -27,7 +27,7 @@ public:
     struct Idle {
         QString server; ///< empty for one that hasn't spoken to any
         QString share;  ///< what it was asked for last; another one costs a new connection
-        Clock::time_point since;
+        Clock::time_point since = {};
         std::unique_ptr<SmbWorker> worker;
     };
 
