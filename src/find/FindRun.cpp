@@ -56,7 +56,8 @@ FindRun::FindRun(const FindArguments& arguments, const FindServices& services,
                .settings = settings_,
                .exclusions = exclusions_,
                .log = log_,
-               .ahead = services.ahead})
+               .ahead = services.ahead,
+               .reading = AudioColumns::Reading(settings_.IncludeMP3Info)})
     , lines_(services.files, settings_, arguments.details, console.out.IsTerminal())
     , progress_(console.err) {
     engine_.ItemFound = [this](const QString& netPath) { OnFound(netPath); };

@@ -5,10 +5,19 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
 namespace netrove {
+
+/// What is read of the found files by whoever is told of them, for reading ahead. Called from any
+/// thread.
+struct FileReading {
+    /// Whether anything is read of a file of this name. Without it, nothing is read of any.
+    std::function<bool(const QString& name)> reads = {};
+    std::function<void(FileAccess& files, const QString& path)> read = {};
+};
 
 /// What a walk over the network goes into: a snapshot, the same for the whole walk. Asked from any
 /// thread.

@@ -14,14 +14,6 @@
 
 namespace netrove {
 
-/// What is read of the found files by whoever is told of them, for reading ahead. Called from any
-/// thread.
-struct FileReading {
-    /// Whether anything is read of a file of this name. Without it, nothing is read of any.
-    std::function<bool(const QString& name)> reads = {};
-    std::function<void(FileAccess& files, const QString& path)> read = {};
-};
-
 /// What a search is given to work with.
 struct SearchServices {
     FileAccess& files;

@@ -14,8 +14,7 @@ namespace netrove {
 
 void SearchRun::cmdStartSearch_Click() {
     SearchServices services = services_.search;
-    if (services.settings.IncludeMP3Info)
-        services.reading = {.reads = &AudioColumns::Reads, .read = &AudioColumns::Read};
+    services.reading = AudioColumns::Reading(services.settings.IncludeMP3Info);
     state_.SearchEvt = std::make_shared<NWSearch>(services);
     qint64 seconds = 0;
     try {

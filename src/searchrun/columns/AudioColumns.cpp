@@ -19,12 +19,15 @@ QString FormatPlayTime(qint32 seconds) {
            QLatin1Char(':') + TwoDigits(seconds % 60);
 }
 
-bool AudioColumns::Reads(const QString& fileName) {
-    return IsMpegAudio(fileName.mid(fileName.lastIndexOf(QLatin1Char('.')) + 1).toUpper());
-}
-
-void AudioColumns::Read(FileAccess& files, const QString& path) {
-    ISMP3Player(files).SetMP3FileName(path);
+FileReading AudioColumns::Reading(bool includeMP3Info) {
+    if (!includeMP3Info)
+        return {};
+    return {.reads =
+                [](const QString& name) {
+                    return IsMpegAudio(name.mid(name.lastIndexOf(QLatin1Char('.')) + 1).toUpper());
+                },
+            .read = [](FileAccess& files,
+                       const QString& path) { ISMP3Player(files).SetMP3FileName(path); }};
 }
 
 AudioTexts AudioColumns::Texts(const QString& folder, const QString& fileName,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Files.h"
+#include "platform/ReadAhead.h"
 #include "platform/audio/ISMP3Player.h"
 
 #include <QString>
@@ -28,9 +29,8 @@ public:
     [[nodiscard]] AudioTexts Texts(const QString& folder, const QString& fileName,
                                    const QString& extension, bool includeMP3Info);
 
-    /// Whether Texts reads a file of that name, and the reading itself, for who does it ahead.
-    [[nodiscard]] static bool Reads(const QString& fileName);
-    static void Read(FileAccess& files, const QString& path);
+    /// What Texts reads of which files.
+    [[nodiscard]] static FileReading Reading(bool includeMP3Info);
 
     /// Lets go of the last file.
     void ReleaseAudioFile() { player_.SetMP3FileName(QString()); }
