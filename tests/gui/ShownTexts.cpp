@@ -23,9 +23,9 @@ public:
     bool begin(QPaintDevice* /*device*/) override { return true; }
     bool end() override { return true; }
     Type type() const override { return User; }
-    void updateState(const QPaintEngineState& state) override {
-        if (state.state() & DirtyTransform)
-            transform_ = state.transform();
+    void updateState(const QPaintEngineState& changed) override {
+        if (changed.state() & DirtyTransform)
+            transform_ = changed.transform();
     }
     void drawPath(const QPainterPath& /*path*/) override {}
     void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
