@@ -253,8 +253,7 @@ void DownloadQueue::ShowProgress() {
 
 /// While no job shows there where it is.
 void DownloadQueue::ShowInStatusBar(const QString& text) {
-    const bool isFree = controls_.stbStatus.Text(1) == QLatin1String("Idle");
-    if (!isFree || (text.isEmpty() && !inStatusBar_))
+    if (services_.job.IsLongShown() || (text.isEmpty() && !inStatusBar_))
         return;
     controls_.stbStatus.SetText(2, text);
     inStatusBar_ = !text.isEmpty();

@@ -6,6 +6,7 @@
 #include "downloads/copier/CopyQ.h"
 #include "platform/Dialogs.h"
 #include "search/Settings.h"
+#include "searchrun/job/CurrentJob.h"
 
 #include <QLabel>
 #include <QObject>
@@ -41,6 +42,7 @@ public:
     struct Services {
         const Settings& settings;
         Dialogs& dialogs;
+        const CurrentJob& job;
     };
 
     DownloadQueue(const Controls& controls, const Services& services);

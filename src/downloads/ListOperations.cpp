@@ -37,12 +37,12 @@ qint32 ErrorNumberOf(const QString& status) {
 } // namespace
 
 ListOperations::ListOperations(const Controls& controls, const DownloadsMenu& downloadsMenu,
-                               const ResultsMenu& resultsMenu, const JobControls& jobControls,
+                               const ResultsMenu& resultsMenu, CurrentJob& job,
                                const Services& services, DownloadQueue& queue)
     : controls_(controls)
     , downloadsMenu_(downloadsMenu)
     , resultsMenu_(resultsMenu)
-    , jobControls_(jobControls)
+    , job_(job)
     , services_(services)
     , queue_(queue) {
     SetDragContent(controls_.lvwResults);
@@ -197,17 +197,21 @@ void ListOperations::ErrDescMnu_Click() {
 }
 
 void ListOperations::cmdClearLst_Click() {
-    services_.dialogs.Trap(QStringLiteral("Error in clearing"), [this] { ClearLists(); });
+    std::optional<CurrentJob::Run> job = job_.Begin(JobKind::Clear);
+    if (!job)
+        return;
+    services_.dialogs.Trap(QStringLiteral("Error in clearing"), [&] {
+        controls_.window.setCursor(Qt::WaitCursor);
+        job->Show();
+        ClearLists();
+    });
     controls_.lvwResults.setUpdatesEnabled(true);
     controls_.picListHolder.update();
     controls_.lvwResults.Refresh();
     controls_.window.unsetCursor();
-    jobControls_.EnableButtons(true, JobKind::Abortable);
 }
 
 void ListOperations::ClearLists() {
-    controls_.window.setCursor(Qt::WaitCursor);
-    jobControls_.EnableButtons(false, JobKind::Abortable);
     Yield();
     controls_.lvwResults.setUpdatesEnabled(false);
     controls_.lvwResults.Clear();

@@ -8,7 +8,7 @@
 #include "platform/NetworkEnumeration.h"
 #include "platform/Shell.h"
 #include "search/Settings.h"
-#include "searchrun/JobControls.h"
+#include "searchrun/job/CurrentJob.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -54,8 +54,8 @@ public:
     };
 
     ListOperations(const Controls& controls, const DownloadsMenu& downloadsMenu,
-                   const ResultsMenu& resultsMenu, const JobControls& jobControls,
-                   const Services& services, DownloadQueue& queue);
+                   const ResultsMenu& resultsMenu, CurrentJob& job, const Services& services,
+                   DownloadQueue& queue);
 
     /// Whether the network has workgroups, so that a computer's can be shown. True at first.
     void SetIsWinNT(bool isWinNT) { isWinNT_ = isWinNT; }
@@ -88,7 +88,7 @@ public:
     void CopyFiles(const ListView& list);
 
     /// Empties both lists, except for running downloads, and asks whether the earlier searches
-    /// shall go too.
+    /// shall go too. Does nothing while a job runs.
     void cmdClearLst_Click();
 
 private:
@@ -103,7 +103,7 @@ private:
     Controls controls_;
     DownloadsMenu downloadsMenu_;
     ResultsMenu resultsMenu_;
-    JobControls jobControls_;
+    CurrentJob& job_;
     Services services_;
     DownloadQueue& queue_;
     bool isWinNT_ = true;

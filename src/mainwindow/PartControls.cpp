@@ -12,16 +12,17 @@ QAction& PartControls::Item(const char* name) const {
     return *menu_.Item(Text(name));
 }
 
-JobControls PartControls::ForJobs() const {
+JobDisplay::Controls PartControls::ForJobDisplay() const {
     return {.fileItems = menu_.Offered({Text("mnuSaveResFile"), Text("mnuLoadResFile"),
                                         Text("mnuLogon"), Text("mnuOpts")}),
             .helpItems = menu_.Offered({Text("mnuHelp"), Text("mnuCont"), Text("UpdateMnu"),
                                         Text("mnuDonate"), Text("mnuAbout1")}),
-            .filesPicture = controls_.imgFiles[0],
-            .busyPicture = controls_.imgFiles[1],
+            .filesPicture = *controls_.imgFiles[0],
+            .busyPicture = *controls_.imgFiles[1],
             .inputs = {controls_.cmdSetSearchStart, controls_.cmdInpNetNode, controls_.LstSearchFor,
                        controls_.chkRecurse, controls_.cmdStartSearch, controls_.cmdClearLst},
-            .cmdAbandon = controls_.cmdAbandon};
+            .cmdAbandon = *controls_.cmdAbandon,
+            .stbStatus = *controls_.stbStatus};
 }
 
 ResultRows::Controls PartControls::ForRows() const {
@@ -38,7 +39,6 @@ SearchRun::Controls PartControls::ForSearchRun() const {
             .RetFileLbl = *controls_.RetFileLbl,
             .stbStatus = *controls_.stbStatus,
             .SSTab1 = *controls_.SSTab1,
-            .cmdAbandon = *controls_.cmdAbandon,
             .lvwResults = *controls_.lvwResults,
             .lvwDownloads = *controls_.lvwDownloads,
             .icons = controls_.Icons()};
@@ -100,8 +100,6 @@ ResultsFile::Controls PartControls::ForResultsFile() const {
             .RetFileLbl = *controls_.RetFileLbl,
             .stbStatus = *controls_.stbStatus,
             .SSTab1 = *controls_.SSTab1,
-            .cmdStartSearch = *controls_.cmdStartSearch,
-            .cmdAbandon = *controls_.cmdAbandon,
             .lvwResults = *controls_.lvwResults,
             .lvwDownloads = *controls_.lvwDownloads,
             .icons = controls_.Icons()};

@@ -7,6 +7,7 @@
 #include "mainwindow/MainMenu.h"
 #include "mainwindow/SysTray.h"
 #include "mainwindow/ToolsMenu.h"
+#include "searchrun/JobDisplay.h"
 #include "searchrun/PredefinedPatterns.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchRun.h"
@@ -24,8 +25,7 @@ public:
     PartControls(QWidget& window, MainControls& controls, const MainMenu& menu)
         : window_(window), controls_(controls), menu_(menu) {}
 
-    /// What is disabled while a job runs.
-    [[nodiscard]] JobControls ForJobs() const;
+    [[nodiscard]] JobDisplay::Controls ForJobDisplay() const;
 
     [[nodiscard]] ResultRows::Controls ForRows() const;
     [[nodiscard]] SearchRun::Controls ForSearchRun() const;

@@ -38,17 +38,18 @@ frmNetrove::frmNetrove(const ProgramServices& services)
     , controls_(*inner_, services.webAddress)
     , menu_(new MainMenu(*menuBar(), *this, MenuConnections::Withheld(services)))
     , parts_(*this, controls_, *menu_)
+    , jobDisplay_(parts_.ForJobDisplay(), job_)
     , layout_(*this, controls_)
     , icons_(services.fileTypes, services.systemIcon)
     , shell_(services.shell, services.dialogs)
     , rows_(parts_.ForRows(), state_, settings_, services.files, icons_)
-    , run_(parts_.ForSearchRun(), parts_.ForJobs(), RunServices(), state_, rows_)
+    , run_(parts_.ForSearchRun(), job_, RunServices(), state_, rows_)
     , patterns_(parts_.ForPatterns(), settings_, services.dialogs)
-    , start_(parts_.ForSearchStart(), parts_.ForJobs(), StartServices(), state_)
-    , queue_(parts_.ForDownloads(), {settings_, services.dialogs})
-    , lists_(parts_.ForLists(), parts_.DownloadsMenu(), parts_.ResultsMenu(), parts_.ForJobs(),
-             ListServices(), queue_)
-    , resultsFile_(parts_.ForResultsFile(), parts_.ForJobs(), ResultsFileServices(), state_, rows_)
+    , start_(parts_.ForSearchStart(), job_, StartServices(), state_)
+    , queue_(parts_.ForDownloads(), {settings_, services.dialogs, job_})
+    , lists_(parts_.ForLists(), parts_.DownloadsMenu(), parts_.ResultsMenu(), job_, ListServices(),
+             queue_)
+    , resultsFile_(parts_.ForResultsFile(), job_, ResultsFileServices(), state_, rows_)
     , settingsFile_(parts_.ForSettingsFile(), SettingsFileServices(),
                     IniFileName(services.applicationFolder))
     , skins_(parts_.SkinMenu(), parts_.ForSkins(), SkinServices())
@@ -92,11 +93,8 @@ void frmNetrove::ConnectControls() {
     controls.ConnectDownloads(lists_, queue_);
     controls.ConnectHeaders(columnHelp_);
     controls_.cmdAbandon->setEnabled(false);
-    // The flag is an old one while no job runs.
     if (services_.letAbandon)
-        services_.letAbandon(*controls_.cmdAbandon, [this] {
-            return state_.AbandonFlag && controls_.cmdAbandon->isEnabled();
-        });
+        services_.letAbandon(*controls_.cmdAbandon, [this] { return job_.GivesUpWaits(); });
 }
 
 SearchRun::Services frmNetrove::RunServices() {
@@ -226,7 +224,7 @@ void frmNetrove::LoadSteps() {
     start_.ChooseStartNode(system_.IsWinXP);
     settings_.ResultsBackColor = 0xEAEAD5;
     settings_.DownloadsBackColor = 0xBFFFFF;
-    state_.AbandonFlag = false;
+    job_.AbandonFlag = false;
     state_.FilesFound = 0;
     settings_.MaxConcurrentDownloads = 5;
     settingsFile_.LoadIni();
@@ -259,6 +257,7 @@ void frmNetrove::closeEvent(QCloseEvent* event) {
 bool frmNetrove::Form_QueryUnload() {
     if (state_.SearchEvt)
         state_.SearchEvt->Abandon();
+    job_.Stop();
     if (!IsBusy())
         return true;
     services_.dialogs.Message(MessageIcon::Exclamation,
@@ -277,7 +276,7 @@ void frmNetrove::EndSession() {
         Unload();
         return;
     }
-    controls_.cmdAbandon->click();
+    run_.cmdAbandon_Click();
     // A job waits while it shows a box.
     if (QWidget* box = QApplication::activeModalWidget())
         box->close();

@@ -45,7 +45,7 @@ public:
     void OpenResultsFiles(const QStringList& files);
 
     /// Whether a job runs that closing the window would break off.
-    [[nodiscard]] bool IsBusy() const { return !controls_.cmdStartSearch->isEnabled(); }
+    [[nodiscard]] bool IsBusy() const { return job_.IsRunning(); }
 
     /// Whether the window may close: asks a search to stop, and tells the user who then has to
     /// close again when it has.
@@ -99,6 +99,7 @@ private:
     ExclusionLists exclusions_;
     TroubleshootingLog log_{settings_};
     SearchState state_;
+    CurrentJob job_;
     SystemValues system_;
     QString HelpFile;
     std::unique_ptr<InstanceMarker> marker_;
@@ -107,6 +108,7 @@ private:
     MainControls controls_;
     MainMenu* menu_;
     PartControls parts_;
+    JobDisplay jobDisplay_;
     WindowLayout layout_;
     IconImages icons_;
     ShellServices shell_;

@@ -13,31 +13,37 @@
 namespace netrove {
 
 void SearchRun::cmdStartSearch_Click() {
-    SearchServices services = services_.search;
-    services.reading = AudioColumns::Reading(services.settings.IncludeMP3Info);
-    state_.SearchEvt = std::make_shared<NWSearch>(services);
+    std::optional<CurrentJob::Run> job = job_.Begin(JobKind::Search);
+    if (!job)
+        return;
     qint64 seconds = 0;
     try {
-        const std::optional<qint64> elapsed = Run();
+        const std::optional<qint64> elapsed = Run(*job);
         if (!elapsed)
             return;
         seconds = *elapsed;
     } catch (...) {
         ShowFailure(CurrentFailure());
     }
-    GiveControlsBack();
+    GiveControlsBack(*job);
     WriteSummary(seconds);
     rows_.ReleaseAudioFile();
     RepaintWindow();
 }
 
-std::optional<qint64> SearchRun::Run() {
+std::optional<qint64> SearchRun::Run(CurrentJob::Run& job) {
+    SearchServices services = services_.search;
+    services.reading = AudioColumns::Reading(services.settings.IncludeMP3Info);
+    // The engine lives as long as its walk, whatever a handler does to the reference.
+    const auto engine = std::make_shared<NWSearch>(services);
+    state_.SearchEvt = engine;
     Yield();
     const qint64 started = QDateTime::currentSecsSinceEpoch();
     controls_.SSTab1.setCurrentIndex(0);
     const QString text = TakeSearchText();
     Yield();
     if (text.isEmpty()) {
+        state_.SearchEvt.reset();
         RefuseEmptyText();
         return std::nullopt;
     }
@@ -51,13 +57,12 @@ std::optional<qint64> SearchRun::Run() {
                           services_.search.settings.ShowListIcons,
                           services_.search.settings.ListIconType);
     controls_.lvwResults.Refresh();
-    DisableButtons();
-    controls_.stbStatus.SetText(1, QStringLiteral("Searching..."));
-    ConnectEngine();
-    // The engine lives as long as its walk, whatever a handler does to the reference.
-    const std::shared_ptr<NWSearch> engine = state_.SearchEvt;
+    job.Show();
+    ConnectEngine(*engine);
     engine->SetRecurseFolders(controls_.chkRecurse.isChecked());
-    engine->BeginSearch(patterns, state_.SearchStartNode);
+    // A walk forgets what it was asked before its beginning.
+    if (!job.IsToStop())
+        engine->BeginSearch(patterns, state_.SearchStartNode);
     return QDateTime::currentSecsSinceEpoch() - started;
 }
 
@@ -98,7 +103,7 @@ void SearchRun::ClearResults() {
     state_.FilesFound = 0;
     controls_.lvwResults.Clear();
     controls_.RetFileLbl.setText(QStringLiteral("---"));
-    state_.AbandonFlag = false;
+    job_.AbandonFlag = false;
 }
 
 void SearchRun::SetSizeHeaders() {
@@ -107,19 +112,12 @@ void SearchRun::SetSizeHeaders() {
     controls_.lvwDownloads.SetHeaderText(ResultColumn::Size, heading);
 }
 
-void SearchRun::DisableButtons() {
-    jobControls_.EnableButtons(false, JobKind::Abortable);
-    controls_.cmdAbandon.setEnabled(true);
-    controls_.cmdAbandon.setFocus();
-}
-
-void SearchRun::ConnectEngine() {
-    state_.SearchEvt->ItemFound = [this](const QString& path) { rows_.SearchEvt_ItemFound(path); };
-    state_.SearchEvt->SearchUpdate = [this](const QString& path) {
+void SearchRun::ConnectEngine(NWSearch& engine) {
+    engine.ItemFound = [this](const QString& path) { rows_.SearchEvt_ItemFound(path); };
+    engine.SearchUpdate = [this, &engine](const QString& path) {
         rows_.SearchEvt_SearchUpdate(path);
-        if (state_.SearchEvt->ReachedComputers() > 0)
-            computers_.Show(state_.SearchEvt->ReachedComputers() - 1,
-                            state_.SearchEvt->KnownComputers());
+        if (engine.ReachedComputers() > 0)
+            computers_.Show(engine.ReachedComputers() - 1, engine.KnownComputers());
     };
     if (services_.report)
         services_.report->Begin();
@@ -133,18 +131,14 @@ void SearchRun::ShowFailure(const RunTimeError& error) {
                               QStringLiteral("Error while searching"));
 }
 
-void SearchRun::GiveControlsBack() {
-    controls_.cmdAbandon.setEnabled(false);
-    jobControls_.EnableButtons(true, JobKind::Abortable);
-    controls_.stbStatus.SetText(1, QStringLiteral("Idle"));
-    controls_.stbStatus.SetText(2, QString());
-    controls_.stbStatus.SetToolTipText(2, QString());
+void SearchRun::GiveControlsBack(CurrentJob::Run& job) {
+    job.End();
     computers_.Clear();
     state_.SearchEvt.reset();
 }
 
 void SearchRun::WriteSummary(qint64 seconds) {
-    controls_.RetFileLbl.setText(SearchSummary(state_.AbandonFlag, state_.FilesFound, seconds,
+    controls_.RetFileLbl.setText(SearchSummary(job_.AbandonFlag, state_.FilesFound, seconds,
                                                services_.search.settings.MaxReturnFiles));
 }
 
@@ -157,7 +151,7 @@ void SearchRun::RepaintWindow() {
 void SearchRun::cmdAbandon_Click() {
     if (state_.SearchEvt)
         state_.SearchEvt->Abandon();
-    state_.AbandonFlag = true;
+    job_.AbandonFlag = true;
 }
 
 } // namespace netrove

@@ -10,14 +10,13 @@
 #include "search/NWSearch.h"
 #include "search/Settings.h"
 #include "searchrun/ComputerPanel.h"
-#include "searchrun/JobControls.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
+#include "searchrun/job/CurrentJob.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QTabWidget>
 
 namespace netrove {
@@ -33,7 +32,6 @@ public:
         QLabel& RetFileLbl;
         StatusBar& stbStatus;
         QTabWidget& SSTab1;
-        QPushButton& cmdAbandon;
         ListView& lvwResults;
         ListView& lvwDownloads;
         IconSets icons;
@@ -45,16 +43,16 @@ public:
         NetworkReport* report; ///< null where nobody keeps one
     };
 
-    SearchRun(const Controls& controls, const JobControls& jobControls, const Services& services,
+    SearchRun(const Controls& controls, CurrentJob& job, const Services& services,
               SearchState& state, ResultRows& rows)
         : controls_(controls)
-        , jobControls_(jobControls)
+        , job_(job)
         , services_(services)
         , state_(state)
         , rows_(rows)
         , computers_(controls.stbStatus) {}
 
-    /// The whole run. Failures end in a message box; nothing is raised.
+    /// The whole run; nothing while a job runs. Failures end in a message box; nothing is raised.
     void cmdStartSearch_Click();
 
     /// Asks the running walk to stop at its next test.
@@ -63,22 +61,21 @@ public:
 private:
     /// Gives the number of whole seconds that the walk took; nothing if there was no text to
     /// search for.
-    [[nodiscard]] std::optional<qint64> Run();
+    [[nodiscard]] std::optional<qint64> Run(CurrentJob::Run& job);
     [[nodiscard]] QString TakeSearchText();
     void RefuseEmptyText();
     void RememberSearchText(const QString& text);
     void ParseExclusions();
     void ClearResults();
     void SetSizeHeaders();
-    void DisableButtons();
-    void ConnectEngine();
+    void ConnectEngine(NWSearch& engine);
     void ShowFailure(const RunTimeError& error);
-    void GiveControlsBack();
+    void GiveControlsBack(CurrentJob::Run& job);
     void WriteSummary(qint64 seconds);
     void RepaintWindow();
 
     Controls controls_;
-    JobControls jobControls_;
+    CurrentJob& job_;
     Services services_;
     SearchState& state_;
     ResultRows& rows_;

@@ -35,6 +35,8 @@ void SearchStart::cmdInpNetNode_Click() {
 }
 
 void SearchStart::mnuInpNetNode_Click(int index) {
+    if (job_.IsRunning())
+        return;
     const auto failure = FailureOf([&] {
         if (index == Workstation)
             InputNode({.prompt = QStringLiteral(
@@ -114,13 +116,17 @@ void SearchStart::ChooseStartNode(bool isWinXP) {
 }
 
 void SearchStart::cmdSetSearchStart_Click() {
-    services_.dialogs.Trap(QStringLiteral("Error in browsing network"), [this] { Browse(); });
+    std::optional<CurrentJob::Run> job = job_.Begin(JobKind::Browse);
+    if (!job)
+        return;
+    services_.dialogs.Trap(QStringLiteral("Error in browsing network"), [&] {
+        job->Show();
+        Browse();
+    });
     Yield();
-    jobControls_.EnableButtons(true, JobKind::Browsing);
 }
 
 void SearchStart::Browse() {
-    jobControls_.EnableButtons(false, JobKind::Browsing);
     if (services_.settings.ExcludeNetNodes)
         services_.exclusions.ParseNetNodes(services_.settings);
     Yield();

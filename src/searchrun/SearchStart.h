@@ -4,8 +4,8 @@
 #include "platform/NetworkEnumeration.h"
 #include "search/ExclusionLists.h"
 #include "search/Settings.h"
-#include "searchrun/JobControls.h"
 #include "searchrun/SearchState.h"
+#include "searchrun/job/CurrentJob.h"
 
 #include <QLineEdit>
 #include <QMenu>
@@ -36,12 +36,8 @@ public:
         std::function<std::optional<std::shared_ptr<NetResource>>()> browse;
     };
 
-    SearchStart(const Controls& controls, const JobControls& jobControls, Services services,
-                SearchState& state)
-        : controls_(controls)
-        , jobControls_(jobControls)
-        , services_(std::move(services))
-        , state_(state) {}
+    SearchStart(const Controls& controls, CurrentJob& job, Services services, SearchState& state)
+        : controls_(controls), job_(job), services_(std::move(services)), state_(state) {}
 
     /// Whether the network has workgroups, so that paths lead through its provider. True at first.
     void SetIsWinNT(bool isWinNT) { isWinNT_ = isWinNT; }
@@ -56,10 +52,11 @@ public:
 
     /// Item 0 asks for a computer, 1 for a workgroup, 3 takes the root. The start node stays as it
     /// was where the name is cancelled, can't be one or isn't found. Yields, with the hourglass
-    /// up. Failures end in a message box.
+    /// up. Does nothing while a job runs. Failures end in a message box.
     void mnuInpNetNode_Click(int index);
 
-    /// Lets the user choose in the browser. Failures end in a message box.
+    /// Lets the user choose in the browser; nothing while a job runs. Failures end in a message
+    /// box.
     void cmdSetSearchStart_Click();
 
 private:
@@ -74,7 +71,7 @@ private:
     void SetStartNode(const std::shared_ptr<NetResource>& node);
 
     Controls controls_;
-    JobControls jobControls_;
+    CurrentJob& job_;
     Services services_;
     SearchState& state_;
     bool isWinNT_ = true;

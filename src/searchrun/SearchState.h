@@ -15,8 +15,6 @@ struct SearchState {
     std::shared_ptr<NWSearch> SearchEvt;
     /// Rows that the running job has put into the results list.
     qint32 FilesFound = 0;
-    /// The user has pressed the abort button during the present job.
-    bool AbandonFlag = false;
 };
 
 } // namespace netrove

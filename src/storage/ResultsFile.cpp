@@ -48,7 +48,7 @@ void ResultsFile::MakeListsFolder() const {
 }
 
 void ResultsFile::BringResultsToFront() {
-    state_.AbandonFlag = false;
+    job_.AbandonFlag = false;
     controls_.SSTab1.setCurrentIndex(0);
     MakeListsFolder();
 }
@@ -64,11 +64,12 @@ void ResultsFile::EndDialog(const Failure& failure, const QString& title) {
     controls_.window.unsetCursor();
     controls_.window.setEnabled(true);
     services_.dialogs.Failure(failure, title);
-    state_.AbandonFlag = false;
+    job_.AbandonFlag = false;
 }
 
 void ResultsFile::mnuSaveResFile_Click() {
-    EndDialog(FailureOf([this] { SaveSteps(); }), QStringLiteral("Error in saving file"));
+    if (!job_.IsRunning())
+        EndDialog(FailureOf([this] { SaveSteps(); }), QStringLiteral("Error in saving file"));
 }
 
 void ResultsFile::SaveSteps() {
@@ -114,16 +115,19 @@ bool ResultsFile::MayWrite(const QString& strFile) {
 
 void ResultsFile::SaveResFile(const QString& strFile, bool& saved) {
     saved = false;
+    std::optional<CurrentJob::Run> job = job_.Begin(JobKind::Save);
+    if (!job)
+        return;
     const qint64 started = Now();
     qint32 count = 0;
     std::optional<ResultsWriter> writer;
     Failure failure = FailureOf([&] {
-        BeginJob(QStringLiteral("Saving..."));
+        job->Show();
         WriteRows(writer, strFile, saved, count);
     });
     controls_.RetFileLbl.setText(
-        Summary(state_.AbandonFlag, QStringLiteral("Saved"), count, started));
-    EndJob();
+        Summary(job_.AbandonFlag, QStringLiteral("Saved"), count, started));
+    job->End();
     if (writer) {
         const Failure closing = FailureOf([&] { writer->Close(); });
         saved = saved && !closing;
@@ -139,7 +143,7 @@ void ResultsFile::WriteRows(std::optional<ResultsWriter>& writer, const QString&
     writer->WriteLine(ResultsFormat::Header(ProgramVersion(), QDateTime::currentDateTime()));
     const int rows = controls_.lvwResults.Count();
     int row = 1;
-    for (; row <= rows && !state_.AbandonFlag; ++row) {
+    for (; row <= rows && !job_.AbandonFlag; ++row) {
         writer->WriteLine(RowLine(row));
         ++count;
         controls_.RetFileLbl.setText(u"Save in progress. " + QString::number(count) +
@@ -158,7 +162,8 @@ QByteArray ResultsFile::RowLine(int row) const {
 }
 
 void ResultsFile::mnuLoadResFile_Click() {
-    EndDialog(FailureOf([this] { LoadSteps(); }), QStringLiteral("Error in loading file"));
+    if (!job_.IsRunning())
+        EndDialog(FailureOf([this] { LoadSteps(); }), QStringLiteral("Error in loading file"));
 }
 
 void ResultsFile::LoadSteps() {
@@ -170,23 +175,23 @@ void ResultsFile::LoadSteps() {
 }
 
 void ResultsFile::LoadResFile(const QString& strFile) {
+    std::optional<CurrentJob::Run> job = job_.Begin(JobKind::Load);
+    if (!job)
+        return;
     const qint64 started = Now();
     FailureOf([this] { BindList(); });
-    BeginJob(QStringLiteral("Loading..."));
+    job->Show();
     state_.FilesFound = controls_.lvwResults.Count();
     ResultsReader reader(strFile);
-    if (!reader.Open()) {
-        EndJob();
+    if (!reader.Open())
         return;
-    }
-    const qint32 loaded =
-        RowLoader(services_.files, services_.ahead, services_.settings, state_, rows_).Load(reader);
+    RowLoader loader(services_.files, services_.ahead, services_.settings, job_, state_, rows_);
+    const qint32 loaded = loader.Load(reader);
     controls_.RetFileLbl.setText(
-        Summary(state_.AbandonFlag, QStringLiteral("Loaded"), loaded, started) +
+        Summary(job_.AbandonFlag, QStringLiteral("Loaded"), loaded, started) +
         u" (Max return is set to " + QString::number(services_.settings.MaxReturnFiles) + u')');
     FailureOf([this] { rows_.ReleaseAudioFile(); });
     controls_.lvwResults.Refresh();
-    EndJob();
 }
 
 void ResultsFile::BindList() {
@@ -199,29 +204,12 @@ void ResultsFile::BindList() {
     controls_.lvwDownloads.SetHeaderText(ResultColumn::Size, heading);
 }
 
-void ResultsFile::BeginJob(const QString& status) {
-    jobControls_.EnableButtons(false, JobKind::Abortable);
-    controls_.cmdAbandon.setEnabled(true);
-    controls_.cmdAbandon.setFocus();
-    controls_.stbStatus.SetText(1, status);
-}
-
-void ResultsFile::EndJob() {
-    controls_.cmdAbandon.setEnabled(false);
-    jobControls_.EnableButtons(true, JobKind::Abortable);
-    controls_.stbStatus.SetText(1, QStringLiteral("Idle"));
-    controls_.stbStatus.SetText(2, QString());
-    controls_.stbStatus.SetToolTipText(2, QString());
-}
-
 void ResultsFile::lvwResults_OLEDragDrop(const QStringList& files) {
-    if (!controls_.cmdStartSearch.isEnabled())
-        return;
     for (const QString& file : files) {
         Yield();
-        if (!QFileInfo(file).isFile() || !controls_.cmdStartSearch.isEnabled())
+        if (job_.IsRunning() || !QFileInfo(file).isFile())
             continue;
-        state_.AbandonFlag = false;
+        job_.AbandonFlag = false;
         if (FileExtension(file) == u"NRR")
             LoadResFile(file);
     }

@@ -9,13 +9,12 @@
 #include "platform/ReadAhead.h"
 #include "runtime/RunTimeError.h"
 #include "search/Settings.h"
-#include "searchrun/JobControls.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
+#include "searchrun/job/CurrentJob.h"
 #include "storage/results/ResultsWriter.h"
 
 #include <QLabel>
-#include <QPushButton>
 #include <QTabWidget>
 
 #include <optional>
@@ -31,8 +30,6 @@ public:
         QLabel& RetFileLbl;
         StatusBar& stbStatus;
         QTabWidget& SSTab1;
-        QPushButton& cmdStartSearch;
-        QPushButton& cmdAbandon;
         ListView& lvwResults;
         ListView& lvwDownloads;
         IconSets icons;
@@ -46,15 +43,12 @@ public:
         QString applicationFolder; ///< without a closing separator
     };
 
-    ResultsFile(const Controls& controls, const JobControls& jobControls, const Services& services,
+    ResultsFile(const Controls& controls, CurrentJob& job, const Services& services,
                 SearchState& state, ResultRows& rows)
-        : controls_(controls)
-        , jobControls_(jobControls)
-        , services_(services)
-        , state_(state)
-        , rows_(rows) {}
+        : controls_(controls), job_(job), services_(services), state_(state), rows_(rows) {}
 
-    /// Let the user choose a file, then save or load. Failures end in a message box.
+    /// Let the user choose a file, then save or load; nothing while a job runs. Failures end in a
+    /// message box.
     void mnuSaveResFile_Click();
     void mnuLoadResFile_Click();
 
@@ -62,11 +56,12 @@ public:
     void mnuListsFol_Click(int index);
 
     /// Writes all rows to the file, which is replaced at the end. `saved` becomes true only when
-    /// every row was written. After an abort the file has the rows so far; a failure, which is
-    /// told in a box, can leave the earlier file.
+    /// every row was written. Nothing is written while a job runs. After an abort the file has the
+    /// rows so far; a failure, which is told in a box, can leave the earlier file.
     void SaveResFile(const QString& strFile, bool& saved);
 
-    /// Adds a row for each file of the results file that is still there. No failure is told.
+    /// Adds a row for each file of the results file that is still there; none while a job
+    /// runs. No failure is told.
     void LoadResFile(const QString& strFile);
 
     /// Loads the results files among those that were dropped on the list.
@@ -90,11 +85,8 @@ private:
     void LoadSteps();
     void BindList();
 
-    void BeginJob(const QString& status);
-    void EndJob();
-
     Controls controls_;
-    JobControls jobControls_;
+    CurrentJob& job_;
     Services services_;
     SearchState& state_;
     ResultRows& rows_;

@@ -43,7 +43,7 @@ qint32 RowLoader::Load(ResultsReader& reader) {
             ahead_->EndWalk();
     });
     sinceServing_.start();
-    while (!reader.AtEnd()) {
+    while (!reader.AtEnd() && !job_.AbandonFlag) {
         ReadLines(reader);
         ChooseFolders();
         ServeUser();
@@ -91,7 +91,7 @@ bool RowLoader::LoadFile(const QString& path) {
     if (!Exists(path)) {
         // Missing files come in long runs where a computer is off: those can be aborted too.
         ServeUser();
-        return !state_.AbandonFlag;
+        return !job_.AbandonFlag;
     }
     ++loaded_;
     try {
@@ -103,7 +103,7 @@ bool RowLoader::LoadFile(const QString& path) {
         return false;
     Yield();
     sinceServing_.start();
-    return !state_.AbandonFlag;
+    return !job_.AbandonFlag;
 }
 
 bool RowLoader::Exists(const QString& path) {

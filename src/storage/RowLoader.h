@@ -5,6 +5,7 @@
 #include "search/Settings.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
+#include "searchrun/job/CurrentJob.h"
 #include "storage/results/ResultsReader.h"
 
 #include <QElapsedTimer>
@@ -18,9 +19,14 @@ namespace netrove {
 class RowLoader {
 public:
     /// `ahead` may be null: then the lines are asked for one after another.
-    RowLoader(FileAccess& files, ReadAhead* ahead, const Settings& settings, SearchState& state,
-              ResultRows& rows)
-        : files_(files), ahead_(ahead), settings_(settings), state_(state), rows_(rows) {}
+    RowLoader(FileAccess& files, ReadAhead* ahead, const Settings& settings, const CurrentJob& job,
+              const SearchState& state, ResultRows& rows)
+        : files_(files)
+        , ahead_(ahead)
+        , settings_(settings)
+        , job_(job)
+        , state_(state)
+        , rows_(rows) {}
 
     /// Gives the number of files that were there. Ends early when the list is full or the user has
     /// pressed the abort button. To be called once.
@@ -36,7 +42,8 @@ private:
     FileAccess& files_;
     ReadAhead* ahead_;
     const Settings& settings_;
-    SearchState& state_;
+    const CurrentJob& job_;
+    const SearchState& state_;
     ResultRows& rows_;
     qint32 loaded_ = 0;
     std::vector<QString> next_; ///< paths of the next lines

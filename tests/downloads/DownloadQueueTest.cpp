@@ -94,8 +94,10 @@ protected:
     Settings settings;
     RecordedDialogs dialogs;
     WindowYield yield;
+    CurrentJob job;
     std::unique_ptr<CommandedCopier> copier = std::make_unique<CommandedCopier>();
-    DownloadQueue queue{{window, tabs, results, downloads, caption, status}, {settings, dialogs}};
+    DownloadQueue queue{{window, tabs, results, downloads, caption, status},
+                        {settings, dialogs, job}};
 };
 
 TEST_F(Queue, GoesThroughItsStates) {
@@ -266,14 +268,15 @@ TEST_F(Queue, ShowsHowFarACopyIs) {
     EXPECT_TRUE(note.startsWith(Text("25 %, 2"))) << note.toStdString();
     EXPECT_EQ(status.Text(2), Text("a: ") + note);
     ExpectRows("a: Downloading");
-    status.SetText(1, Text("Searching..."));
+    std::optional<CurrentJob::Run> search = job.Begin(JobKind::Search);
+    search->Show();
     status.SetText(2, Text("path"));
     copier->Finish(1);
     ExpectRows("a: Done!");
     LetTick();
     EXPECT_FALSE(downloads.Progress(1, DownloadItem::Status));
     EXPECT_EQ(status.Text(2), Text("path")) << "it belongs to the search";
-    status.SetText(1, Text("Idle"));
+    search.reset();
     LetTick();
     EXPECT_EQ(status.Text(2), QString());
 }

@@ -117,6 +117,39 @@ TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
     EXPECT_EQ(StatusText(2), QString());
 }
 
+TEST_F(Window, OneJobRunsAtATime) {
+    Open();
+    Type("*.mp3");
+    int walks = 0;
+    network.OnCall = [&](const QString& call) { walks += call == Text("enter \\\\S\\D") ? 1 : 0; };
+    // All of it comes in before the search has switched anything off.
+    const auto startWith = [&](const std::function<void()>& second) {
+        walks = 0;
+        QMetaObject::invokeMethod(
+            &window, [&] { Click("cmdStartSearch"); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&window, second, Qt::QueuedConnection);
+        SetYieldAlways(true);
+        QCoreApplication::processEvents();
+        SetYieldAlways(false);
+        EXPECT_TRUE(Find("cmdStartSearch").isEnabled());
+    };
+    for (const char* button : {"cmdStartSearch", "cmdSetSearchStart", "cmdClearLst"}) {
+        startWith([&] { Click(button); });
+        EXPECT_EQ(walks, 1) << button;
+        EXPECT_EQ(Rows().size(), 3) << button;
+    }
+    for (const char* item : {"mnuLoadResFile", "mnuSaveResFile", "mnuInpNetNode(3)"})
+        startWith([&] { Trigger(item); });
+    EXPECT_EQ(dialogs.Boxes(), "") << "nothing was asked";
+
+    startWith([&] { window.close(); });
+    EXPECT_EQ(dialogs.Take(), SearchInProgress);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(walks, 0) << "who closes wants no search";
+    ExpectCaption("Returned 0 files in ");
+    EXPECT_TRUE(window.close());
+}
+
 TEST_F(Window, AWaitForTheNetworkCanBeAborted) {
     Open();
     Find("chkRecurse").setFocus();

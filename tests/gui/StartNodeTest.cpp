@@ -1,5 +1,6 @@
 #include "controls/TreeView.h"
 #include "gui/WindowTest.h"
+#include "runtime/Yield.h"
 
 namespace netrove {
 namespace {
@@ -121,6 +122,7 @@ TEST_F(StartNode, ComesFromTheBrowser) {
     EXPECT_EQ(StartNodeText(), Text("Other"));
     expectEnabled(true);
     Click("cmdAbandon");
+    EXPECT_TRUE(WhileWaiting()) << "no wait is given up for what was pressed while nothing runs";
     calls.clear();
     Click("cmdStartSearch");
     EXPECT_EQ(Rows(), Texts({"\\\\U\\D\\one.mp3"}));
