@@ -309,6 +309,12 @@ TEST_F(ResultsWindow, MissingFilesDontKeepTheUserFromAborting) {
     EXPECT_TRUE(CaptionIs("Aborted, but loaded 0 files in # (Max return is set to 5000)"));
     EXPECT_GT(asked, 0);
     EXPECT_LT(asked, 1000);
+
+    // A line that takes hours to read.
+    ASSERT_TRUE(QFile::resize(Write("endless.nrr", FileOf(0)), qint64(1) << 42));
+    WhenCaptionIs(Caption(), [&] { Click("cmdAbandon"); });
+    Load(folder.filePath(Text("endless.nrr")));
+    EXPECT_TRUE(CaptionIs("Aborted, but loaded 0 files in # (Max return is set to 5000)"));
 }
 
 TEST_F(ResultsWindow, LoadsWhatIsDropped) {
