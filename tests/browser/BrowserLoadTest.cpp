@@ -141,20 +141,21 @@ TEST_F(Browser, TellsWhatFailed) {
             throw RunTimeError(ErrorNumber::PathNotFound);
     };
     Open();
-    EXPECT_EQ(dialogs.Boxes(), "Error while adding NONODE: An error was encountered when searching "
-                               "the network.\r\n76\r\nPath not found");
+    EXPECT_EQ(dialogs.TakeWhole(),
+              "critical: Error while adding NONODE: An error was encountered when searching "
+              "the network.\r\n76\r\nPath not found");
     EXPECT_TRUE(IsShown("tvwNetwork"));
     EXPECT_EQ(Tree().Count(), 1);
 
-    dialogs.Shown.clear();
     onCall = nullptr;
     network.AddNode(Text("Lone"), NetEnum::DisplayServer, Text("\\\\U"));
     network.AddNode(Text("Lone"), NetEnum::DisplayServer, Text("\\\\u"));
     Open();
     Expand("Lone");
     EXPECT_EQ(
-        dialogs.Boxes(),
-        "Error While Expanding Lone: An error was encountered when expanding the node.\r\nNode = "
+        dialogs.WholeBoxes(),
+        "critical: Error While Expanding Lone: An error was encountered when expanding the "
+        "node.\r\nNode = "
         "'Lone'\r\n \r\n457\r\nThis key is already associated with an element of this collection");
     EXPECT_EQ(browser->cursor().shape(), Qt::ArrowCursor);
     EXPECT_FALSE(IsShown("picProg") || IsShown("lblWait"));
@@ -240,7 +241,7 @@ TEST_F(Browser, ANodeExpandedAgainWhileItLoadsIsReadOnce) {
     for (int passes = 1; passes <= 12; ++passes) {
         Open();
         calls.clear();
-        dialogs.Shown.clear();
+        dialogs.Take();
         QTimer user;
         QObject::connect(&user, &QTimer::timeout, browser.get(), [&, passed = 0]() mutable {
             if (++passed != passes)

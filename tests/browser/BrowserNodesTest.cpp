@@ -116,10 +116,12 @@ TEST_F(BrowserNodes, SaysWhatItCanNotExclude) {
     settings.ExcludeNetNodes = false;
     Choose("Net");
     EXPECT_EQ(
-        dialogs.Boxes(),
-        "Exclude Network Node <root>: Can not exclude the root node.|Exclude Network Node "
+        dialogs.WholeBoxes(),
+        "critical: Exclude Network Node <root>: Can not exclude the root node.|exclamation: "
+        "Exclude Network Node "
         "<printer>: Can not exclude this network node. This probably\r\nmeans that the network "
-        "node type is already excluded\r\nfrom the search.|Exclude Network Node: The node "
+        "node type is already excluded\r\nfrom the search.|exclamation: Exclude Network Node: The "
+        "node "
         "exclusion option is currently off.\r\nTo activate it go to Tools>Options>Search");
     EXPECT_EQ(settings.ExcNetNodes, QStringList());
     EXPECT_EQ(Children("_ROOT"), "Net+ Lone+");

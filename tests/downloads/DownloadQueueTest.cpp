@@ -186,7 +186,8 @@ TEST_F(Queue, AsksOnceBeforeItOverwrites) {
     };
     QueueFiles({"a", "b"});
     ExpectRows("a: No O/W, b: Downloading");
-    EXPECT_EQ(dialogs.Shown, QStringList(Text("Overwrite file?...: ") + settings.SaveFolder +
+    EXPECT_EQ(dialogs.Whole, QStringList(Text("exclamation, Yes/No(No): Overwrite file?...: ") +
+                                         settings.SaveFolder +
                                          Text("a\r\nThe file already exists. Overwrite it?")));
     EXPECT_FALSE(downloads.ForeColor(1).isValid());
 
@@ -290,7 +291,7 @@ TEST_F(Queue, TakesAsManyRowsAsItCanCount) {
     timer.start();
     QueueAll();
     EXPECT_EQ(downloads.Count(), DownloadQueue::MaxRows);
-    EXPECT_EQ(dialogs.Boxes(), "Error in Results Col DblClick: 6\r\nOverflow");
+    EXPECT_EQ(dialogs.WholeBoxes(), "critical: Error in Results Col DblClick: 6\r\nOverflow");
     EXPECT_TRUE(Timer("DloadScanTmr").isActive());
     downloads.selectAll();
     EXPECT_EQ(downloads.SelectedCount(), DownloadQueue::MaxRows);

@@ -7,6 +7,7 @@
 #include "runtime/RunTimeError.h"
 
 #include <QHash>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -16,10 +17,13 @@
 
 namespace netrove {
 
-/// Keeps the boxes that the program shows, as "title: text", and answers them.
+/// Keeps the boxes that the program shows, and answers them by a button that they have.
 class RecordedDialogs : public Dialogs {
 public:
-    QStringList Shown;
+    QStringList Shown; ///< "title: text"
+    /// The same boxes with what they are: "critical: title: text" has only OK; others name their
+    /// buttons, and the default one in brackets: "exclamation, Yes/No(No): title: text".
+    QStringList Whole;
     QStringList Inputs; ///< what is typed into the next input boxes; an empty list cancels them
     /// What is chosen in the next file choosers; an empty list cancels them.
     QStringList Files;
@@ -29,24 +33,27 @@ public:
     std::optional<QString> Folder;
     std::optional<QString> Computer;
     std::function<ChosenFont(ChosenFont)> Font;
-    MessageAnswer Answer = MessageAnswer::Ok;
+    MessageAnswer Answer = MessageAnswer::Ok; ///< boxes without that button give their default
     std::function<void()> OnMessage;
     std::function<void()> OnInput; ///< while an input box is up; may throw
 
     /// What was shown, one box after the other.
     [[nodiscard]] std::string Boxes() const { return Shown.join(u'|').toStdString(); }
+    [[nodiscard]] std::string WholeBoxes() const { return Whole.join(u'|').toStdString(); }
     /// The same, since the last time.
-    std::string Take() { return std::exchange(Shown, {}).join(u'|').toStdString(); }
+    std::string Take() { return Joined(Shown); }
+    std::string TakeWhole() { return Joined(Whole); }
 
-    MessageAnswer Message(MessageIcon /*icon*/, const QString& text, const QString& title,
-                          MessageButtons /*buttons*/) override {
-        Shown.append(title + QStringLiteral(": ") + text);
+    MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
+                          MessageButtons buttons) override {
+        const Offer offer = OfferOf(buttons);
+        Record(IconName(icon) + offer.text, title + QStringLiteral(": ") + text);
         if (OnMessage)
             OnMessage();
-        return Answer;
+        return offer.answers.contains(Answer) ? Answer : offer.answers.constLast();
     }
     QString InputBox(const QString& prompt, const QString& title) override {
-        Shown.append(title + QStringLiteral(": ") + prompt);
+        Record(QStringLiteral("input"), title + QStringLiteral(": ") + prompt);
         if (OnInput)
             OnInput();
         return Inputs.isEmpty() ? QString() : Inputs.takeFirst();
@@ -54,11 +61,12 @@ public:
     std::optional<QString> OpenFile(const FileDialogSetup& setup) override { return Choose(setup); }
     std::optional<QString> SaveFile(const FileDialogSetup& setup) override { return Choose(setup); }
     std::optional<QString> ChooseFolder(const QString& title, bool network) override {
-        Shown.append(title + (network ? QStringLiteral(" (network)") : QString()));
+        Record(QStringLiteral("folder"),
+               title + (network ? QStringLiteral(" (network)") : QString()));
         return std::exchange(Folder, std::nullopt);
     }
     std::optional<QString> ChooseComputer(const QString& title) override {
-        Shown.append(title);
+        Record(QStringLiteral("computer"), title);
         return std::exchange(Computer, std::nullopt);
     }
     std::optional<ChosenFont> ChooseFont(const ChosenFont& font) override {
@@ -67,6 +75,41 @@ public:
     }
 
 private:
+    struct Offer {
+        QString text;
+        QList<MessageAnswer> answers; ///< the last one is the default button's
+    };
+
+    static Offer OfferOf(MessageButtons buttons) {
+        switch (buttons) {
+        case MessageButtons::Ok:
+            return {{}, {MessageAnswer::Ok}};
+        case MessageButtons::OkCancel:
+            return {QStringLiteral(", OK/Cancel(OK)"), {MessageAnswer::Cancel, MessageAnswer::Ok}};
+        case MessageButtons::YesNo:
+            return {QStringLiteral(", Yes/No(No)"), {MessageAnswer::Yes, MessageAnswer::No}};
+        }
+        Q_UNREACHABLE();
+    }
+
+    static QString IconName(MessageIcon icon) {
+        static const char* const names[] = {"none", "critical", "question", "exclamation",
+                                            "information"};
+        return QString::fromLatin1(names[int(icon)]);
+    }
+
+    void Record(const QString& kind, const QString& text) {
+        Shown.append(text);
+        Whole.append(kind + QStringLiteral(": ") + text);
+    }
+
+    std::string Joined(QStringList& boxes) {
+        const std::string text = boxes.join(u'|').toStdString();
+        Shown.clear();
+        Whole.clear();
+        return text;
+    }
+
     std::optional<QString> Choose(const FileDialogSetup& setup) {
         Choosers.push_back(setup);
         if (Files.isEmpty())

@@ -131,7 +131,7 @@ TEST_F(DownloadsTest, ResultsMenu) {
     shell.Result = 5;
     RightClickRow(results, 3);
     Pick("PopUp2Mnu", "ExpFolMnu");
-    EXPECT_EQ(dialogs.Boxes(), "Folder Error...: Failed to explore \\\\S\\D\\SUB\\");
+    EXPECT_EQ(dialogs.WholeBoxes(), "critical: Folder Error...: Failed to explore \\\\S\\D\\SUB\\");
     RightClickRow(results, 3);
     Pick("PopUp2Mnu", "mnuDownload");
     WaitForState(1, "Downloading");
@@ -166,9 +166,10 @@ TEST_F(DownloadsTest, DownloadsMenuFollowsTheStates) {
     RightClickRow(downloads, 2);
     Pick("PopUp1Mnu", "mnuViewFolder(0)");
     EXPECT_EQ(
-        dialogs.Boxes(),
-        "Error Description: Error #429 - Component can't create object\r\n(Re-installation of the "
-        "application will usually solve this problem.)|Folder Error...: Failed to open " +
+        dialogs.WholeBoxes(),
+        "information: Error Description: Error #429 - Component can't create "
+        "object\r\n(Re-installation of the "
+        "application will usually solve this problem.)|critical: Folder Error...: Failed to open " +
             folder.path().toStdString() + "/Downloads/");
 }
 
@@ -199,8 +200,8 @@ TEST_F(DownloadsTest, ClearAllEmptiesBothLists) {
     Click("cmdClearLst");
     EXPECT_EQ(texts.count(), 0);
     EXPECT_EQ(texts.currentText(), Text("*.*"));
-    EXPECT_EQ(dialogs.Shown.last(),
-              Text("Clear search list?: Would you also like to clear the drop-down search list?"));
+    EXPECT_EQ(dialogs.Whole.last(), Text("question, Yes/No(No): Clear search list?: Would you also "
+                                         "like to clear the drop-down search list?"));
     EXPECT_TRUE(results.updatesEnabled());
     EXPECT_TRUE(Find("cmdClearLst").isEnabled());
     EXPECT_FALSE(Find("cmdAbandon").isEnabled());

@@ -53,7 +53,7 @@ TEST_F(Window, EmptyTextLeavesTheRows) {
     Search("readme");
     Find<QCheckBox>("chkRecurse").setFocus();
     Search(" , ");
-    EXPECT_EQ(dialogs.Take(), "Null search input: No search parameters!");
+    EXPECT_EQ(dialogs.TakeWhole(), "information: Null search input: No search parameters!");
     EXPECT_EQ(Rows().size(), 1);
     EXPECT_TRUE(Find<QComboBox>("LstSearchFor").lineEdit()->hasFocus());
     EXPECT_TRUE(Find("cmdStartSearch").isEnabled());
@@ -177,8 +177,8 @@ TEST_F(Window, FailuresEndInABox) {
             throw RunTimeError(ErrorNumber::DeviceIOError);
     };
     Search("*.mp3");
-    EXPECT_EQ(dialogs.Boxes(),
-              "Error while searching: Error while processing request.\r\n57\r\nDevice I/O error");
+    EXPECT_EQ(dialogs.WholeBoxes(), "critical: Error while searching: Error while processing "
+                                    "request.\r\n57\r\nDevice I/O error");
     ExpectCaption("Returned 0 files in 0 seconds.");
     EXPECT_TRUE(Find("cmdStartSearch").isEnabled());
     network.OnCall = {};
@@ -191,7 +191,7 @@ TEST_F(Window, CloseIsRefusedDuringASearch) {
     EXPECT_TRUE(QFile::exists(folder.filePath(Text("Netrove.log"))));
     When("list \\\\S\\D\\", [&] { window.close(); });
     Search("*");
-    EXPECT_EQ(dialogs.Take(), SearchInProgress);
+    EXPECT_EQ(dialogs.TakeWhole(), std::string("exclamation: ") + SearchInProgress);
     EXPECT_TRUE(window.isVisible());
     ExpectCaption("Returned 0 files in ");
     Trigger("mnuExit1");

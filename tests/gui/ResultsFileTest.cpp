@@ -105,7 +105,7 @@ TEST_F(ResultsWindow, SavesAndLoads) {
     Find<QTabWidget>("SSTab1").setCurrentIndex(1);
     const QString path = folder.filePath(Text("Lists/mine.nrr"));
     Save(path);
-    EXPECT_EQ(dialogs.Take(), "Netrove results file: The file has been written.");
+    EXPECT_EQ(dialogs.TakeWhole(), "information: Netrove results file: The file has been written.");
     EXPECT_TRUE(CaptionIs("Saved 3 files in #"));
     ExpectIdle();
     EXPECT_EQ(Find<QTabWidget>("SSTab1").currentIndex(), 0);
@@ -141,7 +141,7 @@ TEST_F(ResultsWindow, SavesAndLoads) {
 
 TEST_F(ResultsWindow, SavesNothingUnlessTheUserWantsIt) {
     Save(folder.filePath(Text("x.nrr")));
-    EXPECT_EQ(dialogs.Take(), "Empty Results List: There are no items to save.");
+    EXPECT_EQ(dialogs.TakeWhole(), "exclamation: Empty Results List: There are no items to save.");
     EXPECT_TRUE(dialogs.Choosers.empty());
     Search("*.mp3");
     const QString summary = Caption();
@@ -155,9 +155,10 @@ TEST_F(ResultsWindow, SavesNothingUnlessTheUserWantsIt) {
     const QString path = Write("old.nrr", "old");
     dialogs.Answer = MessageAnswer::No;
     Save(path);
-    EXPECT_EQ(dialogs.Take(), "File already exists: " + path.toStdString() +
-                                  "\r\nThe file already exists.\r\nDo you want to overwrite it?|"
-                                  "File write aborted: The file was not generated.");
+    EXPECT_EQ(dialogs.TakeWhole(),
+              "exclamation, Yes/No(No): File already exists: " + path.toStdString() +
+                  "\r\nThe file already exists.\r\nDo you want to overwrite it?|"
+                  "information: File write aborted: The file was not generated.");
     EXPECT_EQ(ReadFile(path), QByteArray("old"));
     EXPECT_EQ(Caption(), summary);
     dialogs.Answer = MessageAnswer::Yes;

@@ -23,7 +23,7 @@ protected:
     /// Opens the menu with the mouse and picks an item.
     void Input(int index, const char* answer) {
         calls.clear();
-        dialogs.Shown.clear();
+        dialogs.Take();
         dialogs.Inputs = QStringList(Text(answer));
         Click("cmdInpNetNode");
         Pick("mnuPopUp6", Text("mnuInpNetNode(%1)").arg(index).toLatin1().constData());
@@ -43,8 +43,9 @@ TEST_F(StartNode, IsFoundByNameOrStays) {
     constexpr int workstation = 0;
     constexpr int workgroup = 1;
     const std::string prompts[] = {
-        "Input a workstation name: What is the name of the workstation, computer, or server?",
-        "Input a workgroup name: What is the name of the workgroup or domain?"};
+        "input: Input a workstation name: What is the name of the workstation, computer, or "
+        "server?",
+        "input: Input a workgroup name: What is the name of the workgroup or domain?"};
     const struct {
         int index;
         const char* answer;
@@ -54,20 +55,21 @@ TEST_F(StartNode, IsFoundByNameOrStays) {
         {workstation, " t ", "\\\\T", ""},
         {workstation, "", "\\\\T", ""},
         {workstation, "\\\\S", "\\\\T",
-         "|Workstation Warning...: Workstation contains an illegal character!"},
-        {workstation, "nobody", "\\\\T", "|Workstation Error...: Invalid Workstation!"},
+         "|exclamation: Workstation Warning...: Workstation contains an illegal character!"},
+        {workstation, "nobody", "\\\\T", "|critical: Workstation Error...: Invalid Workstation!"},
         {workstation, "u", "\\\\U", ""},
         {workgroup, "wg", "WG", ""},
         {workgroup, "   ", "WG", ""},
-        {workgroup, "A|B", "WG", "|Workgroup Warning...: Workgroup contains an illegal character!"},
-        {workgroup, "none", "WG", "|Workgroup Error...: Invalid workgroup!"},
+        {workgroup, "A|B", "WG",
+         "|exclamation: Workgroup Warning...: Workgroup contains an illegal character!"},
+        {workgroup, "none", "WG", "|critical: Workgroup Error...: Invalid workgroup!"},
         {workgroup, "Home", "HOME", ""},
     };
     for (const auto& [index, answer, shown, box] : cases) {
         SCOPED_TRACE(answer);
         Input(index, answer);
         EXPECT_EQ(StartNodeText(), Text(shown));
-        EXPECT_EQ(dialogs.Take(), prompts[index] + box);
+        EXPECT_EQ(dialogs.TakeWhole(), prompts[index] + box);
         const bool isAsked = !Text(answer).trimmed().isEmpty() && !Text(box).contains(u"illegal");
         EXPECT_EQ(!calls.isEmpty(), isAsked);
     }
@@ -192,13 +194,14 @@ TEST_F(StartNode, MenusOpenUnderTheMouse) {
 
     window.ProgramSettings().AutoAsterisks = false;
     for (int time = 0; time < 2; ++time) {
-        dialogs.Shown.clear();
+        dialogs.Take();
         dialogs.OnMessage = [&] { EXPECT_FALSE(Find("mnuPopUp5").isVisible()); };
         RightClick("imgFiles(0)");
-        ASSERT_EQ(dialogs.Shown.size(), 1);
-        EXPECT_TRUE(dialogs.Shown[0].startsWith(
-            Text("Auto-Asterisks is turned off: The option 'Auto-Enclose Search Parameters with "
-                 "Asterisks' is currently set \r\nto 'No'. ")));
+        ASSERT_EQ(dialogs.Whole.size(), 1);
+        EXPECT_TRUE(
+            dialogs.Whole[0].startsWith(Text("information: Auto-Asterisks is turned off: The "
+                                             "option 'Auto-Enclose Search Parameters with "
+                                             "Asterisks' is currently set \r\nto 'No'. ")));
         Pick("mnuPopUp5", "mnuFiles(7)");
     }
     EXPECT_EQ(input.currentText(), Text("*.*"));

@@ -124,7 +124,12 @@ TEST_F(LogonDialogTest, LogonsAreAddedChangedAndRemoved) {
     dialogs.Answer = MessageAnswer::Yes;
     Click("cmdRemove");
     AwaitRest();
-    EXPECT_EQ(dialogs.Shown.size(), 3) << "the second asks before it replaces";
+    const QString remove =
+        Text("question, Yes/No(No): Network Logon: Remove the logon for \"attic\"?");
+    EXPECT_EQ(dialogs.Whole,
+              QStringList({Text("question, Yes/No(No): Network Logon: There is a logon for "
+                                "\"ATTIC\" already.\nReplace it?"),
+                           remove, remove}));
     EXPECT_EQ(Rows(), "All computers|bob|Keyring|");
     Click("cmdRemove");
     AwaitRest();
@@ -137,7 +142,9 @@ TEST_F(LogonDialogTest, TheFormTakesNoHalfLogon) {
     for (const auto& [computer, user] :
          TextPairs{{"", "bob"}, {"a\\b", "bob"}, {"A", ""}, {"A", "HOME\\"}})
         Add(computer, user, Text("p"));
-    EXPECT_EQ(dialogs.Shown.size(), 4);
+    EXPECT_EQ(dialogs.Whole.filter(QRegularExpression(Text("^exclamation: Add Logon: ."))).size(),
+              4)
+        << dialogs.WholeBoxes();
     EXPECT_EQ(Rows(), "");
 }
 

@@ -5,7 +5,8 @@ namespace netrove {
 namespace {
 
 const char* const Failed =
-    "Error in update: Could not get the update for the links. Click on one of the\r\nexisting "
+    "critical: Error in update: Could not get the update for the links. Click on one of "
+    "the\r\nexisting "
     "links to go to official Tarn Bridge Software site and\r\nuse the donation links listed there.";
 
 class DonateTest : public OpenDialog<frmDonate> {
@@ -58,13 +59,13 @@ TEST_F(DonateTest, FailuresLeaveTheSiteInAllLinks) {
     for (const char* answer : {"", "TBS_DON Pal https://a.example/ Sh file:///bin/sh"}) {
         Page("Netrove.don", answer);
         Click("cmdUp");
-        EXPECT_EQ(dialogs.Take(), Failed) << answer;
+        EXPECT_EQ(dialogs.TakeWhole(), Failed) << answer;
         EXPECT_EQ(Links(), "site.example/|site.example/|site.example/|"
                            "https://site.example/|https://site.example/|https://site.example/");
     }
     http.Pages.clear();
     Click("cmdUp");
-    EXPECT_EQ(dialogs.Take(), Failed);
+    EXPECT_EQ(dialogs.TakeWhole(), Failed);
     EXPECT_TRUE(Button("cmdUp").isEnabled());
     EXPECT_NE(dialog->cursor().shape(), Qt::WaitCursor);
 }

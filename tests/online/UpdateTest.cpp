@@ -5,12 +5,18 @@ namespace netrove {
 namespace {
 
 const char* const UpToDate = "\r\nYour release = 0.99.5\r\nYou have the latest release of Netrove.";
-const char* const CheckFailed =
-    "Error in update: The update check failed. You must check for the\r\nnew version of this "
-    "application manually at\r\nhttps://site.example/.";
-const char* const DownloadFailed =
-    "Error in download: An error has occured. You must manually download the new\r\nversion of "
-    "Netrove at https://site.example/.";
+const char* const CheckFailed = "critical: Error in update: The update check failed. You must "
+                                "check for the\r\nnew version of this "
+                                "application manually at\r\nhttps://site.example/.";
+const char* const DownloadFailed = "critical: Error in download: An error has occured. You must "
+                                   "manually download the new\r\nversion of "
+                                   "Netrove at https://site.example/.";
+
+const char* const Instructions =
+    "information, OK/Cancel(OK): Instructions: This feature will download the installer package\r\n"
+    "for the new version of Netrove. After the download\r\nis complete, please exit the current "
+    "running version\r\n"
+    "of Netrove before installing the new version.";
 
 constexpr QSize Low(317, 134);
 constexpr QSize Tall(317, 318);
@@ -26,7 +32,8 @@ TEST_F(UpdateTest, NoNewerVersionIsSaid) {
     for (const std::string version : {"0.99.5", "0.98.9"}) {
         Page("Netrove2.ver", ("  tbs_ver:" + version + "  ").c_str());
         Click("cmdCheck");
-        EXPECT_EQ(dialogs.Take(), "Netrove update: Web release = " + version + UpToDate);
+        EXPECT_EQ(dialogs.TakeWhole(),
+                  "information: Netrove update: Web release = " + version + UpToDate);
         EXPECT_TRUE(Button("cmdCancel").hasFocus());
         EXPECT_TRUE(Button("cmdCheck").isEnabled());
         EXPECT_FALSE(Button("cmdDown").isEnabled());
@@ -56,7 +63,7 @@ TEST_F(UpdateTest, ANewerVersionIsOffered) {
 
     dialogs.Answer = MessageAnswer::Cancel;
     Click("cmdDown");
-    EXPECT_TRUE(dialogs.Shown[0].startsWith(Text("Instructions: This feature will download the")));
+    EXPECT_EQ(dialogs.WholeBoxes(), Instructions);
     dialogs.Answer = MessageAnswer::Ok;
     Click("cmdDown");
     EXPECT_EQ(shell.Opened, Texts({"https://site.example/n.deb"}));
@@ -83,7 +90,7 @@ TEST_F(UpdateTest, AFailedCheckShowsTheSite) {
     for (const char* answer : {"TBS_VRE 1.0.0", "TBS_VER 1.0", "<html>TBS_VER 1.0.0"}) {
         Page("Netrove2.ver", answer);
         Click("cmdCheck");
-        EXPECT_EQ(dialogs.Take(), CheckFailed) << answer;
+        EXPECT_EQ(dialogs.TakeWhole(), CheckFailed) << answer;
         EXPECT_EQ(dialog->contentsRect().size(), Low);
         EXPECT_EQ(dialog->windowTitle(), Text("Update"));
         EXPECT_TRUE(Button("cmdLink").hasFocus());
@@ -101,7 +108,7 @@ TEST_F(UpdateTest, AFailedDownloadOpensNothing) {
     for (const char* answer : {"TBS_DFL http://a/", "TBS_DLF file:///bin/sh", ""}) {
         Page("Netrove2.dlf", answer);
         Click("cmdDown");
-        EXPECT_TRUE(dialogs.Take().ends_with(DownloadFailed)) << answer;
+        EXPECT_TRUE(dialogs.TakeWhole().ends_with(DownloadFailed)) << answer;
         EXPECT_TRUE(Button("cmdLink").isVisible());
         EXPECT_TRUE(Button("cmdDown").isEnabled());
     }

@@ -82,7 +82,8 @@ TEST_F(ExclusionList, IsAWorkingCopy) {
     dialogs.Answer = MessageAnswer::Yes;
     Press(Qt::Key_Delete);
     EXPECT_EQ(Rows(), "");
-    EXPECT_EQ(dialogs.Boxes(), "Delete Nodes?: Delete the selected nodes?");
+    EXPECT_EQ(dialogs.WholeBoxes(),
+              "question, Yes/No(No): Delete Nodes?: Delete the selected nodes?");
     Click("CancelCmd");
     EXPECT_EQ(settings.ExcNetNodes, before);
 }
@@ -99,7 +100,7 @@ TEST_F(ExclusionList, NodesAreAdded) {
 
     Press(Qt::Key_A, Qt::ControlModifier);
     Add("TEMP", Qt::Key_F);
-    EXPECT_EQ(dialogs.Boxes(), "Node warning: Node already exists in the list.");
+    EXPECT_EQ(dialogs.WholeBoxes(), "exclamation: Node warning: Node already exists in the list.");
     EXPECT_EQ(Rows(), "*Temp|Folder x|Folder Temp|Workstation WG|Workgroup Net|Network");
     List().SetSelected(2, true);
     EXPECT_EQ(List().SelectedCount(), 2) << "several again";
@@ -135,10 +136,10 @@ TEST_F(ExclusionList, DefaultsComeOnce) {
     List().Clear();
     Trigger("mnuAddDef");
     EXPECT_EQ(List().Count(), 4);
-    EXPECT_EQ(
-        dialogs.Boxes(),
-        "Default node info: 4 node(s) already existed in the list.\r\nAdded 0 node(s).|Default "
-        "node info: 1 node(s) already existed in the list.\r\nAdded 3 node(s).");
+    EXPECT_EQ(dialogs.WholeBoxes(),
+              "information: Default node info: 4 node(s) already existed in the list.\r\nAdded 0 "
+              "node(s).|information: Default "
+              "node info: 1 node(s) already existed in the list.\r\nAdded 3 node(s).");
 }
 
 TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
@@ -188,9 +189,10 @@ TEST_F(ExclusionList, TheDialogForANodeChecksTheName) {
         EXPECT_FALSE(add.isVisible());
         EXPECT_EQ(add.NewNetNode(), QString());
     });
-    const QString illegal = Text("Network node error...: Network node has an illegal character!");
-    EXPECT_EQ(dialogs.Shown, (QStringList{Text("Network node error...: Empty network node!"),
-                                          illegal, illegal, illegal}));
+    const std::string illegal =
+        "|critical: Network node error...: Network node has an illegal character!";
+    EXPECT_EQ(dialogs.WholeBoxes(),
+              "critical: Network node error...: Empty network node!" + illegal + illegal + illegal);
     EXPECT_EQ(List().Count(), 4);
     EXPECT_FALSE(IsEnabled("cmdApply"));
 }
@@ -222,9 +224,9 @@ TEST_F(ExclusionList, FoldersAndComputersAreBrowsedFor) {
         EXPECT_TRUE(browse.isEnabled());
         EXPECT_EQ(hint.text(), Text("Input manually -OR- browse for the network node."));
     });
-    EXPECT_EQ(dialogs.Shown.join(u','),
-              Text("Select a folder (network),Select a folder (network),Select a folder "
-                   "(network),Select a workstation"));
+    EXPECT_EQ(dialogs.WholeBoxes(),
+              "folder: Select a folder (network)|folder: Select a folder (network)|folder: Select "
+              "a folder (network)|computer: Select a workstation");
     for (const auto& [path, last] :
          TextPairs{{"a", "a"}, {"\\\\S\\D", "D"}, {"C:\\", ""}, {"a\\b/c\\d", "c\\d"}})
         EXPECT_EQ(frmAddNetNode::ParseFolder(Text(path)), Text(last));

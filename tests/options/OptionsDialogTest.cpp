@@ -60,7 +60,7 @@ struct Wrong {
     const char* control;
     const char* text;
     int tab;
-    const char* box; ///< empty where it is none
+    const char* box; ///< empty where there is none
 };
 
 class OptionsCheck : public OpenOptions, public testing::WithParamInterface<Wrong> {};
@@ -76,7 +76,7 @@ TEST_P(OptionsCheck, BringsItsTabAndControlToTheFront) {
     tabs.setCurrentIndex(4);
     Click("OKCmd");
     const bool passes = *wrong.box == 0;
-    EXPECT_EQ(dialogs.Shown, passes ? QStringList() : QStringList(Text(wrong.box)));
+    EXPECT_EQ(dialogs.WholeBoxes(), wrong.box);
     EXPECT_EQ(dialog->ApplyFailed(), !passes);
     EXPECT_EQ(dialog->isVisible(), !passes);
     EXPECT_EQ(settings.SaveFolder.endsWith(u'/'), passes) << "nothing is taken before all checks";
@@ -93,31 +93,35 @@ TEST_P(OptionsCheck, BringsItsTabAndControlToTheFront) {
 }
 
 constexpr auto MaxFilesPositive =
-    "File Number Error...: Number of files must be positive & non-zero.";
-constexpr auto DownloadsPositive = "Concurrent Downloads Error...: Number of concurrent downloads "
-                                   "must be positive & non-zero.";
-constexpr auto ManyDownloads =
-    "Concurrent Downloads Warning...: Recommended concurrent downloads is between 1 and "
-    "5.\r\nWould you like to proceed?";
+    "critical: File Number Error...: Number of files must be positive & non-zero.";
+constexpr auto DownloadsPositive =
+    "critical: Concurrent Downloads Error...: Number of concurrent downloads "
+    "must be positive & non-zero.";
+constexpr auto ManyDownloads = "exclamation, Yes/No(No): Concurrent Downloads Warning...: "
+                               "Recommended concurrent downloads is between 1 and "
+                               "5.\r\nWould you like to proceed?";
 
 INSTANTIATE_TEST_SUITE_P(
     Fields, OptionsCheck,
     testing::Values(
-        Wrong{"SaveFolTxt", "  ", 3, "Folder Error...: Need a folder."},
-        Wrong{"SaveFolTxt", "/no/such/folder", 3, "Folder Error...: Folder does not exist."},
-        Wrong{"SaveFolTxt", "\\\\S\\D", 3, "Folder Error...: Folder does not exist."},
+        Wrong{"SaveFolTxt", "  ", 3, "critical: Folder Error...: Need a folder."},
+        Wrong{"SaveFolTxt", "/no/such/folder", 3,
+              "critical: Folder Error...: Folder does not exist."},
+        Wrong{"SaveFolTxt", "\\\\S\\D", 3, "critical: Folder Error...: Folder does not exist."},
         Wrong{"SaveFolTxt", " /etc/passwd ", 3, ""},
-        Wrong{"MaxFilesTxt", " ", 2, "File Number Error...: Need number of files."},
-        Wrong{"MaxFilesTxt", "abc", 2, "File Number Error...: Number of files must be an integer."},
+        Wrong{"MaxFilesTxt", " ", 2, "critical: File Number Error...: Need number of files."},
+        Wrong{"MaxFilesTxt", "abc", 2,
+              "critical: File Number Error...: Number of files must be an integer."},
         Wrong{"MaxFilesTxt", "0", 2, MaxFilesPositive},
         Wrong{"MaxFilesTxt", "-1", 2, MaxFilesPositive},
         Wrong{"MaxFilesTxt", "32001", 2,
-              "File Number Error...: Number of files must be less than 32,001."},
+              "critical: File Number Error...: Number of files must be less than 32,001."},
         Wrong{"MaxFilesTxt", " 32000 ", 2, ""}, Wrong{"MaxFilesTxt", "12.5", 2, ""},
         Wrong{"ConDLTxt", "", 3,
-              "Concurrent Downloads Error...: Need number of concurrent downloads."},
+              "critical: Concurrent Downloads Error...: Need number of concurrent downloads."},
         Wrong{"ConDLTxt", "5 or so", 3,
-              "Concurrent Downloads Error...: Number of concurrent downloads must be an integer."},
+              "critical: Concurrent Downloads Error...: Number of concurrent downloads must be an "
+              "integer."},
         Wrong{"ConDLTxt", "0", 3, DownloadsPositive}, Wrong{"ConDLTxt", "10", 3, ""},
         Wrong{"ConDLTxt", "11", 3, ManyDownloads}, Wrong{"ConDLTxt", "40000", 3, ManyDownloads}));
 
@@ -126,18 +130,18 @@ TEST_F(Options, ExclusionsAreCheckedWhileTheyAreOn) {
     for (int row = 1; row <= List().Count(); ++row)
         List().SetChecked(row, false);
     Click("OKCmd"); // whether or not cmdApply is enabled
-    EXPECT_EQ(dialogs.Shown.value(0), Text("Exclude Folders Error...: You have selected to exlude "
-                                           "folders but have none checked."));
+    EXPECT_EQ(dialogs.TakeWhole(), "critical: Exclude Folders Error...: You have selected to "
+                                   "exlude folders but have none checked.");
     List().Clear();
     Click("OKCmd");
-    EXPECT_EQ(dialogs.Shown.value(1), Text("Exclude Folders Error...: You have selected to exlude "
-                                           "folders but the list is empty."));
+    EXPECT_EQ(dialogs.TakeWhole(), "critical: Exclude Folders Error...: You have selected to "
+                                   "exlude folders but the list is empty.");
     EXPECT_EQ(Find<QTabWidget>("SSTab1").currentIndex(), 1);
     EXPECT_TRUE(List().hasFocus());
     Click("optNoExcNetNode");
     EXPECT_EQ(List().BackColor(), ToColor(ButtonFaceColor));
     Click("cmdApply");
-    EXPECT_EQ(dialogs.Shown.size(), 2);
+    EXPECT_EQ(dialogs.Boxes(), "");
     EXPECT_EQ(settings.ExcNetNodes, QStringList());
     EXPECT_FALSE(IsEnabled("cmdApply"));
 }
@@ -210,14 +214,14 @@ TEST_F(Options, ChoosersFailAloud) {
         throw RunTimeError(ErrorNumber::OutOfMemory);
     };
     Click("cmdChangeFont");
-    EXPECT_EQ(dialogs.Boxes(), "Options Error...: 7\r\nOut of memory");
+    EXPECT_EQ(dialogs.WholeBoxes(), "critical: Options Error...: 7\r\nOut of memory");
     dialogs.Font = [](const ChosenFont& /*font*/) -> ChosenFont { throw RunTimeError(32755, {}); };
     Click("cmdChangeFont");
     EXPECT_EQ(dialogs.Shown.size(), 1) << "cancelled";
     EXPECT_FALSE(IsEnabled("cmdApply"));
 
     Click("BrowseFolCmd");
-    EXPECT_EQ(dialogs.Shown.last(), Text("In what folder do you want to save your files?"));
+    EXPECT_EQ(dialogs.Whole.last(), Text("folder: In what folder do you want to save your files?"));
     EXPECT_EQ(TextOf("SaveFolTxt"), folder.path());
     dialogs.Folder = Text("/tmp");
     Click("BrowseFolCmd");

@@ -28,19 +28,10 @@ public:
     bool OpenWith(const QString& /*file*/) override { return chosen; }
 };
 
-/// Marks errors by a "!".
-class MarkedDialogs : public RecordedDialogs {
-    MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
-                          MessageButtons buttons) override {
-        const bool isError = icon == MessageIcon::Critical;
-        return RecordedDialogs::Message(icon, text, isError ? u'!' + title : title, buttons);
-    }
-};
-
 class ShellTest : public testing::Test {
 protected:
     VerbShell shell;
-    MarkedDialogs dialogs;
+    RecordedDialogs dialogs;
     ShellServices services{shell, dialogs};
 };
 
@@ -69,7 +60,8 @@ TEST_F(ShellTest, RunsAndTellsFailures) {
     for (const auto& [code, result, message] : cases) {
         shell.Result = code;
         EXPECT_EQ(services.ShellRun(Text("file")), result);
-        EXPECT_EQ(dialogs.Shown.last(), Text("!Shell execute failed...: file\r\n") + Text(message));
+        EXPECT_EQ(dialogs.TakeWhole(),
+                  std::string("critical: Shell execute failed...: file\r\n") + message);
     }
 }
 
@@ -80,8 +72,8 @@ TEST_F(ShellTest, OpensFoldersAndMail) {
     EXPECT_TRUE(dialogs.Shown.isEmpty()) << "the callers tell it";
     services.OpenMailLink(Text("a@example.org"));
     EXPECT_EQ(shell.Opened.last(), Text("mailto:a@example.org"));
-    EXPECT_EQ(dialogs.Shown,
-              QStringList{Text("Mail Program Not Found...: Could not open your mail program!")});
+    EXPECT_EQ(dialogs.WholeBoxes(),
+              "exclamation: Mail Program Not Found...: Could not open your mail program!");
 }
 
 TEST(NetworkNodes, FoundByAPathOfNames) {

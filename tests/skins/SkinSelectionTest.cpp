@@ -104,7 +104,7 @@ TEST_F(SkinSelectionTest, FailuresEndInABoxAndTheChoiceStays) {
           {{"Saturation", "0.5"}, {"AdjustRGB", "perhaps"}, {"PercentRed", "0.5"}});
     frames.calls.clear();
     skins.mnuSkin_Click(4);
-    EXPECT_EQ(dialogs.Boxes(), "Error in Skinning: 13\r\nType mismatch");
+    EXPECT_EQ(dialogs.WholeBoxes(), "critical: Error in Skinning: 13\r\nType mismatch");
     EXPECT_TRUE(frames.calls.isEmpty()) << "neither attached nor laid out";
     EXPECT_EQ(frames.attached, before);
     EXPECT_EQ(frames.attached->Name, Text("Trek")) << "lives on while the window shows it";
