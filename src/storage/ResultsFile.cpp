@@ -6,6 +6,7 @@
 #include "runtime/ProgramVersion.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "search/SearchSummary.h"
 #include "storage/RowLoader.h"
 #include "storage/results/ResultsFormat.h"
 #include "storage/results/ResultsReader.h"
@@ -31,9 +32,8 @@ qint64 Now() {
 
 /// "Saved 12 files in 5 seconds.", with another word as the case may be.
 QString Summary(bool aborted, const QString& done, qint32 count, qint64 started) {
-    const qint64 seconds = Now() - started;
-    return (aborted ? u"Aborted, but " + done.toLower() : done) + u' ' + QString::number(count) +
-           u" files in " + QString::number(seconds) + (seconds == 1 ? u" second." : u" seconds.");
+    return (aborted ? u"Aborted, but " + done.toLower() : done) + u' ' +
+           FilesInSeconds(count, Now() - started);
 }
 
 } // namespace

@@ -35,19 +35,30 @@ protected:
 };
 
 TEST_F(ColumnHelpTest, EachColumnHasItsText) {
-    QSet<QString> texts;
+    const char* const words[] = {"name of",
+                                 "source of",
+                                 "size of",
+                                 "date/time",
+                                 "this file",
+                                 "HH:MM:SS",
+                                 "kbps",
+                                 "in Hz",
+                                 "No help",
+                                 "No help",
+                                 "type as",
+                                 "file extension",
+                                 "No help available for this column."};
     for (const int list : {1, 2}) {
-        for (int column = -1; column <= 11; ++column) {
+        for (int column = 0; column <= 12; ++column) {
             frmColHelp* shown = Show(list, column);
             const auto& label = FindIn<QLabel>(*shown, "Label1");
             EXPECT_LE(label.heightForWidth(label.width()), shown->height())
                 << "cut: " << label.text().toStdString();
-            texts.insert(label.text());
+            const char* word = list == 2 && column == 5 ? "status of" : words[column];
+            EXPECT_TRUE(label.text().contains(Text(word))) << column;
             shown->close();
         }
     }
-    EXPECT_GE(texts.size(), 12);
-    EXPECT_TRUE(texts.contains(Text("No help available for this column.")));
 }
 
 TEST_F(ColumnHelpTest, ItStaysOnTheScreenAndGoesAtAClick) {

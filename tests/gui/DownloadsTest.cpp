@@ -104,11 +104,20 @@ TEST_F(DownloadsTest, HeadersSort) {
     ClickHeader(results, 3);
     EXPECT_EQ(Column(results), "a.txt b.mp3 c.txt");
 
+    // Nor by the dates as they are shown.
+    for (int row = 1; row <= 3; ++row) {
+        results.SetSubItem(row, 3, Text("0%1/01/20").arg(row));
+        results.SetSubItem(row, 9, Text("2020%1").arg(row % 3));
+    }
+    ClickHeader(results, 4);
+    EXPECT_EQ(Column(results), "c.txt a.txt b.mp3");
+
     RunAll();
     ClickHeader(downloads, 3);
     EXPECT_EQ(Column(downloads), "a.txt b.mp3 c.txt");
     EXPECT_EQ(downloads.HeaderText(3), Text("Size (MB) v"));
     ClickHeader(downloads, 4);
+    EXPECT_EQ(Column(downloads), "c.txt a.txt b.mp3");
     EXPECT_EQ(downloads.HeaderText(3) + downloads.HeaderText(4), Text("Size (MB)Date ^"));
 }
 

@@ -24,6 +24,8 @@ TEST_F(Window, SearchFillsRowsAndSummary) {
     Open();
     EXPECT_EQ(StatusText(1), Text("Idle"));
     EXPECT_EQ(StartNodeText(), Text("[Root]"));
+    EXPECT_EQ(Results().BackColor(), QColor(213, 234, 234));
+    EXPECT_EQ(Downloads().BackColor(), QColor(255, 255, 191));
     Search(" *.MP3 , ,");
     EXPECT_EQ(Rows(),
               Texts({"\\\\S\\D\\one.mp3", "\\\\S\\D\\SUB\\two.MP3", "\\\\T\\E\\three.mp3"}));
@@ -72,6 +74,9 @@ TEST_F(Window, OptionsOfASearch) {
     for (const ListView* list : {&Results(), &Downloads()})
         EXPECT_EQ(list->HeaderText(3), Text("Size (B)"));
     EXPECT_EQ(Results().SubItem(1, 2), Text("1500000"));
+    settings.IncludeMP3Info = true;
+    Search("one.mp3");
+    EXPECT_EQ(Results().SubItem(1, 5) + Results().SubItem(1, 7), Text("00:00:000"));
 
     settings.MaxReturnFiles = 5000;
     settings.ExcNetNodes = Texts({"Sub|True|Folder", "T|True|Workstation"});
@@ -274,7 +279,7 @@ TEST_F(Window, FollowsItsSize) {
         window.resize(size);
         QCoreApplication::processEvents();
         const QRect inner = window.centralWidget()->rect();
-        EXPECT_EQ(tabs.width(), inner.width() - 10);
+        EXPECT_EQ(tabs.size(), inner.size() - QSize(10, 112));
         for (const ListView* list : {&Results(), &Downloads()}) {
             EXPECT_EQ(list->width(), tabs.width() - 8);
             EXPECT_NEAR(list->height(), tabs.height() - 42, 1);
@@ -284,6 +289,9 @@ TEST_F(Window, FollowsItsSize) {
         EXPECT_LE(caption.bottom(), Find("RetFileLbl").parentWidget()->height());
         const QRect status = Find("stbStatus").geometry();
         EXPECT_EQ(status.bottom(), inner.bottom());
+        const auto& panels = Find<StatusBar>("stbStatus");
+        EXPECT_EQ(panels.MinWidth(1), 1764);
+        EXPECT_EQ(panels.MinWidth(2), 15 * inner.width() - 45 - 1764 - 529);
         EXPECT_LE(tabs.mapTo(window.centralWidget(), QPoint(0, tabs.height())).y(), status.y());
     }
     window.resize(100, 100);

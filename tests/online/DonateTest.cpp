@@ -26,6 +26,12 @@ protected:
 TEST_F(DonateTest, LinksComeFromTheSite) {
     Open();
     EXPECT_EQ(dialog->contentsRect().size(), QSize(370, 150));
+    EXPECT_TRUE(
+        FindIn<QPlainTextEdit>(*dialog, "txtDon")
+            .toPlainText()
+            .endsWith(Text("Please click on \"Get Links\" to get the selections. Thank You."
+                           "\n\n(You will need to be connected to the internet to reach the "
+                           "websites)")));
     const QPoint off = dialog->geometry().center() - owner.geometry().center();
     EXPECT_LE(off.manhattanLength(), 40) << "it isn't in the middle of its owner";
     EXPECT_FALSE(Button("cmdLink(0)").isVisible());

@@ -129,7 +129,19 @@ TEST_F(Options, ExclusionsAreCheckedWhileTheyAreOn) {
     Open();
     for (int row = 1; row <= List().Count(); ++row)
         List().SetChecked(row, false);
-    Click("OKCmd"); // whether or not cmdApply is enabled
+    // One thing after the other, whether or not cmdApply is enabled.
+    for (const char* field : {"SaveFolTxt", "MaxFilesTxt", "ConDLTxt"})
+        Enter(field, Text("0"));
+    const std::tuple<const char*, const char*, const char*> repairs[] = {
+        {"SaveFolTxt", "/", "critical: Folder Error"},
+        {"MaxFilesTxt", "1", "critical: File Number Error"},
+        {"ConDLTxt", "1", "critical: Concurrent Downloads Error"}};
+    for (const auto& [field, right, box] : repairs) {
+        Click("OKCmd");
+        EXPECT_TRUE(dialogs.TakeWhole().starts_with(box)) << box;
+        Enter(field, Text(right));
+    }
+    Click("OKCmd");
     EXPECT_EQ(dialogs.TakeWhole(), "critical: Exclude Folders Error...: You have selected to "
                                    "exlude folders but have none checked.");
     List().Clear();

@@ -4,6 +4,7 @@
 #include "fakes/Text.h"
 #include "runtime/ExpectRaised.h"
 #include "runtime/Yield.h"
+#include "search/SearchSummary.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -61,10 +62,11 @@ protected:
     }
 
     /// What Search leaves in the log, without the search head.
-    QString Logged(const char* patterns, const std::shared_ptr<NetResource>& start) {
+    QString Logged(const char* patterns, const std::shared_ptr<NetResource>& start,
+                   qint16 troubleshooting = 1) {
         QTemporaryDir folder;
         const QString path = folder.filePath(Text("test.log"));
-        settings.Troubleshooting = 1;
+        settings.Troubleshooting = troubleshooting;
         log.Open(path);
         Search(patterns, start);
         log.Close();
@@ -111,41 +113,46 @@ TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
 
 TEST_F(Engine, YieldsAtItsPoints) {
     AddFiles({"\\\\S\\D\\a.txt", "\\\\S\\D\\SUB\\"});
+    network.AddNode(Text("\\\\S"), 11, Text("TREE"));
     QStringList record;
     network.OnCall = [&](const QString& call) { record.append(call); };
     onFound = [&] { record.append(Text("found")); };
     onUpdate = [&](const QString& path) { record.append(Text("U ") + path); };
     SetYieldAlways(true);
     SetYieldPass([&] { record.append(Text("y")); });
-    Search("*.mp3,*.txt", Node("\\\\S\\D", NetEnum::DisplayShare));
+    Search("*.mp3,*.txt", Node("\\\\S", NetEnum::DisplayServer));
     SetYieldPass({});
     SetYieldAlways(false);
     const QString expected =
-        Text("y y U \\\\S\\D y y enter \\\\S\\D y " // the search, the node, its test
-             "y U \\\\S\\D y y y y "                // the start path, two patterns
-             "y U \\\\S\\D\\ list \\\\S\\D\\ "      // the top folder
-             "y list \\\\S\\D\\ y y "               // its files: "." and "..",
-             "y y y y y found y "                   // a.txt: both patterns; SUB
-             "y y y y y "                           // its folders: "." and "..", a.txt
+        Text("y y U \\\\S y "                            // the search, the server, its shares
+             "y open \\\\S y y y y y y y print \\\\S y " // reading its two children
+             "y y y U \\\\S\\D y y enter \\\\S\\D y "    // the share, its test
+             "y U \\\\S\\D y y y y "                     // the start path, two patterns
+             "y U \\\\S\\D\\ list \\\\S\\D\\ "           // the top folder
+             "y list \\\\S\\D\\ y y "                    // its files: "." and "..",
+             "y y y y y found y "                        // a.txt: both patterns; SUB
+             "y y y y y "                                // its folders: "." and "..", a.txt
              "y y y y U \\\\S\\D\\SUB\\ list \\\\S\\D\\SUB\\ "
              "y list \\\\S\\D\\SUB\\ y y y y y y " // SUB: "." and ".." twice
-             "y open \\\\S\\D");                   // the share's children
+             "y open \\\\S\\D "                    // the share's children
+             "y y y enter TREE y");                // the container, its test
     EXPECT_EQ(record.join(QLatin1Char(' ')), expected);
 }
 
 TEST_F(Engine, LogsNodesAndFolderExclusions) {
-    AddFiles({"\\\\MEDIA\\MUSIC\\OLD\\TEMP\\x.mp3", "\\\\MEDIA\\MUSIC\\TEMPLATES\\y.mp3"});
+    AddFiles({"\\\\MEDIA\\MUSIC\\OLD\n\\TEMP\\x.mp3", "\\\\MEDIA\\MUSIC\\TEMPLATES\\y.mp3"});
     settings.ExcNetNodes = {Text("Temp|True|Folder")};
+    EXPECT_EQ(Logged("*.mp3", Node("\\\\MEDIA\\MUSIC", NetEnum::DisplayShare), 0), QString());
     EXPECT_EQ(Logged("*.mp3", Node("\\\\MEDIA\\MUSIC", NetEnum::DisplayShare)),
               Text("NETWORK SEARCH\r\nRemote Name: \\\\MEDIA\\MUSIC\r\nResource Type: 3\r\n"
                    "Resource Type Name: Share\r\nProvider: Net\r\n \r\n"
-                   "Exclude Folder: \\TEMP\\ in \\\\MEDIA\\MUSIC\\OLD\\TEMP\\\r\n \r\n"));
+                   "Exclude Folder: \\TEMP\\ in \\\\MEDIA\\MUSIC\\OLD\uFFFD\\TEMP\\\r\n \r\n"));
     EXPECT_EQ(Found(), "\\\\MEDIA\\MUSIC\\TEMPLATES\\y.mp3");
-    EXPECT_TRUE(updates.contains(Text("\\\\MEDIA\\MUSIC\\OLD\\TEMP\\")));
+    EXPECT_TRUE(updates.contains(Text("\\\\MEDIA\\MUSIC\\OLD\n\\TEMP\\")));
 }
 
 TEST_F(Engine, ExcludesNodesByTypeAlsoTheStart) {
-    AddFiles({"\\\\S\\D\\a.mp3", "\\\\S\\TEMP\\a.mp3"});
+    AddFiles({"\\\\S\\D\\a.mp3", "\\\\S\\TEMP\\a.mp3", "\\\\TEMP\\D\\a.mp3"});
     const struct {
         const char* entry;
         const char* start;
@@ -160,6 +167,7 @@ TEST_F(Engine, ExcludesNodesByTypeAlsoTheStart) {
         {"temp|True|Folder", "\\\\S\\Temp", 3, "Exclude Share: TEMP"},
         {"temp|True|Folder", "\\\\S\\Temp", 9, "Exclude Share: TEMP"},
         {"temp|False|Folder", "\\\\S\\TEMP", 3, nullptr},
+        {"temp|True|Folder", "\\\\TEMP\\D", 3, nullptr}, // no folder below the share
     };
     for (const auto& [entry, start, displayType, logLine] : cases) {
         settings.ExcNetNodes = {Text(entry)};
@@ -231,6 +239,7 @@ TEST_F(Engine, ShareThatCannotBeEnteredStillHasChildren) {
     network.AddFile(Text("\\\\S\\INNER\\a"));
     Search("*", Root());
     EXPECT_EQ(Found(), "\\\\S\\INNER\\a");
+    EXPECT_FALSE(updates.contains(Text("\\\\S\\D\\"))) << "it isn't scanned";
 }
 
 /// Two servers of four shares each, every one with a file.
@@ -262,12 +271,19 @@ TEST_F(Traps, ServeOnceInEachWalk) {
 }
 
 TEST_F(Traps, ServeForFailuresOfTheNetworkToo) {
-    network.OnCall = [](const QString& call) {
-        if (call == Text("open \\\\S") || call == Text("list \\\\T\\G\\"))
+    QStringList failing{Text("open \\\\S"), Text("list \\\\T\\G\\")};
+    network.OnCall = [&failing](const QString& call) {
+        if (failing.contains(call))
             throw RunTimeError(ErrorNumber::DeviceIOError);
     };
+    network.AddBranch({"Net", "WG", "\\\\U", "\\\\U\\I"});
+    network.AddFile(Text("\\\\U\\I\\a"));
     Search("*", Root());
-    EXPECT_EQ(Found(), "\\\\T\\H\\a");
+    EXPECT_EQ(Found(), "\\\\T\\H\\a \\\\U\\I\\a");
+    failing.append(Text("open \\\\T"));
+    Search("*", Root());
+    EXPECT_EQ(Found(), "")
+        << "two servers whose shares can't be read: the trap of their walk is used up";
     EXPECT_THROW(Search("*", nullptr), RunTimeError);
 }
 
@@ -299,6 +315,12 @@ TEST_F(Engine, StopsAtTheNextTestAfterAbandon) {
         EXPECT_EQ(updates.last(), stop);
         EXPECT_FALSE(found.contains(Text("\\\\S\\D\\SUB\\c"))) << stop.toStdString();
     }
+}
+
+TEST(SearchSummary, HasAWordForOneSecond) {
+    EXPECT_EQ(SearchSummary(false, 3, 1, 5000),
+              Text("Returned 3 files in 1 second. (Max return is set to 5000)"));
+    EXPECT_EQ(SearchSummary(true, 1, 2, {}), Text("Aborted, but returned 1 files in 2 seconds."));
 }
 
 TEST_F(Engine, EndlessFoldersEnd) {
