@@ -82,15 +82,12 @@ TEST_F(Browser, ExpansionReadsALevelOnce) {
     EXPECT_EQ(Children("\\\\S"), "D+ E+ P") << "nor has a printer";
     EXPECT_EQ(Tree().Image(Text("??WG")), Text("domain"));
     EXPECT_EQ(Tree().Image(Text("??\\\\S\\P")), Text("printer"));
-    EXPECT_EQ(Tree().Tag(Text("??\\\\T")), Text("Y"));
-    EXPECT_TRUE(Tree().Expanded(Text("??WG")));
     EXPECT_EQ(calls, Texts({"open Net", "print Net", "open WG", "print WG", "open \\\\S",
                             "print \\\\S", "open \\\\T", "open Lone"}));
     Tree().SetSelected(Text("??Net"));
     for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Asterisk})
         Press(key);
     EXPECT_EQ(calls.size(), 8);
-    EXPECT_FALSE(IsShown("picProg") || IsShown("lblWait"));
     EXPECT_EQ(dialogs.Boxes(), "");
 }
 
@@ -128,11 +125,6 @@ TEST_F(Browser, AnEmptyNetworkHasItsRoot) {
     EXPECT_EQ(calls, Texts({"open "})) << "asked once";
     EXPECT_EQ(Tree().Count(), 1);
     EXPECT_EQ(LabelText("lblAddNode"), Text("Done"));
-    Tree().SetSelected(Text("??_ROOT"));
-    Click("cmdOk");
-    ASSERT_TRUE(browser->Result());
-    EXPECT_EQ(browser->Result()->RemoteName(), QString());
-    EXPECT_FALSE(browser->Cancelled());
 }
 
 TEST_F(Browser, TellsWhatFailed) {
@@ -192,7 +184,6 @@ TEST_F(Browser, CloseDuringALoadEndsIt) {
         });
         poll->start(0);
     };
-    settings.Troubleshooting = 0;
     Make();
     Find<QTimer>("tmrNodes").setInterval(0);
     closeSoon();

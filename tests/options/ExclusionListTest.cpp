@@ -157,10 +157,6 @@ TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
     EXPECT_TRUE(dialog->isVisible());
 
     auto& menu = Find<QMenu>("mnuOptPopUp");
-    QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(&List(), &key);
-    EXPECT_TRUE(menu.isVisible());
-    menu.close();
     QTest::mouseClick(List().viewport(), Qt::RightButton);
     EXPECT_TRUE(menu.isVisible());
     QStringList items;

@@ -118,21 +118,7 @@ TEST(WinVer, AnswersOfTheSystem) {
     EXPECT_EQ(GetOSInfo(system).Version, Text("0.0.0"));
 }
 
-TEST(Paths, Extensions) {
-    const struct {
-        const char* path;
-        const char* extension;
-    } cases[] = {{"\\\\S\\D\\song.mp3", "MP3"},     {"a.tar.gz", "GZ"},
-                 {"\\\\S\\D.OLD\\readme", ""},      {"\\\\S\\D\\ends in.", ""},
-                 {"\\\\S\\D\\.profile", "PROFILE"}, {"plain", ""}};
-    for (const auto& [path, extension] : cases)
-        EXPECT_EQ(FileExtension(Text(path)), Text(extension)) << path;
-}
-
-TEST(Paths, SuffixesAndNames) {
-    EXPECT_EQ(EnsureSuffix(QString(), Text("\\")), Text("\\"));
-    EXPECT_EQ(EnsureSuffix(Text("A\\"), Text("\\")), Text("A\\"));
-    EXPECT_EQ(EnsureSuffix(Text("a.NRR"), Text(".nrr")), Text("a.NRR.nrr")) << "case counts";
+TEST(Paths, NamesOfNodes) {
     for (const char* name : {"\\\\MEDIA", "a/b", "a:", "*", "?", "\"", "<", ">", "|"})
         EXPECT_TRUE(HasIllegalNameChars(Text(name))) << name;
     for (const char* name : {"", "MEDIA-1", "My net & more"})

