@@ -118,7 +118,8 @@ TEST(WinVer, AnswersOfTheSystem) {
     EXPECT_EQ(GetOSInfo(system).Version, Text("0.0.0"));
 }
 
-TEST(Paths, NamesOfNodes) {
+TEST(Paths, NamesOfFilesAndNodes) {
+    EXPECT_EQ(FileExtension(Text("\\\\S\\D.OLD\\readme")), QString());
     for (const char* name : {"\\\\MEDIA", "a/b", "a:", "*", "?", "\"", "<", ">", "|"})
         EXPECT_TRUE(HasIllegalNameChars(Text(name))) << name;
     for (const char* name : {"", "MEDIA-1", "My net & more"})
