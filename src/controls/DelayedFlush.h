@@ -1,14 +1,16 @@
 #pragma once
 
+#include "controls/DisplayTimer.h"
+
 #include <QAbstractScrollArea>
-#include <QTimer>
 
 #include <functional>
 
 namespace netrove {
 
 /// When the screen follows the changes of a view: some hundredths of a second later, so that many
-/// changes cost little, and always before what the user does next is served.
+/// changes cost little, and always before what the user does next is served. It goes on during
+/// waits for the network.
 class DelayedFlush : public QObject {
 public:
     /// `flush` brings the view's screen up to date, and says Done() when it begins.
@@ -24,7 +26,7 @@ public:
 
 private:
     std::function<void()> flush_;
-    QTimer timer_;
+    DisplayTimer timer_;
 };
 
 } // namespace netrove

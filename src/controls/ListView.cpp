@@ -127,10 +127,8 @@ void ListView::Flush() {
         ShowAppendedRows(rowsBefore + 1);
         break;
     case ListModel::Flushed::Everything:
+    case ListModel::Flushed::Selection: // with rows that were appended, too
         executeDelayedItemsLayout();
-        selection_.Show();
-        break;
-    case ListModel::Flushed::Selection:
         selection_.Show();
         break;
     }

@@ -117,6 +117,12 @@ TEST_F(List, KeepsSelectionAndCurrentRowOnTheirRows) {
     list.SetSelected(3, true);
     list.Flush();
     EXPECT_TRUE(list.selectionModel()->isSelected(list.model()->index(2, 0)));
+    AddNumbered(100);
+    list.SetSelected(1, true);
+    list.Flush();
+    EXPECT_GT(list.verticalScrollBar()->maximum(), 0) << "it knows of rows that came with it";
+    list.Clear();
+    AddNumbered(3);
     QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(list.SelectedCount(), 3);
     list.Clear();

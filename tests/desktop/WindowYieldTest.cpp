@@ -1,5 +1,6 @@
 #include "platform/desktop/WindowYield.h"
 
+#include "controls/DisplayTimer.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 
@@ -75,6 +76,11 @@ protected:
 TEST_F(WindowYieldTest, AWaitPaintsAndKeepsTheRestForTheNextYield) {
     bool ticked = false;
     QTimer::singleShot(1, &window, [&] { ticked = true; });
+    int shown = 0;
+    DisplayTimer display;
+    display.setSingleShot(true);
+    display.callOnTimeout([&] { ++shown; });
+    display.start(1);
     MoveMouse();
     ASSERT_EQ(window.Moves, 0);
     window.update();
@@ -93,9 +99,11 @@ TEST_F(WindowYieldTest, AWaitPaintsAndKeepsTheRestForTheNextYield) {
     EXPECT_FALSE(yield.Waiting());
     EXPECT_EQ(window.Moves, 0);
     EXPECT_FALSE(ticked);
+    EXPECT_EQ(shown, 1) << "what a view has to show doesn't wait";
 
     window.OnPaint = {};
     EXPECT_TRUE(Serve([&] { return window.Moves == 1 && ticked; }));
+    EXPECT_EQ(shown, 1);
 }
 
 /// A window with a button that stays alive, another one, a text, a shortcut.

@@ -1,5 +1,6 @@
 #include "platform/desktop/WindowYield.h"
 
+#include "controls/DisplayTimer.h"
 #include "runtime/Yield.h"
 
 #include <QCoreApplication>
@@ -40,6 +41,7 @@ bool WindowYield::WaitingPass() {
 void WindowYield::ServeDisplay() {
     const QScopedValueRollback<bool> waiting(waiting_, true);
     input_.BeginHolding();
+    DisplayTimer::FireDue();
     // The flag for timers has X11 in its name for historical reasons; the Unix event dispatchers
     // all follow it.
     QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers |

@@ -13,10 +13,11 @@ namespace netrove {
 /// come through to the job that yields: DesktopApplication ends them.
 ///
 /// A wait serves the display, and the one button that can give it up:
-/// - Windows are painted, resized and uncovered, and answer the window manager.
+/// - Windows are painted, resized and uncovered, and answer the window manager. Views show what has
+///   come into them: of the timers those fire that are for the display alone (DisplayTimer).
 /// - Keys, the mouse and close requests are kept for the next yield or event loop, but for those
 ///   that press the button.
-/// - Timers and sockets don't fire; what was due fires afterwards.
+/// - Other timers and sockets don't fire; what was due fires afterwards.
 /// - A Yield() in a resize or paint handler does nothing.
 /// - Calls queued through the event loop (signals of other threads) do arrive, as the event loop
 ///   can't hold them back: whoever receives them and may only act at a yield asks Waiting().
