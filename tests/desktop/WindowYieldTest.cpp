@@ -7,10 +7,13 @@
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QWidget>
 #include <QWindow>
 #include <gtest/gtest.h>
@@ -129,14 +132,22 @@ protected:
     }
 
     // What the window system does.
+    void Mouse(QEvent::Type type, QPoint place) {
+        const bool isUp = type == QEvent::MouseButtonRelease;
+        const bool isMove = type == QEvent::MouseMove;
+        qt_handleMouseEvent(window.windowHandle(), place, window.mapToGlobal(place),
+                            isUp ? Qt::NoButton : Qt::LeftButton,
+                            isMove ? Qt::NoButton : Qt::LeftButton, type, Qt::NoModifier,
+                            time_ += 1000);
+    }
     void ClickAt(QPoint place) {
-        QWindow* handle = window.windowHandle();
-        const QPointF global = window.mapToGlobal(place);
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            const bool isPress = type == QEvent::MouseButtonPress;
-            qt_handleMouseEvent(handle, place, global, isPress ? Qt::LeftButton : Qt::NoButton,
-                                Qt::LeftButton, type, Qt::NoModifier, time_ += 1000);
-        }
+        Mouse(QEvent::MouseButtonPress, place);
+        Mouse(QEvent::MouseButtonRelease, place);
+    }
+    void Wheel(QPoint place) {
+        QWheelEvent event(place, window.mapToGlobal(place), {}, QPoint(0, -120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(window.windowHandle(), &event);
     }
     void Press(int key, const char* typed, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
@@ -170,9 +181,10 @@ TEST_F(WaitingInputTest, ComesLaterAndInItsOrder) {
         Press(Qt::Key_B, "b");
     }));
     EXPECT_TRUE(Wait([this] { Press(Qt::Key_F5, ""); }));
+    Press(Qt::Key_F5, ""); // behind the wait, but before a yield
     EXPECT_EQ(events, QString());
     Yield();
-    EXPECT_EQ(events, QStringLiteral("osasab")) << text.text().toStdString();
+    EXPECT_EQ(events, QStringLiteral("osasabsab")) << text.text().toStdString();
     // Without a yield the event loop serves it.
     EXPECT_TRUE(Wait([this] { Press(Qt::Key_C, "c"); }));
     EXPECT_EQ(text.text(), QStringLiteral("ab"));
@@ -185,24 +197,86 @@ TEST_F(WaitingInputTest, OnlyTheButtonAnswers) {
     EXPECT_TRUE(Wait([this] { Press(Qt::Key_L, "l", Qt::AltModifier); }));
     live.setEnabled(true);
     EXPECT_TRUE(Serve([this] { return events == QLatin1String("L"); })) << "kept, and served";
-    const auto click = [this] { ClickAt({50, 20}); };
-    const auto mnemonic = [this] { Press(Qt::Key_L, "l", Qt::AltModifier); };
+    const auto click = [this] {
+        EXPECT_TRUE(Wait([this] { Mouse(QEvent::MouseButtonPress, {50, 20}); }));
+        Wait([this] { Mouse(QEvent::MouseButtonRelease, {50, 20}); });
+    };
+    const auto mnemonic = [this] {
+        Wait([this] { Press(Qt::Key_L, "l", Qt::AltModifier); });
+        EXPECT_TRUE(live.isDown()) << "it can be seen for a moment";
+    };
     const auto space = [this] {
         live.setFocus();
-        Press(Qt::Key_Space, " ");
+        Wait([this] { Press(Qt::Key_Space, " "); });
     };
     for (const std::function<void()>& press :
          {std::function<void()>(click), std::function<void()>(mnemonic),
           std::function<void()>(space)}) {
         events.clear();
-        EXPECT_FALSE(Wait([&] {
-            ClickAt({150, 20});
-            press();
-        }));
+        EXPECT_TRUE(Wait([&] { ClickAt({150, 20}); }));
+        press();
+        EXPECT_TRUE(Serve([this] { return !WhileWaiting(); }, [] {}));
         EXPECT_EQ(events, QStringLiteral("L"));
         Yield();
         EXPECT_EQ(events, QStringLiteral("Lo"));
     }
+}
+
+TEST_F(WaitingInputTest, OtherButtonsOnlyLookPressed) {
+    const auto wait = [this](QEvent::Type type) {
+        EXPECT_TRUE(Wait([this, type] { Mouse(type, {150, 20}); }));
+        return other.isDown();
+    };
+    EXPECT_TRUE(wait(QEvent::MouseButtonPress));
+    EXPECT_FALSE(wait(QEvent::MouseButtonRelease));
+    EXPECT_EQ(events, QString());
+    Yield();
+    EXPECT_EQ(events, QStringLiteral("o"));
+    // One that went down before the wait comes up in it.
+    Mouse(QEvent::MouseButtonPress, {150, 20});
+    EXPECT_FALSE(wait(QEvent::MouseButtonRelease));
+    Yield();
+    EXPECT_EQ(events, QStringLiteral("oo"));
+    EXPECT_FALSE(other.isDown());
+}
+
+TEST_F(WaitingInputTest, ViewsScrollUnlessAClickComesBefore) {
+    QListWidget list(&window);
+    list.setGeometry(200, 0, 100, 80);
+    for (int row = 0; row < 100; ++row)
+        list.addItem(QString::number(row));
+    list.show();
+    text.setFocus();
+    QCoreApplication::processEvents();
+    QScrollBar& bar = *list.verticalScrollBar();
+    EXPECT_TRUE(Wait([this] { Wheel({220, 40}); }));
+    const int wheeled = bar.value();
+    EXPECT_GT(wheeled, 0);
+
+    const QPoint below =
+        bar.mapTo(&window, QPoint(bar.width() / 2, bar.height() - bar.width() - 4));
+    EXPECT_TRUE(Wait([&] { Mouse(QEvent::MouseButtonPress, below); }));
+    const int paged = bar.value();
+    EXPECT_GT(paged, wheeled);
+    EXPECT_TRUE(text.hasFocus()) << "the list's handlers aren't called";
+    // The bar has the mouse until the button comes up, wherever that is.
+    Mouse(QEvent::MouseButtonRelease, {150, 20});
+    EXPECT_EQ(events, QString());
+
+    EXPECT_TRUE(Wait([&] {
+        ClickAt({220, 40});
+        Wheel({220, 40});
+        Press(Qt::Key_PageDown, "");
+    }));
+    EXPECT_EQ(bar.value(), paged) << "the click is for the row that was seen there";
+    EXPECT_EQ(list.currentRow(), -1);
+    const int clicked = list.indexAt(list.viewport()->mapFrom(&window, QPoint(220, 40))).row();
+    int current = -1;
+    QObject::connect(&list, &QListWidget::itemClicked, &window,
+                     [&] { current = list.currentRow(); });
+    Yield();
+    EXPECT_EQ(current, clicked);
+    EXPECT_GT(bar.value(), paged);
 }
 
 TEST_F(WaitingInputTest, AHandlerWithAnEventLoopOfItsOwnLosesNothing) {

@@ -1,10 +1,9 @@
 #include "platform/desktop/HeldInput.h"
 
 #include <QCoreApplication>
-#include <QKeySequence>
 #include <QScopedValueRollback>
-#include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 // Asks for a key's shortcut as a key of the window system does. Qt's own test functions, which are
@@ -59,93 +58,79 @@ HeldInput::HeldInput() {
     qApp->installEventFilter(this);
 }
 
+void HeldInput::BeginHolding() {
+    holding_ = true;
+    live_.GoOn();
+}
+
 void HeldInput::EndHolding() {
     holding_ = false;
-    buttonIsDown_ = false;
     if (!kept_.empty())
         ServeLater();
 }
 
 bool HeldInput::eventFilter(QObject* receiver, QEvent* event) {
-    if (!MustKeep() || event == sent_)
+    if (receiver->isWindowType() && (live_.Continue(*receiver, *event) || IsRepeat(*event)))
+        return true;
+    if (event->type() == QEvent::ShortcutOverride && std::exchange(isTrying_, false))
         return false;
-    if (event->type() == QEvent::ShortcutOverride && receiver->isWindowType())
-        return TakeShortcut(*static_cast<QKeyEvent*>(event));
-    if (IsDrag(event->type())) {
-        event->ignore();
+    if (receiver->isWindowType())
+        press_.Begin(*receiver, *event);
+    const bool isTaken = MustKeep() && event != sent_ && Take(receiver, *event);
+    if (receiver->isWindowType())
+        press_.End(*event, !isTaken);
+    return isTaken;
+}
+
+/// Takes an event away from its receiver, unless it is to be served now.
+bool HeldInput::Take(QObject* receiver, QEvent& event) {
+    if (event.type() == QEvent::ShortcutOverride && receiver->isWindowType()) {
+        // A key that is kept tries its shortcuts later.
+        event.setAccepted(!holding_ ||
+                          !live_.MayTryShortcut(*receiver, static_cast<QKeyEvent&>(event)));
+        return event.isAccepted();
+    }
+    if (IsDrag(event.type())) {
+        event.ignore();
         return true;
     }
-    if (!IsInput(*receiver, event->type()))
+    if (!IsInput(*receiver, event.type()))
         return false;
-    if (IsForButton(receiver, *event))
-        return PressByMnemonic(*event);
-    Keep(receiver, *event);
+    const LiveInput::Course course =
+        holding_ ? live_.CourseOf(*receiver, event, press_, IsNext()) : LiveInput::Course::Keep;
+    if (course == LiveInput::Course::Serve)
+        return false;
+    if (course == LiveInput::Course::Keep)
+        Keep(receiver, event);
+    else if (event.type() == QEvent::KeyPress)
+        droppedKey_ = static_cast<QKeyEvent&>(event).key();
     // A window isn't closed before its request has been served.
-    event->setAccepted(event->type() != QEvent::Close);
+    event.setAccepted(event.type() != QEvent::Close);
     return true;
 }
 
-/// Before a key comes to a window its shortcuts are tried. One that is kept tries them later.
-bool HeldInput::TakeShortcut(QKeyEvent& event) const {
-    if (!holding_ || (IsKeyOfButton(event) && !IsMnemonic(event)))
+/// Whether it's another press of a key that was dropped and hasn't come up since. The window system
+/// tells of repetitions as of releases and presses at the same time, and Qt doesn't know all of
+/// them.
+bool HeldInput::IsRepeat(QEvent& event) {
+    const bool isRelease = event.type() == QEvent::KeyRelease;
+    if (droppedKey_ == 0 || (!isRelease && event.type() != QEvent::ShortcutOverride &&
+                             event.type() != QEvent::KeyPress))
         return false;
-    event.accept();
-    return true;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    if (key.key() == droppedKey_ && isRelease)
+        droppedKeyUp_ = key.timestamp();
+    else if (key.key() == droppedKey_ && (key.isAutoRepeat() || key.timestamp() == droppedKeyUp_))
+        event.accept();
+    else if (!isRelease)
+        droppedKey_ = 0;
+    return droppedKey_ != 0 && !isRelease;
 }
 
-/// Qt's own way with a mnemonic takes a timer's tick, which doesn't come while input is held.
-bool HeldInput::PressByMnemonic(const QEvent& event) const {
-    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
-    if (!isKey || !IsMnemonic(static_cast<const QKeyEvent&>(event)))
-        return false;
-    if (event.type() == QEvent::KeyPress)
-        button_->click();
-    return true;
-}
-
-bool HeldInput::IsButtonLive() const {
-    return holding_ && button_ && button_->isEnabled() && button_->isVisible();
-}
-
-bool HeldInput::IsForButton(const QObject* receiver, const QEvent& event) {
-    if (!IsButtonLive() || receiver != button_->window()->windowHandle())
-        return false;
-    switch (event.type()) {
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-        return IsKeyOfButton(static_cast<const QKeyEvent&>(event));
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseMove:
-        return IsClickOnButton(static_cast<const QMouseEvent&>(event));
-    default:
-        return false;
-    }
-}
-
-bool HeldInput::IsClickOnButton(const QMouseEvent& event) {
-    const bool isPress =
-        event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
-    if (!isPress)
-        return event.type() == QEvent::MouseButtonRelease ? std::exchange(buttonIsDown_, false)
-                                                          : buttonIsDown_;
-    const QRect place(button_->mapTo(button_->window(), QPoint()), button_->size());
-    buttonIsDown_ = event.button() == Qt::LeftButton && place.contains(event.position().toPoint());
-    return buttonIsDown_;
-}
-
-bool HeldInput::IsKeyOfButton(const QKeyEvent& event) const {
-    if (!IsButtonLive())
-        return false;
-    const int key = event.key();
-    return IsMnemonic(event) ||
-           (button_->hasFocus() && (key == Qt::Key_Space || key == Qt::Key_Select ||
-                                    key == Qt::Key_Return || key == Qt::Key_Enter));
-}
-
-bool HeldInput::IsMnemonic(const QKeyEvent& event) const {
-    return event.keyCombination() == QKeySequence::mnemonic(button_->text())[0];
+/// What has to be served before: a move of the mouse changes nothing.
+bool HeldInput::IsNext() const {
+    return std::ranges::all_of(
+        kept_, [](const Kept& kept) { return kept.event->type() == QEvent::MouseMove; });
 }
 
 /// Of moves of the mouse in a row the last one is enough.
@@ -154,7 +139,7 @@ void HeldInput::Keep(QObject* receiver, const QEvent& event) {
         kept_.back().event->type() == QEvent::MouseMove)
         kept_.pop_back();
     if (kept_.size() < MaxKept)
-        kept_.push_back({receiver, std::unique_ptr<QEvent>(event.clone())});
+        kept_.push_back({receiver, std::unique_ptr<QEvent>(event.clone()), press_.Show(event)});
     if (!holding_)
         ServeLater();
 }
@@ -184,8 +169,11 @@ void HeldInput::Serve() {
 }
 
 void HeldInput::Send(const Kept& kept) {
+    if (kept.button)
+        kept.button->setDown(!MousePress::IsPress(*kept.event));
     if (kept.event->type() == QEvent::KeyPress) {
         const auto& key = static_cast<const QKeyEvent&>(*kept.event);
+        const QScopedValueRollback trying(isTrying_, true);
         if (qt_sendShortcutOverrideEvent(kept.receiver, key.timestamp(), key.key(), key.modifiers(),
                                          key.text(), key.isAutoRepeat(),
                                          static_cast<ushort>(key.count())) ||

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/desktop/LiveInput.h"
+
 #include <QAbstractButton>
 #include <QEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QObject>
 #include <QPointer>
 
@@ -13,8 +13,9 @@
 namespace netrove {
 
 /// Keeps what the user does while nobody may act on it: keys, the mouse, close requests. All of it
-/// is served afterwards, in its order, before what comes later. One button stays alive meanwhile,
-/// for the mouse and for its own keys. What is dragged over a window is refused.
+/// is served afterwards, in its order, before what comes later. What LiveInput names is served at
+/// once, or dropped. A push button looks pressed while the mouse is down on it, though its click
+/// comes later. What is dragged over a window is refused.
 ///
 /// For the thread of the windows, and for no more than one object at a time.
 class HeldInput : public QObject {
@@ -23,10 +24,11 @@ class HeldInput : public QObject {
 public:
     HeldInput();
 
-    /// The button that stays alive from now on, while it's enabled.
-    void SetLiveButton(QAbstractButton& button) { button_ = &button; }
+    /// The button that stays alive from now on, while it's enabled: for the mouse and for its own
+    /// keys.
+    void SetLiveButton(QAbstractButton& button) { live_.SetButton(button); }
 
-    void BeginHolding() { holding_ = true; }
+    void BeginHolding();
     void EndHolding();
 
     /// Serves what was kept. While input is held it does nothing.
@@ -38,26 +40,26 @@ private:
     struct Kept {
         QPointer<QObject> receiver;
         std::unique_ptr<QEvent> event;
+        QPointer<QAbstractButton> button; ///< that doesn't know what it looks like
     };
 
     [[nodiscard]] bool MustKeep() const { return holding_ || !kept_.empty(); }
-    [[nodiscard]] bool TakeShortcut(QKeyEvent& event) const;
-    [[nodiscard]] bool IsForButton(const QObject* receiver, const QEvent& event);
-    [[nodiscard]] bool IsClickOnButton(const QMouseEvent& event);
-    [[nodiscard]] bool IsKeyOfButton(const QKeyEvent& event) const;
-    [[nodiscard]] bool IsMnemonic(const QKeyEvent& event) const;
-    [[nodiscard]] bool PressByMnemonic(const QEvent& event) const;
-    [[nodiscard]] bool IsButtonLive() const;
+    [[nodiscard]] bool Take(QObject* receiver, QEvent& event);
+    [[nodiscard]] bool IsRepeat(QEvent& event);
+    [[nodiscard]] bool IsNext() const;
     void Keep(QObject* receiver, const QEvent& event);
     void ServeLater();
     void Send(const Kept& kept);
 
-    QPointer<QAbstractButton> button_;
+    LiveInput live_;
+    MousePress press_;
     std::deque<Kept> kept_;
     const QEvent* sent_ = nullptr; ///< what is being served, and passes
+    bool isTrying_ = false;        ///< the shortcut of what is being served comes next
+    int droppedKey_ = 0;           ///< the last key that was dropped; 0 once another is pressed
+    quint64 droppedKeyUp_ = 0;     ///< when that key came up, in the window system's time
     bool holding_ = false;
     bool serveIsDue_ = false;
-    bool buttonIsDown_ = false; ///< by a press of the mouse that has passed
 };
 
 } // namespace netrove

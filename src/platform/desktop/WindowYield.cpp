@@ -1,5 +1,6 @@
 #include "platform/desktop/WindowYield.h"
 
+#include "controls/DialogRead.h"
 #include "controls/DisplayTimer.h"
 #include "runtime/Yield.h"
 
@@ -35,7 +36,8 @@ void WindowYield::YieldPass() {
 bool WindowYield::WaitingPass() {
     if (!waiting_)
         ServeDisplay();
-    return !isAbandoned_ || !isAbandoned_();
+    const DialogRead* read = DialogRead::Current();
+    return !(isAbandoned_ && isAbandoned_()) && !(read && read->IsGivenUp());
 }
 
 void WindowYield::ServeDisplay() {

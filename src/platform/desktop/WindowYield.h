@@ -12,11 +12,16 @@ namespace netrove {
 /// A yield makes one pass of the event loop: input, painting, timers. Failures of handlers don't
 /// come through to the job that yields: DesktopApplication ends them.
 ///
-/// A wait serves the display, and the one button that can give it up:
+/// A wait serves the display, and what gives it up:
 /// - Windows are painted, resized and uncovered, and answer the window manager. Views show what has
 ///   come into them: of the timers those fire that are for the display alone (DisplayTimer).
-/// - Keys, the mouse and close requests are kept for the next yield or event loop, but for those
-///   that press the button.
+/// - The wheel and the scroll bars scroll views, and a push button under the mouse looks pressed:
+///   that changes nothing that the program reads.
+/// - The one button that gives it up works, by the mouse and by its keys. While a dialog reads from
+///   the web (DialogRead), what closes it works instead, and all else that is meant for it is
+///   dropped.
+/// - Other clicks and keys, also those that move in a list and so change its selection, and close
+///   requests are kept for the next yield or event loop.
 /// - Other timers and sockets don't fire; what was due fires afterwards.
 /// - A Yield() in a resize or paint handler does nothing.
 /// - Calls queued through the event loop (signals of other threads) do arrive, as the event loop

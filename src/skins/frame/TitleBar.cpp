@@ -1,5 +1,6 @@
 #include "skins/frame/TitleBar.h"
 
+#include "controls/DialogRead.h"
 #include "skins/frame/FramePainter.h"
 #include "skins/frame/SystemMenu.h"
 #include "skins/frame/WindowAbilities.h"
@@ -13,7 +14,7 @@ TitleBar::TitleBar(QWidget& window, SystemMenu& menu)
     : QWidget(&window)
     , window_(window)
     , menu_(menu)
-    , close_(*this, QStringLiteral("frameButtonClose"), FrameCell::Close)
+    , close_(*this, CloseBoxName, FrameCell::Close)
     , maximize_(*this, QStringLiteral("frameButtonMaximize"), FrameCell::Maximize)
     , minimize_(*this, QStringLiteral("frameButtonMinimize"), FrameCell::Minimize)
     , drag_(window) {
