@@ -6,7 +6,6 @@
 #include "online/webfiles/WebFile.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
-#include "runtime/Text.h"
 #include "skins/SkinControls.h"
 
 #include <QHBoxLayout>
@@ -126,7 +125,7 @@ void frmDonate::SetCaption(QPushButton& link, const QString& caption) const {
 /// Failures of the read go on to the caller.
 bool frmDonate::Check4File(QLatin1String path, QString& resp) {
     resp.clear();
-    resp = Trim(services_.http.OpenURL(WebFile::Address(services_.webAddress, path)));
+    resp = services_.ReadFor(*this, *cmdOK_, path);
     return !resp.isEmpty();
 }
 
@@ -171,8 +170,11 @@ void frmDonate::ReadLinks() {
         LinkAddress_.at(std::size_t(index)) = links.addresses[index];
 }
 
+/// A dialog that was closed meanwhile says nothing any more.
 void frmDonate::SayUnread() {
     unsetCursor();
+    if (!isVisible())
+        return;
     services_.dialogs.Message(
         MessageIcon::Critical,
         Text("Could not get the update for the links. Click on one of the\r\n"

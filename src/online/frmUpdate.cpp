@@ -6,7 +6,6 @@
 #include "online/webfiles/WebFile.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
-#include "runtime/Text.h"
 #include "skins/SkinControls.h"
 
 #include <QGridLayout>
@@ -138,7 +137,7 @@ void frmUpdate::SetTall(bool isTall) {
 bool frmUpdate::Check4File(QLatin1String path, QString& resp) {
     resp.clear();
     try {
-        resp = Trim(services_.http.OpenURL(WebFile::Address(services_.webAddress, path)));
+        resp = services_.ReadFor(*this, *cmdCancel_, path);
     } catch (...) {
         return false;
     }
@@ -201,11 +200,14 @@ void frmUpdate::OfferUpdate(const Version& web) {
     cmdDown_->setFocus();
 }
 
+/// A dialog that was closed meanwhile says nothing any more.
 void frmUpdate::FailCheck() {
     unsetCursor();
     cmdCheck_->setEnabled(true);
     cmdDown_->setEnabled(false);
     SetTall(false);
+    if (!isVisible())
+        return;
     services_.dialogs.Message(
         MessageIcon::Critical,
         Lines({Text("The update check failed. You must check for the"),
@@ -243,6 +245,8 @@ void frmUpdate::HandOverInstaller() {
 void frmUpdate::FailDownload() {
     unsetCursor();
     cmdDown_->setEnabled(true);
+    if (!isVisible())
+        return;
     services_.dialogs.Message(
         MessageIcon::Critical,
         Lines({Text("An error has occured. You must manually download the new"),

@@ -58,6 +58,32 @@ TEST_F(DonateTest, LinksComeFromTheSite) {
     EXPECT_EQ(Button("cmdLink(1)").text(), Text("A  B"));
 }
 
+TEST_F(DonateTest, WhatComesDuringTheReadIsntForTheLinks) {
+    Open();
+    Page("Netrove.don", "TBS_DON Pal https://a.example/");
+    Click("cmdUp");
+    const QPoint link = Button("cmdLink(0)").geometry().center();
+    EXPECT_TRUE(ClickAndAct("cmdUp", [link](QWindow& window) {
+        for (const int key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Tab})
+            QTest::keyClick(&window, Qt::Key(key));
+        QTest::mouseClick(&window, Qt::LeftButton, {}, link);
+        QTest::keyPress(&window, Qt::Key_Return);
+    }));
+    // The key stays down: the window system tells of repetitions in one of two ways.
+    QWindow& window = *dialog->windowHandle();
+    qt_handleKeyEvent(&window, QEvent::KeyPress, Qt::Key_Return, {}, Text("\r"), true);
+    for (const auto type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+        QKeyEvent sameTime(type, Qt::Key_Return, Qt::NoModifier, Text("\r"));
+        sameTime.setTimestamp(1'000'000);
+        QCoreApplication::sendEvent(&window, &sameTime);
+    }
+    EXPECT_EQ(shell.Opened, QStringList());
+    EXPECT_TRUE(Button("cmdLink(0)").hasFocus());
+    QTest::keyClick(&window, Qt::Key_Return);
+    EXPECT_EQ(shell.Opened, Texts({"https://a.example/"}));
+    ExpectClosingEndsTheRead("cmdUp", "cmdOK");
+}
+
 TEST_F(DonateTest, FailuresLeaveTheSiteInAllLinks) {
     Open();
     Page("Netrove.don", "TBS_DON Pal https://a.example/");

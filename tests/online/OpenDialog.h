@@ -3,9 +3,13 @@
 #include "fakes/DesktopFakes.h"
 #include "fakes/Find.h"
 #include "online/OnlineServices.h"
+#include "platform/desktop/WindowYield.h"
+#include "runtime/Yield.h"
 
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QTest>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace netrove {
@@ -36,6 +40,47 @@ protected:
         http.Pages.insert(Text("https://site.example/files/") + Text(path), Text(text));
     }
 
+    /// Presses the button, and lets the user act during the read that begins. Gives whether the
+    /// read is to go on.
+    bool ClickAndAct(const char* name, const std::function<void(QWindow&)>& act) {
+        bool goesOn = true;
+        bool hasActed = false;
+        http.OnRead = [&] {
+            if (std::exchange(hasActed, true))
+                return;
+            QMetaObject::invokeMethod(
+                dialog.get(), [&] { act(*dialog->windowHandle()); }, Qt::QueuedConnection);
+            QElapsedTimer clock; // the time that a mnemonic takes to press its button
+            clock.start();
+            while (goesOn && clock.elapsed() < 300)
+                goesOn = WhileWaiting();
+            if (!goesOn)
+                throw RunTimeError(ErrorNumber::DeviceUnavailable);
+        };
+        Click(name);
+        http.OnRead = {};
+        QCoreApplication::processEvents();
+        return goesOn;
+    }
+    /// What ends the dialog during a read and at any other time.
+    void ExpectClosingEndsTheRead(const char* name, const char* cancel) {
+        const std::function<void(QWindow&)> cases[] = {
+            [](QWindow& window) { QTest::keyClick(&window, Qt::Key_Escape); },
+            [](QWindow& window) { QTest::keyClick(&window, Qt::Key_C, Qt::AltModifier); },
+            [](QWindow& window) { window.close(); },
+            [&](QWindow& window) {
+                const QPoint place = Button(cancel).geometry().center();
+                QTest::mouseClick(&window, Qt::LeftButton, {}, place);
+            }};
+        for (const auto& close : cases) {
+            Open();
+            EXPECT_FALSE(ClickAndAct(name, close)) << &close - cases;
+            EXPECT_FALSE(dialog->isVisible()) << &close - cases;
+        }
+        EXPECT_EQ(dialogs.Boxes(), "");
+    }
+
+    WindowYield yield;
     QWidget owner;
     RecordedDialogs dialogs;
     RecordedShell shell;

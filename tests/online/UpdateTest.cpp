@@ -70,6 +70,12 @@ TEST_F(UpdateTest, ANewerVersionIsOffered) {
     EXPECT_TRUE(Button("cmdDown").isEnabled());
     EXPECT_EQ(dialogs.Shown.size(), 2);
 
+    EXPECT_TRUE(ClickAndAct("cmdCheck", [](QWindow& window) {
+        for (const int key : {Qt::Key_Return, Qt::Key_Space})
+            QTest::keyClick(&window, Qt::Key(key));
+    }));
+    EXPECT_EQ(shell.Opened.size() + dialogs.Shown.size(), 3) << "the installer isn't started";
+
     // Without news it stays on offer.
     for (const char* news : {"TBS_NEWS", "TBS_NWZ"}) {
         Page("Netrove2.nwz", news);
@@ -81,6 +87,25 @@ TEST_F(UpdateTest, ANewerVersionIsOffered) {
     Click("cmdCheck");
     EXPECT_EQ(News(), Text("Unable to get news for Netrove."));
     EXPECT_NE(dialog->cursor().shape(), Qt::WaitCursor);
+}
+
+TEST_F(UpdateTest, ClosingEndsTheRead) {
+    Page("Netrove2.ver", "TBS_VER 1.0.0");
+    ExpectClosingEndsTheRead("cmdCheck", "cmdCancel");
+    Open();
+    Click("cmdCheck");
+    EXPECT_FALSE(
+        ClickAndAct("cmdDown", [](QWindow& window) { QTest::keyClick(&window, Qt::Key_Escape); }));
+    // One that comes with the last byte, too.
+    Page("Netrove2.ver", "TBS_VER 0.99.5");
+    Open();
+    http.OnRead = [this] {
+        QMetaObject::invokeMethod(
+            dialog.get(), [this] { QTest::keyClick(dialog->windowHandle(), Qt::Key_Escape); },
+            Qt::QueuedConnection);
+    };
+    Click("cmdCheck");
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(UpdateTest, AFailedCheckShowsTheSite) {
