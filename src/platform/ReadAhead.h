@@ -72,7 +72,7 @@ public:
     ReadAhead& operator=(const ReadAhead&) = delete;
     virtual ~ReadAhead() = default;
 
-    /// A walk begins.
+    /// A walk begins. It sees the network as it is: what was read before is forgotten.
     virtual void BeginWalk(std::shared_ptr<const WalkPlan> plan) = 0;
     /// It comes to these next, in this order, and then to what was expected before. Places that are
     /// expected already stay where they are.

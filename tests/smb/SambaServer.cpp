@@ -105,7 +105,7 @@ SambaServer::SambaServer(const QString& options) : port_(ListeningPort().Port())
     for (const char* name : {"public", "hidden", "unlisted", "junctions"})
         AddFolder(QString::fromLatin1(name));
     QDir(folder_.path()).mkpath(QStringLiteral("state"));
-    if (!IsAvailable() || !WriteConfiguration(options) || !Start() || !WaitUntilItAnswers())
+    if (!IsAvailable() || !WriteConfiguration(options) || !Start())
         Stop();
 }
 
@@ -128,6 +128,10 @@ bool SambaServer::WriteConfiguration(const QString& options) {
 }
 
 bool SambaServer::Start() {
+    return StartProcess() && WaitUntilItAnswers();
+}
+
+bool SambaServer::StartProcess() {
     // A group of its own, so that what serves the connections can be ended with it; and it doesn't
     // outlive a test that is killed.
     process_.setChildProcessModifier([] {

@@ -55,11 +55,13 @@ public:
     /// What it has logged so far.
     [[nodiscard]] QByteArray Log() const;
 
+    /// Starts it once more, at the same port, after Stop(). Until then it refuses connections.
+    [[nodiscard]] bool Start();
     void Stop();
 
 private:
     [[nodiscard]] bool WriteConfiguration(const QString& options);
-    [[nodiscard]] bool Start();
+    [[nodiscard]] bool StartProcess();
     [[nodiscard]] bool WaitUntilItAnswers();
     [[nodiscard]] QString StateFile(const char* name) const;
 

@@ -45,21 +45,22 @@ TEST_F(SmbServersTest, ConnectionsGrowWhileTheyPay) {
     EXPECT_EQ(Grown(40ms, 1000), 16u);
 }
 
-TEST_F(SmbServersTest, RequestsThatFailTogetherAreOneDeathAndEachLastsLonger) {
+TEST_F(SmbServersTest, ADeathLastsForAWalkOrALittleWhile) {
+    servers.BeginWalk();
     for (int request = 0; request < 10; ++request)
         servers.Note(name, ETIMEDOUT, true);
+    now += 24h;
+    servers.ForgetOld();
     EXPECT_EQ(servers.DeadStatus(name), ETIMEDOUT);
-    now += limits.deadFor + 1ms;
+    servers.BeginWalk();
     EXPECT_EQ(servers.DeadStatus(name), 0);
-
-    // Who is found dead again right afterwards is left alone for longer.
-    for (const int times : {2, 4, 8}) {
-        servers.Bury(name, EHOSTUNREACH);
-        now += times * limits.deadFor - 1ms;
-        EXPECT_EQ(servers.DeadStatus(name), EHOSTUNREACH) << times;
-        now += 2ms;
-        EXPECT_EQ(servers.DeadStatus(name), 0) << times;
-    }
+    servers.Bury(name, EHOSTUNREACH);
+    servers.EndWalk();
+    EXPECT_EQ(servers.DeadStatus(name), EHOSTUNREACH);
+    now += limits.deadFor;
+    EXPECT_EQ(servers.DeadStatus(name), 0);
+    servers.Bury(name, ECONNREFUSED);
+    EXPECT_EQ(servers.DeadStatus(name), 0);
 
     servers.Note(name, ETIMEDOUT, true);
     servers.Note(name, EACCES, true);

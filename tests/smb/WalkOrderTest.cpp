@@ -66,7 +66,7 @@ protected:
         order.Answer(ids.value(Text(path)), list);
     }
 
-    WalkOrder order{std::make_shared<Everywhere>(), {}, {.answers = 8, .bytes = 100'000}};
+    WalkOrder order{std::make_shared<Everywhere>(), {.answers = 8, .bytes = 100'000}};
     WalkOrder::Grant grant = [](const SmbRequest&, std::size_t) { return true; };
     QHash<QString, quint64> ids;
 };
@@ -135,14 +135,6 @@ TEST_F(WalkOrderTest, LoopsAndEndlessTreesEnd) {
         order.Answer(ids.value(path), Folders("x y"));
     EXPECT_GE(folders, 1000);
     EXPECT_LE(folders, 1001);
-}
-
-TEST_F(WalkOrderTest, WhatIsKnownIsntAskedButWhatLiesBelow) {
-    order =
-        WalkOrder(std::make_shared<Everywhere>(), {{Text("s\\a"), Folders("1 2").entries},
-                                                   {Text("s\\a\\1"), Folders("below").entries}});
-    order.Expect({Root("s", "a")});
-    EXPECT_EQ(All(), "s/a/1/below s/a/2");
 }
 
 TEST_F(WalkOrderTest, FilesAreReadBeforeTheSubfolders) {

@@ -156,6 +156,8 @@ FolderProvider::FolderProvider(QString name, const QString& folder)
 }
 
 void FolderProvider::ReadTree() {
+    if (top_.folder.isEmpty())
+        return;
     problems_.clear();
     top_ = Reader(problems_).Read(top_.folder);
 }
@@ -200,8 +202,7 @@ std::optional<std::vector<NetRecord>> FolderProvider::List(const NetRecord& node
     if (printers)
         return std::nullopt;
     if (node.dwDisplayType == NetEnum::DisplayNetwork) {
-        if (!top_.folder.isEmpty())
-            ReadTree();
+        ReadTree();
         return WorkgroupRecords();
     }
     const Node* workgroup = top_.Find(node.lpRemoteName);

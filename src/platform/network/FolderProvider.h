@@ -35,7 +35,7 @@ public:
     /// What is wrong with the folder or its file, as texts for the user; what isn't wrong holds.
     [[nodiscard]] const QStringList& Problems() const { return problems_; }
 
-    /// The provider's own record also looks at the folder anew.
+    /// The provider's own record also looks at the folder anew, and so does each walk.
     [[nodiscard]] std::optional<std::vector<NetRecord>> List(const NetRecord& node,
                                                              qint32 type) override;
     [[nodiscard]] bool Knows(const QString& server) override;
@@ -46,6 +46,7 @@ public:
     [[nodiscard]] FileInfo Info(const UncPath& path) override;
     [[nodiscard]] QByteArray Read(const UncPath& path, qint64 offset, qint64 length) override;
     [[nodiscard]] std::optional<QString> LocalPath(const UncPath& path) override;
+    void BeginWalk(const std::shared_ptr<const WalkPlan>& /*plan*/) override { ReadTree(); }
 
 private:
     enum class Fault { None, Unreachable, Refused, Slow };

@@ -236,6 +236,7 @@ std::optional<NetRecord> Network::Record(const UncPath& path) {
 
 void Network::BeginWalk(std::shared_ptr<const WalkPlan> plan) {
     plan_ = std::move(plan);
+    lastInfo_ = {};
     for (const auto& provider : providers_)
         provider->BeginWalk(plan_);
 }

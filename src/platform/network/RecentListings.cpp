@@ -26,12 +26,9 @@ RecentListings::Listing RecentListings::Find(const QString& folder) {
     return kept ? kept->listing : nullptr;
 }
 
-QHash<QString, RecentListings::Listing> RecentListings::All() {
-    ForgetOld();
-    QHash<QString, Listing> all;
-    for (const Kept& one : kept_)
-        all.insert(one.folder, one.listing);
-    return all;
+void RecentListings::Clear() {
+    kept_.clear();
+    entries_ = 0;
 }
 
 std::optional<SmbEntry> RecentListings::FindEntry(const QString& folder, const QString& name) {

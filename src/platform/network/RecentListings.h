@@ -13,9 +13,9 @@
 
 namespace netrove {
 
-/// The folder listings of the last few seconds. A search lists each folder twice in a row and then
-/// asks for the date, length and attributes of each file that it found there: all of that is in
-/// the first listing.
+/// The folder listings of the last few seconds of a search. It lists each folder twice in a row and
+/// then asks for the date, length and attributes of each file that it found there: all of that is
+/// in the first listing. The next search must not see them.
 class RecentListings {
 public:
     using Clock = std::chrono::steady_clock;
@@ -37,8 +37,7 @@ public:
     /// Null if it isn't known (any more).
     [[nodiscard]] Listing Find(const QString& folder);
 
-    /// All that is known, by the folders' names.
-    [[nodiscard]] QHash<QString, Listing> All();
+    void Clear();
 
     /// What the listing of a folder says of an entry, whose name must be letter for letter as it
     /// stands there: a server may have names that differ in case alone.

@@ -22,9 +22,8 @@ namespace netrove {
 /// fetched with them.
 class SmbAhead {
 public:
-    /// `known` are listings that the walk has already: they aren't asked for.
-    SmbAhead(SmbPool& pool, std::shared_ptr<const WalkPlan> plan, WalkOrder::Known known)
-        : pool_(pool), plan_(std::move(plan)), order_(plan_, std::move(known)) {}
+    SmbAhead(SmbPool& pool, std::shared_ptr<const WalkPlan> plan)
+        : pool_(pool), plan_(std::move(plan)), order_(plan_) {}
     SmbAhead(const SmbAhead&) = delete;
     SmbAhead& operator=(const SmbAhead&) = delete;
     /// Breaks off what is under way.

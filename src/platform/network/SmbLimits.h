@@ -24,8 +24,8 @@ struct SmbLimits {
     /// A folder: the library reads all of it before the first entry comes.
     Time listing{60000};
 
-    Time deadFor{15000}; ///< a computer that failed isn't tried again for so long
-    Time idle{30000};    ///< a helper without work is ended after so long
+    Time deadFor{5000}; ///< outside of searches, a computer that failed isn't tried for so long
+    Time idle{30000};   ///< a helper without work is ended after so long
     /// The work of opening a connection, on both machines: a process on each.
     Time opening{20};
     Time firstOpening{80};         ///< the same of the first one, on a busy machine

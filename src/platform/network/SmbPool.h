@@ -39,9 +39,9 @@ public:
     /// the server. Blocks, and calls WhileWaiting(). Goes before those who only try for a turn.
     ///
     /// A server that doesn't take connections, or takes them and doesn't speak SMB, costs one
-    /// short limit and then nothing for a while, which is longer each time that it is tried in
-    /// vain right afterwards. So does one that falls silent, together with all requests that are
-    /// under way to it; one that is still there and doesn't answer costs two limits.
+    /// short limit and then nothing for the rest of the search, or for a little while outside of
+    /// one. So does one that falls silent, together with all requests that are under way to it; one
+    /// that is still there and doesn't answer costs two limits.
     ///
     /// The request is made with the logon of its computer. One that the server has refused isn't
     /// tried again: EACCES.
@@ -64,8 +64,10 @@ public:
     /// none where a logon isn't known to be good yet.
     [[nodiscard]] std::optional<Turn> TryTakeEarlyTurn(const SmbRequest& request);
 
-    /// Ends helpers that nobody needs so soon again, as a search has ended.
-    void KeepFew() { turns_.KeepFew(); }
+    /// A search begins: computers that were dead are tried again, and then stay dead until its end.
+    void BeginWalk() { turns_.BeginWalk(); }
+    /// It has ended, and so do helpers that nobody needs so soon again.
+    void EndWalk() { turns_.EndWalk(); }
 
     /// The processes that wait for work.
     [[nodiscard]] std::vector<pid_t> IdleProcesses() const { return turns_.IdleProcesses(); }

@@ -199,8 +199,12 @@ SmbList SmbProvider::Fetch(const QString& key, const SmbRequest& request) {
 
 void SmbProvider::BeginWalk(const std::shared_ptr<const WalkPlan>& plan) {
     EndReading();
+    recent_.Clear();
+    lastShares_ = {};
+    junctions_ = {};
+    pool_.BeginWalk();
     plan_ = plan;
-    ahead_ = std::make_unique<SmbAhead>(pool_, plan, recent_.All());
+    ahead_ = std::make_unique<SmbAhead>(pool_, plan);
 }
 
 void SmbProvider::Expect(const std::vector<WalkPlace>& places) {
@@ -265,7 +269,7 @@ void SmbProvider::EndReading() {
 
 void SmbProvider::EndWalk() {
     EndReading();
-    pool_.KeepFew();
+    pool_.EndWalk();
 }
 
 QStringList SmbProvider::Computers(const QString& workgroup) const {

@@ -10,10 +10,6 @@ namespace {
 /// big for the limit.
 constexpr int MaxTimeouts = 2;
 
-/// A dead computer is left alone for so many spans of SmbLimits::deadFor at most. A list of files
-/// on many dead computers would be nothing but waiting if each were tried all the time.
-constexpr int MaxDeadSpans = 16;
-
 /// What one more connection costs beside the work, in answers that come meanwhile: it takes about
 /// twelve round trips, a folder four.
 constexpr double OpeningAnswers = 3;
@@ -55,7 +51,14 @@ QString SmbServers::NameOf(const SmbRequest& request) {
 
 int SmbServers::DeadStatus(const QString& name) const {
     const auto dead = dead_.constFind(name);
-    return dead != dead_.cend() && now_() <= dead->until ? dead->status : 0;
+    return dead != dead_.cend() && (isWalking_ || now_() < dead->until) ? dead->status : 0;
+}
+
+void SmbServers::BeginWalk() {
+    isWalking_ = true;
+    dead_.clear();
+    for (Server& server : servers_)
+        server.timeouts = 0;
 }
 
 void SmbServers::Bury(const QString& name, int status) {
@@ -63,11 +66,8 @@ void SmbServers::Bury(const QString& name, int status) {
     if (DeadStatus(name) != 0)
         return;
     servers_[name].timeouts = 0;
-    const auto before = dead_.constFind(name);
-    const Time span = before == dead_.cend()
-                          ? limits_.deadFor
-                          : std::min(2 * before->span, MaxDeadSpans * limits_.deadFor);
-    dead_.insert(name, {.status = status, .until = now_() + span, .span = span});
+    const Time span = status == ECONNREFUSED ? Time(0) : limits_.deadFor;
+    dead_.insert(name, {.status = status, .until = now_() + span});
 }
 
 void SmbServers::Note(const QString& name, int status, bool isLong) {
@@ -152,7 +152,7 @@ void SmbServers::NoteFirstTime(const QString& name, Clock::duration time) {
 
 void SmbServers::ForgetOld() {
     const auto now = now_();
-    dead_.removeIf([&](const auto& one) { return now > one->until + limits_.deadFor; });
+    dead_.removeIf([&](const auto& one) { return !isWalking_ && now >= one->until; });
     servers_.removeIf([](const auto& one) {
         return one->open == 0 && one->urgent == 0 && one->timeouts == 0 && one->refusedAt == 0;
     });

@@ -15,6 +15,10 @@ namespace netrove {
 
 /// What is known of each server: whether it is dead, how many connections it has and takes, how
 /// long its answers take. Servers are named by a text. Used under its owner's lock.
+///
+/// Who is dead stays so for the rest of a walk, and is tried again by the next one. Outside of
+/// walks that holds for a little while, so that what somebody does costs one limit; a connection
+/// that was refused may be tried again at once, which costs nothing.
 class SmbServers {
 public:
     using Clock = std::chrono::steady_clock;
@@ -48,8 +52,11 @@ public:
     /// The errno that a dead server's requests get at once; 0 for one that may be tried.
     [[nodiscard]] int DeadStatus(const QString& name) const;
 
-    /// Notes that a server can't be reached: it is left alone for a while, which is longer each
-    /// time that it is found dead right after its end.
+    /// A walk begins: nothing is known of dead servers.
+    void BeginWalk();
+    void EndWalk() { isWalking_ = false; }
+
+    /// Notes that a server can't be reached.
     void Bury(const QString& name, int status);
 
     /// Notes how a request over a connection has ended. One that stops answering is dead, too.
@@ -89,14 +96,14 @@ public:
 private:
     struct Dead {
         int status;
-        Clock::time_point until;
-        Time span;
+        Clock::time_point until; ///< outside of walks
     };
 
     SmbLimits limits_;
     std::function<Clock::time_point()> now_;
     QHash<QString, Server> servers_;
-    QHash<QString, Dead> dead_; ///< also those that may be tried again since a little while
+    QHash<QString, Dead> dead_;
+    bool isWalking_ = false;
 };
 
 } // namespace netrove

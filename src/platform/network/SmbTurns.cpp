@@ -168,8 +168,14 @@ int SmbTurns::EndProbe(const QString& server, int status) {
     return status == ECANCELED ? status : 0;
 }
 
-void SmbTurns::KeepFew() {
+void SmbTurns::BeginWalk() {
     const std::scoped_lock lock(mutex_);
+    servers_.BeginWalk();
+}
+
+void SmbTurns::EndWalk() {
+    const std::scoped_lock lock(mutex_);
+    servers_.EndWalk();
     helpers_.KeepFew();
 }
 

@@ -66,8 +66,9 @@ public:
     /// closed.
     [[nodiscard]] int EndProbe(const QString& server, int status);
 
+    void BeginWalk();
     /// Ends helpers that nobody needs so soon again.
-    void KeepFew();
+    void EndWalk();
     [[nodiscard]] std::vector<pid_t> IdleProcesses() const;
 
 private:

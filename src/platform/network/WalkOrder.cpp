@@ -42,12 +42,7 @@ void WalkOrder::Expect(const std::vector<Start>& starts) {
 WalkOrder::Steps::iterator WalkOrder::Insert(Steps::iterator before, Step step) {
     Count(step, 1);
     const auto place = steps_.insert(before, std::move(step));
-    const QString& key = place->start.key;
-    places_.insert(key, place);
-    if (const auto known = known_.constFind(key); known != known_.cend()) {
-        place->isDropped = true;
-        AddContents(place, *known);
-    }
+    places_.insert(place->start.key, place);
     return place;
 }
 
@@ -99,11 +94,6 @@ std::optional<WalkOrder::Question> WalkOrder::Next(const Grant& grant) {
             continue;
         if (step->start.server == busy || !HasQuestion(step, isNear))
             continue;
-        if (known_.contains(KeyOf(*step))) {
-            static_cast<void>(PlaceOf(step)); // no question, but what lies below may be one
-            following = steps_.begin();
-            continue;
-        }
         const QString& server = step->start.server;
         if (!grant(RequestOf(*step), static_cast<std::size_t>(waiting_.value(server)))) {
             busy = server;
@@ -147,11 +137,6 @@ SmbRequest WalkOrder::RequestOf(const Step& step) const {
     if (step.kind == Step::Kind::Place)
         return step.start.request;
     return Below(step, (*step.list.entries)[step.next]).start.request;
-}
-
-QString WalkOrder::KeyOf(const Step& step) const {
-    return step.kind == Step::Kind::Place ? step.start.key
-                                          : Below(step, (*step.list.entries)[step.next]).start.key;
 }
 
 /// The place itself, or the next file or subfolder, which becomes a place of its own.

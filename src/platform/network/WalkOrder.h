@@ -51,13 +51,10 @@ public:
     /// Whether a request may be sent now; so many wait for its server, with this one.
     using Grant = std::function<bool(const SmbRequest& request, std::size_t waiting)>;
 
-    /// Listings of folders that the walk has already.
-    using Known = QHash<QString, RecentListings::Listing>;
-
-    explicit WalkOrder(std::shared_ptr<const WalkPlan> plan, Known known = {})
-        : WalkOrder(std::move(plan), std::move(known), Limits()) {}
-    WalkOrder(std::shared_ptr<const WalkPlan> plan, Known known, const Limits& limits)
-        : plan_(std::move(plan)), known_(std::move(known)), limits_(limits) {}
+    explicit WalkOrder(std::shared_ptr<const WalkPlan> plan)
+        : WalkOrder(std::move(plan), Limits()) {}
+    WalkOrder(std::shared_ptr<const WalkPlan> plan, const Limits& limits)
+        : plan_(std::move(plan)), limits_(limits) {}
 
     /// Puts places before all others.
     void Expect(const std::vector<Start>& starts);
@@ -122,7 +119,6 @@ private:
     void AddFiles(Steps::iterator folder, const SmbEntries& listing);
     void Advance(Step& step);
     [[nodiscard]] bool HasQuestion(Steps::iterator step, bool isNear);
-    [[nodiscard]] QString KeyOf(const Step& step) const;
     [[nodiscard]] SmbRequest RequestOf(const Step& step) const;
     [[nodiscard]] Steps::iterator PlaceOf(Steps::iterator step);
     [[nodiscard]] quint64 MarkAsked(Step& place);
@@ -135,7 +131,6 @@ private:
     void Count(const Step& step, qsizetype places) { waiting_[step.start.server] += places; }
 
     std::shared_ptr<const WalkPlan> plan_;
-    Known known_;
     Limits limits_;
     Steps steps_;
     QString reached_; ///< the server that the walk has come to

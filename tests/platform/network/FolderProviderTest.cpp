@@ -99,6 +99,9 @@ TEST_F(FolderProviderTest, ListsEachLevel) {
     EXPECT_EQ(Names(NetEnum::DisplayNetwork, "Sample"), "EAST|NORTH Up there|SOUTH")
         << "what came later";
     EXPECT_TRUE(Provider().CanEnter(Unc("delta\\new")));
+    tree_.Folder("EAST/DELTA/Newer");
+    Provider().BeginWalk(nullptr);
+    EXPECT_EQ(Names(NetEnum::DisplayServer, "\\\\DELTA"), "\\\\DELTA\\New|\\\\DELTA\\Newer");
 }
 
 TEST_F(FolderProviderTest, FindsFilesInAnyCase) {

@@ -1,0 +1,68 @@
+#include "platform/network/Network.h"
+#include "platform/network/SmbProvider.h"
+#include "search/NWSearch.h"
+#include "smb/SambaTest.h"
+
+#include <QFile>
+
+namespace netrove {
+namespace {
+
+class SmbSearchTest : public SambaTest {
+protected:
+    /// What a search from a new root finds: paths below the share with their lengths.
+    std::string Found() {
+        const Settings settings;
+        TroubleshootingLog log(settings);
+        const ExclusionLists lists;
+        NWSearch search({.files = *network_,
+                         .settings = settings,
+                         .exclusions = lists,
+                         .log = log,
+                         .ahead = network_.get()});
+        search.SetRecurseFolders(true);
+        QStringList found;
+        search.ItemFound = [&](const QString& path) {
+            found += path.section(u'\\', 4) + u' ' + QString::number(network_->Length(path));
+        };
+        search.BeginSearch(Text("*.txt"), std::make_shared<NetResource>(*network_));
+        found.sort();
+        return found.join(u'|').toStdString();
+    }
+
+    std::unique_ptr<Network> network_ = [] {
+        std::vector<std::unique_ptr<NetworkProvider>> providers;
+        providers.push_back(std::make_unique<SmbProvider>(Text("LAN"), std::vector{samba_->Host()},
+                                                          SambaServer::Helper()));
+        return std::make_unique<Network>(std::move(providers));
+    }();
+};
+
+TEST_F(SmbSearchTest, EverySearchSeesTheNetworkAsItIs) {
+    samba_->AddFile(Text("public/gone/1.txt"), "1");
+    samba_->AddFile(Text("public/stays/2.txt"), "22");
+    samba_->Stop();
+    EXPECT_EQ(Found(), "");
+    EXPECT_EQ(network_->Report().SilentComputers().size(), 1U);
+
+    ASSERT_TRUE(samba_->Start());
+    EXPECT_EQ(Found(), "gone\\1.txt 1|stays\\2.txt 2") << "a refused connection isn't remembered";
+    EXPECT_EQ(network_->Report().SilentComputers().size(), 0U);
+
+    EXPECT_TRUE(QFile::remove(samba_->Path(Text("public/gone/1.txt"))));
+    samba_->AddFile(Text("public/stays/2.txt"), "4444");
+    samba_->AddFile(Text("public/new/3.txt"), "333");
+    EXPECT_EQ(Found(), "new\\3.txt 3|stays\\2.txt 4");
+    // Neither does it take what somebody has read in between.
+    EXPECT_EQ(network_->Length(Text("\\\\FILER\\PUBLIC\\new\\3.txt")), 3);
+    EXPECT_TRUE(network_->CanEnter(Text("\\\\FILER\\PUBLIC\\new")));
+    samba_->AddFile(Text("public/new/3.txt"), "55555");
+    EXPECT_EQ(Found(), "new\\3.txt 5|stays\\2.txt 4");
+
+    samba_->Stop();
+    EXPECT_EQ(Found(), "");
+    EXPECT_EQ(network_->Report().SilentComputers().size(), 1U) << "it was asked for its shares";
+}
+
+} // namespace
+} // namespace netrove
