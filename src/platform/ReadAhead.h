@@ -75,7 +75,7 @@ public:
     /// A walk begins. It sees the network as it is: what was read before is forgotten.
     virtual void BeginWalk(std::shared_ptr<const WalkPlan> plan) = 0;
     /// It comes to these next, in this order, and then to what was expected before. Places that are
-    /// expected already stay where they are.
+    /// expected already stay where they are, unless their computer has been found somewhere else.
     virtual void Expect(const std::vector<WalkPlace>& places) = 0;
     /// It won't come to this place and what lies below it (any more).
     virtual void Leave(const QString& remoteName) = 0;

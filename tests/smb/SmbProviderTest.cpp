@@ -17,6 +17,8 @@
 namespace netrove {
 namespace {
 
+using namespace std::chrono_literals;
+
 /// Each test works in a folder of its own in the share PUBLIC.
 class SmbProviderTest : public SambaTest {
 protected:
@@ -68,15 +70,23 @@ protected:
 TEST_F(SmbProviderTest, AComputerIsTriedOnceItsAddressIsKnown) {
     auto made = std::make_unique<FakeComputerSource>();
     FakeComputerSource& source = *made;
-    SmbProvider provider(Text("LAN"), SmbComputers({}, std::move(made)), SambaServer::Helper());
+    auto now = SmbComputers::Clock::now();
+    SmbProvider provider(Text("LAN"), SmbComputers({}, std::move(made), [&] { return now; }),
+                         SambaServer::Helper());
     FoundComputer filer{.name = Text("FILER"),
                         .workgroup = Text("HOME"),
                         .addresses = {Text("fe80::1%lo")},
                         .port = samba_->Port(),
                         .foundBy = FoundBy::WsDiscovery,
                         .model = {}};
-    int passes = 0;
     const auto before = SetWaitingPass([&] {
+        source.Finish();
+        return true;
+    });
+    EXPECT_EQ(Remote(provider, NetEnum::DisplayNetwork, "LAN"), "") << "before it is switched on";
+    now += 10s;
+    int passes = 0;
+    SetWaitingPass([&] {
         source.Computers = {filer};
         if (++passes == 1)
             source.Publish();

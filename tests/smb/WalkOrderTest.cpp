@@ -86,6 +86,15 @@ TEST_F(WalkOrderTest, TheNearestComesFirst) {
     EXPECT_EQ(Next(), Text("t/c/far"));
 }
 
+TEST_F(WalkOrderTest, AComputerThatIsFoundElsewhereIsAskedThere) {
+    order.Expect({Root("s", "a"), Root("t", "b")});
+    EXPECT_EQ(All(), "s/a t/b");
+    WalkOrder::Start moved = Root("s", "a");
+    moved.server = moved.request.host = Text("new");
+    order.Expect({moved, Root("t", "b")});
+    EXPECT_EQ(All(), "new/a");
+}
+
 TEST_F(WalkOrderTest, WhereAServerIsBusyOthersAreAsked) {
     order.Expect({Root("s", "a"), Root("s", "b"), Root("t", "c")});
     std::size_t wait = 0;

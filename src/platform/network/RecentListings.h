@@ -13,9 +13,9 @@
 
 namespace netrove {
 
-/// The folder listings of the last few seconds of a search. It lists each folder twice in a row and
-/// then asks for the date, length and attributes of each file that it found there: all of that is
-/// in the first listing. The next search must not see them.
+/// The folder listings of the last few seconds. A search lists each folder twice in a row and then
+/// asks for the date, length and attributes of each file that it found there: all of that is in
+/// the first listing. The next search starts without them.
 class RecentListings {
 public:
     using Clock = std::chrono::steady_clock;

@@ -41,14 +41,28 @@ bool SmbComputers::Look(const std::function<void()>& onNews) {
     if (!source_)
         return true;
     NoteEnd();
-    const auto age = [this] { return now_() - *looked_; };
-    if (looked_ && !begun_ && age() <= New)
+    if (!begun_ && Serves(New))
         return true;
-    if (!begun_) {
-        source_->Start();
-        begun_ = now_();
+    Begin();
+    while (!Serves(Fresh)) {
+        if (!AwaitEnd(onNews))
+            return false;
+        if (!Serves(Fresh))
+            Begin(); // what was under way began before the search
     }
-    return (looked_ && age() <= Fresh) || AwaitEnd(onNews);
+    return true;
+}
+
+bool SmbComputers::Serves(Clock::duration age) const {
+    return looked_ && now_() - *looked_ <= age &&
+           (!walkBegun_ || *looked_ >= *walkBegun_ - Current);
+}
+
+void SmbComputers::Begin() {
+    if (begun_)
+        return;
+    source_->Start();
+    begun_ = now_();
 }
 
 bool SmbComputers::AwaitEnd(const std::function<void()>& onNews) {

@@ -29,6 +29,9 @@ public:
     static constexpr std::chrono::seconds New{15};
     static constexpr std::chrono::seconds Fresh{60};
     static constexpr std::chrono::seconds Kept{600};
+    /// A look that began so long before a search serves it too: it has just ended, most likely for
+    /// the search's start.
+    static constexpr std::chrono::seconds Current{2};
 
     /// Of hosts with equal names (but for case) the first counts. Without a source nobody is looked
     /// for.
@@ -39,6 +42,10 @@ public:
     /// Whether an address means something only together with an interface, which not everybody who
     /// is given the address can say ("fe80::1%eth0").
     [[nodiscard]] static bool IsOfOneLink(const QString& address);
+
+    /// A search begins, which is given nothing that was found before, until it ends.
+    void BeginWalk() { walkBegun_ = now_(); }
+    void EndWalk() { walkBegun_.reset(); }
 
     /// Looks who is there. Waits for the end of the look, and calls WhileWaiting(), unless the last
     /// one is fresh: then it goes on behind, for the next time. False where the wait was given up.
@@ -65,6 +72,9 @@ private:
         Clock::time_point seen;
     };
 
+    /// Whether the last look is no older than that, and serves the search.
+    [[nodiscard]] bool Serves(Clock::duration age) const;
+    void Begin();
     [[nodiscard]] bool AwaitEnd(const std::function<void()>& onNews);
     void NoteEnd();
     void TakeFound(Clock::time_point seen);
@@ -76,7 +86,8 @@ private:
     std::function<Clock::time_point()> now_;
     std::optional<Clock::time_point> begun_;  ///< a look whose end wasn't seen yet
     std::optional<Clock::time_point> looked_; ///< when the last look began that has ended
-    QMap<QString, Found> found_;              ///< by folded names
+    std::optional<Clock::time_point> walkBegun_;
+    QMap<QString, Found> found_; ///< by folded names
     std::vector<SmbHost> all_;
     QHash<QString, std::size_t> places_; ///< in all_, by folded names
     QHash<QString, QString> told_;       ///< workgroups, by folded names

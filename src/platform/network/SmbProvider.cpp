@@ -202,6 +202,7 @@ void SmbProvider::BeginWalk(const std::shared_ptr<const WalkPlan>& plan) {
     recent_.Clear();
     lastShares_ = {};
     junctions_ = {};
+    computers_.BeginWalk();
     pool_.BeginWalk();
     plan_ = plan;
     ahead_ = std::make_unique<SmbAhead>(pool_, plan);
@@ -269,6 +270,7 @@ void SmbProvider::EndReading() {
 
 void SmbProvider::EndWalk() {
     EndReading();
+    computers_.EndWalk();
     pool_.EndWalk();
 }
 

@@ -32,6 +32,11 @@ QString PathBelow(const QString& path, const QString& name) {
 } // namespace
 
 void WalkOrder::Expect(const std::vector<Start>& starts) {
+    for (const Start& start : starts) {
+        const auto known = places_.constFind(start.key);
+        if (known != places_.cend() && (*known)->start.server != start.server)
+            Forget(start.key); // its computer has been found somewhere else
+    }
     const auto before = steps_.begin();
     for (const Start& start : starts) {
         if (!places_.contains(start.key) && places_.size() < static_cast<qsizetype>(MaxExpected))

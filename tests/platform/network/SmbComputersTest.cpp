@@ -90,6 +90,29 @@ TEST_F(SmbComputersTest, AFreshLookIsGivenAtOnceAndNothingIsForgottenSoon) {
     EXPECT_EQ(In("W"), "A@ C@");
 }
 
+TEST_F(SmbComputersTest, ASearchLooksForItself) {
+    source->Computers = {Computer("A", "W", {})};
+    EXPECT_TRUE(computers.Look());
+    now += SmbComputers::Current;
+    computers.BeginWalk();
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(source->Rounds, 1) << "that look was for this search";
+    computers.EndWalk();
+
+    // One that goes on behind, from before the search, isn't enough.
+    now += SmbComputers::New;
+    EXPECT_TRUE(computers.Look());
+    EXPECT_TRUE(source->Running);
+    now += 3s;
+    computers.BeginWalk();
+    source->Computers = {Computer("A", "W", {}), Computer("B", "W", {})};
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(source->Rounds, 3);
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(source->Rounds, 3) << "once for the search";
+    EXPECT_EQ(In("W"), "A@ B@");
+}
+
 TEST_F(SmbComputersTest, TheWaitCanBeGivenUp) {
     goesOn = false;
     source->Computers = {Computer("A", "W", {})};
