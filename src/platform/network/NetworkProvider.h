@@ -30,7 +30,7 @@ public:
 
     /// What lies below `node` (this provider's own record, a workgroup or a server): for
     /// NetEnum::TypeDisk workgroups, servers or disk shares, for NetEnum::TypePrint the printers
-    /// of a server. Nothing where the list can't be had.
+    /// of a server. Nothing where the list can't be had; what had come where it broke off.
     [[nodiscard]] virtual std::optional<std::vector<NetRecord>> List(const NetRecord& node,
                                                                      qint32 type) = 0;
 

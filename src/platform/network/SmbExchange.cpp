@@ -120,13 +120,8 @@ int SmbExchange::RunFurther() {
 /// Over a new connection. Where the server doesn't want that, over another one: also the first may
 /// find that early ones have taken all that it gives.
 int SmbExchange::RunElseOverAnother() {
-    bool isAnswered = false;
-    const auto noting = [&](SmbAnswer& answer) {
-        isAnswered = true;
-        return part_(answer);
-    };
-    const int status = RunOn(turn_, noting);
-    return isAnswered || !MayBeRefused(status) ? status : OverAnother(status);
+    const int status = RunOn(turn_, part_);
+    return isAnswered_ || !MayBeRefused(status) ? status : OverAnother(status);
 }
 
 int SmbExchange::OverAnother(int status) {
@@ -155,7 +150,7 @@ int SmbExchange::TryAgain() {
     constexpr int tries = 3;
     WaitingPace pace;
     int status = RunOn(turn_, part_);
-    for (int more = 1; more < tries && MayBeRefused(status); ++more) {
+    for (int more = 1; more < tries && !isAnswered_ && MayBeRefused(status); ++more) {
         if (!turns_.AwaitChange(pace))
             return ECANCELED;
         status = RunOn(turn_, part_);
@@ -200,6 +195,7 @@ int SmbExchange::RunOn(SmbTurn& turn, const SmbWorker::Part& part) {
     const bool isWarm = turn.IsWarm(request_.share);
     const auto begin = Clock::now();
     const auto noting = [&](SmbAnswer& answer) {
+        isAnswered_ = true;
         turns_.Servers()->NoteSign(turn.Server());
         return part(answer);
     };

@@ -45,6 +45,7 @@ private:
     SmbTurn& turn_;
     const SmbRequest& request_;
     const SmbWorker::Part& part_;
+    bool isAnswered_ = false; ///< part of an answer has come, which isn't asked for twice
 };
 
 } // namespace netrove

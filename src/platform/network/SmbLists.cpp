@@ -1,6 +1,5 @@
 #include "platform/network/SmbLists.h"
 
-#include <cerrno>
 #include <iterator>
 
 namespace netrove {

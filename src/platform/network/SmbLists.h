@@ -5,6 +5,7 @@
 #include "smb/SmbMessages.h"
 
 #include <atomic>
+#include <cerrno>
 #include <functional>
 
 namespace netrove {
@@ -19,11 +20,19 @@ struct SmbPiece {
 /// The whole answer to the question for a server's shares or a folder's entries, or what was read
 /// of a file.
 struct SmbList {
-    int status = 0;                       ///< an errno; what else is here counts if it is 0
-    RecentListings::Listing entries = {}; ///< never null after a success
+    int status = 0; ///< an errno
+    /// Never null after a success.
+    RecentListings::Listing entries = {};
     /// Those that are shown: whose name ends in "$" is there for who types its path.
     SmbShares shares = {};
     std::vector<SmbPiece> pieces = {};
+
+    /// Whether there are shares or entries to go on with: all, or what had come when the list broke
+    /// off. One whose wait was given up is none.
+    [[nodiscard]] bool IsThere() const {
+        const bool hasSome = !shares.empty() || (entries && !entries->empty());
+        return status == 0 || (status != ECANCELED && hasSome);
+    }
 };
 
 /// How a request is put to its server: SmbPool::Run.

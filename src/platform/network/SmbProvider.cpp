@@ -115,7 +115,7 @@ std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& serve
         LookFor(server);
         SmbList list = Fetch(ServerKey(server), Request(SmbRequest::Kind::ListShares, server));
         troubles_.insert(server.toCaseFolded(), list.status);
-        if (list.status != 0)
+        if (!list.IsThere())
             return std::nullopt;
         lastShares_ = {.server = server,
                        .until = std::chrono::steady_clock::now() + SharesLifetime,
@@ -182,7 +182,7 @@ RecentListings::Listing SmbProvider::Entries(const UncPath& path) {
         return known;
     LookFor(path.Server());
     const SmbList list = Fetch(folder, Request(SmbRequest::Kind::ListFolder, path));
-    if (list.status != 0)
+    if (!list.IsThere())
         return nullptr;
     junctions_.Note(folder, *list.entries);
     recent_.Keep(folder, list.entries);

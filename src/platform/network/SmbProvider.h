@@ -20,8 +20,9 @@ namespace netrove {
 /// asked for it. Helper processes do the talking; none is started before the first question
 /// that needs one.
 ///
-/// A folder is listed as a whole before its first entry is given out. One whose server closes in
-/// the middle isn't listed at all.
+/// A list of shares or of a folder is fetched as far as it comes before its first entry is given
+/// out: what had come when it broke off is kept, and isn't asked for again. The SMB library gives
+/// nothing of a folder whose server closes in the middle.
 class SmbProvider : public NetworkProvider {
 public:
     SmbProvider(QString name, SmbComputers computers, QString helper = SmbPool::DefaultHelper(),
