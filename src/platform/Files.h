@@ -37,6 +37,12 @@ struct FileInfo {
     QDateTime modified = {}; ///< local time
 };
 
+/// Where a computer speaks SMB.
+struct ServerAddress {
+    QString host; ///< an IP address or a host name
+    quint16 port;
+};
+
 /// A running folder listing; letting go of it closes it.
 class FileFind {
 public:
@@ -84,6 +90,10 @@ public:
 
     /// Where a network path lies in the local file system, if it does.
     [[nodiscard]] virtual std::optional<QString> LocalPath(const QString& path) = 0;
+    /// Where other programs find the computer of a network path, if not by its name. Asks nobody.
+    [[nodiscard]] virtual std::optional<ServerAddress> Address(const QString& /*path*/) {
+        return std::nullopt;
+    }
 };
 
 } // namespace netrove

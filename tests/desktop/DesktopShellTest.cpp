@@ -41,11 +41,18 @@ TEST(DesktopAddressTest, EncodesNetworkPaths) {
     for (const auto& each : cases)
         EXPECT_EQ(Encoded(SmbAddress(Text(each.path))), each.address) << each.path;
     EXPECT_EQ(Encoded(SmbAddress(Text("\\\\nas\\s\\a") + QChar(0))), "none");
+    for (const auto& [host, address] : {std::pair("fd00::7", "smb://[fd00::7]:1445/s/a"),
+                                        {"192.168.1.20", "smb://192.168.1.20:1445/s/a"},
+                                        {"fe80::1%eth0", "smb://[fe80::1%25eth0]:1445/s/a"},
+                                        {"a/b", "none"}})
+        EXPECT_EQ(Encoded(SmbAddress(Text("\\\\nas\\s\\a"), ServerAddress{Text(host), 1445})),
+                  address);
     EXPECT_EQ(Encoded(FileAddress(Text("/tmp/a b/'%#?.txt"))),
               "file:///tmp/a%20b/%27%25%23%3F.txt");
 }
 
-/// A network whose share \\LOCAL\SHARE lies in a folder of this computer.
+/// A network whose share \\LOCAL\SHARE lies in a folder of this computer, and whose computer FAR
+/// has a name of its own for other programs.
 class Network : public MemoryNetwork {
 public:
     QString Folder;
@@ -55,6 +62,11 @@ public:
         if (!path.startsWith(share))
             return std::nullopt;
         return Folder + Text("/") + path.mid(share.size()).replace(u'\\', u'/');
+    }
+    std::optional<ServerAddress> Address(const QString& path) override {
+        return path.startsWith(Text("\\\\FAR\\"))
+                   ? std::optional(ServerAddress{Text("far.lan"), 445})
+                   : std::nullopt;
     }
 };
 
@@ -66,6 +78,7 @@ protected:
         for (const char* name : {"song.mp3", "tool.py", "unknown.qqq", "notes", "sub/--x y.txt"})
             WriteFile(folder.filePath(Text(name)), "plain text\n");
         network.AddFile(Text("\\\\NAS\\S\\D\\a #1.mp3"));
+        network.AddFile(Text("\\\\FAR\\S\\a.mp3"));
     }
 
     int Execute(const QString& file, ShellVerb verb = ShellVerb::Default) {
@@ -100,6 +113,7 @@ TEST_F(DesktopShellTest, OpensWhatIsThere) {
         {folder.filePath(Text("notes")), ShellVerb::Default, 42, Local("/notes")},
         {Text("\\\\NAS\\S\\D\\a #1.mp3"), ShellVerb::Default, 42, "smb://nas/S/D/a%20%231.mp3"},
         {Text("\\\\NAS\\S\\D\\a #1.mp3"), ShellVerb::Explore, 42, "smb://nas/S/D/"},
+        {Text("\\\\FAR\\S\\a.mp3"), ShellVerb::Default, 42, "smb://far.lan/S/a.mp3"},
         {Text("\\\\NAS\\S\\D\\"), ShellVerb::Open, 42, "smb://nas/S/D"},
         {Text("https://netrove.example/files"), ShellVerb::Default, 42,
          "https://netrove.example/files"},
@@ -127,6 +141,7 @@ TEST_F(DesktopShellTest, KnowsTheAddressesOfFiles) {
               Local("/sub/--x%20y.txt"));
     EXPECT_EQ(Encoded(shell.Address(folder.filePath(Text("notes")))), Local("/notes"));
     EXPECT_EQ(Encoded(shell.Address(Text("\\\\NAS\\S\\a #1"))), "smb://nas/S/a%20%231");
+    EXPECT_EQ(Encoded(shell.Address(Text("\\\\FAR\\S\\a"))), "smb://far.lan/S/a");
     EXPECT_EQ(Encoded(shell.Address(Text("\\\\NAS\\S\\..\\a"))), "none");
 }
 

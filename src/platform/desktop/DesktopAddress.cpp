@@ -6,6 +6,9 @@ namespace netrove {
 
 namespace {
 
+/// What "smb:" means without a port.
+constexpr quint16 UsualPort = 445;
+
 bool CanStandInAddress(const QString& name) {
     return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
            !name.contains(QLatin1Char('/')) && !name.contains(QChar(0));
@@ -13,7 +16,8 @@ bool CanStandInAddress(const QString& name) {
 
 } // namespace
 
-std::optional<QUrl> SmbAddress(const QString& networkPath) {
+std::optional<QUrl> SmbAddress(const QString& networkPath,
+                               const std::optional<ServerAddress>& server) {
     if (!networkPath.startsWith(QLatin1String("\\\\")))
         return std::nullopt;
     QStringList names = networkPath.mid(2).split(QLatin1Char('\\'));
@@ -24,14 +28,17 @@ std::optional<QUrl> SmbAddress(const QString& networkPath) {
             return std::nullopt;
     }
 
-    QUrl server;
-    server.setScheme(QStringLiteral("smb"));
-    server.setHost(names.takeFirst(), QUrl::DecodedMode);
-    if (!server.isValid() || server.host().isEmpty())
+    const QString name = names.takeFirst();
+    QUrl computer;
+    computer.setScheme(QStringLiteral("smb"));
+    computer.setHost(server ? server->host : name, QUrl::DecodedMode);
+    if (!computer.isValid() || computer.host().isEmpty())
         return std::nullopt;
-    QByteArray address = server.toEncoded();
-    for (const QString& name : std::as_const(names))
-        address += '/' + QUrl::toPercentEncoding(name);
+    if (server && server->port != UsualPort)
+        computer.setPort(server->port);
+    QByteArray address = computer.toEncoded();
+    for (const QString& below : std::as_const(names))
+        address += '/' + QUrl::toPercentEncoding(below);
     return QUrl::fromEncoded(address, QUrl::StrictMode);
 }
 

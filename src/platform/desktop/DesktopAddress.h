@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Files.h"
+
 #include <QString>
 #include <QUrl>
 
@@ -7,11 +9,13 @@
 
 namespace netrove {
 
-/// The "smb:" address of a path in the Universal Naming Convention. Every character of a name
-/// that could mean something else in an address or to a program that reads it is
-/// percent-encoded. Nothing where the text isn't such a path, or holds an empty name, ".", "..",
-/// a "/" or a zero character, or where the computer's name can't stand in an address.
-[[nodiscard]] std::optional<QUrl> SmbAddress(const QString& networkPath);
+/// The "smb:" address of a path in the Universal Naming Convention, at `server` where that is
+/// given, else by the computer's name. Every character of a name that could mean something else in
+/// an address or to a program that reads it is percent-encoded. Nothing where the text isn't such a
+/// path, or holds an empty name, ".", "..", a "/" or a zero character, or where the computer's name
+/// can't stand in an address.
+[[nodiscard]] std::optional<QUrl> SmbAddress(const QString& networkPath,
+                                             const std::optional<ServerAddress>& server = {});
 
 /// The "file:" address of an absolute local path, encoded in the same way.
 [[nodiscard]] QUrl FileAddress(const QString& localPath);

@@ -85,7 +85,7 @@ std::optional<QUrl> DesktopShell::Address(const QString& file) {
         return FileAddress(file);
     if (const std::optional<QString> local = files_.LocalPath(file))
         return FileAddress(*local);
-    return SmbAddress(file);
+    return SmbAddress(file, files_.Address(file));
 }
 
 DesktopShell::Found DesktopShell::Find(const QString& path) {
@@ -104,7 +104,7 @@ DesktopShell::Found DesktopShell::Find(const QString& path) {
 }
 
 DesktopShell::Found DesktopShell::FindRemote(const QString& path) {
-    const std::optional<QUrl> address = SmbAddress(path);
+    const std::optional<QUrl> address = SmbAddress(path, files_.Address(path));
     if (!address)
         return PathNotFound;
     if (files_.CanEnter(path))

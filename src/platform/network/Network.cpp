@@ -374,6 +374,12 @@ std::optional<QString> Network::LocalPath(const QString& path) {
     return place ? place->provider.LocalPath(place->path) : std::nullopt;
 }
 
+std::optional<ServerAddress> Network::Address(const QString& path) {
+    const auto unc = UncPath::Parse(path);
+    const NetworkProvider* provider = unc ? ProviderFor(unc->Server()) : nullptr;
+    return provider != nullptr ? provider->Address(unc->Server()) : std::nullopt;
+}
+
 std::optional<SmbRequest> Network::ShareListRequest(const QString& computer) {
     // Where a share's files are, there are the shares.
     auto request = ReadRequest(QLatin1String("\\\\") + computer + QLatin1String("\\IPC$"));

@@ -49,6 +49,7 @@ public:
     [[nodiscard]] quint32 Attributes(const QString& path) override;
     [[nodiscard]] QByteArray Read(const QString& path, qint64 offset, qint64 length) override;
     [[nodiscard]] std::optional<QString> LocalPath(const QString& path) override;
+    [[nodiscard]] std::optional<ServerAddress> Address(const QString& path) override;
 
     void BeginWalk(std::shared_ptr<const WalkPlan> plan) override;
     void Expect(const std::vector<WalkPlace>& places) override;

@@ -58,6 +58,11 @@ public:
     [[nodiscard]] virtual QByteArray Read(const UncPath& path, qint64 offset, qint64 length) = 0;
     [[nodiscard]] virtual std::optional<QString> LocalPath(const UncPath& path) = 0;
 
+    /// As FileAccess has it, of a computer (without "\\").
+    [[nodiscard]] virtual std::optional<ServerAddress> Address(const QString& /*server*/) const {
+        return std::nullopt;
+    }
+
     /// What is asked of an SMB helper to read the file at `path`; nothing where it isn't read over
     /// SMB. Asks nobody.
     [[nodiscard]] virtual std::optional<SmbRequest> ReadRequest(const UncPath& /*path*/) const {

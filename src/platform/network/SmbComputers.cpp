@@ -128,6 +128,16 @@ const SmbHost* SmbComputers::Find(const QString& name) const {
     return place == places_.cend() ? nullptr : &all_[*place];
 }
 
+std::optional<ServerAddress> SmbComputers::AddressOf(const QString& name) const {
+    const SmbHost* host = Find(name);
+    const bool isConfigured = std::ranges::any_of(configured_, [&](const SmbHost& one) {
+        return SameName(one.name, name) && !one.address.isEmpty();
+    });
+    if (!host || (!isConfigured && host->port == SmbHost().port))
+        return std::nullopt;
+    return ServerAddress{.host = host->address, .port = host->port};
+}
+
 QStringList SmbComputers::Workgroups() const {
     QStringList workgroups;
     for (const SmbHost& host : all_) {

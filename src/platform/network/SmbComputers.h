@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Files.h"
 #include "platform/discovery/ComputerSource.h"
 #include "platform/network/SmbHost.h"
 
@@ -58,6 +59,10 @@ public:
     [[nodiscard]] const std::vector<SmbHost>& All() const { return all_; }
     /// Null for an unknown one. Until the next look.
     [[nodiscard]] const SmbHost* Find(const QString& name) const;
+
+    /// Where a computer is reached that others may not find by its name: as configured, or because
+    /// it has been found at another port than the usual one.
+    [[nodiscard]] std::optional<ServerAddress> AddressOf(const QString& name) const;
 
     [[nodiscard]] QStringList Workgroups() const;
     [[nodiscard]] std::vector<const SmbHost*> In(const QString& workgroup) const;

@@ -45,6 +45,9 @@ public:
     [[nodiscard]] FileInfo Info(const UncPath& path) override;
     [[nodiscard]] QByteArray Read(const UncPath& path, qint64 offset, qint64 length) override;
     [[nodiscard]] std::optional<QString> LocalPath(const UncPath& path) override;
+    [[nodiscard]] std::optional<ServerAddress> Address(const QString& server) const override {
+        return computers_.AddressOf(server);
+    }
     [[nodiscard]] std::optional<SmbRequest> ReadRequest(const UncPath& path) const override;
 
     [[nodiscard]] QStringList Computers(const QString& workgroup) const override;

@@ -84,6 +84,9 @@ TEST_F(OpenNetworkTest, ReadsComputers) {
                       "Computer5=PORCH||localhost:1445\nComputer6=HALL||[fe80::1]\n");
     EXPECT_EQ(good.Problem(), "");
     EXPECT_EQ(good.Names("LAN"), "WORKGROUP|HOME");
+    const auto shed = good.network->Address(Text("\\\\shed\\Tools\\"));
+    EXPECT_TRUE(shed && shed->host == Text("::1") && shed->port == 1445);
+    EXPECT_FALSE(good.network->Address(Text("\\\\ATTIC\\Tools")));
 
     for (const char* computer :
          {"", "|HOME", "..", "a/b", "A|B|c|d", "A||host:0", "A||host:65536", "A||host:", "A||:445",

@@ -62,6 +62,9 @@ TEST_F(SmbComputersTest, FoundOnesJoinTheConfigured) {
     EXPECT_EQ(In("home"), "Nas@198.51.100.1");
     EXPECT_EQ(In("OFFICE"), "OLD@198.51.100.3 Ada@2001:db8::2");
     EXPECT_EQ(In("WORKGROUP"), "zoe@fe80::1%eth0");
+    EXPECT_EQ(computers.AddressOf(Text("NAS"))->host, Text("198.51.100.1"));
+    EXPECT_FALSE(computers.AddressOf(Text("old"))) << "its name is enough";
+    EXPECT_FALSE(computers.AddressOf(Text("nobody")));
     computers.NoteWorkgroup(Text("ZOE"), Text("Home"));
     EXPECT_EQ(computers.WorkgroupOf(*computers.Find(Text("Zoe"))), Text("Home"));
     EXPECT_EQ(computers.Find(Text("nobody")), nullptr);
