@@ -1,6 +1,7 @@
 #include "platform/network/Network.h"
 #include "platform/network/SmbProvider.h"
 #include "search/NWSearch.h"
+#include "smb/FaultyProxy.h"
 #include "smb/SambaTest.h"
 
 #include <QFile>
@@ -30,12 +31,15 @@ protected:
         return found.join(u'|').toStdString();
     }
 
-    std::unique_ptr<Network> network_ = [] {
+    static std::unique_ptr<Network> MakeNetwork(const std::vector<SmbHost>& hosts,
+                                                const SmbLimits& limits = {}) {
         std::vector<std::unique_ptr<NetworkProvider>> providers;
-        providers.push_back(std::make_unique<SmbProvider>(Text("LAN"), std::vector{samba_->Host()},
-                                                          SambaServer::Helper()));
+        providers.push_back(
+            std::make_unique<SmbProvider>(Text("LAN"), hosts, SambaServer::Helper(), limits));
         return std::make_unique<Network>(std::move(providers));
-    }();
+    }
+
+    std::unique_ptr<Network> network_ = MakeNetwork({samba_->Host()});
 };
 
 TEST_F(SmbSearchTest, EverySearchSeesTheNetworkAsItIs) {
@@ -57,6 +61,14 @@ TEST_F(SmbSearchTest, EverySearchSeesTheNetworkAsItIs) {
     EXPECT_EQ(network_->Length(Text("\\\\FILER\\PUBLIC\\new\\3.txt")), 3);
     EXPECT_TRUE(network_->CanEnter(Text("\\\\FILER\\PUBLIC\\new")));
     samba_->AddFile(Text("public/new/3.txt"), "55555");
+    EXPECT_EQ(Found(), "new\\3.txt 5|stays\\2.txt 4");
+
+    // A computer that was silent is tried again, too.
+    FaultyProxy proxy(samba_->Port());
+    network_ = MakeNetwork(FilerAt(proxy.Port()), {.negotiate = std::chrono::milliseconds(500)});
+    proxy.FallSilentAfter(0);
+    EXPECT_EQ(Found(), "");
+    proxy.Heal();
     EXPECT_EQ(Found(), "new\\3.txt 5|stays\\2.txt 4");
 
     samba_->Stop();
