@@ -47,14 +47,22 @@ TEST_F(SambaSearch, InTheWindow) {
         samba->AddFile(QStringLiteral("public/many/file %1.dat").arg(number));
     const OpenedNetwork opened = OpenNetwork(folder.path());
     TestDesktop desktop;
-    frmNetrove window(desktop.Services(
-        *opened.network, [&] { return std::make_unique<FileCopier>(*opened.network); }));
+    ProgramServices services = desktop.Services(
+        *opened.network, [&] { return std::make_unique<FileCopier>(*opened.network); });
+    services.ahead = opened.network.get();
+    frmNetrove window(services);
     WindowDriver driver(window);
     driver.Open();
     window.ProgramSettings().ExcNetNodes.clear();
     driver.Search("*.mp3");
     EXPECT_EQ(Sorted(driver.Rows()), songs);
     EXPECT_EQ(driver.Results().SubItem(1, 2), Text("0.0000"));
+    EXPECT_TRUE(QFile::remove(samba->Path(Text("public/one.mp3"))));
+    driver.Search("*.mp3");
+    EXPECT_EQ(Sorted(driver.Rows()), songs.first(2)) << "a search sees what is there by then";
+    samba->AddFile(Text("public/one.mp3"), "some content");
+    driver.Search("*.mp3");
+    EXPECT_EQ(Sorted(driver.Rows()), songs);
 
     driver.Browse([](frmNWDialog& browser) {
         auto& tree = FindIn<TreeView>(browser, "tvwNetwork");
