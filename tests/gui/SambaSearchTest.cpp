@@ -98,7 +98,22 @@ TEST_F(SambaSearch, InTheWindow) {
     EXPECT_GT(found, 0);
     EXPECT_LT(found, ManyFiles);
     driver.ExpectCaption(qPrintable(Text("Aborted, but returned %1 files").arg(found)));
+
+    // What was aborted holds up nothing that comes later.
+    driver.Browse([](frmNWDialog& browser) { QTest::keyClick(&browser, Qt::Key_Escape); });
     EXPECT_EQ(desktop.dialogs.Boxes(), "");
+    desktop.dialogs.Inputs = Texts({"filer"});
+    driver.Trigger("mnuInpNetNode(0)");
+    EXPECT_EQ(driver.StartNodeText(), Text("\\\\FILER"));
+
+    driver.Type("*.mp3");
+    // Before the first click has switched the button off.
+    for (int click = 1; click <= 2; ++click)
+        QMetaObject::invokeMethod(
+            &window, [&] { driver.Click("cmdStartSearch"); }, Qt::QueuedConnection);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Sorted(driver.Rows()), (QStringList{songs[0], songs[2]}));
+    EXPECT_EQ(desktop.dialogs.Shown.size(), 1) << "the question for the computer";
     EXPECT_TRUE(window.close());
 }
 
