@@ -333,7 +333,6 @@ void MainControls::SetTabOrder() const {
         cmdInpNetNode, cmdAbandon, cmdClearLst,    lvwResults,     lvwDownloads};
     for (std::size_t index = 1; index < order.size(); ++index)
         QWidget::setTabOrder(order[index - 1], order[index]);
-    order.front()->setFocus();
 }
 
 } // namespace netrove

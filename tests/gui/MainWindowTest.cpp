@@ -28,6 +28,7 @@ TEST_F(Window, SearchFillsRowsAndSummary) {
     EXPECT_EQ(Results().BackColor(), QColor(213, 234, 234));
     EXPECT_EQ(Downloads().BackColor(), QColor(255, 255, 191));
     EXPECT_TRUE(Find<QComboBox>("LstSearchFor").lineEdit()->hasFocus());
+    EXPECT_EQ(Find<QComboBox>("LstSearchFor").lineEdit()->selectedText(), Text("*.mp3"));
     Search(" *.MP3 , ,");
     EXPECT_EQ(Rows(),
               Texts({"\\\\S\\D\\one.mp3", "\\\\S\\D\\SUB\\two.MP3", "\\\\T\\E\\three.mp3"}));
