@@ -630,17 +630,6 @@ sucht ohne Fenster.
     </message>
 </context>
 <context>
-    <name>netrove::MainMenu</name>
-    <message>
-        <source>&amp;Computers That Didn&apos;t Answer...</source>
-        <translation>&amp;Computer ohne Antwort...</translation>
-    </message>
-    <message>
-        <source>Network &amp;Logon...</source>
-        <translation>Netzwerk&amp;anmeldung...</translation>
-    </message>
-</context>
-<context>
     <name>netrove::StatusBar</name>
     <message>
         <source>Status bar</source>
@@ -696,13 +685,6 @@ sucht ohne Fenster.
     <message>
         <source>- netrove-find is the same search on the console.</source>
         <translation>- netrove-find ist dieselbe Suche auf der Konsole.</translation>
-    </message>
-</context>
-<context>
-    <name>netrove::frmDonate</name>
-    <message>
-        <source>Netrove is freeware. It will stay freeware. If it is of use to you, please consider a donation.</source>
-        <translation>Netrove ist Freeware. Es wird Freeware bleiben. Wenn es Ihnen nützt, denken Sie bitte an eine Spende.</translation>
     </message>
 </context>
 <context>

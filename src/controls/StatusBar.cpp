@@ -19,8 +19,10 @@ namespace netrove {
 
 namespace {
 
+// Gap and margins leave a text what whoever shortens one reckons with: a panel's width less 100
+// twips.
 constexpr int Gap = 2;        ///< pixels between two panels
-constexpr int TextMargin = 4; ///< pixels from a panel's edge to its text
+constexpr int TextMargin = 2; ///< pixels from a panel's edge to its text
 constexpr int VerticalMargin = 3;
 /// More than any panel can show: what lies beyond needn't be measured.
 constexpr qsizetype MaxShownText = 1000;
@@ -176,8 +178,12 @@ void StatusBar::PaintPanel(QPainter& painter, const Panel& panel, const QRect& r
         return;
     const QString shown = fontMetrics().elidedText(panel.text.left(MaxShownText), Qt::ElideRight,
                                                    area.width(), Qt::TextSingleLine);
-    style()->drawItemText(&painter, area, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
-                          palette(), isEnabled(), shown, foregroundRole());
+    // A slanted last letter may reach into the margin.
+    painter.setClipRect(area.adjusted(-TextMargin, 0, TextMargin, 0));
+    style()->drawItemText(
+        &painter, area, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine | Qt::TextDontClip,
+        palette(), isEnabled(), shown, foregroundRole());
+    painter.setClipping(false);
 }
 
 bool StatusBar::ShowToolTip(const QPoint& position, const QPoint& globalPosition) {

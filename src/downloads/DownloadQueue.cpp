@@ -95,6 +95,7 @@ void DownloadQueue::lvwResults_DblClick() {
 void DownloadQueue::QueueSelected() {
     Yield();
     const std::vector<Result> results = SelectedResults();
+    const Result* added = nullptr;
     for (const Result& result : results) {
         Yield();
         if (queued_.Contains(result.file.location, result.file.name))
@@ -102,7 +103,10 @@ void DownloadQueue::QueueSelected() {
         if (services_.settings.SwitchToDloadTab)
             controls_.SSTab1.setCurrentIndex(DownloadsTab);
         AddRow(result);
+        added = &result;
     }
+    if (const int row = added ? RowOf(added->file) : 0; row != 0)
+        controls_.lvwDownloads.EnsureVisible(row);
     if (!results.empty())
         controls_.lvwDownloads.Refresh();
 }

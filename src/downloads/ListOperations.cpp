@@ -178,18 +178,15 @@ void ListOperations::SampleFile(const QString& path) {
 
 void ListOperations::ErrDescMnu_Click() {
     qint32 number = 0;
-    QString description;
     try {
         Yield();
         number = ErrorNumberOf(
             controls_.lvwDownloads.SubItem(SelectedDownloadRow_, DownloadItem::Status));
-        description = ErrorDescription(number);
     } catch (...) {
         number = CurrentFailure().Number();
-        description = CurrentFailure().Description();
     }
-    QString text =
-        QStringLiteral("Error #") + QString::number(number) + QStringLiteral(" - ") + description;
+    QString text = QStringLiteral("Error #") + QString::number(number) + QStringLiteral(" - ") +
+                   ErrorDescription(number);
     if (number == static_cast<qint32>(ErrorNumber::CannotCreateObject))
         text += QStringLiteral(
             "\r\n(Re-installation of the application will usually solve this problem.)");

@@ -22,7 +22,7 @@ struct MenuText {
     std::span<const ItemText> items;
 };
 
-// The blanks at the end of captions widen their menus. Only the marked captions are translated.
+// The blanks at the end of captions widen their menus.
 // clang-format off
 constexpr ItemText FileItems[] = {
     {"mnuSaveResFile", "&Save Results to File..."},
@@ -35,9 +35,9 @@ constexpr ItemText FileItems[] = {
 };
 constexpr ItemText ToolsItems[] = {
     {"mnuViewTrLog", "View &Troubleshooting Log File"},
-    {"mnuSilent", QT_TRANSLATE_NOOP("netrove::MainMenu", "&Computers That Didn't Answer...")},
+    {"mnuSilent", "&Computers That Didn't Answer..."},
     {"mnuSep3", Separator},
-    {"mnuLogon", QT_TRANSLATE_NOOP("netrove::MainMenu", "Network &Logon...")},
+    {"mnuLogon", "Network &Logon..."},
     {"mnuOpts", "&Options...     "},
 };
 constexpr ItemText SkinItems[] = {
@@ -135,7 +135,7 @@ MainMenu::MainMenu(QMenuBar& bar, QWidget& window, QStringList withheld)
         if (!isPopUp)
             bar.addMenu(menu);
         for (const ItemText& item : text.items)
-            AddItem(*menu, QString::fromLatin1(item.name), tr(item.caption));
+            AddItem(*menu, QString::fromLatin1(item.name), QString::fromLatin1(item.caption));
     }
 }
 

@@ -209,6 +209,8 @@ void frmNetrove::Form_Load() {
     // The settings have the number as it is stored.
     if (settings_.SkinIndex < 0 || settings_.SkinIndex > SkinSelection::LastSkin)
         settings_.SkinIndex = 0;
+    controls_.LstSearchFor->setFocus();
+    patterns_.LstSearchFor_GotFocus();
     show();
     services_.dialogs.Failure(failure, Text("frmNetrove.Form_Load Error"));
 }

@@ -91,11 +91,11 @@ void frmDonate::Form_Load(const QWidget* owner) {
         CentreWindow(*owner->window(), *this);
     skin_.Load(*this, services_.skin, QSize(Width, LowHeight));
     ResetLinks();
-    txtDon_->setPlainText(tr("Netrove is freeware. It will stay freeware. If it is of use to you, "
-                             "please consider a donation.") +
-                          Text(" Please click on \"Get Links\" to get the selections. Thank You."
-                               "\n\n(You will need to be connected to the internet to reach the "
-                               "websites)"));
+    txtDon_->setPlainText(
+        Text("Netrove is freeware. It will stay freeware. If it is of use to you, "
+             "please consider a donation. Please click on \"Get Links\" to get "
+             "the selections. Thank You.\n\n(You will need to be connected to the "
+             "internet to reach the websites)"));
 }
 
 void frmDonate::SetTall(bool isTall) {

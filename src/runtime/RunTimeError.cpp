@@ -46,23 +46,25 @@ constexpr Description Descriptions[] = {
     {ErrorNumber::KeyNotFound, QT_TRANSLATE_NOOP("RunTimeError", "Element not found")},
 };
 
+const char* TextOf(int number) {
+    const auto* const known =
+        std::ranges::find(Descriptions, static_cast<ErrorNumber>(number), &Description::number);
+    return known == std::end(Descriptions)
+               ? QT_TRANSLATE_NOOP("RunTimeError", "Application-defined or object-defined error")
+               : known->text;
+}
+
 } // namespace
 
 RunTimeError::RunTimeError(ErrorNumber number)
-    : RunTimeError(static_cast<int>(number), ErrorDescription(static_cast<int>(number))) {}
+    : RunTimeError(static_cast<int>(number), tr(TextOf(static_cast<int>(number)))) {}
 
 RunTimeError::RunTimeError(int number, QString description)
     : number_(number), description_(std::move(description)), what_(description_.toUtf8()) {}
 
 QString ErrorDescription(int number) {
-    if (number == static_cast<int>(ErrorNumber::None))
-        return QString();
-    const auto* const known =
-        std::ranges::find(Descriptions, static_cast<ErrorNumber>(number), &Description::number);
-    return RunTimeError::tr(
-        known == std::end(Descriptions)
-            ? QT_TRANSLATE_NOOP("RunTimeError", "Application-defined or object-defined error")
-            : known->text);
+    return number == static_cast<int>(ErrorNumber::None) ? QString()
+                                                         : QString::fromLatin1(TextOf(number));
 }
 
 RunTimeError CurrentFailure() {

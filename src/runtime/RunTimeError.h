@@ -39,7 +39,8 @@ enum class ErrorNumber : int {
 };
 
 /// The description of a run-time failure; a number without one of its own has
-/// "Application-defined or object-defined error".
+/// "Application-defined or object-defined error". In English, for texts that stay so; a failure has
+/// it in the user's language.
 [[nodiscard]] QString ErrorDescription(int number);
 
 /// A run-time failure: raised where a rule says that an operation fails, caught at the place that

@@ -127,7 +127,7 @@ void SearchRun::ShowFailure(const RunTimeError& error) {
     services_.dialogs.Message(MessageIcon::Critical,
                               QStringLiteral("Error while processing request.\r\n") +
                                   QString::number(error.Number()) + QStringLiteral("\r\n") +
-                                  error.Description(),
+                                  ErrorDescription(error.Number()),
                               QStringLiteral("Error while searching"));
 }
 

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -52,6 +53,33 @@ TEST_F(DesktopDialogsTest, ShowsTextsAsTheyAre) {
         Press(box, Qt::Key_Return);
     };
     EXPECT_EQ(Answer(MessageButtons::Ok, user), MessageAnswer::Ok);
+}
+
+TEST_F(DesktopDialogsTest, BoxesHaveRoomForTheirTitlesAndLines) {
+    const QString title = Text("Auto-Asterisks is turned off");
+    const QString longLine = Text("The option 'Auto-Enclose Search Parameters with Asterisks' is ");
+    const QString path = Text("\\\\SERVER\\SHARE\\").repeated(100);
+    const struct {
+        QString text;
+        int lines; ///< 0: any number
+    } cases[] = {{Text("53"), 1}, {longLine + Text("\r\na\r\n") + longLine, 3}, {path, 0}};
+    for (const auto& [text, lines] : cases) {
+        UseDialog<QMessageBox>(
+            [&, &text = text] { return dialogs.Message(MessageIcon::Information, text, title); },
+            [&, lines = lines](QMessageBox& box) {
+                QFont bold = box.font();
+                bold.setBold(true);
+                EXPECT_GT(box.width(), QFontMetrics(bold).horizontalAdvance(title) + 100);
+                EXPECT_LE(box.width(), box.screen()->availableGeometry().width());
+                const auto& label = *box.findChild<QLabel*>(Text("qt_msgbox_label"));
+                const int spacing = label.fontMetrics().lineSpacing();
+                if (lines != 0) {
+                    EXPECT_EQ(label.heightForWidth(label.width()) / spacing, lines);
+                }
+                EXPECT_LE(label.geometry().right(), box.width());
+                box.close();
+            });
+    }
 }
 
 TEST_F(DesktopDialogsTest, AnswersSafelyUnlessYesIsChosen) {

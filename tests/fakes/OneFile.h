@@ -16,6 +16,7 @@ public:
     qint64 length = -1; ///< -1: that of the content
     quint32 attributes = FileAttribute::Archive;
     QDateTime modified{QDate(2020, 2, 3), QTime(4, 5, 6)};
+    bool canRead = true;
     int reads = 0;
     qint64 bytesRead = 0;
 
@@ -38,6 +39,8 @@ public:
     }
     QByteArray Read(const QString& path, qint64 offset, qint64 size) override {
         Check(path);
+        if (!canRead)
+            throw RunTimeError(ErrorNumber::DeviceIOError);
         const QByteArray piece = content.mid(offset, size);
         ++reads;
         bytesRead += piece.size();

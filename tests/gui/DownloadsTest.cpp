@@ -92,6 +92,15 @@ TEST_F(DownloadsTest, DoubleClickDownloadsAndClears) {
     EXPECT_EQ(dialogs.Boxes(), "");
 }
 
+TEST_F(DownloadsTest, NewRowsAreScrolledTo) {
+    for (int number = 0; number < 60; ++number)
+        AddFile(QByteArray("\\\\S\\D\\more").append(QByteArray::number(number)).constData());
+    Search("more*");
+    DownloadAll();
+    EXPECT_EQ(downloads.Count(), 60);
+    EXPECT_TRUE(downloads.viewport()->rect().contains(PlaceOf(downloads, 60)));
+}
+
 TEST_F(DownloadsTest, HeadersSort) {
     EXPECT_EQ(Column(results), "b.mp3 a.txt c.txt");
     ClickHeader(results, 1);

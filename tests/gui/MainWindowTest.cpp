@@ -1,3 +1,4 @@
+#include "controls/Twips.h"
 #include "gui/WindowTest.h"
 #include "runtime/Yield.h"
 
@@ -26,6 +27,8 @@ TEST_F(Window, SearchFillsRowsAndSummary) {
     EXPECT_EQ(StartNodeText(), Text("[Root]"));
     EXPECT_EQ(Results().BackColor(), QColor(213, 234, 234));
     EXPECT_EQ(Downloads().BackColor(), QColor(255, 255, 191));
+    EXPECT_TRUE(Find<QComboBox>("LstSearchFor").lineEdit()->hasFocus());
+    EXPECT_EQ(Find<QComboBox>("LstSearchFor").lineEdit()->selectedText(), Text("*.mp3"));
     Search(" *.MP3 , ,");
     EXPECT_EQ(Rows(),
               Texts({"\\\\S\\D\\one.mp3", "\\\\S\\D\\SUB\\two.MP3", "\\\\T\\E\\three.mp3"}));
@@ -301,6 +304,40 @@ TEST_F(Window, FollowsItsSize) {
     QCoreApplication::processEvents();
     EXPECT_GE(window.frameGeometry().width(), 11010 / 15);
     EXPECT_GE(window.frameGeometry().height(), 6975 / 15);
+}
+
+TEST_F(Window, AShortenedPathIsShownWhole) {
+    QString path = Text("\\\\S\\D\\");
+    for (int depth = 0; depth < 25; ++depth)
+        path += Text("FOLDER WITH A LONG NAME ") + QString::number(depth) + u'\\';
+    AddFile((path + Text("deep.mp3")).toUtf8().constData());
+    Open();
+    auto& bar = Find<StatusBar>("stbStatus");
+    int shortened = 0;
+    // With more room, a text that isn't cut looks the same.
+    network.OnCall = [&](const QString& /*call*/) {
+        if (!StatusText(2).contains(Text("...\\")))
+            return;
+        ++shortened;
+        constexpr int Edge = 2;
+        const QRect inside = bar.PanelRect(2).adjusted(Edge, Edge, -Edge, -Edge);
+        const QImage picture = bar.grab(inside).toImage();
+        const int width = bar.MinWidth(2);
+        bar.SetMinWidth(2, width + ToTwips(15));
+        EXPECT_TRUE(picture == bar.grab(inside).toImage())
+            << StatusText(2).toStdString() << ' ' << bar.font().toString().toStdString();
+        bar.SetMinWidth(2, width);
+    };
+    for (const char* family : {"DejaVu Sans", "DejaVu Serif", "Liberation Mono"}) {
+        for (const double points : {7.5, 9.0, 12.5, 20.0}) {
+            QFont font(Text(family));
+            font.setPointSizeF(points);
+            font.setItalic(points > 10);
+            bar.setFont(font);
+            Search("deep*");
+        }
+    }
+    EXPECT_GT(shortened, 200);
 }
 
 TEST_F(Window, ASearchGoesOnAcrossAnotherSkin) {

@@ -118,10 +118,13 @@ std::vector<ShownText> ShownTexts(QWidget& window) {
 
 double PaintedContrast(const QImage& picture, const QRect& area) {
     const QHash<QRgb, int> counts = ColorsOf(picture, area);
-    const auto most = std::max_element(counts.cbegin(), counts.cend());
+    const int most = counts.isEmpty() ? 0 : *std::max_element(counts.cbegin(), counts.cend());
     double highest = 1;
-    for (auto color = counts.cbegin(); color != counts.cend(); ++color)
-        highest = std::max(highest, Contrast(QColor(color.key()), QColor(most.key())));
+    // Of a shaded area, two colours may be equally common.
+    for (auto fill = counts.cbegin(); fill != counts.cend(); ++fill) {
+        for (auto color = counts.cbegin(); fill.value() == most && color != counts.cend(); ++color)
+            highest = std::max(highest, Contrast(QColor(color.key()), QColor(fill.key())));
+    }
     return highest;
 }
 

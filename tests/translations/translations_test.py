@@ -2,6 +2,7 @@
 """The translations against the texts of the sources: nothing is missing, nothing is left over, and
 what a program puts into a text or makes of it is in the translation too."""
 
+import functools
 import glob
 import os
 import re
@@ -58,6 +59,38 @@ class Translations(unittest.TestCase):
                     self.assertEqual(len(MNEMONIC.findall(source)), len(MNEMONIC.findall(text)))
                     self.assertLessEqual(max(map(len, text.split("\n"))),
                                          80 if "\n" in source else 200)
+
+
+# A text in a source with two letters in a row is "L", any other "", a character C, and a translated
+# text TR; what they are joined with may have brackets four deep.
+TOKEN = re.compile(r'//[^\n]*|u?"((?:[^"\\]|\\.)*)"' + r"|u?'(?:[^'\\\n]|\\.)'")
+BRACKETS = functools.reduce(lambda inner, _: rf"\((?:[^()]|{inner})*\)", range(4), r"\([^()]*\)")
+TRANSLATED = re.compile(rf"(?:\w+::)?\btr{BRACKETS}|[\w()>.-]+Description\(\)")
+PART = rf'(?:u?"L?"|C|[\w:]+(?:{BRACKETS})?(?:(?:\.|->)\w+(?:{BRACKETS})?)*)'
+JOINED = re.compile(rf"{PART}(?:\s*\+\s*{PART})+")
+
+
+def simple(token):
+    if token[1] is None:
+        return "" if token[0].startswith("/") else "C"
+    # "netrove: " is the name of a program.
+    words = re.search("[A-Za-z]{2}", re.sub(r"\\.", "", token[1]))
+    return '"L"' if words and not re.fullmatch("[a-z-]+: ", token[1]) else '""'
+
+
+def mixtures(code):
+    """What is joined from a translated text and one in English."""
+    code = re.sub(rf"\.arg{BRACKETS}", "", TOKEN.sub(simple, code))
+    return [joined for joined in JOINED.findall(TRANSLATED.sub("TR", code))
+            if "TR" in joined and '"L"' in joined]
+
+
+class Sources(unittest.TestCase):
+    def test_join_no_translated_text_with_an_english_one(self):
+        self.assertTrue(mixtures('tr("It (53)").arg(at(1)) + u\'.\' + Text("Ends.")'))
+        for path in glob.glob(os.path.join(SOURCE, "src/**/*.[ch]*"), recursive=True):
+            with open(path, encoding="utf-8") as source:
+                self.assertEqual(mixtures(source.read()), [], path)
 
 
 if __name__ == "__main__":

@@ -1,6 +1,7 @@
 #include "mainwindow/windowservices/IconImages.h"
 
 #include "fakes/Text.h"
+#include "mainwindow/windowservices/PredefinedIcons.h"
 
 #include <gtest/gtest.h>
 
@@ -54,7 +55,7 @@ protected:
     std::vector<int> drawn;
     IconImages icons{types, [this](int iconIndex) {
                          drawn.push_back(iconIndex);
-                         return Draw(48);
+                         return iconIndex == 12 ? Draw(48) : QIcon();
                      }};
 };
 
@@ -106,6 +107,10 @@ TEST_F(FileIcons, SystemSetCopiesEachIconOnce) {
     EXPECT_EQ(drawn, (std::vector<int>{12, 7, -1}));
     EXPECT_EQ(sysSm.Count(), 4);
     EXPECT_EQ(sysSm.Picture(2).actualSize(QSize(64, 64)), QSize(16, 16));
+    const auto picture = [](const QIcon& icon) { return icon.pixmap(16, 16).toImage(); };
+    EXPECT_EQ(picture(sysSm.Picture(Text("K12"))), picture(Draw(16)));
+    EXPECT_EQ(picture(sysSm.Picture(Text("K7"))), picture(PredefinedIcon(Text("TXT"))));
+    EXPECT_EQ(picture(sysSm.Picture(Text("K0"))), picture(PredefinedIcon(Text("<NONE>"))));
 }
 
 TEST_F(FileIcons, SettingsBindTheList) {

@@ -2,6 +2,7 @@
 
 #include "controls/Twips.h"
 #include "mainwindow/services/Paths.h"
+#include "mainwindow/windowservices/PredefinedIcons.h"
 #include "runtime/Text.h"
 
 #include <QHash>
@@ -40,7 +41,7 @@ QString SystemKeyOf(int iconIndex) {
 }
 
 /// The icon as it looks on this surface.
-QIcon DrawnOn(const QWidget& picture, const QIcon& icon) {
+QPixmap DrawnOn(const QWidget& picture, const QIcon& icon) {
     return icon.pixmap(picture.size(), picture.devicePixelRatioF());
 }
 
@@ -83,17 +84,24 @@ IconItem IconImages::AddIconItem(ListView& list, const QWidget& picture, ImageLi
         item.row = list.Add(fileName);
         return item;
     }
-    const QString key =
-        showSystemIcon ? SystemKey(picture, images, info.iconIndex) : PredefinedKey(item.extension);
+    const QString key = showSystemIcon ? SystemKey(picture, images, info.iconIndex, item.extension)
+                                       : PredefinedKey(item.extension);
     item.row = list.Add(fileName, key);
     return item;
 }
 
-QString IconImages::SystemKey(const QWidget& picture, ImageList& images, int iconIndex) {
+QString IconImages::SystemKey(const QWidget& picture, ImageList& images, int iconIndex,
+                              const QString& extension) {
     const int index = iconIndex < 1 ? 0 : iconIndex;
     // Drawing is the dear part and done only for an icon that isn't there yet.
-    if (ImageKeyMissing(images, index))
-        images.Add(SystemKeyOf(index), DrawnOn(picture, systemIcon_(iconIndex)));
+    if (ImageKeyMissing(images, index)) {
+        QPixmap drawn = DrawnOn(picture, systemIcon_(iconIndex));
+        // All kinds that the desktop doesn't know share a picture.
+        if (drawn.isNull())
+            drawn =
+                DrawnOn(picture, PredefinedIcon(PredefinedKey(index == 0 ? QString() : extension)));
+        images.Add(SystemKeyOf(index), drawn);
+    }
     return SystemKeyOf(index);
 }
 

@@ -35,7 +35,8 @@ struct IconItem {
 };
 
 /// Adds the rows of found files and decides the picture of each: one of the predefined set by the
-/// file's extension, or the desktop's, which is copied into the system set at its first use.
+/// file's extension, or the desktop's, which is copied into the system set at its first use. Where
+/// the desktop has none, the predefined one stands in that set.
 class IconImages {
 public:
     /// The desktop's picture of an icon index that FileTypes gives.
@@ -62,7 +63,8 @@ public:
     static void SizeIconPictures(QWidget& picIconLg, QWidget& picIconSm);
 
 private:
-    [[nodiscard]] QString SystemKey(const QWidget& picture, ImageList& images, int iconIndex);
+    [[nodiscard]] QString SystemKey(const QWidget& picture, ImageList& images, int iconIndex,
+                                    const QString& extension);
 
     FileTypes& fileTypes_;
     SystemIcon systemIcon_;

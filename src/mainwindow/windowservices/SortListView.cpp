@@ -42,11 +42,11 @@ bool SortListView(ListView& list, int markColumn, int sortColumn, bool showError
         list.SetSorted(false);
         return true;
     } catch (...) {
-        const RunTimeError error = CurrentFailure();
+        const int number = CurrentFailure().Number();
         if (showError)
             dialogs.Message(MessageIcon::Information,
-                            QStringLiteral("Error") + QString::number(error.Number()) + u'\t' +
-                                error.Description(),
+                            QStringLiteral("Error") + QString::number(number) + u'\t' +
+                                ErrorDescription(number),
                             QStringLiteral("Error in Function : SortListView"));
         return false;
     }

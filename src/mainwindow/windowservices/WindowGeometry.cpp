@@ -5,6 +5,7 @@
 #include <QLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace netrove {
 
@@ -51,8 +52,8 @@ int CursorY() {
 }
 
 std::function<int(const QString&)> TextWidthIn(const QWidget& widget) {
-    return [metrics = widget.fontMetrics()](const QString& text) {
-        return metrics.horizontalAdvance(text);
+    return [metrics = QFontMetricsF(widget.fontMetrics())](const QString& text) {
+        return static_cast<int>(std::ceil(metrics.horizontalAdvance(text)));
     };
 }
 

@@ -34,7 +34,7 @@ void FixSizeAroundContents(QWidget& window);
     return ToTwips(pixels);
 }
 
-/// Measures texts in the font that the widget has now: their width in pixels.
+/// Measures texts in the font that the widget has now: their width in pixels, rounded up.
 [[nodiscard]] std::function<int(const QString&)> TextWidthIn(const QWidget& widget);
 
 } // namespace netrove

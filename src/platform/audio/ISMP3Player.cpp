@@ -78,12 +78,24 @@ double Kilobits(qint64 bytes) {
     return static_cast<double>(bytes) * 8 / 1000;
 }
 
-Estimate FromTable(const MpegAudioHeader& header, QByteArrayView piece, qint64 audioBytes) {
+/// What the frames take that a table tells of. Nothing where so many can't fill the file's audio,
+/// be it by the bytes that the table has for them: such a table is wrong.
+std::optional<qint64> TableBytes(const MpegAudioHeader& header, qint64 audioBytes) {
+    const qint64 least = header.frames * header.frame.ShortestFrame();
+    // The frame of the table may count as one.
+    const qint64 most = (header.frames + 1) * header.frame.LongestFrame();
+    for (const qint64 bytes : {std::min(header.bytes, audioBytes), audioBytes}) {
+        if (header.frames > 0 && least <= bytes && bytes <= most)
+            return bytes;
+    }
+    return std::nullopt;
+}
+
+Estimate FromTable(const MpegAudioHeader& header, QByteArrayView piece, qint64 tableBytes) {
     Estimate estimate;
     estimate.seconds =
         static_cast<double>(header.frames * header.frame.samples) / header.frame.frequency;
-    const qint64 bytes = header.bytes > 0 && header.bytes <= audioBytes ? header.bytes : audioBytes;
-    estimate.bitrate = Kilobits(bytes) / estimate.seconds;
+    estimate.bitrate = Kilobits(tableBytes) / estimate.seconds;
     if (header.constantBitrate && header.SoundBegin() < piece.size()) {
         if (const auto next = MpegFrameHeader::Parse(piece.sliced(header.SoundBegin())))
             estimate.bitrate = next->bitrate;
@@ -134,8 +146,14 @@ void ISMP3Player::SetMP3FileName(const QString& path) {
     seconds_ = 0;
     bitrate_ = 0;
     frequency_ = 0;
-    if (path.isEmpty() || (files_.Attributes(path) & FileAttribute::Offline) != 0)
-        return;
+    try {
+        if (!path.isEmpty() && (files_.Attributes(path) & FileAttribute::Offline) == 0)
+            ReadValues(path);
+    } catch (const RunTimeError&) { // NOLINT(bugprone-empty-catch): the values stay 0
+    }
+}
+
+void ISMP3Player::ReadValues(const QString& path) {
     PiecewiseFile file(files_, path);
     const Beginning beginning = FindBeginning(file);
     if (!beginning.header)
@@ -145,10 +163,8 @@ void ISMP3Player::SetMP3FileName(const QString& path) {
     if (beginning.ReachesEnd(file))
         audioBytes -= Id3v1Size(beginning.piece);
 
-    // A table that promises more frames than the file has room for is wrong.
-    const bool trustTable =
-        header.frames > 0 && header.frames * header.frame.ShortestFrame() <= audioBytes;
-    const Estimate estimate = trustTable ? FromTable(header, beginning.piece, audioBytes)
+    const auto tableBytes = TableBytes(header, audioBytes);
+    const Estimate estimate = tableBytes ? FromTable(header, beginning.piece, *tableBytes)
                                          : FromFrames(beginning, file, audioBytes);
     seconds_ = std::llround(estimate.seconds);
     bitrate_ = static_cast<qint32>(std::lround(estimate.bitrate));

@@ -14,9 +14,8 @@ class ISMP3Player {
 public:
     explicit ISMP3Player(FileAccess& files) : files_(files) {}
 
-    /// Reads the file; afterwards the values describe it. They are 0 where it holds no such audio,
-    /// for an empty name, and for a file on slow storage, which is left alone. Raises what the
-    /// reading of a file raises (FileAccess).
+    /// Reads the file; afterwards the values describe it. They are 0 where it holds no such audio
+    /// or can't be read, for an empty name, and for a file on slow storage, which is left alone.
     void SetMP3FileName(const QString& path);
 
     /// Playing time in whole seconds, rounded. Raises ErrorNumber::Overflow above 32767.
@@ -27,6 +26,8 @@ public:
     [[nodiscard]] qint32 MP3Frequency() const { return frequency_; }
 
 private:
+    void ReadValues(const QString& path);
+
     FileAccess& files_;
     qint64 seconds_ = 0;
     qint32 bitrate_ = 0;

@@ -96,4 +96,8 @@ qint64 MpegFrameHeader::ShortestFrame() const {
     return netrove::FrameLength(*this, BitratesOf(version, layer).at(1), false);
 }
 
+qint64 MpegFrameHeader::LongestFrame() const {
+    return netrove::FrameLength(*this, BitratesOf(version, layer).back(), true);
+}
+
 } // namespace netrove

@@ -31,8 +31,9 @@ struct MpegFrameHeader {
         return version == other.version && layer == other.layer && frequency == other.frequency;
     }
 
-    /// Bytes of the shortest frame that such a stream can have.
+    /// Bytes of the shortest and of the longest frame that such a stream can have.
     [[nodiscard]] qint64 ShortestFrame() const;
+    [[nodiscard]] qint64 LongestFrame() const;
 };
 
 } // namespace netrove

@@ -6,12 +6,16 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFontDatabase>
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScreen>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace netrove {
 
@@ -49,6 +53,28 @@ BoxButtons ButtonsOf(MessageButtons buttons) {
         return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No};
     }
     Q_UNREACHABLE();
+}
+
+/// Pixels that a window manager needs for a title: with its icon and buttons on both sides.
+int TitleWidth(const QString& title) {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    return metrics.horizontalAdvance(title) + 8 * metrics.height();
+}
+
+/// Makes a box as wide as its title and its longest line, as far as the screen allows. By itself it
+/// breaks lines that are wider than 500 pixels.
+void Widen(QMessageBox& box) {
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (!label)
+        return;
+    // What a box can have at most, less its icon and margins.
+    const int screen = box.screen()->availableGeometry().width();
+    const int most = (screen <= 1024 ? screen : std::min(screen - 480, 1000)) - 150;
+    label->setWordWrap(false);
+    const int width = std::max(TitleWidth(box.windowTitle()), label->sizeHint().width());
+    label->setMinimumWidth(std::min(width, most));
 }
 
 MessageAnswer AnswerOf(QMessageBox::StandardButton pressed) {
@@ -107,6 +133,7 @@ MessageAnswer DesktopDialogs::Message(MessageIcon icon, const QString& text, con
     box.setStandardButtons(offered.all);
     box.setDefaultButton(offered.byEnter);
     box.setEscapeButton(offered.byEscape);
+    Widen(box);
     return AnswerOf(QMessageBox::StandardButton(box.exec()));
 }
 

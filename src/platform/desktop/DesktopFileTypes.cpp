@@ -1,5 +1,7 @@
 #include "platform/desktop/DesktopFileTypes.h"
 
+#include <QDir>
+#include <QFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -25,13 +27,25 @@ QString Ending(const QString& fileName) {
     return fileName.mid(before >= 0 ? before : last);
 }
 
-/// Without a desktop that names a theme and its place, the one that the program is installed with.
-void EnsureIconTheme() {
-    const QString ours = QStringLiteral("Adwaita");
-    if (QIcon::themeName().isEmpty())
-        QIcon::setThemeName(ours);
-    if (QIcon::fallbackThemeName().isEmpty())
-        QIcon::setFallbackThemeName(ours);
+/// Whether the theme has pictures of the commonest kinds.
+bool HasPicturesOfFiles() {
+    return QIcon::hasThemeIcon(QStringLiteral("text-x-generic")) &&
+           QIcon::hasThemeIcon(QStringLiteral("audio-x-generic"));
+}
+
+/// The themes that are installed, those that are likely to be complete first.
+QStringList InstalledThemes() {
+    QStringList themes{QStringLiteral("Adwaita"), QStringLiteral("breeze")};
+    for (const QString& place : QIcon::themeSearchPaths()) {
+        for (const QString& name : QDir(place).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            if (QFile::exists(place + u'/' + name + QStringLiteral("/index.theme")))
+                themes.append(name);
+        }
+    }
+    return themes;
+}
+
+void AddInstalledPlaces() {
     QStringList places = QIcon::themeSearchPaths();
     for (const QString& place :
          QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, QStringLiteral("icons"),
@@ -42,10 +56,51 @@ void EnsureIconTheme() {
     QIcon::setThemeSearchPaths(places);
 }
 
+/// Has a theme in force for a moment; an empty name leaves the desktop's. The pictures of boxes and
+/// buttons stay those of the desktop that way.
+class ThemeInForce {
+public:
+    explicit ThemeInForce(const QString& name) : desktops_(QIcon::themeName()) {
+        if (!name.isEmpty())
+            QIcon::setThemeName(name);
+    }
+    ~ThemeInForce() {
+        if (QIcon::themeName() != desktops_)
+            QIcon::setThemeName(desktops_);
+    }
+    ThemeInForce(const ThemeInForce&) = delete;
+    ThemeInForce& operator=(const ThemeInForce&) = delete;
+
+private:
+    QString desktops_;
+};
+
+/// A desktop that Qt doesn't know names no theme, or "hicolor", which has pictures of programs
+/// alone; and what a desktop names needn't be installed.
+QString ThemeOfFiles() {
+    for (const QString& name : QStringList(QString()) + InstalledThemes()) {
+        const ThemeInForce theme(name);
+        if (HasPicturesOfFiles())
+            return name;
+    }
+    return {};
+}
+
+/// The icon as it looks under the theme in force.
+QIcon Drawn(const QIcon& icon) {
+    QIcon drawn;
+    for (const int size : {16, 24, 32, 48, 64}) {
+        if (const QPixmap picture = icon.pixmap(QSize(size, size), 1.0); !picture.isNull())
+            drawn.addPixmap(picture);
+    }
+    return drawn;
+}
+
 } // namespace
 
 DesktopFileTypes::DesktopFileTypes() {
-    EnsureIconTheme();
+    AddInstalledPlaces();
+    theme_ = ThemeOfFiles();
 }
 
 ShellFileInfo DesktopFileTypes::Info(const QString& path) {
@@ -64,7 +119,8 @@ QIcon DesktopFileTypes::Icon(int iconIndex) const {
     if (iconIndex < 1 || static_cast<size_t>(iconIndex) > icons_.size())
         return {};
     const ThemeIcon& icon = icons_[static_cast<size_t>(iconIndex) - 1];
-    return QIcon::fromTheme(icon.name, QIcon::fromTheme(icon.genericName));
+    const ThemeInForce theme(theme_);
+    return Drawn(QIcon::fromTheme(icon.name, QIcon::fromTheme(icon.genericName)));
 }
 
 ShellFileInfo DesktopFileTypes::LookUp(const QString& fileName) {

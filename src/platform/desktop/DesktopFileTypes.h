@@ -13,8 +13,9 @@
 namespace netrove {
 
 /// Kinds of files from the desktop's list of file name endings, their pictures from its icon
-/// theme. Nothing is read, so that a file on the network costs nothing. One and the same ending
-/// always has one and the same kind.
+/// theme, or, where that has none of files, from another that is installed. Nothing is read, so
+/// that a file on the network costs nothing. One and the same ending always has one and the same
+/// kind.
 class DesktopFileTypes : public FileTypes {
 public:
     DesktopFileTypes();
@@ -35,6 +36,7 @@ private:
     [[nodiscard]] int IndexOf(const QMimeType& type);
 
     QMimeDatabase database_;
+    QString theme_; ///< which the pictures are of; empty for the desktop's
     QHash<QString, ShellFileInfo> byEnding_;
     std::vector<ThemeIcon> icons_; ///< the index is the place plus one
     QHash<QString, int> indexByName_;

@@ -123,9 +123,8 @@ SmbList SmbAhead::FetchFile(Task task) {
                            turn.reset();
                            return pool_.Run(std::move(first), asked, part, reached_);
                        });
-    const auto failure = FailureOf([&] { plan_->ReadFile(file, task.question.path); });
-    return {.status = failure && file.Status() == ECANCELED ? ECANCELED : 0,
-            .pieces = file.TakePieces()};
+    static_cast<void>(FailureOf([&] { plan_->ReadFile(file, task.question.path); }));
+    return {.status = file.Status() == ECANCELED ? ECANCELED : 0, .pieces = file.TakePieces()};
 }
 
 void SmbAhead::Work() {

@@ -24,7 +24,7 @@ public:
     explicit AudioColumns(FileAccess& files) : player_(files) {}
 
     /// The columns of the file in `folder` (with its closing "\"); `extension` is in upper case.
-    /// Only with `includeMP3Info` is a file read. Raises what the reading raises, and
+    /// Only with `includeMP3Info` is a file read; one that can't be has zeros. Raises
     /// ErrorNumber::Overflow for a playing time above 32767 seconds.
     [[nodiscard]] AudioTexts Texts(const QString& folder, const QString& fileName,
                                    const QString& extension, bool includeMP3Info);
