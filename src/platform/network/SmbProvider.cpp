@@ -182,8 +182,10 @@ RecentListings::Listing SmbProvider::Entries(const UncPath& path) {
         return known;
     LookFor(path.Server());
     const SmbList list = Fetch(folder, Request(SmbRequest::Kind::ListFolder, path));
-    if (!list.IsThere())
+    const FolderTrail above = trail_.To(folder);
+    if (!list.IsThere() || above.Passes(list.print))
         return nullptr;
+    trail_ = above.With(folder, list.print);
     junctions_.Note(folder, *list.entries);
     recent_.Keep(folder, list.entries);
     return list.entries;
@@ -202,6 +204,7 @@ void SmbProvider::BeginWalk(const std::shared_ptr<const WalkPlan>& plan) {
     recent_.Clear();
     lastShares_ = {};
     junctions_ = {};
+    trail_ = {};
     computers_.BeginWalk();
     pool_.BeginWalk();
     plan_ = plan;

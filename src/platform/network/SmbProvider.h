@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/network/FolderTrail.h"
 #include "platform/network/Junctions.h"
 #include "platform/network/NetworkProvider.h"
 #include "platform/network/RecentListings.h"
@@ -94,6 +95,7 @@ private:
     RecentListings recent_;
     Shares lastShares_;
     Junctions junctions_;
+    FolderTrail trail_; ///< to the folder that was listed last
     std::shared_ptr<const WalkPlan> plan_;
     std::unique_ptr<SmbAhead> ahead_;  ///< as long as there is a walk
     QString lastFile_;                 ///< that the walk has read, by its key
