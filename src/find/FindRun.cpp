@@ -57,6 +57,7 @@ FindRun::FindRun(const FindArguments& arguments, const FindServices& services,
                .exclusions = exclusions_,
                .log = log_,
                .ahead = services.ahead,
+               .network = &services.network,
                .reading = AudioColumns::Reading(settings_.IncludeMP3Info)})
     , lines_(services.files, settings_, arguments.details, console.out.IsTerminal())
     , progress_(console.err) {

@@ -132,7 +132,7 @@ NWSearch::Next NWSearch::ActOnServer(const QString& fileName, const NetResource&
 
 bool NWSearch::IsCurrentComputer(const NetResource& node) {
     const Settings& settings = context_.services.settings;
-    if (!SearchPlan::IsCurrentComputer(settings, node.RemoteName()))
+    if (!SearchPlan::IsCurrentComputer(settings, context_.services.network, node.RemoteName()))
         return false;
     context_.services.log.PrintBlock(
         {QLatin1String("Exclude Current Workstation: ") + settings.CurrentComputerName});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Files.h"
+#include "platform/NetworkEnumeration.h"
 #include "platform/ReadAhead.h"
 #include "runtime/Pattern.h"
 #include "search/ExclusionLists.h"
@@ -21,6 +22,7 @@ struct SearchServices {
     const ExclusionLists& exclusions;
     TroubleshootingLog& log;
     ReadAhead* ahead = nullptr; ///< who fetches what the walk will ask for, if anybody does
+    NetworkEnumeration* network = nullptr; ///< what knows which computer is this one
     FileReading reading = {};
 };
 

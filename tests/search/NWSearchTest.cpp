@@ -81,7 +81,7 @@ protected:
     Settings settings;
     ExclusionLists lists;
     TroubleshootingLog log{settings};
-    NWSearch engine{SearchServices{network, settings, lists, log}};
+    NWSearch engine{SearchServices{network, settings, lists, log, nullptr, &network}};
     QStringList found;
     QStringList updates;
     std::function<void()> onFound;
@@ -193,6 +193,10 @@ TEST_F(Engine, PassesOverTheCurrentComputer) {
     EXPECT_TRUE(found.isEmpty());
     Search("*", Node("\\\\S\\D", 3));
     EXPECT_EQ(found.size(), 1) << "a start below the computer isn't affected";
+    settings.CurrentComputerName = Text("\\\\LONGER-THAN-15-CHARACTERS");
+    network.ThisComputer = Text("\\\\S");
+    EXPECT_TRUE(Logged("*", Root()).endsWith(Text("15-CHARACTERS\r\n \r\n"))) << "by its address";
+    EXPECT_TRUE(found.isEmpty());
     settings.IncludeCurrentComputer = true;
     Search("*", Root());
     EXPECT_EQ(found.size(), 1);

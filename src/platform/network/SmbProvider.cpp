@@ -1,5 +1,6 @@
 #include "platform/network/SmbProvider.h"
 
+#include "platform/discovery/OwnAddress.h"
 #include "platform/network/FolderKeys.h"
 #include "platform/network/SmbErrors.h"
 
@@ -146,6 +147,13 @@ QString SmbProvider::Workgroup(const QString& server) {
     if (host && !workgroup.isEmpty())
         computers_.NoteWorkgroup(server, workgroup);
     return workgroup;
+}
+
+bool SmbProvider::IsThisComputer(const QString& server) const {
+    const SmbHost host =
+        computers_.Find(server) ? *computers_.Find(server) : SmbHost{.name = server};
+    return host.port == SmbHost::UsualPort &&
+           IsOwnAddress(host.address.isEmpty() ? host.name : host.address);
 }
 
 QString SmbProvider::AskWorkgroup(const QString& server) {

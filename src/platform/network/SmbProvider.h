@@ -39,6 +39,8 @@ public:
     [[nodiscard]] bool TakesUnknown() const override { return true; }
     /// As configured, else as the computer itself tells it.
     [[nodiscard]] QString Workgroup(const QString& server) override;
+    /// Behind another port than the usual one may be a tunnel, which leads anywhere.
+    [[nodiscard]] bool IsThisComputer(const QString& server) const override;
 
     [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const UncPath& path,
                                                       FindData& first) override;
