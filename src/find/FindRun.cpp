@@ -1,7 +1,6 @@
 #include "find/FindRun.h"
 
 #include "find/WrongUse.h"
-#include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 #include "search/SearchSummary.h"
 
@@ -94,11 +93,22 @@ void FindRun::Search() {
     // A signal during that is older than the engine's own request to stop.
     if (signal_ == 0)
         engine_.BeginSearch(arguments_.patterns, start);
+    if (failure_)
+        throw RunTimeError(*failure_);
     if (signal_ == 0 && found_ == 0)
         CheckStart(arguments_.from, services_);
 }
 
+/// The engine passes over failures here, but nobody would know what is missing.
 void FindRun::OnFound(const QString& netPath) {
+    if (failure_)
+        return;
+    failure_ = FailureOf([&] { PrintFound(netPath); });
+    if (failure_)
+        engine_.Abandon();
+}
+
+void FindRun::PrintFound(const QString& netPath) {
     // The first file above the limit stops the search and isn't printed.
     if (found_ == settings_.MaxReturnFiles) {
         capped_ = true;

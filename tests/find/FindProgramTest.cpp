@@ -227,6 +227,19 @@ TEST_F(Find, OutputThatFails) {
     close(full);
 }
 
+TEST_F(Find, AFailureOfAnyKindIsTold) {
+    for (const char* where : {"attributes \\\\S\\D\\one.txt", "enter \\\\S\\D"}) {
+        network.OnCall = [where](const QString& call) {
+            if (call == Text(where))
+                throw std::bad_alloc();
+        };
+        const Outcome outcome = Run({"--details", "--from", "//S/D", "*.txt"});
+        EXPECT_EQ(outcome.status, FindStatus::Failed) << where;
+        EXPECT_EQ(outcome.out, QString()) << where;
+        EXPECT_EQ(outcome.err, Text("netrove-find: Out of memory\n")) << where;
+    }
+}
+
 TEST_F(Find, ATerminalShowsHowFarItIs) {
     network.AddFile(Text("\\\\S\\D\\A FOLDER WITH A VERY LONG NAME\\bell\a.txt"));
     winsize size{.ws_row = 25, .ws_col = 40, .ws_xpixel = 0, .ws_ypixel = 0};

@@ -274,11 +274,13 @@ TEST_F(Traps, ServeOnceInEachWalk) {
     EXPECT_EQ(engine.NumResults(), 0);
 }
 
-TEST_F(Traps, ServeForFailuresOfTheNetworkToo) {
-    QStringList failing{Text("open \\\\S"), Text("list \\\\T\\G\\")};
+TEST_F(Traps, ServeForFailuresOfAnyKind) {
+    QStringList failing{Text("open \\\\S")};
     network.OnCall = [&failing](const QString& call) {
         if (failing.contains(call))
             throw RunTimeError(ErrorNumber::DeviceIOError);
+        if (call == Text("list \\\\T\\G\\"))
+            throw std::bad_alloc();
     };
     network.AddBranch({"Net", "WG", "\\\\U", "\\\\U\\I"});
     network.AddFile(Text("\\\\U\\I\\a"));
@@ -293,7 +295,11 @@ TEST_F(Traps, ServeForFailuresOfTheNetworkToo) {
 
 TEST_F(Engine, FailuresAfterTheFirstMatchOfAFolderArePassedOver) {
     AddFiles({"\\\\S\\D\\a.mp3", "\\\\S\\D\\b.txt", "\\\\S\\D\\c.mp3", "\\\\S\\D\\SUB\\d.txt"});
-    onFound = [] { throw RunTimeError(ErrorNumber::Overflow); };
+    onFound = [this] {
+        if (found.size() == 1)
+            throw RunTimeError(ErrorNumber::Overflow);
+        throw std::bad_alloc();
+    };
     // b.txt reaches the second pattern, which no name may be tested with: after the match of
     // a.mp3 that is skipped, in the next folder it isn't.
     EXPECT_THROW(Search("*.mp3,[", Node("\\\\S\\D", 3)), RunTimeError);
