@@ -63,6 +63,7 @@ FindRun::FindRun(const FindArguments& arguments, const FindServices& services,
     engine_.ItemFound = [this](const QString& netPath) { OnFound(netPath); };
     engine_.SearchUpdate = [this](const QString& netPath) { place_ = netPath; };
     engine_.SetRecurseFolders(arguments.recurse);
+    engine_.SetKeepResults(false);
 }
 
 int FindRun::Execute() {

@@ -124,6 +124,8 @@ bool FolderScan::MatchesPattern(const QString& name, bool skipping) const {
 void FolderScan::Report(const QString& netPath) {
     if (context_.ItemFound)
         Skipping([&] { context_.ItemFound(netPath); });
+    if (!context_.KeepResults)
+        return;
     try {
         context_.ResultList.push_back(netPath);
     } catch (const std::bad_alloc&) {

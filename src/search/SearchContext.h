@@ -38,6 +38,7 @@ struct SearchContext {
     std::vector<Pattern> PatternList;
     /// The full path of every match, numbered from 1; element 0 stays empty.
     std::vector<QString> ResultList;
+    bool KeepResults = true;
     /// Length of the remote name of the node entered last, plus 1: the 1-based position in a
     /// folder path where the part below that node begins.
     qsizetype NodeBaseStart = 1;

@@ -105,8 +105,10 @@ TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
     EXPECT_TRUE(engine.GetResult(4).isEmpty());
 
     engine.SetRecurseFolders(false);
+    engine.SetKeepResults(false);
     Search("*.mp3", Root());
     EXPECT_EQ(Found(), "\\\\S\\D\\one.mp3");
+    EXPECT_EQ(engine.NumResults(), 0);
     Search("*.*", Root());
     EXPECT_EQ(Found(), "\\\\S\\D\\one.mp3") << "README has no dot";
 }
