@@ -51,8 +51,8 @@ int FindProgram(const QStringList& arguments, const FindConsole& console,
         PrintMessage(console.err, error.Text());
         console.err.WriteLine(QCoreApplication::translate(
             "FindProgram", "Try 'netrove-find --help' for more information."));
-    } catch (const RunTimeError& error) {
-        PrintMessage(console.err, error.Description());
+    } catch (...) {
+        PrintMessage(console.err, CurrentFailure().Description());
     }
     console.out.Flush();
     if (IsLost(console.out)) {

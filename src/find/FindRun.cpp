@@ -1,7 +1,6 @@
 #include "find/FindRun.h"
 
 #include "find/WrongUse.h"
-#include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 #include "search/SearchSummary.h"
 
@@ -57,12 +56,14 @@ FindRun::FindRun(const FindArguments& arguments, const FindServices& services,
                .exclusions = exclusions_,
                .log = log_,
                .ahead = services.ahead,
+               .network = &services.network,
                .reading = AudioColumns::Reading(settings_.IncludeMP3Info)})
     , lines_(services.files, settings_, arguments.details, console.out.IsTerminal())
     , progress_(console.err) {
     engine_.ItemFound = [this](const QString& netPath) { OnFound(netPath); };
     engine_.SearchUpdate = [this](const QString& netPath) { place_ = netPath; };
     engine_.SetRecurseFolders(arguments.recurse);
+    engine_.SetKeepResults(false);
 }
 
 int FindRun::Execute() {
@@ -93,11 +94,22 @@ void FindRun::Search() {
     // A signal during that is older than the engine's own request to stop.
     if (signal_ == 0)
         engine_.BeginSearch(arguments_.patterns, start);
+    if (failure_)
+        throw RunTimeError(*failure_);
     if (signal_ == 0 && found_ == 0)
         CheckStart(arguments_.from, services_);
 }
 
+/// The engine passes over failures here, but nobody would know what is missing.
 void FindRun::OnFound(const QString& netPath) {
+    if (failure_)
+        return;
+    failure_ = FailureOf([&] { PrintFound(netPath); });
+    if (failure_)
+        engine_.Abandon();
+}
+
+void FindRun::PrintFound(const QString& netPath) {
     // The first file above the limit stops the search and isn't printed.
     if (found_ == settings_.MaxReturnFiles) {
         capped_ = true;

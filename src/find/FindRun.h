@@ -5,11 +5,13 @@
 #include "find/ProgressLine.h"
 #include "find/ResultLines.h"
 #include "find/StartNode.h"
+#include "runtime/RunTimeError.h"
 #include "search/NWSearch.h"
 
 #include <QElapsedTimer>
 
 #include <functional>
+#include <optional>
 
 namespace netrove {
 
@@ -43,6 +45,7 @@ public:
 private:
     void Search();
     void OnFound(const QString& netPath);
+    void PrintFound(const QString& netPath);
     /// What happens between the steps of the walk and while it waits for the network.
     [[nodiscard]] bool Pass();
     void PrintSummary();
@@ -61,6 +64,7 @@ private:
     qint32 found_ = 0;
     bool capped_ = false;
     int signal_ = 0;
+    std::optional<RunTimeError> failure_; ///< what a match couldn't be printed for
 };
 
 } // namespace netrove

@@ -98,7 +98,8 @@ void frmNetrove::ConnectControls() {
 }
 
 SearchRun::Services frmNetrove::RunServices() {
-    return {.search = {services_.files, settings_, exclusions_, log_, services_.ahead},
+    return {.search = {services_.files, settings_, exclusions_, log_, services_.ahead,
+                       &services_.network},
             .exclusions = exclusions_,
             .dialogs = services_.dialogs,
             .report = services_.report};

@@ -108,24 +108,25 @@ std::unique_ptr<FileFind> LocalFiles::FindFirst(const QString& searchPath, FindD
     return List(searchPath.left(std::max(searchPath.size() - all.size(), qsizetype{1})), first);
 }
 
-std::unique_ptr<FileFind> LocalFiles::List(const QString& folder, FindData& first) {
-    auto listing = Listing(folder);
+std::unique_ptr<FileFind> LocalFiles::List(const QString& folder, FindData& first,
+                                           qsizetype walked) {
+    auto listing = Listing(folder, walked);
     if (!listing)
         return nullptr;
     auto find = std::make_unique<LocalFind>(std::move(listing));
     return find->FindNext(first) ? std::move(find) : nullptr;
 }
 
-std::shared_ptr<const LocalListing> LocalFiles::Listing(const QString& folder) {
+std::shared_ptr<const LocalListing> LocalFiles::Listing(const QString& folder, qsizetype walked) {
     const auto now = std::chrono::steady_clock::now();
     if (folder == lastFolder_ && now - lastRead_ <= LongestSharing) {
         if (auto listing = lastListing_.lock())
             return listing;
     }
     // As written first: looking for it before would cost as much again.
-    auto listing = LocalListing::Read(BytesOf(folder));
+    auto listing = LocalListing::Read(BytesOf(folder), walked);
     if (!listing && errno == ENOENT)
-        listing = LocalListing::Read(LookUp(folder));
+        listing = LocalListing::Read(LookUp(folder), walked);
     lastFolder_ = folder;
     lastListing_ = listing;
     lastRead_ = now;

@@ -39,11 +39,14 @@ public:
     [[nodiscard]] FileInfo Info(const QString& path);
     /// The entries of a folder, given without "*.*"; null as in FindFirst. Asked again for the
     /// folder that it was asked for last, while that answer is in use and a second old at most, it
-    /// gives the same entries: a search lists each folder twice in a row.
-    [[nodiscard]] std::unique_ptr<FileFind> List(const QString& folder, FindData& first);
+    /// gives the same entries: a search lists each folder twice in a row. Null also where a link
+    /// leads back: the folder is the same as one of the `walked` folders above it in its path.
+    [[nodiscard]] std::unique_ptr<FileFind> List(const QString& folder, FindData& first,
+                                                 qsizetype walked = 0);
 
 private:
-    [[nodiscard]] std::shared_ptr<const LocalListing> Listing(const QString& folder);
+    [[nodiscard]] std::shared_ptr<const LocalListing> Listing(const QString& folder,
+                                                              qsizetype walked);
     [[nodiscard]] QByteArray Existing(const QString& path) const;
     [[nodiscard]] QByteArray LookUp(const QString& path) const;
 

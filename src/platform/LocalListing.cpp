@@ -39,15 +39,30 @@ bool ReachedThroughLink(int folder, const QByteArray& path) {
     QByteArray real(4096, Qt::Uninitialized);
     const ssize_t length =
         readlink(self.constData(), real.data(), static_cast<std::size_t>(real.size()));
-    const QByteArrayView asked =
-        path.size() > 1 && path.endsWith('/') ? QByteArrayView(path).chopped(1) : path;
-    return length < 0 || QByteArrayView(real).first(length) != asked;
+    return length < 0 || QByteArrayView(real).first(length) != path;
+}
+
+/// Whether the open folder is one of those above it in its path, of which the last `walked` count.
+bool LeadsBack(int folder, QByteArray path, qsizetype walked) {
+    if (walked == 0 || !ReachedThroughLink(folder, path))
+        return false;
+    struct stat own {};
+    if (fstat(folder, &own) != 0)
+        return false;
+    for (; walked > 0 && path.contains('/'); --walked) {
+        path.truncate(path.lastIndexOf('/'));
+        struct stat above {};
+        if (stat(path.constData(), &above) == 0 && above.st_ino == own.st_ino &&
+            above.st_dev == own.st_dev)
+            return true;
+    }
+    return false;
 }
 
 /// Decides what the entries of one open folder are.
 class EntryKinds {
 public:
-    EntryKinds(int folder, const QByteArray& path) : folder_(folder), path_(path) {}
+    explicit EntryKinds(int folder) : folder_(folder) {}
 
     /// The attributes; nothing for an entry that isn't to be listed.
     [[nodiscard]] std::optional<quint32> Attributes(const dirent& entry) const {
@@ -89,24 +104,24 @@ private:
         struct stat status {};
         if (fstatat(folder_, entry.d_name, &status, 0) != 0)
             return std::nullopt;
-        const quint32 attributes = hidden | FileAttribute::ReparsePoint | OfMode(status.st_mode);
-        if (S_ISDIR(status.st_mode) && ReachedThroughLink(folder_, path_))
-            return attributes & ~FileAttribute::Directory;
-        return attributes;
+        return hidden | FileAttribute::ReparsePoint | OfMode(status.st_mode);
     }
 
     int folder_;
-    const QByteArray& path_;
 };
 
 } // namespace
 
-std::shared_ptr<const LocalListing> LocalListing::Read(const QByteArray& folder) {
+std::shared_ptr<const LocalListing> LocalListing::Read(const QByteArray& folder, qsizetype walked) {
     const OpenFolder open(opendir(folder.constData()));
     if (!open)
         return nullptr;
+    if (LeadsBack(dirfd(open.get()), folder, walked)) {
+        errno = ELOOP;
+        return nullptr;
+    }
     const std::shared_ptr<LocalListing> listing(new LocalListing);
-    EntryKinds kinds(dirfd(open.get()), folder);
+    const EntryKinds kinds(dirfd(open.get()));
     std::size_t read = 0;
     while (const dirent* entry = readdir(open.get())) {
         const QByteArrayView name(entry->d_name);

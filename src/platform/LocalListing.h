@@ -15,13 +15,14 @@ namespace netrove {
 /// A name that isn't valid UTF-8 is given out as Windows-1252 reads it, and left out where another
 /// entry has that text already; EntryBytes finds the way back. A name with a backslash, which
 /// can't stand in a network path, and a link that leads nowhere are left out. A symbolic link to
-/// a folder is a folder with FileAttribute::ReparsePoint; in a folder that was itself reached
-/// through a link, such a link is no folder, so that no walk goes round for ever.
+/// a folder is a folder with FileAttribute::ReparsePoint.
 class LocalListing {
 public:
     /// Null where the folder can't be read; then errno says why: ECANCELED where the wait for it
-    /// was given up.
-    [[nodiscard]] static std::shared_ptr<const LocalListing> Read(const QByteArray& folder);
+    /// was given up, ELOOP where it is the same folder as one of the `walked` folders above it in
+    /// its path, so that a walk through links doesn't go round for ever.
+    [[nodiscard]] static std::shared_ptr<const LocalListing> Read(const QByteArray& folder,
+                                                                  qsizetype walked = 0);
 
     [[nodiscard]] std::size_t Count() const { return entries_.size(); }
 

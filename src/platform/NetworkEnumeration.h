@@ -79,6 +79,10 @@ public:
     /// The workgroup of a computer, asked of the computer itself or of whoever knows it; empty
     /// where nobody answers.
     [[nodiscard]] virtual QString Workgroup(const QString& computer) = 0;
+
+    /// Whether a computer is the one that the program runs on, by the address that is known of it:
+    /// it may stand in the network under another name than its own. Asks nobody.
+    [[nodiscard]] virtual bool IsThisComputer(const QString& /*computer*/) { return false; }
 };
 
 } // namespace netrove

@@ -20,7 +20,7 @@ struct FileReading {
 };
 
 /// What a walk over the network goes into: a snapshot, the same for the whole walk. Asked from any
-/// thread.
+/// thread, of computers only from the walk's own.
 class WalkPlan {
 public:
     WalkPlan() = default;

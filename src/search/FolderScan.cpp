@@ -19,13 +19,10 @@ QString SearchPath(const QString& folderPath) {
     return folderPath + QLatin1String("*.*");
 }
 
-/// Runs a step whose failure is passed over.
+/// Runs a step whose failure, of whatever kind, is passed over.
 template <typename Step>
 void Skipping(const Step& step) {
-    try {
-        step();
-    } catch (const RunTimeError&) {
-    }
+    static_cast<void>(FailureOf(step));
 }
 
 } // namespace
@@ -127,6 +124,8 @@ bool FolderScan::MatchesPattern(const QString& name, bool skipping) const {
 void FolderScan::Report(const QString& netPath) {
     if (context_.ItemFound)
         Skipping([&] { context_.ItemFound(netPath); });
+    if (!context_.KeepResults)
+        return;
     try {
         context_.ResultList.push_back(netPath);
     } catch (const std::bad_alloc&) {

@@ -132,7 +132,7 @@ NWSearch::Next NWSearch::ActOnServer(const QString& fileName, const NetResource&
 
 bool NWSearch::IsCurrentComputer(const NetResource& node) {
     const Settings& settings = context_.services.settings;
-    if (!SearchPlan::IsCurrentComputer(settings, node.RemoteName()))
+    if (!SearchPlan::IsCurrentComputer(settings, context_.services.network, node.RemoteName()))
         return false;
     context_.services.log.PrintBlock(
         {QLatin1String("Exclude Current Workstation: ") + settings.CurrentComputerName});
@@ -181,12 +181,13 @@ void NWSearch::WalkChildren(const QString& fileName, NetResource& node) {
             return child->ResourceType() == ResourceType::Server;
         }));
     ahead_->Expect(*children);
-    // The trap serves once: a second failure among these children goes up to the next level.
+    // The trap serves once, for whatever failure: a second one among these children goes up to the
+    // next level.
     bool trapArmed = true;
     for (const auto& child : *children) {
         try {
             WalkChild(fileName, *child);
-        } catch (const RunTimeError&) {
+        } catch (...) {
             if (!trapArmed)
                 throw;
             trapArmed = false;

@@ -43,6 +43,11 @@ public:
     [[nodiscard]] bool RecurseFolders() const { return recurseFolders_; }
     void SetRecurseFolders(bool recurse) { recurseFolders_ = recurse; }
 
+    /// Whether GetResult() knows the matches, as at first. Who takes them from ItemFound alone
+    /// turns that off, as it takes memory for each.
+    [[nodiscard]] bool KeepResults() const { return context_.KeepResults; }
+    void SetKeepResults(bool keep) { context_.KeepResults = keep; }
+
     /// The path of a match, by its number from 1 to NumResults(), after a yield; empty for any
     /// other number.
     [[nodiscard]] QString GetResult(qint32 resultNumber) const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Files.h"
+#include "platform/NetworkEnumeration.h"
 #include "platform/ReadAhead.h"
 #include "runtime/Pattern.h"
 #include "search/ExclusionLists.h"
@@ -21,6 +22,7 @@ struct SearchServices {
     const ExclusionLists& exclusions;
     TroubleshootingLog& log;
     ReadAhead* ahead = nullptr; ///< who fetches what the walk will ask for, if anybody does
+    NetworkEnumeration* network = nullptr; ///< what knows which computer is this one
     FileReading reading = {};
 };
 
@@ -36,6 +38,7 @@ struct SearchContext {
     std::vector<Pattern> PatternList;
     /// The full path of every match, numbered from 1; element 0 stays empty.
     std::vector<QString> ResultList;
+    bool KeepResults = true;
     /// Length of the remote name of the node entered last, plus 1: the 1-based position in a
     /// folder path where the part below that node begins.
     qsizetype NodeBaseStart = 1;

@@ -13,6 +13,7 @@ namespace netrove {
 SearchPlan::SearchPlan(const SearchServices& services, std::vector<Pattern> patterns, bool recurse)
     : settings_(services.settings)
     , exclusions_(services.exclusions)
+    , network_(services.network)
     , reading_(services.reading)
     , patterns_(std::move(patterns))
     , recurse_(recurse) {}
@@ -26,7 +27,8 @@ bool SearchPlan::EntersWorkgroup(const QString& name) const {
 }
 
 bool SearchPlan::EntersComputer(const QString& remoteName) const {
-    return (settings_.IncludeCurrentComputer || !IsCurrentComputer(settings_, remoteName)) &&
+    return (settings_.IncludeCurrentComputer ||
+            !IsCurrentComputer(settings_, network_, remoteName)) &&
            (!exclusions_.UseExcWorkstations ||
             !ExclusionLists::Find(exclusions_.ExcWorkstations, remoteName));
 }
@@ -61,8 +63,10 @@ void SearchPlan::ReadFile(FileAccess& files, const QString& path) const {
     reading_.read(files, path);
 }
 
-bool SearchPlan::IsCurrentComputer(const Settings& settings, const QString& remoteName) {
-    return UpperCase(Trim(settings.CurrentComputerName)) == UpperCase(Trim(remoteName));
+bool SearchPlan::IsCurrentComputer(const Settings& settings, NetworkEnumeration* network,
+                                   const QString& remoteName) {
+    return UpperCase(Trim(settings.CurrentComputerName)) == UpperCase(Trim(remoteName)) ||
+           (network != nullptr && network->IsThisComputer(remoteName));
 }
 
 } // namespace netrove

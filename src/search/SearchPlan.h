@@ -26,13 +26,15 @@ public:
     [[nodiscard]] bool ReadsFile(const QString& name) const override;
     void ReadFile(FileAccess& files, const QString& path) const override;
 
-    /// Whether a computer is the one that the program runs on.
+    /// Whether a computer is the one that the program runs on, by its name or else its address.
     [[nodiscard]] static bool IsCurrentComputer(const Settings& settings,
+                                                NetworkEnumeration* network,
                                                 const QString& remoteName);
 
 private:
     Settings settings_;
     ExclusionLists exclusions_;
+    NetworkEnumeration* network_;
     FileReading reading_;
     std::vector<Pattern> patterns_;
     bool recurse_;

@@ -60,6 +60,7 @@ std::optional<qint64> SearchRun::Run(CurrentJob::Run& job) {
     job.Show();
     ConnectEngine(*engine);
     engine->SetRecurseFolders(controls_.chkRecurse.isChecked());
+    engine->SetKeepResults(false);
     // A walk forgets what it was asked before its beginning.
     if (!job.IsToStop())
         engine->BeginSearch(patterns, state_.SearchStartNode);

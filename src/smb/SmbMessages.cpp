@@ -143,6 +143,14 @@ QDataStream& operator>>(QDataStream& stream, SmbEntry& entry) {
     return stream;
 }
 
+QDataStream& operator<<(QDataStream& stream, const SmbFolder& folder) {
+    return stream << folder.number << folder.changed;
+}
+
+QDataStream& operator>>(QDataStream& stream, SmbFolder& folder) {
+    return stream >> folder.number >> folder.changed;
+}
+
 QDataStream& operator<<(QDataStream& stream, const SmbAddress& address) {
     return stream << address.text;
 }

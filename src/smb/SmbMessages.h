@@ -20,7 +20,7 @@ inline constexpr int SmbMemoryDescriptor = 4;
 
 /// The first message of both sides. Sides that don't speak the same version part.
 struct SmbHello {
-    static constexpr quint32 Version = 4;
+    static constexpr quint32 Version = 5;
     quint32 version = Version;
 };
 
@@ -40,7 +40,7 @@ struct SmbRequest {
     enum class Kind : quint8 {
         Resolve,    ///< the addresses of `host`: SmbAddresses
         ListShares, ///< SmbShares
-        ListFolder, ///< SmbEntries
+        ListFolder, ///< SmbFolder where the server tells it, SmbEntries
         Stat,       ///< SmbEntries with one entry, whose name is empty
         Read,       ///< SmbData
         Workgroup,  ///< SmbWorkgroup
@@ -83,6 +83,14 @@ using SmbAddresses = std::vector<SmbAddress>;
 using SmbShares = std::vector<SmbShare>;
 using SmbEntries = std::vector<SmbEntry>;
 
+/// What a server tells of a folder itself in its listing.
+struct SmbFolder {
+    quint64 number = 0; ///< its file ID ([MS-FSCC] 2.4.17); 0 where there is none
+    qint64 changed = 0; ///< nanoseconds since 1970 UTC: when an entry was added or taken out
+
+    friend bool operator==(const SmbFolder&, const SmbFolder&) = default;
+};
+
 struct SmbData {
     /// Bytes of one part at most.
     static constexpr qsizetype MaxBytes = 1024 * 1024;
@@ -111,7 +119,7 @@ struct SmbEnd {
 
 using SmbQuestion = std::variant<SmbHello, SmbRequest>;
 using SmbAnswer = std::variant<SmbHello, SmbAddresses, SmbShares, SmbEntries, SmbData, SmbWorkgroup,
-                               SmbEnd, SmbFetched>;
+                               SmbEnd, SmbFetched, SmbFolder>;
 
 /// The bytes of a question with a logon have the password in them: wipe them after use.
 [[nodiscard]] QByteArray EncodeQuestion(const SmbQuestion& question);

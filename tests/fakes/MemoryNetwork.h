@@ -33,6 +33,7 @@ public:
 
     QSet<QString> Unlistable; ///< remote names whose enumeration can't be opened
     bool BreakOff = false;    ///< enumerations end with an error after the first piece
+    QString ThisComputer;     ///< the remote name of the one that has this computer's address
     int OpenHandles = 0;
     quint32 LargestBuffer = 0;
 
@@ -42,6 +43,7 @@ public:
                          quint32& bufferSize) override;
     void CloseEnum(NetEnum::Handle handle) override;
     QString Workgroup(const QString& computer) override;
+    bool IsThisComputer(const QString& computer) override { return computer == ThisComputer; }
 
     std::unique_ptr<FileFind> FindFirst(const QString& searchPath, FindData& first) override;
     bool CanEnter(const QString& path) override;

@@ -12,6 +12,7 @@
 #include <csignal>
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <pty.h>
 #include <unistd.h>
 
@@ -225,6 +226,34 @@ TEST_F(Find, OutputThatFails) {
     for (const char* option : {"--help", "--version"})
         EXPECT_EQ(RunOn({option}, full, err.Descriptor()), FindStatus::Failed);
     close(full);
+}
+
+TEST_F(Find, KeepsNothingOfWhatItHasPrinted) {
+    constexpr std::size_t files = 20'000;
+    for (std::size_t at = 0; at < files; ++at)
+        network.AddFile(Text("\\\\S\\D\\MANY\\%1.many").arg(at, 100, 10, QChar(u'0')));
+    std::vector<std::size_t> used;
+    used.reserve(files);
+    network.OnCall = [&used](const QString& call) {
+        if (call.startsWith(Text("attributes ")))
+            used.push_back(mallinfo2().uordblks);
+    };
+    EXPECT_EQ(Run({"--details", "*.many"}).status, FindStatus::Found);
+    ASSERT_EQ(used.size(), files);
+    EXPECT_LT(used.back(), used.front() + 1'000'000);
+}
+
+TEST_F(Find, AFailureOfAnyKindIsTold) {
+    for (const char* where : {"attributes \\\\S\\D\\one.txt", "enter \\\\S\\D"}) {
+        network.OnCall = [where](const QString& call) {
+            if (call == Text(where))
+                throw std::bad_alloc();
+        };
+        const Outcome outcome = Run({"--details", "--from", "//S/D", "*.txt"});
+        EXPECT_EQ(outcome.status, FindStatus::Failed) << where;
+        EXPECT_EQ(outcome.out, QString()) << where;
+        EXPECT_EQ(outcome.err, Text("netrove-find: Out of memory\n")) << where;
+    }
 }
 
 TEST_F(Find, ATerminalShowsHowFarItIs) {

@@ -81,7 +81,7 @@ protected:
     Settings settings;
     ExclusionLists lists;
     TroubleshootingLog log{settings};
-    NWSearch engine{SearchServices{network, settings, lists, log}};
+    NWSearch engine{SearchServices{network, settings, lists, log, nullptr, &network}};
     QStringList found;
     QStringList updates;
     std::function<void()> onFound;
@@ -105,8 +105,10 @@ TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
     EXPECT_TRUE(engine.GetResult(4).isEmpty());
 
     engine.SetRecurseFolders(false);
+    engine.SetKeepResults(false);
     Search("*.mp3", Root());
     EXPECT_EQ(Found(), "\\\\S\\D\\one.mp3");
+    EXPECT_EQ(engine.NumResults(), 0);
     Search("*.*", Root());
     EXPECT_EQ(Found(), "\\\\S\\D\\one.mp3") << "README has no dot";
 }
@@ -193,6 +195,10 @@ TEST_F(Engine, PassesOverTheCurrentComputer) {
     EXPECT_TRUE(found.isEmpty());
     Search("*", Node("\\\\S\\D", 3));
     EXPECT_EQ(found.size(), 1) << "a start below the computer isn't affected";
+    settings.CurrentComputerName = Text("\\\\LONGER-THAN-15-CHARACTERS");
+    network.ThisComputer = Text("\\\\S");
+    EXPECT_TRUE(Logged("*", Root()).endsWith(Text("15-CHARACTERS\r\n \r\n"))) << "by its address";
+    EXPECT_TRUE(found.isEmpty());
     settings.IncludeCurrentComputer = true;
     Search("*", Root());
     EXPECT_EQ(found.size(), 1);
@@ -270,11 +276,13 @@ TEST_F(Traps, ServeOnceInEachWalk) {
     EXPECT_EQ(engine.NumResults(), 0);
 }
 
-TEST_F(Traps, ServeForFailuresOfTheNetworkToo) {
-    QStringList failing{Text("open \\\\S"), Text("list \\\\T\\G\\")};
+TEST_F(Traps, ServeForFailuresOfAnyKind) {
+    QStringList failing{Text("open \\\\S")};
     network.OnCall = [&failing](const QString& call) {
         if (failing.contains(call))
             throw RunTimeError(ErrorNumber::DeviceIOError);
+        if (call == Text("list \\\\T\\G\\"))
+            throw std::bad_alloc();
     };
     network.AddBranch({"Net", "WG", "\\\\U", "\\\\U\\I"});
     network.AddFile(Text("\\\\U\\I\\a"));
@@ -289,7 +297,11 @@ TEST_F(Traps, ServeForFailuresOfTheNetworkToo) {
 
 TEST_F(Engine, FailuresAfterTheFirstMatchOfAFolderArePassedOver) {
     AddFiles({"\\\\S\\D\\a.mp3", "\\\\S\\D\\b.txt", "\\\\S\\D\\c.mp3", "\\\\S\\D\\SUB\\d.txt"});
-    onFound = [] { throw RunTimeError(ErrorNumber::Overflow); };
+    onFound = [this] {
+        if (found.size() == 1)
+            throw RunTimeError(ErrorNumber::Overflow);
+        throw std::bad_alloc();
+    };
     // b.txt reaches the second pattern, which no name may be tested with: after the match of
     // a.mp3 that is skipped, in the next folder it isn't.
     EXPECT_THROW(Search("*.mp3,[", Node("\\\\S\\D", 3)), RunTimeError);

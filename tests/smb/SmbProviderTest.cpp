@@ -1,6 +1,7 @@
 #include "platform/network/SmbProvider.h"
 
 #include "fakes/FakeComputerSource.h"
+#include "fakes/LinkedTree.h"
 #include "runtime/ExpectRaised.h"
 #include "runtime/Yield.h"
 #include "smb/FaultyProxy.h"
@@ -169,6 +170,22 @@ TEST_F(SmbProviderTest, EveryNameTravelsBothWays) {
         const QString folder = Text("names\\") + name;
         EXPECT_EQ(Names(provider_, Public(folder)).keys(), QStringList{name});
         EXPECT_EQ(provider_.Read(Public(folder + u'\\' + name), 0, 1000), name.toUtf8());
+    }
+}
+
+TEST_F(SmbProviderTest, LinksThatTheServerFollowsDontGoRoundInCircles) {
+    for (unsigned seed = 0; seed < 40; ++seed) {
+        const QString folder = QString::number(seed);
+        samba_->AddFolder(Text("public/") + folder);
+        const FileWays there = MakeLinkedTree(Local(folder).toStdString(), seed);
+        if (seed % 2 != 0) {
+            provider_.BeginWalk(std::make_shared<OpenWalk>());
+            provider_.Expect({{.remoteName = Public(folder).Text()}});
+        }
+        FileWays found;
+        Walk(provider_, Public(folder).Text(), "", found);
+        EXPECT_EQ(found, there) << seed;
+        provider_.EndWalk();
     }
 }
 

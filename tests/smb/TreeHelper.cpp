@@ -1,11 +1,13 @@
 // Stands in for netrove-smb in tests: it serves a random tree that is made of a number alone, with
-// delays and faults by path, and writes down what it is asked.
+// links that it follows without telling, delays and faults by path, and writes down what it is
+// asked.
 
 #include "platform/Files.h"
 #include "smb/Frames.h"
 #include "smb/HelperLaunch.h"
 #include "smb/SmbMessages.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
@@ -43,12 +45,33 @@ public:
         for (quint32 at = 0; at < Number(place, 2, mostFiles); ++at)
             entries.push_back(
                 {.name = QStringLiteral("f%1.txt").arg(at), .length = Number(place, 3, 1000)});
+        for (quint32 at = 0; at < Links.size(); ++at) {
+            if (Number(place, 9 + at, 12) == 0)
+                entries.insert(entries.begin() + 2, Folder(Links.at(at)));
+        }
         if (level > 0 && Number(place, 4, 6) == 0)
             entries.back().attributes |= FileAttribute::Directory | FileAttribute::ReparsePoint;
         return entries;
     }
 
+    /// Where a path leads through links that the server follows without telling.
+    [[nodiscard]] QString Place(const SmbRequest& request) const {
+        const QString top = request.host + QLatin1Char('\\') + request.share.toLower();
+        QStringList way(top);
+        for (const QString& element : request.path.split(QLatin1Char('/'))) {
+            if (element == QLatin1String(Links[0]))
+                way.resize(std::max<qsizetype>(1, way.size() - 1));
+            else if (element == QLatin1String(Links[1]))
+                way = {top, QStringLiteral("d1")};
+            else if (element != QLatin1String(Links[2]) && !element.isEmpty())
+                way += element;
+        }
+        return way.join(QLatin1Char('/')) + (way.size() == 1 ? QStringLiteral("/") : QString());
+    }
+
 private:
+    static constexpr std::array<const char*, 3> Links = {"up", "over", "here"};
+
     static SmbEntry Folder(const QByteArray& name) {
         return {.name = QString::fromLatin1(name), .attributes = FileAttribute::Directory};
     }
@@ -69,8 +92,7 @@ QByteArray Content(const Tree& tree, const QString& place) {
 }
 
 void Answer(const Tree& tree, const SmbRequest& request) {
-    const QString place = request.host + QLatin1Char('\\') + request.share.toLower() +
-                          QLatin1Char('/') + request.path;
+    const QString place = tree.Place(request);
     usleep(tree.Number(place, 5, 1000));
     if (request.kind == SmbRequest::Kind::ListShares) {
         Say(SmbShares{{.name = QStringLiteral("ONE")},
@@ -89,8 +111,10 @@ void Answer(const Tree& tree, const SmbRequest& request) {
     }
     if (request.kind == SmbRequest::Kind::Read)
         Say(SmbData{.bytes = Content(tree, place).mid(request.offset, request.length)});
-    else
+    else {
+        Say(SmbFolder{.number = 1 + tree.Number(place, 12, 1 << 30)});
         Say(tree.Entries(place));
+    }
     Say(SmbEnd{.status = fault == 2 ? ENOENT : 0});
 }
 

@@ -147,7 +147,7 @@ const FolderProvider::Node* FolderProvider::Node::Find(const QString& childName)
 
 FolderProvider::FolderProvider(QString name, const QString& folder)
     : NetworkProvider(std::move(name)) {
-    // Without links, so that the listings can tell a link below from one on the way.
+    // Without links, so that the listings needn't look for loops where there is no link below.
     top_.folder = QFileInfo(folder).canonicalFilePath();
     if (top_.folder.isEmpty() || !QFileInfo(top_.folder).isDir())
         problems_ += tr("%1: there is no folder %2").arg(Name(), folder);
@@ -264,7 +264,8 @@ QString FolderProvider::LocalText(const Node& share, const UncPath& path) {
 
 std::unique_ptr<FileFind> FolderProvider::FindFirst(const UncPath& path, FindData& first) {
     const Node* share = EnterShare(path);
-    return share != nullptr ? files_.List(LocalText(*share, path), first) : nullptr;
+    return share != nullptr ? files_.List(LocalText(*share, path), first, path.Elements().size())
+                            : nullptr;
 }
 
 bool FolderProvider::CanEnter(const UncPath& path) {

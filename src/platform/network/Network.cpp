@@ -136,6 +136,12 @@ QString Network::Workgroup(const QString& computer) {
     return provider != nullptr ? provider->Workgroup(server) : QString();
 }
 
+bool Network::IsThisComputer(const QString& computer) {
+    const QString server = WithoutUncStart(computer);
+    const NetworkProvider* provider = ProviderFor(server);
+    return provider != nullptr && provider->IsThisComputer(server);
+}
+
 std::vector<NetRecord> Network::ProviderRecords() const {
     std::vector<NetRecord> records;
     for (const auto& provider : providers_)

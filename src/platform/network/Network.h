@@ -40,6 +40,8 @@ public:
     void CloseEnum(NetEnum::Handle handle) override;
     /// `computer` with or without "\\".
     [[nodiscard]] QString Workgroup(const QString& computer) override;
+    /// The same.
+    [[nodiscard]] bool IsThisComputer(const QString& computer) override;
 
     [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const QString& searchPath,
                                                       FindData& first) override;

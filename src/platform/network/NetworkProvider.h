@@ -48,6 +48,9 @@ public:
     /// The workgroup of a computer, empty where nobody answers.
     [[nodiscard]] virtual QString Workgroup(const QString& server) = 0;
 
+    /// As NetworkEnumeration has it.
+    [[nodiscard]] virtual bool IsThisComputer(const QString& /*server*/) const { return false; }
+
     /// The entries of the folder at `path`; null as in FileAccess::FindFirst.
     [[nodiscard]] virtual std::unique_ptr<FileFind> FindFirst(const UncPath& path,
                                                               FindData& first) = 0;

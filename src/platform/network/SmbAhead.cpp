@@ -138,7 +138,9 @@ void SmbAhead::Work() {
         tasks_.pop_front();
         const quint64 id = task.question.id;
         lock.unlock();
-        SmbList list = Fetch(std::move(task));
+        SmbList list;
+        if (FailureOf([&] { list = Fetch(std::move(task)); }))
+            list.status = ECANCELED; // the walk meets it, if it is still there then
         lock.lock();
         --busy_;
         if (list.status == ECANCELED || list.status == ENOBUFS)

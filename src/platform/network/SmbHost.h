@@ -8,10 +8,12 @@ namespace netrove {
 
 /// A computer that speaks SMB, and where it is reached.
 struct SmbHost {
+    static constexpr quint16 UsualPort = 445;
+
     QString name;                          ///< without "\\"
     std::optional<QString> workgroup = {}; ///< where somebody has told it
     QString address = {}; ///< an IP address or a host name; empty: found by the name
-    quint16 port = 445;
+    quint16 port = UsualPort;
 };
 
 /// Whether two names of computers or workgroups mean the same one.

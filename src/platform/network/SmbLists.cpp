@@ -54,15 +54,21 @@ int FetchPiece(const SmbRequest& request, const SmbRun& run, QByteArray& bytes) 
 
 SmbList FetchList(const SmbRequest& request, const SmbRun& run) {
     SmbEntries entries;
+    SmbFolder folder;
     SmbList list;
     list.status = run(request, [&](SmbAnswer& part) {
         if (request.kind == SmbRequest::Kind::ListShares) {
             auto* some = std::get_if<SmbShares>(&part);
             return some && TakeShares(*some, list.shares);
         }
+        if (const auto* self = std::get_if<SmbFolder>(&part)) {
+            folder = *self;
+            return true;
+        }
         auto* some = std::get_if<SmbEntries>(&part);
         return some && MoveItems(*some, entries, MaxFolderEntries);
     });
+    list.print = PrintOf(folder, entries);
     list.entries = std::make_shared<const SmbEntries>(std::move(entries));
     return list;
 }

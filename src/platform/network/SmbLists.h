@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/network/FolderTrail.h"
 #include "platform/network/RecentListings.h"
 #include "platform/network/SmbWorker.h"
 #include "smb/SmbMessages.h"
@@ -25,6 +26,7 @@ struct SmbList {
     RecentListings::Listing entries = {};
     /// Those that are shown: whose name ends in "$" is there for who types its path.
     SmbShares shares = {};
+    FolderPrint print = {}; ///< of a folder
     std::vector<SmbPiece> pieces = {};
 
     /// Whether there are shares or entries to go on with: all, or what had come when the list broke

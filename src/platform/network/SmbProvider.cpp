@@ -1,5 +1,6 @@
 #include "platform/network/SmbProvider.h"
 
+#include "platform/discovery/OwnAddress.h"
 #include "platform/network/FolderKeys.h"
 #include "platform/network/SmbErrors.h"
 
@@ -148,6 +149,13 @@ QString SmbProvider::Workgroup(const QString& server) {
     return workgroup;
 }
 
+bool SmbProvider::IsThisComputer(const QString& server) const {
+    const SmbHost host =
+        computers_.Find(server) ? *computers_.Find(server) : SmbHost{.name = server};
+    return host.port == SmbHost::UsualPort &&
+           IsOwnAddress(host.address.isEmpty() ? host.name : host.address);
+}
+
 QString SmbProvider::AskWorkgroup(const QString& server) {
     QString workgroup;
     const auto take = [&](SmbAnswer& part) {
@@ -182,8 +190,10 @@ RecentListings::Listing SmbProvider::Entries(const UncPath& path) {
         return known;
     LookFor(path.Server());
     const SmbList list = Fetch(folder, Request(SmbRequest::Kind::ListFolder, path));
-    if (!list.IsThere())
+    const FolderTrail above = trail_.To(folder);
+    if (!list.IsThere() || above.Passes(list.print))
         return nullptr;
+    trail_ = above.With(folder, list.print);
     junctions_.Note(folder, *list.entries);
     recent_.Keep(folder, list.entries);
     return list.entries;
@@ -202,6 +212,7 @@ void SmbProvider::BeginWalk(const std::shared_ptr<const WalkPlan>& plan) {
     recent_.Clear();
     lastShares_ = {};
     junctions_ = {};
+    trail_ = {};
     computers_.BeginWalk();
     pool_.BeginWalk();
     plan_ = plan;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/network/FolderTrail.h"
 #include "platform/network/Junctions.h"
 #include "platform/network/NetworkProvider.h"
 #include "platform/network/RecentListings.h"
@@ -38,6 +39,8 @@ public:
     [[nodiscard]] bool TakesUnknown() const override { return true; }
     /// As configured, else as the computer itself tells it.
     [[nodiscard]] QString Workgroup(const QString& server) override;
+    /// Behind another port than the usual one may be a tunnel, which leads anywhere.
+    [[nodiscard]] bool IsThisComputer(const QString& server) const override;
 
     [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const UncPath& path,
                                                       FindData& first) override;
@@ -94,6 +97,7 @@ private:
     RecentListings recent_;
     Shares lastShares_;
     Junctions junctions_;
+    FolderTrail trail_; ///< to the folder that was listed last
     std::shared_ptr<const WalkPlan> plan_;
     std::unique_ptr<SmbAhead> ahead_;  ///< as long as there is a walk
     QString lastFile_;                 ///< that the walk has read, by its key

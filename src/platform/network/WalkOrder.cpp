@@ -181,7 +181,7 @@ bool WalkOrder::IsEntered(const Step& step, const SmbEntry& entry) const {
 
 /// The file or subfolder of that name.
 WalkOrder::Step WalkOrder::Below(const Step& step, const SmbEntry& entry) {
-    Step below{.start = step.start, .depth = step.depth};
+    Step below{.start = step.start, .depth = step.depth, .trail = step.trail};
     SmbRequest& request = below.start.request;
     request.path = PathBelow(request.path, entry.name);
     below.start.path += entry.name;
@@ -215,7 +215,8 @@ void WalkOrder::Answer(quint64 id, SmbList answer) {
         return;
     if (step->start.request.kind == SmbRequest::Kind::ListShares)
         AddShares(step);
-    else if (step->start.request.kind == SmbRequest::Kind::ListFolder)
+    else if (step->start.request.kind == SmbRequest::Kind::ListFolder &&
+             !step->trail.Passes(step->list.print))
         AddContents(step, step->list.entries);
 }
 
@@ -285,6 +286,7 @@ void WalkOrder::AddSubfolders(Steps::iterator folder, const RecentListings::List
     Step step{.kind = Step::Kind::Subfolders,
               .start = folder->start,
               .depth = folder->depth + 1,
+              .trail = folder->trail.With(key, folder->list.print),
               .list = {.entries = listing},
               .left = folders};
     Count(step, folders);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ReadAhead.h"
+#include "platform/network/FolderTrail.h"
 #include "platform/network/Junctions.h"
 #include "platform/network/SmbLists.h"
 #include "smb/SmbMessages.h"
@@ -98,7 +99,8 @@ private:
         quint64 id = 0;
         Start start;
         int depth = 0;
-        SmbEntry file = {}; ///< of a place that is one
+        FolderTrail trail = {}; ///< to the place, or to what lies in it
+        SmbEntry file = {};     ///< of a place that is one
         SmbList list = {};
         qint64 bytes = 0;     ///< that its answer takes
         std::size_t next = 0; ///< of the entries whose turn hasn't come

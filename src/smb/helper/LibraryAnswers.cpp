@@ -35,6 +35,12 @@ qint64 Milliseconds(const timespec& time) {
     return qint64{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
 }
 
+/// Servers tell times within the 64 bits that this has, too, and some tell nonsense.
+qint64 Nanoseconds(const timespec& time) {
+    return static_cast<qint64>(static_cast<quint64>(time.tv_sec) * 1'000'000'000 +
+                               static_cast<quint64>(time.tv_nsec));
+}
+
 SmbEntries EntryOf(const struct stat& file) {
     return {{.name = {},
              .attributes = AttributesOfMode(file.st_mode),

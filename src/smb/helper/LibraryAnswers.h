@@ -12,6 +12,7 @@ namespace netrove {
 [[nodiscard]] int LibraryFailure();
 
 [[nodiscard]] qint64 Milliseconds(const timespec& time);
+[[nodiscard]] qint64 Nanoseconds(const timespec& time);
 
 /// What the library tells of one file.
 [[nodiscard]] SmbEntries EntryOf(const struct stat& file);

@@ -294,12 +294,19 @@ int SmbClient::ListFolder(const SmbRequest& request, const QByteArray& url, cons
     return status;
 }
 
+/// The folder itself is the entry "." of its listing, which servers give first. For an entry's
+/// number the library takes its address apart again: only this one is asked for it.
 int SmbClient::SendEntries(int folder, const Part& part) {
     SmbEntries entries;
+    struct stat self = {};
+    bool isFirst = true;
     errno = 0;
-    // With a second argument the library would take its address apart again for each entry.
     while (const libsmb_file_info* info =
-               smbc_readdirplus2(static_cast<unsigned>(folder), nullptr)) {
+               smbc_readdirplus2(static_cast<unsigned>(folder), isFirst ? &self : nullptr)) {
+        if (isFirst && std::strcmp(info->name, ".") == 0 &&
+            !part(SmbFolder{.number = self.st_ino, .changed = Nanoseconds(info->ctime_ts)}))
+            return ECANCELED;
+        isFirst = false;
         entries.push_back({.name = QString::fromUtf8(info->name),
                            .attributes = info->attrs,
                            .length = static_cast<qint64>(info->size),

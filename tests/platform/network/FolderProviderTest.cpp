@@ -1,5 +1,6 @@
 #include "platform/network/FolderProvider.h"
 
+#include "fakes/LinkedTree.h"
 #include "fakes/Text.h"
 #include "platform/TempTree.h"
 #include "runtime/ExpectRaised.h"
@@ -115,6 +116,19 @@ TEST_F(FolderProviderTest, FindsFilesInAnyCase) {
     EXPECT_TRUE(Provider().CanEnter(Unc("alpha\\c$"))) << "hidden, not closed";
     ExpectRaised(ErrorNumber::FileNotFound,
                  [&] { return Provider().Info(Unc("alpha\\music\\missing")); });
+}
+
+TEST_F(FolderProviderTest, LinksAreFollowedButNeverRoundInCircles) {
+    for (unsigned seed = 0; seed < 100; ++seed) {
+        const QByteArray name = QByteArray::number(seed);
+        tree_.Folder("trees/" + name);
+        tree_.Link("SOUTH/GAMMA/" + name, "../../trees/" + name);
+        const FileWays there = MakeLinkedTree(tree_.Bytes("trees/" + name).toStdString(), seed);
+        static_cast<void>(Names(NetEnum::DisplayNetwork, "Sample")); // looks at the folder anew
+        FileWays found;
+        Walk(Provider(), Text("\\\\GAMMA\\%1").arg(seed), "", found);
+        EXPECT_EQ(found, there) << seed;
+    }
 }
 
 TEST_F(FolderProviderTest, RefusesWhatIsClosed) {

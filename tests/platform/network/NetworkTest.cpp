@@ -2,6 +2,7 @@
 
 #include "fakes/ListedFind.h"
 #include "fakes/Text.h"
+#include "platform/network/SmbProvider.h"
 #include "runtime/ExpectRaised.h"
 
 #include <QHash>
@@ -217,6 +218,23 @@ TEST_F(NetworkTest, MakesRecordsForTypedPaths) {
     const auto tooLong = UncPath::Parse(Text("\\\\TWO\\S\\") + QString(250, u'x'));
     EXPECT_FALSE(network_->Record(*tooLong)) << "a node would cut it";
     EXPECT_FALSE(Network({}).Record(*UncPath::Parse(Text("\\\\TWO"))));
+}
+
+TEST_F(NetworkTest, KnowsThisComputerByTheAddressThatIsKnown) {
+    using Case = std::tuple<const char*, quint16, bool>;
+    for (const auto& [address, port, isThis] :
+         {Case("127.0.0.1", 445, true), Case("127.9.8.7", 445, true), Case("::1", 445, true),
+          Case("LocalHost", 445, true), Case("::1", 4450, false), Case("192.0.2.1", 445, false),
+          Case("2001:db8::1", 445, false), Case("no.invalid", 445, false), Case("", 445, false)}) {
+        const SmbHost host{.name = Text("PC"), .address = Text(address), .port = port};
+        std::vector<std::unique_ptr<NetworkProvider>> providers;
+        providers.push_back(
+            std::make_unique<SmbProvider>(Text("LAN"), SmbComputers(std::vector{host})));
+        Network network(std::move(providers));
+        EXPECT_EQ(network.IsThisComputer(Text("\\\\pc")), isThis) << address;
+        EXPECT_TRUE(network.IsThisComputer(Text("\\\\127.0.0.1")));
+    }
+    EXPECT_FALSE(network_->IsThisComputer(Text("\\\\127.0.0.1"))) << "a name like any other";
 }
 
 } // namespace

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace netrove {
+
+/// Whether a numeric address (or "localhost") leads to the computer that the program runs on: a
+/// loopback, or one of its interfaces. Asks nobody.
+[[nodiscard]] bool IsOwnAddress(const QString& address);
+
+} // namespace netrove

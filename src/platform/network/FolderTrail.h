@@ -1,0 +1,47 @@
+#pragma once
+
+#include "smb/SmbMessages.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace netrove {
+
+/// What tells a folder from all others of its server, by whatever way it was reached.
+struct FolderPrint {
+    SmbFolder folder = {};
+    std::size_t subfolders = 0; ///< a number made of their names
+
+    /// The same folder has both. The server's own number isn't enough: some servers give a disk's
+    /// top the number of another one's, and a snapshot that of what it was taken of.
+    [[nodiscard]] bool IsSame(const FolderPrint& other) const {
+        return folder.number != 0 && folder == other.folder && subfolders == other.subfolders;
+    }
+};
+
+/// The print of a folder with these entries.
+[[nodiscard]] FolderPrint PrintOf(const SmbFolder& folder, const SmbEntries& entries);
+
+/// The way of a walk down to a folder: the prints of the folders that it has gone through. A server
+/// that follows links by itself doesn't tell: a folder below which one of those above it is met
+/// again is a link that leads back. Folders have names by FolderKeys.h.
+class FolderTrail {
+public:
+    /// The part of it that leads to the folder of that key.
+    [[nodiscard]] FolderTrail To(const QString& folderKey) const;
+    [[nodiscard]] FolderTrail With(const QString& folderKey, const FolderPrint& print) const;
+
+    [[nodiscard]] bool Passes(const FolderPrint& print) const;
+
+private:
+    struct Link {
+        QString key;
+        FolderPrint print;
+        std::shared_ptr<const Link> above;
+    };
+
+    std::shared_ptr<const Link> last_;
+};
+
+} // namespace netrove
