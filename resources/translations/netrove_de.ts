@@ -17,6 +17,10 @@
             <numerusform>%n Computer fertig, %1 übrig</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Click here, or on &quot;Computers That Didn&apos;t Answer...&quot; in the menu, to see what and why</source>
+        <translation>Ein Klick hier oder „Computer ohne Antwort...“ im Menü zeigt, was und warum</translation>
+    </message>
 </context>
 <context>
     <name>FindProgram</name>
@@ -159,12 +163,17 @@ heißen, &apos;*bericht*&apos; alle, in deren Namen es vorkommt.</translation>
   --version              die Version ausgeben</translation>
     </message>
     <message>
+        <source>Examples:</source>
+        <translation>Beispiele:</translation>
+    </message>
+    <message>
         <source>One file a line, with its full path, as soon as it is found. A line break in a
 name is printed as its code in angle brackets, &lt;0A&gt;, which no name can hold;
 with --details a tab too, and on a terminal every control character.
 
 While the search runs, a terminal shows how far it is. Ctrl+C stops it and
-prints what was found so far; a second Ctrl+C ends the program at once.
+prints what was found so far; a second Ctrl+C ends the program at once. Which
+computers and shares couldn&apos;t be searched is printed to standard error.
 
 Exit status: 0 if a file was found, 1 if none was, 2 for wrong use or a failure,
 128 and the signal&apos;s number if a signal stopped the search.</source>
@@ -175,15 +184,12 @@ Tabulator und auf einem Terminal jedes Steuerzeichen.
 
 Während der Suche zeigt ein Terminal, wie weit sie ist. Strg+C hält sie an und
 gibt aus, was bis dahin gefunden wurde; ein zweites Strg+C beendet das Programm
-sofort.
+sofort. Welche Computer und Freigaben nicht durchsucht werden konnten, steht in
+der Standardfehlerausgabe.
 
 Exit-Status: 0, wenn eine Datei gefunden wurde, 1, wenn keine, 2 bei falschem
 Aufruf oder einem Fehler, 128 und die Nummer des Signals, wenn ein Signal die
 Suche angehalten hat.</translation>
-    </message>
-    <message>
-        <source>Examples:</source>
-        <translation>Beispiele:</translation>
     </message>
 </context>
 <context>
@@ -258,6 +264,113 @@ Suche angehalten hat.</translation>
     <message>
         <source>Computers for which no logon is stored are asked as a guest.</source>
         <translation>Computer, für die keine Anmeldung gespeichert ist, werden als Gast gefragt.</translation>
+    </message>
+</context>
+<context>
+    <name>NotSearched</name>
+    <message>
+        <source>It answers now: search again.</source>
+        <translation>Antwortet jetzt: Suchen Sie noch einmal.</translation>
+    </message>
+    <message>
+        <source>It refused the logon.</source>
+        <translation>Die Anmeldung wurde abgelehnt.</translation>
+    </message>
+    <message>
+        <source>It isn&apos;t open to this user.</source>
+        <translation>Für diesen Benutzer nicht freigegeben.</translation>
+    </message>
+    <message>
+        <source>%1: the folder %2.</source>
+        <translation>%1: der Ordner %2.</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be reached.</source>
+        <translation>Nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>It didn&apos;t answer in time.</source>
+        <translation>Keine Antwort in der vorgesehenen Zeit.</translation>
+    </message>
+    <message>
+        <source>It refused the connection: it offers no shares.</source>
+        <translation>Die Verbindung wurde abgelehnt: Es gibt dort keine Freigaben.</translation>
+    </message>
+    <message>
+        <source>There is no way to it.</source>
+        <translation>Es führt kein Weg dorthin.</translation>
+    </message>
+    <message>
+        <source>Nobody knows its address.</source>
+        <translation>Die Adresse ist unbekannt.</translation>
+    </message>
+    <message>
+        <source>It doesn&apos;t speak SMB 2 or 3.</source>
+        <translation>Spricht weder SMB 2 noch SMB 3.</translation>
+    </message>
+    <message>
+        <source>It broke off the connection.</source>
+        <translation>Die Verbindung ist abgebrochen.</translation>
+    </message>
+    <message>
+        <source>It isn&apos;t there any more.</source>
+        <translation>Nicht mehr vorhanden.</translation>
+    </message>
+    <message>
+        <source>%1: nobody; network.ini names no computer there, and has Find=No, which keeps the others out.</source>
+        <translation>%1: niemand; network.ini nennt dort keinen Computer und hat Find=No, was die anderen ausschließt.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: only the computers that network.ini names (%n); its Find=No keeps the others out.</source>
+        <translation>
+            <numerusform>%1: nur der Computer, den network.ini nennt (%n); Find=No schließt dort die anderen aus.</numerusform>
+            <numerusform>%1: nur die Computer, die network.ini nennt (%n); Find=No schließt dort die anderen aus.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: computers that announce themselves, by WS-Discovery, DNS-SD or NetBIOS; network.ini names none.</source>
+        <translation>%1: Computer, die sich melden, über WS-Discovery, DNS-SD oder NetBIOS; network.ini nennt keinen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: computers that announce themselves, by WS-Discovery, DNS-SD or NetBIOS, and those that network.ini names (%n).</source>
+        <translation>
+            <numerusform>%1: Computer, die sich melden, über WS-Discovery, DNS-SD oder NetBIOS, und der, den network.ini nennt (%n).</numerusform>
+            <numerusform>%1: Computer, die sich melden, über WS-Discovery, DNS-SD oder NetBIOS, und die, die network.ini nennt (%n).</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 computer</source>
+        <translation>1 Computer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n computers</source>
+        <translation>
+            <numerusform>%n Computer</numerusform>
+            <numerusform>%n Computer</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 share</source>
+        <translation>1 Freigabe</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n shares</source>
+        <translation>
+            <numerusform>%n Freigabe</numerusform>
+            <numerusform>%n Freigaben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No computer found</source>
+        <translation>Kein Computer gefunden</translation>
+    </message>
+    <message>
+        <source>%1 not searched</source>
+        <translation>%1 nicht durchsucht</translation>
+    </message>
+    <message>
+        <source>%1, %2 not searched</source>
+        <translation>%1, %2 nicht durchsucht</translation>
     </message>
 </context>
 <context>
@@ -429,45 +542,6 @@ Suche angehalten hat.</translation>
     <message>
         <source>Application-defined or object-defined error</source>
         <translation>Anwendungs- oder objektdefinierter Fehler</translation>
-    </message>
-</context>
-<context>
-    <name>SilentComputer</name>
-    <message>
-        <source>It can&apos;t be reached.</source>
-        <translation>Er ist nicht erreichbar.</translation>
-    </message>
-    <message>
-        <source>It refused the logon.</source>
-        <translation>Er hat die Anmeldung abgelehnt.</translation>
-    </message>
-    <message>
-        <source>It didn&apos;t answer in time.</source>
-        <translation>Er hat nicht rechtzeitig geantwortet.</translation>
-    </message>
-    <message>
-        <source>It refused the connection: it offers no shares.</source>
-        <translation>Er hat die Verbindung abgelehnt: Er bietet keine Freigaben an.</translation>
-    </message>
-    <message>
-        <source>There is no way to it.</source>
-        <translation>Es führt kein Weg zu ihm.</translation>
-    </message>
-    <message>
-        <source>Nobody knows its address.</source>
-        <translation>Seine Adresse ist unbekannt.</translation>
-    </message>
-    <message>
-        <source>It doesn&apos;t speak SMB 2 or 3.</source>
-        <translation>Er spricht weder SMB 2 noch SMB 3.</translation>
-    </message>
-    <message>
-        <source>It broke off the connection.</source>
-        <translation>Er hat die Verbindung abgebrochen.</translation>
-    </message>
-    <message>
-        <source>The search was aborted while it was asked.</source>
-        <translation>Die Suche wurde abgebrochen, während er gefragt wurde.</translation>
     </message>
 </context>
 <context>
@@ -845,23 +919,8 @@ Soll sie ersetzt werden?</translation>
         <translation>Alle gefragten Computer haben geantwortet.</translation>
     </message>
     <message>
-        <source>1 computer didn&apos;t answer since the last search began:</source>
-        <translation>1 Computer hat seit Beginn der letzten Suche nicht geantwortet:</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n computers didn&apos;t answer since the last search began:</source>
-        <translation>
-            <numerusform>%n Computer hat seit Beginn der letzten Suche nicht geantwortet:</numerusform>
-            <numerusform>%n Computer haben seit Beginn der letzten Suche nicht geantwortet:</numerusform>
-        </translation>
-    </message>
-    <message>
         <source>Computers That Didn&apos;t Answer</source>
         <translation>Computer ohne Antwort</translation>
-    </message>
-    <message>
-        <source>Computer</source>
-        <translation>Computer</translation>
     </message>
     <message>
         <source>Reason</source>
@@ -870,6 +929,69 @@ Soll sie ersetzt werden?</translation>
     <message>
         <source>Time</source>
         <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Computer or share</source>
+        <translation>Computer oder Freigabe</translation>
+    </message>
+    <message>
+        <source>&amp;Log On...</source>
+        <translation>&amp;Anmelden...</translation>
+    </message>
+    <message>
+        <source>&amp;Try Again</source>
+        <translation>&amp;Noch einmal fragen</translation>
+    </message>
+    <message>
+        <source>Asks whether they answer now; a search is yours to start</source>
+        <translation>Fragt, ob jetzt Antwort kommt; eine Suche beginnt damit nicht</translation>
+    </message>
+    <message>
+        <source>There is still no computer.</source>
+        <translation>Es ist immer noch kein Computer da.</translation>
+    </message>
+    <message>
+        <source>1 computer is there now: choose &quot;Set to Network Root&quot;, and search again.</source>
+        <translation>Jetzt ist 1 Computer da: Wählen Sie „Set to Network Root“ und suchen Sie noch einmal.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n computers are there now: choose &quot;Set to Network Root&quot;, and search again.</source>
+        <translation>
+            <numerusform>Jetzt ist %n Computer da: Wählen Sie „Set to Network Root“ und suchen Sie noch einmal.</numerusform>
+            <numerusform>Jetzt sind %n Computer da: Wählen Sie „Set to Network Root“ und suchen Sie noch einmal.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>It is asked again...</source>
+        <translation>Wird noch einmal gefragt...</translation>
+    </message>
+    <message>
+        <source>Looking for computers...</source>
+        <translation>Computer werden gesucht...</translation>
+    </message>
+    <message>
+        <source>Are other computers on, and in the same network as this one? Networks for guests often keep computers apart.</source>
+        <translation>Sind andere Computer eingeschaltet und im selben Netz wie dieser? Gastnetze halten Computer oft voneinander getrennt.</translation>
+    </message>
+    <message>
+        <source>A computer that doesn&apos;t announce itself can be named in %1, as in the line Computer1=ATTIC. Netrove reads that file at its start.</source>
+        <translation>Ein Computer, der sich nicht meldet, kann in %1 genannt werden, etwa mit der Zeile Computer1=ATTIC. Netrove liest diese Datei beim Start.</translation>
+    </message>
+    <message>
+        <source>A firewall on this computer must let in what comes from the UDP ports 3702 and 137.</source>
+        <translation>Eine Firewall auf diesem Computer muss einlassen, was von den UDP-Ports 3702 und 137 kommt.</translation>
+    </message>
+    <message>
+        <source>The button &lt;&gt; of the main window takes the name of a computer. Its &quot;Set to Network Root&quot; has the network read anew by the next search.</source>
+        <translation>Die Schaltfläche &lt;&gt; im Hauptfenster nimmt den Namen eines Computers entgegen. Nach ihrem „Set to Network Root“ liest die nächste Suche das Netz neu.</translation>
+    </message>
+    <message>
+        <source>This was asked:</source>
+        <translation>Gefragt wurde:</translation>
+    </message>
+    <message>
+        <source>This may help:</source>
+        <translation>Das kann helfen:</translation>
     </message>
 </context>
 <context>

@@ -5,7 +5,9 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QCursor>
 #include <QHelpEvent>
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QStyle>
@@ -14,6 +16,7 @@
 #include <qdrawutil.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace netrove {
 
@@ -42,6 +45,8 @@ public:
         for (int panel = 1; panel <= bar_->PanelCount(); ++panel) {
             if (!bar_->Text(panel).isEmpty())
                 texts.append(bar_->Text(panel));
+            if (bar_->IsClickable(panel))
+                texts.append(bar_->ToolTipText(panel));
         }
         return texts.join(QLatin1String("; "));
     }
@@ -61,6 +66,7 @@ QAccessibleInterface* MakeAccessible(const QString& className, QObject* object) 
 StatusBar::StatusBar(QWidget* parent) : QWidget(parent), grip_(this) {
     QAccessible::installFactory(MakeAccessible);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setMouseTracking(true);
 }
 
 int StatusBar::AddPanel(const QString& text, int minWidth) {
@@ -86,6 +92,50 @@ void StatusBar::SetMinWidth(int panel, int minWidth) {
         return;
     changed.minWidth = std::max(minWidth, 0);
     update();
+}
+
+int StatusBar::WidthFor(const QString& text) const {
+    // What is elided is measured in whole pixels, too.
+    return ToTwips(fontMetrics().horizontalAdvance(text) + 2 * TextMargin + Gap + 1 +
+                   grip_.sizeHint().width());
+}
+
+void StatusBar::SetClickable(int panel, bool clickable) {
+    At(panel).isClickable = clickable;
+    ShowCursor(mapFromGlobal(QCursor::pos()));
+}
+
+int StatusBar::ClickableAt(const QPoint& position) const {
+    for (int number = 1; number <= PanelCount(); ++number) {
+        if (At(number).isClickable && PanelRect(number).contains(position))
+            return number;
+    }
+    return 0;
+}
+
+void StatusBar::ShowCursor(const QPoint& position) {
+    if (ClickableAt(position) != 0)
+        setCursor(Qt::PointingHandCursor);
+    else
+        unsetCursor();
+}
+
+void StatusBar::mouseMoveEvent(QMouseEvent* event) {
+    ShowCursor(event->pos());
+}
+
+void StatusBar::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->button() == Qt::LeftButton ? ClickableAt(event->pos()) : 0;
+    if (pressed_ == 0)
+        QWidget::mousePressEvent(event);
+}
+
+void StatusBar::mouseReleaseEvent(QMouseEvent* event) {
+    const int pressed = std::exchange(pressed_, 0);
+    if (pressed != 0 && event->button() == Qt::LeftButton && ClickableAt(event->pos()) == pressed)
+        Q_EMIT PanelClick(pressed);
+    else
+        QWidget::mouseReleaseEvent(event);
 }
 
 QRect StatusBar::PanelRect(int panel) const {

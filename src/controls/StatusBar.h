@@ -35,17 +35,32 @@ public:
     [[nodiscard]] int MinWidth(int panel) const { return At(panel).minWidth; }
     void SetMinWidth(int panel, int minWidth);
 
+    /// The width of a panel that shows all of this text at the end of the bar, in twips.
+    [[nodiscard]] int WidthFor(const QString& text) const;
+
+    /// A clickable panel has a hand for the mouse, and what screen readers are told of the bar has
+    /// its tool tip too.
+    void SetClickable(int panel, bool clickable);
+    [[nodiscard]] bool IsClickable(int panel) const { return At(panel).isClickable; }
+
     /// Where a panel stands in the bar, in pixels; the part beyond the bar's end isn't seen.
     [[nodiscard]] QRect PanelRect(int panel) const;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+Q_SIGNALS:
+    /// The left button went down and up on a clickable panel.
+    void PanelClick(int panel);
+
 protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     struct Panel {
@@ -53,6 +68,7 @@ private:
         QString toolTip;
         int minWidth = 0;
         bool paintRequested = false;
+        bool isClickable = false;
     };
 
     [[nodiscard]] const Panel& At(int panel) const;
@@ -61,7 +77,12 @@ private:
     void PaintPanel(QPainter& painter, const Panel& panel, const QRect& rect) const;
     bool ShowToolTip(const QPoint& position, const QPoint& globalPosition);
 
+    /// The clickable panel at that place, 0 where there is none.
+    [[nodiscard]] int ClickableAt(const QPoint& position) const;
+    void ShowCursor(const QPoint& position);
+
     std::vector<Panel> panels_;
+    int pressed_ = 0; ///< the panel that the left button went down on
     QSizeGrip grip_;
 };
 

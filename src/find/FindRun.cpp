@@ -1,10 +1,13 @@
 #include "find/FindRun.h"
 
+#include "find/ConsoleText.h"
 #include "find/WrongUse.h"
 #include "runtime/Yield.h"
+#include "search/NotSearchedText.h"
 #include "search/SearchSummary.h"
 
 #include <limits>
+#include <ranges>
 
 namespace netrove {
 namespace {
@@ -74,6 +77,7 @@ int FindRun::Execute() {
     }
     progress_.Clear();
     console_.out.Flush();
+    PrintNotSearched();
     PrintSummary();
     if (signal_ != 0)
         return FindStatus::Signal + signal_;
@@ -92,8 +96,12 @@ void FindRun::Search() {
     place_ = arguments_.from;
     const auto start = StartNode(arguments_.from, services_);
     // A signal during that is older than the engine's own request to stop.
+    if (services_.report)
+        services_.report->Begin();
     if (signal_ == 0)
         engine_.BeginSearch(arguments_.patterns, start);
+    if (services_.report && engine_.FoundNobody())
+        services_.report->NoteNobody();
     if (failure_)
         throw RunTimeError(*failure_);
     if (signal_ == 0 && found_ == 0)
@@ -138,6 +146,23 @@ bool FindRun::Pass() {
     }
     progress_.Show(found_, place_);
     return true;
+}
+
+/// The first of them by their names: a script's log isn't to be flooded.
+void FindRun::PrintNotSearched() {
+    constexpr std::size_t mostNames = 10;
+    if (!services_.report || console_.out.Error() != 0)
+        return;
+    const QString text = NotSearchedText(*services_.report);
+    if (text.isEmpty())
+        return;
+    QStringList names;
+    for (const NotSearched& one : services_.report->All() | std::views::take(mostNames))
+        names.append(one.name);
+    if (services_.report->All().size() > mostNames)
+        names.append(QStringLiteral("..."));
+    const QString line = names.isEmpty() ? text : text + QLatin1String(": ") + names.join(u' ');
+    console_.err.WriteLine(QLatin1String("netrove-find: ") + Escaped(line, Escaping::AllControls));
 }
 
 void FindRun::PrintSummary() {

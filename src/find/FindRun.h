@@ -48,6 +48,7 @@ private:
     void PrintFound(const QString& netPath);
     /// What happens between the steps of the walk and while it waits for the network.
     [[nodiscard]] bool Pass();
+    void PrintNotSearched();
     void PrintSummary();
 
     const FindArguments& arguments_;

@@ -59,7 +59,8 @@ name is printed as its code in angle brackets, <0A>, which no name can hold;
 with --details a tab too, and on a terminal every control character.
 
 While the search runs, a terminal shows how far it is. Ctrl+C stops it and
-prints what was found so far; a second Ctrl+C ends the program at once.
+prints what was found so far; a second Ctrl+C ends the program at once. Which
+computers and shares couldn't be searched is printed to standard error.
 
 Exit status: 0 if a file was found, 1 if none was, 2 for wrong use or a failure,
 128 and the signal's number if a signal stopped the search.)");

@@ -58,6 +58,7 @@ int Main(int argc, char** argv) {
                 .files = network,
                 .record = [&network](const UncPath& path) { return network.Record(path); },
                 .ahead = &network,
+                .report = &network.Report(),
                 .computer = ComputerUNCName(LinuxSystemInformation())};
     };
     return FindProgram(application.arguments().mid(1),

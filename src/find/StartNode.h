@@ -3,6 +3,7 @@
 #include "network/NetResource.h"
 #include "platform/Files.h"
 #include "platform/NetworkEnumeration.h"
+#include "platform/NetworkReport.h"
 #include "platform/ReadAhead.h"
 #include "platform/network/UncPath.h"
 
@@ -20,8 +21,9 @@ struct FindServices {
     FileAccess& files;
     /// The record of a computer, a share or a folder below, whether it exists or not.
     std::function<std::optional<NetRecord>(const UncPath&)> record;
-    ReadAhead* ahead = nullptr; ///< of the network, if it reads ahead
-    QString computer;           ///< "\\" and the name of this computer, in upper case
+    ReadAhead* ahead = nullptr;      ///< of the network, if it reads ahead
+    NetworkReport* report = nullptr; ///< what a search hasn't seen of it, if anybody keeps that
+    QString computer;                ///< "\\" and the name of this computer, in upper case
 };
 
 /// The node that a search starts at: for an empty text the root; for \\SERVER\SHARE or

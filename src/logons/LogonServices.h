@@ -25,6 +25,8 @@ struct LogonServices {
     SmbLimits limits = {};
     const SkinOwner* skin = nullptr;     ///< who tells what the dialogs look like
     std::function<void()> openHelp = {}; ///< what the key F1 does
+    /// Whose logon is asked for at once, if any: a computer without "\\\\".
+    QString computer = {};
 };
 
 } // namespace netrove

@@ -47,8 +47,12 @@ frmLogon::frmLogon(const StoredLogon* before, const Services& services, QWidget*
     setObjectName(QStringLiteral("frmLogon"));
     setWindowTitle(before ? tr("Change Logon") : tr("Add Logon"));
     MakeControls(services.hasKeyring);
-    if (before)
+    if (before) {
         ShowLogon(*before);
+    } else if (!services.computer.isEmpty()) {
+        cboComputer_->setEditText(services.computer);
+        txtUser_->setFocus();
+    }
     skin_.Load(*this, services.skin);
     resize(layout()->totalMinimumSize());
     FixSizeAroundContents(*this);

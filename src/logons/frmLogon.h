@@ -24,6 +24,7 @@ public:
         Dialogs& dialogs;
         const SkinOwner* skin = nullptr;     ///< who tells what the dialog looks like
         std::function<void()> openHelp = {}; ///< what the key F1 does
+        QString computer = {};               ///< that a new logon is for, if that is known
     };
 
     /// What a logon for all computers is called where one stands for a name.

@@ -77,6 +77,8 @@ void frmLogons::ReadKeyring() {
         EndWork(outcome == Keyring::Outcome::Refused
                     ? tr("The keyring stayed locked: what it holds isn't shown.")
                     : QString());
+        if (!services_.computer.isEmpty())
+            AskFor(services_.computer);
     }));
 }
 
@@ -162,8 +164,25 @@ frmLogon::Services frmLogons::FormServices() const {
             .openHelp = services_.openHelp};
 }
 
+void frmLogons::AskFor(const QString& computer) {
+    const bool isStored = std::ranges::any_of(
+        shown_, [&](const StoredLogon& one) { return IsSameComputer(one.computer, computer); });
+    if (!isStored) {
+        AddFor(computer);
+        return;
+    }
+    Select(computer);
+    cmdChange_Click();
+}
+
 void frmLogons::cmdAdd_Click() {
-    frmLogon form(nullptr, FormServices(), this);
+    AddFor({});
+}
+
+void frmLogons::AddFor(const QString& computer) {
+    frmLogon::Services services = FormServices();
+    services.computer = computer;
+    frmLogon form(nullptr, services, this);
     if (form.exec() != QDialog::Accepted)
         return;
     const auto isSame = [&](const StoredLogon& one) {

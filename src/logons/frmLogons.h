@@ -35,6 +35,9 @@ private:
 
     [[nodiscard]] frmLogon::Services FormServices() const;
 
+    void AskFor(const QString& computer);
+    void AddFor(const QString& computer);
+
     void cmdAdd_Click();
     void cmdChange_Click();
     void cmdRemove_Click();

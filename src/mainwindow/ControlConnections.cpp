@@ -71,4 +71,10 @@ void ControlConnections::ConnectHeaders(ColumnHelp& columnHelp) {
     connectHeader(*controls_.lvwDownloads, ColumnHelp::lvwDownloads);
 }
 
+/// The panel that is clickable tells what a search hasn't seen.
+void ControlConnections::ConnectStatusBar(ToolsMenu& tools) {
+    QObject::connect(controls_.stbStatus, &StatusBar::PanelClick, &context_,
+                     [&tools] { tools.mnuSilent_Click(); });
+}
+
 } // namespace netrove

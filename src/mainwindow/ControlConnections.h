@@ -3,6 +3,7 @@
 #include "downloads/DownloadQueue.h"
 #include "downloads/ListOperations.h"
 #include "mainwindow/MainControls.h"
+#include "mainwindow/ToolsMenu.h"
 #include "mainwindow/about/ColumnHelp.h"
 #include "searchrun/SearchRun.h"
 #include "searchrun/SearchStart.h"
@@ -24,6 +25,7 @@ public:
     void ConnectResults(ListOperations& lists, DownloadQueue& queue, ResultsFile& resultsFile);
     void ConnectDownloads(ListOperations& lists, DownloadQueue& queue);
     void ConnectHeaders(ColumnHelp& columnHelp);
+    void ConnectStatusBar(ToolsMenu& tools);
 
 private:
     const MainControls& controls_;

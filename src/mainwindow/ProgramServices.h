@@ -7,6 +7,7 @@
 #include "platform/Http.h"
 #include "platform/NetworkEnumeration.h"
 #include "platform/NetworkReport.h"
+#include "platform/ReachTest.h"
 #include "platform/ReadAhead.h"
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
@@ -20,6 +21,11 @@
 #include <memory>
 
 namespace netrove {
+
+/// Shows a dialog that belongs to `owner` and has `openHelp` done where the help is asked for. With
+/// a computer (without "\\\\") its logon is asked for at once.
+using LogonDialog = std::function<void(QWidget& owner, const SkinOwner& skin,
+                                       std::function<void()> openHelp, const QString& computer)>;
 
 /// What the main window is given of the system. The window tests give it stand-ins.
 struct ProgramServices {
@@ -45,10 +51,10 @@ struct ProgramServices {
     /// Lets a button give up waits for the network: it stays alive during these, and they end when
     /// the function says that it has been pressed.
     std::function<void(QAbstractButton&, std::function<bool()>)> letAbandon = {};
-    /// Shows the dialog of the logons, which belongs to that window and has `openHelp` done
-    /// where the help is asked for; without one there is none.
-    std::function<void(QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp)>
-        showLogons = {};
+    /// Asks those again that didn't answer; null where nobody does.
+    ReachTest* reachTest = nullptr;
+    /// Shows the dialog of the logons; without it there is none.
+    LogonDialog showLogons = {};
 };
 
 } // namespace netrove

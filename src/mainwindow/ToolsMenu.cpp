@@ -1,7 +1,6 @@
 #include "mainwindow/ToolsMenu.h"
 
 #include "options/frmOpts.h"
-#include "silent/frmSilent.h"
 
 namespace netrove {
 
@@ -10,18 +9,32 @@ void ToolsMenu::mnuViewTrLog_Click() {
 }
 
 void ToolsMenu::mnuSilent_Click() {
+    if (!services_.report)
+        return;
     auto* dialog = controls_.window.findChild<frmSilent*>();
     if (!dialog)
-        dialog = new frmSilent(
-            {.report = *services_.report, .skin = &services_.skin, .openHelp = services_.openHelp},
-            &controls_.window);
+        dialog = new frmSilent(SilentServices(), &controls_.window);
     dialog->show();
     dialog->raise();
     dialog->activateWindow();
 }
 
+frmSilent::Services ToolsMenu::SilentServices() {
+    frmSilent::Services services{.report = *services_.report,
+                                 .test = services_.reachTest,
+                                 .isBusy = [this] { return services_.job.IsRunning(); },
+                                 .networkFile = services_.networkFile,
+                                 .skin = &services_.skin,
+                                 .openHelp = services_.openHelp};
+    if (services_.showLogons)
+        services.logOn = [this](QWidget& owner, const QString& computer) {
+            services_.showLogons(owner, services_.skin, services_.openHelp, computer);
+        };
+    return services;
+}
+
 void ToolsMenu::mnuLogon_Click() {
-    services_.showLogons(controls_.window, services_.skin, services_.openHelp);
+    services_.showLogons(controls_.window, services_.skin, services_.openHelp, QString());
 }
 
 void ToolsMenu::mnuOpts_Click() {

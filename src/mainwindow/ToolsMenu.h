@@ -1,12 +1,15 @@
 #pragma once
 
 #include "controls/ListView.h"
+#include "mainwindow/ProgramServices.h"
 #include "mainwindow/SystemValues.h"
 #include "mainwindow/services/ShellServices.h"
 #include "platform/Dialogs.h"
 #include "platform/NetworkReport.h"
 #include "platform/SystemInformation.h"
 #include "search/Settings.h"
+#include "searchrun/job/CurrentJob.h"
+#include "silent/frmSilent.h"
 #include "skins/SkinOwner.h"
 
 #include <functional>
@@ -31,10 +34,11 @@ public:
         QString logFile;
         QString downloadsFolder; ///< the default of the setting
         std::function<void()> openHelp;
-        const NetworkReport* report; ///< without one, mnuSilent_Click() is never called
-        /// Without it, mnuLogon_Click() is never called.
-        std::function<void(QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp)>
-            showLogons;
+        const NetworkReport* report; ///< without one, mnuSilent_Click() does nothing
+        ReachTest* reachTest;        ///< may be null
+        LogonDialog showLogons;      ///< without it, mnuLogon_Click() is never called
+        const CurrentJob& job;
+        QString networkFile; ///< "network.ini" with its path
     };
 
     ToolsMenu(const Controls& controls, Services services)
@@ -50,6 +54,8 @@ public:
     void FollowSkin();
 
 private:
+    [[nodiscard]] frmSilent::Services SilentServices();
+
     Controls controls_;
     Services services_;
 };

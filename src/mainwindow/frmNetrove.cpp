@@ -92,6 +92,7 @@ void frmNetrove::ConnectControls() {
     controls.ConnectResults(lists_, queue_, resultsFile_);
     controls.ConnectDownloads(lists_, queue_);
     controls.ConnectHeaders(columnHelp_);
+    controls.ConnectStatusBar(toolsMenu_);
     controls_.cmdAbandon->setEnabled(false);
     if (services_.letAbandon)
         services_.letAbandon(*controls_.cmdAbandon, [this] { return job_.GivesUpWaits(); });
@@ -159,7 +160,10 @@ ToolsMenu::Services frmNetrove::ToolsServices() {
             .downloadsFolder = DownloadsFolder(services_.applicationFolder),
             .openHelp = [this] { OpenHelp(); },
             .report = services_.report,
-            .showLogons = services_.showLogons};
+            .reachTest = services_.reachTest,
+            .showLogons = services_.showLogons,
+            .job = job_,
+            .networkFile = services_.applicationFolder + QDir::separator() + Text("network.ini")};
 }
 
 HelpMenu::Services frmNetrove::HelpServices() {

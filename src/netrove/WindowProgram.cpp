@@ -12,6 +12,7 @@ WindowProgram::WindowProgram()
     : folder_(ApplicationFolder())
     , logons_(std::make_shared<Logons>(std::make_shared<DesktopKeyring>()))
     , opened_(OpenNetwork(folder_, logons_))
+    , reachTest_(*opened_.network, SmbPool::DefaultHelper(), logons_)
     , shell_(*opened_.network)
     , site_(WebSite::Read(
           ProfileFile(IniFileName(folder_)),
@@ -48,9 +49,11 @@ ProgramServices WindowProgram::Services() {
             [this](QAbstractButton& button, std::function<bool()> isPressed) {
                 yield_.SetAbandon(button, std::move(isPressed));
             },
+        .reachTest = &reachTest_,
         .showLogons =
-            [this](QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp) {
-                ShowLogons(owner, skin, std::move(openHelp));
+            [this](QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp,
+                   const QString& computer) {
+                ShowLogons(owner, skin, std::move(openHelp), computer);
             },
     };
 }
@@ -61,7 +64,7 @@ std::unique_ptr<CopyQ> WindowProgram::NewCopyQ() const {
 }
 
 void WindowProgram::ShowLogons(QWidget& owner, const SkinOwner& skin,
-                               std::function<void()> openHelp) {
+                               std::function<void()> openHelp, const QString& forComputer) {
     frmLogons({.logons = logons_,
                .dialogs = dialogs_,
                .shareList =
@@ -70,7 +73,8 @@ void WindowProgram::ShowLogons(QWidget& owner, const SkinOwner& skin,
                    },
                .helper = SmbPool::DefaultHelper(),
                .skin = &skin,
-               .openHelp = std::move(openHelp)},
+               .openHelp = std::move(openHelp),
+               .computer = forComputer},
               &owner)
         .exec();
 }

@@ -10,6 +10,7 @@
 #include "platform/desktop/SessionEnd.h"
 #include "platform/desktop/WindowYield.h"
 #include "platform/http/HttpReader.h"
+#include "platform/network/NetworkReachTest.h"
 #include "platform/network/OpenNetwork.h"
 
 #include <QStringList>
@@ -31,12 +32,14 @@ public:
 private:
     [[nodiscard]] ProgramServices Services();
     [[nodiscard]] std::unique_ptr<CopyQ> NewCopyQ() const;
-    void ShowLogons(QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp);
+    void ShowLogons(QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp,
+                    const QString& computer);
 
     WindowYield yield_;
     const QString folder_;
     const std::shared_ptr<Logons> logons_;
     const OpenedNetwork opened_;
+    NetworkReachTest reachTest_;
     DesktopDialogs dialogs_;
     DesktopShell shell_;
     DesktopFileTypes fileTypes_;

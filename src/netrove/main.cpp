@@ -3,6 +3,7 @@
 #include "netrove/WindowProgram.h"
 #include "platform/Utf8Locale.h"
 #include "platform/desktop/DesktopApplication.h"
+#include "platform/desktop/SessionBus.h"
 #include "runtime/ProgramVersion.h"
 #include "translations/Translation.h"
 
@@ -40,6 +41,7 @@ int main(int argc, char** argv) {
         PrintText(argc, argv);
         return EXIT_SUCCESS;
     }
+    netrove::LeaveSilentSessionBus();
     const netrove::DesktopApplication application(argc, argv);
     const netrove::Translation translation;
     const netrove::StartArguments start(QApplication::arguments().mid(1));

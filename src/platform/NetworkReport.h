@@ -3,22 +3,31 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
 namespace netrove {
 
-/// A computer that was asked for its shares in vain. Reasons are texts of this class.
-struct SilentComputer {
-    QString name;   ///< with "\\"
+/// A computer whose list of shares couldn't be had, or a share that couldn't be entered. Reasons
+/// are texts of this class.
+struct NotSearched {
+    QString name;   ///< of its node: "\\\\COMPUTER" or "\\\\COMPUTER\\SHARE"
     QString reason; ///< a sentence for the user
     QDateTime time;
+    bool answersNow = false; ///< it was asked again since, and answered
 
-    Q_DECLARE_TR_FUNCTIONS(SilentComputer)
+    [[nodiscard]] bool IsShare() const { return name.count(QLatin1Char('\\')) > 2; }
+    /// The computer that it is or belongs to, without "\\\\".
+    [[nodiscard]] QString Computer() const { return name.section(QLatin1Char('\\'), 2, 2); }
+
+    [[nodiscard]] bool operator==(const NotSearched&) const = default;
+
+    Q_DECLARE_TR_FUNCTIONS(NotSearched)
 };
 
-/// What has become of the computers of the network since a search began. The search itself passes
-/// over those that don't answer, without a word.
+/// What a search hasn't seen of the network though it was to look there. The search itself passes
+/// over what doesn't answer, without a word. What the user has aborted or left out isn't here.
 class NetworkReport {
 public:
     NetworkReport() = default;
@@ -29,8 +38,19 @@ public:
     /// Forgets everything: a search begins.
     virtual void Begin() = 0;
 
-    /// Those that didn't answer when they were asked last, in the order of time.
-    [[nodiscard]] virtual const std::vector<SilentComputer>& SilentComputers() const = 0;
+    /// Those that were asked in vain since then, by whomever, in the order of time.
+    [[nodiscard]] virtual const std::vector<NotSearched>& All() const = 0;
+
+    /// Takes down that one of them, or another, has answered or hasn't. `name` is that of its node.
+    virtual void NoteAnswer(const QString& name) = 0;
+    virtual void NoteSilence(const QString& name, const QString& reason) = 0;
+
+    /// The search was to look for computers, and there was none.
+    virtual void NoteNobody() = 0;
+    [[nodiscard]] virtual bool FoundNobody() const = 0;
+
+    /// Where the computers of the network are looked for, a sentence for the user each.
+    [[nodiscard]] virtual QStringList Sources() const = 0;
 };
 
 } // namespace netrove

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QUrl>
 
+#include <functional>
 #include <optional>
 
 namespace netrove {
@@ -26,12 +27,17 @@ public:
     Shell& operator=(const Shell&) = delete;
     virtual ~Shell() = default;
 
+    /// Called later, from the event loop, where only then it shows that nothing was opened. May be
+    /// empty.
+    using Failed = std::function<void()>;
+
     /// Opens a file, a folder or an address with the program that the desktop has for it. A
     /// network path becomes a local path where it has one, else an "smb:" address.
-    [[nodiscard]] virtual int Execute(const QString& file, ShellVerb verb) = 0;
+    [[nodiscard]] virtual int Execute(const QString& file, ShellVerb verb,
+                                      const Failed& failed) = 0;
 
     /// Lets the user choose a program for a file that has none; false if that can't be done.
-    [[nodiscard]] virtual bool OpenWith(const QString& file) = 0;
+    [[nodiscard]] virtual bool OpenWith(const QString& file, const Failed& failed) = 0;
 
     /// What other programs know a file by: a local address where it has a local path, else an
     /// "smb:" one. Nothing where its path can't be an address. It isn't looked whether the file

@@ -22,6 +22,17 @@ std::vector<Pattern> Patterns(const QString& fileName) {
     return patterns;
 }
 
+bool ContainsComputers(const NetResource& node) {
+    switch (node.ResourceType()) {
+    case ResourceType::Network:
+    case ResourceType::Domain:
+    case ResourceType::Group:
+        return true;
+    default:
+        return node.RemoteName().isEmpty(); // the root
+    }
+}
+
 } // namespace
 
 NWSearch::NWSearch(const SearchServices& services)
@@ -49,6 +60,7 @@ void NWSearch::BeginSearch(const QString& fileName,
     context_.ResultList.assign(1, QString());
     reachedComputers_ = 0;
     knownComputers_ = 0;
+    hasEmptyList_ = false;
     if (!networkStartPoint)
         throw RunTimeError(ErrorNumber::ObjectNotSet);
     ahead_.emplace(
@@ -176,6 +188,7 @@ void NWSearch::WalkChildren(const QString& fileName, NetResource& node) {
     const auto children = node.Children();
     if (!children)
         return;
+    hasEmptyList_ = hasEmptyList_ || (children->Count() == 0 && ContainsComputers(node));
     knownComputers_ +=
         static_cast<int>(std::count_if(children->begin(), children->end(), [](const auto& child) {
             return child->ResourceType() == ResourceType::Server;

@@ -60,6 +60,12 @@ public:
         return std::max(knownComputers_, reachedComputers_);
     }
 
+    /// Whether the walk has looked for computers to the end, in lists that are empty, and knows of
+    /// none.
+    [[nodiscard]] bool FoundNobody() const {
+        return hasEmptyList_ && KnownComputers() == 0 && !context_.AbandonRequested;
+    }
+
 private:
     enum class Next { WalkChildren, Leave };
 
@@ -82,6 +88,7 @@ private:
     bool recurseFolders_ = false;
     int reachedComputers_ = 0;
     int knownComputers_ = 0;
+    bool hasEmptyList_ = false; ///< of computers or what contains them
 };
 
 } // namespace netrove

@@ -26,7 +26,8 @@ QString StatusOf(JobKind kind) {
 
 } // namespace
 
-JobDisplay::JobDisplay(Controls controls, CurrentJob& job) : controls_(std::move(controls)) {
+JobDisplay::JobDisplay(Controls controls, CurrentJob& job)
+    : controls_(std::move(controls)), computers_(controls_.stbStatus) {
     job.Shown = [this](JobKind kind) { Show(kind); };
     job.Hidden = [this](JobKind kind) { Hide(kind); };
 }
@@ -48,6 +49,8 @@ void JobDisplay::EnableButtons(bool bs, EnType enType) {
 
 void JobDisplay::Show(JobKind kind) {
     EnableButtons(false, TypeOf(kind));
+    // What the last search hasn't seen.
+    computers_.Clear();
     if (!IsLong(kind))
         return;
     controls_.cmdAbandon.setEnabled(true);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/StatusBar.h"
+#include "searchrun/ComputerPanel.h"
 #include "searchrun/job/CurrentJob.h"
 
 #include <QAction>
@@ -45,6 +46,7 @@ private:
     void Hide(JobKind kind);
 
     Controls controls_;
+    ComputerPanel computers_;
 };
 
 } // namespace netrove

@@ -4,6 +4,7 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "search/NotSearchedText.h"
 #include "search/SearchSummary.h"
 #include "search/SearchText.h"
 #include "searchrun/columns/AudioColumns.h"
@@ -64,6 +65,8 @@ std::optional<qint64> SearchRun::Run(CurrentJob::Run& job) {
     // A walk forgets what it was asked before its beginning.
     if (!job.IsToStop())
         engine->BeginSearch(patterns, state_.SearchStartNode);
+    if (services_.report && engine->FoundNobody())
+        services_.report->NoteNobody();
     return QDateTime::currentSecsSinceEpoch() - started;
 }
 
@@ -134,7 +137,7 @@ void SearchRun::ShowFailure(const RunTimeError& error) {
 
 void SearchRun::GiveControlsBack(CurrentJob::Run& job) {
     job.End();
-    computers_.Clear();
+    computers_.Tell(services_.report ? NotSearchedText(*services_.report) : QString());
     state_.SearchEvt.reset();
 }
 

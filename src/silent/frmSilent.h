@@ -2,44 +2,69 @@
 
 #include "controls/ListView.h"
 #include "platform/NetworkReport.h"
+#include "platform/ReachTest.h"
 #include "skins/DialogSkin.h"
 
 #include <QDialog>
 #include <QLabel>
+#include <QPushButton>
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 
 namespace netrove {
 
-/// Shows the computers that didn't answer, with the reason and the time, and follows the report
-/// while it's open. A search may go on behind it.
+/// Shows what a search hasn't seen of the network: the computers and shares that didn't answer,
+/// with the reason and the time, or, where no computer was found at all, what was asked and what
+/// helps. It follows the report while it's open; a search may go on behind it.
+///
+/// "Try Again" asks what didn't answer, and tells whether it does now. It starts no search.
 class frmSilent : public QDialog {
     Q_OBJECT
 
 public:
     struct Services {
         const NetworkReport& report;
+        ReachTest* test = nullptr; ///< without one nobody is asked again
+        /// Whether a job runs: nobody is asked again and no logon is changed meanwhile.
+        std::function<bool()> isBusy = [] { return false; };
+        /// Asks for the logon of a computer (without "\\"); without it there is no button for that.
+        std::function<void(QWidget& owner, const QString& computer)> logOn = {};
+        QString networkFile = {};            ///< "network.ini" with its path
         const SkinOwner* skin = nullptr;     ///< what it looks like; null for the desktop's look
         std::function<void()> openHelp = {}; ///< what the key F1 does
     };
 
     frmSilent(const Services& services, QWidget* owner);
+    ~frmSilent() override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void LayOut();
+    [[nodiscard]] QWidget* MakeButtons();
+    void Refresh();
     void Fill();
+    void ShowNobody(bool nobody);
+    void UpdateButtons();
     void CopyRows() const;
+    void cmdLogOn_Click();
+    void cmdTryAgain_Click();
+    void LookForComputers();
+    [[nodiscard]] std::optional<NotSearched> Selected() const;
 
     Services services_;
     QLabel* lblCount_;
     ListView* lvwSilent_;
+    QLabel* lblNobody_;
+    QPushButton* cmdLogOn_ = nullptr;
+    QPushButton* cmdTryAgain_ = nullptr;
     QTimer tmrRefresh_;
     DialogSkin skin_;
-    QDateTime shownUntil_; ///< when the last computer was silent that is shown
+    std::vector<NotSearched> shown_;
+    std::optional<int> foundNow_; ///< when nobody had been found and was looked for again
 };
 
 } // namespace netrove

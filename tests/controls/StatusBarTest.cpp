@@ -8,6 +8,7 @@
 #include <QHelpEvent>
 #include <QPaintEvent>
 #include <QSizeGrip>
+#include <QTest>
 #include <QTextDocument>
 #include <QToolTip>
 #include <gtest/gtest.h>
@@ -113,6 +114,28 @@ TEST_F(StatusBarTest, TellsToolTipsAndScreenReaders) {
     EXPECT_EQ(reader->role(), QAccessible::StatusBar);
     EXPECT_EQ(reader->text(QAccessible::Name), QStringLiteral("Status bar"));
     EXPECT_EQ(reader->text(QAccessible::Description), QStringLiteral("Idle; \\\\A\\B"));
+}
+
+TEST_F(StatusBarTest, APanelCanBeClicked) {
+    QList<int> clicks;
+    connect(&bar, &StatusBar::PanelClick, this, [&](int panel) { clicks.append(panel); });
+    const QPoint inside = bar.PanelRect(2).center();
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, inside);
+    bar.SetText(2, QStringLiteral("1 share"));
+    bar.SetToolTipText(2, QStringLiteral("Click"));
+    bar.SetClickable(2, true);
+    QTest::mouseMove(&bar, inside);
+    EXPECT_EQ(bar.cursor().shape(), Qt::PointingHandCursor);
+    QTest::mouseClick(&bar, Qt::RightButton, {}, inside);
+    QTest::mousePress(&bar, Qt::LeftButton, {}, inside);
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, bar.PanelRect(1).center());
+    EXPECT_TRUE(clicks.isEmpty());
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, inside);
+    EXPECT_EQ(clicks, QList<int>{2});
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&bar)->text(QAccessible::Description),
+              QStringLiteral("Idle; 1 share; Click"));
+    QTest::mouseMove(&bar, bar.PanelRect(1).center());
+    EXPECT_EQ(bar.cursor().shape(), Qt::ArrowCursor);
 }
 
 } // namespace

@@ -4,9 +4,18 @@
 #include "fakes/MemoryNetwork.h"
 #include "fakes/Text.h"
 #include "platform/desktop/DesktopAddress.h"
+#include "platform/desktop/SessionBus.h"
 
 #include <QDir>
+#include <QElapsedTimer>
+#include <QProcess>
 #include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+
+#include <dbus/dbus.h>
+#include <sys/stat.h>
 
 namespace netrove {
 namespace {
@@ -83,18 +92,22 @@ protected:
 
     int Execute(const QString& file, ShellVerb verb = ShellVerb::Default) {
         opened.clear();
-        return shell.Execute(file, verb);
+        return shell.Execute(file, verb, {});
     }
     std::string Local(const char* name) { return "file://" + folder.path().toStdString() + name; }
+
+    DesktopShell::Opener Opener() {
+        return [this](const QUrl& address, const Shell::Failed& /*failed*/) {
+            opened = address.toEncoded().toStdString();
+            return openerWorks;
+        };
+    }
 
     QTemporaryDir folder;
     Network network;
     std::string opened;
     bool openerWorks = true;
-    DesktopShell shell{network, [this](const QUrl& address) {
-                           opened = address.toEncoded().toStdString();
-                           return openerWorks;
-                       }};
+    DesktopShell shell{network, Opener()};
 };
 
 TEST_F(DesktopShellTest, OpensWhatIsThere) {
@@ -152,8 +165,129 @@ TEST_F(DesktopShellTest, SaysWhatHasNoProgram) {
     openerWorks = false;
     EXPECT_EQ(Execute(folder.filePath(Text("song.mp3"))), Shell::NoAssociation);
     // Nobody can be asked without a session bus.
-    EXPECT_FALSE(shell.OpenWith(folder.filePath(Text("unknown.qqq"))));
-    EXPECT_FALSE(shell.OpenWith(Text("https://netrove.example/")));
+    EXPECT_FALSE(shell.OpenWith(folder.filePath(Text("unknown.qqq")), {}));
+    EXPECT_FALSE(shell.OpenWith(Text("https://netrove.example/"), {}));
+}
+
+/// Programs of the test's own, that are found before others.
+class OwnPrograms {
+public:
+    OwnPrograms() { qputenv("PATH", folder_.path().toUtf8() + ':' + before_); }
+    ~OwnPrograms() { qputenv("PATH", before_); }
+
+    void Write(const char* name, const QByteArray& script) {
+        const QString path = folder_.filePath(Text(name));
+        WriteFile(path, "#!/bin/sh\n" + script + '\n');
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    [[nodiscard]] QString Folder() const { return folder_.path(); }
+
+private:
+    QTemporaryDir folder_;
+    QByteArray before_ = qgetenv("PATH");
+};
+
+/// Far below what anything that hangs would take, far above the limits on a busy machine.
+constexpr qint64 NoHang = 1000;
+
+TEST_F(DesktopShellTest, AQuestionThatHangsHoldsNobodyUp) {
+    OwnPrograms programs;
+    programs.Write("xdg-mime", "exec sleep 60");
+    QElapsedTimer time;
+    time.start();
+    EXPECT_EQ(Execute(folder.filePath(Text("unknown.qqq"))), Shell::Success);
+    EXPECT_EQ(opened, Local("/unknown.qqq")) << "the opener finds out";
+    EXPECT_GE(time.elapsed(), DesktopShell::QuestionLimit.count());
+    EXPECT_LT(time.elapsed(), NoHang);
+}
+
+TEST(DesktopOpenerTest, TellsItsFailureAndIsNotWaitedFor) {
+    OwnPrograms programs;
+    const QString pipe = programs.Folder() + Text("/pipe");
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    programs.Write("xdg-open", "case $1 in *bad*) exit 3;; *good*) exit 0;; esac\n"
+                               "read line <" +
+                                   QFile::encodeName(pipe) + " && touch '" +
+                                   QFile::encodeName(programs.Folder()) + "/done'");
+    QStringList failed;
+    {
+        DesktopOpener opener;
+        for (const char* address : {"smb://good", "smb://slow/it's", "smb://bad"})
+            EXPECT_TRUE(opener.Open(QUrl(Text(address)),
+                                    [&failed, address] { failed.append(Text(address)); }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !failed.isEmpty(); }));
+    }
+    WriteFile(pipe, "go on\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(programs.Folder() + Text("/done")); }))
+        << "what was opened outlives the program";
+    EXPECT_EQ(failed, Texts({"smb://bad"}));
+}
+
+/// A session bus of the test's own.
+class SessionBusTest : public DesktopShellTest {
+protected:
+    void SetUp() override {
+        daemon.start(Text("dbus-daemon"),
+                     {Text("--session"), Text("--nofork"), Text("--print-address=1"),
+                      Text("--address=unix:path=") + Path()});
+        if (!daemon.waitForReadyRead())
+            GTEST_SKIP() << "needs dbus-daemon";
+        address = daemon.readAllStandardOutput().trimmed();
+    }
+    void TearDown() override {
+        QDBusConnection::disconnectFromBus(Text("test"));
+        daemon.kill();
+        daemon.waitForFinished();
+    }
+    [[nodiscard]] QString Path() const { return folder.path() + Text("/bus"); }
+
+    QProcess daemon;
+    QByteArray address;
+};
+
+TEST_F(SessionBusTest, AServiceThatHangsHoldsNobodyUp) {
+    DesktopShell withBus(network, Opener(),
+                         QDBusConnection::connectToBus(QString::fromUtf8(address), Text("test")));
+    const QString song = folder.filePath(Text("song.mp3"));
+    int failures = 0;
+    const auto failed = [&failures] { ++failures; };
+    EXPECT_FALSE(withBus.OpenWith(song, failed)) << "nobody offers it";
+    EXPECT_EQ(withBus.Execute(song, ShellVerb::Explore, failed), Shell::Success);
+    EXPECT_EQ(opened, Local("/"));
+
+    DBusConnection* service = dbus_connection_open_private(address.constData(), nullptr);
+    ASSERT_TRUE(service && dbus_bus_register(service, nullptr));
+    for (const char* name : {"org.freedesktop.portal.Desktop", "org.freedesktop.FileManager1"})
+        dbus_bus_request_name(service, name, 0, nullptr);
+    opened.clear();
+    QElapsedTimer time;
+    time.start();
+    EXPECT_TRUE(withBus.OpenWith(song, failed));
+    EXPECT_EQ(withBus.Execute(song, ShellVerb::Explore, failed), Shell::Success);
+    EXPECT_LT(time.elapsed(), NoHang);
+    EXPECT_EQ(opened, "");
+    dbus_connection_close(service);
+    dbus_connection_unref(service);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return failures == 1 && !opened.empty(); }));
+    EXPECT_EQ(opened, Local("/")) << "what the file manager didn't show is opened";
+}
+
+TEST_F(SessionBusTest, ASilentBusIsLeftAlone) {
+    const char* const variable = "DBUS_SESSION_BUS_ADDRESS";
+    const QByteArray before = qgetenv(variable);
+    const auto after = [&](const QByteArray& value) {
+        qputenv(variable, value);
+        LeaveSilentSessionBus();
+        return qgetenv(variable);
+    };
+    EXPECT_EQ(after(address), address);
+    EXPECT_EQ(after("unix:path=/nonexistent/bus"), "unix:path=/nonexistent/bus");
+    kill(static_cast<pid_t>(daemon.processId()), SIGSTOP);
+    QElapsedTimer time;
+    time.start();
+    EXPECT_EQ(after(address), "disabled:");
+    EXPECT_LT(time.elapsed(), NoHang);
+    qputenv(variable, before);
 }
 
 } // namespace

@@ -124,11 +124,14 @@ public:
     QStringList Opened;
     int Result = Shell::Success;
 
-    int Execute(const QString& file, ShellVerb /*verb*/) override {
+    Failed FailLater; ///< of what was opened last
+
+    int Execute(const QString& file, ShellVerb /*verb*/, const Failed& failed) override {
         Opened.append(file);
+        FailLater = failed;
         return Result;
     }
-    bool OpenWith(const QString& /*file*/) override { return false; }
+    bool OpenWith(const QString& /*file*/, const Failed& /*failed*/) override { return false; }
     /// "net:" and the path's elements; nothing for what isn't a network path.
     std::optional<QUrl> Address(const QString& file) override {
         if (!file.startsWith(QLatin1String("\\\\")))

@@ -3,6 +3,7 @@
 #include "fakes/MemoryNetwork.h"
 #include "fakes/Text.h"
 #include "find/ConsoleText.h"
+#include "platform/network/ComputerReport.h"
 #include "runtime/ProgramVersion.h"
 #include "runtime/Yield.h"
 
@@ -84,11 +85,15 @@ protected:
                 path.Share().isEmpty() ? NetEnum::DisplayServer : NetEnum::DisplayShare;
             return NetRecord{.dwDisplayType = type, .lpRemoteName = path.Text()};
         };
-        return {
-            .network = network, .files = network, .record = record, .computer = Text("\\\\HERE")};
+        return {.network = network,
+                .files = network,
+                .record = record,
+                .report = &report,
+                .computer = Text("\\\\HERE")};
     }
 
     MemoryNetwork network;
+    ComputerReport report;
     std::function<int()> signal = [] { return 0; };
 };
 
@@ -128,6 +133,25 @@ TEST_F(Find, StopsAtTheFirstFileAboveTheLimit) {
     const Outcome exact = Run({"--max", "2", "*.txt"});
     EXPECT_EQ(exact.out.count(u'\n'), 2);
     EXPECT_TRUE(exact.err.isEmpty());
+}
+
+TEST_F(Find, TellsInOneLineWhatWasNotSearched) {
+    report.NoteSilence(Text("\\\\OLD"), {});
+    network.OnCall = [this](const QString& call) {
+        if (call == Text("enter \\\\S\\D"))
+            report.NoteSilence(Text("\\\\S\\D\n"), {});
+    };
+    const Outcome one = Run({"*.txt"});
+    EXPECT_EQ(one.err, Text("netrove-find: 1 share not searched: \\\\S\\D<0A>\n"));
+    EXPECT_EQ(one.status, FindStatus::Found);
+    network.OnCall = [this](const QString& call) {
+        for (int at = 1; call == Text("enter \\\\S\\D") && at <= 11; ++at)
+            report.NoteSilence(Text("\\\\S%1").arg(at), {});
+    };
+    EXPECT_TRUE(Run({"*.txt"}).err.endsWith(Text(" \\\\S10 ...\n")));
+    network.OnCall = {};
+    network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Other"));
+    EXPECT_EQ(Run({"--from", "Other", "*"}).err, Text("netrove-find: No computer found\n"));
 }
 
 TEST_F(Find, PrintsDetails) {

@@ -27,6 +27,8 @@ TEST_F(RealFind, ListsTheAudioOfTheSampleNetwork) {
     Start({Text("--details"), Text("*.mp3")});
     ASSERT_TRUE(program.waitForFinished(Milliseconds));
     EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(program.readAllStandardError(), "netrove-find: 1 computer, 1 share not searched: "
+                                              "\\\\PELICAN \\\\BARLEY\\Private\n");
     QStringList found;
     for (const QString& line :
          QString::fromUtf8(program.readAllStandardOutput()).trimmed().split(u'\n')) {

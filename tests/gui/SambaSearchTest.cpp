@@ -3,6 +3,7 @@
 #include "fakes/Files.h"
 #include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
+#include "platform/network/NetworkReachTest.h"
 #include "platform/network/OpenNetwork.h"
 #include "smb/SambaServer.h"
 
@@ -50,12 +51,14 @@ TEST_F(SambaSearch, InTheWindow) {
     ProgramServices services = desktop.Services(
         *opened.network, [&] { return std::make_unique<FileCopier>(*opened.network); });
     services.ahead = opened.network.get();
+    services.report = &opened.network->Report();
     frmNetrove window(services);
     WindowDriver driver(window);
     driver.Open();
     window.ProgramSettings().ExcNetNodes.clear();
     driver.Search("*.mp3");
     EXPECT_EQ(Sorted(driver.Rows()), songs);
+    EXPECT_EQ(driver.StatusText(3), Text("1 computer, 1 share not searched"));
     EXPECT_EQ(driver.Results().SubItem(1, 2), Text("0.0000"));
     EXPECT_TRUE(QFile::remove(samba->Path(Text("public/one.mp3"))));
     driver.Search("*.mp3");
@@ -63,6 +66,29 @@ TEST_F(SambaSearch, InTheWindow) {
     samba->AddFile(Text("public/one.mp3"), "some content");
     driver.Search("*.mp3");
     EXPECT_EQ(Sorted(driver.Rows()), songs);
+
+    // FILER is made out to have been silent.
+    NetworkReport& report = opened.network->Report();
+    const QStringList names =
+        Texts({"\\\\GONE", "\\\\FILER", "\\\\FILER\\PUBLIC", "\\\\FILER\\NONE"});
+    for (const QString& name : names)
+        report.NoteSilence(name, QString());
+    NetworkReachTest reachTest(*opened.network, SmbPool::DefaultHelper(), nullptr);
+    reachTest.Begin(names);
+    EXPECT_TRUE(reachTest.IsAsking(names[3]));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            reachTest.TakeAnswers();
+            return !reachTest.IsRunning();
+        },
+        30000));
+    QStringList reasons;
+    for (const NotSearched& one : report.All())
+        reasons.append(one.reason);
+    EXPECT_EQ(reasons, Texts({"It isn't open to this user.",
+                              "It refused the connection: it offers no shares.",
+                              "It answers now: search again.", "It answers now: search again.",
+                              "It isn't there any more."}));
 
     driver.Browse([](frmNWDialog& browser) {
         auto& tree = FindIn<TreeView>(browser, "tvwNetwork");

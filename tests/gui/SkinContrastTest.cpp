@@ -11,6 +11,7 @@
 #include "online/frmUpdate.h"
 #include "options/frmAddNetNode.h"
 #include "options/frmOpts.h"
+#include "platform/network/ComputerReport.h"
 #include "silent/frmSilent.h"
 #include "skins/frmCustomizeSkin.h"
 
@@ -45,16 +46,6 @@ QPalette DarkDesktop() {
     return dark;
 }
 
-class NoReport : public NetworkReport {
-public:
-    void Begin() override {}
-    const std::vector<SilentComputer>& SilentComputers() const override { return silent_; }
-
-private:
-    std::vector<SilentComputer> silent_{
-        {Text("\\\\PELICAN"), Text("It can't be reached."), QDateTime::currentDateTime()}};
-};
-
 /// The program under one skin on one desktop, with every window that it has.
 class SkinContrast : public testing::TestWithParam<std::tuple<int, bool>>, public TestDesktop {
 protected:
@@ -72,6 +63,8 @@ protected:
         for (const auto& [path, text] : {std::pair("Netrove2.ver", "TBS_VER 99.0.0"),
                                          std::pair("Netrove2.nwz", "TBS_NWZ News")})
             http.Pages.insert(Text("https://site.example/files/") + Text(path), Text(text));
+        report.NoteSilence(Text("\\\\PELICAN"), Text("It can't be reached."));
+        nobody.NoteNobody();
         logons->Store({.computer = Text("LANTERN"), .user = Text("me")}, [](auto) {});
     }
     ~SkinContrast() override {
@@ -116,6 +109,7 @@ protected:
                              .skin = &skin},
                             owner),
             new frmSilent({.report = report, .skin = &skin}, owner),
+            new frmSilent({.report = nobody, .skin = &skin}, owner),
             new frmLogons({.logons = logons,
                            .dialogs = dialogs,
                            .shareList = {},
@@ -175,7 +169,8 @@ protected:
     }
 
     MemoryNetwork network;
-    NoReport report;
+    ComputerReport report;
+    ComputerReport nobody{[] { return Texts({"Net: three houses."}); }};
     ShellServices shellServices{shell, dialogs};
     ExclusionLists exclusions;
     Settings settings;

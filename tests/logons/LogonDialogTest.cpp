@@ -18,16 +18,21 @@ namespace {
 class LogonDialogTest : public testing::Test {
 protected:
     void Open() {
+        Show({});
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        AwaitRest();
+    }
+
+    void Show(const QString& computer) {
         dialog = std::make_unique<frmLogons>(
             LogonServices{.logons = logons,
                           .dialogs = dialogs,
                           .shareList = [this](const QString&) { return shareList; },
                           .helper = SambaServer::Helper(),
-                          .openHelp = [this] { ++helps; }},
+                          .openHelp = [this] { ++helps; },
+                          .computer = computer},
             nullptr);
         dialog->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-        AwaitRest();
     }
 
     void AwaitRest() {
@@ -135,6 +140,25 @@ TEST_F(LogonDialogTest, LogonsAreAddedChangedAndRemoved) {
     AwaitRest();
     EXPECT_EQ(Rows(), "");
     EXPECT_TRUE(keyring->entries.isEmpty());
+}
+
+TEST_F(LogonDialogTest, AComputerCanBeGivenThatIsAskedForAtOnce) {
+    const auto openFor = [this](const char* title, const QStringList& typed) {
+        UseDialog<frmLogon>(
+            [&] {
+                Show(Text("ATTIC"));
+                AwaitRest();
+            },
+            [&](frmLogon& form) {
+                EXPECT_EQ(form.windowTitle(), Text(title));
+                Fill(form, typed);
+            },
+            [](frmLogon& form) { return form.focusWidget() && form.focusWidget()->hasFocus(); });
+    };
+    openFor("Add Logon", Texts({"bob", "secret"}));
+    EXPECT_EQ(Rows(), "ATTIC|bob|Keyring|");
+    openFor("Change Logon", Texts({"other"}));
+    EXPECT_EQ(logons->All()[0].password.Bytes().toByteArray(), QByteArray("other"));
 }
 
 TEST_F(LogonDialogTest, TheFormTakesNoHalfLogon) {

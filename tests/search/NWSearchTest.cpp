@@ -188,6 +188,22 @@ TEST_F(Engine, OtherTypesAreOnlyLogged) {
     EXPECT_TRUE(Logged("*", Root()).contains(Text("Other Type: Generic\r\n \r\n")));
 }
 
+TEST_F(Engine, KnowsWhenThereAreNoComputers) {
+    const auto foundNobody = [this](const std::shared_ptr<NetResource>& start) {
+        Search("*", start);
+        return engine.FoundNobody();
+    };
+    EXPECT_FALSE(foundNobody(Root())) << "there are some";
+    EXPECT_TRUE(foundNobody(Node("Empty", 6)));
+    EXPECT_TRUE(foundNobody(Node("Empty", 1)));
+    EXPECT_FALSE(foundNobody(Node("\\\\EMPTY", 2))) << "one was given";
+    EXPECT_FALSE(foundNobody(Node("\\\\EMPTY\\D", 3)));
+    settings.ExcNetNodes = {Text("Empty|True|Network")};
+    EXPECT_FALSE(foundNobody(Node("Empty", 6))) << "nobody was looked for";
+    onUpdate = [this](const QString&) { engine.Abandon(); };
+    EXPECT_FALSE(foundNobody(Node("Empty", 1)));
+}
+
 TEST_F(Engine, PassesOverTheCurrentComputer) {
     network.AddFile(Text("\\\\S\\D\\a.mp3"));
     settings.CurrentComputerName = Text("\\\\s ");

@@ -21,11 +21,11 @@ public:
     bool chosen = false;
     ShellVerb verb = ShellVerb::Default;
 
-    int Execute(const QString& file, ShellVerb with) override {
+    int Execute(const QString& file, ShellVerb with, const Failed& failed) override {
         verb = with;
-        return RecordedShell::Execute(file, with);
+        return RecordedShell::Execute(file, with, failed);
     }
-    bool OpenWith(const QString& /*file*/) override { return chosen; }
+    bool OpenWith(const QString& /*file*/, const Failed& /*failed*/) override { return chosen; }
 };
 
 class ShellTest : public testing::Test {
@@ -46,7 +46,14 @@ TEST_F(ShellTest, RunsAndTellsFailures) {
     EXPECT_EQ(services.ShellRun(Text("file")), -1);
     EXPECT_TRUE(dialogs.Shown.isEmpty());
 
+    // The opener may say only later that it can't.
+    shell.Result = Shell::Success;
+    EXPECT_EQ(services.ShellRun(Text("file")), -1);
+    shell.FailLater();
+    EXPECT_EQ(dialogs.TakeWhole(), "") << "a program was chosen";
     shell.chosen = false;
+    shell.FailLater();
+    EXPECT_EQ(dialogs.TakeWhole(), "critical: Shell execute failed...: file\r\n");
     const struct {
         int code;
         int result;
@@ -70,6 +77,9 @@ TEST_F(ShellTest, OpensFoldersAndMail) {
     EXPECT_EQ(services.OpenFolder(Text("\\\\S\\D\\"), Text("explore")), Shell::AccessDenied);
     EXPECT_EQ(shell.verb, ShellVerb::Open);
     EXPECT_TRUE(dialogs.Shown.isEmpty()) << "the callers tell it";
+    shell.FailLater();
+    EXPECT_EQ(dialogs.TakeWhole(), "critical: Shell execute failed...: \\\\S\\D\\\r\n")
+        << "whom the callers took for opened";
     services.OpenMailLink(Text("a@example.org"));
     EXPECT_EQ(shell.Opened.last(), Text("mailto:a@example.org"));
     EXPECT_EQ(dialogs.WholeBoxes(),

@@ -163,7 +163,7 @@ TEST_F(SmbFaultsTest, AComputerThatDoesNotAnswerCostsOneLimitAndItsUserIsToldWhy
             EXPECT_EQ(Count(*provider, small_ + QString::number(share)), -1);
         EXPECT_FALSE(provider->List(filer, NetEnum::TypeDisk));
         EXPECT_LT(time.elapsed(), 600);
-        EXPECT_EQ(provider->Trouble(Text("filer")), Text(trouble));
+        EXPECT_EQ(provider->Trouble(*UncPath::Parse(filer.lpRemoteName)), Text(trouble));
         EXPECT_TRUE(provider->Pool().IdleProcesses().empty()) << "no helper for a dead computer";
     }
     EXPECT_EQ(silent.Connections(), 1);

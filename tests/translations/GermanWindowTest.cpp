@@ -214,8 +214,7 @@ TEST_F(GermanWindow, AllOfOurDialogsIsTranslated) {
                                                nullptr);
          }},
         {"1", [&] { return std::make_unique<ComputerChooser>(network, QString(), nullptr); }},
-        {"Computer",
-         [&] { return std::make_unique<frmSilent>(frmSilent::Services{report}, nullptr); }},
+        {"", [&] { return std::make_unique<frmSilent>(frmSilent::Services{report}, nullptr); }},
     };
     for (const auto& [same, make] : cases) {
         const BothLanguages both([&, &make = make] { return TextsOf(*make()); });
@@ -228,7 +227,8 @@ TEST_F(GermanWindow, ALongerNoteHasRoomInsideASkin) {
     const Translation german({Text("de")});
     auto services = Services(network);
     bool isSeen = false;
-    services.showLogons = [&](QWidget& owner, const SkinOwner& skin, const auto& /*openHelp*/) {
+    services.showLogons = [&](QWidget& owner, const SkinOwner& skin, const auto& /*openHelp*/,
+                              const QString& /*computer*/) {
         frmLogon form(nullptr, {false, dialogs, &skin}, &owner);
         form.show();
         isSeen = QTest::qWaitForWindowExposed(&form);
@@ -248,9 +248,9 @@ TEST_F(GermanWindow, NumbersTakeTheirForm) {
         return frmSilent({report}, nullptr).findChild<QLabel*>(Text("lblCount"))->text();
     };
     report.NoteSilence(Text("\\\\A"), QString());
-    EXPECT_EQ(count(), Text("1 Computer hat seit Beginn der letzten Suche nicht geantwortet:"));
+    EXPECT_EQ(count(), Text("1 Computer nicht durchsucht"));
     report.NoteSilence(Text("\\\\B"), QString());
-    EXPECT_EQ(count(), Text("2 Computer haben seit Beginn der letzten Suche nicht geantwortet:"));
+    EXPECT_EQ(count(), Text("2 Computer nicht durchsucht"));
 }
 
 } // namespace

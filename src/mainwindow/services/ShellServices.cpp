@@ -31,29 +31,42 @@ QString FailureText(int code) {
 } // namespace
 
 int ShellServices::ShellRun(const QString& file, const QString& verb) {
-    int result = shell_.Execute(file, VerbOf(verb, ShellVerb::Default));
-    if (result > LastFailure)
+    const auto letChoose = [this, file] { static_cast<void>(LetChoose(file)); };
+    const int code = shell_.Execute(file, VerbOf(verb, ShellVerb::Default), letChoose);
+    if (code > LastFailure)
         return Succeeded;
-    const QString message = FailureText(result);
-    if (result == Shell::NoAssociation) {
-        if (shell_.OpenWith(file))
-            return Succeeded;
-        result = 0;
-    }
+    if (code == Shell::NoAssociation)
+        return LetChoose(file);
+    TellFailure(file, FailureText(code));
+    return code;
+}
+
+int ShellServices::LetChoose(const QString& file) {
+    const auto tell = [this, file] { TellFailure(file, QString()); };
+    if (shell_.OpenWith(file, tell))
+        return Succeeded;
+    tell();
+    return 0;
+}
+
+void ShellServices::TellFailure(const QString& file, const QString& message) {
     dialogs_.Message(MessageIcon::Critical, file + QLatin1String("\r\n") + message,
                      QStringLiteral("Shell execute failed..."));
-    return result;
 }
 
 int ShellServices::OpenFolder(const QString& path, const QString& verb) {
-    return shell_.Execute(path, VerbOf(verb, ShellVerb::Open));
+    return shell_.Execute(path, VerbOf(verb, ShellVerb::Open),
+                          [this, path] { TellFailure(path, QString()); });
 }
 
 void ShellServices::OpenMailLink(const QString& address) {
-    if (shell_.Execute(QLatin1String("mailto:") + address, ShellVerb::Open) > LastFailure)
-        return;
-    dialogs_.Message(MessageIcon::Exclamation, QStringLiteral("Could not open your mail program!"),
-                     QStringLiteral("Mail Program Not Found..."));
+    const auto tell = [this] {
+        dialogs_.Message(MessageIcon::Exclamation,
+                         QStringLiteral("Could not open your mail program!"),
+                         QStringLiteral("Mail Program Not Found..."));
+    };
+    if (shell_.Execute(QLatin1String("mailto:") + address, ShellVerb::Open, tell) <= LastFailure)
+        tell();
 }
 
 } // namespace netrove

@@ -1,27 +1,20 @@
 #include "platform/desktop/DesktopBus.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDBusUnixFileDescriptor>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QTimer>
 #include <QVariantMap>
 
-namespace netrove::DesktopBus {
+#include <thread>
 
+namespace netrove {
 namespace {
 
-/// Time for the service to start; the call returns when the request has been taken, not when the
-/// user has answered.
-constexpr int CallMilliseconds = 3000;
-
-bool Call(QDBusMessage message, const QVariantList& arguments) {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
-        return false;
-    message.setArguments(arguments);
-    return bus.call(message, QDBus::Block, CallMilliseconds).type() == QDBusMessage::ReplyMessage;
-}
+constexpr std::chrono::milliseconds Step{1};
+constexpr std::chrono::milliseconds AtOnce{1};
 
 QDBusMessage PortalCall(const QString& method) {
     return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
@@ -31,20 +24,42 @@ QDBusMessage PortalCall(const QString& method) {
 
 } // namespace
 
-bool ShowInFolder(const QUrl& address) {
+/// The toolkit takes answers from the bus in a thread of its own.
+bool DesktopBus::Call(QDBusMessage message, const QVariantList& arguments,
+                      const Shell::Failed& failed) {
+    if (!bus_.isConnected())
+        return false;
+    message.setArguments(arguments);
+    const QDBusPendingCall call = bus_.asyncCall(message);
+    const QDeadlineTimer limit(Limit);
+    while (!call.isFinished() && !limit.hasExpired())
+        std::this_thread::sleep_for(Step);
+    if (call.isFinished())
+        return !call.isError();
+    auto* watcher = new QDBusPendingCallWatcher(call, this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [this, failed](QDBusPendingCallWatcher* finished) {
+                if (finished->isError() && failed)
+                    QTimer::singleShot(AtOnce, this, failed);
+                finished->deleteLater();
+            });
+    return true;
+}
+
+bool DesktopBus::ShowInFolder(const QUrl& address, const Shell::Failed& failed) {
     const QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"),
         QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
     const QStringList items(QString::fromLatin1(address.toEncoded()));
-    return Call(message, {items, QString()});
+    return Call(message, {items, QString()}, failed);
 }
 
-bool AskWhichProgram(const QUrl& address) {
+bool DesktopBus::AskWhichProgram(const QUrl& address, const Shell::Failed& failed) {
     const QVariantMap options{{QStringLiteral("ask"), true}};
     if (!address.isLocalFile()) {
         const QString text = QString::fromLatin1(address.toEncoded());
-        return Call(PortalCall(QStringLiteral("OpenURI")), {QString(), text, options});
+        return Call(PortalCall(QStringLiteral("OpenURI")), {QString(), text, options}, failed);
     }
     // The portal takes local files as open descriptors only. Opening a pipe would
     // wait for its other end.
@@ -52,7 +67,7 @@ bool AskWhichProgram(const QUrl& address) {
     if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
         return false;
     const QVariant descriptor = QVariant::fromValue(QDBusUnixFileDescriptor(file.handle()));
-    return Call(PortalCall(QStringLiteral("OpenFile")), {QString(), descriptor, options});
+    return Call(PortalCall(QStringLiteral("OpenFile")), {QString(), descriptor, options}, failed);
 }
 
-} // namespace netrove::DesktopBus
+} // namespace netrove

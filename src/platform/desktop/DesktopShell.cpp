@@ -1,21 +1,20 @@
 #include "platform/desktop/DesktopShell.h"
 
 #include "platform/desktop/DesktopAddress.h"
-#include "platform/desktop/DesktopBus.h"
 #include "runtime/RunTimeError.h"
 
-#include <QDesktopServices>
+#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QMimeDatabase>
 #include <QProcess>
 
+#include <memory>
 #include <utility>
+#include <vector>
 
 namespace netrove {
 
 namespace {
-
-constexpr int QueryMilliseconds = 2000;
 
 bool IsNetworkPath(const QString& file) {
     return file.startsWith(QLatin1String("\\\\"));
@@ -24,31 +23,40 @@ bool IsLocalPath(const QString& file) {
     return file.startsWith(QLatin1Char('/'));
 }
 
-/// Whether the desktop names a program for the kind. True if it can't be asked: then its opener
-/// finds out.
-bool HasProgram(const QString& mimeType) {
-    QProcess query;
-    query.start(QStringLiteral("xdg-mime"),
-                {QStringLiteral("query"), QStringLiteral("default"), mimeType});
-    if (!query.waitForFinished(QueryMilliseconds))
-        return true;
-    return !query.readAllStandardOutput().trimmed().isEmpty();
-}
-
-/// For the file's kind or a more general one: a source file opens in a text editor.
-bool HasProgramFor(const QUrl& address) {
+/// The file's kind and more general ones: a source file opens in a text editor.
+QStringList TypesOf(const QUrl& address) {
     const QMimeDatabase database;
     const QMimeType type =
         address.isLocalFile()
             ? database.mimeTypeForFile(address.toLocalFile())
             : database.mimeTypeForFile(address.path(), QMimeDatabase::MatchExtension);
-    if (HasProgram(type.name()))
-        return true;
-    for (const QString& general : type.allAncestors()) {
-        if (general != QLatin1String("application/octet-stream") && HasProgram(general))
-            return true;
+    QStringList types = type.allAncestors();
+    types.removeAll(QStringLiteral("application/octet-stream"));
+    types.prepend(type.name());
+    return types;
+}
+
+/// Whether the desktop names a program for one of the types. True if it can't be asked, or takes
+/// its time: then its opener finds out.
+bool HasProgram(const QStringList& types) {
+    std::vector<std::unique_ptr<QProcess>> queries;
+    for (const QString& type : types) {
+        queries.push_back(std::make_unique<QProcess>());
+        queries.back()->start(QStringLiteral("xdg-mime"),
+                              {QStringLiteral("query"), QStringLiteral("default"), type});
     }
-    return false;
+    const QDeadlineTimer limit(DesktopShell::QuestionLimit);
+    bool mayBeThere = false;
+    for (const auto& query : queries) {
+        const bool isAnswered = query->waitForFinished(static_cast<int>(limit.remainingTime()));
+        mayBeThere =
+            mayBeThere || !isAnswered || !query->readAllStandardOutput().trimmed().isEmpty();
+    }
+    for (const auto& query : queries) {
+        query->kill();
+        query->waitForFinished();
+    }
+    return mayBeThere;
 }
 
 int ResultCode(const RunTimeError& failure) {
@@ -60,24 +68,29 @@ int ResultCode(const RunTimeError& failure) {
 
 } // namespace
 
-DesktopShell::DesktopShell(FileAccess& files, Opener opener)
-    : files_(files), opener_(opener ? std::move(opener) : QDesktopServices::openUrl) {}
+DesktopShell::DesktopShell(FileAccess& files, Opener opener, const QDBusConnection& bus)
+    : files_(files), opener_(std::move(opener)), bus_(bus) {
+    if (!opener_)
+        opener_ = [this](const QUrl& address, const Failed& failed) {
+            return desktopOpener_.Open(address, failed);
+        };
+}
 
-int DesktopShell::Execute(const QString& file, ShellVerb verb) {
+int DesktopShell::Execute(const QString& file, ShellVerb verb, const Failed& failed) {
     if (!IsNetworkPath(file) && !IsLocalPath(file))
-        return OpenAddress(file);
+        return OpenAddress(file, failed);
     const Found found = Find(file);
     if (const int* code = std::get_if<int>(&found))
         return *code;
-    return OpenTarget(std::get<Target>(found), verb);
+    return OpenTarget(std::get<Target>(found), verb, failed);
 }
 
-bool DesktopShell::OpenWith(const QString& file) {
+bool DesktopShell::OpenWith(const QString& file, const Failed& failed) {
     if (!IsNetworkPath(file) && !IsLocalPath(file))
         return false;
     const Found found = Find(file);
     const Target* target = std::get_if<Target>(&found);
-    return target && !target->isFolder && DesktopBus::AskWhichProgram(target->address);
+    return target && !target->isFolder && bus_.AskWhichProgram(target->address, failed);
 }
 
 std::optional<QUrl> DesktopShell::Address(const QString& file) {
@@ -117,29 +130,31 @@ DesktopShell::Found DesktopShell::FindRemote(const QString& path) {
     return Target{*address, false};
 }
 
-int DesktopShell::Open(const QUrl& address) const {
-    return opener_(address) ? Success : NoAssociation;
+int DesktopShell::Open(const QUrl& address, const Failed& failed) {
+    return opener_(address, failed) ? Success : NoAssociation;
 }
 
-int DesktopShell::OpenAddress(const QString& text) const {
+int DesktopShell::OpenAddress(const QString& text, const Failed& failed) {
     const std::optional<QUrl> address = WebAddress(text);
     if (!address)
         return BadFormat;
     if (address->scheme() == QLatin1String("mailto") &&
-        !HasProgram(QStringLiteral("x-scheme-handler/mailto")))
+        !HasProgram({QStringLiteral("x-scheme-handler/mailto")}))
         return NoAssociation;
-    return Open(*address);
+    return Open(*address, failed);
 }
 
-int DesktopShell::OpenTarget(const Target& target, ShellVerb verb) const {
+int DesktopShell::OpenTarget(const Target& target, ShellVerb verb, const Failed& failed) {
     if (target.isFolder)
-        return Open(target.address);
-    if (verb == ShellVerb::Explore) {
-        if (DesktopBus::ShowInFolder(target.address))
-            return Success;
-        return Open(target.address.adjusted(QUrl::RemoveFilename));
-    }
-    return HasProgramFor(target.address) ? Open(target.address) : NoAssociation;
+        return Open(target.address, failed);
+    if (verb != ShellVerb::Explore)
+        return HasProgram(TypesOf(target.address)) ? Open(target.address, failed) : NoAssociation;
+    const QUrl folder = target.address.adjusted(QUrl::RemoveFilename);
+    const auto openFolder = [this, folder, failed] {
+        if (Open(folder, failed) != Success && failed)
+            failed();
+    };
+    return bus_.ShowInFolder(target.address, openFolder) ? Success : Open(folder, failed);
 }
 
 } // namespace netrove

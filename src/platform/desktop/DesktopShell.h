@@ -2,9 +2,12 @@
 
 #include "platform/Files.h"
 #include "platform/Shell.h"
+#include "platform/desktop/DesktopBus.h"
+#include "platform/desktop/DesktopOpener.h"
 
 #include <QUrl>
 
+#include <chrono>
 #include <functional>
 #include <variant>
 
@@ -14,21 +17,26 @@ namespace netrove {
 /// programs inside a percent-encoded address only, never as a word of a command line.
 class DesktopShell : public Shell {
 public:
-    using Opener = std::function<bool(const QUrl&)>;
+    using Opener = std::function<bool(const QUrl&, const Failed&)>;
+    /// How long the question which programs there are holds its caller up.
+    static constexpr std::chrono::milliseconds QuestionLimit{100};
 
     /// `opener` hands an address to the desktop; without one it is the desktop's own.
-    explicit DesktopShell(FileAccess& files, Opener opener = {});
+    explicit DesktopShell(FileAccess& files, Opener opener = {},
+                          const QDBusConnection& bus = QDBusConnection::sessionBus());
 
     /// Files and folders are looked for first: a missing one is FileNotFound, or PathNotFound
     /// where its folder is missing too or a folder was asked for. A file whose kind no installed
-    /// program opens is NoAssociation. Explore shows a file in its folder. Of addresses, http,
-    /// https and mailto are opened; others are BadFormat.
+    /// program opens is NoAssociation, and so is a letter without a mail program. Explore shows a
+    /// file in its folder. Of addresses, http, https and mailto are opened; others are BadFormat.
     ///
-    /// Success says that the desktop's opener has been started: what it does, it doesn't report.
-    [[nodiscard]] int Execute(const QString& file, ShellVerb verb) override;
+    /// Success says that the desktop's opener has been started. Questions to the desktop hold up
+    /// the caller for QuestionLimit and DesktopBus::Limit at most; what isn't answered by then is
+    /// left to the opener.
+    [[nodiscard]] int Execute(const QString& file, ShellVerb verb, const Failed& failed) override;
 
     /// Through the desktop portal.
-    [[nodiscard]] bool OpenWith(const QString& file) override;
+    [[nodiscard]] bool OpenWith(const QString& file, const Failed& failed) override;
 
     [[nodiscard]] std::optional<QUrl> Address(const QString& file) override;
 
@@ -42,12 +50,14 @@ private:
 
     [[nodiscard]] Found Find(const QString& path);
     [[nodiscard]] Found FindRemote(const QString& path);
-    [[nodiscard]] int Open(const QUrl& address) const;
-    [[nodiscard]] int OpenAddress(const QString& text) const;
-    [[nodiscard]] int OpenTarget(const Target& target, ShellVerb verb) const;
+    [[nodiscard]] int Open(const QUrl& address, const Failed& failed);
+    [[nodiscard]] int OpenAddress(const QString& text, const Failed& failed);
+    [[nodiscard]] int OpenTarget(const Target& target, ShellVerb verb, const Failed& failed);
 
     FileAccess& files_;
+    DesktopOpener desktopOpener_;
     Opener opener_;
+    DesktopBus bus_;
 };
 
 } // namespace netrove

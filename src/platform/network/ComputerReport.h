@@ -2,25 +2,32 @@
 
 #include "platform/NetworkReport.h"
 
-#include <QString>
-
-#include <vector>
+#include <functional>
 
 namespace netrove {
 
-/// Keeps the report while the network is read. Names are those of nodes, with "\\".
+/// Keeps the report while the network is read.
 class ComputerReport : public NetworkReport {
 public:
-    void Begin() override { silent_.clear(); }
-    [[nodiscard]] const std::vector<SilentComputer>& SilentComputers() const override {
-        return silent_;
+    explicit ComputerReport(std::function<QStringList()> sources = {})
+        : sources_(std::move(sources)) {}
+
+    void Begin() override;
+    [[nodiscard]] const std::vector<NotSearched>& All() const override { return all_; }
+    void NoteAnswer(const QString& name) override;
+    void NoteSilence(const QString& name, const QString& reason) override;
+    void NoteNobody() override { foundNobody_ = true; }
+    [[nodiscard]] bool FoundNobody() const override { return foundNobody_; }
+    [[nodiscard]] QStringList Sources() const override {
+        return sources_ ? sources_() : QStringList();
     }
 
-    void NoteAnswer(const QString& computer);
-    void NoteSilence(const QString& computer, const QString& reason);
-
 private:
-    std::vector<SilentComputer> silent_;
+    [[nodiscard]] NotSearched* Find(const QString& name);
+
+    std::function<QStringList()> sources_;
+    std::vector<NotSearched> all_;
+    bool foundNobody_ = false;
 };
 
 } // namespace netrove

@@ -177,13 +177,15 @@ const FolderProvider::Node* FolderProvider::FindShare(const UncPath& path) const
 
 /// Whether a node answers a call; the call has taken its time then, unless it was given up.
 bool FolderProvider::Answers(const Node& node) {
+    isGivenUp_ = false;
     switch (node.fault) {
     case Fault::None:
         return true;
     case Fault::Slow:
-        return Wait(node.delay);
+        isGivenUp_ = !Wait(node.delay);
+        return !isGivenUp_;
     case Fault::Unreachable:
-        static_cast<void>(Wait(node.delay));
+        isGivenUp_ = !Wait(node.delay);
         return false;
     case Fault::Refused:
         return false;
@@ -243,6 +245,21 @@ bool FolderProvider::Knows(const QString& server) {
     return FindServer(server) != nullptr;
 }
 
+QString FolderProvider::Trouble(const UncPath& path) const {
+    if (isGivenUp_ || !path.Elements().isEmpty())
+        return {};
+    const bool isComputer = path.Share().isEmpty();
+    const Node* node = isComputer ? FindServer(path.Server()) : FindShare(path);
+    if (node != nullptr && node->fault == Fault::Refused)
+        return isComputer ? NotSearched::tr("It refused the logon.")
+                          : NotSearched::tr("It isn't open to this user.");
+    return NetworkProvider::Trouble(path);
+}
+
+QString FolderProvider::Source() const {
+    return NotSearched::tr("%1: the folder %2.").arg(Name(), top_.folder);
+}
+
 QString FolderProvider::Workgroup(const QString& server) {
     for (const Node& workgroup : top_.below) {
         if (const Node* found = workgroup.Find(server))
@@ -252,7 +269,7 @@ QString FolderProvider::Workgroup(const QString& server) {
 }
 
 /// The share, if it answers and holds files.
-const FolderProvider::Node* FolderProvider::EnterShare(const UncPath& path) const {
+const FolderProvider::Node* FolderProvider::EnterShare(const UncPath& path) {
     const Node* share = FindShare(path);
     return share != nullptr && !share->isPrinter && Answers(*share) ? share : nullptr;
 }

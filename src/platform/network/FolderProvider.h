@@ -39,6 +39,8 @@ public:
     [[nodiscard]] std::optional<std::vector<NetRecord>> List(const NetRecord& node,
                                                              qint32 type) override;
     [[nodiscard]] bool Knows(const QString& server) override;
+    [[nodiscard]] QString Trouble(const UncPath& path) const override;
+    [[nodiscard]] QString Source() const override;
     [[nodiscard]] QString Workgroup(const QString& server) override;
     [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const UncPath& path,
                                                       FindData& first) override;
@@ -69,16 +71,17 @@ private:
     void ReadTree();
     [[nodiscard]] const Node* FindServer(const QString& name) const;
     [[nodiscard]] const Node* FindShare(const UncPath& path) const;
-    [[nodiscard]] const Node* EnterShare(const UncPath& path) const;
+    [[nodiscard]] const Node* EnterShare(const UncPath& path);
     [[nodiscard]] std::vector<NetRecord> WorkgroupRecords() const;
     [[nodiscard]] std::vector<NetRecord> ServerRecords(const Node& workgroup) const;
     [[nodiscard]] std::vector<NetRecord> ShareRecords(const Node& server, bool printers) const;
-    [[nodiscard]] static bool Answers(const Node& node);
+    [[nodiscard]] bool Answers(const Node& node);
     [[nodiscard]] static QString LocalText(const Node& share, const UncPath& path);
 
     LocalFiles files_{LocalFiles::NameCase::Ignored};
     Node top_;
     QStringList problems_;
+    bool isGivenUp_ = false; ///< the last wait for an answer
 };
 
 } // namespace netrove

@@ -162,7 +162,9 @@ std::optional<std::vector<NetRecord>> Network::List(const NetRecord& node, qint3
         records = disks ? ProviderRecords() : std::vector<NetRecord>();
     else if (NetworkProvider* provider = ProviderOf(node)) {
         records = provider->List(node, type);
-        NoteList(node, *provider, records);
+        if (const auto path = UncPath::Parse(node.lpRemoteName);
+            path && node.dwDisplayType == NetEnum::DisplayServer)
+            Note(*path, *provider, records.has_value());
     }
     if (!records)
         return std::nullopt;
@@ -185,15 +187,25 @@ std::optional<std::vector<NetRecord>> Network::List(const NetRecord& node, qint3
     return records;
 }
 
-void Network::NoteList(const NetRecord& node, const NetworkProvider& provider,
-                       const std::optional<std::vector<NetRecord>>& records) {
-    if (node.dwDisplayType != NetEnum::DisplayServer)
-        return;
-    if (records)
-        report_.NoteAnswer(node.lpRemoteName);
-    else
-        report_.NoteSilence(node.lpRemoteName,
-                            provider.Trouble(WithoutUncStart(node.lpRemoteName)));
+/// Of a folder there is nothing to tell but that its share isn't searched to the end.
+void Network::Note(const UncPath& path, const NetworkProvider& provider, bool answers) {
+    QString name = QLatin1String("\\\\") + path.Server();
+    if (!path.Share().isEmpty())
+        name += QLatin1Char('\\') + path.Share();
+    if (answers && provider.BrokeOff())
+        report_.NoteSilence(name, NotSearched::tr("A list broke off: the rest isn't searched."));
+    else if (!answers) {
+        if (const QString trouble = provider.Trouble(path); !trouble.isEmpty())
+            report_.NoteSilence(name, trouble);
+    } else if (path.Elements().isEmpty())
+        report_.NoteAnswer(name);
+}
+
+QStringList Network::Sources() const {
+    QStringList sources;
+    for (const auto& provider : providers_)
+        sources.append(provider->Source());
+    return sources;
 }
 
 /// Who lists below a node; nobody below shares, printers and folders.
@@ -318,6 +330,8 @@ std::unique_ptr<FileFind> Network::FindFirst(const QString& searchPath, FindData
     if (!place)
         return nullptr;
     auto entries = place->provider.FindFirst(place->path, first);
+    if (!place->path.Elements().isEmpty())
+        Note(place->path, place->provider, entries != nullptr);
     if (!entries)
         return nullptr;
     auto find = std::make_unique<CheckedFind>(std::move(entries));
@@ -330,7 +344,12 @@ bool Network::CanEnter(const QString& path) {
     if (!IsUnc(path))
         return localFiles_.CanEnter(path);
     const auto place = PlaceOf(path);
-    return place && place->provider.CanEnter(place->path);
+    if (!place)
+        return false;
+    const bool answers = place->provider.CanEnter(place->path);
+    if (place->path.Elements().isEmpty())
+        Note(place->path, place->provider, answers);
+    return answers;
 }
 
 QDateTime Network::Modified(const QString& path) {

@@ -99,8 +99,8 @@ private:
 
     [[nodiscard]] std::vector<NetRecord> ProviderRecords() const;
     [[nodiscard]] std::optional<std::vector<NetRecord>> List(const NetRecord& node, qint32 type);
-    void NoteList(const NetRecord& node, const NetworkProvider& provider,
-                  const std::optional<std::vector<NetRecord>>& records);
+    void Note(const UncPath& path, const NetworkProvider& provider, bool answers);
+    [[nodiscard]] QStringList Sources() const;
     [[nodiscard]] NetworkProvider* ProviderOf(const NetRecord& node);
     [[nodiscard]] NetworkProvider* ProviderFor(const QString& server);
     void ExpectComputers(NetworkProvider& provider, const std::vector<NetRecord>& workgroups);
@@ -111,7 +111,7 @@ private:
 
     std::vector<std::unique_ptr<NetworkProvider>> providers_;
     LocalFiles localFiles_;
-    ComputerReport report_;
+    ComputerReport report_{[this] { return Sources(); }};
     QHash<NetEnum::Handle, OpenList> openLists_;
     NetEnum::Handle lastHandle_ = 0;
     KnownInfo lastInfo_;

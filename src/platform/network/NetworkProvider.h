@@ -40,10 +40,18 @@ public:
     /// Whether a computer that no provider knows is this one's: its name may be found yet.
     [[nodiscard]] virtual bool TakesUnknown() const { return false; }
 
-    /// Why the list of a computer couldn't be had: a sentence for the user.
-    [[nodiscard]] virtual QString Trouble(const QString& /*server*/) const {
-        return SilentComputer::tr("It can't be reached.");
+    /// Why a computer's list couldn't be had, a share couldn't be entered or a folder listed, which
+    /// was the last thing asked for: a sentence for the user. Empty where the wait was given up,
+    /// and where a folder fails for a reason of its own: it isn't there, or isn't open.
+    [[nodiscard]] virtual QString Trouble(const UncPath& path) const {
+        return path.Elements().isEmpty() ? NotSearched::tr("It can't be reached.") : QString();
     }
+
+    /// Whether what the last question for a list gave is a part of it, as it broke off.
+    [[nodiscard]] virtual bool BrokeOff() const { return false; }
+
+    /// Where this provider looks for computers: a sentence for the user.
+    [[nodiscard]] virtual QString Source() const { return QLatin1Char('"') + name_ + u'"'; }
 
     /// The workgroup of a computer, empty where nobody answers.
     [[nodiscard]] virtual QString Workgroup(const QString& server) = 0;

@@ -41,9 +41,13 @@ bool SmbComputers::Look(const std::function<void()>& onNews) {
     if (!source_)
         return true;
     NoteEnd();
-    if (!begun_ && Serves(New))
+    // Who knows nobody asks for nothing else than news.
+    const bool mustWait = !walkBegun_ && all_.empty();
+    if (!begun_ && !mustWait && Serves(New))
         return true;
     Begin();
+    if (mustWait && !AwaitEnd(onNews))
+        return false;
     while (!Serves(Fresh)) {
         if (!AwaitEnd(onNews))
             return false;

@@ -49,9 +49,12 @@ public:
     void EndWalk() { walkBegun_.reset(); }
 
     /// Looks who is there. Waits for the end of the look, and calls WhileWaiting(), unless the last
-    /// one is fresh: then it goes on behind, for the next time. False where the wait was given up.
-    /// `onNews` is called before a wait and whenever more is known.
+    /// one is fresh and anybody is known: then it goes on behind, for the next time. False where
+    /// the wait was given up. `onNews` is called before a wait and whenever more is known.
     [[nodiscard]] bool Look(const std::function<void()>& onNews = {});
+    /// Whether the LAN is asked at all, and how many computers are configured.
+    [[nodiscard]] bool Finds() const { return source_ != nullptr; }
+    [[nodiscard]] std::size_t Configured() const { return configured_.size(); }
     /// Whether anybody has looked yet, or nobody can.
     [[nodiscard]] bool HasLooked() const { return !source_ || looked_; }
 

@@ -5,34 +5,58 @@
 #include "platform/network/SmbPool.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 
 namespace netrove {
 
-QString TroubleOfSmbStatus(int status) {
+QString TroubleOfComputer(int status) {
     switch (status) {
     case EACCES:
     case EPERM:
-        return SilentComputer::tr("It refused the logon.");
+        return NotSearched::tr("It refused the logon.");
     case ETIMEDOUT:
-        return SilentComputer::tr("It didn't answer in time.");
+        return NotSearched::tr("It didn't answer in time.");
     case ECONNREFUSED:
-        return SilentComputer::tr("It refused the connection: it offers no shares.");
+        return NotSearched::tr("It refused the connection: it offers no shares.");
     case EHOSTUNREACH:
     case ENETUNREACH:
-        return SilentComputer::tr("There is no way to it.");
+        return NotSearched::tr("There is no way to it.");
     case ENOENT:
-        return SilentComputer::tr("Nobody knows its address.");
+        return NotSearched::tr("Nobody knows its address.");
     case EPROTO:
-        return SilentComputer::tr("It doesn't speak SMB 2 or 3.");
+        return NotSearched::tr("It doesn't speak SMB 2 or 3.");
     case ECONNRESET:
     case ECONNABORTED:
-        return SilentComputer::tr("It broke off the connection.");
+    case ENOTCONN:
+    case EPIPE:
+        return NotSearched::tr("It broke off the connection.");
     case ECANCELED:
-        return SilentComputer::tr("The search was aborted while it was asked.");
+        return {};
     default:
-        return SilentComputer::tr("It can't be reached.");
+        return NotSearched::tr("It can't be reached.");
     }
+}
+
+QString TroubleOfShare(int status) {
+    switch (status) {
+    case EACCES:
+    case EPERM:
+        return NotSearched::tr("It isn't open to this user.");
+    case ENOENT:
+    case ENODEV:
+    case ENOTDIR:
+        return NotSearched::tr("It isn't there any more.");
+    default:
+        return TroubleOfComputer(status);
+    }
+}
+
+QString TroubleOfFolder(int status) {
+    constexpr std::array failures{ETIMEDOUT,    ECONNREFUSED, EHOSTUNREACH, ENETUNREACH, EPROTO,
+                                  ECONNABORTED, ECONNRESET,   ENOTCONN,     EPIPE};
+    return std::ranges::find(failures, status) == failures.end() ? QString()
+                                                                 : TroubleOfComputer(status);
 }
 
 ErrorNumber ErrorOfSmbStatus(int status, SmbAction action) {

@@ -11,9 +11,12 @@ struct SmbRequest;
 
 enum class SmbAction { Look, Read };
 
-/// Why a computer couldn't be asked, as a sentence for the user: what such a status (0: nothing
-/// more is known) means.
-[[nodiscard]] QString TroubleOfSmbStatus(int status);
+/// Why a computer couldn't be asked for its shares, or a share for its files, as a sentence for the
+/// user: what such a status means. Empty for ECANCELED.
+[[nodiscard]] QString TroubleOfComputer(int status);
+[[nodiscard]] QString TroubleOfShare(int status);
+/// The same of a folder below, where the computer is what fails; else empty.
+[[nodiscard]] QString TroubleOfFolder(int status);
 
 /// The run-time failure that a request's status (an errno, not 0) stands for, by what was asked.
 /// A server that can't be reached, for whatever reason, is a path that isn't there.

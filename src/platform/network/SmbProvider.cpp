@@ -112,10 +112,10 @@ bool SmbProvider::HasShares(const QString& server) const {
 }
 
 std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& server, qint32 type) {
+    lastStatus_ = 0;
     if (!HasShares(server)) {
         LookFor(server);
         SmbList list = Fetch(ServerKey(server), Request(SmbRequest::Kind::ListShares, server));
-        troubles_.insert(server.toCaseFolded(), list.status);
         if (!list.IsThere())
             return std::nullopt;
         lastShares_ = {.server = server,
@@ -134,8 +134,30 @@ std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& serve
     return records;
 }
 
-QString SmbProvider::Trouble(const QString& server) const {
-    return TroubleOfSmbStatus(troubles_.value(server.toCaseFolded()));
+QString SmbProvider::Trouble(const UncPath& path) const {
+    if (!path.Elements().isEmpty())
+        return TroubleOfFolder(lastStatus_);
+    return path.Share().isEmpty() ? TroubleOfComputer(lastStatus_) : TroubleOfShare(lastStatus_);
+}
+
+QString SmbProvider::Source() const {
+    const auto named = static_cast<int>(computers_.Configured());
+    const auto text = [&] {
+        if (!computers_.Finds())
+            return named == 0 ? NotSearched::tr("%1: nobody; network.ini names no computer there, "
+                                                "and has Find=No, which keeps the others out.")
+                              : NotSearched::tr("%1: only the computers that network.ini names "
+                                                "(%n); its Find=No keeps the others out.",
+                                                nullptr, named);
+        return named == 0 ? NotSearched::tr("%1: computers that announce themselves, by "
+                                            "WS-Discovery, DNS-SD or NetBIOS; network.ini names "
+                                            "none.")
+                          : NotSearched::tr("%1: computers that announce themselves, by "
+                                            "WS-Discovery, DNS-SD or NetBIOS, and those that "
+                                            "network.ini names (%n).",
+                                            nullptr, named);
+    };
+    return text().arg(Name());
 }
 
 QString SmbProvider::Workgroup(const QString& server) {
@@ -184,6 +206,7 @@ bool SmbProvider::CanEnter(const UncPath& path) {
 
 RecentListings::Listing SmbProvider::Entries(const UncPath& path) {
     const QString folder = FolderKey(path);
+    lastStatus_ = 0;
     if (path.Share().isEmpty() || junctions_.IsInLoop(folder))
         return nullptr;
     if (auto known = recent_.Find(folder))
@@ -200,11 +223,12 @@ RecentListings::Listing SmbProvider::Entries(const UncPath& path) {
 }
 
 SmbList SmbProvider::Fetch(const QString& key, const SmbRequest& request) {
-    if (ahead_)
-        return ahead_->Ask(key, request);
-    return FetchList(request, [this](const SmbRequest& asked, const SmbWorker::Part& part) {
+    const auto run = [this](const SmbRequest& asked, const SmbWorker::Part& part) {
         return pool_.Run(asked, part);
-    });
+    };
+    SmbList list = ahead_ ? ahead_->Ask(key, request) : FetchList(request, run);
+    lastStatus_ = list.status;
+    return list;
 }
 
 void SmbProvider::BeginWalk(const std::shared_ptr<const WalkPlan>& plan) {

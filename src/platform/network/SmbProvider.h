@@ -9,8 +9,6 @@
 #include "platform/network/SmbErrors.h"
 #include "platform/network/SmbPool.h"
 
-#include <QHash>
-
 #include <chrono>
 #include <vector>
 
@@ -34,7 +32,9 @@ public:
     [[nodiscard]] bool Knows(const QString& server) override {
         return computers_.Find(server) != nullptr;
     }
-    [[nodiscard]] QString Trouble(const QString& server) const override;
+    [[nodiscard]] QString Trouble(const UncPath& path) const override;
+    [[nodiscard]] bool BrokeOff() const override { return lastStatus_ != 0; }
+    [[nodiscard]] QString Source() const override;
     /// The path of a computer that nobody has configured is tried by its name.
     [[nodiscard]] bool TakesUnknown() const override { return true; }
     /// As configured, else as the computer itself tells it.
@@ -92,7 +92,8 @@ private:
     [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind, const UncPath& path) const;
 
     SmbComputers computers_;
-    QHash<QString, int> troubles_; ///< errno of the last list of shares, by folded names
+    int lastStatus_ = 0; ///< an errno, of the last question for shares or a folder
+
     SmbPool pool_;
     RecentListings recent_;
     Shares lastShares_;

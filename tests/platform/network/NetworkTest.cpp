@@ -23,6 +23,9 @@ public:
     }
     std::vector<FindData> Entries;
     QStringList Asked;
+    bool IsOpen = true;
+    QString Why; ///< what Trouble() says
+    bool IsInPart = false;
 
     std::optional<std::vector<NetRecord>> List(const NetRecord& node, qint32 type) override {
         const auto found = lists_.constFind({node.lpRemoteName, type});
@@ -38,8 +41,10 @@ public:
     }
     bool CanEnter(const UncPath& path) override {
         Asked += path.Text();
-        return true;
+        return IsOpen;
     }
+    QString Trouble(const UncPath& /*path*/) const override { return Why; }
+    bool BrokeOff() const override { return IsInPart; }
     FileInfo Info(const UncPath& path) override {
         Asked += path.Text();
         return {.length = 7};
@@ -197,6 +202,41 @@ TEST_F(NetworkTest, AsksTheProviderThatAnswersForTheComputer) {
     }
     EXPECT_EQ(other_->Asked.size(), 2);
     EXPECT_TRUE(network_->CanEnter(Text("/"))) << "a local folder";
+}
+
+TEST_F(NetworkTest, ReportsWhatCouldNotBeSearched) {
+    const auto report = [this] {
+        QStringList all;
+        for (const NotSearched& one : network_->Report().All())
+            all += one.name + u':' + one.reason;
+        return all.join(u' ').toStdString();
+    };
+    FindData first;
+    const auto list = [&](const char* folder) {
+        return network_->FindFirst(Text(folder) + Text("\\*.*"), first) != nullptr;
+    };
+    lan_->IsOpen = false;
+    EXPECT_FALSE(network_->CanEnter(Text("\\\\ONE\\D"))) << "given up: there is nothing to tell";
+    EXPECT_EQ(report(), "");
+    lan_->Why = Text("shut");
+    EXPECT_FALSE(network_->CanEnter(Text("\\\\ONE\\D\\folder")));
+    EXPECT_FALSE(list("\\\\ONE\\C$")) << "tried without being listed";
+    EXPECT_EQ(report(), "");
+    EXPECT_FALSE(network_->CanEnter(Text("\\\\ONE\\D")));
+    EXPECT_EQ(Names("\\\\ONE"), "none");
+    EXPECT_EQ(report(), "\\\\ONE\\D:shut");
+    lan_->Why = Text("gone");
+    EXPECT_FALSE(list("\\\\ONE\\e\\folder")) << "the computer fails in the middle";
+    EXPECT_EQ(report(), "\\\\ONE\\D:shut \\\\ONE\\e:gone");
+    lan_->IsOpen = true;
+    EXPECT_TRUE(network_->CanEnter(Text("\\\\one\\d")));
+    EXPECT_EQ(report(), "\\\\ONE\\D:It answers now: search again. \\\\ONE\\e:gone");
+    network_->Report().Begin();
+    EXPECT_EQ(report(), "");
+    lan_->IsInPart = true;
+    lan_->Entries = {{.attributes = 0, .fileName = Text("some")}};
+    EXPECT_TRUE(list("\\\\ONE\\D\\folder"));
+    EXPECT_EQ(report(), "\\\\ONE\\D:A list broke off: the rest isn't searched.");
 }
 
 TEST_F(NetworkTest, MakesRecordsForTypedPaths) {

@@ -116,6 +116,19 @@ TEST_F(SmbComputersTest, ASearchLooksForItself) {
     EXPECT_EQ(In("W"), "A@ B@");
 }
 
+TEST_F(SmbComputersTest, WhoKnowsNobodyLooksAgain) {
+    auto* alone = new FakeComputerSource;
+    SetWaitingPass([alone] {
+        alone->Finish();
+        return true;
+    });
+    SmbComputers nobody({}, std::unique_ptr<ComputerSource>(alone), [this] { return now; });
+    EXPECT_TRUE(nobody.Look());
+    alone->Computers = {Computer("A", "W", {})};
+    EXPECT_TRUE(nobody.Look());
+    EXPECT_EQ(nobody.All().size(), 1U);
+}
+
 TEST_F(SmbComputersTest, TheWaitCanBeGivenUp) {
     goesOn = false;
     source->Computers = {Computer("A", "W", {})};
