@@ -149,7 +149,8 @@ void ISMP3Player::SetMP3FileName(const QString& path) {
     try {
         if (!path.isEmpty() && (files_.Attributes(path) & FileAttribute::Offline) == 0)
             ReadValues(path);
-    } catch (const RunTimeError&) { // NOLINT(bugprone-empty-catch): the values stay 0
+    } catch (const RunTimeError&) {
+        // The values are 0: ReadValues sets them last.
     }
 }
 
