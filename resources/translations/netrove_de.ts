@@ -19,7 +19,7 @@
     </message>
     <message>
         <source>Click here, or on &quot;Computers That Didn&apos;t Answer...&quot; in the menu, to see what and why</source>
-        <translation>Ein Klick hier oder „Computer ohne Antwort...“ im Menü zeigt, was und warum</translation>
+        <translation>Ein Klick hier oder „Computers That Didn&apos;t Answer...“ im Menü zeigt, was und warum</translation>
     </message>
 </context>
 <context>
@@ -371,6 +371,10 @@ Suche angehalten hat.</translation>
     <message>
         <source>%1, %2 not searched</source>
         <translation>%1, %2 nicht durchsucht</translation>
+    </message>
+    <message>
+        <source>A list broke off: the rest isn&apos;t searched.</source>
+        <translation>Eine Liste brach ab: Der Rest ist nicht durchsucht.</translation>
     </message>
 </context>
 <context>
