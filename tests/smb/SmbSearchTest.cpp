@@ -47,11 +47,11 @@ TEST_F(SmbSearchTest, EverySearchSeesTheNetworkAsItIs) {
     samba_->AddFile(Text("public/stays/2.txt"), "22");
     samba_->Stop();
     EXPECT_EQ(Found(), "");
-    EXPECT_EQ(network_->Report().SilentComputers().size(), 1U);
+    EXPECT_EQ(network_->Report().All().size(), 1U);
 
     ASSERT_TRUE(samba_->Start());
     EXPECT_EQ(Found(), "gone\\1.txt 1|stays\\2.txt 2") << "a refused connection isn't remembered";
-    EXPECT_EQ(network_->Report().SilentComputers().size(), 0U);
+    EXPECT_EQ(network_->Report().All().size(), 0U);
 
     EXPECT_TRUE(QFile::remove(samba_->Path(Text("public/gone/1.txt"))));
     samba_->AddFile(Text("public/stays/2.txt"), "4444");
@@ -73,7 +73,7 @@ TEST_F(SmbSearchTest, EverySearchSeesTheNetworkAsItIs) {
 
     samba_->Stop();
     EXPECT_EQ(Found(), "");
-    EXPECT_EQ(network_->Report().SilentComputers().size(), 1U) << "it was asked for its shares";
+    EXPECT_EQ(network_->Report().All().size(), 1U) << "it was asked for its shares";
 }
 
 } // namespace
