@@ -166,6 +166,11 @@ TEST_F(SmbFaultsTest, AComputerThatDoesNotAnswerCostsOneLimitAndItsUserIsToldWhy
         EXPECT_EQ(provider->Trouble(*UncPath::Parse(filer.lpRemoteName)), Text(trouble));
         EXPECT_TRUE(provider->Pool().IdleProcesses().empty()) << "no helper for a dead computer";
     }
+    isAbandoned_ = true;
+    const auto provider = Provider(full.Port());
+    EXPECT_FALSE(provider->List(filer, NetEnum::TypeDisk));
+    EXPECT_EQ(provider->Trouble(*UncPath::Parse(filer.lpRemoteName)), QString())
+        << "what the user gave up isn't the computer's fault";
     EXPECT_EQ(silent.Connections(), 1);
 }
 
