@@ -6,8 +6,9 @@
 #include "search/NotSearchedText.h"
 #include "search/SearchSummary.h"
 
+#include <algorithm>
 #include <limits>
-#include <ranges>
+#include <vector>
 
 namespace netrove {
 namespace {
@@ -157,9 +158,10 @@ void FindRun::PrintNotSearched() {
     if (text.isEmpty())
         return;
     QStringList names;
-    for (const NotSearched& one : services_.report->All() | std::views::take(mostNames))
-        names.append(one.name);
-    if (services_.report->All().size() > mostNames)
+    const std::vector<NotSearched>& all = services_.report->All();
+    for (std::size_t at = 0; at < std::min(all.size(), mostNames); ++at)
+        names.append(all[at].name);
+    if (all.size() > mostNames)
         names.append(QStringLiteral("..."));
     const QString line = names.isEmpty() ? text : text + QLatin1String(": ") + names.join(u' ');
     console_.err.WriteLine(QLatin1String("netrove-find: ") + Escaped(line, Escaping::AllControls));
