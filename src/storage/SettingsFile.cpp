@@ -9,7 +9,6 @@
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -44,9 +43,9 @@ QString Centred(qint32 screenStart, qint32 screenLength, qint32 length) {
 
 } // namespace
 
-QString IniFileName(const QString& applicationFolder) {
-    return EnsureSuffix(applicationFolder, QDir::separator()) +
-           QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName() + Text(".ini");
+QString IniFileName(const QString& applicationFolder, const QString& executable) {
+    return EnsureSuffix(applicationFolder, QDir::separator()) + QFileInfo(executable).fileName() +
+           Text(".ini");
 }
 
 QString DownloadsFolder(const QString& applicationFolder) {

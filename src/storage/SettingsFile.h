@@ -8,14 +8,18 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QWidget>
 
 #include <functional>
 
 namespace netrove {
 
-/// The settings file's path: in the application folder, under the executable's name.
-[[nodiscard]] QString IniFileName(const QString& applicationFolder);
+/// The settings file's path: in the application folder, under the executable's name. Executables
+/// have no extension here: what stands behind a dot belongs to the name, as in "netrove-2.1".
+[[nodiscard]] QString
+IniFileName(const QString& applicationFolder,
+            const QString& executable = QCoreApplication::applicationFilePath());
 
 /// The folder for downloads that the program has by itself, with its closing separator.
 [[nodiscard]] QString DownloadsFolder(const QString& applicationFolder);

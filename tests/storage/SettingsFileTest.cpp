@@ -125,6 +125,11 @@ Node3=Temp|True|Folder Node4=Temporary~Internet~Files|True|Folder
                                         "Node1=X\r\n")));
 }
 
+TEST(SettingsFileName, IsTheExecutablesWholeName) {
+    EXPECT_EQ(IniFileName(Text("/a"), Text("/b/netrove")), Text("/a/netrove.ini"));
+    EXPECT_EQ(IniFileName(Text("/a/"), Text("/b/netrove-2.1")), Text("/a/netrove-2.1.ini"));
+}
+
 TEST_F(SettingsFileTest, TreatsStrangeValues) {
     struct Case {
         const char* section;
