@@ -211,8 +211,10 @@ void frmNetrove::Form_Load() {
     // The settings have the number as it is stored.
     if (settings_.SkinIndex < 0 || settings_.SkinIndex > SkinSelection::LastSkin)
         settings_.SkinIndex = 0;
+    // A window that is shown can be closed, and saves.
+    const QString kept = settingsFile_.KeepUnloaded();
     show();
-    services_.dialogs.Failure(failure, Text("frmNetrove.Form_Load Error"));
+    services_.dialogs.Failure(failure, Text("frmNetrove.Form_Load Error"), kept);
 }
 
 void frmNetrove::LoadSteps() {

@@ -70,12 +70,14 @@ public:
     [[nodiscard]] virtual std::optional<ChosenFont> ChooseFont(const ChosenFont& font) = 0;
 
     /// The usual box for a run-time failure, if there is one: critical icon, number, CR LF,
-    /// description.
-    void Failure(const std::optional<RunTimeError>& failure, const QString& title) {
+    /// description, and what else there is to say on a line of its own.
+    void Failure(const std::optional<RunTimeError>& failure, const QString& title,
+                 const QString& more = {}) {
         if (failure)
             Message(MessageIcon::Critical,
                     QString::number(failure->Number()) + QStringLiteral("\r\n") +
-                        failure->Description(),
+                        failure->Description() +
+                        (more.isEmpty() ? QString() : QStringLiteral("\r\n") + more),
                     title);
     }
 

@@ -6,6 +6,7 @@
 #include "mainwindow/services/FileDetails.h"
 #include "mainwindow/services/NetworkNodes.h"
 #include "mainwindow/services/Paths.h"
+#include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
@@ -116,6 +117,18 @@ void SettingsFile::LoadIni() {
     LoadExclusions();
     controls_.lvwResults.Refresh();
     controls_.lvwDownloads.Refresh();
+    isLoaded_ = true;
+}
+
+QString SettingsFile::KeepUnloaded() {
+    if (isLoaded_)
+        return {};
+    QString copy;
+    if (FailureOf([&] { copy = profile_.KeepCopy(); }))
+        return tr("Not all settings were loaded. No copy of their file can be made, so it stays as "
+                  "it is.");
+    return copy.isEmpty() ? QString()
+                          : tr("Not all settings were loaded. Their file is kept as %1.").arg(copy);
 }
 
 void SettingsFile::LoadWindowPlace() {
@@ -265,6 +278,8 @@ void SettingsFile::LoadExclusions() {
 }
 
 void SettingsFile::SaveIni() {
+    if (!isLoaded_)
+        profile_.KeepCopy();
     const ProfileFile::Batch batch(profile_);
     Write("Search Items", "", QString());
     Write("Exclude_Network_Nodes", "", QString());

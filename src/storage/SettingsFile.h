@@ -28,6 +28,8 @@ IniFileName(const QString& applicationFolder,
 /// settings file to the settings and the window's controls, and back. docs/settings.md has every
 /// key.
 class SettingsFile {
+    Q_DECLARE_TR_FUNCTIONS(SettingsFile)
+
 public:
     struct Controls {
         QWidget& window;
@@ -53,7 +55,13 @@ public:
     /// the values that it had.
     void LoadIni();
 
+    /// After a load that failed, or wasn't reached: keeps a copy of the file, which SaveIni will
+    /// replace by what the settings are then. Gives what the user is to know of that; the empty
+    /// text where all has been loaded, or there is no file.
+    QString KeepUnloaded();
+
     /// Writes them all. The file is replaced once, at the end; nobody is told where that fails.
+    /// What hasn't been loaded is replaced only if there is a copy of it, see KeepUnloaded.
     void SaveIni();
 
     /// The same file, for those with keys of their own in it.
@@ -100,6 +108,7 @@ private:
     Settings& settings_;
     ProfileFile profile_;
     WindowPlacement placement_;
+    bool isLoaded_ = false;
     qint16 nodeCount_ = 0; ///< how many exclusion entries the file is said to have
 };
 
