@@ -187,7 +187,7 @@ void SettingsFile::LoadSaveFolder() {
     const QString own = DownloadsFolder(services_.applicationFolder);
     if (!QFileInfo::exists(own))
         QDir().mkdir(own);
-    settings_.SaveFolder = Read("Save", Text("Folder"), own);
+    settings_.SaveFolder = LocalPath(Read("Save", Text("Folder"), own));
     if (!QFileInfo::exists(settings_.SaveFolder))
         settings_.SaveFolder = QFileInfo::exists(own) ? own : services_.applicationFolder;
 }

@@ -53,8 +53,10 @@ public:
     }
     std::optional<QString> OpenFile(const FileDialogSetup& setup) override { return Choose(setup); }
     std::optional<QString> SaveFile(const FileDialogSetup& setup) override { return Choose(setup); }
-    std::optional<QString> ChooseFolder(const QString& title, bool network) override {
-        Shown.append(title + (network ? QStringLiteral(" (network)") : QString()));
+    std::optional<QString> ChooseFolder(const QString& title, bool network,
+                                        const QString& start) override {
+        Shown.append(title + (network ? QStringLiteral(" (network)") : QString()) +
+                     (start.isEmpty() ? QString() : QStringLiteral(": ") + start));
         return std::exchange(Folder, std::nullopt);
     }
     std::optional<QString> ChooseComputer(const QString& title) override {

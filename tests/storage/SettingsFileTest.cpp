@@ -295,6 +295,8 @@ TEST_F(SettingsFileTest, FallsBackFromAFolderThatIsGone) {
     EXPECT_EQ(loaded(tree.Path(Text("gone/"))), own);
     EXPECT_EQ(loaded(Text("C:\\Netrove\\Downloads\\")), own);
     EXPECT_EQ(loaded(tree.Path()), tree.Path());
+    EXPECT_EQ(loaded(Text("~/")), QDir::homePath() + u'/');
+    EXPECT_EQ(loaded(Text(".")), own) << "would be another one after each start";
     QDir().rmdir(own);
     tree.File("Downloads", "in the way");
     EXPECT_EQ(loaded(tree.Path(Text("gone/"))), tree.Path());
