@@ -231,6 +231,7 @@ void frmNetrove::LoadSteps() {
     state_.AbandonFlag = false;
     state_.FilesFound = 0;
     settings_.MaxConcurrentDownloads = 5;
+    layout_.TakeDesignSize();
     settingsFile_.LoadIni();
     log_.Open(LogFile());
     controls_.SSTab1->setCurrentIndex(0);
@@ -312,6 +313,12 @@ void frmNetrove::SaveSettings() {
     } catch (...) {
         qWarning("Not all settings could be saved.");
     }
+}
+
+void frmNetrove::setVisible(bool visible) {
+    if (!visible)
+        settingsFile_.NoteWindowPlace();
+    QMainWindow::setVisible(visible);
 }
 
 void frmNetrove::resizeEvent(QResizeEvent* event) {

@@ -139,7 +139,10 @@ void SettingsFile::LoadWindowPlace() {
     place.top = ReadLong("Positions", "Top", Centred(screen.top, screen.height, design.height));
     place.width = ReadLong("Positions", "Width", QString::number(design.width));
     place.height = ReadLong("Positions", "Height", QString::number(design.height));
-    placement_.MoveTo(place);
+    const bool isFirst =
+        Read("Positions", "Width", "").isEmpty() && Read("Positions", "Height", "").isEmpty();
+    placement_.MoveTo(place, isFirst ? WindowPlacement::Size::WithoutFrame
+                                     : WindowPlacement::Size::WithFrame);
     if (ReadBoolean("Positions", "Maximized", "False"))
         controls_.window.setWindowState(controls_.window.windowState() | Qt::WindowMaximized);
     placement_.Show();

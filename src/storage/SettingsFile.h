@@ -55,6 +55,9 @@ public:
     /// the values that it had.
     void LoadIni();
 
+    /// To be called before the window is hidden, which may not have its frame after that.
+    void NoteWindowPlace() { placement_.NoteBeforeHiding(); }
+
     /// After a load that failed, or wasn't reached: keeps a copy of the file, which SaveIni will
     /// replace by what the settings are then. Gives what the user is to know of that; the empty
     /// text where all has been loaded, or there is no file.

@@ -20,7 +20,7 @@ public:
         : file_({window, search, recurse, results, downloads},
                 {.settings = settings, .system = system_, .applicationFolder = tree.Path()},
                 tree.Path(Text("a.ini"))) {
-        window.resize(734, 465);
+        window.resize(730, 461); // 11010 by 6975 twips with its frame
         results.setGeometry(0, 0, 676, 300);
         search.setEditable(true);
         for (int column = 1; column <= 12; ++column)
