@@ -549,6 +549,17 @@ Suche angehalten hat.</translation>
     </message>
 </context>
 <context>
+    <name>SettingsFile</name>
+    <message>
+        <source>Not all settings were loaded. No copy of their file can be made, so it stays as it is.</source>
+        <translation>Nicht alle Einstellungen wurden geladen. Die Datei lässt sich nicht kopieren und bleibt deshalb, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>Not all settings were loaded. Their file is kept as %1.</source>
+        <translation>Nicht alle Einstellungen wurden geladen. Die Datei ist als %1 aufgehoben.</translation>
+    </message>
+</context>
+<context>
     <name>StartArguments</name>
     <message>
         <source>Usage: netrove [FILE]...

@@ -2,6 +2,7 @@
 
 #include "downloads/DownloadRows.h"
 #include "downloads/copier/TargetName.h"
+#include "mainwindow/services/Paths.h"
 #include "mainwindow/windowservices/RowStyle.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
@@ -173,7 +174,7 @@ void DownloadQueue::Start(const QueuedFile& file) {
         return;
     // The name comes from the network: joined to a folder it must stay in it.
     CheckTargetName(file.name);
-    const QString destination = services_.settings.SaveFolder + file.name;
+    const QString destination = PathIn(services_.settings.SaveFolder, file.name);
     if (!MayWrite(destination)) {
         SetStatus(file, NotOverwritten);
         return;

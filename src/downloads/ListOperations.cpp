@@ -2,7 +2,6 @@
 
 #include "downloads/DownloadRows.h"
 #include "downloads/RowFiles.h"
-#include "mainwindow/services/Paths.h"
 #include "mainwindow/services/WinVer.h"
 #include "mainwindow/windowservices/SortListView.h"
 #include "runtime/RunTimeError.h"

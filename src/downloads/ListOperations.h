@@ -2,6 +2,7 @@
 
 #include "controls/ListView.h"
 #include "downloads/DownloadQueue.h"
+#include "mainwindow/services/Paths.h"
 #include "mainwindow/services/ShellServices.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -77,7 +78,9 @@ public:
     /// The folder for downloads, and the copy in it of the row that the menu was shown for. Index
     /// 0 opens the folder, any other explores it.
     void mnuViewFolder_Click(int index);
-    void mnuSampleFileLoc_Click() { SampleFile(services_.settings.SaveFolder + DownloadName_); }
+    void mnuSampleFileLoc_Click() {
+        SampleFile(PathIn(services_.settings.SaveFolder, DownloadName_));
+    }
     /// Tells what the error number of that row means.
     void ErrDescMnu_Click();
 

@@ -1,6 +1,7 @@
 #include "mainwindow/SysTray.h"
 
 #include "mainwindow/FlyingFrame.h"
+#include "mainwindow/windowservices/OwnedWindows.h"
 
 #include <QEvent>
 #include <QWindow>
@@ -94,6 +95,7 @@ void SysTray::ShowWindow() {
     const bool isMinimized = controls_.window.isMinimized();
     controls_.window.setAttribute(Qt::WA_ShowWithoutActivating, isMinimized);
     controls_.window.show();
+    OwnAnew(*controls_.window.windowHandle());
     if (!isMinimized) {
         controls_.window.raise();
         controls_.window.activateWindow();

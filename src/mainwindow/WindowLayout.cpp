@@ -1,9 +1,10 @@
 #include "mainwindow/WindowLayout.h"
 
 #include "controls/Twips.h"
+#include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/Yield.h"
 
-#include <QWindow>
+#include <QLayout>
 
 namespace netrove {
 namespace {
@@ -40,13 +41,28 @@ void WindowLayout::Form_Resize() {
     window_.update();
 }
 
+void WindowLayout::TakeDesignSize() {
+    window_.layout()->activate();
+    window_.setMinimumSize(0, 0); // it counts the desktop's frame, which isn't there yet
+    const QSize around = window_.size() - window_.centralWidget()->size();
+    window_.resize(QSize(ToPixels(DesignWidth), ToPixels(DesignHeight)) + around);
+}
+
+/// A window that is shown again has no frame for a moment: it's taken to get the one that it had.
+QMargins WindowLayout::ExpectedFrame() {
+    const QMargins frame = DesktopFrame(window_);
+    if (!frame.isNull())
+        frame_ = frame;
+    return frame.isNull() && window_.windowFlags().testFlag(Qt::FramelessWindowHint) ? frame
+                                                                                     : frame_;
+}
+
 /// The window system keeps the window from going below its minimum size, which it counts without
 /// the frame.
 void WindowLayout::EnforceMinimumSize() {
     if (window_.isMinimized())
         return;
-    const QWindow* shown = window_.windowHandle();
-    const QMargins frame = shown != nullptr ? shown->frameMargins() : QMargins();
+    const QMargins frame = ExpectedFrame();
     window_.setMinimumSize(ToPixels(MinFormWidth) - frame.left() - frame.right(),
                            ToPixels(MinFormHeight) - frame.top() - frame.bottom());
 }

@@ -17,16 +17,25 @@ public:
     WindowLayout(QMainWindow& window, MainControls& controls)
         : window_(window), controls_(controls) {}
 
+    /// Inner size that the window has as long as nobody has given it another, in twips.
+    static constexpr int DesignWidth = 10920;
+    static constexpr int DesignHeight = 6285;
+
+    /// Gives the window that size, whatever menu and painted frame stand around it.
+    void TakeDesignSize();
+
     /// To be called whenever the window's size has changed. Yields twice.
     void Form_Resize();
 
 private:
+    [[nodiscard]] QMargins ExpectedFrame();
     void EnforceMinimumSize();
     void ResizeWidths(int innerWidth);
     void ResizeHeights(int innerHeight);
 
     QMainWindow& window_;
     MainControls& controls_;
+    QMargins frame_{}; ///< the last that the desktop has put around the window
     int passes_ = 0;
 };
 

@@ -216,8 +216,10 @@ void frmNetrove::Form_Load() {
         settings_.SkinIndex = 0;
     controls_.LstSearchFor->setFocus();
     patterns_.LstSearchFor_GotFocus();
+    // A window that is shown can be closed, and saves.
+    const QString kept = settingsFile_.KeepUnloaded();
     show();
-    services_.dialogs.Failure(failure, Text("frmNetrove.Form_Load Error"));
+    services_.dialogs.Failure(failure, Text("frmNetrove.Form_Load Error"), kept);
 }
 
 void frmNetrove::LoadSteps() {
@@ -234,6 +236,7 @@ void frmNetrove::LoadSteps() {
     job_.AbandonFlag = false;
     state_.FilesFound = 0;
     settings_.MaxConcurrentDownloads = 5;
+    layout_.TakeDesignSize();
     settingsFile_.LoadIni();
     log_.Open(LogFile());
     controls_.SSTab1->setCurrentIndex(0);
@@ -316,6 +319,12 @@ void frmNetrove::SaveSettings() {
     } catch (...) {
         qWarning("Not all settings could be saved.");
     }
+}
+
+void frmNetrove::setVisible(bool visible) {
+    if (!visible)
+        settingsFile_.NoteWindowPlace();
+    QMainWindow::setVisible(visible);
 }
 
 void frmNetrove::resizeEvent(QResizeEvent* event) {

@@ -63,6 +63,8 @@ public:
     [[nodiscard]] Settings& ProgramSettings() { return settings_; }
     [[nodiscard]] SkinSelection& Skins() { return skins_; }
 
+    void setVisible(bool visible) override;
+
 Q_SIGNALS:
     /// The window is closed for good, and the program is to end. A window in the tray isn't.
     void Unloaded();

@@ -1,5 +1,6 @@
 #include "options/OptionChecks.h"
 
+#include "mainwindow/services/Paths.h"
 #include "runtime/Text.h"
 
 #include <QFileInfo>
@@ -49,7 +50,8 @@ const std::vector<OptionChecks::Check>& OptionChecks::All() {
     static const std::vector<Check> checks{
         {Controls::Save, folder, [](const Controls& c) { return Folder(c).isEmpty(); },
          "Need a folder.", "Folder Error..."},
-        {Controls::Save, folder, [](const Controls& c) { return !QFileInfo::exists(Folder(c)); },
+        {Controls::Save, folder,
+         [](const Controls& c) { return !QFileInfo::exists(LocalPath(Folder(c))); },
          "Folder does not exist.", "Folder Error..."},
         {Controls::Results, files, [](const Controls& c) { return MaxFilesText(c).isEmpty(); },
          "Need number of files.", "File Number Error..."},

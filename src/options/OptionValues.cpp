@@ -139,7 +139,7 @@ void OptionValues::Take() {
 
 void OptionValues::TakeLimits() {
     settings_.SaveFolder =
-        EnsureSuffix(Trim(controls_.SaveFolTxt->text()), QString(QDir::separator()));
+        EnsureSuffix(LocalPath(Trim(controls_.SaveFolTxt->text())), QDir::separator());
     settings_.MaxReturnFiles = LeadingLong(controls_.MaxFilesTxt->text());
     const qint32 downloads = LeadingLong(controls_.ConDLTxt->text());
     settings_.MaxConcurrentDownloads = LeadingInteger(QString::number(downloads));

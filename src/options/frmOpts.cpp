@@ -2,6 +2,7 @@
 
 #include "controls/Color.h"
 #include "controls/HelpKey.h"
+#include "mainwindow/services/Paths.h"
 #include "mainwindow/windowservices/WindowGeometry.h"
 #include "options/frmAddNetNode.h"
 #include "options/modBrowse.h"
@@ -127,8 +128,9 @@ void frmOpts::ShowDateExample() {
 }
 
 void frmOpts::BrowseFolCmd_Click() {
-    const QString folder = BrowseForFolder(Text("In what folder do you want to save your files?"),
-                                           true, services_.dialogs);
+    const QString folder =
+        BrowseForFolder(Text("In what folder do you want to save your files?"), true,
+                        services_.dialogs, LocalPath(Trim(controls_.SaveFolTxt->text())));
     if (!Trim(folder).isEmpty())
         controls_.SaveFolTxt->setText(folder);
 }

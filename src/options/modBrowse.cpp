@@ -7,8 +7,9 @@ constexpr int CancelledBlanks = 260;
 
 } // namespace
 
-QString BrowseForFolder(const QString& title, bool fromDrives, Dialogs& dialogs) {
-    return dialogs.ChooseFolder(title, !fromDrives).value_or(QString(CancelledBlanks, u' '));
+QString BrowseForFolder(const QString& title, bool fromDrives, Dialogs& dialogs,
+                        const QString& start) {
+    return dialogs.ChooseFolder(title, !fromDrives, start).value_or(QString(CancelledBlanks, u' '));
 }
 
 QString BrowseForComputer(const QString& title, Dialogs& dialogs) {

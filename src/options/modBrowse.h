@@ -7,8 +7,10 @@
 namespace netrove {
 
 /// Lets the user choose a folder: one of this computer with `fromDrives`, else one of the network
-/// too. Gives its path, or a text of blanks where the user cancels.
-[[nodiscard]] QString BrowseForFolder(const QString& title, bool fromDrives, Dialogs& dialogs);
+/// too. The choice begins at the local folder `start`, if there is one. Gives the chosen one's
+/// path, or a text of blanks where the user cancels.
+[[nodiscard]] QString BrowseForFolder(const QString& title, bool fromDrives, Dialogs& dialogs,
+                                      const QString& start = {});
 
 /// Lets the user choose a computer of the network. Gives "\\" and its name, or an empty text.
 [[nodiscard]] QString BrowseForComputer(const QString& title, Dialogs& dialogs);

@@ -55,11 +55,12 @@ public:
     [[nodiscard]] virtual std::optional<QString> OpenFile(const FileDialogSetup& setup) = 0;
     [[nodiscard]] virtual std::optional<QString> SaveFile(const FileDialogSetup& setup) = 0;
 
-    /// Lets the user choose a folder that exists. Gives its local path, or an address like
-    /// smb://SERVER/SHARE for one of the network, which is offered only with `network`; nothing
-    /// where the user cancels. No closing separator, but for a root.
-    [[nodiscard]] virtual std::optional<QString> ChooseFolder(const QString& title,
-                                                              bool network) = 0;
+    /// Lets the user choose a folder that exists, beginning at the local folder `start`, or at home
+    /// where that is none. Gives its local path, or an address like smb://SERVER/SHARE/C# for one
+    /// of the network, which is offered only with `network`; nothing where the user cancels. No
+    /// closing separator, but for a root.
+    [[nodiscard]] virtual std::optional<QString> ChooseFolder(const QString& title, bool network,
+                                                              const QString& start) = 0;
 
     /// Lets the user choose a computer of the network. Gives its name without "\\"; nothing
     /// where the user cancels.
@@ -70,12 +71,14 @@ public:
     [[nodiscard]] virtual std::optional<ChosenFont> ChooseFont(const ChosenFont& font) = 0;
 
     /// The usual box for a run-time failure, if there is one: critical icon, number, CR LF,
-    /// description.
-    void Failure(const std::optional<RunTimeError>& failure, const QString& title) {
+    /// description, and what else there is to say on a line of its own.
+    void Failure(const std::optional<RunTimeError>& failure, const QString& title,
+                 const QString& more = {}) {
         if (failure)
             Message(MessageIcon::Critical,
                     QString::number(failure->Number()) + QStringLiteral("\r\n") +
-                        failure->Description(),
+                        failure->Description() +
+                        (more.isEmpty() ? QString() : QStringLiteral("\r\n") + more),
                     title);
     }
 

@@ -1,6 +1,7 @@
 #include "platform/ProfileFile.h"
 
 #include "platform/IniLine.h"
+#include "runtime/RunTimeError.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -68,18 +69,48 @@ bool ProfileFile::End() {
 }
 
 ProfileFile::Work ProfileFile::Load() const {
+    const std::optional<QByteArray> bytes = Bytes();
+    return {.text = IniText(bytes.value_or(QByteArray())), .usable = bytes && !awaitsCopy_};
+}
+
+/// What is in the file, nothing where that can't be told: a file that isn't there has no bytes.
+std::optional<QByteArray> ProfileFile::Bytes() const {
     const QFileInfo info(path_);
-    if (!info.exists() && !info.isSymLink())
-        return {};
-    Work unusable{.text = {}, .usable = false};
+    if (!info.exists())
+        return QByteArray();
     QFile file(path_);
     // A pipe would be waited for.
-    if (info.exists() && (!info.isFile() || !file.open(QIODevice::ReadOnly)))
-        return unusable;
-    const QByteArray bytes = file.isOpen() ? file.read(MaxBytes + 1) : QByteArray();
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray bytes = file.read(MaxBytes + 1);
     if (bytes.size() > MaxBytes || file.error() != QFileDevice::NoError)
-        return unusable;
-    return {.text = IniText(bytes)};
+        return std::nullopt;
+    return bytes;
+}
+
+QString ProfileFile::KeepCopy() {
+    const std::optional<QByteArray> bytes = Bytes();
+    // What can't be read is never replaced.
+    if (copy_.isEmpty() && bytes && !bytes->isEmpty()) {
+        awaitsCopy_ = true;
+        copy_ = MakeCopy(*bytes);
+        awaitsCopy_ = false;
+    }
+    return copy_;
+}
+
+QString ProfileFile::MakeCopy(const QByteArray& bytes) const {
+    QFile copy;
+    int number = 0;
+    do {
+        copy.setFileName(path_ + QStringLiteral(".copy-") + QString::number(++number));
+    } while (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly) && copy.exists());
+    copy.setPermissions(QFile::permissions(path_));
+    if (copy.write(bytes) == bytes.size() && copy.flush())
+        return copy.fileName();
+    if (copy.isOpen())
+        QFile::remove(copy.fileName()); // an open one that can't be written isn't removed
+    throw RunTimeError(ErrorNumber::PathFileAccessError);
 }
 
 bool ProfileFile::Replace(const QByteArray& bytes) const {

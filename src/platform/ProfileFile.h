@@ -34,6 +34,12 @@ public:
     /// replaced, or a name is none that could be found again.
     bool WriteIni(const QString& section, const QString& key, const QString& value);
 
+    /// Keeps the file as it is now, once for this object: a copy beside it has its name and
+    /// ".copy-1", or the first number that no other has. Gives the copy's path, the empty text
+    /// where there is nothing to keep. Raises ErrorNumber::PathFileAccessError where no copy can be
+    /// made; then the file isn't replaced until one has been.
+    QString KeepCopy();
+
     /// While one exists, the file is read once, and replaced once, at the end of the outermost. Its
     /// owner may be leaving because of a failure: what was written so far is kept.
     class Batch {
@@ -58,11 +64,15 @@ private:
     void Begin();
     bool End();
     [[nodiscard]] Work Load() const;
+    [[nodiscard]] std::optional<QByteArray> Bytes() const;
+    [[nodiscard]] QString MakeCopy(const QByteArray& bytes) const;
     [[nodiscard]] bool Replace(const QByteArray& bytes) const;
 
     QString path_;
     std::optional<Work> work_{}; ///< inside a batch
     int batches_ = 0;
+    QString copy_{};          ///< that KeepCopy has made
+    bool awaitsCopy_ = false; ///< that KeepCopy couldn't make
 };
 
 } // namespace netrove

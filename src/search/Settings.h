@@ -8,7 +8,7 @@ namespace netrove {
 /// What the user has set. Made once with these initial values, filled from the settings file, and
 /// handed to those who read it.
 struct Settings {
-    QString SaveFolder;           ///< local folder for downloads, with its closing separator
+    QString SaveFolder; ///< local folder for downloads; its closing separator may be missing
     qint32 MaxReturnFiles = 5000; ///< rows at most in the results list
     qint16 MaxConcurrentDownloads = 5;
     qint16 ColorsState = 1;                ///< 1: the lists use their background colours

@@ -70,8 +70,11 @@ void SkinSelection::Detach() {
 }
 
 qint32 SkinSelection::StoredIndex() const {
-    const qint32 index =
-        LeadingLong(services_.profile.ReadIni(Text("Skin"), Text("Index"), Text("1")));
+    const QString text = services_.profile.ReadIni(Text("Skin"), Text("Index"), Text("1"));
+    qint32 index = 0;
+    // A number that is too large for its type is no skin's either.
+    if (FailureOf([&] { index = LeadingLong(text); }))
+        return 0;
     return index < 0 || index > LastSkin ? 0 : index;
 }
 

@@ -90,8 +90,22 @@ void ResultsFile::SaveSteps() {
     SaveResFile(*file, saved);
     if (saved)
         services_.dialogs.Message(MessageIcon::Information,
-                                  QStringLiteral("The file has been written."),
+                                  QStringLiteral("The file has been written.") + LostRows(),
                                   QStringLiteral("Netrove results file"));
+}
+
+/// A line that tells how many rows won't come back; nothing where all will.
+QString ResultsFile::LostRows() const {
+    const ListView& list = controls_.lvwResults;
+    int lost = 0;
+    for (int row = 1; row <= list.Count(); ++row) {
+        if (!ResultsFormat::ComesBack(list.Text(row), list.SubItem(row, 1)))
+            ++lost;
+    }
+    if (lost == 0)
+        return {};
+    return u"\r\nLoading it won't bring back " + QString::number(lost) + u" of the " +
+           QString::number(list.Count()) + u" rows: a name or folder with a comma can't be read.";
 }
 
 /// Whether the file isn't there, or not any more: the user may want to have it replaced.

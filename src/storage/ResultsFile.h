@@ -77,6 +77,7 @@ private:
     void EndDialog(const Failure& failure, const QString& title);
 
     void SaveSteps();
+    [[nodiscard]] QString LostRows() const;
     [[nodiscard]] bool MayWrite(const QString& strFile);
     void WriteRows(std::optional<ResultsWriter>& writer, const QString& strFile, bool& saved,
                    qint32& count);

@@ -6,10 +6,10 @@
 #include "mainwindow/services/FileDetails.h"
 #include "mainwindow/services/NetworkNodes.h"
 #include "mainwindow/services/Paths.h"
+#include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -44,9 +44,9 @@ QString Centred(qint32 screenStart, qint32 screenLength, qint32 length) {
 
 } // namespace
 
-QString IniFileName(const QString& applicationFolder) {
-    return EnsureSuffix(applicationFolder, QDir::separator()) +
-           QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName() + Text(".ini");
+QString IniFileName(const QString& applicationFolder, const QString& executable) {
+    return EnsureSuffix(applicationFolder, QDir::separator()) + QFileInfo(executable).fileName() +
+           Text(".ini");
 }
 
 QString DownloadsFolder(const QString& applicationFolder) {
@@ -117,6 +117,18 @@ void SettingsFile::LoadIni() {
     LoadExclusions();
     controls_.lvwResults.Refresh();
     controls_.lvwDownloads.Refresh();
+    isLoaded_ = true;
+}
+
+QString SettingsFile::KeepUnloaded() {
+    if (isLoaded_)
+        return {};
+    QString copy;
+    if (FailureOf([&] { copy = profile_.KeepCopy(); }))
+        return tr("Not all settings were loaded. No copy of their file can be made, so it stays as "
+                  "it is.");
+    return copy.isEmpty() ? QString()
+                          : tr("Not all settings were loaded. Their file is kept as %1.").arg(copy);
 }
 
 void SettingsFile::LoadWindowPlace() {
@@ -127,7 +139,10 @@ void SettingsFile::LoadWindowPlace() {
     place.top = ReadLong("Positions", "Top", Centred(screen.top, screen.height, design.height));
     place.width = ReadLong("Positions", "Width", QString::number(design.width));
     place.height = ReadLong("Positions", "Height", QString::number(design.height));
-    placement_.MoveTo(place);
+    const bool isFirst =
+        Read("Positions", "Width", "").isEmpty() && Read("Positions", "Height", "").isEmpty();
+    placement_.MoveTo(place, isFirst ? WindowPlacement::Size::WithoutFrame
+                                     : WindowPlacement::Size::WithFrame);
     if (ReadBoolean("Positions", "Maximized", "False"))
         controls_.window.setWindowState(controls_.window.windowState() | Qt::WindowMaximized);
     placement_.Show();
@@ -175,7 +190,7 @@ void SettingsFile::LoadSaveFolder() {
     const QString own = DownloadsFolder(services_.applicationFolder);
     if (!QFileInfo::exists(own))
         QDir().mkdir(own);
-    settings_.SaveFolder = Read("Save", Text("Folder"), own);
+    settings_.SaveFolder = LocalPath(Read("Save", Text("Folder"), own));
     if (!QFileInfo::exists(settings_.SaveFolder))
         settings_.SaveFolder = QFileInfo::exists(own) ? own : services_.applicationFolder;
 }
@@ -266,6 +281,8 @@ void SettingsFile::LoadExclusions() {
 }
 
 void SettingsFile::SaveIni() {
+    if (!isLoaded_)
+        profile_.KeepCopy();
     const ProfileFile::Batch batch(profile_);
     Write("Search Items", "", QString());
     Write("Exclude_Network_Nodes", "", QString());

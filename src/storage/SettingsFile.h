@@ -8,14 +8,18 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QWidget>
 
 #include <functional>
 
 namespace netrove {
 
-/// The settings file's path: in the application folder, under the executable's name.
-[[nodiscard]] QString IniFileName(const QString& applicationFolder);
+/// The settings file's path: in the application folder, under the executable's name. Executables
+/// have no extension here: what stands behind a dot belongs to the name, as in "netrove-2.1".
+[[nodiscard]] QString
+IniFileName(const QString& applicationFolder,
+            const QString& executable = QCoreApplication::applicationFilePath());
 
 /// The folder for downloads that the program has by itself, with its closing separator.
 [[nodiscard]] QString DownloadsFolder(const QString& applicationFolder);
@@ -24,6 +28,8 @@ namespace netrove {
 /// settings file to the settings and the window's controls, and back. docs/settings.md has every
 /// key.
 class SettingsFile {
+    Q_DECLARE_TR_FUNCTIONS(SettingsFile)
+
 public:
     struct Controls {
         QWidget& window;
@@ -49,7 +55,16 @@ public:
     /// the values that it had.
     void LoadIni();
 
+    /// To be called before the window is hidden, which may not have its frame after that.
+    void NoteWindowPlace() { placement_.NoteBeforeHiding(); }
+
+    /// After a load that failed, or wasn't reached: keeps a copy of the file, which SaveIni will
+    /// replace by what the settings are then. Gives what the user is to know of that; the empty
+    /// text where all has been loaded, or there is no file.
+    QString KeepUnloaded();
+
     /// Writes them all. The file is replaced once, at the end; nobody is told where that fails.
+    /// What hasn't been loaded is replaced only if there is a copy of it, see KeepUnloaded.
     void SaveIni();
 
     /// The same file, for those with keys of their own in it.
@@ -96,6 +111,7 @@ private:
     Settings& settings_;
     ProfileFile profile_;
     WindowPlacement placement_;
+    bool isLoaded_ = false;
     qint16 nodeCount_ = 0; ///< how many exclusion entries the file is said to have
 };
 

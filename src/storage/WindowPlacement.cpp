@@ -1,6 +1,7 @@
 #include "storage/WindowPlacement.h"
 
 #include "controls/Twips.h"
+#include "mainwindow/windowservices/WindowGeometry.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -10,6 +11,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace netrove {
@@ -70,10 +72,11 @@ WindowPlace WindowPlacement::MainScreen() {
     return InTwips(QGuiApplication::primaryScreen()->availableGeometry());
 }
 
-void WindowPlacement::MoveTo(const WindowPlace& stored) {
+void WindowPlacement::MoveTo(const WindowPlace& stored, Size size) {
     const WindowPlace place = OnScreens(stored, Screens());
-    outerSize_ = QSize(ToPixels(place.width), ToPixels(place.height));
-    window_.resize(*outerSize_);
+    meaning_ = size;
+    askedSize_ = QSize(ToPixels(place.width), ToPixels(place.height));
+    window_.resize(*askedSize_);
     innerSize_ = window_.size();
     if (CanMove())
         window_.move(ToPixels(place.left), ToPixels(place.top));
@@ -83,7 +86,15 @@ void WindowPlacement::Show() {
     window_.show();
     window_.windowHandle()->installEventFilter(this);
     FitFrame();
+    // A painted frame is part of the window.
+    if (meaning_ == Size::WithoutFrame && window_.windowFlags().testFlag(Qt::FramelessWindowHint))
+        askedSize_.reset();
     window_.repaint();
+}
+
+void WindowPlacement::NoteBeforeHiding() {
+    if (window_.isVisible())
+        hidden_ = PlaceNow();
 }
 
 WindowPlace WindowPlacement::Place() const {
@@ -97,11 +108,9 @@ WindowPlace WindowPlacement::PlaceNow() const {
 }
 
 bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
-    // A hidden window may lose its frame.
-    if (watched == &window_ && event->type() == QEvent::Hide)
-        hidden_ = PlaceNow();
     if (watched == window_.windowHandle() &&
-        (event->type() == QEvent::Expose || event->type() == QEvent::Resize))
+        (event->type() == QEvent::Expose || event->type() == QEvent::Resize ||
+         event->type() == QEvent::Move))
         FitFrame();
     // Its size may come before or after this.
     if (watched == &window_ && event->type() == QEvent::WindowStateChange && window_.isVisible() &&
@@ -115,19 +124,20 @@ bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
 /// on its screen.
 void WindowPlacement::FitFrame() {
     const QWindow& window = *window_.windowHandle();
-    const QMargins frame = window.frameMargins();
-    if (!outerSize_ || frame.isNull() || window_.isMaximized() || window_.isMinimized())
+    const QMargins frame = DesktopFrame(window_);
+    if (!askedSize_ || frame.isNull() || window_.isMaximized() || window_.isMinimized())
         return;
-    const QSize outer = *outerSize_;
-    outerSize_.reset();
-    // The window's own rules of size count the frame too.
+    const QSize asked = *std::exchange(askedSize_, std::nullopt);
+    // Nobody has sized it meanwhile, but for its own rules of size, which count the frame too.
+    const bool isAsAsked = window.size() == innerSize_.expandedTo(window_.minimumSize());
     QResizeEvent again(window_.size(), window_.size());
     QCoreApplication::sendEvent(&window_, &again);
-    if (window.size() == innerSize_)
-        window_.resize(outer - QSize(frame.left() + frame.right(), frame.top() + frame.bottom()));
+    const QSize around(frame.left() + frame.right(), frame.top() + frame.bottom());
+    if (isAsAsked)
+        window_.resize(meaning_ == Size::WithFrame ? asked - around : asked);
     const WindowPlace place = PlaceNow();
     if (CanMove() &&
-        (place.width > ToTwips(outer.width()) || place.height > ToTwips(outer.height()))) {
+        (place.width > ToTwips(asked.width()) || place.height > ToTwips(asked.height()))) {
         const WindowPlace kept = OnScreens(place, Screens());
         window_.move(ToPixels(kept.left), ToPixels(kept.top));
     }

@@ -40,13 +40,19 @@ public:
     /// The main screen's part that windows can use.
     [[nodiscard]] static WindowPlace MainScreen();
 
-    /// Moves and sizes the window, which hasn't been shown yet, by OnScreens.
-    void MoveTo(const WindowPlace& stored);
+    /// Moves and sizes the window, which hasn't been shown yet, by OnScreens. The size counts the
+    /// frame, or is that of the window `WithoutFrame`.
+    enum class Size { WithFrame, WithoutFrame };
+    void MoveTo(const WindowPlace& stored, Size size = Size::WithFrame);
 
     /// Shows the window, and paints it at once.
     void Show();
 
-    /// Where the window stands now, or stood when it was hidden.
+    /// To be called before the window is hidden: the window system then takes its frame away, at a
+    /// moment of its own.
+    void NoteBeforeHiding();
+
+    /// Where the window stands now, or stood before it was hidden.
     [[nodiscard]] WindowPlace Place() const;
 
 protected:
@@ -58,8 +64,9 @@ private:
 
     QWidget& window_;
     std::optional<WindowPlace> hidden_{};
-    std::optional<QSize> outerSize_{}; ///< in pixels; until the frame's size is known
+    std::optional<QSize> askedSize_{}; ///< in pixels; until the frame's size is known
     QSize innerSize_{};                ///< what was asked for without knowing it
+    Size meaning_ = Size::WithFrame;   ///< of askedSize_, until then
 };
 
 } // namespace netrove

@@ -154,17 +154,32 @@ TEST_F(DesktopDialogsTest, LetsFoldersBeChosen) {
         const auto user = [&](Qt::Key key) {
             return [&, key](QFileDialog& chooser) {
                 EXPECT_EQ(chooser.windowTitle(), Text("Where?"));
-                EXPECT_EQ(chooser.supportedSchemes().contains(Text("smb")), network);
+                EXPECT_EQ(chooser.supportedSchemes(),
+                          network ? Texts({"file", "smb"}) : Texts({"file"}));
+                EXPECT_EQ(chooser.directory().path(), network ? QDir::homePath() : folder.path());
                 auto* input = chooser.findChild<QLineEdit*>();
                 input->setText(folder.filePath(Text("inner")));
                 Press(*input, key);
             };
         };
-        const auto choose = [&] { return dialogs.ChooseFolder(Text("Where?"), network); };
+        const QString start = folder.filePath(Text(network ? "gone" : ""));
+        const auto choose = [&] { return dialogs.ChooseFolder(Text("Where?"), network, start); };
         EXPECT_EQ(UseDialog<QFileDialog>(choose, user(Qt::Key_Return)),
                   folder.filePath(Text("inner")));
         EXPECT_EQ(UseDialog<QFileDialog>(choose, user(Qt::Key_Escape)), std::nullopt);
     }
+    const struct {
+        const char* chosen;
+        const char* name;
+    } cases[] = {
+        {"file:///a/C%23%20code", "/a/C# code"},
+        {"smb://s/D/C%23%20code/", "smb://s/D/C# code"},
+        {"smb://u@s/100%25%3f", "smb://s/100%?"},
+        {"smb://s/", "smb://s/"},
+    };
+    for (const auto& [chosen, name] : cases)
+        EXPECT_EQ(DesktopDialogs::FolderName(QUrl(Text(chosen)), true), Text(name)) << chosen;
+    EXPECT_EQ(DesktopDialogs::FolderName(QUrl(Text("smb://s/D")), false), std::nullopt);
 }
 
 TEST_F(DesktopDialogsTest, LetsAFontBeChosen) {

@@ -215,7 +215,7 @@ TEST_F(WaitingInputTest, OnlyTheButtonAnswers) {
         events.clear();
         EXPECT_TRUE(Wait([&] { ClickAt({150, 20}); }));
         press();
-        EXPECT_TRUE(Serve([this] { return !WhileWaiting(); }, [] {}));
+        EXPECT_TRUE(Serve([] { return !WhileWaiting(); }, [] {}));
         EXPECT_EQ(events, QStringLiteral("L"));
         Yield();
         EXPECT_EQ(events, QStringLiteral("Lo"));

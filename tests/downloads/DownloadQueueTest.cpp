@@ -117,8 +117,10 @@ TEST_F(Queue, GoesThroughItsStates) {
     EXPECT_EQ(copier->Accepted, QStringList(Text("\\\\S\\D\\a > ") + settings.SaveFolder + u'a'));
     EXPECT_EQ(downloads.SubItem(1, DownloadItem::CopyID), Text("copy 1"));
 
+    settings.SaveFolder.chop(1);
     QueueFiles({"b"});
     ExpectRows("a: Downloading, b: Downloading");
+    EXPECT_EQ(copier->Accepted.last(), Text("\\\\S\\D\\b > ") + settings.SaveFolder + Text("/b"));
     copier->Finish(2, 57);
     copier->Finish(1);
     ExpectRows("a: Done!, b: Error (57)");

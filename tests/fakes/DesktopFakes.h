@@ -60,9 +60,11 @@ public:
     }
     std::optional<QString> OpenFile(const FileDialogSetup& setup) override { return Choose(setup); }
     std::optional<QString> SaveFile(const FileDialogSetup& setup) override { return Choose(setup); }
-    std::optional<QString> ChooseFolder(const QString& title, bool network) override {
+    std::optional<QString> ChooseFolder(const QString& title, bool network,
+                                        const QString& start) override {
         Record(QStringLiteral("folder"),
-               title + (network ? QStringLiteral(" (network)") : QString()));
+               title + (network ? QStringLiteral(" (network)") : QString()) +
+                   (start.isEmpty() ? QString() : QStringLiteral(": ") + start));
         return std::exchange(Folder, std::nullopt);
     }
     std::optional<QString> ChooseComputer(const QString& title) override {

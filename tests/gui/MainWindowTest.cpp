@@ -1,4 +1,5 @@
 #include "controls/Twips.h"
+#include "fakes/Files.h"
 #include "gui/WindowTest.h"
 #include "runtime/Yield.h"
 
@@ -231,14 +232,21 @@ TEST_F(Window, ComesUpWithoutALog) {
 TEST_F(Window, OpensWithAndOutlivesSettingsThatAreNone) {
     ProfileFile(SettingsPath()).WriteIni(Text("Skin"), Text("Index"), Text("7"));
     ProfileFile(SettingsPath()).WriteIni(Text("Downloads"), Text("Concurrent"), Text("40000"));
+    const QByteArray before = ReadFile(SettingsPath());
+    const QString copy = WriteFile(SettingsPath() + Text(".copy-1"), "an earlier one");
     Open();
-    EXPECT_EQ(dialogs.Boxes(), "frmNetrove.Form_Load Error: 6\r\nOverflow");
+    EXPECT_EQ(dialogs.Boxes(), "frmNetrove.Form_Load Error: 6\r\nOverflow\r\nNot all settings were "
+                               "loaded. Their file is kept as " +
+                                   SettingsPath().toStdString() + ".copy-2.");
+    EXPECT_EQ(ReadFile(SettingsPath() + Text(".copy-2")), before) << "already";
     EXPECT_FALSE(QFile::exists(folder.filePath(Text("Netrove.log")))) << "the start stopped there";
     Search("*.mp3");
     EXPECT_EQ(Rows().size(), 3);
     EXPECT_TRUE(window.close());
     EXPECT_EQ(ProfileFile(SettingsPath()).ReadIni(Text("Skin"), Text("Index"), QString()),
               Text("0"));
+    EXPECT_EQ(ReadFile(SettingsPath() + Text(".copy-2")), before);
+    EXPECT_EQ(ReadFile(copy), "an earlier one");
 
     QFile::remove(SettingsPath());
     ASSERT_TRUE(QDir().mkdir(SettingsPath()));

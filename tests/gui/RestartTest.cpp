@@ -12,6 +12,15 @@
 namespace netrove {
 namespace {
 
+/// Moves a window that is hidden, as a window manager can that takes its frame away.
+struct MovesHidden : QObject {
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Hide)
+            static_cast<QWidget*>(watched)->windowHandle()->setPosition(1, 1);
+        return false;
+    }
+};
+
 /// One run of the program after another in one application folder.
 class Restart : public testing::Test {
 protected:
@@ -19,6 +28,7 @@ protected:
         explicit Run(Restart& story)
             : WindowDriver(window), window(ServicesIn(story.folder.path(), story.network)) {
             Open();
+            window.installEventFilter(&movesHidden);
         }
         ~Run() {
             EXPECT_TRUE(window.close());
@@ -43,6 +53,7 @@ protected:
             Activate();
         }
 
+        MovesHidden movesHidden;
         frmNetrove window;
     };
 
@@ -172,6 +183,7 @@ TEST_F(Restart, FindsTheSkinAndItsAdjustments) {
     {
         Run run(*this);
         EXPECT_EQ(run.Skin(), 1) << "a first start";
+        EXPECT_EQ(run.window.centralWidget()->size(), QSize(728, 419)) << "10920 by 6285 twips";
         EXPECT_EQ(run.Background(), QColor(0, 0, 0));
         run.Trigger("mnuSkin(2)");
         UseDialog<frmCustomizeSkin>([&] { run.Trigger("mnuSkinCust"); },

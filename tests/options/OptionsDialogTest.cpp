@@ -80,6 +80,7 @@ TEST_P(OptionsCheck, BringsItsTabAndControlToTheFront) {
     EXPECT_EQ(dialog->ApplyFailed(), !passes);
     EXPECT_EQ(dialog->isVisible(), !passes);
     EXPECT_EQ(settings.SaveFolder.endsWith(u'/'), passes) << "nothing is taken before all checks";
+    EXPECT_TRUE(settings.SaveFolder.startsWith(u'/'));
     if (passes)
         return;
     EXPECT_EQ(tabAtBox, wrong.tab);
@@ -108,7 +109,8 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{"SaveFolTxt", "/no/such/folder", 3,
               "critical: Folder Error...: Folder does not exist."},
         Wrong{"SaveFolTxt", "\\\\S\\D", 3, "critical: Folder Error...: Folder does not exist."},
-        Wrong{"SaveFolTxt", " /etc/passwd ", 3, ""},
+        Wrong{"SaveFolTxt", ".", 3, "critical: Folder Error...: Folder does not exist."},
+        Wrong{"SaveFolTxt", " ~ ", 3, ""}, Wrong{"SaveFolTxt", " /etc/passwd ", 3, ""},
         Wrong{"MaxFilesTxt", " ", 2, "critical: File Number Error...: Need number of files."},
         Wrong{"MaxFilesTxt", "abc", 2,
               "critical: File Number Error...: Number of files must be an integer."},
@@ -231,7 +233,8 @@ TEST_F(Options, ChoosersFailAloud) {
     EXPECT_FALSE(IsEnabled("cmdApply"));
 
     Click("BrowseFolCmd");
-    EXPECT_EQ(dialogs.Whole.last(), Text("folder: In what folder do you want to save your files?"));
+    EXPECT_EQ(dialogs.Whole.last(),
+              Text("folder: In what folder do you want to save your files?: ") + folder.path());
     EXPECT_EQ(TextOf("SaveFolTxt"), folder.path());
     dialogs.Folder = Text("/tmp");
     Click("BrowseFolCmd");

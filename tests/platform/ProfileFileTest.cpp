@@ -2,6 +2,7 @@
 
 #include "fakes/Text.h"
 #include "platform/TempTree.h"
+#include "runtime/RunTimeError.h"
 
 #include <gtest/gtest.h>
 
@@ -192,6 +193,29 @@ TEST_F(ProfileFileTest, KeepsTheOldFileWhereNothingCanBeWritten) {
         EXPECT_EQ(folder.entryList(QDir::Files | QDir::Hidden).size(), 1) << file;
     }
     Permit("", 0x7777);
+}
+
+TEST_F(ProfileFileTest, ReplacesNothingThatAwaitsItsCopy) {
+    EXPECT_EQ(ProfileFile(Path()).KeepCopy(), QString()) << "no file";
+    const QByteArray before = "[A]\r\nk=1\r\n;" + QByteArray(500, 'x');
+    tree.File("a.ini", before);
+    tree.File("a.ini.copy-1", "earlier");
+    EXPECT_TRUE(InChild([&] {
+        ProfileFile file(Path());
+        signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit small{.rlim_cur = 100, .rlim_max = limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        const auto failure = FailureOf([&] { file.KeepCopy(); });
+        setrlimit(RLIMIT_FSIZE, &limit);
+        return failure && !file.WriteIni(Text("A"), Text("k"), Text("2")) && Content() == before &&
+               file.KeepCopy() == Path("a.ini.copy-2") &&
+               file.WriteIni(Text("A"), Text("k"), Text("2")) &&
+               file.KeepCopy() == Path("a.ini.copy-2");
+    }));
+    EXPECT_EQ(Content("a.ini.copy-2"), before);
+    EXPECT_EQ(Content("a.ini.copy-1"), "earlier");
 }
 
 /// Writes generation after generation of sixty keys.

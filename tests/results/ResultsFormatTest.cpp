@@ -27,6 +27,23 @@ TEST(ResultsFormat, WritesWhatItReads) {
                                                       "b\",\"\\\\S\\D\\\""));
 }
 
+TEST(ResultsFormat, KnowsWhatItWontRead) {
+    const struct {
+        const char* name;
+        const char* folder;
+        bool comesBack;
+    } cases[] = {
+        {"Ünï \"live\".mp3", "\\\\S\\D\\", true},
+        {"a", "/b/", true},
+        {"a, b", "\\\\S\\D\\", false},
+        {"a,", "\\\\S\\D\\", false},
+        {"a", "\\\\S\\D, E\\", false},
+        {"a\nb", "\\\\S\\D\\", false},
+    };
+    for (const auto& [name, folder, comesBack] : cases)
+        EXPECT_EQ(ResultsFormat::ComesBack(Text(name), Text(folder)), comesBack) << folder << name;
+}
+
 TEST(ResultsFormat, TakesThePathFromOddLines) {
     const struct {
         const char* line;

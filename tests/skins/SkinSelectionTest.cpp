@@ -44,8 +44,9 @@ TEST_F(SkinSelectionTest, MenuChoosesTheSkin) {
 
 TEST_F(SkinSelectionTest, StoredChoice) {
     EXPECT_EQ(skins.StoredIndex(), 1) << "of a first start";
-    const std::pair<const char*, int> cases[] = {{"0", 0},  {"5", 5},   {"6", 0},   {"7", 0},
-                                                 {"-1", 0}, {" 3x", 3}, {"abc", 0}, {"40000", 0}};
+    const std::pair<const char*, int> cases[] = {{"0", 0},     {"5", 5},          {"6", 0},
+                                                 {"-1", 0},    {" 3x", 3},        {"abc", 0},
+                                                 {"40000", 0}, {"2147483648", 0}, {"1E999", 0}};
     for (const auto& [text, index] : cases) {
         Store("Skin", "Index", text);
         EXPECT_EQ(skins.StoredIndex(), index) << text;

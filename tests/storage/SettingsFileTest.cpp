@@ -20,7 +20,7 @@ public:
         : file_({window, search, recurse, results, downloads},
                 {.settings = settings, .system = system_, .applicationFolder = tree.Path()},
                 tree.Path(Text("a.ini"))) {
-        window.resize(734, 465);
+        window.resize(730, 461); // 11010 by 6975 twips with its frame
         results.setGeometry(0, 0, 676, 300);
         search.setEditable(true);
         for (int column = 1; column <= 12; ++column)
@@ -123,6 +123,11 @@ Node3=Temp|True|Folder Node4=Temporary~Internet~Files|True|Folder
                            Content().mid(Content().indexOf(Text("[Recurse]")))));
     EXPECT_TRUE(Content().endsWith(Text("[Exclude_Network_Nodes]\r\nState=True\r\nNumber=1\r\n"
                                         "Node1=X\r\n")));
+}
+
+TEST(SettingsFileName, IsTheExecutablesWholeName) {
+    EXPECT_EQ(IniFileName(Text("/a"), Text("/b/netrove")), Text("/a/netrove.ini"));
+    EXPECT_EQ(IniFileName(Text("/a/"), Text("/b/netrove-2.1")), Text("/a/netrove-2.1.ini"));
 }
 
 TEST_F(SettingsFileTest, TreatsStrangeValues) {
@@ -290,6 +295,8 @@ TEST_F(SettingsFileTest, FallsBackFromAFolderThatIsGone) {
     EXPECT_EQ(loaded(tree.Path(Text("gone/"))), own);
     EXPECT_EQ(loaded(Text("C:\\Netrove\\Downloads\\")), own);
     EXPECT_EQ(loaded(tree.Path()), tree.Path());
+    EXPECT_EQ(loaded(Text("~/")), QDir::homePath() + u'/');
+    EXPECT_EQ(loaded(Text(".")), own) << "would be another one after each start";
     QDir().rmdir(own);
     tree.File("Downloads", "in the way");
     EXPECT_EQ(loaded(tree.Path(Text("gone/"))), tree.Path());

@@ -2,12 +2,24 @@
 
 #include "runtime/Text.h"
 
+#include <QDir>
+
 #include <algorithm>
 
 namespace netrove {
 
 QString EnsureSuffix(const QString& text, const QString& suffix) {
     return text.endsWith(suffix) ? text : text + suffix;
+}
+
+QString LocalPath(const QString& text) {
+    const bool isInHome = text == u"~" || text.startsWith(u"~/");
+    const QString path = isInHome ? QDir::homePath() + text.mid(1) : text;
+    return path.startsWith(u'/') ? path : QString();
+}
+
+QString PathIn(const QString& folder, const QString& name) {
+    return EnsureSuffix(folder, QDir::separator()) + name;
 }
 
 QString FileExtension(const QString& path) {

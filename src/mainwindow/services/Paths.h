@@ -7,6 +7,13 @@ namespace netrove {
 /// The text, with `suffix` added if it doesn't end in exactly that.
 [[nodiscard]] QString EnsureSuffix(const QString& text, const QString& suffix);
 
+/// The local path that the user or a settings file means: "~" is the user's home folder. Empty for
+/// one that doesn't begin at the root: it would be another one wherever the program is started.
+[[nodiscard]] QString LocalPath(const QString& text);
+
+/// The path of what has that name in a local folder, given with its closing separator or without.
+[[nodiscard]] QString PathIn(const QString& folder, const QString& name);
+
 /// What stands behind the last dot of a path's last element, in upper case; empty if there is
 /// none.
 [[nodiscard]] QString FileExtension(const QString& path);

@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QFontMetrics>
 #include <QLayout>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
@@ -41,6 +42,13 @@ void FixSizeAroundContents(QWidget& window) {
     if (layout.hasHeightForWidth())
         size.setHeight(std::max(window.height(), layout.totalHeightForWidth(size.width())));
     window.setFixedSize(size);
+}
+
+QMargins DesktopFrame(const QWidget& window) {
+    const QWindow* handle = window.windowHandle();
+    const QMargins frame = handle != nullptr ? handle->frameMargins() : QMargins();
+    const bool isKnown = std::min({frame.left(), frame.top(), frame.right(), frame.bottom()}) >= 0;
+    return isKnown ? frame : QMargins();
 }
 
 int CursorX() {

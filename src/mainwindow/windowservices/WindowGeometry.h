@@ -23,6 +23,10 @@ void SetFixedClientSize(QWidget& window, int width, int height);
 /// Keeps the window at its size, or, where what its layout holds needs more room, at that.
 void FixSizeAroundContents(QWidget& window);
 
+/// The frame that the desktop has put around the window, in pixels. Null while there is none, and
+/// while its size isn't known: X11 has it negative as long as the frame is being put on.
+[[nodiscard]] QMargins DesktopFrame(const QWidget& window);
+
 /// Where the mouse is on the screen, in logical pixels.
 [[nodiscard]] int CursorX();
 [[nodiscard]] int CursorY();

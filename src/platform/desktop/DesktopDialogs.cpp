@@ -162,18 +162,28 @@ std::optional<QString> DesktopDialogs::SaveFile(const FileDialogSetup& setup) {
     return ChooseFile(chooser, setup);
 }
 
-std::optional<QString> DesktopDialogs::ChooseFolder(const QString& title, bool network) {
-    QFileDialog chooser(Parent(), title, QDir::homePath());
+std::optional<QString> DesktopDialogs::ChooseFolder(const QString& title, bool network,
+                                                    const QString& start) {
+    QFileDialog chooser(Parent(), title, QFileInfo(start).isDir() ? start : QDir::homePath());
     chooser.setWindowModality(Qt::ApplicationModal);
     chooser.setFileMode(QFileDialog::Directory);
     chooser.setOption(QFileDialog::ShowDirsOnly);
+    QStringList schemes{QStringLiteral("file")};
     if (network)
-        chooser.setSupportedSchemes({QStringLiteral("file"), QStringLiteral("smb")});
+        schemes.append(QStringLiteral("smb"));
+    chooser.setSupportedSchemes(schemes);
     if (chooser.exec() != QDialog::Accepted || chooser.selectedUrls().isEmpty())
         return std::nullopt;
-    const QUrl chosen = chooser.selectedUrls().constFirst();
-    return chosen.isLocalFile() ? QDir::toNativeSeparators(chosen.toLocalFile())
-                                : chosen.toString(QUrl::StripTrailingSlash);
+    return FolderName(chooser.selectedUrls().constFirst(), network);
+}
+
+std::optional<QString> DesktopDialogs::FolderName(const QUrl& chosen, bool network) {
+    if (chosen.isLocalFile())
+        return QDir::toNativeSeparators(chosen.toLocalFile());
+    if (!network)
+        return std::nullopt;
+    const QUrl folder = chosen.adjusted(QUrl::StripTrailingSlash);
+    return folder.scheme() + u"://" + folder.host() + folder.path(QUrl::FullyDecoded);
 }
 
 std::optional<QString> DesktopDialogs::ChooseComputer(const QString& title) {

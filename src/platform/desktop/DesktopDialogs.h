@@ -4,6 +4,7 @@
 #include "platform/NetworkEnumeration.h"
 
 #include <QPointer>
+#include <QUrl>
 #include <QWidget>
 
 namespace netrove {
@@ -24,9 +25,14 @@ public:
     [[nodiscard]] QString InputBox(const QString& prompt, const QString& title) override;
     [[nodiscard]] std::optional<QString> OpenFile(const FileDialogSetup& setup) override;
     [[nodiscard]] std::optional<QString> SaveFile(const FileDialogSetup& setup) override;
-    [[nodiscard]] std::optional<QString> ChooseFolder(const QString& title, bool network) override;
+    [[nodiscard]] std::optional<QString> ChooseFolder(const QString& title, bool network,
+                                                      const QString& start) override;
     [[nodiscard]] std::optional<QString> ChooseComputer(const QString& title) override;
     [[nodiscard]] std::optional<ChosenFont> ChooseFont(const ChosenFont& font) override;
+
+    /// What ChooseFolder gives for a chosen folder. An address has the names as they are, not in
+    /// their code for the web: "C#", not "C%23".
+    [[nodiscard]] static std::optional<QString> FolderName(const QUrl& chosen, bool network);
 
 private:
     [[nodiscard]] QWidget* Parent() const;

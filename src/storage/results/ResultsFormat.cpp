@@ -54,4 +54,9 @@ std::optional<QString> ResultsFormat::Path(QByteArrayView line) {
     return path;
 }
 
+bool ResultsFormat::ComesBack(const QString& name, const QString& folder) {
+    const QString fields[] = {name, folder};
+    return Path(Line(fields)) == folder + name;
+}
+
 } // namespace netrove

@@ -30,5 +30,9 @@ namespace ResultsFormat {
 /// fields, and for one that gives no full path.
 [[nodiscard]] std::optional<QString> Path(QByteArrayView line);
 
+/// Whether Path gives a row's file again once the row is written: not where its name or folder has
+/// a comma or a line break.
+[[nodiscard]] bool ComesBack(const QString& name, const QString& folder);
+
 } // namespace ResultsFormat
 } // namespace netrove
