@@ -25,6 +25,13 @@ class Search:
         names = [row.split("\\")[2] for row in self.rows]
         return [name for at, name in enumerate(names) if at == 0 or names[at - 1] != name]
 
+    def not_searched(self):
+        """The computers and shares, without their first backslashes, that the messages name so."""
+        begin, _, names = self.messages.partition(" not searched: ")
+        if not names:
+            return {begin} - {""}
+        return {name.lstrip("\\") for name in names.split()}
+
 
 class Finder:
     """A copy of the program in a folder of its own, beside the network.ini that it reads."""
