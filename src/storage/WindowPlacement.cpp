@@ -139,7 +139,8 @@ void WindowPlacement::FitFrame() {
     if (CanMove() &&
         (place.width > ToTwips(asked.width()) || place.height > ToTwips(asked.height()))) {
         const WindowPlace kept = OnScreens(place, Screens());
-        window_.move(ToPixels(kept.left), ToPixels(kept.top));
+        if (kept.left != place.left || kept.top != place.top)
+            window_.move(ToPixels(kept.left), ToPixels(kept.top));
     }
 }
 
