@@ -2,7 +2,7 @@
 
 #include "gui/TestDesktop.h"
 #include "mainwindow/frmNetrove.h"
-#include "platform/network/Network.h"
+#include "redirector/Network.h"
 
 #include <QApplication>
 

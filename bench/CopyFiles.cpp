@@ -1,5 +1,5 @@
 #include "downloads/copier/FileCopier.h"
-#include "platform/network/OpenNetwork.h"
+#include "redirector/OpenNetwork.h"
 
 #include <QCoreApplication>
 

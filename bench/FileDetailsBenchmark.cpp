@@ -1,5 +1,5 @@
 #include "fakes/OneFile.h"
-#include "mainwindow/services/FileDetails.h"
+#include "services/FileDetails.h"
 
 #include <benchmark/benchmark.h>
 

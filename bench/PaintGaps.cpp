@@ -1,6 +1,6 @@
 #include "BenchWindow.h"
-#include "platform/desktop/DesktopApplication.h"
-#include "platform/network/OpenNetwork.h"
+#include "desktop/DesktopApplication.h"
+#include "redirector/OpenNetwork.h"
 
 #include <QApplication>
 #include <QComboBox>

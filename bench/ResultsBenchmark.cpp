@@ -1,5 +1,5 @@
 #include "BenchWindow.h"
-#include "platform/network/SmbProvider.h"
+#include "redirector/SmbProvider.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaServer.h"
 

@@ -1,7 +1,7 @@
 #include "AllocatedBytes.h"
 #include "browser/frmNWDialog.h"
+#include "desktop/WindowYield.h"
 #include "fakes/DesktopFakes.h"
-#include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
 
 #include <QAccessible>

@@ -1,5 +1,5 @@
 #include "BenchWindow.h"
-#include "platform/network/FolderProvider.h"
+#include "redirector/FolderProvider.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

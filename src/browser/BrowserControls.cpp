@@ -3,8 +3,8 @@
 #include "browser/LoadProgress.h"
 #include "controls/Color.h"
 #include "controls/NamedControls.h"
-#include "mainwindow/windowservices/PredefinedIcons.h"
 #include "runtime/SourceText.h"
+#include "windowservices/PredefinedIcons.h"
 
 #include <algorithm>
 

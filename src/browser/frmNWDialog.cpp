@@ -2,9 +2,9 @@
 
 #include "controls/HelpKey.h"
 #include "controls/Twips.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
+#include "windowservices/WindowGeometry.h"
 
 #include <utility>
 

@@ -2,11 +2,11 @@
 
 #include "downloads/DownloadRows.h"
 #include "downloads/copier/TargetName.h"
-#include "mainwindow/services/Paths.h"
-#include "mainwindow/windowservices/RowStyle.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "services/Paths.h"
+#include "windowservices/RowStyle.h"
 
 #include <QFileInfo>
 #include <QLocale>

@@ -2,12 +2,12 @@
 
 #include "downloads/DownloadRows.h"
 #include "downloads/RowFiles.h"
-#include "mainwindow/services/WinVer.h"
-#include "mainwindow/windowservices/SortListView.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 #include "searchrun/ResultRows.h"
+#include "services/WinVer.h"
+#include "windowservices/SortListView.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

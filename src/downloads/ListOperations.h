@@ -2,14 +2,14 @@
 
 #include "controls/ListView.h"
 #include "downloads/DownloadQueue.h"
-#include "mainwindow/services/Paths.h"
-#include "mainwindow/services/ShellServices.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/NetworkEnumeration.h"
 #include "platform/Shell.h"
 #include "search/Settings.h"
 #include "searchrun/job/CurrentJob.h"
+#include "services/Paths.h"
+#include "services/ShellServices.h"
 
 #include <QAction>
 #include <QComboBox>

@@ -1,10 +1,10 @@
 #include "find/FindArguments.h"
 
 #include "find/WrongUse.h"
-#include "mainwindow/services/Paths.h"
 #include "runtime/Pattern.h"
 #include "runtime/RunTimeError.h"
 #include "search/SearchText.h"
+#include "services/Paths.h"
 
 #include <QCommandLineParser>
 

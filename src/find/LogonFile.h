@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/network/StoredLogon.h"
+#include "redirector/StoredLogon.h"
 
 #include <QString>
 

@@ -1,11 +1,11 @@
 #include "find/FindProgram.h"
 #include "find/Interruption.h"
 #include "find/LogonFile.h"
-#include "mainwindow/services/NetworkNodes.h"
 #include "platform/ApplicationFolder.h"
 #include "platform/LinuxSystemInformation.h"
 #include "platform/Utf8Locale.h"
-#include "platform/network/OpenNetwork.h"
+#include "redirector/OpenNetwork.h"
+#include "services/NetworkNodes.h"
 #include "translations/Translation.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #include "find/ProgressLine.h"
 
 #include "find/ConsoleText.h"
-#include "mainwindow/services/CompactPath.h"
+#include "services/CompactPath.h"
 
 namespace netrove {
 namespace {

@@ -1,9 +1,9 @@
 #include "find/ResultLines.h"
 
-#include "mainwindow/services/FileDetails.h"
-#include "mainwindow/services/Paths.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
+#include "services/FileDetails.h"
+#include "services/Paths.h"
 
 namespace netrove {
 

@@ -1,8 +1,8 @@
 #include "find/StartNode.h"
 
 #include "find/WrongUse.h"
-#include "mainwindow/services/NetworkNodes.h"
-#include "mainwindow/services/Paths.h"
+#include "services/NetworkNodes.h"
+#include "services/Paths.h"
 
 namespace netrove {
 namespace {

@@ -5,7 +5,7 @@
 #include "platform/NetworkEnumeration.h"
 #include "platform/NetworkReport.h"
 #include "platform/ReadAhead.h"
-#include "platform/network/UncPath.h"
+#include "redirector/UncPath.h"
 
 #include <QString>
 

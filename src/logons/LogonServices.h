@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Dialogs.h"
-#include "platform/network/Logons.h"
-#include "platform/network/SmbLimits.h"
+#include "redirector/Logons.h"
+#include "redirector/SmbLimits.h"
 #include "skins/SkinOwner.h"
 #include "smb/SmbMessages.h"
 

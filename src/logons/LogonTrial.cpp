@@ -1,6 +1,6 @@
 #include "logons/LogonTrial.h"
 
-#include "platform/network/SmbPool.h"
+#include "redirector/SmbPool.h"
 #include "runtime/Yield.h"
 
 namespace netrove {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/network/SmbLimits.h"
+#include "redirector/SmbLimits.h"
 #include "smb/SmbMessages.h"
 
 #include <QString>

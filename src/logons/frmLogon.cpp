@@ -1,10 +1,10 @@
 #include "logons/frmLogon.h"
 
 #include "controls/HelpKey.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
-#include "platform/network/UncPath.h"
+#include "redirector/UncPath.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
+#include "windowservices/WindowGeometry.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Dialogs.h"
-#include "platform/network/StoredLogon.h"
+#include "redirector/StoredLogon.h"
 #include "skins/DialogSkin.h"
 
 #include <QCheckBox>

@@ -1,8 +1,8 @@
 #include "logons/frmLogons.h"
 
 #include "controls/HelpKey.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
-#include "platform/network/UncPath.h"
+#include "redirector/UncPath.h"
+#include "windowservices/WindowGeometry.h"
 
 #include <QCoreApplication>
 #include <QPointer>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "about/ColumnHelp.h"
 #include "downloads/DownloadQueue.h"
 #include "downloads/ListOperations.h"
 #include "mainwindow/MainControls.h"
 #include "mainwindow/ToolsMenu.h"
-#include "mainwindow/about/ColumnHelp.h"
 #include "searchrun/SearchRun.h"
 #include "searchrun/SearchStart.h"
 #include "storage/ResultsFile.h"

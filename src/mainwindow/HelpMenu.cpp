@@ -1,6 +1,6 @@
 #include "mainwindow/HelpMenu.h"
 
-#include "mainwindow/about/frmAbout.h"
+#include "about/frmAbout.h"
 #include "online/frmDonate.h"
 #include "online/frmUpdate.h"
 

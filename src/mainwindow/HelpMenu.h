@@ -1,8 +1,8 @@
 #pragma once
 
-#include "mainwindow/services/ShellServices.h"
 #include "platform/Dialogs.h"
 #include "platform/Http.h"
+#include "services/ShellServices.h"
 #include "skins/SkinOwner.h"
 
 #include <QDialog>

@@ -2,9 +2,9 @@
 
 #include "controls/NamedControls.h"
 #include "controls/Twips.h"
-#include "mainwindow/windowservices/PredefinedIcons.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
+#include "windowservices/PredefinedIcons.h"
 
 #include <QProxyStyle>
 

@@ -3,7 +3,7 @@
 #include "controls/ImageList.h"
 #include "controls/ListView.h"
 #include "controls/StatusBar.h"
-#include "mainwindow/windowservices/IconImages.h"
+#include "windowservices/IconImages.h"
 
 #include <QCheckBox>
 #include <QComboBox>

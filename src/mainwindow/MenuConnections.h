@@ -1,5 +1,6 @@
 #pragma once
 
+#include "about/ColumnHelp.h"
 #include "downloads/DownloadQueue.h"
 #include "downloads/ListOperations.h"
 #include "mainwindow/HelpMenu.h"
@@ -7,7 +8,6 @@
 #include "mainwindow/ProgramServices.h"
 #include "mainwindow/SysTray.h"
 #include "mainwindow/ToolsMenu.h"
-#include "mainwindow/about/ColumnHelp.h"
 #include "searchrun/PredefinedPatterns.h"
 #include "searchrun/SearchStart.h"
 #include "skins/SkinSelection.h"

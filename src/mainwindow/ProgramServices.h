@@ -1,7 +1,6 @@
 #pragma once
 
 #include "downloads/copier/CopyQ.h"
-#include "mainwindow/windowservices/IconImages.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Http.h"
@@ -13,6 +12,7 @@
 #include "platform/SystemInformation.h"
 #include "platform/Tray.h"
 #include "skins/SkinOwner.h"
+#include "windowservices/IconImages.h"
 
 #include <QAbstractButton>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "mainwindow/SysTray.h"
 
 #include "mainwindow/FlyingFrame.h"
-#include "mainwindow/windowservices/OwnedWindows.h"
+#include "windowservices/OwnedWindows.h"
 
 #include <QEvent>
 #include <QWindow>

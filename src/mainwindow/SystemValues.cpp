@@ -1,7 +1,7 @@
 #include "mainwindow/SystemValues.h"
 
-#include "mainwindow/services/WinVer.h"
 #include "runtime/Text.h"
+#include "services/WinVer.h"
 
 namespace netrove {
 

@@ -3,12 +3,12 @@
 #include "controls/ListView.h"
 #include "mainwindow/ProgramServices.h"
 #include "mainwindow/SystemValues.h"
-#include "mainwindow/services/ShellServices.h"
 #include "platform/Dialogs.h"
 #include "platform/NetworkReport.h"
 #include "platform/SystemInformation.h"
 #include "search/Settings.h"
 #include "searchrun/job/CurrentJob.h"
+#include "services/ShellServices.h"
 #include "silent/frmSilent.h"
 #include "skins/SkinOwner.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "mainwindow/services/ShellServices.h"
 #include "platform/Dialogs.h"
+#include "services/ShellServices.h"
 
 #include <QLabel>
 

@@ -1,8 +1,8 @@
 #include "mainwindow/WindowLayout.h"
 
 #include "controls/Twips.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/Yield.h"
+#include "windowservices/WindowGeometry.h"
 
 #include <QLayout>
 

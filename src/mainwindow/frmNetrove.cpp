@@ -5,11 +5,11 @@
 #include "mainwindow/ControlConnections.h"
 #include "mainwindow/MenuConnections.h"
 #include "mainwindow/NoYields.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
 #include "platform/ApplicationFolder.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
 #include "skins/frame/PaintedFrame.h"
+#include "windowservices/WindowGeometry.h"
 
 #include <QApplication>
 #include <QCloseEvent>

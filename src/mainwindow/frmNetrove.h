@@ -1,5 +1,6 @@
 #pragma once
 
+#include "about/ColumnHelp.h"
 #include "mainwindow/DefaultButton.h"
 #include "mainwindow/HelpMenu.h"
 #include "mainwindow/InputEvents.h"
@@ -12,13 +13,12 @@
 #include "mainwindow/ToolsMenu.h"
 #include "mainwindow/WebLink.h"
 #include "mainwindow/WindowLayout.h"
-#include "mainwindow/about/ColumnHelp.h"
-#include "mainwindow/services/ShellServices.h"
 #include "platform/InstanceMarker.h"
 #include "search/ExclusionLists.h"
 #include "search/Settings.h"
 #include "search/TroubleshootingLog.h"
 #include "searchrun/SearchState.h"
+#include "services/ShellServices.h"
 #include "skins/frame/PaintedSkinFrame.h"
 
 #include <QMainWindow>

@@ -1,9 +1,9 @@
 #include "netrove/WindowProgram.h"
 
+#include "desktop/keyring/DesktopKeyring.h"
 #include "downloads/copier/FileCopier.h"
 #include "logons/frmLogons.h"
 #include "platform/ApplicationFolder.h"
-#include "platform/keyring/DesktopKeyring.h"
 #include "storage/SettingsFile.h"
 
 namespace netrove {

@@ -1,17 +1,17 @@
 #pragma once
 
+#include "desktop/DesktopDialogs.h"
+#include "desktop/DesktopFileTypes.h"
+#include "desktop/DesktopShell.h"
+#include "desktop/DesktopTray.h"
+#include "desktop/SessionEnd.h"
+#include "desktop/WindowYield.h"
+#include "http/HttpReader.h"
 #include "mainwindow/frmNetrove.h"
 #include "online/webfiles/WebSite.h"
 #include "platform/LinuxSystemInformation.h"
-#include "platform/desktop/DesktopDialogs.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/DesktopShell.h"
-#include "platform/desktop/DesktopTray.h"
-#include "platform/desktop/SessionEnd.h"
-#include "platform/desktop/WindowYield.h"
-#include "platform/http/HttpReader.h"
-#include "platform/network/NetworkReachTest.h"
-#include "platform/network/OpenNetwork.h"
+#include "redirector/NetworkReachTest.h"
+#include "redirector/OpenNetwork.h"
 
 #include <QStringList>
 

@@ -1,11 +1,11 @@
-#include "mainwindow/windowservices/PredefinedIcons.h"
+#include "desktop/DesktopApplication.h"
+#include "desktop/SessionBus.h"
 #include "netrove/StartArguments.h"
 #include "netrove/WindowProgram.h"
 #include "platform/Utf8Locale.h"
-#include "platform/desktop/DesktopApplication.h"
-#include "platform/desktop/SessionBus.h"
 #include "runtime/ProgramVersion.h"
 #include "translations/Translation.h"
+#include "windowservices/PredefinedIcons.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "mainwindow/services/ShellServices.h"
 #include "online/webfiles/Version.h"
 #include "platform/Dialogs.h"
 #include "platform/Http.h"
+#include "services/ShellServices.h"
 #include "skins/SkinOwner.h"
 
 #include <QAbstractButton>

@@ -2,11 +2,11 @@
 
 #include "controls/HelpKey.h"
 #include "controls/NamedControls.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
 #include "online/webfiles/WebFile.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
+#include "windowservices/WindowGeometry.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

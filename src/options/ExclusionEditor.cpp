@@ -1,10 +1,10 @@
 #include "options/ExclusionEditor.h"
 
-#include "mainwindow/windowservices/SortListView.h"
 #include "options/NodeTypes.h"
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "windowservices/SortListView.h"
 
 #include <utility>
 

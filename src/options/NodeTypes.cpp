@@ -1,7 +1,7 @@
 #include "options/NodeTypes.h"
 
-#include "mainwindow/windowservices/PredefinedIcons.h"
 #include "runtime/Text.h"
+#include "windowservices/PredefinedIcons.h"
 
 namespace netrove {
 namespace {

@@ -1,7 +1,7 @@
 #include "options/OptionChecks.h"
 
-#include "mainwindow/services/Paths.h"
 #include "runtime/Text.h"
+#include "services/Paths.h"
 
 #include <QFileInfo>
 

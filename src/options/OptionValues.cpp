@@ -2,10 +2,10 @@
 
 #include "controls/Color.h"
 #include "controls/FontSize.h"
-#include "mainwindow/services/NetworkNodes.h"
-#include "mainwindow/services/Paths.h"
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
+#include "services/NetworkNodes.h"
+#include "services/Paths.h"
 
 #include <QDir>
 

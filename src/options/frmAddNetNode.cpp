@@ -1,13 +1,13 @@
 #include "options/frmAddNetNode.h"
 
 #include "controls/HelpKey.h"
-#include "mainwindow/services/Paths.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
 #include "options/OptionPage.h"
 #include "options/modBrowse.h"
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
+#include "services/Paths.h"
 #include "skins/SkinControls.h"
+#include "windowservices/WindowGeometry.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -2,14 +2,14 @@
 
 #include "controls/Color.h"
 #include "controls/HelpKey.h"
-#include "mainwindow/services/Paths.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
 #include "options/frmAddNetNode.h"
 #include "options/modBrowse.h"
 #include "runtime/Formats.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
+#include "services/Paths.h"
+#include "windowservices/WindowGeometry.h"
 
 namespace netrove {
 namespace {

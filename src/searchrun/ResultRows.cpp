@@ -1,10 +1,10 @@
 #include "searchrun/ResultRows.h"
 
 #include "controls/Twips.h"
-#include "mainwindow/services/CompactPath.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "services/CompactPath.h"
+#include "windowservices/WindowGeometry.h"
 
 namespace netrove {
 namespace {

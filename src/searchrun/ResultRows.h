@@ -2,12 +2,12 @@
 
 #include "controls/ListView.h"
 #include "controls/StatusBar.h"
-#include "mainwindow/services/FileDetails.h"
-#include "mainwindow/windowservices/IconImages.h"
 #include "platform/Files.h"
 #include "search/Settings.h"
 #include "searchrun/SearchState.h"
 #include "searchrun/columns/AudioColumns.h"
+#include "services/FileDetails.h"
+#include "windowservices/IconImages.h"
 
 #include <QLabel>
 #include <QString>

@@ -1,6 +1,5 @@
 #include "searchrun/SearchRun.h"
 
-#include "mainwindow/services/FileDetails.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
@@ -8,6 +7,7 @@
 #include "search/SearchSummary.h"
 #include "search/SearchText.h"
 #include "searchrun/columns/AudioColumns.h"
+#include "services/FileDetails.h"
 
 #include <QDateTime>
 

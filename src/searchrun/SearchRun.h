@@ -2,7 +2,6 @@
 
 #include "controls/ListView.h"
 #include "controls/StatusBar.h"
-#include "mainwindow/windowservices/IconImages.h"
 #include "platform/Dialogs.h"
 #include "platform/NetworkReport.h"
 #include "runtime/RunTimeError.h"
@@ -13,6 +12,7 @@
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
 #include "searchrun/job/CurrentJob.h"
+#include "windowservices/IconImages.h"
 
 #include <QCheckBox>
 #include <QComboBox>

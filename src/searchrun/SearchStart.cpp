@@ -1,12 +1,12 @@
 #include "searchrun/SearchStart.h"
 
-#include "mainwindow/services/NetworkNodes.h"
-#include "mainwindow/services/Paths.h"
-#include "mainwindow/services/WinVer.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
+#include "services/NetworkNodes.h"
+#include "services/Paths.h"
+#include "services/WinVer.h"
+#include "windowservices/WindowGeometry.h"
 
 namespace netrove {
 namespace {

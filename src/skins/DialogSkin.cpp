@@ -1,8 +1,8 @@
 #include "skins/DialogSkin.h"
 
-#include "mainwindow/windowservices/WindowGeometry.h"
 #include "skins/SkinControls.h"
 #include "skins/StandardFrame.h"
+#include "windowservices/WindowGeometry.h"
 
 namespace netrove {
 

@@ -1,9 +1,9 @@
 #include "skins/frmCustomizeSkin.h"
 
 #include "controls/HelpKey.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
+#include "windowservices/WindowGeometry.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

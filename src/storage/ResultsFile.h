@@ -2,8 +2,6 @@
 
 #include "controls/ListView.h"
 #include "controls/StatusBar.h"
-#include "mainwindow/services/ShellServices.h"
-#include "mainwindow/windowservices/IconImages.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/ReadAhead.h"
@@ -12,7 +10,9 @@
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
 #include "searchrun/job/CurrentJob.h"
+#include "services/ShellServices.h"
 #include "storage/results/ResultsWriter.h"
+#include "windowservices/IconImages.h"
 
 #include <QLabel>
 #include <QTabWidget>

@@ -3,12 +3,12 @@
 #include "controls/Color.h"
 #include "controls/FontSize.h"
 #include "controls/Twips.h"
-#include "mainwindow/services/FileDetails.h"
-#include "mainwindow/services/NetworkNodes.h"
-#include "mainwindow/services/Paths.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
+#include "services/FileDetails.h"
+#include "services/NetworkNodes.h"
+#include "services/Paths.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "storage/WindowPlacement.h"
 
 #include "controls/Twips.h"
-#include "mainwindow/windowservices/WindowGeometry.h"
+#include "windowservices/WindowGeometry.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,8 +1,8 @@
+#include "about/ColumnHelp.h"
+#include "about/frmAbout.h"
+#include "about/frmPic.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/Find.h"
-#include "mainwindow/about/ColumnHelp.h"
-#include "mainwindow/about/frmAbout.h"
-#include "mainwindow/about/frmPic.h"
 
 #include <QApplication>
 #include <QScreen>

@@ -1,6 +1,6 @@
+#include "audio/ISMP3Player.h"
 #include "audio/MpegStream.h"
 #include "fakes/OneFile.h"
-#include "platform/audio/ISMP3Player.h"
 
 #include <cstdint>
 #include <cstdlib>

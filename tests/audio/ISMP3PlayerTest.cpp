@@ -1,4 +1,4 @@
-#include "platform/audio/ISMP3Player.h"
+#include "audio/ISMP3Player.h"
 
 #include "audio/MpegStream.h"
 #include "fakes/OneFile.h"

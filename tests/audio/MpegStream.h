@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/audio/MpegFrameHeader.h"
+#include "audio/MpegFrameHeader.h"
 
 #include <QByteArray>
 #include <QtEndian>

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "browser/frmNWDialog.h"
+#include "desktop/WindowYield.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/Files.h"
 #include "fakes/Find.h"
 #include "fakes/MemoryNetwork.h"
-#include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
 
 #include <QTemporaryDir>

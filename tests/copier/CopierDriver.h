@@ -1,7 +1,7 @@
 #pragma once
 
 #include "downloads/copier/FileCopier.h"
-#include "platform/network/Network.h"
+#include "redirector/Network.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

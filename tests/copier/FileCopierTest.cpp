@@ -1,8 +1,8 @@
 #include "copier/CopierDriver.h"
 #include "fakes/Text.h"
 #include "platform/TempTree.h"
-#include "platform/network/FolderProvider.h"
-#include "platform/network/SmbProvider.h"
+#include "redirector/FolderProvider.h"
+#include "redirector/SmbProvider.h"
 #include "runtime/ExpectRaised.h"
 
 namespace netrove {

@@ -1,5 +1,5 @@
 #include "copier/CopierDriver.h"
-#include "platform/network/SmbProvider.h"
+#include "redirector/SmbProvider.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "copier/CopierDriver.h"
 #include "fakes/Text.h"
 #include "platform/TempTree.h"
-#include "platform/network/SmbProvider.h"
+#include "redirector/SmbProvider.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaTest.h"
 

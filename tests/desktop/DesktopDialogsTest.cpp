@@ -1,9 +1,9 @@
-#include "platform/desktop/DesktopDialogs.h"
+#include "desktop/DesktopDialogs.h"
 
+#include "desktop/WindowYield.h"
 #include "fakes/Find.h"
 #include "fakes/MemoryNetwork.h"
 #include "fakes/UseDialog.h"
-#include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
 
 #include <QAbstractButton>

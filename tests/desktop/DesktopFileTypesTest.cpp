@@ -1,4 +1,4 @@
-#include "platform/desktop/DesktopFileTypes.h"
+#include "desktop/DesktopFileTypes.h"
 
 #include <gtest/gtest.h>
 

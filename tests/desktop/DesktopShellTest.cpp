@@ -1,10 +1,10 @@
-#include "platform/desktop/DesktopShell.h"
+#include "desktop/DesktopShell.h"
 
+#include "desktop/DesktopAddress.h"
+#include "desktop/SessionBus.h"
 #include "fakes/Files.h"
 #include "fakes/MemoryNetwork.h"
 #include "fakes/Text.h"
-#include "platform/desktop/DesktopAddress.h"
-#include "platform/desktop/SessionBus.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -1,4 +1,4 @@
-#include "platform/desktop/DesktopTray.h"
+#include "desktop/DesktopTray.h"
 
 #include <QMenu>
 #include <gtest/gtest.h>

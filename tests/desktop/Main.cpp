@@ -1,5 +1,5 @@
+#include "desktop/DesktopApplication.h"
 #include "fakes/Files.h"
-#include "platform/desktop/DesktopApplication.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "platform/desktop/SessionEnd.h"
+#include "desktop/SessionEnd.h"
 
 #include <QApplication>
 #include <QTest>

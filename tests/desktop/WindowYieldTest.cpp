@@ -1,4 +1,4 @@
-#include "platform/desktop/WindowYield.h"
+#include "desktop/WindowYield.h"
 
 #include "controls/DisplayTimer.h"
 #include "runtime/RunTimeError.h"

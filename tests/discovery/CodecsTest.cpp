@@ -1,9 +1,9 @@
+#include "discovery/ComputerName.h"
+#include "discovery/DnsSdText.h"
+#include "discovery/HttpResponse.h"
+#include "discovery/NetBiosPackets.h"
+#include "discovery/WsMessages.h"
 #include "fakes/Text.h"
-#include "platform/discovery/ComputerName.h"
-#include "platform/discovery/DnsSdText.h"
-#include "platform/discovery/HttpResponse.h"
-#include "platform/discovery/NetBiosPackets.h"
-#include "platform/discovery/WsMessages.h"
 
 #include <gtest/gtest.h>
 

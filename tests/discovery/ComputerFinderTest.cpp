@@ -1,4 +1,4 @@
-#include "platform/discovery/ComputerFinder.h"
+#include "discovery/ComputerFinder.h"
 
 #include "fakes/Text.h"
 

@@ -1,5 +1,5 @@
-#include "platform/discovery/ComputerName.h"
-#include "platform/discovery/DnsSdText.h"
+#include "discovery/ComputerName.h"
+#include "discovery/DnsSdText.h"
 
 #include <cstdint>
 #include <cstdlib>

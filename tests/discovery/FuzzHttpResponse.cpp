@@ -1,4 +1,4 @@
-#include "platform/discovery/HttpResponse.h"
+#include "discovery/HttpResponse.h"
 
 #include <cstdint>
 #include <cstdlib>

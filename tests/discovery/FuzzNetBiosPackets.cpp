@@ -1,5 +1,5 @@
-#include "platform/discovery/ComputerName.h"
-#include "platform/discovery/NetBiosPackets.h"
+#include "discovery/ComputerName.h"
+#include "discovery/NetBiosPackets.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,5 +1,5 @@
-#include "platform/discovery/ComputerName.h"
-#include "platform/discovery/WsMessages.h"
+#include "discovery/ComputerName.h"
+#include "discovery/WsMessages.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,5 +1,5 @@
+#include "discovery/Answer.h"
 #include "fakes/Text.h"
-#include "platform/discovery/Answer.h"
 
 #include <gtest/gtest.h>
 

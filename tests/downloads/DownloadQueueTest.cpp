@@ -1,14 +1,14 @@
 #include "downloads/DownloadQueue.h"
 
+#include "desktop/WindowYield.h"
 #include "downloads/DownloadRows.h"
 #include "fakes/CommandedCopier.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/Files.h"
 #include "fakes/ListHands.h"
 #include "fakes/Text.h"
-#include "mainwindow/windowservices/SortListView.h"
-#include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
+#include "windowservices/SortListView.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>

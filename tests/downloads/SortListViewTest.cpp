@@ -1,4 +1,4 @@
-#include "mainwindow/windowservices/SortListView.h"
+#include "windowservices/SortListView.h"
 
 #include "fakes/DesktopFakes.h"
 #include "fakes/Text.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/discovery/ComputerSource.h"
-#include "platform/discovery/UniqueDescriptor.h"
+#include "discovery/ComputerSource.h"
+#include "discovery/UniqueDescriptor.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/network/NetworkProvider.h"
+#include "redirector/NetworkProvider.h"
 
 #include <filesystem>
 #include <fstream>

@@ -3,7 +3,7 @@
 #include "fakes/MemoryNetwork.h"
 #include "fakes/Text.h"
 #include "find/ConsoleText.h"
-#include "platform/network/ComputerReport.h"
+#include "redirector/ComputerReport.h"
 #include "runtime/ProgramVersion.h"
 #include "runtime/Yield.h"
 

@@ -2,7 +2,7 @@
 #include "fakes/Files.h"
 #include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
-#include "platform/network/Network.h"
+#include "redirector/Network.h"
 
 #include <QDir>
 #include <gtest/gtest.h>

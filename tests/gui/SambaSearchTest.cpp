@@ -3,8 +3,8 @@
 #include "fakes/Files.h"
 #include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
-#include "platform/network/NetworkReachTest.h"
-#include "platform/network/OpenNetwork.h"
+#include "redirector/NetworkReachTest.h"
+#include "redirector/OpenNetwork.h"
 #include "smb/SambaServer.h"
 
 #include <QProcess>

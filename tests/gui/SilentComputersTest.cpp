@@ -1,7 +1,7 @@
 #include "controls/Twips.h"
 #include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
-#include "platform/network/NetworkReachTest.h"
+#include "redirector/NetworkReachTest.h"
 #include "silent/frmSilent.h"
 
 #include <QClipboard>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "desktop/DesktopFileTypes.h"
+#include "desktop/WindowYield.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/FakeTray.h"
 #include "mainwindow/ProgramServices.h"
-#include "platform/desktop/DesktopFileTypes.h"
-#include "platform/desktop/WindowYield.h"
 
 #include <QTemporaryDir>
 

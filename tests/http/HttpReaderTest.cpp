@@ -1,4 +1,4 @@
-#include "platform/http/HttpReader.h"
+#include "http/HttpReader.h"
 
 #include "fakes/Text.h"
 #include "http/WebServer.h"

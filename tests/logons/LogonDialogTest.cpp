@@ -1,10 +1,10 @@
+#include "desktop/WindowYield.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/Find.h"
 #include "fakes/MemoryKeyring.h"
 #include "fakes/UseDialog.h"
 #include "logons/frmLogon.h"
 #include "logons/frmLogons.h"
-#include "platform/desktop/WindowYield.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaServer.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "desktop/WindowYield.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/Find.h"
 #include "online/OnlineServices.h"
-#include "platform/desktop/WindowYield.h"
 #include "runtime/Yield.h"
 
 #include <QDialog>

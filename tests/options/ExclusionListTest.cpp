@@ -1,6 +1,6 @@
 #include "OpenOptions.h"
 #include "controls/ListHeader.h"
-#include "platform/desktop/WindowYield.h"
+#include "desktop/WindowYield.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "SampleTree.h"
 #include "fakes/Text.h"
 #include "platform/TempTree.h"
-#include "platform/network/FolderProvider.h"
+#include "redirector/FolderProvider.h"
 
 #include <QDirIterator>
 #include <QFileInfo>

@@ -2,13 +2,13 @@
 #include "fakes/MemoryNetwork.h"
 #include "fakes/OneFile.h"
 #include "fakes/Text.h"
-#include "mainwindow/services/CompactPath.h"
-#include "mainwindow/services/FileDetails.h"
-#include "mainwindow/services/NetworkNodes.h"
-#include "mainwindow/services/Paths.h"
-#include "mainwindow/services/ShellServices.h"
-#include "mainwindow/services/WinVer.h"
 #include "runtime/RunTimeError.h"
+#include "services/CompactPath.h"
+#include "services/FileDetails.h"
+#include "services/NetworkNodes.h"
+#include "services/Paths.h"
+#include "services/ShellServices.h"
+#include "services/WinVer.h"
 
 #include <gtest/gtest.h>
 

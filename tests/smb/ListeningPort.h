@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/discovery/UniqueDescriptor.h"
+#include "discovery/UniqueDescriptor.h"
 
 #include <QtGlobal>
 

@@ -1,4 +1,4 @@
-#include "platform/network/Logons.h"
+#include "redirector/Logons.h"
 
 #include "fakes/MemoryKeyring.h"
 #include "fakes/Text.h"

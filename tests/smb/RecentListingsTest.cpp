@@ -1,4 +1,4 @@
-#include "platform/network/RecentListings.h"
+#include "redirector/RecentListings.h"
 
 #include "fakes/Text.h"
 

@@ -1,6 +1,6 @@
 #include "smb/SambaServer.h"
 
-#include "platform/network/SmbProbe.h"
+#include "redirector/SmbProbe.h"
 #include "smb/ListeningPort.h"
 
 #include <QDeadlineTimer>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/network/SmbHost.h"
+#include "redirector/SmbHost.h"
 
 #include <QProcess>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "fakes/Text.h"
-#include "platform/network/Network.h"
-#include "platform/network/SmbProvider.h"
+#include "redirector/Network.h"
+#include "redirector/SmbProvider.h"
 #include "runtime/Yield.h"
 #include "search/NWSearch.h"
 #include "smb/ListeningPort.h"

@@ -1,5 +1,5 @@
 #include "fakes/Text.h"
-#include "platform/network/SmbProvider.h"
+#include "redirector/SmbProvider.h"
 #include "runtime/Yield.h"
 #include "smb/FaultyProxy.h"
 #include "smb/Frames.h"

@@ -1,4 +1,4 @@
-#include "platform/network/SmbProvider.h"
+#include "redirector/SmbProvider.h"
 #include "smb/SambaTest.h"
 
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "platform/network/SmbProvider.h"
+#include "redirector/SmbProvider.h"
 
 #include "fakes/FakeComputerSource.h"
 #include "fakes/LinkedTree.h"

@@ -1,5 +1,5 @@
-#include "platform/network/Network.h"
-#include "platform/network/SmbProvider.h"
+#include "redirector/Network.h"
+#include "redirector/SmbProvider.h"
 #include "search/NWSearch.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaTest.h"

@@ -1,4 +1,4 @@
-#include "platform/network/SmbServers.h"
+#include "redirector/SmbServers.h"
 
 #include "fakes/Text.h"
 

@@ -1,4 +1,4 @@
-#include "platform/network/WalkOrder.h"
+#include "redirector/WalkOrder.h"
 
 #include "fakes/Text.h"
 #include "platform/Files.h"

@@ -1,3 +1,4 @@
+#include "desktop/ComputerChooser.h"
 #include "fakes/Files.h"
 #include "fakes/MemoryKeyring.h"
 #include "fakes/MemoryNetwork.h"
@@ -5,8 +6,7 @@
 #include "gui/WindowDriver.h"
 #include "logons/frmLogon.h"
 #include "logons/frmLogons.h"
-#include "platform/desktop/ComputerChooser.h"
-#include "platform/network/ComputerReport.h"
+#include "redirector/ComputerReport.h"
 #include "silent/frmSilent.h"
 #include "translations/Translation.h"
 

@@ -1,7 +1,7 @@
-#include "mainwindow/windowservices/IconImages.h"
+#include "windowservices/IconImages.h"
 
 #include "fakes/Text.h"
-#include "mainwindow/windowservices/PredefinedIcons.h"
+#include "windowservices/PredefinedIcons.h"
 
 #include <gtest/gtest.h>
 

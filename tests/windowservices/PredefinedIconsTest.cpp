@@ -1,4 +1,4 @@
-#include "mainwindow/windowservices/PredefinedIcons.h"
+#include "windowservices/PredefinedIcons.h"
 
 #include "fakes/Pixels.h"
 #include "runtime/RunTimeError.h"

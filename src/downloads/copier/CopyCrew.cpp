@@ -1,7 +1,7 @@
 #include "downloads/copier/CopyCrew.h"
 
 #include "downloads/copier/FileCopy.h"
-#include "platform/network/SmbPool.h"
+#include "redirector/SmbPool.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 

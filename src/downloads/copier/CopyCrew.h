@@ -1,8 +1,8 @@
 #pragma once
 
 #include "downloads/copier/CopyMeter.h"
-#include "platform/network/Logons.h"
-#include "platform/network/SmbLimits.h"
+#include "redirector/Logons.h"
+#include "redirector/SmbLimits.h"
 #include "smb/SmbMessages.h"
 
 #include <QString>

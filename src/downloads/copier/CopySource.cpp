@@ -1,6 +1,6 @@
 #include "downloads/copier/CopySource.h"
 
-#include "platform/network/SmbErrors.h"
+#include "redirector/SmbErrors.h"
 
 #include <cerrno>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/LocalFiles.h"
-#include "platform/network/SmbPool.h"
+#include "redirector/SmbPool.h"
 #include "runtime/RunTimeError.h"
 
 #include <QByteArrayView>

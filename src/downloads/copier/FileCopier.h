@@ -2,8 +2,8 @@
 
 #include "downloads/copier/CopyCrew.h"
 #include "downloads/copier/CopyQ.h"
-#include "platform/network/Network.h"
-#include "platform/network/SmbPool.h"
+#include "redirector/Network.h"
+#include "redirector/SmbPool.h"
 
 #include <QHash>
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "audio/ISMP3Player.h"
 #include "platform/Files.h"
 #include "platform/ReadAhead.h"
-#include "platform/audio/ISMP3Player.h"
 
 #include <QString>
 

@@ -1,0 +1,117 @@
+#include "about/frmColHelp.h"
+
+#include "controls/Twips.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QToolTip>
+
+namespace netrove {
+namespace {
+
+/// In twips: a text of two lines has its place in it.
+constexpr int Width = 4800;
+/// Pixels between the frame and the text.
+constexpr int MarginX = 5;
+constexpr int MarginY = 2;
+/// Points; a text that is too high becomes smaller in such steps, down to the smallest size.
+constexpr qreal FontStep = 0.25;
+constexpr qreal SmallestFont = 6;
+
+/// In twips.
+int HeightOf(qint16 key) {
+    switch (key) {
+    case 0:
+    case 2:
+    case 3:
+    case 5:
+    case 6:
+    case 7:
+    case 10:
+        return 650;
+    case 4:
+        return 1250;
+    case 8:
+        return 1400;
+    default:
+        return 450;
+    }
+}
+
+/// Where the screen with that place ends on the right, in twips.
+int RightEdge(const ColumnHelpText& help) {
+    const QPoint place(ToPixels(int(help.ColHelpX)), ToPixels(int(help.ColHelpY)));
+    const QScreen* screen = QGuiApplication::screenAt(place);
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    return ToTwips(screen->geometry().right() + 1);
+}
+
+} // namespace
+
+frmColHelp::frmColHelp(const ColumnHelpText& help, QWidget* owner)
+    : QWidget(owner, Qt::Popup), Shape1_(new QFrame(this)), Label1_(new QLabel(this)) {
+    setObjectName(QStringLiteral("frmColHelp"));
+    setWindowTitle(QStringLiteral("Column Help"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    MakeControls();
+    Form_Load(help);
+}
+
+void frmColHelp::MakeControls() {
+    setPalette(QToolTip::palette());
+    Shape1_->setObjectName(QStringLiteral("Shape1"));
+    Shape1_->setFrameShape(QFrame::Box);
+    Shape1_->setAutoFillBackground(true);
+    // The colours of tool tips, for controls that take those of windows.
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, colours.color(QPalette::ToolTipBase));
+    colours.setColor(QPalette::WindowText, colours.color(QPalette::ToolTipText));
+    Shape1_->setPalette(colours);
+    Label1_->setPalette(colours);
+    Label1_->setObjectName(QStringLiteral("Label1"));
+    Label1_->setTextFormat(Qt::PlainText);
+    Label1_->setWordWrap(true);
+    Label1_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    Label1_->setContentsMargins(MarginX, MarginY, MarginX, MarginY);
+}
+
+void frmColHelp::Form_Load(ColumnHelpText help) {
+    if (help.ColHelpX > float(RightEdge(help) - Width))
+        help.ColHelpX -= Width;
+    move(ToPixels(int(help.ColHelpX)), ToPixels(int(help.ColHelpY)));
+    Label1_->setText(QString(help.ColHelpText).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    setFixedSize(ToPixels(Width), ToPixels(HeightOf(help.ColHelpKey)));
+    Shape1_->resize(size());
+    Label1_->resize(size());
+    FitFont();
+    setAccessibleName(windowTitle());
+    setAccessibleDescription(Label1_->text());
+}
+
+/// The heights are those of small fonts.
+void frmColHelp::FitFont() {
+    QFont font = Label1_->font();
+    while (Label1_->heightForWidth(width()) > height() &&
+           font.pointSizeF() - FontStep >= SmallestFont) {
+        font.setPointSizeF(font.pointSizeF() - FontStep);
+        Label1_->setFont(font);
+    }
+}
+
+void frmColHelp::mousePressEvent(QMouseEvent* /*event*/) {
+    close();
+}
+
+void frmColHelp::keyPressEvent(QKeyEvent* /*event*/) {
+    close();
+}
+
+void frmColHelp::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isVisible() && !isActiveWindow())
+        close();
+}
+
+} // namespace netrove

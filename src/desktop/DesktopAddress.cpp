@@ -1,0 +1,60 @@
+#include "desktop/DesktopAddress.h"
+
+#include <QStringList>
+
+namespace netrove {
+
+namespace {
+
+/// What "smb:" means without a port.
+constexpr quint16 UsualPort = 445;
+
+bool CanStandInAddress(const QString& name) {
+    return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
+           !name.contains(QLatin1Char('/')) && !name.contains(QChar(0));
+}
+
+} // namespace
+
+std::optional<QUrl> SmbAddress(const QString& networkPath,
+                               const std::optional<ServerAddress>& server) {
+    if (!networkPath.startsWith(QLatin1String("\\\\")))
+        return std::nullopt;
+    QStringList names = networkPath.mid(2).split(QLatin1Char('\\'));
+    if (names.size() > 1 && names.last().isEmpty())
+        names.removeLast();
+    for (const QString& name : std::as_const(names)) {
+        if (!CanStandInAddress(name))
+            return std::nullopt;
+    }
+
+    const QString name = names.takeFirst();
+    QUrl computer;
+    computer.setScheme(QStringLiteral("smb"));
+    computer.setHost(server ? server->host : name, QUrl::DecodedMode);
+    if (!computer.isValid() || computer.host().isEmpty())
+        return std::nullopt;
+    if (server && server->port != UsualPort)
+        computer.setPort(server->port);
+    QByteArray address = computer.toEncoded();
+    for (const QString& below : std::as_const(names))
+        address += '/' + QUrl::toPercentEncoding(below);
+    return QUrl::fromEncoded(address, QUrl::StrictMode);
+}
+
+QUrl FileAddress(const QString& localPath) {
+    return QUrl::fromEncoded("file://" + QUrl::toPercentEncoding(localPath, "/"), QUrl::StrictMode);
+}
+
+std::optional<QUrl> WebAddress(const QString& text) {
+    QUrl address(text, QUrl::StrictMode);
+    if (!address.isValid())
+        return std::nullopt;
+    const QString scheme = address.scheme();
+    const bool web = scheme == QLatin1String("http") || scheme == QLatin1String("https");
+    if (web ? address.host().isEmpty() : scheme != QLatin1String("mailto"))
+        return std::nullopt;
+    return address;
+}
+
+} // namespace netrove

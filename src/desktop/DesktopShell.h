@@ -1,0 +1,63 @@
+#pragma once
+
+#include "desktop/DesktopBus.h"
+#include "desktop/DesktopOpener.h"
+#include "platform/Files.h"
+#include "platform/Shell.h"
+
+#include <QUrl>
+
+#include <chrono>
+#include <functional>
+#include <variant>
+
+namespace netrove {
+
+/// Opens files, folders and addresses through the desktop. Whatever a name holds, it reaches other
+/// programs inside a percent-encoded address only, never as a word of a command line.
+class DesktopShell : public Shell {
+public:
+    using Opener = std::function<bool(const QUrl&, const Failed&)>;
+    /// How long the question which programs there are holds its caller up.
+    static constexpr std::chrono::milliseconds QuestionLimit{100};
+
+    /// `opener` hands an address to the desktop; without one it is the desktop's own.
+    explicit DesktopShell(FileAccess& files, Opener opener = {},
+                          const QDBusConnection& bus = QDBusConnection::sessionBus());
+
+    /// Files and folders are looked for first: a missing one is FileNotFound, or PathNotFound
+    /// where its folder is missing too or a folder was asked for. A file whose kind no installed
+    /// program opens is NoAssociation, and so is a letter without a mail program. Explore shows a
+    /// file in its folder. Of addresses, http, https and mailto are opened; others are BadFormat.
+    ///
+    /// Success says that the desktop's opener has been started. Questions to the desktop hold up
+    /// the caller for QuestionLimit and DesktopBus::Limit at most; what isn't answered by then is
+    /// left to the opener.
+    [[nodiscard]] int Execute(const QString& file, ShellVerb verb, const Failed& failed) override;
+
+    /// Through the desktop portal.
+    [[nodiscard]] bool OpenWith(const QString& file, const Failed& failed) override;
+
+    [[nodiscard]] std::optional<QUrl> Address(const QString& file) override;
+
+private:
+    struct Target {
+        QUrl address;
+        bool isFolder;
+    };
+    /// What a path stands for, or the result code that says why it can't be opened.
+    using Found = std::variant<Target, int>;
+
+    [[nodiscard]] Found Find(const QString& path);
+    [[nodiscard]] Found FindRemote(const QString& path);
+    [[nodiscard]] int Open(const QUrl& address, const Failed& failed);
+    [[nodiscard]] int OpenAddress(const QString& text, const Failed& failed);
+    [[nodiscard]] int OpenTarget(const Target& target, ShellVerb verb, const Failed& failed);
+
+    FileAccess& files_;
+    DesktopOpener desktopOpener_;
+    Opener opener_;
+    DesktopBus bus_;
+};
+
+} // namespace netrove

@@ -1,0 +1,58 @@
+#include "desktop/NotifierHost.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+
+#include <utility>
+
+namespace netrove {
+namespace {
+
+QString Service() {
+    return QStringLiteral("org.kde.StatusNotifierWatcher");
+}
+
+QString Path() {
+    return QStringLiteral("/StatusNotifierWatcher");
+}
+
+} // namespace
+
+NotifierHost::NotifierHost() {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    watcher_.setConnection(bus);
+    watcher_.addWatchedService(Service());
+    connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &NotifierHost::Ask);
+    connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] { Set(false); });
+    for (const auto& signal : {QStringLiteral("StatusNotifierHostRegistered"),
+                               QStringLiteral("StatusNotifierHostUnregistered")})
+        bus.connect(Service(), Path(), Service(), signal, this, SLOT(Ask()));
+    Ask();
+}
+
+/// A watcher without a host takes icons that nobody sees.
+void NotifierHost::Ask() {
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        Service(), Path(), QStringLiteral("org.freedesktop.DBus.Properties"),
+        QStringLiteral("Get"));
+    message.setArguments({Service(), QStringLiteral("IsStatusNotifierHostRegistered")});
+    message.setAutoStartService(false);
+    const auto* answer =
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* got) {
+        const QDBusPendingReply<QDBusVariant> reply = *got;
+        Set(reply.isValid() && reply.value().variant().toBool());
+        got->deleteLater();
+    });
+}
+
+void NotifierHost::Set(bool isThere) {
+    if (std::exchange(isThere_, isThere) != isThere)
+        Q_EMIT Changed();
+}
+
+} // namespace netrove

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "discovery/Answer.h"
+#include "discovery/ComputerSource.h"
+#include "discovery/UniqueDescriptor.h"
+
+#include <chrono>
+#include <mutex>
+#include <thread>
+
+namespace netrove {
+
+/// Asks the LAN who is there, on a thread of its own: by WS-Discovery, DNS-SD and NetBIOS side by
+/// side. Sends nothing before Start(). May be used from any thread.
+class ComputerFinder : public ComputerSource {
+public:
+    /// For how long a round takes answers. Hosts wait up to half a second before they answer, so
+    /// that not all do at once.
+    static constexpr std::chrono::milliseconds DefaultWindow{1500};
+
+    explicit ComputerFinder(std::chrono::milliseconds window = DefaultWindow);
+    ~ComputerFinder() override; ///< ends a round that is running, at once
+
+    void Start() override;
+    [[nodiscard]] bool IsRunning() const override;
+    [[nodiscard]] std::vector<FoundComputer> Found() const override;
+    [[nodiscard]] int Descriptor() const override { return news_.Number(); }
+
+private:
+    void Run();
+    void Take(Answer answer);
+
+    const std::chrono::milliseconds window_;
+    const UniqueDescriptor stop_;
+    const UniqueDescriptor news_;
+
+    mutable std::mutex mutex_; ///< guards what follows
+    bool isRunning_ = false;
+    Answers earlier_; ///< of the round before, while one is running
+    Answers answers_;
+    std::thread thread_;
+};
+
+} // namespace netrove

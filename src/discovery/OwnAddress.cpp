@@ -1,0 +1,45 @@
+#include "discovery/OwnAddress.h"
+
+#include "discovery/SocketAddress.h"
+
+#include <memory>
+
+#include <ifaddrs.h>
+
+namespace netrove {
+namespace {
+
+/// Whatever the port and the interface.
+bool IsSameHost(const SocketAddress& left, const SocketAddress& right) {
+    return left.SharesPrefix(right, left.IsIPv4() ? 32 : 128);
+}
+
+bool IsLoopback(const SocketAddress& address) {
+    constexpr int networkBits = 8; // RFC 1122, 3.2.1.3
+    const auto first = SocketAddress::Parse(QStringLiteral("127.0.0.1"), 0);
+    return first && address.SharesPrefix(*first, networkBits);
+}
+
+} // namespace
+
+bool IsOwnAddress(const QString& address) {
+    if (address.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0)
+        return true;
+    const auto asked = SocketAddress::Parse(address.section(QLatin1Char('%'), 0, 0), 0);
+    if (!asked)
+        return false;
+    if (IsLoopback(*asked))
+        return true;
+    ifaddrs* first = nullptr;
+    if (getifaddrs(&first) != 0)
+        return false;
+    const std::unique_ptr<ifaddrs, decltype(&freeifaddrs)> owner(first, &freeifaddrs);
+    for (const ifaddrs* entry = first; entry != nullptr; entry = entry->ifa_next) {
+        const auto own = SocketAddress::From(entry->ifa_addr);
+        if (own && IsSameHost(*own, *asked))
+            return true;
+    }
+    return false;
+}
+
+} // namespace netrove

@@ -1,0 +1,36 @@
+#include "redirector/ComputerReport.h"
+
+#include <algorithm>
+
+namespace netrove {
+
+void ComputerReport::Begin() {
+    all_.clear();
+    foundNobody_ = false;
+}
+
+NotSearched* ComputerReport::Find(const QString& name) {
+    const auto found = std::ranges::find_if(all_, [&](const NotSearched& one) {
+        return one.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == all_.end() ? nullptr : &*found;
+}
+
+/// What has been left out stays so, though it answers later.
+void ComputerReport::NoteAnswer(const QString& name) {
+    if (NotSearched* known = Find(name))
+        *known = {.name = known->name,
+                  .reason = NotSearched::tr("It answers now: search again."),
+                  .time = QDateTime::currentDateTime(),
+                  .answersNow = true};
+}
+
+void ComputerReport::NoteSilence(const QString& name, const QString& reason) {
+    const NotSearched silent{.name = name, .reason = reason, .time = QDateTime::currentDateTime()};
+    if (NotSearched* known = Find(name))
+        *known = silent;
+    else
+        all_.push_back(silent);
+}
+
+} // namespace netrove

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "redirector/UncPath.h"
+
+#include <QString>
+
+namespace netrove {
+
+/// Names for servers, shares and folders of the SMB network: texts that differ are different
+/// places. A server may have folders whose names differ in case alone.
+[[nodiscard]] inline QString ServerKey(const QString& server) {
+    return server.toLower();
+}
+
+[[nodiscard]] inline QString KeyBelow(const QString& key, const QString& name) {
+    return key + QLatin1Char('\\') + name;
+}
+
+/// Of a file, by its folder: no folder has such a name.
+[[nodiscard]] inline QString FileKey(const QString& folder, const QString& name) {
+    return KeyBelow(KeyBelow(folder, name), QString());
+}
+
+/// Of the folder that the first so many elements of the path lead to.
+[[nodiscard]] inline QString FolderKey(const UncPath& path, qsizetype elements) {
+    QString key = ServerKey(path.Server());
+    if (!path.Share().isEmpty())
+        key = KeyBelow(key, path.Share().toLower());
+    for (qsizetype at = 0; at < elements; ++at)
+        key = KeyBelow(key, path.Elements()[at]);
+    return key;
+}
+
+[[nodiscard]] inline QString FolderKey(const UncPath& path) {
+    return FolderKey(path, path.Elements().size());
+}
+
+} // namespace netrove

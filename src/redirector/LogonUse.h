@@ -1,0 +1,33 @@
+#pragma once
+
+#include "redirector/Logons.h"
+
+namespace netrove {
+
+/// The logon of one request, from its beginning to its end. Lets no second request of an untried
+/// logon go to a computer before the first has ended: many wrong ones at once lock an account.
+class LogonUse {
+public:
+    /// Fills in the request's logon; `logons` may be null. Blocks while the keyring is read and
+    /// while another request tries the logon, and calls WhileWaiting(). `request` outlives this.
+    LogonUse(Logons* logons, SmbRequest& request);
+    LogonUse(const LogonUse&) = delete;
+    LogonUse& operator=(const LogonUse&) = delete;
+    ~LogonUse();
+
+    /// Where it isn't 0, the request must not be sent, and fails with it: EACCES for a logon that
+    /// was refused, ECANCELED where the wait was given up.
+    [[nodiscard]] int Status() const { return status_; }
+
+    /// To be called with the status that the request ended with; gives the one to go on with.
+    [[nodiscard]] int End(int status);
+
+private:
+    [[nodiscard]] int TakeTurn();
+
+    Logons* logons_; ///< null where there is nothing (more) to tell
+    SmbRequest& request_;
+    int status_ = 0; ///< of the turn
+};
+
+} // namespace netrove

@@ -1,0 +1,144 @@
+#include "redirector/NetworkReachTest.h"
+
+#include "redirector/SmbErrors.h"
+#include "redirector/SmbLists.h"
+#include "runtime/Yield.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+
+namespace netrove {
+namespace {
+
+constexpr std::size_t MostThreads = 16;
+/// A share with a longer list than that answers as well.
+constexpr qint64 MostBytes = 40'000'000;
+
+std::optional<SmbRequest> RequestFor(Network& network, const UncPath& path) {
+    if (path.Share().isEmpty())
+        return network.ShareListRequest(path.Server());
+    auto request = network.ReadRequest(path.Text());
+    if (request)
+        request->kind = SmbRequest::Kind::ListFolder;
+    return request;
+}
+
+} // namespace
+
+void NetworkReachTest::Begin(const QStringList& names) {
+    Cancel();
+    for (const QString& name : names) {
+        const auto path = UncPath::Parse(name);
+        if (!path)
+            continue;
+        if (auto request = RequestFor(network_, *path)) {
+            questions_.push_back({name, std::move(*request)});
+            waitedFor_.insert(name);
+        } else {
+            AskHere(*path);
+        }
+    }
+    pool_ = std::make_unique<SmbPool>(helper_, limits_, logons_);
+    for (std::size_t count = std::min(questions_.size(), MostThreads); count > 0; --count)
+        threads_.emplace_back([this] { Work(); });
+}
+
+void NetworkReachTest::Cancel() {
+    isCancelled_ = true;
+    for (std::thread& thread : threads_)
+        thread.join();
+    threads_.clear();
+    pool_.reset();
+    questions_.clear();
+    answers_.clear();
+    waitedFor_.clear();
+    next_ = 0;
+    isCancelled_ = false;
+}
+
+/// The network itself takes down what it is answered.
+void NetworkReachTest::AskHere(const UncPath& path) {
+    if (!path.Share().isEmpty()) {
+        static_cast<void>(network_.CanEnter(path.Text()));
+        return;
+    }
+    if (const auto record = network_.Record(path))
+        static_cast<void>(Below(*record));
+}
+
+void NetworkReachTest::Work() {
+    SetWaitingPass([this] { return !isCancelled_; });
+    for (std::size_t at = next_++; at < questions_.size() && !isCancelled_; at = next_++) {
+        const auto& [name, request] = questions_[at];
+        const int status = Ask(request);
+        if (isCancelled_)
+            return;
+        const QString trouble = status == 0               ? QString()
+                                : request.share.isEmpty() ? TroubleOfComputer(status)
+                                                          : TroubleOfShare(status);
+        const std::lock_guard lock(mutex_);
+        answers_.push_back({name, trouble});
+    }
+}
+
+int NetworkReachTest::Ask(const SmbRequest& request) {
+    const auto run = [this](const SmbRequest& asked, const SmbWorker::Part& part) {
+        return pool_->Run(asked, part);
+    };
+    const SmbList list = FetchList(request, run, arriving_, MostBytes);
+    return list.IsThere() || list.status == ENOBUFS ? 0 : list.status;
+}
+
+void NetworkReachTest::TakeAnswers() {
+    std::vector<Answer> answers;
+    {
+        const std::lock_guard lock(mutex_);
+        answers.swap(answers_);
+    }
+    for (const auto& [name, trouble] : answers) {
+        waitedFor_.remove(name);
+        if (!IsInReport(name)) // another search has begun
+            continue;
+        if (trouble.isEmpty())
+            network_.Report().NoteAnswer(name);
+        else
+            network_.Report().NoteSilence(name, trouble);
+    }
+}
+
+bool NetworkReachTest::IsInReport(const QString& name) {
+    return std::ranges::any_of(network_.Report().All(),
+                               [&](const NotSearched& one) { return one.name == name; });
+}
+
+int NetworkReachTest::CountComputers() {
+    int count = 0;
+    std::vector<NetRecord> open(1); // the root
+    while (!open.empty()) {
+        const NetRecord node = open.back();
+        open.pop_back();
+        for (const NetRecord& record : Below(node)) {
+            if (record.dwDisplayType == NetEnum::DisplayServer)
+                ++count;
+            else
+                open.push_back(record);
+        }
+    }
+    return count;
+}
+
+std::vector<NetRecord> NetworkReachTest::Below(const NetRecord& node) {
+    NetEnum::Handle handle = 0;
+    if (network_.OpenEnum(NetEnum::ScopeGlobalNet, NetEnum::TypeDisk, NetEnum::UsageAll, node,
+                          handle) != NetEnum::NoError)
+        return {};
+    std::vector<NetRecord> records;
+    qint32 count = NetEnum::CountAll;
+    quint32 size = std::numeric_limits<quint32>::max();
+    static_cast<void>(network_.EnumResource(handle, count, records, size));
+    network_.CloseEnum(handle);
+    return records;
+}
+
+} // namespace netrove

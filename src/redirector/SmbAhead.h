@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/ReadAhead.h"
+#include "redirector/SmbLists.h"
+#include "redirector/SmbPool.h"
+#include "redirector/WalkOrder.h"
+
+#include <QString>
+
+#include <atomic>
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace netrove {
+
+/// Reads ahead of one walk: threads that ask the servers for what the walk will ask, nearest
+/// first, as many at a time as the servers take. They end with the object, and what they have
+/// fetched with them.
+class SmbAhead {
+public:
+    SmbAhead(SmbPool& pool, std::shared_ptr<const WalkPlan> plan)
+        : pool_(pool), plan_(std::move(plan)), order_(plan_) {}
+    SmbAhead(const SmbAhead&) = delete;
+    SmbAhead& operator=(const SmbAhead&) = delete;
+    /// Breaks off what is under way.
+    ~SmbAhead();
+
+    /// The walk comes to these places next.
+    void Expect(const std::vector<WalkOrder::Start>& starts);
+    /// It won't come to this one and what is below.
+    void Leave(const QString& key);
+
+    /// The walk's own question. Blocks, and calls WhileWaiting(); the status is ECANCELED where
+    /// the wait was given up.
+    [[nodiscard]] SmbList Ask(const QString& key, const SmbRequest& request);
+
+    /// The walk reads a file: gives what has been read of it ahead. The rest nobody else reads.
+    /// Blocks while it is under way, and calls WhileWaiting().
+    [[nodiscard]] std::vector<SmbPiece> TakeFile(const QString& key);
+
+private:
+    struct Task {
+        WalkOrder::Question question;
+        SmbPool::Turn turn;
+    };
+
+    void Work();
+    [[nodiscard]] SmbList Fetch(Task task);
+    [[nodiscard]] SmbList FetchFile(Task task);
+    [[nodiscard]] SmbList FetchHere(const SmbRequest& request);
+    [[nodiscard]] WalkOrder::State Await(const QString& key, std::unique_lock<std::mutex>& lock);
+    void Dispatch();
+    void OpenEarly();
+    void Give(WalkOrder::Question question, SmbPool::Turn turn);
+    [[nodiscard]] bool HasFreeThread();
+
+    SmbPool& pool_;
+    const std::shared_ptr<const WalkPlan> plan_;
+    const SmbPool::Reached reached_ = [this] {
+        const std::scoped_lock lock(mutex_);
+        OpenEarly();
+    };
+    std::mutex mutex_;
+    std::condition_variable work_;    ///< there is a task, or the end
+    std::condition_variable arrived_; ///< an answer
+    WalkOrder order_;
+    std::deque<Task> tasks_;
+    std::vector<std::thread> threads_;
+    std::size_t busy_ = 0; ///< threads, with those that have a task waiting
+    std::atomic<qint64> arriving_ = 0;
+    std::atomic<bool> hasEnded_ = false;
+};
+
+} // namespace netrove

@@ -1,0 +1,238 @@
+#include "redirector/SmbExchange.h"
+
+#include "redirector/SmbProbe.h"
+
+#include <cerrno>
+
+#include <arpa/inet.h>
+
+namespace netrove {
+namespace {
+
+bool IsNumeric(const QString& host) {
+    in6_addr address = {};
+    const QByteArray text = host.toUtf8();
+    return inet_pton(AF_INET, text.constData(), &address) == 1 ||
+           inet_pton(AF_INET6, text.constData(), &address) == 1;
+}
+
+/// Whether a status says that the server has let somebody in and answered.
+bool IsAnswer(int status) {
+    switch (status) {
+    case 0:
+    case ENOENT:
+    case ENOTDIR:
+    case EACCES:
+    case EPERM:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Whether a failure over a new connection may be one of the connection: the server takes no more
+/// of them. Who says nothing at all is no such server.
+bool MayBeRefused(int status) {
+    return status != 0 && status != ENOENT && status != ENOTDIR && status != ECANCELED &&
+           status != ETIMEDOUT;
+}
+
+SmbLimits::Time LimitOf(const SmbLimits& limits, SmbRequest::Kind kind) {
+    switch (kind) {
+    case SmbRequest::Kind::Resolve:
+        return limits.lookup;
+    case SmbRequest::Kind::ListFolder:
+        return limits.listing;
+    case SmbRequest::Kind::Workgroup:
+        return limits.workgroup;
+    case SmbRequest::Kind::ListShares:
+    case SmbRequest::Kind::Stat:
+    case SmbRequest::Kind::Read:
+    case SmbRequest::Kind::Inspect:
+    case SmbRequest::Kind::Fetch:
+        return limits.request;
+    }
+    return limits.request;
+}
+
+} // namespace
+
+int SmbExchange::Run(const Reached& reached) {
+    // It may have died since the turn was given.
+    if (const int status = turns_.Servers()->DeadStatus(turn_.Server()); status != 0)
+        return status;
+    switch (turn_.Which()) {
+    case SmbTurn::Kind::None:
+        return turn_.Status();
+    case SmbTurn::Kind::First:
+        return RunFirst(reached);
+    case SmbTurn::Kind::Early:
+        return RunEarly();
+    case SmbTurn::Kind::Further:
+        return RunFurther();
+    case SmbTurn::Kind::Ready:
+        return RunOn(turn_, part_);
+    }
+    return EINVAL;
+}
+
+/// Where a server is first reached: it is looked up, its port is tested, and one request shows
+/// whether it lets us in, before anybody else comes.
+int SmbExchange::RunFirst(const Reached& reached) {
+    turns_.PrepareHelpers(); // it loads while the port is tested
+    int status = Reach();
+    if (status == 0 && !turn_.Worker())
+        status = turns_.StartHelper(turn_);
+    if (status != 0) {
+        turns_.GiveUp(turn_, status);
+        return status;
+    }
+    if (reached)
+        reached();
+    const auto begin = Clock::now();
+    status = RunElseOverAnother();
+    if (request_.kind == SmbRequest::Kind::ListFolder && IsAnswer(status))
+        turns_.Servers()->NoteFirstTime(turn_.Server(), Clock::now() - begin);
+    return status;
+}
+
+/// Opens one more connection for those who come later. Where the server doesn't want that, nobody
+/// has lost anything.
+int SmbExchange::RunEarly() {
+    int status = turns_.StartHelper(turn_);
+    if (status == 0)
+        status = RunOn(turn_, part_);
+    if (status == 0)
+        return status;
+    const auto servers = turns_.Servers();
+    (*servers)[turn_.Server()].hasFailedEarly = true;
+    if (MayBeRefused(status) && !IsAnswer(status))
+        servers->NoteRefused(turn_.Server());
+    turn_.EndConnection();
+    return status;
+}
+
+int SmbExchange::RunFurther() {
+    const int status = turns_.StartHelper(turn_);
+    return status == 0 ? RunElseOverAnother() : OverAnother(status);
+}
+
+/// Over a new connection. Where the server doesn't want that, over another one: also the first may
+/// find that early ones have taken all that it gives.
+int SmbExchange::RunElseOverAnother() {
+    const int status = RunOn(turn_, part_);
+    return isAnswered_ || !MayBeRefused(status) ? status : OverAnother(status);
+}
+
+int SmbExchange::OverAnother(int status) {
+    auto other = turns_.AwaitOther(request_);
+    if (!other)
+        return HasRoomAgain() ? TryAgain() : status;
+    const int again = RunOn(*other, part_);
+    if (again == status || again == ECANCELED)
+        return again;
+    const auto servers = turns_.Servers();
+    servers->NoteRefused(turn_.Server());
+    turn_.EndConnection();
+    return again;
+}
+
+/// Whether others were in the way that have all gone meanwhile.
+bool SmbExchange::HasRoomAgain() {
+    const auto servers = turns_.Servers();
+    const bool hadOthers =
+        turn_.Which() == SmbTurn::Kind::Further || (*servers)[turn_.Server()].hasFailedEarly;
+    return hadOthers && servers->DeadStatus(turn_.Server()) == 0;
+}
+
+/// The server may need a moment to notice that connections have been closed.
+int SmbExchange::TryAgain() {
+    constexpr int tries = 3;
+    WaitingPace pace;
+    int status = RunOn(turn_, part_);
+    for (int more = 1; more < tries && !isAnswered_ && MayBeRefused(status); ++more) {
+        if (!turns_.AwaitChange(pace))
+            return ECANCELED;
+        status = RunOn(turn_, part_);
+    }
+    return status;
+}
+
+/// Tests the port before the library gets the server.
+int SmbExchange::Reach() {
+    std::vector<QString> addresses;
+    if (IsNumeric(request_.host))
+        addresses.push_back(request_.host);
+    else if (const int status = LookUp(addresses); status != 0)
+        return status;
+    const auto begin = Clock::now();
+    const int status = SmbProbe(turns_.Limits()).Run(addresses, request_.port);
+    const auto servers = turns_.Servers();
+    SmbServers::Server& server = (*servers)[turn_.Server()];
+    server.greeting = Clock::now() - begin;
+    server.addresses = std::move(addresses);
+    return status;
+}
+
+/// A helper looks up the name: that can take long, and can't be interrupted.
+int SmbExchange::LookUp(std::vector<QString>& addresses) {
+    if (const int status = turns_.StartHelper(turn_); status != 0)
+        return status;
+    SmbRequest lookup = request_;
+    lookup.kind = SmbRequest::Kind::Resolve;
+    lookup.logon.reset();
+    return turn_.Worker()->Request(lookup, turns_.Limits().lookup, [&](SmbAnswer& part) {
+        const auto* found = std::get_if<SmbAddresses>(&part);
+        if (!found)
+            return false;
+        for (const SmbAddress& address : *found)
+            addresses.push_back(address.text);
+        return true;
+    });
+}
+
+int SmbExchange::RunOn(SmbTurn& turn, const SmbWorker::Part& part) {
+    const bool isWarm = turn.IsWarm(request_.share);
+    const auto begin = Clock::now();
+    const auto noting = [&](SmbAnswer& answer) {
+        isAnswered_ = true;
+        turns_.Servers()->NoteSign(turn.Server());
+        return part(answer);
+    };
+    const auto check = [&] { return CheckSilent(turn.Server(), begin); };
+    const int status =
+        turn.Worker()->Request(request_, LimitOf(turns_.Limits(), request_.kind), noting, check);
+    turn.SetShare(request_.share);
+    NoteEnd(turn, status, isWarm, Clock::now() - begin);
+    return status;
+}
+
+void SmbExchange::NoteEnd(const SmbTurn& turn, int status, bool isWarm, Clock::duration time) {
+    // So short a limit says nothing of how long the server takes for its files.
+    const bool isLong = request_.kind != SmbRequest::Kind::Workgroup;
+    const auto servers = turns_.Servers();
+    servers->Note(turn.Server(), status, isLong);
+    if (!IsAnswer(status))
+        return;
+    servers->NoteSign(turn.Server());
+    (*servers)[turn.Server()].isProven = true;
+    if (isWarm && request_.kind == SmbRequest::Kind::ListFolder)
+        servers->NoteAnswerTime(turn.Server(), time);
+}
+
+/// Asked by each request that has waited since then, all the time: 0 while its server is there. The
+/// first that finds it silent tests it for all.
+int SmbExchange::CheckSilent(const QString& server, Clock::time_point since) {
+    std::vector<QString> addresses;
+    {
+        const auto servers = turns_.Servers();
+        if (const int status = servers->DeadStatus(server); status != 0)
+            return status;
+        if (!servers->BeginProbe(server, since))
+            return 0;
+        addresses = (*servers)[server].addresses;
+    }
+    return turns_.EndProbe(server, SmbProbe(turns_.Limits()).Run(addresses, request_.port));
+}
+
+} // namespace netrove

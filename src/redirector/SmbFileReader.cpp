@@ -1,0 +1,47 @@
+#include "redirector/SmbFileReader.h"
+
+#include "runtime/RunTimeError.h"
+
+#include <limits>
+
+namespace netrove {
+
+std::unique_ptr<FileFind> SmbFileReader::FindFirst(const QString& /*searchPath*/,
+                                                   FindData& /*first*/) {
+    return nullptr;
+}
+
+bool SmbFileReader::CanEnter(const QString& /*path*/) {
+    return false;
+}
+
+QDateTime SmbFileReader::Modified(const QString& /*path*/) {
+    return QDateTime::fromMSecsSinceEpoch(entry_.modified);
+}
+
+qint64 SmbFileReader::Length(const QString& /*path*/) {
+    return entry_.length;
+}
+
+quint32 SmbFileReader::Attributes(const QString& /*path*/) {
+    return entry_.attributes;
+}
+
+QByteArray SmbFileReader::Read(const QString& /*path*/, qint64 offset, qint64 length) {
+    if (offset < 0 || length < 0 || length > std::numeric_limits<qint32>::max())
+        throw RunTimeError(ErrorNumber::InvalidProcedureCall);
+    request_.offset = offset;
+    request_.length = static_cast<quint32>(length);
+    QByteArray bytes;
+    status_ = FetchPiece(request_, run_, bytes);
+    if (status_ != 0)
+        throw RunTimeError(ErrorNumber::DeviceIOError);
+    pieces_.push_back({.offset = offset, .asked = length, .bytes = bytes});
+    return bytes;
+}
+
+std::optional<QString> SmbFileReader::LocalPath(const QString& /*path*/) {
+    return std::nullopt;
+}
+
+} // namespace netrove

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "redirector/Logons.h"
+#include "redirector/SmbExchange.h"
+#include "redirector/SmbLimits.h"
+#include "redirector/SmbTurns.h"
+#include "redirector/SmbWorker.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace netrove {
+
+/// The helper processes of the program, one a connection. Each serves one server at a time and is
+/// kept for it while there is work; none is started before the first request. The destructor ends
+/// all of them. May be used by several threads at once.
+///
+/// The first connection to a server is proven alone: others are opened only when a request over it
+/// has been answered, or by who takes an early turn. Where the server then refuses one more, the
+/// request goes over the others, and their number is remembered.
+class SmbPool {
+public:
+    /// The helper that belongs to this program: beside its executable, else in ../libexec/netrove.
+    [[nodiscard]] static QString DefaultHelper();
+
+    /// Without `logons` all requests are sent as they are.
+    explicit SmbPool(QString helper = DefaultHelper(), const SmbLimits& limits = {},
+                     std::shared_ptr<Logons> logons = nullptr)
+        : logons_(std::move(logons)), turns_(std::move(helper), limits) {}
+
+    using Reached = SmbExchange::Reached;
+    using Turn = SmbTurn;
+
+    /// Puts a request to the server that it names. Gives 0 or an errno: the server's, or one that
+    /// says why it can't be reached; ECANCELED where the wait was given up, which says nothing of
+    /// the server. Blocks, and calls WhileWaiting(). Goes before those who only try for a turn.
+    ///
+    /// A server that doesn't take connections, or takes them and doesn't speak SMB, costs one
+    /// short limit and then nothing for the rest of the search, or for a little while outside of
+    /// one. So does one that falls silent, together with all requests that are under way to it; one
+    /// that is still there and doesn't answer costs two limits.
+    ///
+    /// The request is made with the logon of its computer. One that the server has refused isn't
+    /// tried again: EACCES.
+    /// `reached` is called once it is known that the server is there, before the request is sent,
+    /// where this is the first one to it.
+    [[nodiscard]] int Run(const SmbRequest& request, const SmbWorker::Part& part,
+                          const Reached& reached = {});
+
+    /// The same with a turn that was taken for the request.
+    [[nodiscard]] int Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part,
+                          const Reached& reached = {});
+
+    /// A turn for a request if there can be one at once. So many requests wait for the server,
+    /// with this one: that decides whether a further connection pays.
+    [[nodiscard]] std::optional<Turn> TryTakeTurn(const SmbRequest& request, std::size_t waiting) {
+        return turns_.TryTake(request, waiting);
+    }
+
+    /// A turn to open one more connection while the first request to a distant server is under way;
+    /// none where a logon isn't known to be good yet.
+    [[nodiscard]] std::optional<Turn> TryTakeEarlyTurn(const SmbRequest& request);
+
+    /// A search begins: computers that were dead are tried again, and then stay dead until its end.
+    void BeginWalk() { turns_.BeginWalk(); }
+    /// It has ended, and so do helpers that nobody needs so soon again.
+    void EndWalk() { turns_.EndWalk(); }
+
+    /// The processes that wait for work.
+    [[nodiscard]] std::vector<pid_t> IdleProcesses() const { return turns_.IdleProcesses(); }
+
+private:
+    const std::shared_ptr<Logons> logons_;
+    SmbTurns turns_;
+};
+
+} // namespace netrove

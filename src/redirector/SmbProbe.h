@@ -1,0 +1,38 @@
+#pragma once
+
+#include "redirector/SmbLimits.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <vector>
+
+#include <poll.h>
+
+namespace netrove {
+
+/// Finds out whether somebody speaks SMB at a port: opens it and asks which dialects there are,
+/// with short limits. libsmbclient itself would wait 5 s for the port, which can't be shortened,
+/// and then as long for the first answer as for any other.
+class SmbProbe {
+public:
+    explicit SmbProbe(const SmbLimits& limits) : limits_(limits) {}
+    SmbProbe(const SmbProbe&) = delete;
+    SmbProbe& operator=(const SmbProbe&) = delete;
+    ~SmbProbe();
+
+    /// 0 if somebody does at one of a computer's addresses (numeric ones), else the errno of the
+    /// last that failed: ECANCELED where the wait was given up. Calls WhileWaiting().
+    [[nodiscard]] int Run(const std::vector<QString>& addresses, quint16 port);
+
+private:
+    void Open(const QString& address, quint16 port);
+    [[nodiscard]] int AwaitConnection();
+    [[nodiscard]] int AwaitAnswer(int socket) const;
+
+    SmbLimits limits_;
+    std::vector<pollfd> sockets_;
+    int status_ = 0;
+};
+
+} // namespace netrove

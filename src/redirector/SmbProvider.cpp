@@ -1,0 +1,417 @@
+#include "redirector/SmbProvider.h"
+
+#include "discovery/OwnAddress.h"
+#include "redirector/FolderKeys.h"
+#include "redirector/SmbErrors.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace netrove {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Disks and printers of a server are asked for one right after the other.
+constexpr auto SharesLifetime = 5s;
+
+/// Bytes of one request of a read: each has its own limit of time.
+constexpr quint32 ReadBytes = 4 * 1024 * 1024;
+
+/// A running listing: it holds on to what was fetched as a whole.
+class SmbFind : public FileFind {
+public:
+    explicit SmbFind(RecentListings::Listing listing) : listing_(std::move(listing)) {}
+
+    bool FindNext(FindData& data) override {
+        if (next_ == listing_->size())
+            return false;
+        const SmbEntry& entry = (*listing_)[next_++];
+        data = {.attributes = entry.attributes, .fileName = entry.name};
+        return true;
+    }
+
+private:
+    RecentListings::Listing listing_;
+    std::size_t next_ = 0;
+};
+
+} // namespace
+
+SmbProvider::SmbProvider(QString name, SmbComputers computers, QString helper,
+                         const SmbLimits& limits, std::shared_ptr<Logons> logons)
+    : NetworkProvider(std::move(name))
+    , computers_(std::move(computers))
+    , pool_(std::move(helper), limits, std::move(logons)) {}
+
+std::optional<std::vector<NetRecord>> SmbProvider::List(const NetRecord& node, qint32 type) {
+    const bool isDisks = type == NetEnum::TypeDisk;
+    switch (node.dwDisplayType) {
+    case NetEnum::DisplayNetwork:
+    case NetEnum::DisplayDomain:
+        if (!isDisks)
+            return std::vector<NetRecord>();
+        if (!computers_.Look([&] { ExpectKnown(node); }))
+            return std::nullopt;
+        return node.dwDisplayType == NetEnum::DisplayNetwork ? Workgroups()
+                                                             : Servers(node.lpRemoteName);
+    case NetEnum::DisplayServer:
+        break;
+    default:
+        return std::nullopt;
+    }
+    const auto path = UncPath::Parse(node.lpRemoteName);
+    return path ? SharesOf(path->Server(), type) : std::nullopt;
+}
+
+std::vector<NetRecord> SmbProvider::Workgroups() const {
+    std::vector<NetRecord> records;
+    for (const QString& workgroup : computers_.Workgroups())
+        records.push_back(Record(NetEnum::DisplayDomain, workgroup, QString()));
+    return records;
+}
+
+std::vector<NetRecord> SmbProvider::Servers(const QString& workgroup) const {
+    std::vector<NetRecord> records;
+    for (const SmbHost* host : computers_.In(workgroup))
+        records.push_back(
+            Record(NetEnum::DisplayServer, QLatin1String("\\\\") + host->name, QString()));
+    return records;
+}
+
+/// While the LAN is asked for computers, the walk's plan for those that are known already is begun
+/// with. One whose workgroup may be told yet can come to stand somewhere else, and one that has
+/// told only its address on this link has a better one.
+void SmbProvider::ExpectKnown(const NetRecord& node) {
+    if (!ahead_)
+        return;
+    std::vector<WalkPlace> places;
+    for (const SmbHost& host : computers_.All()) {
+        const QString name = QLatin1String("\\\\") + host.name;
+        const bool isBelow = host.workgroup && !SmbComputers::IsOfOneLink(host.address) &&
+                             (node.dwDisplayType == NetEnum::DisplayNetwork ||
+                              SameName(*host.workgroup, node.lpRemoteName)) &&
+                             plan_->EntersWorkgroup(*host.workgroup);
+        if (isBelow && plan_->EntersComputer(name))
+            places.push_back(
+                {.kind = WalkPlace::Kind::Computer, .remoteName = name, .provider = Name()});
+    }
+    Expect(places);
+}
+
+/// A computer whose path somebody has typed may be found on the LAN, which is quicker than asking
+/// for a name that nobody knows.
+void SmbProvider::LookFor(const QString& server) {
+    if (!computers_.Find(server) && !computers_.HasLooked())
+        static_cast<void>(computers_.Look());
+}
+
+bool SmbProvider::HasShares(const QString& server) const {
+    return SameName(lastShares_.server, server) &&
+           std::chrono::steady_clock::now() <= lastShares_.until;
+}
+
+std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& server, qint32 type) {
+    lastStatus_ = 0;
+    if (!HasShares(server)) {
+        LookFor(server);
+        SmbList list = Fetch(ServerKey(server), Request(SmbRequest::Kind::ListShares, server));
+        if (!list.IsThere())
+            return std::nullopt;
+        lastShares_ = {.server = server,
+                       .until = std::chrono::steady_clock::now() + SharesLifetime,
+                       .shares = std::move(list.shares)};
+    }
+    const auto wanted = type == NetEnum::TypePrint ? SmbShare::Kind::Printer : SmbShare::Kind::Disk;
+    std::vector<NetRecord> records;
+    for (const SmbShare& share : lastShares_.shares) {
+        if (share.kind == wanted)
+            records.push_back(
+                Record(NetEnum::DisplayShare,
+                       QLatin1String("\\\\") + server + QLatin1Char('\\') + share.name,
+                       share.comment, type));
+    }
+    return records;
+}
+
+QString SmbProvider::Trouble(const UncPath& path) const {
+    if (!path.Elements().isEmpty())
+        return TroubleOfFolder(lastStatus_);
+    return path.Share().isEmpty() ? TroubleOfComputer(lastStatus_) : TroubleOfShare(lastStatus_);
+}
+
+QString SmbProvider::Source() const {
+    const auto named = static_cast<int>(computers_.Configured());
+    const auto text = [&] {
+        if (!computers_.Finds())
+            return named == 0 ? NotSearched::tr("%1: nobody; network.ini names no computer there, "
+                                                "and has Find=No, which keeps the others out.")
+                              : NotSearched::tr("%1: only the computers that network.ini names "
+                                                "(%n); its Find=No keeps the others out.",
+                                                nullptr, named);
+        return named == 0 ? NotSearched::tr("%1: computers that announce themselves, by "
+                                            "WS-Discovery, DNS-SD or NetBIOS; network.ini names "
+                                            "none.")
+                          : NotSearched::tr("%1: computers that announce themselves, by "
+                                            "WS-Discovery, DNS-SD or NetBIOS, and those that "
+                                            "network.ini names (%n).",
+                                            nullptr, named);
+    };
+    return text().arg(Name());
+}
+
+QString SmbProvider::Workgroup(const QString& server) {
+    LookFor(server);
+    const SmbHost* host = computers_.Find(server);
+    if (host && host->workgroup)
+        return *host->workgroup;
+    const QString workgroup = AskWorkgroup(server);
+    if (host && !workgroup.isEmpty())
+        computers_.NoteWorkgroup(server, workgroup);
+    return workgroup;
+}
+
+bool SmbProvider::IsThisComputer(const QString& server) const {
+    const SmbHost host =
+        computers_.Find(server) ? *computers_.Find(server) : SmbHost{.name = server};
+    return host.port == SmbHost::UsualPort &&
+           IsOwnAddress(host.address.isEmpty() ? host.name : host.address);
+}
+
+QString SmbProvider::AskWorkgroup(const QString& server) {
+    QString workgroup;
+    const auto take = [&](SmbAnswer& part) {
+        const auto* told = std::get_if<SmbWorkgroup>(&part);
+        if (!told || !UncPath::IsName(told->name))
+            return false;
+        workgroup = told->name;
+        return true;
+    };
+    return pool_.Run(Request(SmbRequest::Kind::Workgroup, server), take) == 0 ? workgroup
+                                                                              : QString();
+}
+
+std::unique_ptr<FileFind> SmbProvider::FindFirst(const UncPath& path, FindData& first) {
+    auto listing = Entries(path);
+    if (!listing)
+        return nullptr;
+    auto find = std::make_unique<SmbFind>(std::move(listing));
+    return find->FindNext(first) ? std::move(find) : nullptr;
+}
+
+/// A folder that can be listed can be entered. Who asks goes in next, and finds the listing.
+bool SmbProvider::CanEnter(const UncPath& path) {
+    return Entries(path) != nullptr;
+}
+
+RecentListings::Listing SmbProvider::Entries(const UncPath& path) {
+    const QString folder = FolderKey(path);
+    lastStatus_ = 0;
+    if (path.Share().isEmpty() || junctions_.IsInLoop(folder))
+        return nullptr;
+    if (auto known = recent_.Find(folder))
+        return known;
+    LookFor(path.Server());
+    const SmbList list = Fetch(folder, Request(SmbRequest::Kind::ListFolder, path));
+    const FolderTrail above = trail_.To(folder);
+    if (!list.IsThere() || above.Passes(list.print))
+        return nullptr;
+    trail_ = above.With(folder, list.print);
+    junctions_.Note(folder, *list.entries);
+    recent_.Keep(folder, list.entries);
+    return list.entries;
+}
+
+SmbList SmbProvider::Fetch(const QString& key, const SmbRequest& request) {
+    const auto run = [this](const SmbRequest& asked, const SmbWorker::Part& part) {
+        return pool_.Run(asked, part);
+    };
+    SmbList list = ahead_ ? ahead_->Ask(key, request) : FetchList(request, run);
+    lastStatus_ = list.status;
+    return list;
+}
+
+void SmbProvider::BeginWalk(const std::shared_ptr<const WalkPlan>& plan) {
+    EndReading();
+    recent_.Clear();
+    lastShares_ = {};
+    junctions_ = {};
+    trail_ = {};
+    computers_.BeginWalk();
+    pool_.BeginWalk();
+    plan_ = plan;
+    ahead_ = std::make_unique<SmbAhead>(pool_, plan);
+}
+
+void SmbProvider::Expect(const std::vector<WalkPlace>& places) {
+    if (!ahead_)
+        return;
+    std::vector<WalkOrder::Start> starts;
+    for (const WalkPlace& place : places) {
+        const auto path = UncPath::Parse(place.remoteName);
+        if (!path)
+            continue;
+        LookFor(path->Server());
+        if (place.kind == WalkPlace::Kind::Folder)
+            AddStart(*path, place.remoteName.size(), starts);
+        else if (path->Share().isEmpty())
+            AddComputer(place, *path, starts);
+    }
+    ahead_->Expect(starts);
+}
+
+/// The list of shares, which tells whether the computer lets anybody in, before the shares that
+/// are walked without being in it.
+void SmbProvider::AddComputer(const WalkPlace& computer, const UncPath& path,
+                              std::vector<WalkOrder::Start>& starts) const {
+    const SmbRequest request = Request(SmbRequest::Kind::ListShares, path.Server());
+    if (!computer.isListed && !HasShares(path.Server()))
+        starts.push_back({.request = request,
+                          .server = SmbServers::NameOf(request),
+                          .key = FolderKey(path),
+                          .path = computer.remoteName});
+    for (const QString& share : plan_->AdminShares()) {
+        const QString folder = computer.remoteName + QLatin1Char('\\') + share;
+        const auto folderPath = UncPath::Parse(folder);
+        if (folderPath &&
+            plan_->EntersFolder(folder + QLatin1Char('\\'), computer.remoteName.size(), 0))
+            AddStart(*folderPath, computer.remoteName.size(), starts);
+    }
+}
+
+void SmbProvider::AddStart(const UncPath& path, qsizetype nodeLength,
+                           std::vector<WalkOrder::Start>& starts) const {
+    if (path.Share().isEmpty())
+        return;
+    const SmbRequest request = Request(SmbRequest::Kind::ListFolder, path);
+    starts.push_back({.request = request,
+                      .server = SmbServers::NameOf(request),
+                      .key = FolderKey(path),
+                      .path = path.Text() + QLatin1Char('\\'),
+                      .nodeLength = nodeLength});
+}
+
+void SmbProvider::Leave(const QString& remoteName) {
+    const auto path = UncPath::Parse(remoteName);
+    if (ahead_ && path)
+        ahead_->Leave(FolderKey(*path));
+}
+
+void SmbProvider::EndReading() {
+    ahead_.reset();
+    lastFile_.clear();
+    lastPieces_.clear();
+}
+
+void SmbProvider::EndWalk() {
+    EndReading();
+    computers_.EndWalk();
+    pool_.EndWalk();
+}
+
+QStringList SmbProvider::Computers(const QString& workgroup) const {
+    QStringList names;
+    for (const NetRecord& record : Servers(workgroup))
+        names += record.lpRemoteName;
+    return names;
+}
+
+FileInfo SmbProvider::Info(const UncPath& path) {
+    std::optional<SmbEntry> entry;
+    if (!path.Elements().isEmpty())
+        entry =
+            recent_.FindEntry(FolderKey(path, path.Elements().size() - 1), path.Elements().last());
+    if (!entry)
+        entry = FetchInfo(path);
+    return {.attributes = entry->attributes,
+            .length = entry->length,
+            .modified = QDateTime::fromMSecsSinceEpoch(entry->modified)};
+}
+
+SmbEntry SmbProvider::FetchInfo(const UncPath& path) {
+    if (path.Share().isEmpty())
+        throw RunTimeError(ErrorNumber::PathNotFound);
+    LookFor(path.Server());
+    SmbEntries entries;
+    const auto take = [&](SmbAnswer& part) {
+        auto* some = std::get_if<SmbEntries>(&part);
+        if (!some || !entries.empty() || some->size() != 1)
+            return false;
+        entries = std::move(*some);
+        return true;
+    };
+    const int status = pool_.Run(Request(SmbRequest::Kind::Stat, path), take);
+    if (status != 0 || entries.empty())
+        throw RunTimeError(ErrorOfSmbRequest(pool_, Request(SmbRequest::Kind::Stat, path), status,
+                                             SmbAction::Look));
+    return entries.front();
+}
+
+QByteArray SmbProvider::Read(const UncPath& path, qint64 offset, qint64 length) {
+    if (offset < 0 || length < 0)
+        throw RunTimeError(ErrorNumber::InvalidProcedureCall);
+    if (path.Share().isEmpty())
+        throw RunTimeError(ErrorNumber::PathNotFound);
+    if (auto ahead = FindPiece(path, offset, length))
+        return *ahead;
+    const auto run = [this](const SmbRequest& asked, const SmbWorker::Part& part) {
+        return pool_.Run(asked, part);
+    };
+    QByteArray bytes;
+    SmbRequest request = Request(SmbRequest::Kind::Read, path);
+    while (bytes.size() < length) {
+        request.offset = offset + bytes.size();
+        request.length = static_cast<quint32>(std::min<qint64>(ReadBytes, length - bytes.size()));
+        QByteArray piece;
+        if (const int status = FetchPiece(request, run, piece); status != 0)
+            throw RunTimeError(ErrorOfSmbRequest(pool_, request, status, SmbAction::Read));
+        bytes += piece;
+        if (piece.size() < qsizetype(request.length))
+            break;
+    }
+    return bytes;
+}
+
+/// What was read ahead, where it is just that.
+std::optional<QByteArray> SmbProvider::FindPiece(const UncPath& path, qint64 offset,
+                                                 qint64 length) {
+    if (!ahead_ || path.Elements().isEmpty() || !plan_->ReadsFile(path.Elements().last()))
+        return std::nullopt;
+    const QString file =
+        FileKey(FolderKey(path, path.Elements().size() - 1), path.Elements().last());
+    if (file != lastFile_) {
+        lastPieces_ = ahead_->TakeFile(file);
+        lastFile_ = file;
+    }
+    const auto found = std::ranges::find_if(lastPieces_, [&](const SmbPiece& piece) {
+        return piece.offset == offset && piece.asked == length;
+    });
+    return found == lastPieces_.end() ? std::nullopt : std::optional(found->bytes);
+}
+
+std::optional<QString> SmbProvider::LocalPath(const UncPath& /*path*/) {
+    return std::nullopt;
+}
+
+std::optional<SmbRequest> SmbProvider::ReadRequest(const UncPath& path) const {
+    return Request(SmbRequest::Kind::Read, path);
+}
+
+SmbRequest SmbProvider::Request(SmbRequest::Kind kind, const QString& server) const {
+    SmbRequest request = {.kind = kind, .host = server, .computer = server};
+    if (const SmbHost* host = computers_.Find(server)) {
+        request.port = host->port;
+        if (!host->address.isEmpty())
+            request.host = host->address;
+    }
+    return request;
+}
+
+SmbRequest SmbProvider::Request(SmbRequest::Kind kind, const UncPath& path) const {
+    SmbRequest request = Request(kind, path.Server());
+    request.share = path.Share();
+    request.path = path.RelativePath();
+    return request;
+}
+
+} // namespace netrove

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "redirector/SmbLimits.h"
+#include "smb/SmbMessages.h"
+
+#include <QHash>
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace netrove {
+
+/// What is known of each server: whether it is dead, how many connections it has and takes, how
+/// long its answers take. Servers are named by a text. Used under its owner's lock.
+///
+/// Who is dead stays so for the rest of a walk, and is tried again by the next one. Outside of
+/// walks that holds for a little while, so that what somebody does costs one limit; a connection
+/// that was refused may be tried again at once, which costs nothing.
+class SmbServers {
+public:
+    using Clock = std::chrono::steady_clock;
+    using Time = SmbLimits::Time;
+
+    struct Server {
+        bool isProven = false;     ///< somebody has answered there, over a connection that is kept
+        std::size_t open = 0;      ///< connections, with those that are being made
+        std::size_t refusedAt = 0; ///< as many are one too many; 0: not known
+        Clock::time_point refused; ///< when that was seen
+        int urgent = 0;            ///< calls that wait for a connection and go first
+        std::size_t doubtful = 0;  ///< new connections whose first request waits for another one
+        double answer = 0;         ///< milliseconds that a folder takes, of late
+        bool hasFailedEarly = false;         ///< an early connection hasn't come about
+        Clock::duration greeting = {};       ///< what its first answer took, with the way there
+        int timeouts = 0;                    ///< requests in a row without an answer
+        std::vector<QString> addresses = {}; ///< where it has been reached
+        Clock::time_point lastSign = {};     ///< when it said something
+        std::optional<Clock::time_point> probed = {}; ///< since when it is asked if it is there
+    };
+
+    explicit SmbServers(const SmbLimits& limits,
+                        std::function<Clock::time_point()> now = &Clock::now)
+        : limits_(limits), now_(std::move(now)) {}
+
+    /// The name of the server that a request goes to.
+    [[nodiscard]] static QString NameOf(const SmbRequest& request);
+
+    [[nodiscard]] Server& operator[](const QString& name) { return servers_[name]; }
+
+    /// The errno that a dead server's requests get at once; 0 for one that may be tried.
+    [[nodiscard]] int DeadStatus(const QString& name) const;
+
+    /// A walk begins: nothing is known of dead servers.
+    void BeginWalk();
+    void EndWalk() { isWalking_ = false; }
+
+    /// Notes that a server can't be reached.
+    void Bury(const QString& name, int status);
+
+    /// Notes how a request over a connection has ended. One that stops answering is dead, too.
+    void Note(const QString& name, int status, bool isLong);
+
+    /// Notes that a server has said something.
+    void NoteSign(const QString& name) { servers_[name].lastSign = now_(); }
+
+    /// Whether whoever has waited for an answer since then should find out if the server is still
+    /// there: one at a time, where all of its connections are silent. True begins the probe.
+    [[nodiscard]] bool BeginProbe(const QString& name, Clock::time_point since);
+
+    /// Notes what came of the probe, an errno: a server that says nothing to it is dead.
+    void EndProbe(const QString& name, int status);
+
+    /// Whether the server may get one more connection while so many requests wait for it. What
+    /// one costs must be less than the time that it saves.
+    [[nodiscard]] bool TakesMore(const QString& name, std::size_t waiting);
+
+    /// Whether the server may get one more connection before it is known how much there is to ask:
+    /// a bet on a distant one, while its first folder is listed.
+    [[nodiscard]] bool TakesEarly(const QString& name);
+
+    /// Notes that the server hasn't taken the connection that was opened last.
+    void NoteRefused(const QString& name);
+
+    /// Notes that a connection has been closed or hasn't come about.
+    void NoteClosed(const QString& name);
+
+    void NoteAnswerTime(const QString& name, Clock::duration time);
+
+    /// The time of a new connection with its first folder: a guess at the others.
+    void NoteFirstTime(const QString& name, Clock::duration time);
+
+    void ForgetOld();
+
+private:
+    struct Dead {
+        int status;
+        Clock::time_point until; ///< outside of walks
+    };
+
+    SmbLimits limits_;
+    std::function<Clock::time_point()> now_;
+    QHash<QString, Server> servers_;
+    QHash<QString, Dead> dead_;
+    bool isWalking_ = false;
+};
+
+} // namespace netrove

@@ -1,0 +1,89 @@
+#include "services/FileDetails.h"
+
+#include "runtime/Formats.h"
+#include "runtime/RunTimeError.h"
+#include "services/Paths.h"
+
+#include <array>
+
+namespace netrove {
+namespace {
+
+constexpr qint16 Kilobytes = 2;
+constexpr qint16 Bytes = 3;
+constexpr double BytesInKilobyte = 1024;
+constexpr double BytesInMegabyte = 1048576;
+
+/// "0", or "0." and as many zeros as there are decimals.
+QString SizeNumberFormat(qint16 decimals) {
+    return decimals == 0 ? QStringLiteral("0")
+                         : QStringLiteral("0.") + QString(decimals, QLatin1Char('0'));
+}
+
+/// A number by a format of fixed width. One that is too long for it gets a letter in front, which
+/// sorts behind all digits, the later the more digits there are.
+QString SortKey(double value, const QString& format) {
+    const QString key = FormatNumber(value, format);
+    const qsizetype excess = key.size() - format.size();
+    return excess <= 0 ? key : QChar(char16_t(u'A' + excess - 1)) + key;
+}
+
+QString AttributeLetters(quint32 attributes) {
+    constexpr std::array<std::pair<quint32, char16_t>, 4> letters{{{FileAttribute::ReadOnly, u'R'},
+                                                                   {FileAttribute::Hidden, u'H'},
+                                                                   {FileAttribute::System, u'S'},
+                                                                   {FileAttribute::Archive, u'A'}}};
+    QString text;
+    for (const auto& [attribute, letter] : letters) {
+        if ((attributes & attribute) != 0)
+            text += QChar(letter);
+    }
+    return text;
+}
+
+} // namespace
+
+QString SizeHeading(qint16 sizeFormat) {
+    if (sizeFormat == Kilobytes)
+        return QStringLiteral("Size (KB)");
+    return sizeFormat == Bytes ? QStringLiteral("Size (B)") : QStringLiteral("Size (MB)");
+}
+
+FileDetails::FileDetails(const QString& fullPath, FileAccess& files, const Settings& settings) {
+    try {
+        SplitPath(fullPath);
+        const QDateTime date = files.Modified(fullPath);
+        DateKey = FormatDate(date, QStringLiteral("YYYYMMDDHHNNSS"));
+        DateText = FormatDate(date, settings.DateFormat);
+        SetSize(files.Length(fullPath), settings);
+        AttrText = AttributeLetters(files.Attributes(fullPath));
+    } catch (const RunTimeError&) {
+        *this = FileDetails();
+        SizeText = QStringLiteral("0");
+        SizeKey = QStringLiteral("0");
+    }
+}
+
+void FileDetails::SplitPath(const QString& fullPath) {
+    if (const qsizetype cut = fullPath.lastIndexOf(QLatin1Char('\\')); cut >= 0) {
+        Folder = fullPath.left(cut + 1);
+        FileName = fullPath.mid(cut + 1);
+    }
+    Folder = EnsureSuffix(Folder, QStringLiteral("\\"));
+}
+
+void FileDetails::SetSize(qint64 length, const Settings& settings) {
+    const auto count = static_cast<double>(length);
+    if (settings.SizeFormat == Bytes) {
+        SizeText = QString::number(length);
+        SizeKey = SortKey(count, QStringLiteral("0000000000"));
+        return;
+    }
+    const bool inKilobytes = settings.SizeFormat == Kilobytes;
+    SizeText = FormatNumber(count / (inKilobytes ? BytesInKilobyte : BytesInMegabyte),
+                            SizeNumberFormat(settings.SizeNumDec));
+    SizeKey = SortKey(NumberOfText(SizeText), inKilobytes ? QStringLiteral("0000000.0000000000")
+                                                          : QStringLiteral("0000.0000000000"));
+}
+
+} // namespace netrove

@@ -1,0 +1,126 @@
+#include "windowservices/PredefinedIcons.h"
+
+#include "runtime/RunTimeError.h"
+
+#include <QImageReader>
+#include <QPixmap>
+
+#include <initializer_list>
+
+/// Names the resource file, so that the linker keeps it; has to stand outside any namespace.
+static void KeepPictures() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace netrove {
+
+namespace {
+
+/// A picture that was drawn on a grid of so many pixels, and the sizes that it serves. A size
+/// between two grids is scaled from the one that divides it better.
+struct Drawing {
+    int grid;
+    std::initializer_list<int> sizes;
+};
+
+/// The drawing ":/icons/NAME.svg" in so many pixels.
+QPixmap Picture(const QString& name, const QSize& size) {
+    KeepPictures();
+    QImageReader reader(QStringLiteral(":/icons/%1.svg").arg(name), "svg");
+    reader.setScaledSize(size);
+    return QPixmap::fromImageReader(&reader);
+}
+
+/// The icon from ":/icons/NAME-GRID.svg" of each drawing. Rendered once: what lists draw is a
+/// picture, not a drawing.
+QIcon Render(const QString& name, std::initializer_list<Drawing> drawings) {
+    QIcon icon;
+    for (const Drawing& drawing : drawings) {
+        for (const int size : drawing.sizes)
+            icon.addPixmap(
+                Picture(QStringLiteral("%1-%2").arg(name).arg(drawing.grid), QSize(size, size)));
+    }
+    return icon;
+}
+
+QString FileOf(const QString& key) {
+    return key == QLatin1String("<NONE>") ? QStringLiteral("file-none")
+                                          : QLatin1String("file-") + key.toLower();
+}
+
+/// The keys of the network's pictures in their order, with the drawings that they show.
+struct NetworkDrawing {
+    const char* key;
+    const char* name;
+};
+constexpr NetworkDrawing NetworkDrawings[] = {
+    {"directory", "node-folder"}, {"root", "node-root"},
+    {"group", "node-group"},      {"ndscontainer", "node-ndscontainer"},
+    {"network", "node-network"},  {"server", "node-server"},
+    {"tree", "node-tree"},        {"domain", "node-domain"},
+    {"share", "node-share"},      {"adminshare", "node-adminshare"},
+    {"printer", "node-printer"},  {"folder", "node-folder"},
+    {"file", "file-none"},        {"shareadmin", "node-adminshare"},
+};
+
+} // namespace
+
+QStringList PredefinedIconKeys() {
+    return {QStringLiteral("<NONE>"), QStringLiteral("CAB"), QStringLiteral("GIF"),
+            QStringLiteral("TXT"),    QStringLiteral("ZIP"), QStringLiteral("CSV"),
+            QStringLiteral("MP3"),    QStringLiteral("EXE"), QStringLiteral("AVI"),
+            QStringLiteral("RBY")};
+}
+
+QIcon PredefinedIcon(const QString& key) {
+    if (!PredefinedIconKeys().contains(key))
+        throw RunTimeError(ErrorNumber::KeyNotFound);
+    return Render(FileOf(key), {{16, {16, 24}}, {32, {32, 48, 64, 96}}});
+}
+
+QIcon BlankIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 64}) {
+        QPixmap picture(size, size);
+        picture.fill(Qt::transparent);
+        icon.addPixmap(picture);
+    }
+    return icon;
+}
+
+QStringList NetworkIconKeys() {
+    QStringList keys;
+    for (const NetworkDrawing& drawing : NetworkDrawings)
+        keys.append(QString::fromLatin1(drawing.key));
+    return keys;
+}
+
+QIcon NetworkIcon(const QString& key) {
+    for (const NetworkDrawing& drawing : NetworkDrawings) {
+        if (key == QLatin1String(drawing.key))
+            return Render(QString::fromLatin1(drawing.name), {{16, {16, 24}}, {32, {32, 48}}});
+    }
+    throw RunTimeError(ErrorNumber::KeyNotFound);
+}
+
+QIcon NetworkPicture() {
+    return Render(QStringLiteral("network"), {{64, {64, 96, 128}}});
+}
+
+QIcon ProgramIcon() {
+    return Render(QStringLiteral("netrove"), {{16, {16, 24}}, {64, {32, 48, 64, 128, 256}}});
+}
+
+QPixmap DudesPicture(qreal devicePixelRatio) {
+    constexpr QSize Size(360, 240);
+    QPixmap picture = Picture(QStringLiteral("dudes"), Size * devicePixelRatio);
+    picture.setDevicePixelRatio(devicePixelRatio);
+    return picture;
+}
+
+QIcon FileKindsIcon(bool active) {
+    return Render(active ? QStringLiteral("kinds") : QStringLiteral("kinds-greyed"),
+                  {{20, {20, 30, 40, 60}}});
+}
+
+} // namespace netrove

@@ -1,0 +1,143 @@
+#include "redirector/SmbComputers.h"
+
+#include "fakes/FakeComputerSource.h"
+#include "fakes/Text.h"
+#include "runtime/Yield.h"
+
+#include <gtest/gtest.h>
+
+namespace netrove {
+namespace {
+
+using namespace std::chrono_literals;
+
+FoundComputer Computer(const char* name, const char* workgroup, const QStringList& addresses) {
+    FoundComputer computer;
+    computer.name = Text(name);
+    if (*workgroup != 0)
+        computer.workgroup = Text(workgroup);
+    computer.addresses = addresses;
+    return computer;
+}
+
+class SmbComputersTest : public testing::Test {
+protected:
+    SmbComputersTest() {
+        SetWaitingPass([this] {
+            source->Finish();
+            return goesOn;
+        });
+    }
+    ~SmbComputersTest() override { SetWaitingPass({}); }
+
+    /// The computers of a workgroup with their addresses, joined by blanks.
+    [[nodiscard]] std::string In(const char* workgroup) const {
+        QStringList names;
+        for (const SmbHost* host : computers.In(Text(workgroup)))
+            names.append(host->name + u'@' + host->address);
+        return names.join(u' ').toStdString();
+    }
+    [[nodiscard]] std::string Workgroups() const {
+        return computers.Workgroups().join(u' ').toStdString();
+    }
+
+    bool goesOn = true;
+    FakeComputerSource* source = new FakeComputerSource; ///< the computers' own
+    SmbComputers::Clock::time_point now = SmbComputers::Clock::now();
+    SmbComputers computers{{{.name = Text("Nas"), .address = Text("198.51.100.1")},
+                            {.name = Text("nas"), .address = Text("198.51.100.9")},
+                            {.name = Text("OLD"), .workgroup = Text("OFFICE")}},
+                           std::unique_ptr<ComputerSource>(source),
+                           [this] { return now; }};
+};
+
+TEST_F(SmbComputersTest, FoundOnesJoinTheConfigured) {
+    EXPECT_EQ(Workgroups(), "WORKGROUP OFFICE");
+    source->Computers = {Computer("zoe", "", {Text("fe80::1%eth0")}),
+                         Computer("NAS", "Home", {Text("198.51.100.7")}),
+                         Computer("Ada", "office", {Text("fe80::2%eth0"), Text("2001:db8::2")}),
+                         Computer("old", "HOME", {Text("198.51.100.3")})};
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(Workgroups(), "Home OFFICE WORKGROUP");
+    EXPECT_EQ(In("home"), "Nas@198.51.100.1");
+    EXPECT_EQ(In("OFFICE"), "OLD@198.51.100.3 Ada@2001:db8::2");
+    EXPECT_EQ(In("WORKGROUP"), "zoe@fe80::1%eth0");
+    EXPECT_EQ(computers.AddressOf(Text("NAS"))->host, Text("198.51.100.1"));
+    EXPECT_FALSE(computers.AddressOf(Text("old"))) << "its name is enough";
+    EXPECT_FALSE(computers.AddressOf(Text("nobody")));
+    computers.NoteWorkgroup(Text("ZOE"), Text("Home"));
+    EXPECT_EQ(computers.WorkgroupOf(*computers.Find(Text("Zoe"))), Text("Home"));
+    EXPECT_EQ(computers.Find(Text("nobody")), nullptr);
+}
+
+TEST_F(SmbComputersTest, AFreshLookIsGivenAtOnceAndNothingIsForgottenSoon) {
+    source->Computers = {Computer("A", "W", {}), Computer("B", "W", {})};
+    EXPECT_TRUE(computers.Look());
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(source->Rounds, 1);
+    // The next look goes on behind, and is seen by the one after it.
+    source->Computers = {Computer("A", "W", {}), Computer("C", "W", {})};
+    now += 30s;
+    EXPECT_TRUE(computers.Look());
+    EXPECT_TRUE(source->Running);
+    EXPECT_EQ(In("W"), "A@ B@");
+    source->Finish();
+    now += 20s;
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(In("W"), "A@ B@ C@");
+    source->Finish();
+    now += SmbComputers::Kept;
+    EXPECT_TRUE(computers.Look()) << "not fresh: it waits";
+    EXPECT_FALSE(source->Running);
+    EXPECT_EQ(source->Rounds, 4);
+    EXPECT_EQ(In("W"), "A@ C@");
+}
+
+TEST_F(SmbComputersTest, ASearchLooksForItself) {
+    source->Computers = {Computer("A", "W", {})};
+    EXPECT_TRUE(computers.Look());
+    now += SmbComputers::Current;
+    computers.BeginWalk();
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(source->Rounds, 1) << "that look was for this search";
+    computers.EndWalk();
+
+    // One that goes on behind, from before the search, isn't enough.
+    now += SmbComputers::New;
+    EXPECT_TRUE(computers.Look());
+    EXPECT_TRUE(source->Running);
+    now += 3s;
+    computers.BeginWalk();
+    source->Computers = {Computer("A", "W", {}), Computer("B", "W", {})};
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(source->Rounds, 3);
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(source->Rounds, 3) << "once for the search";
+    EXPECT_EQ(In("W"), "A@ B@");
+}
+
+TEST_F(SmbComputersTest, WhoKnowsNobodyLooksAgain) {
+    auto* alone = new FakeComputerSource;
+    SetWaitingPass([alone] {
+        alone->Finish();
+        return true;
+    });
+    SmbComputers nobody({}, std::unique_ptr<ComputerSource>(alone), [this] { return now; });
+    EXPECT_TRUE(nobody.Look());
+    alone->Computers = {Computer("A", "W", {})};
+    EXPECT_TRUE(nobody.Look());
+    EXPECT_EQ(nobody.All().size(), 1U);
+}
+
+TEST_F(SmbComputersTest, TheWaitCanBeGivenUp) {
+    goesOn = false;
+    source->Computers = {Computer("A", "W", {})};
+    EXPECT_FALSE(computers.Look());
+    EXPECT_EQ(computers.All().size(), 2U);
+    goesOn = true;
+    EXPECT_TRUE(computers.Look());
+    EXPECT_EQ(computers.All().size(), 3U);
+}
+
+} // namespace
+} // namespace netrove
