@@ -27,6 +27,8 @@ void SetRightEnd(QWidget& line, int twips) {
 void WindowLayout::Form_Resize() {
     const int pass = ++passes_;
     EnforceMinimumSize();
+    // What the minimum has changed isn't laid out yet while the window is being shown.
+    window_.layout()->activate();
     const QSize inner = window_.centralWidget()->size();
     // A yield may let the window be resized again; what that pass has laid out is newer.
     Yield();

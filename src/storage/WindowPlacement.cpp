@@ -93,8 +93,12 @@ void WindowPlacement::Show() {
 }
 
 void WindowPlacement::NoteBeforeHiding() {
-    if (window_.isVisible())
-        hidden_ = PlaceNow();
+    if (!window_.isVisible())
+        return;
+    hidden_ = PlaceNow();
+    // What comes back isn't the start's any more: a painted frame gives way to the desktop's then.
+    if (!window_.isMaximized() && !window_.isMinimized())
+        askedSize_.reset();
 }
 
 WindowPlace WindowPlacement::Place() const {

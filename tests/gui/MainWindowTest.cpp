@@ -230,8 +230,7 @@ TEST_F(Window, ComesUpWithoutALog) {
 }
 
 TEST_F(Window, OpensWithAndOutlivesSettingsThatAreNone) {
-    ProfileFile(SettingsPath()).WriteIni(Text("Skin"), Text("Index"), Text("7"));
-    ProfileFile(SettingsPath()).WriteIni(Text("Downloads"), Text("Concurrent"), Text("40000"));
+    ProfileFile(SettingsPath()).WriteIni(Text("Skin"), Text("Index"), Text("2147483648"));
     const QByteArray before = ReadFile(SettingsPath());
     const QString copy = WriteFile(SettingsPath() + Text(".copy-1"), "an earlier one");
     Open();
@@ -240,6 +239,7 @@ TEST_F(Window, OpensWithAndOutlivesSettingsThatAreNone) {
                                    SettingsPath().toStdString() + ".copy-2.");
     EXPECT_EQ(ReadFile(SettingsPath() + Text(".copy-2")), before) << "already";
     EXPECT_FALSE(QFile::exists(folder.filePath(Text("Netrove.log")))) << "the start stopped there";
+    EXPECT_EQ(Find("stbStatus").geometry().bottom(), window.centralWidget()->rect().bottom());
     Search("*.mp3");
     EXPECT_EQ(Rows().size(), 3);
     EXPECT_TRUE(window.close());
