@@ -41,7 +41,7 @@ private:
     [[nodiscard]] bool IsKeyOfButton(const QObject& window, const QKeyEvent& key) const;
     [[nodiscard]] bool Presses(const QObject& window, const QKeyEvent& key) const;
     [[nodiscard]] bool Serves(const QObject& receiver, const QEvent& event, const MousePress& press,
-                              bool isNext) const;
+                              bool isNow) const;
 
     QPointer<QAbstractButton> button_;
     ScrollInput scrolling_;
