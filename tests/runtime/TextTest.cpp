@@ -10,33 +10,27 @@ namespace {
 TEST(Text, ComparesByLocaleWithoutCase) {
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    struct Case {
+    const struct {
         QStringView left;
         QStringView right;
         int sign;
-    };
-    const Case cases[] = {
-        {u"", u"", 0},
+    } cases[] = {
         {u"", u"a", -1},
         {u"Song", u"sONG", 0},
         {u"ÄRGER", u"ärger", 0},
-        {u"apfel", u"Birne", -1},
         {u"Zebra", u"apfel", 1},
         {u"Äpfel", u"Birne", -1}, // as a code the umlaut would stand behind
         {u"Apfel", u"Äpfel", -1}, // but an accent makes a difference
         {u"\u00E9", u"e\u0301", 1},
         {u"\U00010400", u"\U00010428", 0}, // a pair of letters outside the first plane
     };
+    const auto signOf = [](int order) { return (order > 0) - (order < 0); };
     for (const auto& [left, right, sign] : cases) {
-        const int order = CompareText(left, right);
-        const std::string what =
-            left.toString().toStdString() + " ? " + right.toString().toStdString();
-        EXPECT_EQ((order > 0) - (order < 0), sign) << what;
-        const int reverse = CompareText(right, left);
-        EXPECT_EQ((reverse > 0) - (reverse < 0), -sign) << what;
-        EXPECT_EQ(EqualText(left, right), sign == 0) << what;
-        const int byKey = TextSortKey(left).Compare(TextSortKey(right));
-        EXPECT_EQ((byKey > 0) - (byKey < 0), sign) << what;
+        SCOPED_TRACE(QString(left.toString() + u" ? " + right.toString()).toStdString());
+        EXPECT_EQ(signOf(CompareText(left, right)), sign);
+        EXPECT_EQ(signOf(CompareText(right, left)), -sign);
+        EXPECT_EQ(EqualText(left, right), sign == 0);
+        EXPECT_EQ(signOf(TextSortKey(left).Compare(TextSortKey(right))), sign);
     }
     QLocale::setDefault(before);
 }
@@ -50,11 +44,7 @@ TEST(Text, ShapesTexts) {
 }
 
 TEST(Text, ReadsNumbersAtTheBeginning) {
-    struct Case {
-        QStringView text;
-        double number;
-    };
-    const Case cases[] = {
+    const std::pair<QStringView, double> cases[] = {
         {u"", 0},         {u"abc", 0},     {u" \t\n-12.5x", -12.5},
         {u"5 000", 5000}, {u"+.5", .5},    {u"3.", 3},
         {u".", 0},        {u"-", 0},       {u"--1", 0},
