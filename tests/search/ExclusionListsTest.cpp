@@ -23,18 +23,10 @@ TEST(ExclusionLists, EntriesGoToTheListsOfTheirType) {
     EXPECT_TRUE(lists.UseExcFolders && lists.UseExcShares && lists.UseExcWorkstations &&
                 lists.UseExcWorkgroups && lists.UseExcNetworks);
 
-    lists.TurnOff();
-    EXPECT_FALSE(lists.UseExcFolders || lists.UseExcShares || lists.UseExcWorkstations ||
-                 lists.UseExcWorkgroups || lists.UseExcNetworks);
-
     settings.ExcludeNetNodes = false;
     lists.ParseNetNodes(settings);
-    EXPECT_FALSE(lists.UseExcFolders);
-
-    settings.ExcludeNetNodes = true;
-    settings.ExcNetNodes = {Text("Temp|False|Folder")};
-    lists.ParseNetNodes(settings);
-    EXPECT_FALSE(lists.UseExcFolders || lists.UseExcWorkstations);
+    EXPECT_FALSE(lists.UseExcFolders || lists.UseExcShares || lists.UseExcWorkstations ||
+                 lists.UseExcWorkgroups || lists.UseExcNetworks);
 }
 
 TEST(ExclusionLists, BrokenEntriesFail) {
