@@ -75,9 +75,8 @@ TEST_F(SmallNetwork, FailedOpenIsTriedAgainAndABrokenListKeepsWhatCame) {
 
 TEST_F(SmallNetwork, EqualNamesFailAndCloseTheList) {
     network.AddNode(Text("HOME"), NetEnum::DisplayServer, Text("\\\\media"));
-    NetResource home(network);
-    home.InitFrom({.lpRemoteName = Text("HOME")});
-    ExpectRaised(ErrorNumber::KeyNotUnique, [&] { return home.Children(); });
+    root.InitFrom({.lpRemoteName = Text("HOME")});
+    ExpectRaised(ErrorNumber::KeyNotUnique, [&] { return root.Children(); });
     EXPECT_EQ(network.OpenHandles, 0);
 }
 
@@ -97,12 +96,11 @@ TEST_F(SmallNetwork, ChildListGrowsWhileItIsRead) {
     for (int number = 0; number < 50; ++number)
         network.AddNode(Text("\\\\ATTIC"), NetEnum::DisplayShare,
                         Text("\\\\ATTIC\\SHARE") + QString::number(number));
-    NetResource attic(network);
-    attic.InitFrom({.lpRemoteName = Text("\\\\ATTIC")});
+    root.InitFrom({.lpRemoteName = Text("\\\\ATTIC")});
     int passes = 0;
     SetYieldAlways(true);
     SetYieldPass([&] { ++passes; });
-    EXPECT_EQ(attic.Children()->Count(), 50);
+    EXPECT_EQ(root.Children()->Count(), 50);
     SetYieldPass({});
     SetYieldAlways(false);
     // 1 at entry; 2 a call for three calls (more data, the records, the end); 1 a record; 2 around
@@ -112,13 +110,11 @@ TEST_F(SmallNetwork, ChildListGrowsWhileItIsRead) {
     EXPECT_EQ(network.OpenHandles, 0);
 }
 
-TEST(NetResource, RecordTextsAreCut) {
-    MemoryNetwork network;
-    NetResource node(network);
-    node.InitFrom({.lpRemoteName = QString(300, QLatin1Char('x')),
+TEST_F(SmallNetwork, RecordTextsAreCut) {
+    root.InitFrom({.lpRemoteName = QString(300, QLatin1Char('x')),
                    .lpComment = Text("short") + QChar(u'\0') + Text("hidden")});
-    EXPECT_EQ(node.RemoteName().size(), 255);
-    EXPECT_EQ(node.Comment(), Text("short"));
+    EXPECT_EQ(root.RemoteName().size(), 255);
+    EXPECT_EQ(root.Comment(), Text("short"));
 }
 
 } // namespace
