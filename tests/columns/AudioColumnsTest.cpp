@@ -10,15 +10,8 @@ namespace netrove {
 namespace {
 
 TEST(AudioColumns, PlayTimes) {
-    const struct {
-        qint32 seconds;
-        const char* text;
-    } cases[] = {{0, "00:00:00"},
-                 {232, "00:03:52"},
-                 {3725, "01:02:05"},
-                 {32767, "09:06:07"},
-                 {400'000, "111:06:40"}};
-    for (const auto& [seconds, text] : cases)
+    for (const auto& [seconds, text] :
+         {std::pair(0, "00:00:00"), std::pair(3725, "01:02:05"), std::pair(400'000, "111:06:40")})
         EXPECT_EQ(FormatPlayTime(seconds), Text(text));
 }
 
