@@ -109,21 +109,20 @@ TEST(NetworkNodes, FoundByAPathOfNames) {
 
 class NamedSystem : public TestSystem {
 public:
-    QString user;
-    QString computer;
+    QString name;
     QString OSVersion() const override { return QString(); }
-    QString UserName() const override { return user; }
-    QString ComputerName() const override { return computer; }
+    QString UserName() const override { return name; }
+    QString ComputerName() const override { return name; }
 };
 
 TEST(WinVer, AnswersOfTheSystem) {
     NamedSystem system;
     EXPECT_EQ(ComputerUNCName(system), Text("\\\\"));
-    system.computer = Text(" media ");
+    system.name = Text(" media ");
     EXPECT_EQ(ComputerUNCName(system), Text("\\\\MEDIA"));
     for (const qsizetype length : {24, 25}) {
-        system.user = QString(length, u'x');
-        EXPECT_EQ(GetUserNameText(system), length == 24 ? system.user : QString());
+        system.name = QString(length, u'x');
+        EXPECT_EQ(GetUserNameText(system), length == 24 ? system.name : QString());
     }
     EXPECT_EQ(GetOSInfo(system).Version, Text("0.0.0"));
 }
@@ -136,12 +135,8 @@ TEST(Paths, NamesOfFilesAndNodes) {
         EXPECT_FALSE(HasIllegalNameChars(Text(name))) << name;
 }
 
-/// Columns of a terminal: one a unit.
-int Columns(const QString& text) {
-    return static_cast<int>(text.size());
-}
-
 TEST(Paths, CompactedToAWidth) {
+    const auto columns = [](const QString& text) { return int(text.size()); }; // of a terminal
     const struct {
         const char* path;
         int width;
@@ -152,21 +147,18 @@ TEST(Paths, CompactedToAWidth) {
         {"\\\\SERVER\\SHARE\\OLDER\\FILE", 12, "\\\\SE...\\FILE"},
         {"\\\\SERVER\\SHARE\\OLDER\\FILE", 8, "...\\FILE"},
         {"\\\\SERVER\\SHARE\\OLDER\\FILE", 7, "FILE..."},
-        {"\\\\SERVER\\SHARE\\OLDER\\FILE", 5, "FI..."},
         {"\\\\SERVER\\SHARE\\FOLDER\\", 19, "\\\\SERVER...\\FOLDER\\"},
         {"Microsoft Windows Network", 12, "Microsoft..."},
-        {"\\\\SERVER", 6, "SER..."},
         {"plain", 2, ".."},
-        {"plain", 0, ""},
         {"", 0, ""},
     };
     for (const auto& [path, width, compact] : cases)
-        EXPECT_EQ(CompactPath(Text(path), width, Columns), Text(compact)) << path << ' ' << width;
+        EXPECT_EQ(CompactPath(Text(path), width, columns), Text(compact)) << path << ' ' << width;
 
     const QString notes = Text("\\\\S\\🎵🎵🎵🎵\\🎵🎵🎵🎵🎵🎵");
-    for (int width = 0; width <= Columns(notes); ++width) {
-        const QString compact = CompactPath(notes, width, Columns);
-        EXPECT_LE(Columns(compact), width);
+    for (int width = 0; width <= columns(notes); ++width) {
+        const QString compact = CompactPath(notes, width, columns);
+        EXPECT_LE(columns(compact), width);
         EXPECT_TRUE(compact.isValidUtf16()) << "half a character at " << width;
     }
 }
@@ -204,14 +196,10 @@ TEST(FileDetails, SizesByTheSettings) {
         const char* key;
     } cases[] = {
         {0, 1, 2, "0.00", "0000.0000000000"},
-        {1'500'000, 1, 0, "1", "0001.0000000000"},
         {1'500'000, 7, 0, "1", "0001.0000000000"}, // any other format is megabytes
         {1, 2, 4, "0.0010", "0000000.0010000000"},
         {1536, 2, 0, "2", "0000002.0000000000"},
-        {1536, 2, 10, "1.5000000000", "0000001.5000000000"},
-        {1'500'000, 3, 4, "1500000", "0001500000"},
         {5'000'000'000, 3, 4, "5000000000", "5000000000"}, // beyond 32 bits
-        {5'000'000'000, 1, 4, "4768.3716", "4768.3716000000"},
         // Longer than the key is wide: the letter sorts them behind all that fit.
         {12'884'901'888, 1, 2, "12288.00", "A12288.0000000000"},
         {20'000'000'000, 3, 0, "20000000000", "A20000000000"},
