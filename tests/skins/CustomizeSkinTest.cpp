@@ -26,18 +26,18 @@ protected:
     Widget& Find(const char* name) {
         return FindIn<Widget>(*dialog, name);
     }
-    int Value(const char* slider) { return Find<QScrollBar>(slider).value(); }
 
     std::unique_ptr<frmCustomizeSkin> dialog;
 };
 
 TEST_F(CustomizeSkin, OpensWithWhatIsStored) {
     const auto expectSliders = [this](const std::vector<int>& values, bool enabled) {
-        const char* const names[] = {"hscHue", "hscSaturation", "hscRed", "hscGreen", "hscBlue"};
-        for (size_t slider = 0; slider < 5; ++slider) {
-            EXPECT_EQ(Value(names[slider]), values[slider]) << names[slider];
-            EXPECT_EQ(Find(names[slider]).isEnabled(), enabled) << names[slider];
+        std::vector<int> shown;
+        for (const char* name : {"hscHue", "hscSaturation", "hscRed", "hscGreen", "hscBlue"}) {
+            shown.push_back(Find<QScrollBar>(name).value());
+            EXPECT_EQ(Find(name).isEnabled(), enabled) << name;
         }
+        EXPECT_EQ(shown, values);
     };
     Open(2);
     EXPECT_TRUE(dialog->Cancelled());

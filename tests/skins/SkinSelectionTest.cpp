@@ -130,24 +130,17 @@ TEST_F(SkinSelectionTest, ControlsHaveTheColoursOfTheirSkin) {
     EXPECT_EQ(color(controls.HyperLbl, QPalette::WindowText), QColor(128, 128, 255));
     EXPECT_EQ(color(controls.RecShp[3], QPalette::WindowText), QColor(255, 128, 0));
     EXPECT_EQ(color(controls.lines[6], QPalette::WindowText), QColor(192, 64, 0));
-    EXPECT_EQ(color(&window, QPalette::Window), frames.back);
 
     QPalette dark = desktop;
     dark.setColor(QPalette::Window, QColor(40, 40, 40));
     dark.setColor(QPalette::WindowText, Qt::white);
-    for (const QPalette& palette : {desktop, dark}) {
+    skins.mnuSkin_Click(0);
+    for (const QPalette& palette : {dark, desktop}) { // while the program runs
         QApplication::setPalette(palette);
-        skins.mnuSkin_Click(0);
-        for (const auto role : {QPalette::Window, QPalette::WindowText}) {
-            EXPECT_EQ(color(&window, role), palette.color(role));
+        QCoreApplication::processEvents();
+        for (const auto role : {QPalette::Window, QPalette::WindowText, QPalette::Button})
             EXPECT_EQ(color(controls.Label1, role), palette.color(role));
-        }
-        EXPECT_EQ(color(controls.buttons[0], QPalette::Button), palette.color(QPalette::Button));
     }
-    // The desktop turns light while the program runs.
-    QApplication::setPalette(desktop);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(color(controls.Label1, QPalette::WindowText), desktop.color(QPalette::WindowText));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "skins/frame/PaintedFrame.h"
 #include "skins/frame/PlainSkin.h"
 
-#include <QCloseEvent>
 #include <QShortcut>
 #include <QSignalSpy>
 
@@ -150,31 +149,6 @@ TEST_F(FrameInputTest, MovesAndResizesByKeys) {
     QTest::keyClick(&window, Qt::Key_Escape);
     EXPECT_EQ(window.geometry(), QRect(108, 101, 400, 300));
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-}
-
-/// A window whose close request takes its skin away, as when it goes to the tray.
-class TrayWindow : public PlainWindow {
-public:
-    PaintedFrame frame;
-
-protected:
-    void closeEvent(QCloseEvent* event) override {
-        frame.Detach();
-        hide();
-        event->ignore();
-    }
-};
-
-TEST_F(FrameInputTest, CanBeTakenAwayByItsOwnButtons) {
-    TrayWindow leaving;
-    leaving.show();
-    leaving.frame.Attach(leaving, skin.configuration);
-    QTest::mouseClick(&FindIn(leaving, "frameButtonClose"), Qt::LeftButton);
-    EXPECT_FALSE(leaving.isVisible());
-    EXPECT_TRUE(leaving.contentsMargins().isNull());
-    leaving.show();
-    leaving.frame.Attach(leaving, skin.configuration);
-    EXPECT_TRUE(FindIn(leaving, "frameTitleBar").isVisible());
 }
 
 } // namespace
