@@ -128,13 +128,6 @@ TEST_F(NetworkTest, FetchesAListPieceByPiece) {
     EXPECT_EQ(network_->EnumResource(handle, count, records, size), NetEnum::InvalidHandle);
 }
 
-TEST_F(NetworkTest, ListsItsProvidersAtTheRoot) {
-    EXPECT_EQ(Names("", NetEnum::TypeDisk, ""), "LAN|Other");
-    EXPECT_EQ(Names("", NetEnum::TypePrint, ""), "");
-    EXPECT_EQ(Names("LAN"), "none");
-    EXPECT_EQ(Names("GROUP", NetEnum::TypeDisk, "Gone"), "none");
-}
-
 TEST_F(NetworkTest, LeavesOutHostileNodes) {
     for (const QString& name : {QString(), QString(1, QChar(u'\0')), QString(256, u'x')})
         lan_->Add(Text("LAN"), NetEnum::DisplayDomain, name);
@@ -162,6 +155,9 @@ TEST_F(NetworkTest, LeavesOutHostileNodes) {
     }
     for (const auto& [node, displayType, type, names, left] : cases)
         EXPECT_EQ(Names(node, type), left);
+    EXPECT_EQ(Names("LAN", NetEnum::TypePrint), "none");
+    EXPECT_EQ(Names("", NetEnum::TypePrint, ""), "");
+    EXPECT_EQ(Names("GROUP", NetEnum::TypeDisk, "Gone"), "none");
 }
 
 TEST_F(NetworkTest, LeavesOutHostileEntries) {

@@ -147,20 +147,6 @@ TEST_F(LogonsTest, TheKeyringKeepsThemForTheNextRun) {
     EXPECT_TRUE(all[1].isInKeyring);
 }
 
-TEST_F(LogonsTest, WhatTheKeyringDoesntTakeIsKeptForThisRun) {
-    keyring->refuses = true;
-    std::vector<Keyring::Outcome> outcomes;
-    const auto note = [&](Keyring::Outcome outcome) { outcomes.push_back(outcome); };
-    logons->Store(Stored("A", "bob", "p", true), note);
-    EXPECT_FALSE(logons->All().front().isInKeyring);
-    EXPECT_EQ(UserAt("A"), "bob");
-    keyring->isThere = false;
-    logons->Store(Stored("B", "bob", "p", true), note);
-    EXPECT_EQ(outcomes,
-              (std::vector<Keyring::Outcome>{Keyring::Outcome::Refused, Keyring::Outcome::None}));
-    EXPECT_TRUE(keyring->entries.isEmpty());
-}
-
 TEST_F(LogonsTest, ChangesOfTheKeyringComeOneAfterTheOther) {
     logons->Store(Stored("A", "a", "p", true), Ignore);
     // Another window of the program stores one too.

@@ -103,19 +103,6 @@ TEST_F(SmbProviderTest, AComputerIsTriedOnceItsAddressIsKnown) {
     SetWaitingPass(before);
 }
 
-TEST_F(SmbProviderTest, ConfiguredComputersStandInTheirWorkgroups) {
-    SmbProvider provider = Provider({{.name = Text("B"), .workgroup = Text("Second")},
-                                     {.name = Text("A"), .workgroup = Text("First")},
-                                     {.name = Text("C"), .workgroup = Text("SECOND")},
-                                     {.name = Text("a"), .workgroup = Text("Second")}});
-    EXPECT_EQ(Remote(provider, NetEnum::DisplayNetwork, "LAN"), "Second First");
-    EXPECT_EQ(Remote(provider, NetEnum::DisplayDomain, "second"), "\\\\B \\\\C");
-    EXPECT_TRUE(provider.Knows(Text("c")));
-    EXPECT_FALSE(provider.Knows(Text("d")));
-    EXPECT_EQ(provider.Workgroup(Text("a")), Text("First"));
-    EXPECT_TRUE(provider.Pool().IdleProcesses().empty()) << "no helper before it is needed";
-}
-
 TEST_F(SmbProviderTest, ComputersTellTheirWorkgroups) {
     SambaServer home(Text("    workgroup = Home-1"));
     SambaServer strict(Text("    map to guest = never"));
@@ -127,6 +114,8 @@ TEST_F(SmbProviderTest, ComputersTellTheirWorkgroups) {
     SmbHost silent{.name = Text("SILENT"), .address = Text("127.0.0.1"), .port = 1};
     SmbProvider provider = Provider({unstated, home.Host(Text("STATED")), nameless, silent});
     EXPECT_EQ(Remote(provider, NetEnum::DisplayNetwork, "LAN"), "WORKGROUP");
+    EXPECT_TRUE(provider.Knows(Text("stated")) && !provider.Knows(Text("unknown")));
+    EXPECT_TRUE(provider.Pool().IdleProcesses().empty()) << "no helper before it is needed";
     for (const auto& [computer, workgroup] : {std::pair("STATED", "WORKGROUP"),
                                               {"STRICT", "WORKGROUP"},
                                               {"SILENT", ""},
@@ -138,21 +127,48 @@ TEST_F(SmbProviderTest, ComputersTellTheirWorkgroups) {
     EXPECT_EQ(Remote(provider, NetEnum::DisplayDomain, "home-1"), "\\\\FILER");
     EXPECT_EQ(List(provider, NetEnum::DisplayServer, "\\\\FILER").size(), 3U)
         << "the same helper goes on";
+    EXPECT_TRUE(provider.CanEnter(Path(Text("STRICT\\PUBLIC")))) << "the nameless get in";
+    EXPECT_FALSE(provider.CanEnter(Path(Text("STRICT\\REFUSED"))));
 }
 
-TEST_F(SmbProviderTest, SharesAndPrintersComeFromOneQuestion) {
+TEST_F(SmbProviderTest, AListIsFetchedOnceInAWalk) {
+    samba_->AddFile(Text("public/once/file"), "1");
     FaultyProxy proxy(samba_->Port());
     SmbProvider provider = Provider(FilerAt(proxy.Port()));
     EXPECT_EQ(Remote(provider, NetEnum::DisplayServer, "\\\\FILER"),
               "\\\\FILER\\PUBLIC \\\\FILER\\REFUSED \\\\FILER\\JUNCTIONS");
+    const UncPath folder = Public(Text("once"));
+    EXPECT_TRUE(provider.CanEnter(folder));
     const qint64 bytes = proxy.Bytes();
     EXPECT_EQ(Remote(provider, NetEnum::DisplayServer, "\\\\FILER", NetEnum::TypePrint),
               "\\\\FILER\\PRINTER");
     const NetRecord share = List(provider, NetEnum::DisplayServer, "\\\\FILER").at(0);
+    EXPECT_EQ(Names(provider, folder).size(), 1);
+    EXPECT_EQ(Names(provider, folder).size(), 1);
+    EXPECT_EQ(provider.Info(Public(Text("once\\file"))).length, 1);
     EXPECT_EQ(proxy.Bytes(), bytes);
     EXPECT_EQ(share.lpComment, QString::fromUtf16(SambaServer::PublicComment));
     EXPECT_EQ(share.dwDisplayType, NetEnum::DisplayShare);
     EXPECT_EQ(share.lpProvider, Text("LAN"));
+}
+
+TEST_F(SmbProviderTest, EveryWalkSeesTheServerAsItIs) {
+    SambaServer server;
+    SmbProvider provider = Provider({server.Host()});
+    const auto length = [&] { return provider.Info(Public(Text("folder\\file"))).length; };
+    const auto lengthInNewWalk = [&] {
+        provider.BeginWalk(std::make_shared<OpenWalk>());
+        return Names(provider, Public(Text("folder"))).isEmpty() ? -1 : length();
+    };
+    server.AddFile(Text("public/folder/file"), "1");
+    EXPECT_EQ(lengthInNewWalk(), 1);
+    server.AddFile(Text("public/folder/file"), "22");
+    EXPECT_EQ(length(), 1) << "as it was listed";
+    EXPECT_EQ(lengthInNewWalk(), 2);
+    server.Stop();
+    EXPECT_EQ(lengthInNewWalk(), -1);
+    ASSERT_TRUE(server.Start());
+    EXPECT_EQ(lengthInNewWalk(), 2) << "a refused connection isn't remembered";
 }
 
 TEST_F(SmbProviderTest, EveryNameTravelsBothWays) {
@@ -187,25 +203,6 @@ TEST_F(SmbProviderTest, LinksThatTheServerFollowsDontGoRoundInCircles) {
         EXPECT_EQ(found, there) << seed;
         provider_.EndWalk();
     }
-}
-
-TEST_F(SmbProviderTest, NamesThatSmbDoesNotAllowComeMangled) {
-    const QByteArrayList names{"colon:",     "dot.",      "blank ",         "what?",
-                               "\"quotes\"", "new\nline", "back\\slash",    "<a>",
-                               "pipe|",      "star*",     "invalid\xff\xfe"};
-    samba_->AddFolder(Text("public/mangled"));
-    for (const QByteArray& name : names) {
-        // QFile has no way to a name that isn't text.
-        const QByteArray path = Local(Text("mangled/")) + name;
-        const std::unique_ptr<FILE, decltype(&fclose)> file(fopen(path.constData(), "w"), &fclose);
-        ASSERT_TRUE(file && fputs("x", file.get()) >= 0);
-    }
-    const QStringList found = Names(provider_, Public(Text("mangled"))).keys();
-    // The server may leave out the one that isn't valid UTF-8.
-    EXPECT_GE(found.size(), names.size() - 1);
-    for (const QString& name : found)
-        EXPECT_EQ(provider_.Read(Public(Text("mangled\\") + name), 0, 9), QByteArray("x"))
-            << name.toStdString();
 }
 
 TEST_F(SmbProviderTest, DetailsAreTheSameInTheListingAndAlone) {
@@ -313,42 +310,6 @@ TEST_F(SmbProviderTest, FailuresHaveTheirNumbers) {
     EXPECT_FALSE(provider_.List({.dwDisplayType = NetEnum::DisplayServer,
                                  .lpRemoteName = Text("\\\\no-such-computer.invalid")},
                                 NetEnum::TypeDisk));
-}
-
-TEST_F(SmbProviderTest, HiddenSharesAreReachedByTyping) {
-    samba_->AddFile(Text("hidden/h"), "h");
-    samba_->AddFile(Text("unlisted/u"), "u");
-    for (const auto& [share, file] : {std::pair("HIDDEN$", "h"), {"UNLISTED", "u"}}) {
-        const UncPath path = Path(Text("FILER\\") + Text(share));
-        EXPECT_TRUE(provider_.CanEnter(path));
-        EXPECT_TRUE(Names(provider_, path).contains(Text(file)));
-    }
-}
-
-TEST_F(SmbProviderTest, TheNamelessAreLetInWhereGuestsArenT) {
-    SambaServer strict(Text("    map to guest = never"));
-    ASSERT_TRUE(strict.IsRunning());
-    strict.AddFile(Text("public/file"));
-    SmbProvider provider = Provider({strict.Host()});
-    EXPECT_FALSE(provider.CanEnter(Path(Text("FILER\\REFUSED"))));
-    EXPECT_EQ(Names(provider, Path(Text("FILER\\PUBLIC"))).size(), 1);
-}
-
-TEST_F(SmbProviderTest, ABigFolderIsFetchedOnce) {
-    constexpr int files = 5000;
-    for (int at = 0; at < files; ++at)
-        samba_->AddFile(Text("public/big/file number %1.mp3").arg(at));
-    FaultyProxy proxy(samba_->Port());
-    SmbProvider provider = Provider(FilerAt(proxy.Port()));
-    const UncPath folder = Public(Text("big"));
-    EXPECT_TRUE(provider.CanEnter(folder));
-    const qint64 bytes = proxy.Bytes();
-    const auto found = Names(provider, folder);
-    EXPECT_EQ(found.size(), files);
-    EXPECT_EQ(Names(provider, folder), found);
-    for (auto name = found.keyBegin(); name != found.keyEnd(); ++name)
-        EXPECT_EQ(provider.Info(Public(Text("big\\") + *name)).length, 0);
-    EXPECT_EQ(proxy.Bytes(), bytes) << "all of it was in the first listing";
 }
 
 } // namespace
