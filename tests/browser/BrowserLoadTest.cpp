@@ -119,15 +119,13 @@ TEST_F(Browser, TheFakeChildIsGoneFromTheScreenBeforeTheWait) {
     EXPECT_EQ(painted, 1);
 }
 
-TEST_F(Browser, AnEmptyNetworkHasItsRoot) {
+TEST_F(Browser, TellsWhatFailed) {
     network.Unlistable = {QString()};
     Open();
     EXPECT_EQ(calls, Texts({"open "})) << "asked once";
     EXPECT_EQ(Tree().Count(), 1);
     EXPECT_EQ(LabelText("lblAddNode"), Text("Done"));
-}
-
-TEST_F(Browser, TellsWhatFailed) {
+    EXPECT_EQ(dialogs.Boxes(), "") << "an empty network is none";
     onCall = [](const QString& call) {
         if (call == Text("open "))
             throw RunTimeError(ErrorNumber::PathNotFound);
@@ -140,6 +138,7 @@ TEST_F(Browser, TellsWhatFailed) {
     EXPECT_EQ(Tree().Count(), 1);
 
     onCall = nullptr;
+    network.Unlistable.clear();
     network.AddNode(Text("Lone"), NetEnum::DisplayServer, Text("\\\\U"));
     network.AddNode(Text("Lone"), NetEnum::DisplayServer, Text("\\\\u"));
     Open();

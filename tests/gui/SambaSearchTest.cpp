@@ -7,12 +7,10 @@
 #include "redirector/OpenNetwork.h"
 #include "smb/SambaServer.h"
 
-#include <QProcess>
-
 namespace netrove {
 namespace {
 
-/// A real server, FILER in the workgroup HOME, used by the window and by the console program.
+/// A real server, FILER in the workgroup HOME, used by the window.
 class SambaSearch : public testing::Test {
 protected:
     static constexpr int ManyFiles = 3000;
@@ -60,13 +58,6 @@ TEST_F(SambaSearch, InTheWindow) {
     EXPECT_EQ(Sorted(driver.Rows()), songs);
     EXPECT_EQ(driver.StatusText(3), Text("1 computer, 1 share not searched"));
     EXPECT_EQ(driver.Results().SubItem(1, 2), Text("0.0000"));
-    EXPECT_TRUE(QFile::remove(samba->Path(Text("public/one.mp3"))));
-    driver.Search("*.mp3");
-    EXPECT_EQ(Sorted(driver.Rows()), songs.first(2)) << "a search sees what is there by then";
-    samba->AddFile(Text("public/one.mp3"), "some content");
-    driver.Search("*.mp3");
-    EXPECT_EQ(Sorted(driver.Rows()), songs);
-
     // FILER is made out to have been silent.
     NetworkReport& report = opened.network->Report();
     const QStringList names =
@@ -132,33 +123,7 @@ TEST_F(SambaSearch, InTheWindow) {
     driver.Trigger("mnuInpNetNode(0)");
     EXPECT_EQ(driver.StartNodeText(), Text("\\\\FILER"));
 
-    driver.Type("*.mp3");
-    // Before the first click has switched the button off.
-    for (int click = 1; click <= 2; ++click)
-        QMetaObject::invokeMethod(
-            &window, [&] { driver.Click("cmdStartSearch"); }, Qt::QueuedConnection);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(Sorted(driver.Rows()), (QStringList{songs[0], songs[2]}));
-    EXPECT_EQ(desktop.dialogs.Shown.size(), 1) << "the question for the computer";
     EXPECT_TRUE(window.close());
-}
-
-TEST_F(SambaSearch, OnTheConsole) {
-    // The programs look for network.ini in their own folder.
-    for (const char* program : {"netrove-find", "netrove-smb"})
-        ASSERT_TRUE(
-            QFile::copy(Text(NETROVE_BIN "/") + Text(program), folder.filePath(Text(program))));
-    const auto find = [this](const QStringList& arguments) {
-        QProcess program;
-        program.start(folder.filePath(Text("netrove-find")), arguments);
-        EXPECT_TRUE(program.waitForFinished(60000));
-        return QString::fromUtf8(program.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
-    };
-    EXPECT_EQ(Sorted(find({Text("*.mp3")})), songs);
-    EXPECT_EQ(find({Text("--from"), Text("\\\\filer\\Hidden$"), Text("*")}),
-              Texts({"\\\\filer\\Hidden$\\secret.mp3"}));
-    EXPECT_EQ(find({Text("--from"), Text("//FILER/UNLISTED"), Text("x.*")}),
-              Texts({"\\\\FILER\\UNLISTED\\deep\\x.mp3"}));
 }
 
 } // namespace

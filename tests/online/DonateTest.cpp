@@ -88,13 +88,11 @@ TEST_F(DonateTest, FailuresLeaveTheSiteInAllLinks) {
     Open();
     Page("Netrove.don", "TBS_DON Pal https://a.example/");
     Click("cmdUp");
-    for (const char* answer : {"", "TBS_DON Pal https://a.example/ Sh file:///bin/sh"}) {
-        Page("Netrove.don", answer);
-        Click("cmdUp");
-        EXPECT_EQ(dialogs.TakeWhole(), Failed) << answer;
-        EXPECT_EQ(Links(), "site.example/|site.example/|site.example/|"
-                           "https://site.example/|https://site.example/|https://site.example/");
-    }
+    Page("Netrove.don", "TBS_DON Pal https://a.example/ Sh file:///bin/sh");
+    Click("cmdUp");
+    EXPECT_EQ(dialogs.TakeWhole(), Failed);
+    EXPECT_EQ(Links(), "site.example/|site.example/|site.example/|"
+                       "https://site.example/|https://site.example/|https://site.example/");
     http.Pages.clear();
     Click("cmdUp");
     EXPECT_EQ(dialogs.TakeWhole(), Failed);

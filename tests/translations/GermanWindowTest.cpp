@@ -151,27 +151,6 @@ TEST_F(GermanWindow, OnlyOurTextsOfTheMainWindowChange) {
     EXPECT_EQ(settings.value(0).toStdString(), settings.value(1).toStdString());
 }
 
-TEST_F(GermanWindow, AMenuIsTranslatedWholeOrNotAtAll) {
-    const BothLanguages both([&] {
-        frmNetrove window(Services(network));
-        WindowDriver(window).Open();
-        std::vector<ShownText> items;
-        for (const QMenu* menu : window.findChildren<QMenu*>()) {
-            for (const QAction* item : menu->actions())
-                items.emplace_back(menu->objectName(), item->text());
-        }
-        return items;
-    });
-    QSet<QString> changed;
-    QSet<QString> same;
-    for (std::size_t at = 0; at < both.english.size(); ++at) {
-        if (const auto& [menu, text] = both.english[at]; !text.isEmpty())
-            (both.german.at(at).second == text ? same : changed).insert(menu);
-    }
-    EXPECT_GT(changed.size() * same.size(), 0);
-    EXPECT_FALSE(changed.intersects(same));
-}
-
 TEST_F(GermanWindow, OnlyOurTextsOfTheHelpMenusDialogsChange) {
     const struct {
         const char* item;
