@@ -66,13 +66,13 @@ function(netrove_publish_headers name)
     target_include_directories(${name} PUBLIC ${links})
 endfunction()
 
-# netrove_library(NAME [WIDGETS] SOURCES … [LINKS …]): a room. Only what LINKS names can be
-# included and linked from it, so that a wrong dependency doesn't build.
+# netrove_library(NAME [WIDGETS] SOURCES … [PUBLIC …] [PRIVATE …]): a room. PUBLIC lists the rooms that
+# its headers include, PRIVATE those that only its sources do; scripts/check-rooms holds them to it.
 function(netrove_library name)
-    cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
     netrove_publish_headers(${name})
-    netrove_configure(${name} "${ARG_WIDGETS}" ${ARG_LINKS})
+    netrove_configure(${name} "${ARG_WIDGETS}" PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
 endfunction()
 
 # netrove_program(NAME [WIDGETS] SOURCES … [LINKS …])
