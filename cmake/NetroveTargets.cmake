@@ -31,6 +31,11 @@ if(NETROVE_SANITIZERS)
         target_compile_options(netrove_options INTERFACE -fsanitize=fuzzer-no-link)
     endif()
 endif()
+if(NETROVE_THREAD_SANITIZER)
+    target_compile_options(netrove_options INTERFACE
+        -fsanitize=thread -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+    target_link_options(netrove_options INTERFACE -fsanitize=thread)
+endif()
 
 function(netrove_pch name)
     # Written once: a new time stamp would build everything anew.
@@ -119,10 +124,11 @@ function(netrove_test name)
     endif()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT}
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0")
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0;TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/threads.supp")
 endfunction()
 
-# netrove_fuzzer(NAME SOURCES … [LINKS …]): a libFuzzer target, run for a short, bounded time.
+# netrove_fuzzer(NAME SOURCES … [LINKS …]): a libFuzzer target, run for NETROVE_FUZZ_SECONDS. It starts
+# from the inputs in corpus/NAME beside its sources; what it finds stays in the build folder.
 function(netrove_fuzzer name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
     if(NOT NETROVE_FUZZERS)
@@ -131,8 +137,18 @@ function(netrove_fuzzer name)
     add_executable(${name} ${ARG_SOURCES})
     netrove_configure(${name} "" ${ARG_LINKS})
     target_link_options(${name} PRIVATE -fsanitize=fuzzer)
-    add_test(NAME ${name} COMMAND ${name} -max_total_time=10 -timeout=5 -rss_limit_mb=2048 -max_len=4096)
-    set_tests_properties(${name} PROPERTIES TIMEOUT 60)
+    set(found ${CMAKE_CURRENT_BINARY_DIR}/corpus/${name})
+    file(MAKE_DIRECTORY ${found})
+    set(given ${CMAKE_CURRENT_SOURCE_DIR}/corpus/${name})
+    if(NOT EXISTS ${given})
+        set(given "")
+    endif()
+    # An input may take long on a loaded machine, but not so long.
+    add_test(NAME ${name} COMMAND ${name} -max_total_time=${NETROVE_FUZZ_SECONDS} -timeout=20
+        -rss_limit_mb=2048 -max_len=4096 -print_final_stats=1 -verbosity=0
+        -artifact_prefix=${found}- ${found} ${given})
+    math(EXPR limit "${NETROVE_FUZZ_SECONDS} + 60")
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${limit})
 endfunction()
 
 # netrove_benchmark(NAME [WIDGETS] SOURCES … [LINKS …]): a Google Benchmark program. With WIDGETS its

@@ -75,7 +75,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Pattern pattern(text);
     try {
         const bool matches = pattern.Matches(name);
-        if (text.size() <= 14 && name.size() <= 14 && matches != PlainMatcher::Matches(text, name))
+        // Stars make the plain matcher exponential: longer ones take it seconds.
+        if (text.size() <= 8 && name.size() <= 8 && matches != PlainMatcher::Matches(text, name))
             std::abort();
     } catch (const netrove::RunTimeError&) {
         if (!text.contains(u'['))
