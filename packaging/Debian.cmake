@@ -1,6 +1,9 @@
 # The Debian package, made by "cpack -G DEB"; scripts/package does it all.
 netrove_install_packed(${CMAKE_SOURCE_DIR}/CHANGELOG.md changelog ${doc})
-netrove_install_packed(debian/changelog changelog.Debian ${doc})
+execute_process(COMMAND date -u -R -d ${NETROVE_RELEASED}
+    OUTPUT_VARIABLE NETROVE_RELEASED_RFC OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+configure_file(debian/changelog.in changelog.debian @ONLY)
+netrove_install_packed(${CMAKE_CURRENT_BINARY_DIR}/changelog.debian changelog.Debian ${doc})
 install(FILES debian/copyright DESTINATION ${doc})
 install(FILES debian/lintian-overrides RENAME netrove
     DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides)

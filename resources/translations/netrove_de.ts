@@ -748,8 +748,13 @@ sucht ohne Fenster.
         <translation>Von den Netrove-Entwicklern</translation>
     </message>
     <message>
-        <source>v0.99.5 (November 25, 2026)</source>
-        <translation>v0.99.5 (25. November 2026)</translation>
+        <source>en</source>
+        <comment>language of the date</comment>
+        <translation>de</translation>
+    </message>
+    <message>
+        <source>MMMM d, yyyy</source>
+        <translation>d. MMMM yyyy</translation>
     </message>
     <message>
         <source>- The first release for Linux.</source>

@@ -1,12 +1,19 @@
 #include "about/VersionHistory.h"
 
 #include "about/frmAbout.h"
+#include "runtime/ProgramVersion.h"
+#include "runtime/SourceText.h"
+
+#include <QLocale>
 
 namespace netrove {
 
 QString VersionHistory() {
     QStringList lines;
-    lines << frmAbout::tr("v0.99.5 (November 25, 2026)")
+    const QLocale locale(frmAbout::tr("en", "language of the date"));
+    lines << Text("v%1 (%2)")
+                 .arg(ProgramVersion(),
+                      locale.toString(ReleaseDate(), frmAbout::tr("MMMM d, yyyy")))
           << frmAbout::tr("- The first release for Linux.")
           << frmAbout::tr("- Searches every computer of the network by SMB, over several "
                           "connections at once, and finds the computers by itself.")

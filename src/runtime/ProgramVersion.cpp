@@ -6,4 +6,8 @@ QString ProgramVersion() {
     return QStringLiteral(NETROVE_VERSION);
 }
 
+QDate ReleaseDate() {
+    return QDate::fromString(QStringLiteral(NETROVE_RELEASED), Qt::ISODate);
+}
+
 } // namespace netrove

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 namespace netrove {
 
 /// The version of the program, as in "0.99.5": the one of the build.
 [[nodiscard]] QString ProgramVersion();
+
+/// The day of its release.
+[[nodiscard]] QDate ReleaseDate();
 
 } // namespace netrove
