@@ -3,8 +3,8 @@
 #include "platform/Dialogs.h"
 #include "platform/NetworkEnumeration.h"
 #include "search/ExclusionLists.h"
-#include "search/Settings.h"
 #include "search/TroubleshootingLog.h"
+#include "settings/Settings.h"
 #include "skins/SkinOwner.h"
 
 #include <functional>

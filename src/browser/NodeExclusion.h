@@ -3,7 +3,7 @@
 #include "controls/TreeView.h"
 #include "platform/Dialogs.h"
 #include "search/ExclusionLists.h"
-#include "search/Settings.h"
+#include "settings/Settings.h"
 
 #include <QString>
 

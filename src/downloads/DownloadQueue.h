@@ -5,8 +5,8 @@
 #include "downloads/QueuedFiles.h"
 #include "downloads/copier/CopyQ.h"
 #include "platform/Dialogs.h"
-#include "search/Settings.h"
 #include "searchrun/job/CurrentJob.h"
+#include "settings/Settings.h"
 
 #include <QLabel>
 #include <QObject>

@@ -6,10 +6,10 @@
 #include "platform/Files.h"
 #include "platform/NetworkEnumeration.h"
 #include "platform/Shell.h"
-#include "search/Settings.h"
 #include "searchrun/job/CurrentJob.h"
 #include "services/Paths.h"
 #include "services/ShellServices.h"
+#include "settings/Settings.h"
 
 #include <QAction>
 #include <QComboBox>

@@ -2,8 +2,8 @@
 
 #include "find/ConsoleText.h"
 #include "platform/Files.h"
-#include "search/Settings.h"
 #include "searchrun/columns/AudioColumns.h"
+#include "settings/Settings.h"
 
 #include <QString>
 

@@ -6,9 +6,9 @@
 #include "platform/Dialogs.h"
 #include "platform/NetworkReport.h"
 #include "platform/SystemInformation.h"
-#include "search/Settings.h"
 #include "searchrun/job/CurrentJob.h"
 #include "services/ShellServices.h"
+#include "settings/Settings.h"
 #include "silent/frmSilent.h"
 #include "skins/SkinOwner.h"
 

@@ -15,10 +15,10 @@
 #include "mainwindow/WindowLayout.h"
 #include "platform/InstanceMarker.h"
 #include "search/ExclusionLists.h"
-#include "search/Settings.h"
 #include "search/TroubleshootingLog.h"
 #include "searchrun/SearchState.h"
 #include "services/ShellServices.h"
+#include "settings/Settings.h"
 #include "skins/frame/PaintedSkinFrame.h"
 
 #include <QMainWindow>

@@ -3,7 +3,7 @@
 #include "options/OptionControls.h"
 #include "platform/Dialogs.h"
 #include "runtime/RunTimeError.h"
-#include "search/Settings.h"
+#include "settings/Settings.h"
 
 #include <QString>
 #include <QStringList>

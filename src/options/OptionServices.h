@@ -3,7 +3,7 @@
 #include "controls/ListView.h"
 #include "platform/Dialogs.h"
 #include "platform/SystemInformation.h"
-#include "search/Settings.h"
+#include "settings/Settings.h"
 #include "skins/SkinOwner.h"
 
 #include <QString>

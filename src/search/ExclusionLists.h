@@ -1,6 +1,6 @@
 #pragma once
 
-#include "search/Settings.h"
+#include "settings/Settings.h"
 
 #include <QString>
 #include <QStringList>

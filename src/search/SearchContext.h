@@ -5,8 +5,8 @@
 #include "platform/ReadAhead.h"
 #include "runtime/Pattern.h"
 #include "search/ExclusionLists.h"
-#include "search/Settings.h"
 #include "search/TroubleshootingLog.h"
+#include "settings/Settings.h"
 
 #include <QString>
 

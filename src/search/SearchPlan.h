@@ -4,7 +4,7 @@
 #include "runtime/Pattern.h"
 #include "search/ExclusionLists.h"
 #include "search/SearchContext.h"
-#include "search/Settings.h"
+#include "settings/Settings.h"
 
 #include <vector>
 

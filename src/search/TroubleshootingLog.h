@@ -1,7 +1,7 @@
 #pragma once
 
 #include "network/NetResource.h"
-#include "search/Settings.h"
+#include "settings/Settings.h"
 
 #include <QFile>
 #include <QString>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Dialogs.h"
-#include "search/Settings.h"
+#include "settings/Settings.h"
 
 #include <QComboBox>
 #include <QMenu>

@@ -3,10 +3,10 @@
 #include "controls/ListView.h"
 #include "controls/StatusBar.h"
 #include "platform/Files.h"
-#include "search/Settings.h"
 #include "searchrun/SearchState.h"
 #include "searchrun/columns/AudioColumns.h"
 #include "services/FileDetails.h"
+#include "settings/Settings.h"
 #include "windowservices/IconImages.h"
 
 #include <QLabel>

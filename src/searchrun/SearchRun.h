@@ -7,11 +7,11 @@
 #include "runtime/RunTimeError.h"
 #include "search/ExclusionLists.h"
 #include "search/NWSearch.h"
-#include "search/Settings.h"
 #include "searchrun/ComputerPanel.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
 #include "searchrun/job/CurrentJob.h"
+#include "settings/Settings.h"
 #include "windowservices/IconImages.h"
 
 #include <QCheckBox>

@@ -3,9 +3,9 @@
 #include "platform/Dialogs.h"
 #include "platform/NetworkEnumeration.h"
 #include "search/ExclusionLists.h"
-#include "search/Settings.h"
 #include "searchrun/SearchState.h"
 #include "searchrun/job/CurrentJob.h"
+#include "settings/Settings.h"
 
 #include <QLineEdit>
 #include <QMenu>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Files.h"
-#include "search/Settings.h"
+#include "settings/Settings.h"
 
 #include <QString>
 

@@ -6,11 +6,11 @@
 #include "platform/Files.h"
 #include "platform/ReadAhead.h"
 #include "runtime/RunTimeError.h"
-#include "search/Settings.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
 #include "searchrun/job/CurrentJob.h"
 #include "services/ShellServices.h"
+#include "settings/Settings.h"
 #include "storage/results/ResultsWriter.h"
 #include "windowservices/IconImages.h"
 

@@ -2,10 +2,10 @@
 
 #include "platform/Files.h"
 #include "platform/ReadAhead.h"
-#include "search/Settings.h"
 #include "searchrun/ResultRows.h"
 #include "searchrun/SearchState.h"
 #include "searchrun/job/CurrentJob.h"
+#include "settings/Settings.h"
 #include "storage/results/ResultsReader.h"
 
 #include <QElapsedTimer>

@@ -3,7 +3,7 @@
 #include "controls/ListView.h"
 #include "platform/ProfileFile.h"
 #include "platform/SystemInformation.h"
-#include "search/Settings.h"
+#include "settings/Settings.h"
 #include "storage/WindowPlacement.h"
 
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/Text.h"
-#include "search/Settings.h"
+#include "settings/Settings.h"
 
 namespace netrove {
 
