@@ -1,18 +1,18 @@
 #include "options/OptionValues.h"
 
-#include "controls/Color.h"
 #include "controls/FontSize.h"
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "services/NetworkNodes.h"
 #include "services/Paths.h"
+#include "settings/SettingsTable.h"
+#include "windowservices/ListLook.h"
 
 #include <QDir>
 
 namespace netrove {
 namespace {
 
-constexpr quint32 White = 0xFFFFFF;
 constexpr qint16 SizeInMegaBytes = 1;
 constexpr qint16 SizeInKiloBytes = 2;
 constexpr qint16 SizeInBytes = 3;
@@ -30,42 +30,46 @@ QFont ListFont(QFont font, const QFont& sample) {
 
 void OptionValues::Load() {
     controls_.SaveFolTxt->setText(settings_.SaveFolder);
-    controls_.MaxFilesTxt->setText(QString::number(settings_.MaxReturnFiles));
-    controls_.chkCol->setChecked(settings_.ColorsState == 1);
-    controls_.chkGrids->setChecked(settings_.GridsState == 1);
-    controls_.chkTrouble->setChecked(settings_.Troubleshooting == 1);
-    controls_.ConDLTxt->setText(QString::number(settings_.MaxConcurrentDownloads));
-    controls_.AA.Set(settings_.AutoAsterisks);
-    controls_.VS.Set(settings_.IncludeVirtualShares);
-    controls_.CurComp.Set(settings_.IncludeCurrentComputer);
-    controls_.AdminSh.Set(settings_.IncludeAdminShares);
-    controls_.MP3.Set(settings_.IncludeMP3Info);
+    Show(settings_);
     controls_.txtCurComp->setText(ComputerUNCName(services_.system));
     settings_.CurrentComputerName = controls_.txtCurComp->text();
-    controls_.Min.Set(settings_.MinToTray);
-    controls_.Sw.Set(settings_.SwitchToDloadTab);
     controls_.txtOS->setText(services_.OSName);
     controls_.txtUser->setText(services_.CurrentUser);
     controls_.txtOSver->setText(services_.OSVersion);
-    LoadSize();
-    controls_.txtDateFormat->setText(Trim(settings_.DateFormat));
     LoadFont();
-    controls_.Icons.Set(settings_.ShowListIcons);
-    (settings_.ListIconType == 1 ? controls_.optSysIcons : controls_.optPreIcons)->setChecked(true);
-    controls_.FileTyp.Set(settings_.ShowFileTypes);
-    controls_.ExcNetNode.Set(settings_.ExcludeNetNodes);
     exclusions_.Load();
 }
 
-void OptionValues::LoadSize() {
-    if (settings_.SizeFormat == SizeInKiloBytes)
+void OptionValues::Show(const Settings& settings) {
+    controls_.MaxFilesTxt->setText(QString::number(settings.MaxReturnFiles));
+    controls_.chkCol->setChecked(settings.ColorsState == 1);
+    controls_.chkGrids->setChecked(settings.GridsState == 1);
+    controls_.chkTrouble->setChecked(settings.Troubleshooting == 1);
+    controls_.ConDLTxt->setText(QString::number(settings.MaxConcurrentDownloads));
+    controls_.AA.Set(settings.AutoAsterisks);
+    controls_.VS.Set(settings.IncludeVirtualShares);
+    controls_.CurComp.Set(settings.IncludeCurrentComputer);
+    controls_.AdminSh.Set(settings.IncludeAdminShares);
+    controls_.MP3.Set(settings.IncludeMP3Info);
+    controls_.Min.Set(settings.MinToTray);
+    controls_.Sw.Set(settings.SwitchToDloadTab);
+    ShowSize(settings);
+    controls_.txtDateFormat->setText(Trim(settings.DateFormat));
+    controls_.Icons.Set(settings.ShowListIcons);
+    (settings.ListIconType == 1 ? controls_.optSysIcons : controls_.optPreIcons)->setChecked(true);
+    controls_.FileTyp.Set(settings.ShowFileTypes);
+    controls_.ExcNetNode.Set(settings.ExcludeNetNodes);
+}
+
+void OptionValues::ShowSize(const Settings& settings) {
+    if (settings.SizeFormat == SizeInKiloBytes)
         controls_.optKB->setChecked(true);
-    else if (settings_.SizeFormat == SizeInBytes)
+    else if (settings.SizeFormat == SizeInBytes)
         controls_.optB->setChecked(true);
     else
         controls_.optMB->setChecked(true);
-    const bool inBytes = settings_.SizeFormat == SizeInBytes;
-    controls_.cboNumDec->setCurrentIndex(inBytes ? 0 : settings_.SizeNumDec);
+    const bool inBytes = settings.SizeFormat == SizeInBytes;
+    controls_.cboNumDec->setCurrentIndex(inBytes ? 0 : settings.SizeNumDec);
     controls_.cboNumDec->setEnabled(!inBytes);
 }
 
@@ -82,39 +86,14 @@ void OptionValues::ShowSampleFont(const CharSetFont& font) {
 }
 
 void OptionValues::ShowDefaults() {
-    controls_.Min.Set(false);
-    ShowDefaultLook();
-    controls_.VS.Set(false);
-    controls_.AA.Set(true);
-    controls_.CurComp.Set(false);
-    controls_.AdminSh.Set(false);
-    controls_.ExcNetNode.Set(true);
+    const Settings defaults;
+    Show(defaults);
+    QFont font(Text(SettingOf("List", "Font").initial));
+    SetFontSize(font, LeadingNumber(Text(SettingOf("List", "Font_Size").initial)));
+    ShowSampleFont({font, defaults.Font_CharSet});
     controls_.lvwExcNetNode->Clear();
     exclusions_.mnuAddDef_Click();
-    ShowDefaultResults();
     controls_.SaveFolTxt->setText(services_.downloadsFolder);
-    controls_.ConDLTxt->setText(Text("5"));
-    controls_.Sw.Set(true);
-    controls_.chkTrouble->setChecked(false);
-}
-
-void OptionValues::ShowDefaultLook() {
-    controls_.chkCol->setChecked(true);
-    controls_.chkGrids->setChecked(false);
-    QFont font(Text("Arial"));
-    SetFontSize(font, 8.25);
-    ShowSampleFont({font, 1});
-}
-
-void OptionValues::ShowDefaultResults() {
-    controls_.MaxFilesTxt->setText(Text("5000"));
-    controls_.MP3.Set(false);
-    controls_.FileTyp.Set(false);
-    controls_.Icons.Set(false);
-    controls_.optPreIcons->setChecked(true);
-    controls_.optMB->setChecked(true);
-    controls_.cboNumDec->setCurrentIndex(4);
-    controls_.txtDateFormat->setText(Text("MM/DD/YY"));
 }
 
 void OptionValues::Take() {
@@ -146,14 +125,9 @@ void OptionValues::TakeLimits() {
 }
 
 void OptionValues::TakeLook() {
-    const bool colored = controls_.chkCol->isChecked();
-    services_.lvwResults.SetBackColor(ToColor(colored ? settings_.ResultsBackColor : White));
-    services_.lvwDownloads.SetBackColor(ToColor(colored ? settings_.DownloadsBackColor : White));
-    settings_.ColorsState = colored ? 1 : 0;
-    const bool grids = controls_.chkGrids->isChecked();
-    services_.lvwResults.SetGridLines(grids);
-    services_.lvwDownloads.SetGridLines(grids);
-    settings_.GridsState = grids ? 1 : 0;
+    settings_.ColorsState = controls_.chkCol->isChecked() ? 1 : 0;
+    settings_.GridsState = controls_.chkGrids->isChecked() ? 1 : 0;
+    ApplyListLook(settings_, services_.lvwResults, services_.lvwDownloads);
 }
 
 void OptionValues::TakeFont() {

@@ -28,10 +28,9 @@ public:
     void ShowSampleFont(const CharSetFont& font);
 
 private:
-    void LoadSize();
+    void Show(const Settings& settings);
+    void ShowSize(const Settings& settings);
     void LoadFont();
-    void ShowDefaultLook();
-    void ShowDefaultResults();
     void TakeLimits();
     void TakeLook();
     void TakeFont();

@@ -1,6 +1,5 @@
 #include "storage/SettingsFile.h"
 
-#include "controls/Color.h"
 #include "controls/FontSize.h"
 #include "controls/Twips.h"
 #include "runtime/RunTimeError.h"
@@ -9,6 +8,7 @@
 #include "services/FileDetails.h"
 #include "services/NetworkNodes.h"
 #include "services/Paths.h"
+#include "windowservices/ListLook.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -21,8 +21,6 @@ namespace {
 
 /// Items of the search list that are kept.
 constexpr int MaxSearchItems = 15;
-/// Background of lists without a colour of their own; red in the low byte.
-constexpr quint32 White = 0xFFFFFF;
 constexpr int SizeColumn = 3;
 /// The columns that both lists have in common, and the hidden sort keys of the results.
 constexpr int SharedColumns = 6;
@@ -70,19 +68,22 @@ QString SettingsFile::Read(const char* section, const char* key, const char* def
     return Read(section, Text(key), Text(defaultValue));
 }
 
-qint16 SettingsFile::ReadInteger(const char* section, const char* key,
-                                 const char* defaultValue) const {
-    return LeadingInteger(Read(section, key, defaultValue));
+QString SettingsFile::Read(const Setting& setting) const {
+    return Read(setting.section, setting.key, setting.initial);
 }
 
-qint32 SettingsFile::ReadLong(const char* section, const char* key,
-                              const QString& defaultValue) const {
-    return LeadingLong(Read(section, Text(key), defaultValue));
+qint32 SettingsFile::ReadNumber(const char* section, const char* key) const {
+    const Setting& setting = SettingOf(section, key);
+    return setting.range.Treated(LeadingInteger(Read(setting)));
 }
 
-bool SettingsFile::ReadBoolean(const char* section, const char* key,
-                               const char* defaultValue) const {
-    return ToBoolean(Read(section, key, defaultValue));
+bool SettingsFile::ReadBoolean(const char* section, const char* key) const {
+    return ToBoolean(Read(SettingOf(section, key)));
+}
+
+void SettingsFile::Load(const Setting::Member& member) {
+    const Setting& setting = SettingOf(member);
+    TakeText(setting, Read(setting), settings_);
 }
 
 void SettingsFile::Write(const char* section, const QString& key, const QString& value) {
@@ -103,12 +104,12 @@ void SettingsFile::WriteBoolean(const char* section, const char* key, bool value
 
 void SettingsFile::LoadIni() {
     const ProfileFile::Batch batch(profile_);
-    settings_.SkinIndex = ReadLong("Skin", "Index", Text("1"));
+    Load(&Settings::SkinIndex);
     LoadWindowPlace();
     LoadResultColumns();
     LoadDownloadColumns();
     LoadSearchItems();
-    controls_.chkRecurse.setChecked(ReadInteger("Recurse", "State", "1") != 0);
+    controls_.chkRecurse.setChecked(ReadNumber("Recurse", "State") != 0);
     LoadSaveFolder();
     LoadLimits();
     LoadColorsAndGrids();
@@ -134,16 +135,19 @@ QString SettingsFile::KeepUnloaded() {
 void SettingsFile::LoadWindowPlace() {
     const WindowPlace screen = WindowPlacement::MainScreen();
     const WindowPlace design = placement_.Place();
+    const auto number = [this](const char* key, const QString& otherwise) {
+        return LeadingLong(Read("Positions", Text(key), otherwise));
+    };
     WindowPlace place;
-    place.left = ReadLong("Positions", "Left", Centred(screen.left, screen.width, design.width));
-    place.top = ReadLong("Positions", "Top", Centred(screen.top, screen.height, design.height));
-    place.width = ReadLong("Positions", "Width", QString::number(design.width));
-    place.height = ReadLong("Positions", "Height", QString::number(design.height));
+    place.left = number("Left", Centred(screen.left, screen.width, design.width));
+    place.top = number("Top", Centred(screen.top, screen.height, design.height));
+    place.width = number("Width", QString::number(design.width));
+    place.height = number("Height", QString::number(design.height));
     const bool isFirst =
         Read("Positions", "Width", "").isEmpty() && Read("Positions", "Height", "").isEmpty();
     placement_.MoveTo(place, isFirst ? WindowPlacement::Size::WithoutFrame
                                      : WindowPlacement::Size::WithFrame);
-    if (ReadBoolean("Positions", "Maximized", "False"))
+    if (ToBoolean(Read("Positions", "Maximized", "False")))
         controls_.window.setWindowState(controls_.window.windowState() | Qt::WindowMaximized);
     placement_.Show();
 }
@@ -175,7 +179,7 @@ void SettingsFile::LoadSearchItems() {
     QComboBox& list = controls_.LstSearchFor;
     const QString current = Read("Search Items", "Current", "*.mp3");
     list.setEditText(current);
-    const int last = std::max<int>(ReadInteger("Search Items", "Number", "1"), 1);
+    const int last = std::max<int>(LeadingInteger(Read("Search Items", "Number", "1")), 1);
     for (int key = 0; key <= last && key < MaxSearchItems; ++key) {
         const QString item = Trim(Read("Search Items", QString::number(key), QString()));
         if (!item.isEmpty())
@@ -196,36 +200,32 @@ void SettingsFile::LoadSaveFolder() {
 }
 
 void SettingsFile::LoadLimits() {
-    settings_.MaxReturnFiles = ReadLong("Return Files", "Maximum", Text("5000"));
-    if (settings_.MaxReturnFiles < 0)
-        settings_.MaxReturnFiles = 5000;
-    settings_.MaxConcurrentDownloads = ReadInteger("Downloads", "Concurrent", "5");
-    if (settings_.MaxConcurrentDownloads < 0)
-        settings_.MaxConcurrentDownloads = 5;
+    Load(&Settings::MaxReturnFiles);
+    Load(&Settings::MaxConcurrentDownloads);
 }
 
 void SettingsFile::LoadColorsAndGrids() {
-    settings_.ColorsState = ReadInteger("Colors", "State", "1") != 0 ? 1 : 0;
-    const bool colored = settings_.ColorsState == 1;
-    controls_.lvwResults.SetBackColor(ToColor(colored ? settings_.ResultsBackColor : White));
-    controls_.lvwDownloads.SetBackColor(ToColor(colored ? settings_.DownloadsBackColor : White));
-    settings_.GridsState = ReadInteger("Grids", "State", "0") != 0 ? 1 : 0;
-    controls_.lvwResults.SetGridLines(settings_.GridsState == 1);
-    controls_.lvwDownloads.SetGridLines(settings_.GridsState == 1);
+    Load(&Settings::ColorsState);
+    ShowColorsAndGrids();
+    Load(&Settings::GridsState);
+    ShowColorsAndGrids();
+}
+
+void SettingsFile::ShowColorsAndGrids() {
+    ApplyListLook(settings_, controls_.lvwResults, controls_.lvwDownloads);
 }
 
 void SettingsFile::LoadFont() {
     QFont font = controls_.lvwResults.font();
-    font.setFamily(Read("List", "Font", "Arial"));
+    font.setFamily(Read(SettingOf("List", "Font")));
     SetFont(font);
-    const qint16 size = ReadInteger("List", "Font_Size", "8.25");
-    SetFontSize(font, size < 1 || size > 72 ? 8 : size);
+    SetFontSize(font, ReadNumber("List", "Font_Size"));
     SetFont(font);
-    font.setItalic(ReadBoolean("List", "Font_Italic", "False"));
+    font.setItalic(ReadBoolean("List", "Font_Italic"));
     SetFont(font);
-    font.setBold(ReadBoolean("List", "Font_Bold", "False"));
+    font.setBold(ReadBoolean("List", "Font_Bold"));
     SetFont(font);
-    settings_.Font_CharSet = ReadInteger("List", "Font_CharSet", "1");
+    Load(&Settings::Font_CharSet);
 }
 
 void SettingsFile::SetFont(const QFont& font) {
@@ -234,31 +234,25 @@ void SettingsFile::SetFont(const QFont& font) {
 }
 
 void SettingsFile::LoadOptions() {
-    settings_.SizeFormat = ReadInteger("Results_Options", "SizeFormat", "1");
+    Load(&Settings::SizeFormat);
     controls_.lvwResults.SetHeaderText(SizeColumn, SizeHeading(settings_.SizeFormat));
     controls_.lvwDownloads.SetHeaderText(SizeColumn, controls_.lvwResults.HeaderText(SizeColumn));
-    settings_.SizeNumDec = ReadInteger("Results_Options", "SizeNumDec", "4");
-    if (settings_.SizeNumDec < 0 || settings_.SizeNumDec > 10)
-        settings_.SizeNumDec = 0;
-    settings_.DateFormat = Trim(Read("Results_Options", "DateFormat", "MM/DD/YY"));
-    settings_.AutoAsterisks = ReadBoolean("Search_Options", "Auto_Asterisks", "True");
-    settings_.IncludeVirtualShares =
-        ReadBoolean("Search_Options", "Include_Virtual_Shares", "False");
-    settings_.IncludeCurrentComputer =
-        ReadBoolean("Search_Options", "Include_Current_Computer", "False");
+    Load(&Settings::SizeNumDec);
+    Load(&Settings::DateFormat);
+    Load(&Settings::AutoAsterisks);
+    Load(&Settings::IncludeVirtualShares);
+    Load(&Settings::IncludeCurrentComputer);
     settings_.CurrentComputerName = ComputerUNCName(services_.system);
-    settings_.IncludeAdminShares = ReadBoolean("Search_Options", "Include_Admin_Shares", "False");
-    settings_.IncludeMP3Info = ReadBoolean("Search_Options", "Include_MP3_Info", "False");
-    settings_.MinToTray = ReadBoolean("Main", "MinToTray", "False");
-    settings_.SwitchToDloadTab = ReadBoolean("Switch_To_Dload_Tab", "State", "True");
-    settings_.Troubleshooting = ReadInteger("Main", "Troubleshooting", "0");
-    settings_.ExcludeNetNodes = ReadBoolean("Exclude_Network_Nodes", "State", "True");
-    nodeCount_ = ReadInteger("Exclude_Network_Nodes", "Number", "4");
-    settings_.ShowListIcons = ReadBoolean("Results_Options", "ShowListIcons", "False");
-    settings_.ListIconType = ReadInteger("Results_Options", "ListIconType", "0");
-    if (settings_.ListIconType < 0 || settings_.ListIconType > 1)
-        settings_.ListIconType = 0;
-    settings_.ShowFileTypes = ReadBoolean("Results_Options", "ShowFileTypes", "False");
+    Load(&Settings::IncludeAdminShares);
+    Load(&Settings::IncludeMP3Info);
+    Load(&Settings::MinToTray);
+    Load(&Settings::SwitchToDloadTab);
+    Load(&Settings::Troubleshooting);
+    Load(&Settings::ExcludeNetNodes);
+    nodeCount_ = LeadingInteger(Read("Exclude_Network_Nodes", "Number", "4"));
+    Load(&Settings::ShowListIcons);
+    Load(&Settings::ListIconType);
+    Load(&Settings::ShowFileTypes);
 }
 
 /// Entries that the file doesn't have are taken from the default ones, in turn.
@@ -286,15 +280,13 @@ void SettingsFile::SaveIni() {
     const ProfileFile::Batch batch(profile_);
     Write("Search Items", "", QString());
     Write("Exclude_Network_Nodes", "", QString());
-    Write("Skin", "Index", settings_.SkinIndex);
+    Write("Skin", "Index", settings_.SkinIndex); // before what SaveSkinXML writes
     if (services_.SaveSkinXML)
         services_.SaveSkinXML();
     SaveWindowPlace();
     SaveColumns();
     SaveSearchItems();
-    SaveBasics();
-    SaveFont();
-    SaveOptions();
+    SaveSettings();
     SaveExclusions();
 }
 
@@ -334,40 +326,27 @@ void SettingsFile::SaveSearchItems() {
         Write("Search Items", QString::number(item), Trim(list.itemText(item)));
 }
 
-void SettingsFile::SaveBasics() {
-    Write("Recurse", "State", controls_.chkRecurse.isChecked() ? 1 : 0);
-    Write("Save", "Folder", Trim(settings_.SaveFolder));
-    Write("Return Files", "Maximum", settings_.MaxReturnFiles);
-    Write("Downloads", "Concurrent", settings_.MaxConcurrentDownloads);
-    Write("Colors", "State", settings_.ColorsState);
-    Write("Grids", "State", settings_.GridsState);
+void SettingsFile::SaveSettings() {
+    for (const Setting& setting : SettingsTable()) {
+        const bool isKeptByControl = std::holds_alternative<std::monostate>(setting.member);
+        Write(setting.section, setting.key,
+              isKeptByControl ? KeptByControl(setting) : TextOf(setting, settings_));
+    }
 }
 
-void SettingsFile::SaveFont() {
+QString SettingsFile::KeptByControl(const Setting& setting) const {
     const QFont font = controls_.lvwResults.font();
-    Write("List", "Font", font.family());
-    Write("List", "Font_Size", SingleText(float(FontSize(font))));
-    WriteBoolean("List", "Font_Italic", font.italic());
-    WriteBoolean("List", "Font_Bold", font.bold());
-    Write("List", "Font_CharSet", settings_.Font_CharSet);
-}
-
-void SettingsFile::SaveOptions() {
-    Write("Results_Options", "SizeFormat", settings_.SizeFormat);
-    Write("Results_Options", "SizeNumDec", settings_.SizeNumDec);
-    Write("Results_Options", "DateFormat", Trim(settings_.DateFormat));
-    WriteBoolean("Search_Options", "Auto_Asterisks", settings_.AutoAsterisks);
-    WriteBoolean("Search_Options", "Include_Virtual_Shares", settings_.IncludeVirtualShares);
-    WriteBoolean("Search_Options", "Include_Current_Computer", settings_.IncludeCurrentComputer);
-    WriteBoolean("Search_Options", "Include_MP3_Info", settings_.IncludeMP3Info);
-    WriteBoolean("Search_Options", "Include_Admin_Shares", settings_.IncludeAdminShares);
-    WriteBoolean("Main", "MinToTray", settings_.MinToTray);
-    WriteBoolean("Switch_To_Dload_Tab", "State", settings_.SwitchToDloadTab);
-    Write("Main", "Troubleshooting", settings_.Troubleshooting);
-    WriteBoolean("Exclude_Network_Nodes", "State", settings_.ExcludeNetNodes);
-    WriteBoolean("Results_Options", "ShowListIcons", settings_.ShowListIcons);
-    Write("Results_Options", "ListIconType", settings_.ListIconType);
-    WriteBoolean("Results_Options", "ShowFileTypes", settings_.ShowFileTypes);
+    const std::pair<const Setting&, QString> values[] = {
+        {SettingOf("Recurse", "State"), Text(controls_.chkRecurse.isChecked() ? "1" : "0")},
+        {SettingOf("List", "Font"), font.family()},
+        {SettingOf("List", "Font_Size"), SingleText(float(FontSize(font)))},
+        {SettingOf("List", "Font_Italic"), BooleanWord(font.italic())},
+        {SettingOf("List", "Font_Bold"), BooleanWord(font.bold())},
+    };
+    for (const auto& [kept, text] : values)
+        if (&kept == &setting)
+            return text;
+    return {};
 }
 
 void SettingsFile::SaveExclusions() {

@@ -3,7 +3,7 @@
 #include "controls/ListView.h"
 #include "platform/ProfileFile.h"
 #include "platform/SystemInformation.h"
-#include "settings/Settings.h"
+#include "settings/SettingsTable.h"
 #include "storage/WindowPlacement.h"
 
 #include <QCheckBox>
@@ -75,12 +75,11 @@ private:
                                const QString& defaultValue) const;
     [[nodiscard]] QString Read(const char* section, const char* key,
                                const char* defaultValue) const;
-    [[nodiscard]] qint16 ReadInteger(const char* section, const char* key,
-                                     const char* defaultValue) const;
-    [[nodiscard]] qint32 ReadLong(const char* section, const char* key,
-                                  const QString& defaultValue) const;
-    [[nodiscard]] bool ReadBoolean(const char* section, const char* key,
-                                   const char* defaultValue) const;
+    [[nodiscard]] QString Read(const Setting& setting) const;
+    /// Of a setting that a control keeps.
+    [[nodiscard]] qint32 ReadNumber(const char* section, const char* key) const;
+    [[nodiscard]] bool ReadBoolean(const char* section, const char* key) const;
+    void Load(const Setting::Member& member);
     void Write(const char* section, const QString& key, const QString& value);
     void Write(const char* section, const char* key, const QString& value);
     void Write(const char* section, const char* key, qint32 value);
@@ -93,6 +92,7 @@ private:
     void LoadSaveFolder();
     void LoadLimits();
     void LoadColorsAndGrids();
+    void ShowColorsAndGrids();
     void LoadFont();
     void SetFont(const QFont& font);
     void LoadOptions();
@@ -101,9 +101,8 @@ private:
     void SaveWindowPlace();
     void SaveColumns();
     void SaveSearchItems();
-    void SaveBasics();
-    void SaveFont();
-    void SaveOptions();
+    void SaveSettings();
+    [[nodiscard]] QString KeptByControl(const Setting& setting) const;
     void SaveExclusions();
 
     Controls controls_;

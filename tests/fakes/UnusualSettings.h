@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/Text.h"
-#include "settings/Settings.h"
+#include "settings/SettingsTable.h"
 
 namespace netrove {
 
@@ -33,29 +33,10 @@ inline Settings UnusualSettings(const QString& saveFolder) {
 }
 
 /// Every setting that isn't kept by a control, as one text.
-inline std::string Described(const Settings& s) {
-    QStringList texts{s.SaveFolder, s.DateFormat, s.ExcNetNodes.join(u',')};
-    for (const int number : {s.SkinIndex,
-                             s.MaxReturnFiles,
-                             int(s.MaxConcurrentDownloads),
-                             int(s.ColorsState),
-                             int(s.GridsState),
-                             int(s.AutoAsterisks),
-                             int(s.IncludeVirtualShares),
-                             int(s.IncludeCurrentComputer),
-                             int(s.IncludeAdminShares),
-                             int(s.IncludeMP3Info),
-                             int(s.MinToTray),
-                             int(s.SwitchToDloadTab),
-                             int(s.Troubleshooting),
-                             int(s.SizeFormat),
-                             int(s.SizeNumDec),
-                             int(s.ShowListIcons),
-                             int(s.ListIconType),
-                             int(s.ShowFileTypes),
-                             int(s.ExcludeNetNodes),
-                             int(s.Font_CharSet)})
-        texts.append(QString::number(number));
+inline std::string Described(const Settings& settings) {
+    QStringList texts{settings.ExcNetNodes.join(u',')};
+    for (const Setting& setting : SettingsTable())
+        texts += TextOf(setting, settings);
     return texts.join(u'\n').toStdString();
 }
 

@@ -6,6 +6,7 @@
 #include "runtime/ExpectRaised.h"
 #include "runtime/Text.h"
 
+#include <QFile>
 #include <QMainWindow>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -122,6 +123,41 @@ Node3=Temp|True|Folder Node4=Temporary~Internet~Files|True|Folder
                                         "[Recurse]")));
     EXPECT_TRUE(Content().endsWith(Text("[Exclude_Network_Nodes]\r\nState=True\r\nNumber=1\r\n"
                                         "Node1=X\r\n")));
+}
+
+/// The rows of the document's table: "section/key" and the default.
+QMap<QString, QString> DocumentedSettings() {
+    QFile file(QStringLiteral(SETTINGS_DOCUMENT));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    QMap<QString, QString> rows;
+    QString section;
+    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
+        const QStringList cells = line.split(u'|');
+        if (cells.size() < 7)
+            continue;
+        if (cells[1].contains(u'`'))
+            section = cells[1].section(u'`', 1, 1);
+        for (const QString& key : cells[2].split(Text(", ")))
+            rows.insert(section + u'/' + key.section(u'`', 1, 1), cells[4].trimmed());
+    }
+    return rows;
+}
+
+TEST(SettingsTableTest, TheDocumentHasEachSettingWithItsDefault) {
+    QMap<QString, QString> rows = DocumentedSettings();
+    QStringList sections;
+    for (const Setting& setting : SettingsTable()) {
+        const QString path = Text(setting.section) + u'/' + Text(setting.key);
+        const QString initial = Text(setting.initial);
+        EXPECT_TRUE(rows.contains(path)) << path.toStdString();
+        const QString told = rows.take(path);
+        EXPECT_TRUE(initial.isEmpty() || told == initial) << path.toStdString();
+        sections += Text(setting.section);
+    }
+    for (const QString& path : rows.keys()) // but for those of the list of excluded nodes
+        EXPECT_TRUE(path.startsWith(Text("Exclude")) ||
+                    !sections.contains(path.section(u'/', 0, 0)))
+            << path.toStdString();
 }
 
 TEST(SettingsFileName, IsTheExecutablesWholeName) {
