@@ -405,19 +405,9 @@ std::optional<ServerAddress> Network::Address(const QString& path) {
     return provider != nullptr ? provider->Address(unc->Server()) : std::nullopt;
 }
 
-std::optional<SmbRequest> Network::ShareListRequest(const QString& computer) {
-    // Where a share's files are, there are the shares.
-    auto request = ReadRequest(QLatin1String("\\\\") + computer + QLatin1String("\\IPC$"));
-    if (request) {
-        request->kind = SmbRequest::Kind::ListShares;
-        request->share.clear();
-    }
-    return request;
-}
-
-std::optional<SmbRequest> Network::ReadRequest(const QString& path) {
-    const auto place = PlaceOf(path);
-    return place ? place->provider.ReadRequest(place->path) : std::nullopt;
+std::shared_ptr<const RemotePlace> Network::RemotePlaceOf(const UncPath& path) {
+    const NetworkProvider* provider = ProviderFor(path.Server());
+    return provider != nullptr ? provider->RemotePlaceOf(path) : nullptr;
 }
 
 } // namespace netrove

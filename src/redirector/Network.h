@@ -58,15 +58,11 @@ public:
     void Leave(const QString& remoteName) override;
     void EndWalk() override;
 
-    /// How a helper of one's own reads the file at a network path: a long transfer doesn't hold up
-    /// this thread. Nothing where the file isn't read over SMB. Asks nobody.
-    [[nodiscard]] std::optional<SmbRequest> ReadRequest(const QString& path);
+    /// As NetworkProvider has it; null where no provider answers for the computer, too.
+    [[nodiscard]] std::shared_ptr<const RemotePlace> RemotePlaceOf(const UncPath& path);
 
     /// What has become of the computers.
     [[nodiscard]] NetworkReport& Report() { return report_; }
-
-    /// How a helper of one's own asks a computer (without "\\") for its shares; otherwise the same.
-    [[nodiscard]] std::optional<SmbRequest> ShareListRequest(const QString& computer);
 
     /// The name of the provider that answers for a computer (with or without "\\"): the first
     /// that knows it, else the first that takes unknown ones; empty if there is none.
