@@ -53,7 +53,7 @@ decltype(CopyOrder::file) FileCopier::Locate(const QString& source) {
         return remote;
     if (auto local = network_.LocalPath(source))
         return *local;
-    static_cast<void>(network_.Length(source)); // raises what is the matter
+    static_cast<void>(network_.Info(source)); // raises what is the matter
     throw RunTimeError(ErrorNumber::PathNotFound);
 }
 
