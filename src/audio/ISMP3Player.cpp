@@ -21,8 +21,8 @@ constexpr qint64 SamplePiece = FirstPiece;
 /// A file that is read in pieces, and never more of it than MostBytes.
 class PiecewiseFile {
 public:
-    PiecewiseFile(FileAccess& files, const QString& path)
-        : files_(files), path_(path), length_(files.Length(path)) {}
+    PiecewiseFile(FileAccess& files, const QString& path, qint64 length)
+        : files_(files), path_(path), length_(length) {}
 
     [[nodiscard]] qint64 Length() const { return length_; }
 
@@ -143,19 +143,33 @@ Estimate FromFrames(const Beginning& beginning, PiecewiseFile& file, qint64 audi
 } // namespace
 
 void ISMP3Player::SetMP3FileName(const QString& path) {
-    seconds_ = 0;
-    bitrate_ = 0;
-    frequency_ = 0;
+    Clear();
     try {
-        if (!path.isEmpty() && (files_.Attributes(path) & FileAttribute::Offline) == 0)
-            ReadValues(path);
+        if (!path.isEmpty())
+            SetMP3FileName(path, files_.Info(path));
+    } catch (const RunTimeError&) {
+        // The values are 0.
+    }
+}
+
+void ISMP3Player::SetMP3FileName(const QString& path, const FileInfo& info) {
+    Clear();
+    try {
+        if ((info.attributes & FileAttribute::Offline) == 0)
+            ReadValues(path, info.length);
     } catch (const RunTimeError&) {
         // The values are 0: ReadValues sets them last.
     }
 }
 
-void ISMP3Player::ReadValues(const QString& path) {
-    PiecewiseFile file(files_, path);
+void ISMP3Player::Clear() {
+    seconds_ = 0;
+    bitrate_ = 0;
+    frequency_ = 0;
+}
+
+void ISMP3Player::ReadValues(const QString& path, qint64 length) {
+    PiecewiseFile file(files_, path, length);
     const Beginning beginning = FindBeginning(file);
     if (!beginning.header)
         return;

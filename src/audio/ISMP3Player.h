@@ -17,6 +17,8 @@ public:
     /// Reads the file; afterwards the values describe it. They are 0 where it holds no such audio
     /// or can't be read, for an empty name, and for a file on slow storage, which is left alone.
     void SetMP3FileName(const QString& path);
+    /// The same for who has asked for the file's data already.
+    void SetMP3FileName(const QString& path, const FileInfo& info);
 
     /// Playing time in whole seconds, rounded. Raises ErrorNumber::Overflow above 32767.
     [[nodiscard]] qint16 MP3Length() const;
@@ -26,7 +28,8 @@ public:
     [[nodiscard]] qint32 MP3Frequency() const { return frequency_; }
 
 private:
-    void ReadValues(const QString& path);
+    void Clear();
+    void ReadValues(const QString& path, qint64 length);
 
     FileAccess& files_;
     qint64 seconds_ = 0;

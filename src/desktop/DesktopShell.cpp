@@ -123,7 +123,7 @@ DesktopShell::Found DesktopShell::FindRemote(const QString& path) {
     if (files_.CanEnter(path))
         return Target{*address, true};
     try {
-        static_cast<void>(files_.Attributes(path));
+        static_cast<void>(files_.Info(path));
     } catch (const RunTimeError& failure) {
         return ResultCode(failure);
     }

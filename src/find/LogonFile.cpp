@@ -58,7 +58,7 @@ StoredLogon ReadLogonFile(const QString& path) {
     const bool isTooLong = text.size() > MaxBytes;
     const StoredLogon logon = isTooLong ? StoredLogon() : Parse(text);
     Wipe(text);
-    if (LogonOf(logon).user.isEmpty())
+    if (!NamesUser(logon))
         throw WrongUse(WrongUse::tr("--logon-file '%1' has no line \"username = ...\"").arg(path));
     return logon;
 }

@@ -22,7 +22,7 @@ std::optional<QString> ResultLines::Line(const QString& netPath) {
     const FileDetails file(netPath, files_, settings_);
     if (file.Folder.isEmpty())
         return std::nullopt;
-    const AudioTexts audio = Audio(file.Folder, file.FileName);
+    const AudioTexts audio = Audio(file);
     return QStringList{Escaped(file.FileName, escaping_),
                        Escaped(file.Folder, escaping_),
                        file.SizeText,
@@ -34,9 +34,10 @@ std::optional<QString> ResultLines::Line(const QString& netPath) {
         .join(QLatin1Char('\t'));
 }
 
-AudioTexts ResultLines::Audio(const QString& folder, const QString& fileName) {
+AudioTexts ResultLines::Audio(const FileDetails& file) {
     try {
-        return audio_.Texts(folder, fileName, FileExtension(fileName), settings_.IncludeMP3Info);
+        return audio_.Texts(file.Folder, file.FileName, FileExtension(file.FileName), file.Info,
+                            settings_.IncludeMP3Info);
     } catch (const RunTimeError&) {
         return {};
     }

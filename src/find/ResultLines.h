@@ -11,6 +11,8 @@
 
 namespace netrove {
 
+struct FileDetails;
+
 /// Makes the line that is printed for a found file.
 class ResultLines {
 public:
@@ -22,7 +24,7 @@ public:
     [[nodiscard]] std::optional<QString> Line(const QString& netPath);
 
 private:
-    [[nodiscard]] AudioTexts Audio(const QString& folder, const QString& fileName);
+    [[nodiscard]] AudioTexts Audio(const FileDetails& file);
 
     FileAccess& files_;
     const Settings& settings_;

@@ -137,7 +137,7 @@ void frmLogon::accept() {
     }
     result_.computer = computer;
     result_.user = txtUser_->text().trimmed();
-    if (LogonOf(result_).user.isEmpty()) {
+    if (!NamesUser(result_)) {
         Complain(tr("Type a user: \"user\", \"DOMAIN\\user\" or \"user@domain\"."), *txtUser_);
         return;
     }

@@ -10,7 +10,6 @@
 #include <QTextDocument>
 
 #include <algorithm>
-#include <cerrno>
 
 namespace netrove {
 namespace {
@@ -19,14 +18,14 @@ QString NameOf(const QString& computer) {
     return computer.isEmpty() ? frmLogon::AllComputers() : computer;
 }
 
-QString TestResult(const QString& computer, const QString& user, int status) {
-    switch (status) {
-    case 0:
+QString TestResult(const QString& computer, const QString& user, LogonResult result) {
+    switch (result) {
+    case LogonResult::LetIn:
         return frmLogons::tr("%1: logged on as %2.").arg(computer, user);
-    case SmbEnd::LogonRefused:
+    case LogonResult::Refused:
         return frmLogons::tr("%1 refused %2: the password is wrong, or the user isn't known there.")
             .arg(computer, user);
-    case EACCES:
+    case LogonResult::HidesShares:
         return frmLogons::tr("%1 lets %2 in, but doesn't show its shares.").arg(computer, user);
     default:
         return frmLogons::tr("%1 can't be reached.").arg(computer);
@@ -36,10 +35,7 @@ QString TestResult(const QString& computer, const QString& user, int status) {
 } // namespace
 
 frmLogons::frmLogons(const LogonServices& services, QWidget* owner)
-    : QDialog(owner)
-    , services_(services)
-    , controls_(*this)
-    , trial_(services.helper, services.limits) {
+    : QDialog(owner), services_(services), controls_(*this) {
     setObjectName(QStringLiteral("frmLogons"));
     setWindowTitle(tr("Network Logon"));
     ConnectControls();
@@ -259,33 +255,30 @@ void frmLogons::cmdTest_Click() {
     const QString computer = ComputerToTest(logon);
     if (computer.isEmpty())
         return;
-    std::optional<SmbRequest> request;
+    std::shared_ptr<const RemotePlace> place;
     if (UncPath::IsName(computer))
-        request = services_.shareList(computer);
-    if (!request) {
+        place = services_.placeOf(computer);
+    if (!place) {
         controls_.lblState->setText(tr("%1 isn't reached over this network.").arg(computer));
         return;
     }
-    request->computer = computer;
-    request->logon = LogonOf(logon);
     BeginWork(tr("Logging on to %1 as %2...").arg(computer, logon.user), true);
     const QPointer<frmLogons> dialog(this);
-    trial_.Begin(*request, [dialog, asked = *request, user = logon.user](int status) {
+    trial_.Begin(place, logon, [dialog, computer, user = logon.user](LogonResult result) {
         QMetaObject::invokeMethod(
             QCoreApplication::instance(),
-            [dialog, asked, user, status] {
+            [dialog, computer, user, result] {
                 if (dialog)
-                    dialog->EndTest(asked, user, status);
+                    dialog->EndTest(computer, user, result);
             },
             Qt::QueuedConnection);
     });
 }
 
-void frmLogons::EndTest(const SmbRequest& request, const QString& user, int status) {
+void frmLogons::EndTest(const QString& computer, const QString& user, LogonResult result) {
     if (!isBusy_) // it was cancelled while its end was on the way
         return;
-    (void)services_.logons->Note(request, status);
-    EndWork(TestResult(request.computer, user, status));
+    EndWork(TestResult(computer, user, result));
 }
 
 void frmLogons::cmdCancel_Click() {

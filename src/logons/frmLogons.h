@@ -46,7 +46,7 @@ private:
 
     void Store(const StoredLogon& logon);
     [[nodiscard]] QString ComputerToTest(const StoredLogon& logon) const;
-    void EndTest(const SmbRequest& request, const QString& user, int status);
+    void EndTest(const QString& computer, const QString& user, LogonResult result);
 
     void BeginWork(const QString& text, bool canBeCancelled);
     void EndWork(const QString& text);

@@ -12,7 +12,7 @@ WindowProgram::WindowProgram()
     : folder_(ApplicationFolder())
     , logons_(std::make_shared<Logons>(std::make_shared<DesktopKeyring>()))
     , opened_(OpenNetwork(folder_, logons_))
-    , reachTest_(*opened_.network, SmbPool::DefaultHelper(), logons_)
+    , reachTest_(*opened_.network)
     , shell_(*opened_.network)
     , site_(WebSite::Read(
           ProfileFile(IniFileName(folder_)),
@@ -59,19 +59,17 @@ ProgramServices WindowProgram::Services() {
 }
 
 std::unique_ptr<CopyQ> WindowProgram::NewCopyQ() const {
-    return std::make_unique<FileCopier>(
-        *opened_.network, CopyLimits{.helper = SmbPool::DefaultHelper(), .logons = logons_});
+    return std::make_unique<FileCopier>(*opened_.network);
 }
 
 void WindowProgram::ShowLogons(QWidget& owner, const SkinOwner& skin,
                                std::function<void()> openHelp, const QString& forComputer) {
     frmLogons({.logons = logons_,
                .dialogs = dialogs_,
-               .shareList =
-                   [this](const QString& computer) {
-                       return opened_.network->ShareListRequest(computer);
-                   },
-               .helper = SmbPool::DefaultHelper(),
+               .placeOf = [this](const QString& computer) -> std::shared_ptr<const RemotePlace> {
+                   const auto path = UncPath::Parse(QLatin1String("\\\\") + computer);
+                   return path ? opened_.network->RemotePlaceOf(*path) : nullptr;
+               },
                .skin = &skin,
                .openHelp = std::move(openHelp),
                .computer = forComputer},

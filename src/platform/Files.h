@@ -78,11 +78,9 @@ public:
     /// Whether the program may enter `path` as a folder.
     [[nodiscard]] virtual bool CanEnter(const QString& path) = 0;
 
-    /// Date, length and attributes of a file. Raise ErrorNumber::FileNotFound, PathNotFound or
-    /// PermissionDenied.
-    [[nodiscard]] virtual QDateTime Modified(const QString& path) = 0;
-    [[nodiscard]] virtual qint64 Length(const QString& path) = 0;
-    [[nodiscard]] virtual quint32 Attributes(const QString& path) = 0;
+    /// All that is known of a file; a folder has the length 0. Raises ErrorNumber::FileNotFound,
+    /// PathNotFound or PermissionDenied. Who needs it twice keeps it: nobody remembers it.
+    [[nodiscard]] virtual FileInfo Info(const QString& path) = 0;
 
     /// At most `length` bytes from `offset` on; fewer at the end of the file. Raises as above, and
     /// ErrorNumber::DeviceIOError where reading fails in the middle.

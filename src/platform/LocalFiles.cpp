@@ -140,18 +140,6 @@ bool LocalFiles::CanEnter(const QString& path) {
            faccessat(AT_FDCWD, bytes.constData(), X_OK, AT_EACCESS) == 0;
 }
 
-QDateTime LocalFiles::Modified(const QString& path) {
-    return Info(path).modified;
-}
-
-qint64 LocalFiles::Length(const QString& path) {
-    return Info(path).length;
-}
-
-quint32 LocalFiles::Attributes(const QString& path) {
-    return Info(path).attributes;
-}
-
 FileInfo LocalFiles::Info(const QString& path) {
     const QByteArray bytes = Existing(path);
     const struct stat status = StatusOf(bytes);

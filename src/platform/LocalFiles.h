@@ -28,15 +28,11 @@ public:
     [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const QString& searchPath,
                                                       FindData& first) override;
     [[nodiscard]] bool CanEnter(const QString& path) override;
-    [[nodiscard]] QDateTime Modified(const QString& path) override;
-    [[nodiscard]] qint64 Length(const QString& path) override;
-    [[nodiscard]] quint32 Attributes(const QString& path) override;
+    [[nodiscard]] FileInfo Info(const QString& path) override;
     [[nodiscard]] QByteArray Read(const QString& path, qint64 offset, qint64 length) override;
     /// The path itself, spelt as on disk; nothing where there is no such file.
     [[nodiscard]] std::optional<QString> LocalPath(const QString& path) override;
 
-    /// All that is known of a file; a folder has the length 0. Raises as FileAccess.
-    [[nodiscard]] FileInfo Info(const QString& path);
     /// The entries of a folder, given without "*.*"; null as in FindFirst. Asked again for the
     /// folder that it was asked for last, while that answer is in use and a second old at most, it
     /// gives the same entries: a search lists each folder twice in a row. Null also where a link

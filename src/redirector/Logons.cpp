@@ -1,5 +1,7 @@
 #include "redirector/Logons.h"
 
+#include "smb/SmbMessages.h"
+
 #include <algorithm>
 #include <cerrno>
 

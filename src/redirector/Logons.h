@@ -2,7 +2,6 @@
 
 #include "platform/Keyring.h"
 #include "redirector/StoredLogon.h"
-#include "smb/SmbMessages.h"
 
 #include <QHash>
 #include <QSet>
@@ -16,6 +15,8 @@
 #include <vector>
 
 namespace netrove {
+
+struct SmbRequest;
 
 /// The logons that the user has stored, in the keyring or for this run, and which of them are no
 /// good. Whoever sends requests asks here who they are of, and tells how they ended (LogonUse).

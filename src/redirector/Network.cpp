@@ -11,8 +11,6 @@ namespace {
 
 constexpr QLatin1String UncStart("\\\\");
 constexpr QLatin1String AllEntries("*.*");
-/// Long enough for three questions in a row, too short for anybody to see an old answer.
-constexpr std::chrono::milliseconds InfoLifetime{50};
 
 bool IsUnc(const QString& path) {
     return path.startsWith(UncStart);
@@ -254,7 +252,6 @@ std::optional<NetRecord> Network::Record(const UncPath& path) {
 
 void Network::BeginWalk(std::shared_ptr<const WalkPlan> plan) {
     plan_ = std::move(plan);
-    lastInfo_ = {};
     for (const auto& provider : providers_)
         provider->BeginWalk(plan_);
 }
@@ -352,29 +349,7 @@ bool Network::CanEnter(const QString& path) {
     return answers;
 }
 
-QDateTime Network::Modified(const QString& path) {
-    return Info(path).modified;
-}
-
-qint64 Network::Length(const QString& path) {
-    return Info(path).length;
-}
-
-quint32 Network::Attributes(const QString& path) {
-    return Info(path).attributes;
-}
-
-const FileInfo& Network::Info(const QString& path) {
-    if (lastInfo_.path != path || std::chrono::steady_clock::now() > lastInfo_.until) {
-        lastInfo_.path.clear();
-        lastInfo_.info = FetchInfo(path);
-        lastInfo_.until = std::chrono::steady_clock::now() + InfoLifetime;
-        lastInfo_.path = path;
-    }
-    return lastInfo_.info;
-}
-
-FileInfo Network::FetchInfo(const QString& path) {
+FileInfo Network::Info(const QString& path) {
     if (!IsUnc(path))
         return localFiles_.Info(path);
     const auto place = PlaceOf(path);
@@ -405,19 +380,9 @@ std::optional<ServerAddress> Network::Address(const QString& path) {
     return provider != nullptr ? provider->Address(unc->Server()) : std::nullopt;
 }
 
-std::optional<SmbRequest> Network::ShareListRequest(const QString& computer) {
-    // Where a share's files are, there are the shares.
-    auto request = ReadRequest(QLatin1String("\\\\") + computer + QLatin1String("\\IPC$"));
-    if (request) {
-        request->kind = SmbRequest::Kind::ListShares;
-        request->share.clear();
-    }
-    return request;
-}
-
-std::optional<SmbRequest> Network::ReadRequest(const QString& path) {
-    const auto place = PlaceOf(path);
-    return place ? place->provider.ReadRequest(place->path) : std::nullopt;
+std::shared_ptr<const RemotePlace> Network::RemotePlaceOf(const UncPath& path) {
+    const NetworkProvider* provider = ProviderFor(path.Server());
+    return provider != nullptr ? provider->RemotePlaceOf(path) : nullptr;
 }
 
 } // namespace netrove

@@ -10,7 +10,6 @@
 #include <QHash>
 #include <QSet>
 
-#include <chrono>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -46,9 +45,7 @@ public:
     [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const QString& searchPath,
                                                       FindData& first) override;
     [[nodiscard]] bool CanEnter(const QString& path) override;
-    [[nodiscard]] QDateTime Modified(const QString& path) override;
-    [[nodiscard]] qint64 Length(const QString& path) override;
-    [[nodiscard]] quint32 Attributes(const QString& path) override;
+    [[nodiscard]] FileInfo Info(const QString& path) override;
     [[nodiscard]] QByteArray Read(const QString& path, qint64 offset, qint64 length) override;
     [[nodiscard]] std::optional<QString> LocalPath(const QString& path) override;
     [[nodiscard]] std::optional<ServerAddress> Address(const QString& path) override;
@@ -58,15 +55,11 @@ public:
     void Leave(const QString& remoteName) override;
     void EndWalk() override;
 
-    /// How a helper of one's own reads the file at a network path: a long transfer doesn't hold up
-    /// this thread. Nothing where the file isn't read over SMB. Asks nobody.
-    [[nodiscard]] std::optional<SmbRequest> ReadRequest(const QString& path);
+    /// As NetworkProvider has it; null where no provider answers for the computer, too.
+    [[nodiscard]] std::shared_ptr<const RemotePlace> RemotePlaceOf(const UncPath& path);
 
     /// What has become of the computers.
     [[nodiscard]] NetworkReport& Report() { return report_; }
-
-    /// How a helper of one's own asks a computer (without "\\") for its shares; otherwise the same.
-    [[nodiscard]] std::optional<SmbRequest> ShareListRequest(const QString& computer);
 
     /// The name of the provider that answers for a computer (with or without "\\"): the first
     /// that knows it, else the first that takes unknown ones; empty if there is none.
@@ -84,14 +77,6 @@ private:
         UncPath path;
     };
 
-    /// What was told of a file: its date, length and attributes are asked for one right after the
-    /// other.
-    struct KnownInfo {
-        QString path;
-        std::chrono::steady_clock::time_point until;
-        FileInfo info;
-    };
-
     struct OpenList {
         std::vector<NetRecord> records;
         std::size_t next = 0;
@@ -106,15 +91,12 @@ private:
     void ExpectComputers(NetworkProvider& provider, const std::vector<NetRecord>& workgroups);
     [[nodiscard]] NetworkProvider* ProviderOf(const WalkPlace& place);
     [[nodiscard]] std::optional<Place> PlaceOf(const QString& path);
-    [[nodiscard]] const FileInfo& Info(const QString& path);
-    [[nodiscard]] FileInfo FetchInfo(const QString& path);
 
     std::vector<std::unique_ptr<NetworkProvider>> providers_;
     LocalFiles localFiles_;
     ComputerReport report_{[this] { return Sources(); }};
     QHash<NetEnum::Handle, OpenList> openLists_;
     NetEnum::Handle lastHandle_ = 0;
-    KnownInfo lastInfo_;
     std::shared_ptr<const WalkPlan> plan_; ///< as long as there is a walk
     /// The names in the disk list that was made last, and the node whose list it was.
     QString diskNode_;

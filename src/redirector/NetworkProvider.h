@@ -4,8 +4,8 @@
 #include "platform/NetworkEnumeration.h"
 #include "platform/NetworkReport.h"
 #include "platform/ReadAhead.h"
+#include "redirector/RemotePlace.h"
 #include "redirector/UncPath.h"
-#include "smb/SmbMessages.h"
 
 #include <QString>
 #include <QStringList>
@@ -74,10 +74,11 @@ public:
         return std::nullopt;
     }
 
-    /// What is asked of an SMB helper to read the file at `path`; nothing where it isn't read over
-    /// SMB. Asks nobody.
-    [[nodiscard]] virtual std::optional<SmbRequest> ReadRequest(const UncPath& /*path*/) const {
-        return std::nullopt;
+    /// A computer, a share or what is below, for who asks over connections of its own; null where
+    /// there are none. Asks nobody.
+    [[nodiscard]] virtual std::shared_ptr<const RemotePlace>
+    RemotePlaceOf(const UncPath& /*path*/) const {
+        return nullptr;
     }
 
     /// The computers of a workgroup that are known without asking, by their remote names.

@@ -1,28 +1,14 @@
 #include "redirector/NetworkReachTest.h"
 
-#include "redirector/SmbErrors.h"
-#include "redirector/SmbLists.h"
 #include "runtime/Yield.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <limits>
 
 namespace netrove {
 namespace {
 
 constexpr std::size_t MostThreads = 16;
-/// A share with a longer list than that answers as well.
-constexpr qint64 MostBytes = 40'000'000;
-
-std::optional<SmbRequest> RequestFor(Network& network, const UncPath& path) {
-    if (path.Share().isEmpty())
-        return network.ShareListRequest(path.Server());
-    auto request = network.ReadRequest(path.Text());
-    if (request)
-        request->kind = SmbRequest::Kind::ListFolder;
-    return request;
-}
 
 } // namespace
 
@@ -32,14 +18,13 @@ void NetworkReachTest::Begin(const QStringList& names) {
         const auto path = UncPath::Parse(name);
         if (!path)
             continue;
-        if (auto request = RequestFor(network_, *path)) {
-            questions_.push_back({name, std::move(*request)});
+        if (auto place = network_.RemotePlaceOf(*path)) {
+            questions_.push_back({name, std::move(place)});
             waitedFor_.insert(name);
         } else {
             AskHere(*path);
         }
     }
-    pool_ = std::make_unique<SmbPool>(helper_, limits_, logons_);
     for (std::size_t count = std::min(questions_.size(), MostThreads); count > 0; --count)
         threads_.emplace_back([this] { Work(); });
 }
@@ -49,7 +34,7 @@ void NetworkReachTest::Cancel() {
     for (std::thread& thread : threads_)
         thread.join();
     threads_.clear();
-    pool_.reset();
+    connections_.Close();
     questions_.clear();
     answers_.clear();
     waitedFor_.clear();
@@ -70,24 +55,13 @@ void NetworkReachTest::AskHere(const UncPath& path) {
 void NetworkReachTest::Work() {
     SetWaitingPass([this] { return !isCancelled_; });
     for (std::size_t at = next_++; at < questions_.size() && !isCancelled_; at = next_++) {
-        const auto& [name, request] = questions_[at];
-        const int status = Ask(request);
+        const auto& [name, place] = questions_[at];
+        const QString trouble = place->Trouble(connections_);
         if (isCancelled_)
             return;
-        const QString trouble = status == 0               ? QString()
-                                : request.share.isEmpty() ? TroubleOfComputer(status)
-                                                          : TroubleOfShare(status);
         const std::lock_guard lock(mutex_);
         answers_.push_back({name, trouble});
     }
-}
-
-int NetworkReachTest::Ask(const SmbRequest& request) {
-    const auto run = [this](const SmbRequest& asked, const SmbWorker::Part& part) {
-        return pool_->Run(asked, part);
-    };
-    const SmbList list = FetchList(request, run, arriving_, MostBytes);
-    return list.IsThere() || list.status == ENOBUFS ? 0 : list.status;
 }
 
 void NetworkReachTest::TakeAnswers() {

@@ -2,7 +2,7 @@
 
 #include "platform/ReachTest.h"
 #include "redirector/Network.h"
-#include "redirector/SmbPool.h"
+#include "redirector/OwnConnections.h"
 
 #include <QSet>
 
@@ -18,13 +18,7 @@ namespace netrove {
 /// count. What isn't reached over SMB is asked at once, on the caller's thread.
 class NetworkReachTest : public ReachTest {
 public:
-    /// Computers are asked with the logons stored in `logons`.
-    NetworkReachTest(Network& network, QString helper, std::shared_ptr<Logons> logons,
-                     const SmbLimits& limits = {})
-        : network_(network)
-        , helper_(std::move(helper))
-        , logons_(std::move(logons))
-        , limits_(limits) {}
+    explicit NetworkReachTest(Network& network) : network_(network) {}
     ~NetworkReachTest() override { Cancel(); }
 
     void Begin(const QStringList& names) override;
@@ -39,7 +33,7 @@ public:
 private:
     struct Question {
         QString name;
-        SmbRequest request;
+        std::shared_ptr<const RemotePlace> place;
     };
     struct Answer {
         QString name;
@@ -48,20 +42,15 @@ private:
 
     void AskHere(const UncPath& path);
     void Work();
-    [[nodiscard]] int Ask(const SmbRequest& request);
     [[nodiscard]] bool IsInReport(const QString& name);
     [[nodiscard]] std::vector<NetRecord> Below(const NetRecord& node);
 
     Network& network_;
-    QString helper_;
-    std::shared_ptr<Logons> logons_;
-    SmbLimits limits_;
     QSet<QString> waitedFor_;
 
-    std::unique_ptr<SmbPool> pool_;
+    OwnConnections connections_;
     std::vector<Question> questions_;
     std::atomic<std::size_t> next_ = 0;
-    std::atomic<qint64> arriving_ = 0;
     std::atomic<bool> isCancelled_ = false;
     std::vector<std::thread> threads_;
     std::mutex mutex_;

@@ -15,16 +15,10 @@ bool SmbFileReader::CanEnter(const QString& /*path*/) {
     return false;
 }
 
-QDateTime SmbFileReader::Modified(const QString& /*path*/) {
-    return QDateTime::fromMSecsSinceEpoch(entry_.modified);
-}
-
-qint64 SmbFileReader::Length(const QString& /*path*/) {
-    return entry_.length;
-}
-
-quint32 SmbFileReader::Attributes(const QString& /*path*/) {
-    return entry_.attributes;
+FileInfo SmbFileReader::Info(const QString& /*path*/) {
+    return {.attributes = entry_.attributes,
+            .length = entry_.length,
+            .modified = QDateTime::fromMSecsSinceEpoch(entry_.modified)};
 }
 
 QByteArray SmbFileReader::Read(const QString& /*path*/, qint64 offset, qint64 length) {

@@ -19,9 +19,7 @@ public:
     [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const QString& searchPath,
                                                       FindData& first) override;
     [[nodiscard]] bool CanEnter(const QString& path) override;
-    [[nodiscard]] QDateTime Modified(const QString& path) override;
-    [[nodiscard]] qint64 Length(const QString& path) override;
-    [[nodiscard]] quint32 Attributes(const QString& path) override;
+    [[nodiscard]] FileInfo Info(const QString& path) override;
     /// Raises ErrorNumber::DeviceIOError for whatever failure.
     [[nodiscard]] QByteArray Read(const QString& path, qint64 offset, qint64 length) override;
     [[nodiscard]] std::optional<QString> LocalPath(const QString& path) override;

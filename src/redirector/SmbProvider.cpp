@@ -3,6 +3,7 @@
 #include "discovery/OwnAddress.h"
 #include "redirector/FolderKeys.h"
 #include "redirector/SmbErrors.h"
+#include "redirector/SmbPlace.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -42,7 +43,9 @@ SmbProvider::SmbProvider(QString name, SmbComputers computers, QString helper,
                          const SmbLimits& limits, std::shared_ptr<Logons> logons)
     : NetworkProvider(std::move(name))
     , computers_(std::move(computers))
-    , pool_(std::move(helper), limits, std::move(logons)) {}
+    , settings_(std::make_shared<const SmbSettings>(
+          SmbSettings{.helper = std::move(helper), .limits = limits, .logons = std::move(logons)}))
+    , pool_(settings_->helper, settings_->limits, settings_->logons) {}
 
 std::optional<std::vector<NetRecord>> SmbProvider::List(const NetRecord& node, qint32 type) {
     const bool isDisks = type == NetEnum::TypeDisk;
@@ -393,8 +396,8 @@ std::optional<QString> SmbProvider::LocalPath(const UncPath& /*path*/) {
     return std::nullopt;
 }
 
-std::optional<SmbRequest> SmbProvider::ReadRequest(const UncPath& path) const {
-    return Request(SmbRequest::Kind::Read, path);
+std::shared_ptr<const RemotePlace> SmbProvider::RemotePlaceOf(const UncPath& path) const {
+    return std::make_shared<SmbPlace>(settings_, Request(SmbRequest::Kind::Read, path));
 }
 
 SmbRequest SmbProvider::Request(SmbRequest::Kind kind, const QString& server) const {

@@ -8,6 +8,7 @@
 #include "redirector/SmbComputers.h"
 #include "redirector/SmbErrors.h"
 #include "redirector/SmbPool.h"
+#include "redirector/SmbSettings.h"
 
 #include <chrono>
 #include <vector>
@@ -51,7 +52,8 @@ public:
     [[nodiscard]] std::optional<ServerAddress> Address(const QString& server) const override {
         return computers_.AddressOf(server);
     }
-    [[nodiscard]] std::optional<SmbRequest> ReadRequest(const UncPath& path) const override;
+    [[nodiscard]] std::shared_ptr<const RemotePlace>
+    RemotePlaceOf(const UncPath& path) const override;
 
     [[nodiscard]] QStringList Computers(const QString& workgroup) const override;
     void BeginWalk(const std::shared_ptr<const WalkPlan>& plan) override;
@@ -94,6 +96,7 @@ private:
     SmbComputers computers_;
     int lastStatus_ = 0; ///< an errno, of the last question for shares or a folder
 
+    const std::shared_ptr<const SmbSettings> settings_;
     SmbPool pool_;
     RecentListings recent_;
     Shares lastShares_;

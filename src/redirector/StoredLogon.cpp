@@ -1,6 +1,7 @@
 #include "redirector/StoredLogon.h"
 
 #include "redirector/UncPath.h"
+#include "smb/SmbMessages.h"
 
 #include <algorithm>
 
@@ -62,6 +63,10 @@ SmbLogon LogonOf(const StoredLogon& stored) {
         logon.user = stored.user.left(at);
     }
     return logon;
+}
+
+bool NamesUser(const StoredLogon& stored) {
+    return !LogonOf(stored).user.isEmpty();
 }
 
 bool IsSameComputer(const QString& left, const QString& right) {

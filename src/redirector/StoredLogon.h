@@ -1,13 +1,14 @@
 #pragma once
 
 #include "platform/Secret.h"
-#include "smb/SmbMessages.h"
 
 #include <QString>
 
 #include <vector>
 
 namespace netrove {
+
+struct SmbLogon;
 
 /// A logon that the user has stored.
 struct StoredLogon {
@@ -19,6 +20,9 @@ struct StoredLogon {
 
 /// What a server is told: the user's domain and name taken apart.
 [[nodiscard]] SmbLogon LogonOf(const StoredLogon& stored);
+
+/// Whether there is a user in what was typed, and not a domain alone.
+[[nodiscard]] bool NamesUser(const StoredLogon& stored);
 
 [[nodiscard]] bool IsSameComputer(const QString& left, const QString& right);
 

@@ -15,7 +15,14 @@ constexpr int PanelBorders = 100;
 } // namespace
 
 void ResultRows::SearchEvt_ItemFound(const QString& netPath) {
-    const FileDetails details(netPath, files_, settings_);
+    Add(netPath, FileDetails(netPath, files_, settings_));
+}
+
+void ResultRows::AddFile(const QString& netPath, const FileInfo& info) {
+    Add(netPath, FileDetails(netPath, info, settings_));
+}
+
+void ResultRows::Add(const QString& netPath, const FileDetails& details) {
     if (Trim(details.Folder).isEmpty())
         return;
     ++state_.FilesFound;
@@ -42,8 +49,8 @@ void ResultRows::FillRow(int row, const FileDetails& details, const QString& ext
     list.SetSubItem(row, 2, details.SizeText);
     list.SetSubItem(row, 3, details.DateText);
     list.SetSubItem(row, 4, details.AttrText);
-    const AudioTexts audio =
-        audio_.Texts(details.Folder, details.FileName, extension, settings_.IncludeMP3Info);
+    const AudioTexts audio = audio_.Texts(details.Folder, details.FileName, extension, details.Info,
+                                          settings_.IncludeMP3Info);
     list.SetSubItem(row, 5, audio.Length);
     list.SetSubItem(row, 6, audio.Bitrate);
     list.SetSubItem(row, 7, audio.Frequency);

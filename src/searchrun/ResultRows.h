@@ -46,6 +46,8 @@ public:
     /// running search is abandoned. Raises what reading the audio header raises; the row stays as
     /// far as it got.
     void SearchEvt_ItemFound(const QString& netPath);
+    /// The same for who has asked for the file's data already.
+    void AddFile(const QString& netPath, const FileInfo& info);
 
     /// Shows the path in the status bar, and yields.
     void SearchEvt_SearchUpdate(const QString& netPath);
@@ -54,6 +56,7 @@ public:
     void ReleaseAudioFile() { audio_.ReleaseAudioFile(); }
 
 private:
+    void Add(const QString& netPath, const FileDetails& details);
     void FillRow(int row, const FileDetails& details, const QString& extension,
                  const QString& typeName);
 

@@ -51,17 +51,33 @@ QString SizeHeading(qint16 sizeFormat) {
 
 FileDetails::FileDetails(const QString& fullPath, FileAccess& files, const Settings& settings) {
     try {
-        SplitPath(fullPath);
-        const QDateTime date = files.Modified(fullPath);
-        DateKey = FormatDate(date, QStringLiteral("YYYYMMDDHHNNSS"));
-        DateText = FormatDate(date, settings.DateFormat);
-        SetSize(files.Length(fullPath), settings);
-        AttrText = AttributeLetters(files.Attributes(fullPath));
+        Fill(fullPath, files.Info(fullPath), settings);
     } catch (const RunTimeError&) {
-        *this = FileDetails();
-        SizeText = QStringLiteral("0");
-        SizeKey = QStringLiteral("0");
+        SetFailed();
     }
+}
+
+FileDetails::FileDetails(const QString& fullPath, const FileInfo& info, const Settings& settings) {
+    try {
+        Fill(fullPath, info, settings);
+    } catch (const RunTimeError&) {
+        SetFailed();
+    }
+}
+
+void FileDetails::Fill(const QString& fullPath, const FileInfo& info, const Settings& settings) {
+    SplitPath(fullPath);
+    Info = info;
+    DateKey = FormatDate(info.modified, QStringLiteral("YYYYMMDDHHNNSS"));
+    DateText = FormatDate(info.modified, settings.DateFormat);
+    SetSize(info.length, settings);
+    AttrText = AttributeLetters(info.attributes);
+}
+
+void FileDetails::SetFailed() {
+    *this = FileDetails();
+    SizeText = QStringLiteral("0");
+    SizeKey = QStringLiteral("0");
 }
 
 void FileDetails::SplitPath(const QString& fullPath) {

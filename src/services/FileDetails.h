@@ -24,11 +24,17 @@ struct FileDetails {
 
     FileDetails() = default;
 
-    /// Reads date, length and attributes of the file. Where that fails all texts are empty, but
-    /// for the size and its key, which are "0".
+    FileInfo Info; ///< what the texts tell
+
+    /// Asks for the file's data. Where that fails all texts are empty, but for the size and its
+    /// key, which are "0".
     FileDetails(const QString& fullPath, FileAccess& files, const Settings& settings);
+    /// For who has asked already.
+    FileDetails(const QString& fullPath, const FileInfo& info, const Settings& settings);
 
 private:
+    void Fill(const QString& fullPath, const FileInfo& info, const Settings& settings);
+    void SetFailed();
     void SplitPath(const QString& fullPath);
     void SetSize(qint64 length, const Settings& settings);
 };

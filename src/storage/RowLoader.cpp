@@ -88,14 +88,15 @@ void RowLoader::ChooseFolders() {
 
 /// False where the load ends.
 bool RowLoader::LoadFile(const QString& path) {
-    if (!Exists(path)) {
+    const std::optional<FileInfo> info = Find(path);
+    if (!info) {
         // Missing files come in long runs where a computer is off: those can be aborted too.
         ServeUser();
         return !job_.AbandonFlag;
     }
     ++loaded_;
     try {
-        rows_.SearchEvt_ItemFound(path);
+        rows_.AddFile(path, *info);
     } catch (...) {
         // The row stays as far as it got.
     }
@@ -106,14 +107,18 @@ bool RowLoader::LoadFile(const QString& path) {
     return !job_.AbandonFlag;
 }
 
-bool RowLoader::Exists(const QString& path) {
+/// The data of a file that is still there.
+std::optional<FileInfo> RowLoader::Find(const QString& path) {
     try {
         if (const QString folder = FolderOf(path); toList_.remove(folder))
             static_cast<void>(files_.CanEnter(folder));
-        return (files_.Attributes(path) & FileAttribute::Directory) == 0;
+        const FileInfo info = files_.Info(path);
+        if ((info.attributes & FileAttribute::Directory) == 0)
+            return info;
     } catch (...) {
-        return false;
+        // It isn't there.
     }
+    return std::nullopt;
 }
 
 void RowLoader::ServeUser() {

@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QSet>
 
+#include <optional>
 #include <vector>
 
 namespace netrove {
@@ -36,7 +37,7 @@ private:
     void ReadLines(ResultsReader& reader);
     void ChooseFolders();
     [[nodiscard]] bool LoadFile(const QString& path);
-    [[nodiscard]] bool Exists(const QString& path);
+    [[nodiscard]] std::optional<FileInfo> Find(const QString& path);
     void ServeUser();
 
     FileAccess& files_;

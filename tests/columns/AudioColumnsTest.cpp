@@ -19,9 +19,9 @@ TEST(AudioColumns, OnlyAudioIsRead) {
     OneFile file;
     file.content = MpegFrames(Mp3Header, 1000);
     AudioColumns columns(file);
-    const auto texts = [&columns](const char* extension, bool include) {
-        const AudioTexts of =
-            columns.Texts(Text("\\\\S\\D\\"), Text("song"), Text(extension), include);
+    const auto texts = [&](const char* extension, bool include) {
+        const AudioTexts of = columns.Texts(Text("\\\\S\\D\\"), Text("song"), Text(extension),
+                                            file.Info(Text("song")), include);
         return QStringList{of.Length, of.Bitrate, of.Frequency}.join(u'|');
     };
     EXPECT_EQ(texts("MP3", false), Text(" | | "));

@@ -17,9 +17,8 @@ namespace netrove {
 /// A copier whose completions are kept, by their ids.
 class CopierDriver {
 public:
-    explicit CopierDriver(std::unique_ptr<NetworkProvider> provider = nullptr,
-                          const CopyLimits& limits = {})
-        : network_(Providers(std::move(provider))), copier_(std::in_place, network_, limits) {
+    explicit CopierDriver(std::unique_ptr<NetworkProvider> provider = nullptr)
+        : network_(Providers(std::move(provider))), copier_(std::in_place, network_) {
         QObject::connect(&*copier_, &CopyQ::CopyDone, &*copier_,
                          [this](const QString& id, int number) { done_.insert(id, number); });
     }

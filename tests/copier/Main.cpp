@@ -15,8 +15,7 @@ int CopyUntilEndOfInput(const QStringList& arguments) {
                        .address = QStringLiteral("127.0.0.1"),
                        .port = arguments[0].toUShort()};
     CopierDriver driver(std::make_unique<SmbProvider>(QStringLiteral("LAN"),
-                                                      std::vector<SmbHost>{host}, arguments[1]),
-                        {.helper = arguments[1]});
+                                                      std::vector<SmbHost>{host}, arguments[1]));
     const QString id = driver.Copier().QueueCopy(arguments[2], arguments[3]);
     if (!driver.WaitForProgress(id))
         return 1;

@@ -60,9 +60,8 @@ protected:
 
     /// A copier whose computer FILER is at that port.
     static std::unique_ptr<CopierDriver> Driver(quint16 port, const SmbLimits& limits = {}) {
-        return std::make_unique<CopierDriver>(
-            std::make_unique<SmbProvider>(Text("LAN"), FilerAt(port), SambaServer::Helper()),
-            CopyLimits{.helper = SambaServer::Helper(), .smb = limits});
+        return std::make_unique<CopierDriver>(std::make_unique<SmbProvider>(
+            Text("LAN"), FilerAt(port), SambaServer::Helper(), limits));
     }
 
     [[nodiscard]] QString Save(const QString& name) const {
@@ -91,8 +90,7 @@ TEST_F(SmbCopyTest, CopiesAreMadeAsWhomTheUserHasStored) {
     };
     CopierDriver driver(std::make_unique<SmbProvider>(Text("LAN"),
                                                       std::vector<SmbHost>{server.Host()},
-                                                      SambaServer::Helper()),
-                        CopyLimits{.helper = SambaServer::Helper(), .logons = logons});
+                                                      SambaServer::Helper(), SmbLimits(), logons));
     const QString file = Text("\\\\FILER\\PRIVATE\\file");
     store("wrong");
     QStringList ids;

@@ -155,23 +155,13 @@ bool MemoryNetwork::CanEnter(const QString& path) {
     return folders_.contains(WithSeparator(path));
 }
 
-QDateTime MemoryNetwork::Modified(const QString& path) {
-    if (!lengths_.contains(path))
-        throw RunTimeError(ErrorNumber::FileNotFound);
-    return QDateTime(QDate(2020, 2, 3), QTime(4, 5, 6));
-}
-
-qint64 MemoryNetwork::Length(const QString& path) {
-    if (!lengths_.contains(path))
-        throw RunTimeError(ErrorNumber::FileNotFound);
-    return lengths_.value(path);
-}
-
-quint32 MemoryNetwork::Attributes(const QString& path) {
+FileInfo MemoryNetwork::Info(const QString& path) {
     Call(QLatin1String("attributes ") + path);
     if (!lengths_.contains(path))
         throw RunTimeError(ErrorNumber::FileNotFound);
-    return FileAttribute::Archive;
+    return {.attributes = FileAttribute::Archive,
+            .length = lengths_.value(path),
+            .modified = QDateTime(QDate(2020, 2, 3), QTime(4, 5, 6))};
 }
 
 QByteArray MemoryNetwork::Read(const QString& /*path*/, qint64 /*offset*/, qint64 /*length*/) {

@@ -47,9 +47,7 @@ public:
 
     std::unique_ptr<FileFind> FindFirst(const QString& searchPath, FindData& first) override;
     bool CanEnter(const QString& path) override;
-    QDateTime Modified(const QString& path) override;
-    qint64 Length(const QString& path) override;
-    quint32 Attributes(const QString& path) override;
+    FileInfo Info(const QString& path) override;
     QByteArray Read(const QString& path, qint64 offset, qint64 length) override;
     std::optional<QString> LocalPath(const QString& path) override;
 

@@ -25,17 +25,11 @@ public:
         return nullptr;
     }
     bool CanEnter(const QString& /*path*/) override { return false; }
-    QDateTime Modified(const QString& path) override {
+    FileInfo Info(const QString& path) override {
         Check(path);
-        return modified;
-    }
-    qint64 Length(const QString& path) override {
-        Check(path);
-        return length < 0 ? content.size() : length;
-    }
-    quint32 Attributes(const QString& path) override {
-        Check(path);
-        return attributes;
+        return {.attributes = attributes,
+                .length = length < 0 ? content.size() : length,
+                .modified = modified};
     }
     QByteArray Read(const QString& path, qint64 offset, qint64 size) override {
         Check(path);

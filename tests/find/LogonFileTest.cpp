@@ -2,6 +2,7 @@
 
 #include "fakes/Text.h"
 #include "find/WrongUse.h"
+#include "smb/SmbMessages.h"
 
 #include <QFile>
 #include <QTemporaryDir>

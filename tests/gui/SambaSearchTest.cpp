@@ -64,7 +64,7 @@ TEST_F(SambaSearch, InTheWindow) {
         Texts({"\\\\GONE", "\\\\FILER", "\\\\FILER\\PUBLIC", "\\\\FILER\\NONE"});
     for (const QString& name : names)
         report.NoteSilence(name, QString());
-    NetworkReachTest reachTest(*opened.network, SmbPool::DefaultHelper(), nullptr);
+    NetworkReachTest reachTest(*opened.network);
     reachTest.Begin(names);
     EXPECT_TRUE(reachTest.IsAsking(names[3]));
     EXPECT_TRUE(QTest::qWaitFor(

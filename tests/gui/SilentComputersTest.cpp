@@ -97,7 +97,7 @@ protected:
 
     HalfDeadProvider* provider = nullptr;
     Network network{Providers()};
-    NetworkReachTest reachTest{network, QString(), nullptr};
+    NetworkReachTest reachTest{network};
     QStringList logOns;
     std::unique_ptr<frmNetrove> window;
     std::optional<WindowDriver> driver;

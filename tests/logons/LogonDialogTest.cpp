@@ -5,6 +5,7 @@
 #include "fakes/UseDialog.h"
 #include "logons/frmLogon.h"
 #include "logons/frmLogons.h"
+#include "redirector/SmbPlace.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaServer.h"
 
@@ -27,12 +28,20 @@ protected:
         dialog = std::make_unique<frmLogons>(
             LogonServices{.logons = logons,
                           .dialogs = dialogs,
-                          .shareList = [this](const QString&) { return shareList; },
-                          .helper = SambaServer::Helper(),
+                          .placeOf = [this](const QString& name) { return PlaceOf(name); },
                           .openHelp = [this] { ++helps; },
                           .computer = computer},
             nullptr);
         dialog->show();
+    }
+
+    [[nodiscard]] std::shared_ptr<const RemotePlace> PlaceOf(const QString& computer) const {
+        if (!shareList)
+            return nullptr;
+        SmbRequest request = *shareList;
+        request.computer = computer;
+        return std::make_shared<SmbPlace>(
+            std::make_shared<SmbSettings>(SambaServer::Helper(), SmbLimits(), logons), request);
     }
 
     void AwaitRest() {
@@ -193,8 +202,7 @@ TEST_F(LogonDialogTest, WithoutAKeyringTheSessionKeepsThem) {
 TEST_F(LogonDialogTest, TheDialogLivesWhileTheKeyringAsksTheUser) {
     keyring->isSlow = true;
     dialog = std::make_unique<frmLogons>(
-        LogonServices{.logons = logons, .dialogs = dialogs, .shareList = {}, .helper = {}},
-        nullptr);
+        LogonServices{.logons = logons, .dialogs = dialogs, .placeOf = {}}, nullptr);
     dialog->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     EXPECT_TRUE(Find<QWidget>("barBusy").isVisible());

@@ -98,7 +98,7 @@ TEST_F(LocalFilesTest, ReachesEveryNameThatItGivesOut) {
         EXPECT_FALSE(entry.fileName.contains(u'\\'));
         const QString folder = tree_.Path(entry.fileName);
         EXPECT_TRUE(files_.CanEnter(folder)) << folder.toStdString();
-        lengths += files_.Length(folder + Text("/inside"));
+        lengths += files_.Info(folder + Text("/inside")).length;
         EXPECT_EQ(Entries(entry.fileName), "inside 32");
     }
     EXPECT_EQ(lengths, names.size() * (names.size() - 1) / 2);
@@ -137,12 +137,12 @@ TEST_F(LocalFilesTest, TellsWhatAFileIs) {
     const timespec times[2] = {{0, UTIME_OMIT}, {std::numeric_limits<qint32>::min(), 0}};
     ::utimensat(AT_FDCWD, tree_.Bytes("ancient").constData(), times, 0);
 
-    EXPECT_EQ(files_.Attributes(Path("plain.txt")), FileAttribute::Archive);
-    EXPECT_EQ(files_.Attributes(Path(".read only")),
+    EXPECT_EQ(files_.Info(Path("plain.txt")).attributes, FileAttribute::Archive);
+    EXPECT_EQ(files_.Info(Path(".read only")).attributes,
               FileAttribute::ReadOnly | FileAttribute::Hidden | FileAttribute::Archive);
-    EXPECT_EQ(files_.Length(Path("huge")), 3'000'000'000);
-    EXPECT_EQ(files_.Modified(Path("ancient")).toUTC().date().year(), 1901);
-    EXPECT_LT(files_.Modified(Path("plain.txt")).secsTo(QDateTime::currentDateTime()), 60);
+    EXPECT_EQ(files_.Info(Path("huge")).length, 3'000'000'000);
+    EXPECT_EQ(files_.Info(Path("ancient")).modified.toUTC().date().year(), 1901);
+    EXPECT_LT(files_.Info(Path("plain.txt")).modified.secsTo(QDateTime::currentDateTime()), 60);
 }
 
 TEST_F(LocalFilesTest, ReadsPieces) {
@@ -181,7 +181,7 @@ TEST_F(LocalFilesTest, SaysWhyAFileCantBeReached) {
     for (const auto& [name, number] : cases) {
         SCOPED_TRACE(name.toStdString());
         const QString path = tree_.Path(name);
-        ExpectRaised(number, [&] { return files_.Length(path); });
+        ExpectRaised(number, [&] { return files_.Info(path).length; });
         ExpectRaised(number, [&] { return files_.Read(path, 0, 1); });
         EXPECT_FALSE(files_.CanEnter(path));
         EXPECT_FALSE(files_.LocalPath(path));

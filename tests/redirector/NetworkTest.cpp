@@ -183,7 +183,7 @@ TEST_F(NetworkTest, AsksTheProviderThatAnswersForTheComputer) {
         << "the one that takes unknown ones";
     EXPECT_EQ(Network({}).ProviderOf(Text("ONE")), QString());
     EXPECT_EQ(network_->Workgroup(Text("\\\\TWO")), Text("of TWO"));
-    EXPECT_EQ(network_->Length(Text("\\\\TWO\\S\\file")), 7);
+    EXPECT_EQ(network_->Info(Text("\\\\TWO\\S\\file")).length, 7);
     EXPECT_TRUE(network_->CanEnter(Text("\\\\TWO\\S\\")));
     EXPECT_EQ(other_->Asked, (QStringList{Text("\\\\TWO\\S\\file"), Text("\\\\TWO\\S")}));
     // No path that isn't one reaches a provider.
@@ -193,7 +193,7 @@ TEST_F(NetworkTest, AsksTheProviderThatAnswersForTheComputer) {
         EXPECT_FALSE(network_->CanEnter(path));
         EXPECT_FALSE(network_->FindFirst(path + QLatin1String("\\*.*"), data));
         EXPECT_FALSE(network_->LocalPath(path));
-        ExpectRaised(ErrorNumber::PathNotFound, [&] { return network_->Length(path); });
+        ExpectRaised(ErrorNumber::PathNotFound, [&] { return network_->Info(path).length; });
         ExpectRaised(ErrorNumber::PathNotFound, [&] { return network_->Read(path, 0, 1); });
     }
     EXPECT_EQ(other_->Asked.size(), 2);

@@ -2,6 +2,7 @@
 
 #include "fakes/MemoryKeyring.h"
 #include "fakes/Text.h"
+#include "smb/SmbMessages.h"
 
 #include <gtest/gtest.h>
 

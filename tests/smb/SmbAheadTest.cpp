@@ -141,7 +141,8 @@ protected:
             QByteArray content;
             const auto failure = FailureOf([&] { content = ReadInPieces(*network, path); });
             walk.happened.push_back(
-                "found " + path.toStdString() + ' ' + std::to_string(network->Length(path)) + ' ' +
+                "found " + path.toStdString() + ' ' + std::to_string(network->Info(path).length) +
+                ' ' +
                 (failure ? std::to_string(failure->Number()) : content.toHex().toStdString()));
         };
         search.BeginSearch(Text("*.txt"), std::make_shared<NetResource>(*network));

@@ -184,8 +184,7 @@ TEST_F(GermanWindow, AllOfOurDialogsIsTranslated) {
         {"Computer",
          [&] {
              return std::make_unique<frmLogons>(
-                 LogonServices{.logons = logons, .dialogs = dialogs, .shareList = {}, .helper = {}},
-                 nullptr);
+                 LogonServices{.logons = logons, .dialogs = dialogs, .placeOf = {}}, nullptr);
          }},
         {"&Computer:",
          [&] {

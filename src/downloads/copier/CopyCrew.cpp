@@ -1,7 +1,8 @@
 #include "downloads/copier/CopyCrew.h"
 
 #include "downloads/copier/FileCopy.h"
-#include "redirector/SmbPool.h"
+#include "downloads/copier/LocalCopySource.h"
+#include "redirector/OwnConnections.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
 
@@ -22,6 +23,10 @@ using namespace std::chrono_literals;
 /// come within a small part of it, but a disk that hangs must not hold up the program's end.
 constexpr auto EndLimit = 500ms;
 
+/// Copies at a time, each over a connection of its own. Client editions of Windows take 20
+/// connections in all.
+constexpr std::size_t MostCopies = 16;
+
 /// Ends a copy when the crew ends.
 struct CopyAbandoned {};
 
@@ -29,10 +34,8 @@ struct CopyAbandoned {};
 
 /// What the threads share. A thread that can't be waited for keeps it alive.
 struct CopyCrew::Board {
-    Board(CopyLimits crewLimits, Done crewDone)
-        : limits(std::move(crewLimits)), done(std::move(crewDone)) {}
+    explicit Board(Done crewDone) : done(std::move(crewDone)) {}
 
-    const CopyLimits limits;
     std::atomic<bool> isAbandoned = false;
     std::mutex mutex;
     std::condition_variable changed;
@@ -55,7 +58,7 @@ public:
             if (!board_->isAbandoned)
                 board_->done(order->id, errorNumber);
         }
-        pool_.reset();
+        connections_.Close();
         const std::scoped_lock lock(board_->mutex);
         --board_->threads;
         board_->changed.notify_all();
@@ -67,13 +70,13 @@ private:
             throw CopyAbandoned();
     }
 
-    /// Null when the crew ends. Helpers don't wait longer for work than others of the program.
+    /// Null when the crew ends. Connections don't wait longer for work than others of the program.
     std::unique_ptr<const CopyOrder> Next() {
         std::unique_lock lock(board_->mutex);
         const auto isDue = [this] { return board_->isAbandoned || !board_->orders.empty(); };
         ++board_->idle;
-        if (!board_->changed.wait_for(lock, board_->limits.smb.idle, isDue)) {
-            pool_.reset();
+        if (!board_->changed.wait_for(lock, OwnConnections::IdleTime(), isDue)) {
+            connections_.Close();
             board_->changed.wait(lock, isDue);
         }
         --board_->idle;
@@ -99,17 +102,14 @@ private:
     std::unique_ptr<CopySource> Source(const CopyOrder& order) {
         if (const auto* path = std::get_if<QString>(&order.file))
             return std::make_unique<LocalCopySource>(*path);
-        if (!pool_)
-            pool_.emplace(board_->limits.helper, board_->limits.smb, board_->limits.logons);
-        return std::make_unique<SmbCopySource>(*pool_, std::get<SmbRequest>(order.file));
+        return std::get<std::shared_ptr<const RemotePlace>>(order.file)->OpenFile(connections_);
     }
 
     std::shared_ptr<Board> board_;
-    std::optional<SmbPool> pool_;
+    OwnConnections connections_;
 };
 
-CopyCrew::CopyCrew(CopyLimits limits, Done done)
-    : board_(std::make_shared<Board>(std::move(limits), std::move(done))) {}
+CopyCrew::CopyCrew(Done done) : board_(std::make_shared<Board>(std::move(done))) {}
 
 CopyCrew::~CopyCrew() {
     std::unique_lock lock(board_->mutex);
@@ -121,7 +121,7 @@ CopyCrew::~CopyCrew() {
 void CopyCrew::Add(CopyOrder order) {
     const std::scoped_lock lock(board_->mutex);
     board_->orders.push_back(std::make_unique<const CopyOrder>(std::move(order)));
-    if (board_->orders.size() > board_->idle && board_->threads < board_->limits.copies) {
+    if (board_->orders.size() > board_->idle && board_->threads < MostCopies) {
         try {
             std::thread([board = board_] { Member(board).Run(); }).detach();
             ++board_->threads;

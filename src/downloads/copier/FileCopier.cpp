@@ -19,9 +19,8 @@ bool IsPlain(const QString& path) {
 
 } // namespace
 
-FileCopier::FileCopier(Network& network, const CopyLimits& limits, QObject* parent)
-    : CopyQ(parent), network_(network) {
-    crew_ = std::make_unique<CopyCrew>(limits, [this](const QString& id, int errorNumber) {
+FileCopier::FileCopier(Network& network, QObject* parent) : CopyQ(parent), network_(network) {
+    crew_ = std::make_unique<CopyCrew>([this](const QString& id, int errorNumber) {
         QMetaObject::invokeMethod(
             this, [this, id, errorNumber] { Finish(id, errorNumber); }, Qt::QueuedConnection);
     });
@@ -41,7 +40,7 @@ QString FileCopier::QueueCopy(const QString& source, const QString& destination)
     return id;
 }
 
-std::variant<SmbRequest, QString> FileCopier::Locate(const QString& source) {
+decltype(CopyOrder::file) FileCopier::Locate(const QString& source) {
     if (!source.startsWith(QLatin1String("\\\\"))) {
         if (!IsPlain(source))
             throw RunTimeError(ErrorNumber::PathNotFound);
@@ -50,11 +49,11 @@ std::variant<SmbRequest, QString> FileCopier::Locate(const QString& source) {
     const auto path = UncPath::Parse(source);
     if (!path || path->Elements().isEmpty())
         throw RunTimeError(ErrorNumber::PathNotFound);
-    if (auto request = network_.ReadRequest(source))
-        return *request;
+    if (auto remote = network_.RemotePlaceOf(*path))
+        return remote;
     if (auto local = network_.LocalPath(source))
         return *local;
-    static_cast<void>(network_.Length(source)); // raises what is the matter
+    static_cast<void>(network_.Info(source)); // raises what is the matter
     throw RunTimeError(ErrorNumber::PathNotFound);
 }
 

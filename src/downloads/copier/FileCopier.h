@@ -3,7 +3,6 @@
 #include "downloads/copier/CopyCrew.h"
 #include "downloads/copier/CopyQ.h"
 #include "redirector/Network.h"
-#include "redirector/SmbPool.h"
 
 #include <QHash>
 
@@ -25,9 +24,7 @@ class FileCopier : public CopyQ {
     Q_OBJECT
 
 public:
-    explicit FileCopier(Network& network, QObject* parent = nullptr)
-        : FileCopier(network, {.helper = SmbPool::DefaultHelper()}, parent) {}
-    FileCopier(Network& network, const CopyLimits& limits, QObject* parent = nullptr);
+    explicit FileCopier(Network& network, QObject* parent = nullptr);
 
     /// Raises PathFileAccessError for a target whose name isn't one (CheckTargetName), PathNotFound
     /// for a source that can't be a file's path, and what its provider says of a path that isn't
@@ -36,7 +33,7 @@ public:
     [[nodiscard]] std::optional<CopyProgress> Progress(const QString& id) const override;
 
 private:
-    [[nodiscard]] std::variant<SmbRequest, QString> Locate(const QString& source);
+    [[nodiscard]] decltype(CopyOrder::file) Locate(const QString& source);
     void Finish(const QString& id, int errorNumber);
 
     Network& network_;

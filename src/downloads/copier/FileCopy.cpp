@@ -2,7 +2,6 @@
 
 #include "downloads/copier/PartialFile.h"
 #include "runtime/RunTimeError.h"
-#include "smb/SmbMemory.h"
 
 #include <algorithm>
 #include <chrono>
@@ -15,7 +14,6 @@ using Clock = CopyMeter::Clock;
 
 // Big requests keep a fast line busy; on a slow one each must end well before its limit of time.
 constexpr quint32 SmallestRead = 256 * 1024;
-constexpr quint32 BiggestRead = SmbMemory::Bytes;
 constexpr auto ShortRead = 500ms;
 constexpr auto LongRead = 2000ms;
 
@@ -24,7 +22,7 @@ constexpr qint64 ResumeOverlap = 64 * 1024;
 
 quint32 NextRead(quint32 length, Clock::duration took) {
     if (took < ShortRead)
-        return std::min(length * 2, BiggestRead);
+        return std::min(length * 2, CopySource::MaxRead);
     return took > LongRead ? std::max(length / 2, SmallestRead) : length;
 }
 

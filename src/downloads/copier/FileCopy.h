@@ -1,7 +1,7 @@
 #pragma once
 
 #include "downloads/copier/CopyMeter.h"
-#include "downloads/copier/CopySource.h"
+#include "redirector/CopySource.h"
 
 #include <QString>
 

@@ -31,10 +31,11 @@ FileReading AudioColumns::Reading(bool includeMP3Info) {
 }
 
 AudioTexts AudioColumns::Texts(const QString& folder, const QString& fileName,
-                               const QString& extension, bool includeMP3Info) {
+                               const QString& extension, const FileInfo& info,
+                               bool includeMP3Info) {
     if (!includeMP3Info || !IsMpegAudio(extension))
         return {};
-    player_.SetMP3FileName(folder + fileName);
+    player_.SetMP3FileName(folder + fileName, info);
     return {.Length = FormatPlayTime(player_.MP3Length()),
             .Bitrate = QString::number(player_.MP3Bitrate()),
             .Frequency = QString::number(player_.MP3Frequency())};

@@ -23,11 +23,12 @@ class AudioColumns {
 public:
     explicit AudioColumns(FileAccess& files) : player_(files) {}
 
-    /// The columns of the file in `folder` (with its closing "\"); `extension` is in upper case.
-    /// Only with `includeMP3Info` is a file read; one that can't be has zeros. Raises
-    /// ErrorNumber::Overflow for a playing time above 32767 seconds.
+    /// The columns of the file in `folder` (with its closing "\"), of which `info` is known;
+    /// `extension` is in upper case. Only with `includeMP3Info` is a file read; one that can't be
+    /// has zeros. Raises ErrorNumber::Overflow for a playing time above 32767 seconds.
     [[nodiscard]] AudioTexts Texts(const QString& folder, const QString& fileName,
-                                   const QString& extension, bool includeMP3Info);
+                                   const QString& extension, const FileInfo& info,
+                                   bool includeMP3Info);
 
     /// What Texts reads of which files.
     [[nodiscard]] static FileReading Reading(bool includeMP3Info);

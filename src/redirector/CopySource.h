@@ -1,11 +1,6 @@
 #pragma once
 
-#include "platform/LocalFiles.h"
-#include "redirector/SmbPool.h"
-#include "runtime/RunTimeError.h"
-
 #include <QByteArrayView>
-#include <QString>
 
 #include <functional>
 
@@ -25,6 +20,9 @@ class CopySource {
 public:
     using Sink = std::function<void(QByteArrayView bytes)>;
 
+    /// Bytes that one read may ask for.
+    static const quint32 MaxRead;
+
     CopySource() = default;
     CopySource(const CopySource&) = delete;
     CopySource& operator=(const CopySource&) = delete;
@@ -36,37 +34,6 @@ public:
     /// Gives the bytes from `offset` on to `sink`, in any number of pieces; fewer than `length`
     /// only where the file ends.
     virtual void Read(qint64 offset, quint32 length, const Sink& sink) = 0;
-};
-
-/// A file of the local file system.
-class LocalCopySource : public CopySource {
-public:
-    explicit LocalCopySource(QString path) : path_(std::move(path)) {}
-
-    [[nodiscard]] CopySourceState Inspect() override;
-    void Read(qint64 offset, quint32 length, const Sink& sink) override;
-
-private:
-    QString path_;
-    LocalFiles files_;
-};
-
-/// A file on a computer that is asked over SMB.
-class SmbCopySource : public CopySource {
-public:
-    /// `request` names the file; the pool must outlive the source.
-    SmbCopySource(SmbPool& pool, SmbRequest request) : pool_(pool), request_(std::move(request)) {}
-
-    [[nodiscard]] CopySourceState Inspect() override;
-    void Read(qint64 offset, quint32 length, const Sink& sink) override;
-
-private:
-    void Run(const SmbWorker::Part& part);
-    [[nodiscard]] ErrorNumber ErrorOf(int status);
-
-    SmbPool& pool_;
-    SmbRequest request_;
-    bool hasAnswered_ = false; ///< the file was there
 };
 
 } // namespace netrove

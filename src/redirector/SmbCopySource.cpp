@@ -1,22 +1,14 @@
-#include "downloads/copier/CopySource.h"
+#include "redirector/SmbCopySource.h"
 
+#include "platform/Files.h"
 #include "redirector/SmbErrors.h"
+#include "smb/SmbMemory.h"
 
-#include <cerrno>
 #include <optional>
 
 namespace netrove {
 
-CopySourceState LocalCopySource::Inspect() {
-    const FileInfo info = files_.Info(path_);
-    if ((info.attributes & FileAttribute::Directory) != 0)
-        throw RunTimeError(ErrorNumber::PermissionDenied);
-    return {.length = info.length, .modified = info.modified.toMSecsSinceEpoch()};
-}
-
-void LocalCopySource::Read(qint64 offset, quint32 length, const Sink& sink) {
-    sink(files_.Read(path_, offset, length));
-}
+const quint32 CopySource::MaxRead = SmbMemory::Bytes;
 
 CopySourceState SmbCopySource::Inspect() {
     request_.kind = SmbRequest::Kind::Inspect;

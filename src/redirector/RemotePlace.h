@@ -1,0 +1,45 @@
+#pragma once
+
+#include "redirector/CopySource.h"
+#include "redirector/StoredLogon.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace netrove {
+
+class OwnConnections;
+
+/// What came of the trial of a logon.
+enum class LogonResult {
+    LetIn,
+    Refused,     ///< a wrong password, or nobody whom the computer knows
+    HidesShares, ///< it lets the user in, and no more
+    Unreachable,
+    GivenUp, ///< WhileWaiting() said so
+};
+
+/// A computer, a share or a file that may be asked by any thread, over connections of its own: what
+/// takes long doesn't hold up who walks the network. Calls block, and call WhileWaiting().
+class RemotePlace {
+public:
+    RemotePlace() = default;
+    RemotePlace(const RemotePlace&) = delete;
+    RemotePlace& operator=(const RemotePlace&) = delete;
+    virtual ~RemotePlace() = default;
+
+    /// The place as a file. Asks nobody yet; the connections and the place must outlive it.
+    [[nodiscard]] virtual std::unique_ptr<CopySource>
+    OpenFile(OwnConnections& connections) const = 0;
+
+    /// Why the computer doesn't tell its shares, or the share its files: a sentence for the user.
+    /// Empty where it does, and where the wait was given up.
+    [[nodiscard]] virtual QString Trouble(OwnConnections& connections) const = 0;
+
+    /// Asks the computer for its shares with a logon, over one connection, and takes note of
+    /// whether it was refused.
+    [[nodiscard]] virtual LogonResult TryLogon(const StoredLogon& logon) const = 0;
+};
+
+} // namespace netrove
