@@ -8,7 +8,6 @@
   CELL    width and height of each of the seven cells of the frame picture: three faces of a button
           and four glyphs
   ROWS    rows of cells: two where inactive windows have cells of their own
-  LOOK    for the preview: what the program's table says of the window around the pictures
   title(canvas, active), face(canvas, state, active), glyph(canvas, kind, active)
           draw one row or cell, whose upper left corner is at 0,0
 """

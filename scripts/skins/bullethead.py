@@ -4,9 +4,6 @@ from skins.buttons import shaded_face, sign
 
 FILES = {"title": 8, "frame": 9}
 TITLE, CUTS, CELL, ROWS = (202, 38), (25, 30, 65, 101), (22, 22), 2
-LOOK = {"icon": 9, "caption": ("#666666", "#999999"), "text": "#000000",
-        "back": "#ffffff", "entry": ("#666633", "#000000"),
-        "border": 3, "end": 14, "radius": 7, "glyph": 18}
 
 ACTIVE = {"bullet": (("#ffffff", 0), ("#f4f4f4", 0.25), ("#f6f6f6", 0.8), ("#d8d8d8", 1)),
           "tip": (("#d6d6d6", 0), ("#f2f2f2", 0.25), ("#b2b2b2", 0.6), ("#787878", 1)),

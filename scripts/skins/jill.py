@@ -3,9 +3,6 @@ again as the picture, so it is drawn in that height and pressed together."""
 
 FILES = {"title": 4, "frame": 5}
 TITLE, CUTS, CELL, ROWS = (500, 40), (39, 96, 180, 250), (26, 26), 2
-LOOK = {"icon": 11, "caption": ("#0000ff", "#999999"), "text": "#88b2ff",
-        "back": "#213b7a", "entry": ("#ffffff", "#88b2ff"),
-        "border": 3, "end": 10, "radius": 3, "glyph": 17, "height": 30}
 
 ACTIVE = {"light": ("#f0f5ff", "#d5e1fb", "#b9cdf5"), "navy": ("#34559f", "#29478c", "#213b7a"),
           "ribbons": ("#88b2ff", "#5b86dc", "#e9f1ff"), "heart": "#ff7da0", "small": "#9fb5e6"}

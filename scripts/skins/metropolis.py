@@ -4,9 +4,6 @@ from skins.buttons import shaded_face, sign
 
 FILES = {"title": 6, "frame": 7}
 TITLE, CUTS, CELL, ROWS = (409, 28), (68, 81, 143, 210), (20, 20), 2
-LOOK = {"icon": 14, "caption": ("#000000", "#cccccc"), "text": "#00ffff",
-        "back": "#000000", "entry": ("#ffffff", "#333333"),
-        "border": 2, "end": 6, "radius": 6, "glyph": 10}
 
 ACTIVE = {"steel": ("#eef3f6", "#c3ced6", "#93a3af"), "sky": ("#050912", "#0c2436", "#22657a"),
           "far": "#123848", "near": "#04080d", "windows": ("#00e5ff", "#ffd27a", "#8fd8e6"),

@@ -7,8 +7,6 @@ from skins.buttons import SMALL, sign
 
 FILES = {"title": 0, "frame": 1}
 TITLE, CUTS, CELL, ROWS = (640, 48), (90, 140, 240, 400), (10, 10), 1
-LOOK = {"icon": 19, "caption": ("#ffffff", "#2f7a97"), "text": "#000000",
-        "back": "#7bbdd6", "entry": ("#ffffff", "#2f7a97")}
 
 # From the caption's deep water to the mist: three waves lie between them.
 ACTIVE = {"water": ("#327f9e", "#276d8b", "#1a5470"), "waves": ("#3f8dae", "#66abc8", "#95cbe0"),

@@ -5,8 +5,6 @@ from skins.buttons import SMALL, sign
 
 FILES = {"title": 2, "frame": 3}
 TITLE, CUTS, CELL, ROWS = (612, 48), (90, 142, 240, 372), (10, 10), 1
-LOOK = {"icon": 13, "caption": ("#ff0000", "#cccccc"), "text": "#cccccc",
-        "back": "#000000", "entry": ("#ffffff", "#808080")}
 
 ACTIVE = {"orange": "#ff8000", "peach": "#ffc080", "brick": "#c04000", "blue": "#8080ff",
           "red": "#e02818"}

@@ -1,6 +1,0 @@
-#include "platform/Dialogs.h"
-#include "platform/Files.h"
-#include "platform/NetworkEnumeration.h"
-#include "platform/Shell.h"
-#include "platform/SystemInformation.h"
-#include "platform/Tray.h"
