@@ -1,18 +1,18 @@
-#include "mainwindow/PartControls.h"
+#include "mainwindow/ControlShares.h"
 
 #include "controls/NamedControls.h"
 #include "runtime/SourceText.h"
 
 namespace netrove {
-QMenu& PartControls::Menu(const char* name) const {
+QMenu& ControlShares::Menu(const char* name) const {
     return *menu_.Menu(Text(name));
 }
 
-QAction& PartControls::Item(const char* name) const {
+QAction& ControlShares::Item(const char* name) const {
     return *menu_.Item(Text(name));
 }
 
-JobDisplay::Controls PartControls::ForJobDisplay() const {
+JobDisplay::Controls ControlShares::ForJobDisplay() const {
     return {.fileItems = menu_.Offered({Text("mnuSaveResFile"), Text("mnuLoadResFile"),
                                         Text("mnuLogon"), Text("mnuOpts")}),
             .helpItems = menu_.Offered({Text("mnuHelp"), Text("mnuCont"), Text("UpdateMnu"),
@@ -25,14 +25,14 @@ JobDisplay::Controls PartControls::ForJobDisplay() const {
             .stbStatus = *controls_.stbStatus};
 }
 
-ResultRows::Controls PartControls::ForRows() const {
+ResultRows::Controls ControlShares::ForRows() const {
     return {.lvwResults = *controls_.lvwResults,
             .RetFileLbl = *controls_.RetFileLbl,
             .stbStatus = *controls_.stbStatus,
             .icons = controls_.Icons()};
 }
 
-SearchRun::Controls PartControls::ForSearchRun() const {
+SearchRun::Controls ControlShares::ForSearchRun() const {
     return {.window = window_,
             .LstSearchFor = *controls_.LstSearchFor,
             .chkRecurse = *controls_.chkRecurse,
@@ -44,25 +44,25 @@ SearchRun::Controls PartControls::ForSearchRun() const {
             .icons = controls_.Icons()};
 }
 
-PredefinedPatterns::Controls PartControls::ForPatterns() const {
+PredefinedPatterns::Controls ControlShares::ForPatterns() const {
     return {.LstSearchFor = *controls_.LstSearchFor,
             .filesPicture = *controls_.imgFiles[0],
             .mnuPopUp5 = Menu("mnuPopUp5")};
 }
 
-SearchStart::Controls PartControls::ForSearchStart() const {
+SearchStart::Controls ControlShares::ForSearchStart() const {
     return {.window = window_,
             .txtSearchStart = *controls_.txtSearchStart,
             .mnuPopUp6 = Menu("mnuPopUp6")};
 }
 
-InputEvents::Controls PartControls::ForInputEvents() const {
+InputEvents::Controls ControlShares::ForInputEvents() const {
     return {.LstSearchFor = *controls_.LstSearchFor,
             .imgFiles = *controls_.imgFiles[0],
             .cmdInpNetNode = *controls_.cmdInpNetNode};
 }
 
-DownloadQueue::Controls PartControls::ForDownloads() const {
+DownloadQueue::Controls ControlShares::ForDownloads() const {
     return {.window = window_,
             .SSTab1 = *controls_.SSTab1,
             .lvwResults = *controls_.lvwResults,
@@ -71,7 +71,7 @@ DownloadQueue::Controls PartControls::ForDownloads() const {
             .stbStatus = *controls_.stbStatus};
 }
 
-ListOperations::Controls PartControls::ForLists() const {
+ListOperations::Controls ControlShares::ForLists() const {
     return {.window = window_,
             .picListHolder = *controls_.picListHolder,
             .lvwResults = *controls_.lvwResults,
@@ -80,7 +80,7 @@ ListOperations::Controls PartControls::ForLists() const {
             .LstSearchFor = *controls_.LstSearchFor};
 }
 
-ListOperations::DownloadsMenu PartControls::DownloadsMenu() const {
+ListOperations::DownloadsMenu ControlShares::DownloadsMenu() const {
     return {.PopUp1Mnu = Menu("PopUp1Mnu"),
             .ClearMnu = Item("ClearMnu"),
             .mnuSep6 = Item("mnuSep6"),
@@ -89,13 +89,13 @@ ListOperations::DownloadsMenu PartControls::DownloadsMenu() const {
             .ErrDescMnu = Item("ErrDescMnu")};
 }
 
-ListOperations::ResultsMenu PartControls::ResultsMenu() const {
+ListOperations::ResultsMenu ControlShares::ResultsMenu() const {
     return {.PopUp2Mnu = Menu("PopUp2Mnu"),
             .mnuTheWkGP = Item("mnuTheWkGP"),
             .mnuSampleFile = Item("mnuSampleFile")};
 }
 
-ResultsFile::Controls PartControls::ForResultsFile() const {
+ResultsFile::Controls ControlShares::ForResultsFile() const {
     return {.window = window_,
             .RetFileLbl = *controls_.RetFileLbl,
             .stbStatus = *controls_.stbStatus,
@@ -105,7 +105,7 @@ ResultsFile::Controls PartControls::ForResultsFile() const {
             .icons = controls_.Icons()};
 }
 
-SettingsFile::Controls PartControls::ForSettingsFile() const {
+SettingsFile::Controls ControlShares::ForSettingsFile() const {
     return {.window = window_,
             .LstSearchFor = *controls_.LstSearchFor,
             .chkRecurse = *controls_.chkRecurse,
@@ -113,7 +113,7 @@ SettingsFile::Controls PartControls::ForSettingsFile() const {
             .lvwDownloads = *controls_.lvwDownloads};
 }
 
-SkinSelection::Controls PartControls::ForSkins() const {
+SkinSelection::Controls ControlShares::ForSkins() const {
     const auto& lines = controls_.Lne;
     return {.window = &window_,
             .chkRecurse = controls_.chkRecurse,
@@ -128,20 +128,20 @@ SkinSelection::Controls PartControls::ForSkins() const {
             .picListHolder = controls_.picListHolder};
 }
 
-SkinSelection::Menu PartControls::SkinMenu() const {
+SkinSelection::Menu ControlShares::SkinMenu() const {
     SkinSelection::Menu menu{.mnuSkin = {}, .mnuSkinCust = &Item("mnuSkinCust")};
     for (int index = 0; index <= SkinSelection::LastSkin; ++index)
         menu.mnuSkin[size_t(index)] = menu_.Item(ElementName("mnuSkin", size_t(index)));
     return menu;
 }
 
-ToolsMenu::Controls PartControls::ForTools() const {
+ToolsMenu::Controls ControlShares::ForTools() const {
     return {.window = window_,
             .lvwResults = *controls_.lvwResults,
             .lvwDownloads = *controls_.lvwDownloads};
 }
 
-SysTray::Controls PartControls::ForTray() const {
+SysTray::Controls ControlShares::ForTray() const {
     return {.window = window_,
             .RetFileLbl = *controls_.RetFileLbl,
             .PopUp4Mnu = Menu("PopUp4Mnu"),

@@ -18,11 +18,11 @@
 
 namespace netrove {
 
-/// Which of the main window's controls, menus and items each of the classes works on that hold the
-/// rules.
-class PartControls {
+/// Which controls, menus and items of the main window each of the classes that hold the rules is
+/// given.
+class ControlShares {
 public:
-    PartControls(QWidget& window, MainControls& controls, const MainMenu& menu)
+    ControlShares(QWidget& window, MainControls& controls, const MainMenu& menu)
         : window_(window), controls_(controls), menu_(menu) {}
 
     [[nodiscard]] JobDisplay::Controls ForJobDisplay() const;

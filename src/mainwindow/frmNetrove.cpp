@@ -37,28 +37,28 @@ frmNetrove::frmNetrove(const ProgramServices& services)
     , inner_(InnerWidget(*this))
     , controls_(*inner_, services.webAddress)
     , menu_(new MainMenu(*menuBar(), *this, MenuConnections::Withheld(services)))
-    , parts_(*this, controls_, *menu_)
-    , jobDisplay_(parts_.ForJobDisplay(), job_)
+    , shares_(*this, controls_, *menu_)
+    , jobDisplay_(shares_.ForJobDisplay(), job_)
     , layout_(*this, controls_)
     , icons_(services.fileTypes, services.systemIcon)
     , shell_(services.shell, services.dialogs)
-    , rows_(parts_.ForRows(), state_, settings_, services.files, icons_)
-    , run_(parts_.ForSearchRun(), job_, RunServices(), state_, rows_)
-    , patterns_(parts_.ForPatterns(), settings_, services.dialogs)
-    , start_(parts_.ForSearchStart(), job_, StartServices(), state_)
-    , queue_(parts_.ForDownloads(), {settings_, services.dialogs, job_})
-    , lists_(parts_.ForLists(), parts_.DownloadsMenu(), parts_.ResultsMenu(), job_, ListServices(),
-             queue_)
-    , resultsFile_(parts_.ForResultsFile(), job_, ResultsFileServices(), state_, rows_)
-    , settingsFile_(parts_.ForSettingsFile(), SettingsFileServices(),
+    , rows_(shares_.ForRows(), state_, settings_, services.files, icons_)
+    , run_(shares_.ForSearchRun(), job_, RunServices(), state_, rows_)
+    , patterns_(shares_.ForPatterns(), settings_, services.dialogs)
+    , start_(shares_.ForSearchStart(), job_, StartServices(), state_)
+    , queue_(shares_.ForDownloads(), {settings_, services.dialogs, job_})
+    , lists_(shares_.ForLists(), shares_.DownloadsMenu(), shares_.ResultsMenu(), job_,
+             ListServices(), queue_)
+    , resultsFile_(shares_.ForResultsFile(), job_, ResultsFileServices(), state_, rows_)
+    , settingsFile_(shares_.ForSettingsFile(), SettingsFileServices(),
                     IniFileName(services.applicationFolder))
-    , skins_(parts_.SkinMenu(), parts_.ForSkins(), SkinServices())
+    , skins_(shares_.SkinMenu(), shares_.ForSkins(), SkinServices())
     , columnHelp_(*this, *menu_->Menu(Text("PopUp3Mnu")))
-    , toolsMenu_(parts_.ForTools(), ToolsServices())
+    , toolsMenu_(shares_.ForTools(), ToolsServices())
     , helpMenu_(*this, HelpServices())
-    , tray_(parts_.ForTray(),
+    , tray_(shares_.ForTray(),
             {services.tray, skins_, settings_.SkinIndex, services.dialogs, [this] { Unload(); }})
-    , inputEvents_(parts_.ForInputEvents(), patterns_, start_)
+    , inputEvents_(shares_.ForInputEvents(), patterns_, start_)
     , webLink_(*this, *controls_.HyperLbl, {shell_, services.dialogs, services.webAddress})
     , defaultButton_(*this, *controls_.cmdStartSearch,
                      {controls_.lvwResults, controls_.lvwDownloads}) {

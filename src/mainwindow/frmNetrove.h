@@ -1,12 +1,12 @@
 #pragma once
 
 #include "about/ColumnHelp.h"
+#include "mainwindow/ControlShares.h"
 #include "mainwindow/DefaultButton.h"
 #include "mainwindow/HelpMenu.h"
 #include "mainwindow/InputEvents.h"
 #include "mainwindow/MainControls.h"
 #include "mainwindow/MainMenu.h"
-#include "mainwindow/PartControls.h"
 #include "mainwindow/ProgramServices.h"
 #include "mainwindow/SysTray.h"
 #include "mainwindow/SystemValues.h"
@@ -109,7 +109,7 @@ private:
     QWidget* inner_;
     MainControls controls_;
     MainMenu* menu_;
-    PartControls parts_;
+    ControlShares shares_;
     JobDisplay jobDisplay_;
     WindowLayout layout_;
     IconImages icons_;
