@@ -80,9 +80,6 @@ public:
     void SetBold(int row, bool bold) { model_->SetBold(row, 1, bold); }
     [[nodiscard]] QColor ForeColor(int row) const { return model_->ForeColor(row, 1); }
     void SetForeColor(int row, const QColor& color) { model_->SetForeColor(row, 1, color); }
-    [[nodiscard]] bool SubItemBold(int row, int number) const {
-        return model_->Bold(row, SubItemColumn(number));
-    }
     void SetSubItemBold(int row, int number, bool bold) {
         model_->SetBold(row, SubItemColumn(number), bold);
     }

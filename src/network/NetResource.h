@@ -48,8 +48,9 @@ public:
     /// Raised during FindNWObjects: the search has reached this node.
     std::function<void(const std::shared_ptr<NetResource>&)> SearchProgress;
 
-    /// All nodes of that type below this one. It doesn't look below servers, files, admin shares
-    /// and printers.
+    /// All nodes of that type below this one, for who wants them at once: the program itself goes
+    /// from node to node by Children. It doesn't look below servers, files, admin shares and
+    /// printers.
     [[nodiscard]] std::shared_ptr<NetResources> FindNWObjects(ResourceType objectType);
 
     /// The children: disk shares, workgroups and so on, then printers. Empty where the network
@@ -63,6 +64,7 @@ public:
     }
 
     [[nodiscard]] const QString& Comment() const { return record_.lpComment; }
+    /// For tools: no provider of the program fills it.
     [[nodiscard]] const QString& LocalName() const { return record_.lpLocalName; }
     [[nodiscard]] const QString& Provider() const { return record_.lpProvider; }
     [[nodiscard]] const QString& RemoteName() const { return record_.lpRemoteName; }

@@ -48,8 +48,8 @@ public:
     [[nodiscard]] bool KeepResults() const { return context_.KeepResults; }
     void SetKeepResults(bool keep) { context_.KeepResults = keep; }
 
-    /// The path of a match, by its number from 1 to NumResults(), after a yield; empty for any
-    /// other number.
+    /// For callers that don't listen to ItemFound; both programs do. The path of a match, by its
+    /// number from 1 to NumResults(), after a yield; empty for any other number.
     [[nodiscard]] QString GetResult(qint32 resultNumber) const;
     [[nodiscard]] qint32 NumResults() const;
 

@@ -19,8 +19,6 @@ public:
     /// with a skin the frame's insets are added to it as they are.
     void Load(QDialog& dialog, const SkinOwner* owner, std::optional<QSize> clientSize = {});
 
-    [[nodiscard]] NCSizeModifier& Modifier() { return *modifier_; }
-
 private:
     std::shared_ptr<SkinConfiguration> configuration_;
     std::unique_ptr<NCSizeModifier> modifier_;
