@@ -2,7 +2,6 @@
 
 #include "about/VersionHistory.h"
 #include "about/frmPic.h"
-#include "controls/HelpKey.h"
 #include "controls/NamedControls.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
@@ -60,14 +59,15 @@ void KeepColours(QWidget& control) {
 
 } // namespace
 
-frmAbout::frmAbout(const AboutServices& services, const SkinOwner* Owner, QWidget& mainWindow)
-    : QDialog(&mainWindow), services_(services), mainWindow_(mainWindow) {
-    setObjectName(Text("frmAbout"));
+frmAbout::frmAbout(const AboutServices& services, QWidget& mainWindow)
+    : ProgramDialog(Text("frmAbout"), services.look, &mainWindow)
+    , services_(services)
+    , mainWindow_(mainWindow) {
     setWindowTitle(Text("About Netrove"));
     MakeControls();
     MakeLinks();
     Arrange();
-    Form_Load(Owner);
+    Form_Load();
 }
 
 void frmAbout::MakeControls() {
@@ -194,10 +194,10 @@ void frmAbout::Arrange() {
     }
 }
 
-void frmAbout::Form_Load(const SkinOwner* Owner) {
+void frmAbout::Form_Load() {
     SetFixedClientSize(*this, Width, Height);
-    CentreWindow(mainWindow_, *this);
-    skin_.Load(*this, Owner, QSize(Width, Height));
+    Centre();
+    LoadSkin(QSize(Width, Height));
     txtStuff_->setPlainText(VersionHistory());
     lblVersion_->setText(Text("Version: ") + services_.version.Text());
 }
@@ -218,11 +218,6 @@ bool frmAbout::eventFilter(QObject* watched, QEvent* event) {
     if (watched == imgIcon_ && event->type() == QEvent::MouseButtonPress)
         imgIcon_MouseDown(*static_cast<QMouseEvent*>(event));
     return QDialog::eventFilter(watched, event);
-}
-
-void frmAbout::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*event, services_.openHelp))
-        QDialog::keyPressEvent(event);
 }
 
 void frmAbout::changeEvent(QEvent* event) {

@@ -5,9 +5,7 @@
 #include "search/ExclusionLists.h"
 #include "search/TroubleshootingLog.h"
 #include "settings/Settings.h"
-#include "skins/SkinOwner.h"
-
-#include <functional>
+#include "skins/ProgramDialog.h"
 
 namespace netrove {
 
@@ -19,8 +17,7 @@ struct BrowserServices {
     const ExclusionLists& exclusions;
     TroubleshootingLog& log;
     Dialogs& dialogs;
-    std::function<void()> openHelp;  ///< what the key F1 does
-    const SkinOwner* skin = nullptr; ///< who tells what the dialog looks like
+    DialogLook look = {};
 };
 
 } // namespace netrove

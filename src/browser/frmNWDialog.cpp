@@ -1,6 +1,5 @@
 #include "browser/frmNWDialog.h"
 
-#include "controls/HelpKey.h"
 #include "controls/Twips.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
@@ -24,13 +23,12 @@ QString NumberAndDescription(const RunTimeError& failure) {
 } // namespace
 
 frmNWDialog::frmNWDialog(const BrowserServices& services, QWidget* owner)
-    : QDialog(owner)
+    : ProgramDialog(QStringLiteral("frmNWDialog"), services.look, owner)
     , services_(services)
     , controls_(*this)
     , layout_(*this, controls_)
     , exclusion_(*controls_.tvwNetwork, services.settings, services.exclusions, services.dialogs)
     , tree_(controls_, services_, exclusion_) {
-    setObjectName(QStringLiteral("frmNWDialog"));
     setWindowTitle(QStringLiteral("Select Network Node"));
     resize(ToPixels(DesignWidth), ToPixels(DesignHeight));
     tmrNodes_.setObjectName(QStringLiteral("tmrNodes"));
@@ -53,9 +51,8 @@ void frmNWDialog::ConnectControls() {
 
 void frmNWDialog::Form_Load() {
     controls_.tvwNetwork->SetImageList(&controls_.imgXPNWImages);
-    if (parentWidget())
-        CentreWindow(*parentWidget()->window(), *this);
-    skin_.Load(*this, services_.skin);
+    Centre();
+    LoadSkin();
     tmrNodes_.start();
     controls_.lblProg->clear();
     controls_.lblAddNode->clear();
@@ -177,11 +174,6 @@ void frmNWDialog::showEvent(QShowEvent* event) {
 void frmNWDialog::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     layout_.Form_Resize();
-}
-
-void frmNWDialog::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*event, services_.openHelp))
-        QDialog::keyPressEvent(event);
 }
 
 } // namespace netrove

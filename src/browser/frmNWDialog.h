@@ -7,9 +7,8 @@
 #include "browser/NodeExclusion.h"
 #include "network/NetResource.h"
 #include "runtime/RunTimeError.h"
-#include "skins/DialogSkin.h"
+#include "skins/ProgramDialog.h"
 
-#include <QDialog>
 #include <QTimer>
 
 #include <memory>
@@ -27,7 +26,7 @@ namespace netrove {
 /// The network is asked for the first level a second after the dialog has come up, and for each
 /// deeper level when its node is expanded. Both run inside handlers that yield, so that the
 /// dialog can be used and closed meanwhile; exec() comes back when they have noticed.
-class frmNWDialog : public QDialog {
+class frmNWDialog : public ProgramDialog {
     Q_OBJECT
 
 public:
@@ -48,7 +47,6 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void Form_Load();
@@ -67,7 +65,6 @@ private:
     NodeExclusion exclusion_;
     NetworkTree tree_;
     QTimer tmrNodes_;
-    DialogSkin skin_;
     bool loaded_ = false;
     bool cancelled_ = false;
     std::shared_ptr<NetResource> result_;

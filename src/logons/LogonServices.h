@@ -3,7 +3,7 @@
 #include "platform/Dialogs.h"
 #include "redirector/Logons.h"
 #include "redirector/RemotePlace.h"
-#include "skins/SkinOwner.h"
+#include "skins/ProgramDialog.h"
 
 #include <QString>
 
@@ -18,8 +18,7 @@ struct LogonServices {
     Dialogs& dialogs;
     /// Where a logon is tried; null where the computer takes none. Asks nobody.
     std::function<std::shared_ptr<const RemotePlace>(const QString& computer)> placeOf;
-    const SkinOwner* skin = nullptr;     ///< who tells what the dialogs look like
-    std::function<void()> openHelp = {}; ///< what the key F1 does
+    DialogLook look = {};
     /// Whose logon is asked for at once, if any: a computer without "\\\\".
     QString computer = {};
 };

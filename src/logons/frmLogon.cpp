@@ -1,6 +1,5 @@
 #include "logons/frmLogon.h"
 
-#include "controls/HelpKey.h"
 #include "redirector/UncPath.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
@@ -37,14 +36,13 @@ QString frmLogon::AllComputers() {
 }
 
 frmLogon::frmLogon(const StoredLogon* before, const Services& services, QWidget* owner)
-    : QDialog(owner)
+    : ProgramDialog(QStringLiteral("frmLogon"), services.look, owner)
     , services_(services)
     , cboComputer_(new QComboBox(this))
     , txtUser_(MakeLine("txtUser", this))
     , txtPassword_(MakeLine("txtPassword", this))
     , chkRemember_(new QCheckBox(tr("&Remember in the keyring"), this))
     , cmdOk_(nullptr) {
-    setObjectName(QStringLiteral("frmLogon"));
     setWindowTitle(before ? tr("Change Logon") : tr("Add Logon"));
     MakeControls(services.hasKeyring);
     if (before) {
@@ -53,11 +51,10 @@ frmLogon::frmLogon(const StoredLogon* before, const Services& services, QWidget*
         cboComputer_->setEditText(services.computer);
         txtUser_->setFocus();
     }
-    skin_.Load(*this, services.skin);
+    LoadSkin();
     resize(layout()->totalMinimumSize());
     FixSizeAroundContents(*this);
-    if (owner)
-        CentreWindow(*owner->window(), *this);
+    Centre();
 }
 
 frmLogon::~frmLogon() {
@@ -161,11 +158,6 @@ Secret frmLogon::TakePassword() {
     Wipe(typed);
     txtPassword_->clear();
     return password;
-}
-
-void frmLogon::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*event, services_.openHelp))
-        QDialog::keyPressEvent(event);
 }
 
 } // namespace netrove

@@ -2,11 +2,10 @@
 
 #include "platform/Dialogs.h"
 #include "redirector/StoredLogon.h"
-#include "skins/DialogSkin.h"
+#include "skins/ProgramDialog.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -15,16 +14,15 @@
 namespace netrove {
 
 /// Asks for one logon. It is shown by exec(), once; where that is accepted, Result() has it.
-class frmLogon : public QDialog {
+class frmLogon : public ProgramDialog {
     Q_OBJECT
 
 public:
     struct Services {
         bool hasKeyring;
         Dialogs& dialogs;
-        const SkinOwner* skin = nullptr;     ///< who tells what the dialog looks like
-        std::function<void()> openHelp = {}; ///< what the key F1 does
-        QString computer = {};               ///< that a new logon is for, if that is known
+        DialogLook look = {};
+        QString computer = {}; ///< that a new logon is for, if that is known
     };
 
     /// What a logon for all computers is called where one stands for a name.
@@ -38,9 +36,6 @@ public:
     [[nodiscard]] const StoredLogon& Result() const { return result_; }
 
     void accept() override;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void MakeControls(bool hasKeyring);
@@ -56,7 +51,6 @@ private:
     QCheckBox* chkRemember_;
     QPushButton* cmdOk_;
     StoredLogon result_;
-    DialogSkin skin_;
 };
 
 } // namespace netrove

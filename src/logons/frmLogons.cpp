@@ -1,6 +1,5 @@
 #include "logons/frmLogons.h"
 
-#include "controls/HelpKey.h"
 #include "redirector/UncPath.h"
 #include "windowservices/WindowGeometry.h"
 
@@ -35,12 +34,13 @@ QString TestResult(const QString& computer, const QString& user, LogonResult res
 } // namespace
 
 frmLogons::frmLogons(const LogonServices& services, QWidget* owner)
-    : QDialog(owner), services_(services), controls_(*this) {
-    setObjectName(QStringLiteral("frmLogons"));
+    : ProgramDialog(QStringLiteral("frmLogons"), services.look, owner)
+    , services_(services)
+    , controls_(*this) {
     setWindowTitle(tr("Network Logon"));
     ConnectControls();
     UpdateButtons();
-    skin_.Load(*this, services_.skin);
+    LoadSkin();
 }
 
 frmLogons::~frmLogons() = default;
@@ -62,8 +62,7 @@ void frmLogons::showEvent(QShowEvent* event) {
     if (isRead_ || event->spontaneous())
         return;
     isRead_ = true;
-    if (parentWidget())
-        CentreWindow(*parentWidget()->window(), *this);
+    Centre();
     ReadKeyring();
 }
 
@@ -154,10 +153,8 @@ void frmLogons::UpdateButtons() {
 }
 
 frmLogon::Services frmLogons::FormServices() const {
-    return {.hasKeyring = services_.logons->HasKeyring(),
-            .dialogs = services_.dialogs,
-            .skin = services_.skin,
-            .openHelp = services_.openHelp};
+    return {
+        .hasKeyring = services_.logons->HasKeyring(), .dialogs = services_.dialogs, .look = Look()};
 }
 
 void frmLogons::AskFor(const QString& computer) {
@@ -284,11 +281,6 @@ void frmLogons::EndTest(const QString& computer, const QString& user, LogonResul
 void frmLogons::cmdCancel_Click() {
     trial_.Cancel();
     EndWork(QString());
-}
-
-void frmLogons::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*event, services_.openHelp))
-        QDialog::keyPressEvent(event);
 }
 
 } // namespace netrove

@@ -4,9 +4,7 @@
 #include "logons/LogonServices.h"
 #include "logons/LogonTrial.h"
 #include "logons/frmLogon.h"
-#include "skins/DialogSkin.h"
-
-#include <QDialog>
+#include "skins/ProgramDialog.h"
 
 namespace netrove {
 
@@ -14,7 +12,7 @@ namespace netrove {
 /// any good. It is shown by exec(). Passwords aren't shown.
 ///
 /// Whatever may take long (the keyring, the test of a logon) goes on beside the window's work.
-class frmLogons : public QDialog {
+class frmLogons : public ProgramDialog {
     Q_OBJECT
 
 public:
@@ -23,7 +21,6 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void ConnectControls();
@@ -55,7 +52,6 @@ private:
     LogonServices services_;
     LogonControls controls_;
     LogonTrial trial_;
-    DialogSkin skin_;
     std::vector<StoredLogon> shown_;
     bool isBusy_ = false;
     bool isRead_ = false;

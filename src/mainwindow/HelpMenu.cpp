@@ -11,8 +11,7 @@ OnlineServices HelpMenu::Online() const {
             .dialogs = services_.dialogs,
             .shell = services_.shell,
             .webAddress = services_.webAddress,
-            .skin = services_.skin,
-            .openHelp = services_.openHelp};
+            .look = services_.look};
 }
 
 AboutServices HelpMenu::About() {
@@ -20,11 +19,11 @@ AboutServices HelpMenu::About() {
             .webAddress = services_.webAddress,
             .contactAddress = services_.contactAddress,
             .UpdateMnu = [this] { UpdateMnu_Click(); },
-            .openHelp = services_.openHelp};
+            .look = services_.look};
 }
 
 void HelpMenu::mnuCont_Click() {
-    services_.openHelp();
+    services_.look.openHelp();
 }
 
 void HelpMenu::mnuTBS_Click() {
@@ -42,12 +41,14 @@ void HelpMenu::mnuDonate_Click() {
 }
 
 void HelpMenu::mnuAbout1_Click() {
-    frmAbout(About(), services_.skin, window_).exec();
+    frmAbout(About(), window_).exec();
 }
 
 void HelpMenu::mnuAbout_Click() {
     if (!about_) {
-        about_ = new frmAbout(About(), nullptr, window_);
+        AboutServices services = About();
+        services.look.skin = nullptr;
+        about_ = new frmAbout(services, window_);
         about_->setAttribute(Qt::WA_DeleteOnClose);
     }
     about_->show();

@@ -3,12 +3,10 @@
 #include "platform/Dialogs.h"
 #include "platform/Http.h"
 #include "services/ShellServices.h"
-#include "skins/SkinOwner.h"
+#include "skins/ProgramDialog.h"
 
 #include <QDialog>
 #include <QPointer>
-
-#include <functional>
 
 namespace netrove {
 
@@ -24,8 +22,7 @@ public:
         ShellServices& shell;
         QString webAddress;
         QString contactAddress;
-        std::function<void()> openHelp;
-        const SkinOwner* skin = nullptr;
+        DialogLook look;
     };
 
     HelpMenu(QWidget& window, Services services)

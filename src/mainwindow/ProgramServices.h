@@ -11,7 +11,7 @@
 #include "platform/Shell.h"
 #include "platform/SystemInformation.h"
 #include "platform/Tray.h"
-#include "skins/SkinOwner.h"
+#include "skins/ProgramDialog.h"
 #include "windowservices/IconImages.h"
 
 #include <QAbstractButton>
@@ -22,10 +22,10 @@
 
 namespace netrove {
 
-/// Shows a dialog that belongs to `owner` and has `openHelp` done where the help is asked for. With
+/// Shows a dialog that belongs to `owner` and looks like the others. With
 /// a computer (without "\\\\") its logon is asked for at once.
-using LogonDialog = std::function<void(QWidget& owner, const SkinOwner& skin,
-                                       std::function<void()> openHelp, const QString& computer)>;
+using LogonDialog =
+    std::function<void(QWidget& owner, const DialogLook& look, const QString& computer)>;
 
 /// What the main window is given of the system. The window tests give it stand-ins.
 struct ProgramServices {

@@ -24,17 +24,16 @@ frmSilent::Services ToolsMenu::SilentServices() {
                                  .test = services_.reachTest,
                                  .isBusy = [this] { return services_.job.IsRunning(); },
                                  .networkFile = services_.networkFile,
-                                 .skin = &services_.skin,
-                                 .openHelp = services_.openHelp};
+                                 .look = services_.look};
     if (services_.showLogons)
         services.logOn = [this](QWidget& owner, const QString& computer) {
-            services_.showLogons(owner, services_.skin, services_.openHelp, computer);
+            services_.showLogons(owner, services_.look, computer);
         };
     return services;
 }
 
 void ToolsMenu::mnuLogon_Click() {
-    services_.showLogons(controls_.window, services_.skin, services_.openHelp, QString());
+    services_.showLogons(controls_.window, services_.look, QString());
 }
 
 void ToolsMenu::mnuOpts_Click() {
@@ -47,8 +46,7 @@ void ToolsMenu::mnuOpts_Click() {
              .OSName = services_.values.OSName,
              .OSVersion = services_.values.OSVersion,
              .CurrentUser = services_.values.CurrentUser,
-             .skin = &services_.skin,
-             .openHelp = services_.openHelp},
+             .look = services_.look},
             &controls_.window)
         .exec();
 }

@@ -10,9 +10,7 @@
 #include "services/ShellServices.h"
 #include "settings/Settings.h"
 #include "silent/frmSilent.h"
-#include "skins/SkinOwner.h"
-
-#include <functional>
+#include "skins/ProgramDialog.h"
 
 namespace netrove {
 
@@ -30,10 +28,9 @@ public:
         const SystemInformation& system;
         ShellServices& shell;
         const SystemValues& values;
-        const SkinOwner& skin;
+        DialogLook look;
         QString logFile;
-        QString downloadsFolder; ///< the default of the setting
-        std::function<void()> openHelp;
+        QString downloadsFolder;     ///< the default of the setting
         const NetworkReport* report; ///< without one, mnuSilent_Click() does nothing
         ReachTest* reachTest;        ///< may be null
         LogonDialog showLogons;      ///< without it, mnuLogon_Click() is never called

@@ -155,10 +155,9 @@ ToolsMenu::Services frmNetrove::ToolsServices() {
             .system = services_.system,
             .shell = shell_,
             .values = system_,
-            .skin = skins_,
+            .look = Look(),
             .logFile = LogFile(),
             .downloadsFolder = DownloadsFolder(services_.applicationFolder),
-            .openHelp = [this] { OpenHelp(); },
             .report = services_.report,
             .reachTest = services_.reachTest,
             .showLogons = services_.showLogons,
@@ -172,8 +171,12 @@ HelpMenu::Services frmNetrove::HelpServices() {
             .shell = shell_,
             .webAddress = services_.webAddress,
             .contactAddress = services_.contactAddress,
-            .openHelp = [this] { OpenHelp(); },
-            .skin = &skins_};
+            .look = Look()};
+}
+
+/// Of the dialogs that the window opens.
+DialogLook frmNetrove::Look() {
+    return {.skin = &skins_, .openHelp = [this] { OpenHelp(); }};
 }
 
 /// The chosen node; nothing where the user has chosen none.
@@ -183,8 +186,7 @@ std::optional<std::shared_ptr<NetResource>> frmNetrove::BrowseNetwork() {
                          .exclusions = exclusions_,
                          .log = log_,
                          .dialogs = services_.dialogs,
-                         .openHelp = [this] { OpenHelp(); },
-                         .skin = &skins_},
+                         .look = Look()},
                         this);
     browser.exec();
     if (browser.Cancelled())

@@ -87,6 +87,7 @@ private:
     [[nodiscard]] SkinSelection::Services SkinServices();
     [[nodiscard]] ToolsMenu::Services ToolsServices();
     [[nodiscard]] HelpMenu::Services HelpServices();
+    [[nodiscard]] DialogLook Look();
 
     [[nodiscard]] std::optional<std::shared_ptr<NetResource>> BrowseNetwork();
     [[nodiscard]] QString LogFile() const;

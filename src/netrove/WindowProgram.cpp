@@ -50,11 +50,8 @@ ProgramServices WindowProgram::Services() {
                 yield_.SetAbandon(button, std::move(isPressed));
             },
         .reachTest = &reachTest_,
-        .showLogons =
-            [this](QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp,
-                   const QString& computer) {
-                ShowLogons(owner, skin, std::move(openHelp), computer);
-            },
+        .showLogons = [this](QWidget& owner, const DialogLook& look,
+                             const QString& computer) { ShowLogons(owner, look, computer); },
     };
 }
 
@@ -62,16 +59,14 @@ std::unique_ptr<CopyQ> WindowProgram::NewCopyQ() const {
     return std::make_unique<FileCopier>(*opened_.network);
 }
 
-void WindowProgram::ShowLogons(QWidget& owner, const SkinOwner& skin,
-                               std::function<void()> openHelp, const QString& forComputer) {
+void WindowProgram::ShowLogons(QWidget& owner, const DialogLook& look, const QString& forComputer) {
     frmLogons({.logons = logons_,
                .dialogs = dialogs_,
                .placeOf = [this](const QString& computer) -> std::shared_ptr<const RemotePlace> {
                    const auto path = UncPath::Parse(QLatin1String("\\\\") + computer);
                    return path ? opened_.network->RemotePlaceOf(*path) : nullptr;
                },
-               .skin = &skin,
-               .openHelp = std::move(openHelp),
+               .look = look,
                .computer = forComputer},
               &owner)
         .exec();

@@ -32,8 +32,7 @@ public:
 private:
     [[nodiscard]] ProgramServices Services();
     [[nodiscard]] std::unique_ptr<CopyQ> NewCopyQ() const;
-    void ShowLogons(QWidget& owner, const SkinOwner& skin, std::function<void()> openHelp,
-                    const QString& computer);
+    void ShowLogons(QWidget& owner, const DialogLook& look, const QString& computer);
 
     WindowYield yield_;
     const QString folder_;

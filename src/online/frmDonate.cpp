@@ -1,6 +1,5 @@
 #include "online/frmDonate.h"
 
-#include "controls/HelpKey.h"
 #include "controls/NamedControls.h"
 #include "online/webfiles/WebFile.h"
 #include "runtime/RunTimeError.h"
@@ -14,10 +13,8 @@
 namespace netrove {
 namespace {
 
-/// Inner size in twips.
+/// Inner width in twips.
 constexpr int Width = 5550;
-constexpr int LowHeight = 2250;
-constexpr int TallHeight = 3765;
 /// In pixels: around the controls and between them.
 constexpr int Margin = 5;
 constexpr int Gap = 4;
@@ -33,16 +30,20 @@ QString WithoutScheme(const QString& address) {
 } // namespace
 
 frmDonate::frmDonate(const OnlineServices& services, QWidget* owner)
-    : QDialog(owner)
-    , services_(services)
+    : OnlineDialog(Text("frmDonate"), services, {.width = Width, .low = 2250, .tall = 3765}, owner)
     , txtDon_(new QPlainTextEdit(this))
     , cmdUp_(
           NamedButton(*this, Text("cmdUp"), Text("&Get Links"), "Get the links from the internet"))
     , cmdOK_(NamedButton(*this, Text("cmdOK"), Text("&Cancel"), "Cancel")) {
-    setObjectName(Text("frmDonate"));
     MakeControls();
     Arrange();
-    Form_Load(owner);
+    LoadLow({cmdLink_.begin(), cmdLink_.end()});
+    ResetLinks();
+    txtDon_->setPlainText(
+        Text("Netrove is freeware. It will stay freeware. If it is of use to you, "
+             "please consider a donation. Please click on \"Get Links\" to get "
+             "the selections. Thank You.\n\n(You will need to be connected to the "
+             "internet to reach the websites)"));
 }
 
 void frmDonate::MakeControls() {
@@ -60,7 +61,7 @@ void frmDonate::MakeControls() {
             *this, ElementName("cmdLink", index), QString(), "Click here to go to the website");
         link->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         connect(link, &QPushButton::clicked, this,
-                [this, index] { services_.shell.ShellRun(LinkAddress_[index]); });
+                [this, index] { Services().shell.ShellRun(LinkAddress_[index]); });
     }
     cmdUp_->setDefault(true);
     cmdUp_->setFocus();
@@ -85,29 +86,10 @@ void frmDonate::Arrange() {
     setTabOrder(cmdLink_[1], cmdLink_[2]);
 }
 
-void frmDonate::Form_Load(const QWidget* owner) {
-    SetTall(false);
-    if (owner)
-        CentreWindow(*owner->window(), *this);
-    skin_.Load(*this, services_.skin, QSize(Width, LowHeight));
-    ResetLinks();
-    txtDon_->setPlainText(
-        Text("Netrove is freeware. It will stay freeware. If it is of use to you, "
-             "please consider a donation. Please click on \"Get Links\" to get "
-             "the selections. Thank You.\n\n(You will need to be connected to the "
-             "internet to reach the websites)"));
-}
-
-void frmDonate::SetTall(bool isTall) {
-    for (QPushButton* link : cmdLink_)
-        link->setVisible(isTall);
-    SetFixedClientSize(*this, Width, isTall ? TallHeight : LowHeight);
-}
-
 void frmDonate::ResetLinks() {
     for (std::size_t index = 0; index < cmdLink_.size(); ++index) {
-        LinkAddress_[index] = services_.webAddress;
-        SetCaption(*cmdLink_[index], WithoutScheme(services_.webAddress));
+        LinkAddress_[index] = Services().webAddress;
+        SetCaption(*cmdLink_[index], WithoutScheme(Services().webAddress));
     }
 }
 
@@ -125,7 +107,7 @@ void frmDonate::SetCaption(QPushButton& link, const QString& caption) const {
 /// Failures of the read go on to the caller.
 bool frmDonate::Check4File(QLatin1String path, QString& resp) {
     resp.clear();
-    resp = services_.ReadFor(*this, *cmdOK_, path);
+    resp = Read(*cmdOK_, path);
     return !resp.isEmpty();
 }
 
@@ -170,22 +152,12 @@ void frmDonate::ReadLinks() {
         LinkAddress_.at(std::size_t(index)) = links.addresses[index];
 }
 
-/// A dialog that was closed meanwhile says nothing any more.
 void frmDonate::SayUnread() {
     unsetCursor();
-    if (!isVisible())
-        return;
-    services_.dialogs.Message(
-        MessageIcon::Critical,
-        Text("Could not get the update for the links. Click on one of the\r\n"
-             "existing links to go to official Tarn Bridge Software site and\r\n"
-             "use the donation links listed there."),
-        Text("Error in update"));
-}
-
-void frmDonate::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*event, services_.openHelp))
-        QDialog::keyPressEvent(event);
+    SayFailure(Text("Could not get the update for the links. Click on one of the\r\n"
+                    "existing links to go to official Tarn Bridge Software site and\r\n"
+                    "use the donation links listed there."),
+               Text("Error in update"));
 }
 
 } // namespace netrove

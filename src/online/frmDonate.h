@@ -1,10 +1,8 @@
 #pragma once
 
-#include "online/OnlineServices.h"
+#include "online/OnlineDialog.h"
 #include "online/webfiles/DonationLinks.h"
-#include "skins/DialogSkin.h"
 
-#include <QDialog>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -14,21 +12,16 @@ namespace netrove {
 
 /// Asks for a donation. Its three links lead to the web site until the user has them read from
 /// there.
-class frmDonate : public QDialog {
+class frmDonate : public OnlineDialog {
     Q_OBJECT
 
 public:
     /// `owner` is the window that it stands in the middle of.
     frmDonate(const OnlineServices& services, QWidget* owner);
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     void MakeControls();
     void Arrange();
-    void Form_Load(const QWidget* owner);
-    void SetTall(bool isTall);
 
     void ResetLinks();
     void SetCaption(QPushButton& link, const QString& caption) const;
@@ -38,8 +31,6 @@ private:
     void SayUnread();
     void cmdUp_Click();
 
-    OnlineServices services_;
-    DialogSkin skin_;
     std::array<QString, DonationLinks::Count> LinkAddress_;
     QPlainTextEdit* txtDon_;
     QPushButton* cmdUp_;

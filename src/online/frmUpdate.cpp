@@ -1,12 +1,10 @@
 #include "online/frmUpdate.h"
 
-#include "controls/HelpKey.h"
 #include "controls/NamedControls.h"
 #include "online/webfiles/WebFile.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
-#include "windowservices/WindowGeometry.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -15,10 +13,6 @@
 namespace netrove {
 namespace {
 
-/// Inner size in twips.
-constexpr int Width = 4755;
-constexpr int LowHeight = 2010;
-constexpr int TallHeight = 4770;
 /// In pixels: around the controls and between them.
 constexpr int Margin = 5;
 constexpr int Gap = 4;
@@ -43,8 +37,7 @@ QFrame* Frame(const char* name, QFrame::Shape shape, QWidget* parent) {
 } // namespace
 
 frmUpdate::frmUpdate(const OnlineServices& services, QWidget* owner)
-    : QDialog(owner)
-    , services_(services)
+    : OnlineDialog(Text("frmUpdate"), services, {.width = 4755, .low = 2010, .tall = 4770}, owner)
     , Shape1_(Frame("Shape1", QFrame::Box, this))
     , Label1_(Label("Label1",
                     "Welcome to the Tarn Bridge Software Update. This process will verify that "
@@ -60,10 +53,10 @@ frmUpdate::frmUpdate(const OnlineServices& services, QWidget* owner)
     , Line1_(Frame("Line1", QFrame::HLine, this))
     , txtInfo_(new QPlainTextEdit(this))
     , cmdDown_(NamedButton(*this, Text("cmdDown"), Text("Download New Version"), "Download It")) {
-    setObjectName(Text("frmUpdate"));
     MakeControls();
     Arrange();
-    Form_Load(owner);
+    ShowLink(false);
+    LoadLow({Line1_, txtInfo_, cmdDown_});
 }
 
 void frmUpdate::MakeControls() {
@@ -114,30 +107,15 @@ void frmUpdate::Arrange() {
     }
 }
 
-void frmUpdate::Form_Load(const QWidget* owner) {
-    ShowLink(false);
-    SetTall(false);
-    if (owner)
-        CentreWindow(*owner->window(), *this);
-    skin_.Load(*this, services_.skin, QSize(Width, LowHeight));
-}
-
 void frmUpdate::ShowLink(bool isShown) {
     Label2_->setVisible(!isShown);
     cmdLink_->setVisible(isShown);
 }
 
-void frmUpdate::SetTall(bool isTall) {
-    for (QWidget* control : {static_cast<QWidget*>(Line1_), static_cast<QWidget*>(txtInfo_),
-                             static_cast<QWidget*>(cmdDown_)})
-        control->setVisible(isTall);
-    SetFixedClientSize(*this, Width, isTall ? TallHeight : LowHeight);
-}
-
 bool frmUpdate::Check4File(QLatin1String path, QString& resp) {
     resp.clear();
     try {
-        resp = services_.ReadFor(*this, *cmdCancel_, path);
+        resp = Read(*cmdCancel_, path);
     } catch (...) {
         return false;
     }
@@ -157,7 +135,7 @@ void frmUpdate::cmdCheck_Click() {
         BeginCheck();
         const Version web =
             Version::FromText(ReadPayload(WebFile::VersionPath, WebFile::VersionMarker));
-        if (web > services_.version)
+        if (web > Services().version)
             OfferUpdate(web);
         else
             SayUpToDate(web);
@@ -179,16 +157,16 @@ void frmUpdate::BeginCheck() {
 }
 
 void frmUpdate::SayUpToDate(const Version& web) {
-    services_.dialogs.Message(MessageIcon::Information,
-                              Lines({Text("Web release = ") + web.Text(),
-                                     Text("Your release = ") + services_.version.Text(),
-                                     Text("You have the latest release of Netrove.")}),
-                              Text("Netrove update"));
+    Services().dialogs.Message(MessageIcon::Information,
+                               Lines({Text("Web release = ") + web.Text(),
+                                      Text("Your release = ") + Services().version.Text(),
+                                      Text("You have the latest release of Netrove.")}),
+                               Text("Netrove update"));
     cmdCancel_->setFocus();
 }
 
 void frmUpdate::OfferUpdate(const Version& web) {
-    setWindowTitle(Text("Update available from v") + services_.version.Text() + Text(" to v") +
+    setWindowTitle(Text("Update available from v") + Services().version.Text() + Text(" to v") +
                    web.Text());
     cmdDown_->setEnabled(true);
     QString news;
@@ -200,19 +178,17 @@ void frmUpdate::OfferUpdate(const Version& web) {
     cmdDown_->setFocus();
 }
 
-/// A dialog that was closed meanwhile says nothing any more.
 void frmUpdate::FailCheck() {
     unsetCursor();
     cmdCheck_->setEnabled(true);
     cmdDown_->setEnabled(false);
     SetTall(false);
-    if (!isVisible())
-        return;
-    services_.dialogs.Message(
-        MessageIcon::Critical,
+    const bool wasSaid = SayFailure(
         Lines({Text("The update check failed. You must check for the"),
-               Text("new version of this application manually at"), services_.webAddress + u'.'}),
+               Text("new version of this application manually at"), Services().webAddress + u'.'}),
         Text("Error in update"));
+    if (!wasSaid)
+        return;
     ShowLink(true);
     cmdLink_->setFocus();
 }
@@ -231,7 +207,7 @@ void frmUpdate::cmdDown_Click() {
 
 void frmUpdate::HandOverInstaller() {
     const QString address = ReadPayload(WebFile::InstallerPath, WebFile::InstallerMarker);
-    const MessageAnswer answer = services_.dialogs.Message(
+    const MessageAnswer answer = Services().dialogs.Message(
         MessageIcon::Information,
         Lines({Text("This feature will download the installer package"),
                Text("for the new version of Netrove. After the download"),
@@ -239,29 +215,22 @@ void frmUpdate::HandOverInstaller() {
                Text("of Netrove before installing the new version.")}),
         Text("Instructions"), MessageButtons::OkCancel);
     if (answer == MessageAnswer::Ok)
-        services_.shell.ShellRun(WebFile::Link(address));
+        Services().shell.ShellRun(WebFile::Link(address));
 }
 
 void frmUpdate::FailDownload() {
     unsetCursor();
     cmdDown_->setEnabled(true);
-    if (!isVisible())
-        return;
-    services_.dialogs.Message(
-        MessageIcon::Critical,
-        Lines({Text("An error has occured. You must manually download the new"),
-               Text("version of Netrove at ") + services_.webAddress + u'.'}),
-        Text("Error in download"));
-    ShowLink(true);
+    const bool wasSaid =
+        SayFailure(Lines({Text("An error has occured. You must manually download the new"),
+                          Text("version of Netrove at ") + Services().webAddress + u'.'}),
+                   Text("Error in download"));
+    if (wasSaid)
+        ShowLink(true);
 }
 
 void frmUpdate::cmdLink_Click() {
-    services_.shell.ShellRun(services_.webAddress);
-}
-
-void frmUpdate::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*event, services_.openHelp))
-        QDialog::keyPressEvent(event);
+    Services().shell.ShellRun(Services().webAddress);
 }
 
 } // namespace netrove

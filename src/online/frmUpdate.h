@@ -1,9 +1,7 @@
 #pragma once
 
-#include "online/OnlineServices.h"
-#include "skins/DialogSkin.h"
+#include "online/OnlineDialog.h"
 
-#include <QDialog>
 #include <QFrame>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -12,23 +10,18 @@
 namespace netrove {
 
 /// Asks the web site whether there is a newer version, shows the news of it, and has its installer
-/// opened. It is low at first, and grows where there is something to show.
-class frmUpdate : public QDialog {
+/// opened.
+class frmUpdate : public OnlineDialog {
     Q_OBJECT
 
 public:
     /// `owner` is the window that it stands in the middle of.
     frmUpdate(const OnlineServices& services, QWidget* owner);
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     void MakeControls();
     void Arrange();
-    void Form_Load(const QWidget* owner);
     void ShowLink(bool isShown);
-    void SetTall(bool isTall);
 
     [[nodiscard]] bool Check4File(QLatin1String path, QString& resp);
     [[nodiscard]] QString ReadPayload(QLatin1String path, QLatin1String marker);
@@ -43,8 +36,6 @@ private:
     void FailDownload();
     void cmdLink_Click();
 
-    OnlineServices services_;
-    DialogSkin skin_;
     QFrame* Shape1_;
     QLabel* Label1_;
     QLabel* Label2_;

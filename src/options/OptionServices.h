@@ -4,7 +4,7 @@
 #include "platform/Dialogs.h"
 #include "platform/SystemInformation.h"
 #include "settings/Settings.h"
-#include "skins/SkinOwner.h"
+#include "skins/ProgramDialog.h"
 
 #include <QString>
 
@@ -23,8 +23,7 @@ struct OptionServices {
     QString OSName;          ///< these three are shown
     QString OSVersion;
     QString CurrentUser;
-    const SkinOwner* skin = nullptr;     ///< null for dialogs without a skin
-    std::function<void()> openHelp = {}; ///< what the key F1 does
+    DialogLook look = {};
 };
 
 } // namespace netrove

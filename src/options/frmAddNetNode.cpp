@@ -1,6 +1,5 @@
 #include "options/frmAddNetNode.h"
 
-#include "controls/HelpKey.h"
 #include "options/OptionPage.h"
 #include "options/modBrowse.h"
 #include "runtime/SourceText.h"
@@ -46,9 +45,9 @@ QGroupBox* MakeFrame(QWidget& parent, const char* name, const char* caption) {
 
 } // namespace
 
-frmAddNetNode::frmAddNetNode(const Services& services, const QWidget* owner, QWidget* parent)
-    : QDialog(parent), services_(services) {
-    setObjectName(Text("frmAddNetNode"));
+frmAddNetNode::frmAddNetNode(Dialogs& dialogs, const DialogLook& look, const QWidget* owner,
+                             QWidget* parent)
+    : ProgramDialog(Text("frmAddNetNode"), look, parent), dialogs_(dialogs) {
     setWindowTitle(Text("Add a Network Node"));
     MakeControls();
     connect(cmdBrNetNode_, &QPushButton::clicked, this, [this] { cmdBrNetNode_Click(); });
@@ -114,10 +113,10 @@ QWidget* frmAddNetNode::MakeTypeFrame() {
 
 void frmAddNetNode::Form_Load(const QWidget* owner) {
     SetClientSize(*this, ClientSize.width(), ClientSize.height());
-    skin_.Load(*this, services_.skin, ClientSize);
+    LoadSkin(ClientSize);
     FixSizeAroundContents(*this);
     if (owner)
-        CentreWindow(*owner, *this);
+        Centre(*owner);
 }
 
 /// Folders and computers can be browsed for.
@@ -129,12 +128,12 @@ void frmAddNetNode::TypeChosen() {
 }
 
 void frmAddNetNode::cmdBrNetNode_Click() {
-    services_.dialogs.Trap(Text("Browse Error..."), [this] {
+    dialogs_.Trap(Text("Browse Error..."), [this] {
         QString answer;
         if (types_[FolderType]->isChecked())
-            answer = BrowseForFolder(Text("Select a folder"), false, services_.dialogs);
+            answer = BrowseForFolder(Text("Select a folder"), false, dialogs_);
         else if (types_[WorkstationType]->isChecked())
-            answer = BrowseForComputer(Text("Select a workstation"), services_.dialogs);
+            answer = BrowseForComputer(Text("Select a workstation"), dialogs_);
         if (!Trim(answer).isEmpty())
             txtNetNodeName_->setText(ParseFolder(answer));
     });
@@ -148,7 +147,7 @@ QString frmAddNetNode::ParseFolder(const QString& fullPath) {
 }
 
 void frmAddNetNode::cmdOK_Click() {
-    services_.dialogs.Trap(Text(ErrorTitle), [this] {
+    dialogs_.Trap(Text(ErrorTitle), [this] {
         const QString name = Trim(txtNetNodeName_->text());
         if (name.isEmpty()) {
             Complain("Empty network node!");
@@ -169,18 +168,13 @@ void frmAddNetNode::cmdOK_Click() {
 }
 
 void frmAddNetNode::Complain(const char* text) {
-    services_.dialogs.Message(MessageIcon::Critical, Text(text), Text(ErrorTitle));
+    dialogs_.Message(MessageIcon::Critical, Text(text), Text(ErrorTitle));
     txtNetNodeName_->setFocus();
 }
 
 void frmAddNetNode::reject() {
     NewNetNode_.clear();
     QDialog::reject();
-}
-
-void frmAddNetNode::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*event, services_.openHelp))
-        QDialog::keyPressEvent(event);
 }
 
 /// The name is selected when it gets the focus, by the mouse too, whose press then moves the

@@ -2,33 +2,25 @@
 
 #include "options/NodeTypes.h"
 #include "platform/Dialogs.h"
-#include "skins/DialogSkin.h"
+#include "skins/ProgramDialog.h"
 
-#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 
 #include <array>
-#include <functional>
 
 namespace netrove {
 
 /// Asks for one node to exclude: its name and type. It is shown by exec(), once, and read
 /// afterwards.
-class frmAddNetNode : public QDialog {
+class frmAddNetNode : public ProgramDialog {
     Q_OBJECT
 
 public:
-    struct Services {
-        Dialogs& dialogs;
-        const SkinOwner* skin = nullptr;
-        std::function<void()> openHelp = {};
-    };
-
     /// It stands in the middle of `owner`, and over `parent`.
-    frmAddNetNode(const Services& services, const QWidget* owner, QWidget* parent);
+    frmAddNetNode(Dialogs& dialogs, const DialogLook& look, const QWidget* owner, QWidget* parent);
     ~frmAddNetNode() override = default;
 
     /// The name, "|" and the type; empty without an answer.
@@ -41,7 +33,6 @@ public:
     void reject() override;
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -54,8 +45,7 @@ private:
     void cmdOK_Click();
     void Complain(const char* text);
 
-    Services services_;
-    DialogSkin skin_;
+    Dialogs& dialogs_;
     QLineEdit* txtNetNodeName_ = nullptr;
     QPushButton* cmdBrNetNode_ = nullptr;
     QLabel* Label1_ = nullptr;

@@ -1,7 +1,6 @@
 #include "options/frmOpts.h"
 
 #include "controls/Color.h"
-#include "controls/HelpKey.h"
 #include "options/frmAddNetNode.h"
 #include "options/modBrowse.h"
 #include "runtime/Formats.h"
@@ -22,7 +21,7 @@ constexpr int CancelledByUser = 32755;
 } // namespace
 
 frmOpts::frmOpts(const OptionServices& services, QWidget* owner)
-    : QDialog(owner)
+    : ProgramDialog(Text("frmOpts"), services.look, owner)
     , services_(services)
     , controls_(*this)
     , exclusions_(controls_, {.settings = services.settings,
@@ -31,7 +30,6 @@ frmOpts::frmOpts(const OptionServices& services, QWidget* owner)
                               .askForNode = [this] { return AskForNode(); }})
     , checks_(controls_, services.dialogs)
     , values_(controls_, exclusions_, services) {
-    setObjectName(Text("frmOpts"));
     setWindowTitle(Text("Options"));
     ConnectControls();
     ConnectEdits();
@@ -42,10 +40,9 @@ frmOpts::frmOpts(const OptionServices& services, QWidget* owner)
 void frmOpts::Form_Load() {
     services_.dialogs.Trap(Text("frmOpts.Form_Load Error"), [this] {
         SetClientSize(*this, ClientSize.width(), ClientSize.height());
-        skin_.Load(*this, services_.skin, ClientSize);
+        LoadSkin(ClientSize);
         FixSizeAroundContents(*this);
-        if (parentWidget())
-            CentreWindow(*parentWidget(), *this);
+        Centre();
         controls_.SSTab1->setCurrentIndex(OptionControls::General);
         values_.Load();
         controls_.cmdApply->setEnabled(false);
@@ -105,9 +102,7 @@ void frmOpts::ConnectExclusions() {
 }
 
 QString frmOpts::AskForNode() {
-    frmAddNetNode dialog(
-        {.dialogs = services_.dialogs, .skin = services_.skin, .openHelp = services_.openHelp},
-        parentWidget(), this);
+    frmAddNetNode dialog(services_.dialogs, Look(), parentWidget(), this);
     dialog.exec();
     return dialog.NewNetNode();
 }
@@ -170,11 +165,6 @@ void frmOpts::OKCmd_Click() {
     cmdApply_Click();
     if (!ApplyFailed_)
         accept();
-}
-
-void frmOpts::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*event, services_.openHelp))
-        QDialog::keyPressEvent(event);
 }
 
 void frmOpts::changeEvent(QEvent* event) {

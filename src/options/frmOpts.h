@@ -5,15 +5,13 @@
 #include "options/OptionControls.h"
 #include "options/OptionServices.h"
 #include "options/OptionValues.h"
-#include "skins/DialogSkin.h"
-
-#include <QDialog>
+#include "skins/ProgramDialog.h"
 
 namespace netrove {
 
 /// The options dialog: shows the settings and takes what the user has changed, when it has passed
 /// the checks. It is shown by exec(). Nothing goes to the settings file here.
-class frmOpts : public QDialog {
+class frmOpts : public ProgramDialog {
     Q_OBJECT
 
 public:
@@ -25,7 +23,6 @@ public:
     [[nodiscard]] bool ApplyFailed() const { return ApplyFailed_; }
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -49,7 +46,6 @@ private:
     ExclusionEditor exclusions_;
     OptionChecks checks_;
     OptionValues values_;
-    DialogSkin skin_;
     bool ApplyFailed_ = false;
 };
 

@@ -1,6 +1,5 @@
 #include "silent/frmSilent.h"
 
-#include "controls/HelpKey.h"
 #include "controls/ListHeader.h"
 #include "controls/Twips.h"
 #include "search/NotSearchedText.h"
@@ -42,16 +41,15 @@ bool HasSameNames(const ListView& list, const std::vector<NotSearched>& all) {
 } // namespace
 
 frmSilent::frmSilent(const Services& services, QWidget* owner)
-    : QDialog(owner)
+    : ProgramDialog(QStringLiteral("frmSilent"), services.look, owner)
     , services_(services)
     , lblCount_(new QLabel(this))
     , lvwSilent_(new ListView(this))
     , lblNobody_(new QLabel(this)) {
-    setObjectName(QStringLiteral("frmSilent"));
     setWindowTitle(tr("Computers That Didn't Answer"));
     setAttribute(Qt::WA_DeleteOnClose);
     LayOut();
-    skin_.Load(*this, services_.skin);
+    LoadSkin();
     connect(lvwSilent_, &ListView::CopyPressed, this, &frmSilent::CopyRows);
     connect(lvwSilent_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &frmSilent::UpdateButtons);
@@ -215,11 +213,6 @@ void frmSilent::CopyRows() const {
                      lvwSilent_->SubItem(row, 2));
     if (!lines.isEmpty())
         QGuiApplication::clipboard()->setText(lines.join(u'\n'));
-}
-
-void frmSilent::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*event, services_.openHelp))
-        QDialog::keyPressEvent(event);
 }
 
 } // namespace netrove

@@ -3,9 +3,8 @@
 #include "controls/ListView.h"
 #include "platform/NetworkReport.h"
 #include "platform/ReachTest.h"
-#include "skins/DialogSkin.h"
+#include "skins/ProgramDialog.h"
 
-#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -20,7 +19,7 @@ namespace netrove {
 /// helps. It follows the report while it's open; a search may go on behind it.
 ///
 /// "Try Again" asks what didn't answer, and tells whether it does now. It starts no search.
-class frmSilent : public QDialog {
+class frmSilent : public ProgramDialog {
     Q_OBJECT
 
 public:
@@ -31,16 +30,12 @@ public:
         std::function<bool()> isBusy = [] { return false; };
         /// Asks for the logon of a computer (without "\\"); without it there is no button for that.
         std::function<void(QWidget& owner, const QString& computer)> logOn = {};
-        QString networkFile = {};            ///< "network.ini" with its path
-        const SkinOwner* skin = nullptr;     ///< what it looks like; null for the desktop's look
-        std::function<void()> openHelp = {}; ///< what the key F1 does
+        QString networkFile = {}; ///< "network.ini" with its path
+        DialogLook look = {};
     };
 
     frmSilent(const Services& services, QWidget* owner);
     ~frmSilent() override;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void LayOut();
@@ -62,7 +57,6 @@ private:
     QPushButton* cmdLogOn_ = nullptr;
     QPushButton* cmdTryAgain_ = nullptr;
     QTimer tmrRefresh_;
-    DialogSkin skin_;
     std::vector<NotSearched> shown_;
     std::optional<int> foundNow_; ///< when nobody had been found and was looked for again
 };

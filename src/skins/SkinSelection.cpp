@@ -205,7 +205,7 @@ void SkinSelection::ColorWindow() {
 }
 
 void SkinSelection::mnuSkinCust_Click() {
-    frmCustomizeSkin dialog({.owner = this, .openHelp = services_.openHelp}, controls_.window);
+    frmCustomizeSkin dialog({.skin = this, .openHelp = services_.openHelp}, controls_.window);
     dialog.exec();
     if (dialog.Cancelled())
         return;

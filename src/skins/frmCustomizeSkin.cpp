@@ -1,6 +1,5 @@
 #include "skins/frmCustomizeSkin.h"
 
-#include "controls/HelpKey.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 #include "windowservices/WindowGeometry.h"
@@ -99,9 +98,8 @@ void ShowMember(QScrollBar& slider, float member, int zero) {
 
 } // namespace
 
-frmCustomizeSkin::frmCustomizeSkin(const Services& services, QWidget* window)
-    : QDialog(window)
-    , services_(services)
+frmCustomizeSkin::frmCustomizeSkin(const DialogLook& look, QWidget* window)
+    : ProgramDialog(QStringLiteral("frmCustomizeSkin"), look, window)
     , chkColourise_(new QCheckBox(this))
     , chkAdjustRGB_(new QCheckBox(this))
     , hscHue_(new Slider("hscHue", 600, 100, this))
@@ -112,7 +110,6 @@ frmCustomizeSkin::frmCustomizeSkin(const Services& services, QWidget* window)
     , picSample_(new Picture([this](QPainter& painter) { DrawSample(painter); }, this))
     , cmdOk_(new QPushButton(Text("OK"), this))
     , cmdCancel_(new QPushButton(Text("Cancel"), this)) {
-    setObjectName(Text("frmCustomizeSkin"));
     setWindowTitle(Text("Customize Skin"));
     MakeControls();
     Arrange();
@@ -202,11 +199,10 @@ void frmCustomizeSkin::setVisible(bool visible) {
 }
 
 void frmCustomizeSkin::Form_Load() {
-    if (services_.owner)
-        configuration_ = services_.owner->SkinConfiguration();
-    skin_.Load(*this, services_.owner, ClientSize);
-    if (parentWidget())
-        CentreWindow(*parentWidget()->window(), *this);
+    if (Look().skin)
+        configuration_ = Look().skin->SkinConfiguration();
+    LoadSkin(ClientSize);
+    Centre();
     if (configuration_)
         LoadAdjustments();
     picSample_->update();
@@ -270,7 +266,7 @@ void frmCustomizeSkin::DrawSample(QPainter& painter) const {
     const QWidget* window = parentWidget() ? parentWidget()->window() : this;
     const int width = picSample_->width();
     const int height = picSample_->height();
-    const int rightOfFront = services_.owner->SkinIndex() < 3 ? 30 : 40;
+    const int rightOfFront = Look().skin->SkinIndex() < 3 ? 30 : 40;
     configuration_->DrawSample(*window, painter, 4, 4, width - 40, height - 40, false);
     configuration_->DrawSample(*window, painter, 32, 32, width - rightOfFront, height - 40, true);
 }
@@ -278,11 +274,6 @@ void frmCustomizeSkin::DrawSample(QPainter& painter) const {
 void frmCustomizeSkin::cmdOk_Click() {
     cancelled_ = false;
     accept();
-}
-
-void frmCustomizeSkin::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*event, services_.openHelp))
-        QDialog::keyPressEvent(event);
 }
 
 /// A click on the label of a check box counts as one on the box.

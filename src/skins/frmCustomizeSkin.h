@@ -1,17 +1,15 @@
 #pragma once
 
-#include "skins/DialogSkin.h"
+#include "skins/ProgramDialog.h"
 #include "skins/SkinOwner.h"
 
 #include <QCheckBox>
-#include <QDialog>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
 
 #include <array>
-#include <functional>
 #include <memory>
 
 namespace netrove {
@@ -21,16 +19,12 @@ namespace netrove {
 ///
 /// What the user does is written to the configuration at once, which all windows share, and seen
 /// in the sample; the windows take it over when they are attached to the configuration again.
-class frmCustomizeSkin : public QDialog {
+class frmCustomizeSkin : public ProgramDialog {
     Q_OBJECT
 
 public:
-    struct Services {
-        const SkinOwner* owner = nullptr; ///< without one there is nothing to adjust
-        std::function<void()> openHelp;   ///< what the key F1 does
-    };
-
-    frmCustomizeSkin(const Services& services, QWidget* window);
+    /// Without a skin there is nothing to adjust.
+    frmCustomizeSkin(const DialogLook& look, QWidget* window);
 
     /// Whether it was closed otherwise than by the button OK.
     [[nodiscard]] bool Cancelled() const { return cancelled_; }
@@ -41,7 +35,6 @@ public:
     void setVisible(bool visible) override;
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -63,7 +56,6 @@ private:
     void DrawSample(QPainter& painter) const;
     void cmdOk_Click();
 
-    Services services_;
     QCheckBox* chkColourise_;
     QCheckBox* chkAdjustRGB_;
     QScrollBar* hscHue_;
@@ -76,7 +68,6 @@ private:
     QPushButton* cmdOk_;
     QPushButton* cmdCancel_;
     std::shared_ptr<netrove::SkinConfiguration> configuration_;
-    DialogSkin skin_;
     bool isLoaded_ = false;
     bool cancelled_ = true;
 };

@@ -37,7 +37,6 @@ protected:
                   .contactAddress = Text("who@site.example"),
                   .UpdateMnu = [this] { ++updates; },
                   .version = {{1, 2, 3}}},
-                 nullptr,
                  mainWindow};
 };
 

@@ -41,7 +41,12 @@ protected:
     void Make() {
         exclusions.ParseNetNodes(settings);
         browser = std::make_unique<frmNWDialog>(
-            BrowserServices{network, settings, exclusions, log, dialogs, [this] { ++helped; }},
+            BrowserServices{.network = network,
+                            .settings = settings,
+                            .exclusions = exclusions,
+                            .log = log,
+                            .dialogs = dialogs,
+                            .look = {.openHelp = [this] { ++helped; }}},
             nullptr);
     }
 

@@ -63,8 +63,7 @@ protected:
         ProgramServices services = Services(network);
         services.report = &network.Report();
         services.reachTest = &reachTest;
-        services.showLogons = [this](QWidget& owner, const auto&, const auto&,
-                                     const QString& computer) {
+        services.showLogons = [this](QWidget& owner, const auto&, const QString& computer) {
             logOns.append(owner.objectName() + u' ' + computer);
         };
         window = std::make_unique<frmNetrove>(services);

@@ -97,7 +97,7 @@ protected:
 
     /// Every dialog of the program: one more is a line more.
     std::vector<QWidget*> Dialogs() {
-        SkinSelection& skin = window->Skins();
+        const DialogLook look{.skin = &window->Skins()};
         QWidget* owner = window.get();
         return {
             new frmNWDialog({.network = network,
@@ -105,15 +105,14 @@ protected:
                              .exclusions = exclusions,
                              .log = log,
                              .dialogs = dialogs,
-                             .openHelp = {},
-                             .skin = &skin},
+                             .look = look},
                             owner),
-            new frmSilent({.report = report, .skin = &skin}, owner),
-            new frmSilent({.report = nobody, .skin = &skin}, owner),
-            new frmLogons({.logons = logons, .dialogs = dialogs, .placeOf = {}, .skin = &skin},
+            new frmSilent({.report = report, .look = look}, owner),
+            new frmSilent({.report = nobody, .look = look}, owner),
+            new frmLogons({.logons = logons, .dialogs = dialogs, .placeOf = {}, .look = look},
                           owner),
-            new frmLogon(nullptr, {.hasKeyring = false, .dialogs = dialogs, .skin = &skin}, owner),
-            new frmCustomizeSkin({.owner = &skin, .openHelp = {}}, owner),
+            new frmLogon(nullptr, {.hasKeyring = false, .dialogs = dialogs, .look = look}, owner),
+            new frmCustomizeSkin(look, owner),
             new frmOpts({.settings = settings,
                          .dialogs = dialogs,
                          .system = system,
@@ -123,25 +122,26 @@ protected:
                          .OSName = Text("OS"),
                          .OSVersion = Text("1"),
                          .CurrentUser = Text("me"),
-                         .skin = &skin},
+                         .look = look},
                         owner),
-            new frmAddNetNode({.dialogs = dialogs, .skin = &skin}, owner, owner),
-            new frmUpdate(Online(skin), owner),
-            new frmDonate(Online(skin), owner),
+            new frmAddNetNode(dialogs, look, owner, owner),
+            new frmUpdate(Online(look), owner),
+            new frmDonate(Online(look), owner),
             new frmAbout({.shell = shellServices,
                           .webAddress = Text("https://site.example/"),
-                          .contactAddress = Text("who@site.example")},
-                         &skin, *owner),
+                          .contactAddress = Text("who@site.example"),
+                          .look = look},
+                         *owner),
             new frmColHelp({.ColHelpText = Text("The size"), .ColHelpKey = 1}, owner),
         };
     }
 
-    OnlineServices Online(const SkinSelection& skin) {
+    OnlineServices Online(const DialogLook& look) {
         return {.http = http,
                 .dialogs = dialogs,
                 .shell = shellServices,
                 .webAddress = Text("https://site.example/"),
-                .skin = &skin};
+                .look = look};
     }
 
     /// With every page of it, with what is there only when it is asked for, and at rest.

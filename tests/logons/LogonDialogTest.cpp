@@ -29,7 +29,7 @@ protected:
             LogonServices{.logons = logons,
                           .dialogs = dialogs,
                           .placeOf = [this](const QString& name) { return PlaceOf(name); },
-                          .openHelp = [this] { ++helps; },
+                          .look = {.openHelp = [this] { ++helps; }},
                           .computer = computer},
             nullptr);
         dialog->show();

@@ -3,7 +3,7 @@
 #include "desktop/WindowYield.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/Find.h"
-#include "online/OnlineServices.h"
+#include "online/OnlineDialog.h"
 #include "runtime/Yield.h"
 
 #include <QDialog>
@@ -26,7 +26,7 @@ protected:
                                                     .dialogs = dialogs,
                                                     .shell = shellServices,
                                                     .webAddress = Text("https://site.example/"),
-                                                    .openHelp = [this] { ++helps; },
+                                                    .look = {.openHelp = [this] { ++helps; }},
                                                     .version = {{0, 99, 5}}},
                                      &owner);
         dialog->open();

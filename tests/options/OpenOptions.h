@@ -41,7 +41,7 @@ protected:
                            .OSName = Text("TEST OS"),
                            .OSVersion = Text("1.2"),
                            .CurrentUser = Text("tester"),
-                           .openHelp = [this] { ++helped; }},
+                           .look = {.openHelp = [this] { ++helped; }}},
             &window);
         dialog->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));

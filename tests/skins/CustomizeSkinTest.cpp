@@ -17,7 +17,7 @@ protected:
     void Open(qint16 index) {
         skins.mnuSkin_Click(index);
         dialog = std::make_unique<frmCustomizeSkin>(
-            frmCustomizeSkin::Services{.owner = &skins, .openHelp = [this] { ++helped; }}, &window);
+            DialogLook{.skin = &skins, .openHelp = [this] { ++helped; }}, &window);
         dialog->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog.get()));
     }

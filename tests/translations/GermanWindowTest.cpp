@@ -205,9 +205,8 @@ TEST_F(GermanWindow, ALongerNoteHasRoomInsideASkin) {
     const Translation german({Text("de")});
     auto services = Services(network);
     bool isSeen = false;
-    services.showLogons = [&](QWidget& owner, const SkinOwner& skin, const auto& /*openHelp*/,
-                              const QString& /*computer*/) {
-        frmLogon form(nullptr, {false, dialogs, &skin}, &owner);
+    services.showLogons = [&](QWidget& owner, const DialogLook& look, const QString& /*computer*/) {
+        frmLogon form(nullptr, {false, dialogs, look}, &owner);
         form.show();
         isSeen = QTest::qWaitForWindowExposed(&form);
         const auto& note = *form.findChild<QLabel*>(Text("lblNoKeyring"));
