@@ -2,7 +2,7 @@
 // links that it follows without telling, delays and faults by path, and writes down what it is
 // asked.
 
-#include "platform/Files.h"
+#include "runtime/FileAttribute.h"
 #include "smb/Frames.h"
 #include "smb/HelperLaunch.h"
 #include "smb/SmbMessages.h"
