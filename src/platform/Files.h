@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/FileAttribute.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
@@ -8,19 +10,6 @@
 #include <optional>
 
 namespace netrove {
-
-/// Attribute bits of a file or folder, as SMB and the rules count them.
-namespace FileAttribute {
-inline constexpr quint32 ReadOnly = 1;
-inline constexpr quint32 Hidden = 2;
-inline constexpr quint32 System = 4;
-inline constexpr quint32 Directory = 16;
-inline constexpr quint32 Archive = 32;
-/// A junction, a link or another point where the tree leaves itself ([MS-FSCC] 2.6).
-inline constexpr quint32 ReparsePoint = 0x400;
-/// The content lies on slow storage: opening the file would fetch it ([MS-FSCC] 2.6).
-inline constexpr quint32 Offline = 0x1000;
-} // namespace FileAttribute
 
 /// One entry of a folder listing. Only the name and the directory bit are always filled.
 struct FindData {

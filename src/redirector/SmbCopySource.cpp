@@ -1,7 +1,7 @@
 #include "redirector/SmbCopySource.h"
 
-#include "platform/Files.h"
 #include "redirector/SmbErrors.h"
+#include "runtime/FileAttribute.h"
 #include "smb/SmbMemory.h"
 
 #include <optional>

@@ -1,8 +1,8 @@
 #include "redirector/SmbWorker.h"
 
-#include "platform/Secret.h"
 #include "redirector/SmbLauncher.h"
 #include "redirector/WaitingPoll.h"
+#include "runtime/Secret.h"
 #include "smb/Descriptors.h"
 #include "smb/HelperLaunch.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Secret.h"
+#include "runtime/Secret.h"
 
 #include <QString>
 

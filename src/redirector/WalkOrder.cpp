@@ -1,7 +1,7 @@
 #include "redirector/WalkOrder.h"
 
-#include "platform/Files.h"
 #include "redirector/FolderKeys.h"
+#include "runtime/FileAttribute.h"
 
 #include <algorithm>
 

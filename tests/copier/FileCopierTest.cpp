@@ -16,30 +16,6 @@ protected:
     void SetUp() override { tree_.Folder("save"); }
 };
 
-TEST_F(FileCopierTest, EveryAcceptedCopyEndsOnce) {
-    constexpr int count = 60;
-    for (int at = 0; at < count; ++at)
-        tree_.File("from/" + QByteArray::number(at), Pattern(at * 1000));
-    CopierDriver driver;
-    QStringList ids;
-    for (int at = 0; at < count; ++at) {
-        const QString name = QString::number(at);
-        ids += driver.Copier().QueueCopy(tree_.Path(Text("from/") + name), save_ + name);
-        EXPECT_TRUE(driver.Copier().Progress(ids.last()));
-    }
-    const QString missing =
-        driver.Copier().QueueCopy(tree_.Path(Text("from/none")), save_ + Text("none"));
-    ids += missing;
-    EXPECT_TRUE(driver.Done().isEmpty()) << "never from within QueueCopy";
-    ASSERT_TRUE(CopierDriver::WaitUntil([&] { return driver.Done().size() >= ids.size(); }));
-    for (const QString& id : ids) {
-        EXPECT_EQ(driver.Done().count(id), 1) << id.toStdString();
-        EXPECT_FALSE(driver.Copier().Progress(id));
-    }
-    for (int at = 0; at < count; ++at)
-        EXPECT_EQ(ContentOf(save_ + QString::number(at)), Pattern(at * 1000));
-}
-
 TEST_F(FileCopierTest, TheSampleNetworkIsCopiedFromItsFolder) {
     tree_.File("network/GROUP/SERVER/SHARE/folder/file", "content");
     tree_.File("network/GROUP/SERVER/GONE/file", "content");

@@ -258,14 +258,5 @@ TEST_F(ProfileFileTest, IsWholeWheneverItsWriterIsKilled) {
     }
 }
 
-TEST_F(ProfileFileTest, HandlesAsManyKeysAsThereCanBe) {
-    ProfileFile file(Path());
-    const ProfileFile::Batch batch(file);
-    for (int key = 0; key < 32767; ++key)
-        file.WriteIni(Text("A"), QString::number(key), Text("v"));
-    for (int key = 0; key < 32767; ++key)
-        ASSERT_EQ(file.ReadIni(Text("a"), QString::number(key), QString()), Text("v"));
-}
-
 } // namespace
 } // namespace netrove

@@ -190,12 +190,12 @@ TEST_F(SmbAheadTest, ChangesNothingButWhenRequestsAreSent) {
         bool recurse = true;
         int connections = 100;
     };
-    int seed = 0;
+    int seed = 1;
     for (const Case& test :
-         {Case{"Temp|True|Folder"}, Case{"D1|True|Folder"}, Case{"d0\\d1|True|Folder", true},
-          Case{"C$|True|Folder", true}, Case{"Temp|True|Folder", true, false},
-          Case{"PC2|True|Workstation"}, Case{"ODD|True|Workgroup"},
-          Case{"ODD|True|Workgroup", false, true, 2}, Case{"ODD|True|Workgroup", true, true, 2}}) {
+         {Case{"D1|True|Folder"}, Case{"d0\\d1|True|Folder", true}, Case{"C$|True|Folder", true},
+          Case{"Temp|True|Folder", true, false}, Case{"PC2|True|Workstation"},
+          Case{"ODD|True|Workgroup"}, Case{"ODD|True|Workgroup", false, true, 2},
+          Case{"ODD|True|Workgroup", true, true, 2}}) {
         Walk walk;
         walk.settings.ExcNetNodes = {Text(test.exclusion)};
         walk.settings.IncludeAdminShares = test.admin;
@@ -219,7 +219,7 @@ TEST_F(SmbAheadTest, ADistantComputerGetsConnectionsBeforeThereIsWorkForThem) {
 }
 
 TEST_F(SmbAheadTest, AnAbandonedWalkEndsAsItWouldAndAsksForNothingElse) {
-    for (int seed = 20; seed < 24; ++seed) {
+    for (int seed = 20; seed < 23; ++seed) {
         Walk whole;
         Run(whole, seed, false);
         for (int part = 1; part <= 3; ++part) {

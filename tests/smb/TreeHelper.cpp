@@ -2,7 +2,7 @@
 // links that it follows without telling, delays and faults by path, and writes down what it is
 // asked.
 
-#include "platform/Files.h"
+#include "runtime/FileAttribute.h"
 #include "smb/Frames.h"
 #include "smb/HelperLaunch.h"
 #include "smb/SmbMessages.h"
@@ -19,7 +19,7 @@
 namespace netrove {
 namespace {
 
-constexpr int Levels = 4;
+constexpr int Levels = 3;
 
 class Tree {
 public:
@@ -93,7 +93,7 @@ QByteArray Content(const Tree& tree, const QString& place) {
 
 void Answer(const Tree& tree, const SmbRequest& request) {
     const QString place = tree.Place(request);
-    usleep(tree.Number(place, 5, 1000));
+    usleep(tree.Number(place, 5, 200));
     if (request.kind == SmbRequest::Kind::ListShares) {
         Say(SmbShares{{.name = QStringLiteral("ONE")},
                       {.kind = SmbShare::Kind::Printer, .name = QStringLiteral("LASER")},

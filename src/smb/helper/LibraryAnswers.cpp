@@ -1,6 +1,6 @@
 #include "smb/helper/LibraryAnswers.h"
 
-#include "platform/Files.h"
+#include "runtime/FileAttribute.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,4 +1,4 @@
-#include "platform/Secret.h"
+#include "runtime/Secret.h"
 
 #include <cstring>
 #include <new>
