@@ -1,5 +1,7 @@
 #include "desktop/DesktopAddress.h"
 
+#include "runtime/Names.h"
+
 #include <QStringList>
 
 namespace netrove {
@@ -8,11 +10,6 @@ namespace {
 
 /// What "smb:" means without a port.
 constexpr quint16 UsualPort = 445;
-
-bool CanStandInAddress(const QString& name) {
-    return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
-           !name.contains(QLatin1Char('/')) && !name.contains(QChar(0));
-}
 
 } // namespace
 
@@ -24,7 +21,7 @@ std::optional<QUrl> SmbAddress(const QString& networkPath,
     if (names.size() > 1 && names.last().isEmpty())
         names.removeLast();
     for (const QString& name : std::as_const(names)) {
-        if (!CanStandInAddress(name))
+        if (!IsPathElement(name))
             return std::nullopt;
     }
 

@@ -1,5 +1,7 @@
 #include "discovery/Answer.h"
 
+#include "runtime/Names.h"
+
 #include <QHash>
 
 #include <algorithm>
@@ -51,7 +53,7 @@ public:
         }
         std::sort(computers.begin(), computers.end(),
                   [](const FoundComputer& left, const FoundComputer& right) {
-                      return left.name.toCaseFolded() < right.name.toCaseFolded();
+                      return NameKey(left.name) < NameKey(right.name);
                   });
         return computers;
     }
@@ -68,7 +70,7 @@ private:
     /// Of the computer that the answer is about, a new one where it is none of those known; -1
     /// where the answer makes no computer.
     int IndexOf(const Answer& answer) {
-        const QString name = answer.name.toCaseFolded();
+        const QString name = NameKey(answer.name);
         if (const auto same = byName_.constFind(name); same != byName_.cend())
             return *same;
         // Two names that came the same way from one address are two computers: one host may speak

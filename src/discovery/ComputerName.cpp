@@ -1,18 +1,16 @@
 #include "discovery/ComputerName.h"
 
+#include "runtime/Names.h"
+
 #include <algorithm>
 
 namespace netrove {
 
 bool IsComputerName(const QString& text) {
-    constexpr qsizetype maxLength = 255;
-    constexpr QStringView separators = u"\\/|";
-    return !text.isEmpty() && text.size() <= maxLength && text != QLatin1String(".") &&
-           text != QLatin1String("..") && text.isValidUtf16() && !text.front().isSpace() &&
-           !text.back().isSpace() && std::none_of(text.begin(), text.end(), [&](QChar character) {
-               return separators.contains(character) ||
-                      character.category() == QChar::Other_Control;
-           });
+    return IsNodeName(text) && text.size() <= NameLimits::RemoteName && text.isValidUtf16() &&
+           !text.front().isSpace() && !text.back().isSpace() &&
+           std::ranges::none_of(
+               text, [](QChar character) { return character.category() == QChar::Other_Control; });
 }
 
 } // namespace netrove

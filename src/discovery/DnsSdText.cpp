@@ -2,6 +2,7 @@
 
 #include "discovery/ComputerName.h"
 #include "platform/TextEncoding.h"
+#include "runtime/Names.h"
 
 #include <algorithm>
 
@@ -9,8 +10,7 @@ namespace netrove::DnsSdText {
 namespace {
 
 bool LooksLikeHost(const QString& text) {
-    constexpr qsizetype maxLabel = 63;
-    return !text.isEmpty() && text.size() <= maxLabel &&
+    return !text.isEmpty() && text.size() <= NameLimits::HostLabel &&
            std::all_of(text.begin(), text.end(), [](QChar character) {
                return character.isLetterOrNumber() || character == u'-' || character == u'_';
            });

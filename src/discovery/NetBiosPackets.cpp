@@ -2,6 +2,7 @@
 
 #include "discovery/ComputerName.h"
 #include "platform/TextEncoding.h"
+#include "runtime/Names.h"
 
 #include <QtEndian>
 
@@ -21,7 +22,6 @@ constexpr quint8 SuffixWorkstation = 0x00;
 constexpr quint8 SuffixBrowser = 0x01;
 constexpr quint8 SuffixFileServer = 0x20;
 constexpr quint16 FlagGroup = 0x8000;
-constexpr qsizetype NameBytes = 15;
 constexpr QByteArrayView MasterBrowserName("\x01\x02__MSBROWSE__\x02");
 
 /// Reads a packet from front to back; past its end all reads give nothing.
@@ -92,7 +92,7 @@ QString NameText(QByteArrayView padded) {
 
 void ReadNames(Reader& reader, Reply& reply) {
     for (int left = reader.Byte(); left > 0; --left) {
-        const QByteArrayView name = reader.Take(NameBytes);
+        const QByteArrayView name = reader.Take(NameLimits::NetBiosBytes);
         const quint8 suffix = reader.Byte();
         const bool isGroup = (reader.Word() & FlagGroup) != 0;
         if (!reader.IsGood())

@@ -1,6 +1,6 @@
 #include "logons/frmLogon.h"
 
-#include "redirector/UncPath.h"
+#include "runtime/Names.h"
 #include "runtime/SourceText.h"
 #include "skins/SkinControls.h"
 #include "windowservices/WindowGeometry.h"
@@ -121,13 +121,12 @@ QString frmLogon::Computer() const {
     QString name = cboComputer_->currentText().trimmed();
     while (name.startsWith(u'\\') || name.startsWith(u'/'))
         name.remove(0, 1);
-    return IsSameComputer(name, AllComputers()) ? QString() : name;
+    return IsSameName(name, AllComputers()) ? QString() : name;
 }
 
 void frmLogon::accept() {
     const QString computer = Computer();
-    if (!UncPath::IsName(computer) &&
-        !IsSameComputer(cboComputer_->currentText(), AllComputers())) {
+    if (!IsNodeName(computer) && !IsSameName(cboComputer_->currentText(), AllComputers())) {
         Complain(tr("Type the name of a computer, or choose \"%1\".").arg(AllComputers()),
                  *cboComputer_);
         return;

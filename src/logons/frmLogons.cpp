@@ -1,6 +1,6 @@
 #include "logons/frmLogons.h"
 
-#include "redirector/UncPath.h"
+#include "runtime/Names.h"
 #include "windowservices/WindowGeometry.h"
 
 #include <QCoreApplication>
@@ -132,7 +132,7 @@ void frmLogons::ShowLogons() {
 
 void frmLogons::Select(const QString& computer) {
     for (std::size_t at = 0; at < shown_.size(); ++at) {
-        if (at == 0 || IsSameComputer(shown_[at].computer, computer))
+        if (at == 0 || IsSameName(shown_[at].computer, computer))
             controls_.lvwLogons->setCurrentItem(
                 controls_.lvwLogons->topLevelItem(static_cast<int>(at)));
     }
@@ -159,7 +159,7 @@ frmLogon::Services frmLogons::FormServices() const {
 
 void frmLogons::AskFor(const QString& computer) {
     const bool isStored = std::ranges::any_of(
-        shown_, [&](const StoredLogon& one) { return IsSameComputer(one.computer, computer); });
+        shown_, [&](const StoredLogon& one) { return IsSameName(one.computer, computer); });
     if (!isStored) {
         AddFor(computer);
         return;
@@ -179,7 +179,7 @@ void frmLogons::AddFor(const QString& computer) {
     if (form.exec() != QDialog::Accepted)
         return;
     const auto isSame = [&](const StoredLogon& one) {
-        return IsSameComputer(one.computer, form.Result().computer);
+        return IsSameName(one.computer, form.Result().computer);
     };
     if (std::any_of(shown_.begin(), shown_.end(), isSame) &&
         services_.dialogs.Message(MessageIcon::Question,
@@ -253,7 +253,7 @@ void frmLogons::cmdTest_Click() {
     if (computer.isEmpty())
         return;
     std::shared_ptr<const RemotePlace> place;
-    if (UncPath::IsName(computer))
+    if (IsNodeName(computer))
         place = services_.placeOf(computer);
     if (!place) {
         controls_.lblState->setText(tr("%1 isn't reached over this network.").arg(computer));

@@ -1,13 +1,12 @@
 #include "network/NetResource.h"
 
+#include "runtime/Names.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 
 namespace netrove {
 namespace {
 
-/// Longest text that a record's field is taken with, in characters.
-constexpr qsizetype MaxRecordText = 255;
 /// Bytes that an enumeration is first asked to fit its records in.
 constexpr quint32 FirstBufferSize = 1024;
 
@@ -53,7 +52,7 @@ private:
 };
 
 QString RecordText(const QString& text) {
-    return CutAtZero(text.left(MaxRecordText));
+    return CutAtZero(text.left(NameLimits::RemoteName));
 }
 
 /// Whether FindNWObjects looks below a node of this type.

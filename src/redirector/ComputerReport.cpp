@@ -1,5 +1,7 @@
 #include "redirector/ComputerReport.h"
 
+#include "runtime/Names.h"
+
 #include <algorithm>
 
 namespace netrove {
@@ -10,9 +12,8 @@ void ComputerReport::Begin() {
 }
 
 NotSearched* ComputerReport::Find(const QString& name) {
-    const auto found = std::ranges::find_if(all_, [&](const NotSearched& one) {
-        return one.name.compare(name, Qt::CaseInsensitive) == 0;
-    });
+    const auto found = std::ranges::find_if(
+        all_, [&](const NotSearched& one) { return IsSameName(one.name, name); });
     return found == all_.end() ? nullptr : &*found;
 }
 

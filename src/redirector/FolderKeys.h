@@ -1,6 +1,7 @@
 #pragma once
 
 #include "redirector/UncPath.h"
+#include "runtime/Names.h"
 
 #include <QString>
 
@@ -9,7 +10,7 @@ namespace netrove {
 /// Names for servers, shares and folders of the SMB network: texts that differ are different
 /// places. A server may have folders whose names differ in case alone.
 [[nodiscard]] inline QString ServerKey(const QString& server) {
-    return server.toLower();
+    return NameKey(server);
 }
 
 [[nodiscard]] inline QString KeyBelow(const QString& key, const QString& name) {
@@ -25,7 +26,7 @@ namespace netrove {
 [[nodiscard]] inline QString FolderKey(const UncPath& path, qsizetype elements) {
     QString key = ServerKey(path.Server());
     if (!path.Share().isEmpty())
-        key = KeyBelow(key, path.Share().toLower());
+        key = KeyBelow(key, NameKey(path.Share()));
     for (qsizetype at = 0; at < elements; ++at)
         key = KeyBelow(key, path.Elements()[at]);
     return key;

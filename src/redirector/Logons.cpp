@@ -1,5 +1,6 @@
 #include "redirector/Logons.h"
 
+#include "runtime/Names.h"
 #include "smb/SmbMessages.h"
 
 #include <algorithm>
@@ -22,24 +23,20 @@ constexpr auto ReadLimit = 30s;
 /// no room for another connection refuses too.
 constexpr int MaxRefusals = 3;
 
-QString Key(const QString& computer) {
-    return computer.toCaseFolded();
-}
-
 QString ComputerOf(const SmbRequest& request) {
-    return Key(request.computer.isEmpty() ? request.host : request.computer);
+    return NameKey(request.computer.isEmpty() ? request.host : request.computer);
 }
 
 void EraseComputer(std::vector<StoredLogon>& logons, const QString& computer) {
     std::erase_if(logons,
-                  [&](const StoredLogon& one) { return IsSameComputer(one.computer, computer); });
+                  [&](const StoredLogon& one) { return IsSameName(one.computer, computer); });
 }
 
 } // namespace
 
 Logons::Known* Logons::Find(const QString& computer) {
     const auto found = std::find_if(known_.begin(), known_.end(), [&](const Known& one) {
-        return Key(one.stored.computer) == computer;
+        return NameKey(one.stored.computer) == computer;
     });
     return found == known_.end() ? nullptr : &*found;
 }
@@ -145,7 +142,7 @@ void Logons::TakeRead(Keyring::Outcome outcome, const Secret& entry) {
     {
         const std::scoped_lock lock(mutex_);
         for (StoredLogon& one : DecodeLogons(entry)) {
-            if (!Find(Key(one.computer)))
+            if (!Find(NameKey(one.computer)))
                 known_.push_back({.stored = std::move(one)});
         }
         reading_ = Reading::Done;
@@ -177,7 +174,7 @@ std::vector<StoredLogon> Logons::All() const {
             all.push_back(known.stored);
     }
     std::sort(all.begin(), all.end(), [](const StoredLogon& left, const StoredLogon& right) {
-        return Key(left.computer) < Key(right.computer);
+        return NameKey(left.computer) < NameKey(right.computer);
     });
     return all;
 }
@@ -185,7 +182,7 @@ std::vector<StoredLogon> Logons::All() const {
 bool Logons::IsRefused(const QString& computer) const {
     const std::scoped_lock lock(mutex_);
     return std::any_of(known_.begin(), known_.end(), [&](const Known& one) {
-        return IsSameComputer(one.stored.computer, computer) &&
+        return IsSameName(one.stored.computer, computer) &&
                (one.isRefusedByDomain || !one.refused.isEmpty());
     });
 }
@@ -195,7 +192,7 @@ void Logons::Store(const StoredLogon& logon, StoreDone done) {
     {
         const std::scoped_lock lock(mutex_);
         Known known{.stored = logon};
-        if (Known* before = Find(Key(logon.computer))) {
+        if (Known* before = Find(NameKey(logon.computer))) {
             wasInKeyring = before->stored.isInKeyring;
             *before = std::move(known);
         } else {
@@ -215,7 +212,7 @@ void Logons::Store(const StoredLogon& logon, StoreDone done) {
         const auto logons = self.lock();
         if (logons && logon.isInKeyring && outcome != Keyring::Outcome::Done) {
             const std::scoped_lock lock(logons->mutex_);
-            if (Known* known = logons->Find(Key(logon.computer)))
+            if (Known* known = logons->Find(NameKey(logon.computer)))
                 known->stored.isInKeyring = false;
         }
         done(outcome);
@@ -227,11 +224,10 @@ void Logons::Remove(const QString& computer, StoreDone done) {
     bool wasInKeyring = false;
     {
         const std::scoped_lock lock(mutex_);
-        if (const Known* known = Find(Key(computer)))
+        if (const Known* known = Find(NameKey(computer)))
             wasInKeyring = known->stored.isInKeyring;
-        std::erase_if(known_, [&](const Known& one) {
-            return IsSameComputer(one.stored.computer, computer);
-        });
+        std::erase_if(known_,
+                      [&](const Known& one) { return IsSameName(one.stored.computer, computer); });
     }
     if (!wasInKeyring) {
         done(Keyring::Outcome::Done);

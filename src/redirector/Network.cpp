@@ -1,5 +1,6 @@
 #include "redirector/Network.h"
 
+#include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
 
 #include <algorithm>
@@ -20,11 +21,6 @@ QString WithoutUncStart(const QString& computer) {
     return IsUnc(computer) ? computer.mid(UncStart.size()) : computer;
 }
 
-/// Names that are equal but for case have the same key.
-QString NameKey(const QString& name) {
-    return name.toCaseFolded();
-}
-
 bool IsShare(const std::optional<UncPath>& path) {
     return path && !path->Share().isEmpty() && path->Elements().isEmpty();
 }
@@ -33,7 +29,7 @@ bool IsShare(const std::optional<UncPath>& path) {
 /// workgroup's name is no path.
 bool FitsBelow(const NetRecord& node, const NetRecord& record) {
     const QString& name = record.lpRemoteName;
-    if (name.size() > Network::MaxRemoteName)
+    if (name.size() > NameLimits::RemoteName)
         return false;
     if (record.dwDisplayType == NetEnum::DisplayShare) {
         const auto path = UncPath::Parse(name);
@@ -51,9 +47,8 @@ bool FitsBelow(const NetRecord& node, const NetRecord& record) {
 /// Whether an entry's name can stand in a path; "." and ".." are folders in every listing.
 bool IsEntry(const FindData& entry) {
     const QString& name = entry.fileName;
-    if (name.isEmpty() || name.contains(u'\\') || name.contains(u'/') || name.contains(QChar::Null))
-        return false;
-    return entry.IsDirectory() || (name != QLatin1String(".") && name != QLatin1String(".."));
+    const bool isDots = name == QLatin1String(".") || name == QLatin1String("..");
+    return IsPathElement(name) || (isDots && entry.IsDirectory());
 }
 
 /// A provider's listing without the entries that can't stand in a path.
@@ -234,7 +229,7 @@ QString Network::ProviderOf(const QString& server) {
 std::optional<NetRecord> Network::Record(const UncPath& path) {
     const QString provider = ProviderOf(path.Server());
     const QString remoteName = path.Text();
-    if (provider.isEmpty() || remoteName.size() > MaxRemoteName)
+    if (provider.isEmpty() || remoteName.size() > NameLimits::RemoteName)
         return std::nullopt;
     NetRecord record{.dwScope = NetEnum::ScopeGlobalNet,
                      .dwType = NetEnum::TypeDisk,

@@ -25,9 +25,6 @@ namespace netrove {
 /// folders are left out where their names couldn't stand in a path.
 class Network : public NetworkEnumeration, public FileAccess, public ReadAhead {
 public:
-    /// Longest remote name that a node of the tree holds, in characters.
-    static constexpr qsizetype MaxRemoteName = 255;
-
     explicit Network(std::vector<std::unique_ptr<NetworkProvider>> providers);
 
     [[nodiscard]] quint32 OpenEnum(qint32 scope, qint32 type, qint32 usage, const NetRecord& start,

@@ -4,6 +4,7 @@
 #include "platform/IniReader.h"
 #include "redirector/FolderProvider.h"
 #include "redirector/SmbProvider.h"
+#include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 
@@ -18,7 +19,7 @@ namespace {
 constexpr QLatin1String FileName("network.ini");
 
 bool IsName(const QString& text) {
-    return UncPath::IsName(text) && text.size() <= Network::MaxRemoteName;
+    return IsNodeName(text) && text.size() <= NameLimits::RemoteName;
 }
 
 /// Takes "ADDRESS", "ADDRESS:PORT" or "[IPv6]:PORT" apart; false where the text is none of them.

@@ -1,6 +1,7 @@
 #include "redirector/SmbComputers.h"
 
 #include "redirector/WaitingPoll.h"
+#include "runtime/Names.h"
 
 #include <algorithm>
 #include <array>
@@ -94,7 +95,7 @@ void SmbComputers::NoteEnd() {
 
 void SmbComputers::TakeFound(Clock::time_point seen) {
     for (const FoundComputer& computer : source_->Found())
-        found_.insert(computer.name.toCaseFolded(), {HostOf(computer), seen});
+        found_.insert(NameKey(computer.name), {HostOf(computer), seen});
     found_.removeIf([&](const auto& one) { return seen - one->seen > Kept; });
     Merge();
 }
@@ -107,7 +108,7 @@ void SmbComputers::Merge() {
             Add(host);
     }
     for (const auto& [host, seen] : found_) {
-        const auto place = places_.constFind(host.name.toCaseFolded());
+        const auto place = places_.constFind(NameKey(host.name));
         if (place == places_.cend()) {
             Add(host);
             continue;
@@ -123,19 +124,19 @@ void SmbComputers::Merge() {
 }
 
 void SmbComputers::Add(const SmbHost& host) {
-    places_.insert(host.name.toCaseFolded(), all_.size());
+    places_.insert(NameKey(host.name), all_.size());
     all_.push_back(host);
 }
 
 const SmbHost* SmbComputers::Find(const QString& name) const {
-    const auto place = places_.constFind(name.toCaseFolded());
+    const auto place = places_.constFind(NameKey(name));
     return place == places_.cend() ? nullptr : &all_[*place];
 }
 
 std::optional<ServerAddress> SmbComputers::AddressOf(const QString& name) const {
     const SmbHost* host = Find(name);
     const bool isConfigured = std::ranges::any_of(configured_, [&](const SmbHost& one) {
-        return SameName(one.name, name) && !one.address.isEmpty();
+        return IsSameName(one.name, name) && !one.address.isEmpty();
     });
     if (!host || (!isConfigured && host->port == SmbHost().port))
         return std::nullopt;
@@ -146,7 +147,8 @@ QStringList SmbComputers::Workgroups() const {
     QStringList workgroups;
     for (const SmbHost& host : all_) {
         const QString workgroup = WorkgroupOf(host);
-        if (!workgroups.contains(workgroup, Qt::CaseInsensitive))
+        if (std::ranges::none_of(workgroups,
+                                 [&](const QString& one) { return IsSameName(one, workgroup); }))
             workgroups.append(workgroup);
     }
     return workgroups;
@@ -155,18 +157,18 @@ QStringList SmbComputers::Workgroups() const {
 std::vector<const SmbHost*> SmbComputers::In(const QString& workgroup) const {
     std::vector<const SmbHost*> hosts;
     for (const SmbHost& host : all_) {
-        if (SameName(WorkgroupOf(host), workgroup))
+        if (IsSameName(WorkgroupOf(host), workgroup))
             hosts.push_back(&host);
     }
     return hosts;
 }
 
 QString SmbComputers::WorkgroupOf(const SmbHost& host) const {
-    return host.workgroup ? *host.workgroup : told_.value(host.name.toCaseFolded(), Unknown);
+    return host.workgroup ? *host.workgroup : told_.value(NameKey(host.name), Unknown);
 }
 
 void SmbComputers::NoteWorkgroup(const QString& computer, const QString& workgroup) {
-    told_.insert(computer.toCaseFolded(), workgroup);
+    told_.insert(NameKey(computer), workgroup);
 }
 
 } // namespace netrove

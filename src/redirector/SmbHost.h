@@ -16,9 +16,4 @@ struct SmbHost {
     quint16 port = UsualPort;
 };
 
-/// Whether two names of computers or workgroups mean the same one.
-[[nodiscard]] inline bool SameName(const QString& left, const QString& right) {
-    return left.compare(right, Qt::CaseInsensitive) == 0;
-}
-
 } // namespace netrove

@@ -4,6 +4,7 @@
 #include "redirector/FolderKeys.h"
 #include "redirector/SmbErrors.h"
 #include "redirector/SmbPlace.h"
+#include "runtime/Names.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -93,7 +94,7 @@ void SmbProvider::ExpectKnown(const NetRecord& node) {
         const QString name = QLatin1String("\\\\") + host.name;
         const bool isBelow = host.workgroup && !SmbComputers::IsOfOneLink(host.address) &&
                              (node.dwDisplayType == NetEnum::DisplayNetwork ||
-                              SameName(*host.workgroup, node.lpRemoteName)) &&
+                              IsSameName(*host.workgroup, node.lpRemoteName)) &&
                              plan_->EntersWorkgroup(*host.workgroup);
         if (isBelow && plan_->EntersComputer(name))
             places.push_back(
@@ -110,7 +111,7 @@ void SmbProvider::LookFor(const QString& server) {
 }
 
 bool SmbProvider::HasShares(const QString& server) const {
-    return SameName(lastShares_.server, server) &&
+    return IsSameName(lastShares_.server, server) &&
            std::chrono::steady_clock::now() <= lastShares_.until;
 }
 
@@ -185,7 +186,7 @@ QString SmbProvider::AskWorkgroup(const QString& server) {
     QString workgroup;
     const auto take = [&](SmbAnswer& part) {
         const auto* told = std::get_if<SmbWorkgroup>(&part);
-        if (!told || !UncPath::IsName(told->name))
+        if (!told || !IsNodeName(told->name))
             return false;
         workgroup = told->name;
         return true;

@@ -1,5 +1,7 @@
 #include "redirector/SmbServers.h"
 
+#include "runtime/Names.h"
+
 #include <algorithm>
 #include <cerrno>
 
@@ -46,7 +48,7 @@ constexpr double Rise = 0.05;
 } // namespace
 
 QString SmbServers::NameOf(const SmbRequest& request) {
-    return request.host.toLower() + QLatin1Char(':') + QString::number(request.port);
+    return NameKey(request.host) + QLatin1Char(':') + QString::number(request.port);
 }
 
 int SmbServers::DeadStatus(const QString& name) const {

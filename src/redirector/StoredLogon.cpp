@@ -1,6 +1,6 @@
 #include "redirector/StoredLogon.h"
 
-#include "redirector/UncPath.h"
+#include "runtime/Names.h"
 #include "smb/SmbMessages.h"
 
 #include <algorithm>
@@ -10,7 +10,6 @@ namespace {
 
 /// More than anybody stores: what the keyring gives beyond is none of ours.
 constexpr std::size_t MaxLogons = 1000;
-constexpr qsizetype MaxField = 1024;
 
 /// Takes what stands before the separator, or all there is.
 QByteArrayView TakeField(QByteArrayView& text, char separator) {
@@ -69,10 +68,6 @@ bool NamesUser(const StoredLogon& stored) {
     return !LogonOf(stored).user.isEmpty();
 }
 
-bool IsSameComputer(const QString& left, const QString& right) {
-    return left.compare(right, Qt::CaseInsensitive) == 0;
-}
-
 Secret EncodeLogons(const std::vector<StoredLogon>& logons) {
     QByteArray text;
     qsizetype size = 0;
@@ -98,15 +93,15 @@ std::vector<StoredLogon> DecodeLogons(const Secret& text) {
     QByteArrayView lines = text.Bytes();
     while (!lines.isEmpty() && logons.size() < MaxLogons) {
         QByteArrayView line = TakeField(lines, '\n');
-        if (line.count(' ') != 2 || line.size() > 3 * MaxField)
+        if (line.count(' ') != 2 || line.size() > 3 * NameLimits::LogonBytes)
             continue;
         StoredLogon logon{.computer = DecodedText(TakeField(line, ' ')),
                           .user = DecodedText(TakeField(line, ' ')),
                           .password = DecodedSecret(line),
                           .isInKeyring = true};
-        const bool isName = logon.computer.isEmpty() || UncPath::IsName(logon.computer);
+        const bool isName = logon.computer.isEmpty() || IsNodeName(logon.computer);
         const bool isTwice = std::any_of(logons.begin(), logons.end(), [&](const auto& one) {
-            return IsSameComputer(one.computer, logon.computer);
+            return IsSameName(one.computer, logon.computer);
         });
         if (isName && !isTwice && !LogonOf(logon).user.isEmpty())
             logons.push_back(std::move(logon));

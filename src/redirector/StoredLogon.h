@@ -24,8 +24,6 @@ struct StoredLogon {
 /// Whether there is a user in what was typed, and not a domain alone.
 [[nodiscard]] bool NamesUser(const StoredLogon& stored);
 
-[[nodiscard]] bool IsSameComputer(const QString& left, const QString& right);
-
 /// The logons as one text for the keyring: a line each with the computer, the user and the
 /// password, percent-encoded and separated by blanks.
 [[nodiscard]] Secret EncodeLogons(const std::vector<StoredLogon>& logons);

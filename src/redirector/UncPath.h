@@ -7,16 +7,12 @@
 
 namespace netrove {
 
-/// A path in the Universal Naming Convention, taken apart: \\SERVER\SHARE\FOLDER\FILE. A value of
-/// this class never has an empty element, ".", "..", a separator or a zero character in any part.
+/// A path in the Universal Naming Convention, taken apart: \\SERVER\SHARE\FOLDER\FILE. Each of its
+/// parts passes IsPathElement().
 class UncPath {
 public:
     /// Nothing where the text isn't such a path. A closing "\" makes no difference.
     [[nodiscard]] static std::optional<UncPath> Parse(const QString& text);
-
-    /// Whether the text can be the name of a computer, and of any other node: a single element
-    /// without the "|" that joins names.
-    [[nodiscard]] static bool IsName(const QString& text);
 
     [[nodiscard]] const QString& Server() const { return server_; }
     [[nodiscard]] const QString& Share() const { return share_; } ///< empty for a server alone

@@ -2,6 +2,7 @@
 
 #include "redirector/FolderKeys.h"
 #include "runtime/FileAttribute.h"
+#include "runtime/Names.h"
 
 #include <algorithm>
 
@@ -12,14 +13,6 @@ namespace {
 constexpr std::size_t MaxExpected = 2000;
 /// Shares of one computer that are read ahead.
 constexpr std::size_t MaxSharesAhead = 500;
-/// Longest remote name that a node of the tree holds, in characters.
-constexpr qsizetype MaxRemoteName = 255;
-
-bool CanStandInPath(const QString& name) {
-    return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
-           !name.contains(QLatin1Char('\\')) && !name.contains(QLatin1Char('/')) &&
-           !name.contains(QChar::Null);
-}
 
 bool IsFolder(const SmbEntry& entry) {
     return (entry.attributes & FileAttribute::Directory) != 0;
@@ -171,7 +164,7 @@ quint64 WalkOrder::MarkAsked(Step& place) {
 bool WalkOrder::IsEntered(const Step& step, const SmbEntry& entry) const {
     if (step.kind == Step::Kind::Files)
         return !places_.contains(FileKey(step.start.key, entry.name));
-    if ((entry.attributes & FileAttribute::Directory) == 0 || !CanStandInPath(entry.name))
+    if ((entry.attributes & FileAttribute::Directory) == 0 || !IsPathElement(entry.name))
         return false;
     const QString key = KeyBelow(step.start.key, entry.name);
     return !places_.contains(key) && !junctions_.IsInLoop(key) &&
@@ -237,9 +230,9 @@ void WalkOrder::AddShares(Steps::iterator computer) {
     std::size_t added = 0;
     for (const SmbShare& share : computer->list.shares) {
         const QString remoteName = KeyBelow(computer->start.path, share.name);
-        const QString key = KeyBelow(computer->start.key, share.name.toLower());
-        if (share.kind != SmbShare::Kind::Disk || remoteName.size() > MaxRemoteName ||
-            !CanStandInPath(share.name) || places_.contains(key) || !plan_->EntersShare(remoteName))
+        const QString key = KeyBelow(computer->start.key, NameKey(share.name));
+        if (share.kind != SmbShare::Kind::Disk || remoteName.size() > NameLimits::RemoteName ||
+            !IsPathElement(share.name) || places_.contains(key) || !plan_->EntersShare(remoteName))
             continue;
         Step step{.start = {.request = computer->start.request,
                             .server = computer->start.server,
@@ -262,7 +255,7 @@ void WalkOrder::AddContents(Steps::iterator folder, const RecentListings::Listin
 void WalkOrder::AddFiles(Steps::iterator folder, const SmbEntries& listing) {
     SmbEntries files;
     for (const SmbEntry& entry : listing) {
-        if (!IsFolder(entry) && entry.length > 0 && CanStandInPath(entry.name) &&
+        if (!IsFolder(entry) && entry.length > 0 && IsPathElement(entry.name) &&
             plan_->ReadsFile(entry.name))
             files.push_back(entry);
     }

@@ -1,5 +1,6 @@
 #include "smb/SmbMessages.h"
 
+#include "runtime/Names.h"
 #include "smb/SmbMemory.h"
 
 #include <QDataStream>
@@ -34,9 +35,6 @@ QDataStream& operator>>(QDataStream& stream, SmbHello& hello) {
     return stream >> hello.version;
 }
 
-/// Longer than any name or password that a server takes, in bytes.
-constexpr quint32 MaxLogonText = 1024;
-
 /// Straight from and to where passwords lie: what a stream made in between wouldn't be wiped.
 QDataStream& operator<<(QDataStream& stream, const Secret& secret) {
     const QByteArrayView bytes = secret.Bytes();
@@ -46,11 +44,11 @@ QDataStream& operator<<(QDataStream& stream, const Secret& secret) {
 QDataStream& operator>>(QDataStream& stream, Secret& secret) {
     quint32 length = 0;
     stream >> length;
-    if (length > MaxLogonText) {
+    if (length > NameLimits::LogonBytes) {
         stream.setStatus(QDataStream::ReadCorruptData);
         return stream;
     }
-    std::array<char, MaxLogonText> bytes{};
+    std::array<char, NameLimits::LogonBytes> bytes{};
     const auto count = static_cast<int>(length);
     if (stream.readRawData(bytes.data(), count) == count)
         secret = Secret(QByteArrayView(bytes.data(), count));
@@ -67,7 +65,7 @@ QDataStream& operator<<(QDataStream& stream, const std::optional<SmbLogon>& logo
 
 /// What the library takes as text must not end early.
 bool IsLogonText(const QString& text) {
-    return text.size() <= qsizetype{MaxLogonText} && !text.contains(QChar(u'\0'));
+    return text.size() <= NameLimits::LogonBytes && !text.contains(QChar(u'\0'));
 }
 
 QDataStream& operator>>(QDataStream& stream, std::optional<SmbLogon>& logon) {
@@ -89,29 +87,21 @@ QDataStream& operator<<(QDataStream& stream, const SmbRequest& request) {
                   << request.computer << request.logon;
 }
 
-/// Whether a text can be a part of an address: what the library would take for something else,
-/// or cut off, is none.
-bool IsElement(const QString& text) {
-    return !text.isEmpty() && text != QLatin1String(".") && text != QLatin1String("..") &&
-           !text.contains(QLatin1Char('/')) && !text.contains(QLatin1Char('\\')) &&
-           !text.contains(QChar(u'\0'));
-}
-
 bool IsValid(const SmbRequest& request) {
     using Kind = SmbRequest::Kind;
-    if (!IsElement(request.host) || request.offset < 0 ||
-        (!request.computer.isEmpty() && !IsElement(request.computer)) ||
+    if (!IsPathElement(request.host) || request.offset < 0 ||
+        (!request.computer.isEmpty() && !IsPathElement(request.computer)) ||
         (request.kind == Kind::Fetch && request.length > SmbMemory::Bytes))
         return false;
     if (request.kind == Kind::Resolve || request.kind == Kind::ListShares ||
         request.kind == Kind::Workgroup)
         return true;
-    if (!IsElement(request.share))
+    if (!IsPathElement(request.share))
         return false;
     if (request.path.isEmpty())
         return true;
     const QStringList elements = request.path.split(QLatin1Char('/'));
-    return std::all_of(elements.begin(), elements.end(), IsElement);
+    return std::all_of(elements.begin(), elements.end(), IsPathElement);
 }
 
 QDataStream& operator>>(QDataStream& stream, SmbRequest& request) {

@@ -1,9 +1,12 @@
 #include "downloads/copier/FileCopier.h"
 
 #include "downloads/copier/TargetName.h"
+#include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
 
 #include <QDir>
+
+#include <algorithm>
 
 namespace netrove {
 namespace {
@@ -11,10 +14,8 @@ namespace {
 /// Whether a local path says where its file is, and no more: "..", or a path that begins anew,
 /// could come from a name.
 bool IsPlain(const QString& path) {
-    const QStringList elements = path.split(QLatin1Char('/'));
-    return path.startsWith(QLatin1Char('/')) && !elements.contains(QLatin1String("..")) &&
-           !elements.last().isEmpty() && !path.contains(QLatin1String("//")) &&
-           !path.contains(QChar(u'\0'));
+    const QStringList elements = path.mid(1).split(QLatin1Char('/'));
+    return path.startsWith(QLatin1Char('/')) && std::ranges::all_of(elements, IsLocalPathElement);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "downloads/copier/TargetName.h"
 
 #include "downloads/copier/PartialFile.h"
+#include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
 
 #include <QRegularExpression>
@@ -9,8 +10,6 @@
 
 namespace netrove {
 namespace {
-
-constexpr qsizetype MaxNameBytes = 255;
 
 /// Names that are devices in every folder of some systems, whatever follows them after a point.
 bool IsDevice(const QString& name) {
@@ -21,18 +20,17 @@ bool IsDevice(const QString& name) {
     return devices.match(name).hasMatch();
 }
 
-bool IsForbidden(QChar character) {
-    return character == QLatin1Char('/') || character == QLatin1Char('\\') ||
-           character.category() == QChar::Other_Control;
+bool IsControl(QChar character) {
+    return character.category() == QChar::Other_Control;
 }
 
 } // namespace
 
 void CheckTargetName(const QString& name) {
-    const bool isSafe = !name.isEmpty() && name != QLatin1String(".") &&
-                        name != QLatin1String("..") && name.isValidUtf16() &&
-                        std::none_of(name.begin(), name.end(), IsForbidden) && !IsDevice(name) &&
-                        name.toUtf8().size() <= MaxNameBytes && !name.endsWith(PartialFile::Suffix);
+    const bool isSafe = IsPathElement(name) && name.isValidUtf16() &&
+                        std::ranges::none_of(name, IsControl) && !IsDevice(name) &&
+                        name.toUtf8().size() <= NameLimits::FileBytes &&
+                        !name.endsWith(PartialFile::Suffix);
     if (!isSafe)
         throw RunTimeError(ErrorNumber::PathFileAccessError);
 }
