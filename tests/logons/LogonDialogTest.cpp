@@ -41,7 +41,8 @@ protected:
         SmbRequest request = *shareList;
         request.computer = computer;
         return std::make_shared<SmbPlace>(
-            std::make_shared<SmbSettings>(SambaServer::Helper(), SmbLimits(), logons), request);
+            std::make_shared<SmbSettings>(SmbSettings{SambaServer::Helper(), SmbLimits(), logons}),
+            request);
     }
 
     void AwaitRest() {
