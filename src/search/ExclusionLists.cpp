@@ -6,6 +6,20 @@
 #include <algorithm>
 
 namespace netrove {
+namespace {
+
+/// The element that equals a node's name.
+const QString* Find(bool isActive, const QStringList& list, const QString& name) {
+    if (!isActive)
+        return nullptr;
+    const QString compared = UpperCase(Trim(name));
+    const auto found = std::find_if(list.cbegin(), list.cend(), [&](const QString& entry) {
+        return EqualText(entry, compared);
+    });
+    return found == list.cend() ? nullptr : &*found;
+}
+
+} // namespace
 
 void ExclusionLists::ParseNetNodes(const Settings& settings) {
     for (QStringList* list :
@@ -57,15 +71,25 @@ void ExclusionLists::AddEntry(const QString& entry) {
     }
 }
 
-const QString* ExclusionLists::Find(const QStringList& list, const QString& name) {
-    const QString compared = UpperCase(Trim(name));
-    const auto found = std::find_if(list.cbegin(), list.cend(), [&](const QString& entry) {
-        return EqualText(entry, compared);
-    });
-    return found == list.cend() ? nullptr : &*found;
+const QString* ExclusionLists::Network(const QString& remoteName) const {
+    return Find(UseExcNetworks, ExcNetworks, remoteName);
 }
 
-const QString* ExclusionLists::FindFolder(const QString& pathBelow) const {
+const QString* ExclusionLists::Workgroup(const QString& remoteName) const {
+    return Find(UseExcWorkgroups, ExcWorkgroups, remoteName);
+}
+
+const QString* ExclusionLists::Workstation(const QString& remoteName) const {
+    return Find(UseExcWorkstations, ExcWorkstations, remoteName);
+}
+
+const QString* ExclusionLists::Share(const QString& shortName) const {
+    return Find(UseExcShares, ExcShares, shortName);
+}
+
+const QString* ExclusionLists::Folder(const QString& pathBelow) const {
+    if (!UseExcFolders)
+        return nullptr;
     const QString below = UpperCase(pathBelow);
     const auto found =
         std::find_if(ExcFolders.cbegin(), ExcFolders.cend(), [&](const QString& entry) {

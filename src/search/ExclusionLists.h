@@ -33,12 +33,17 @@ public:
     /// Turns the five flags off, so that nothing is excluded.
     void TurnOff();
 
-    /// The entry that equals a node's name; null if none does.
-    [[nodiscard]] static const QString* Find(const QStringList& list, const QString& name);
-
-    /// The entry of ExcFolders that a folder's path below its node ("\FOLDER\") contains; null if
-    /// there is none.
-    [[nodiscard]] const QString* FindFolder(const QString& pathBelow) const;
+    /// The element that keeps a node out of searches; null where none does, or its list's flag is
+    /// off. The walk and what is read ahead of it both ask here. A node is told by its remote name
+    /// (a workstation's begins with "\\"), a share by its last part: blanks at the ends and case
+    /// make no difference.
+    [[nodiscard]] const QString* Network(const QString& remoteName) const;
+    [[nodiscard]] const QString* Workgroup(const QString& remoteName) const;
+    [[nodiscard]] const QString* Workstation(const QString& remoteName) const;
+    [[nodiscard]] const QString* Share(const QString& shortName) const;
+    /// The same for a folder, told by its path below the node that is searched ("\FOLDER\"): an
+    /// element of ExcFolders keeps out what contains it.
+    [[nodiscard]] const QString* Folder(const QString& pathBelow) const;
 
 private:
     void AddEntry(const QString& entry);

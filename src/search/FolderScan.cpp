@@ -67,10 +67,8 @@ bool FolderScan::WalkEntry(WalkRecord& record, const QString& folderPath, const 
 }
 
 bool FolderScan::IsExcluded(const QString& folderPath) {
-    if (!context_.services.exclusions.UseExcFolders)
-        return false;
     const QString* entry =
-        context_.services.exclusions.FindFolder(folderPath.mid(context_.NodeBaseStart - 1));
+        context_.services.exclusions.Folder(folderPath.mid(context_.NodeBaseStart - 1));
     if (entry == nullptr)
         return false;
     context_.services.log.PrintBlock(

@@ -63,12 +63,12 @@ void NWSearch::BeginSearch(const QString& fileName,
     hasEmptyList_ = false;
     if (!networkStartPoint)
         throw RunTimeError(ErrorNumber::ObjectNotSet);
-    ahead_.emplace(
-        context_.services.ahead,
-        std::make_shared<const SearchPlan>(context_.services, Patterns(fileName), recurseFolders_));
+    patterns_ = Patterns(fileName);
+    ahead_.emplace(context_.services.ahead, std::make_shared<const SearchPlan>(
+                                                context_.services, patterns_, recurseFolders_));
     const auto end = qScopeGuard([this] { ahead_.reset(); });
     ahead_->Expect(*networkStartPoint);
-    SearchNode(fileName, *networkStartPoint);
+    SearchNode(*networkStartPoint);
 }
 
 QString NWSearch::GetResult(qint32 resultNumber) const {
@@ -82,7 +82,7 @@ qint32 NWSearch::NumResults() const {
     return context_.ResultList.empty() ? 0 : static_cast<qint32>(context_.ResultList.size() - 1);
 }
 
-void NWSearch::SearchNode(const QString& fileName, NetResource& node) {
+void NWSearch::SearchNode(NetResource& node) {
     Yield();
     if (node.ResourceType() == ResourceType::Server)
         ++reachedComputers_;
@@ -91,30 +91,29 @@ void NWSearch::SearchNode(const QString& fileName, NetResource& node) {
         return;
     context_.services.log.PrintNode(QStringLiteral("NETWORK SEARCH"), node);
     context_.NodeBaseStart = node.RemoteName().size() + 1;
-    if (ActOnNode(fileName, node) == Next::WalkChildren)
-        WalkChildren(fileName, node);
+    if (ActOnNode(node) == Next::WalkChildren)
+        WalkChildren(node);
 }
 
-NWSearch::Next NWSearch::ActOnNode(const QString& fileName, NetResource& node) {
+NWSearch::Next NWSearch::ActOnNode(NetResource& node) {
     const ExclusionLists& exclusions = context_.services.exclusions;
     switch (node.ResourceType()) {
     case ResourceType::Network:
-        return IsExcluded(exclusions.UseExcNetworks, exclusions.ExcNetworks, node.RemoteName(),
-                          QStringLiteral("Exclude Network: "))
+        return IsExcluded(exclusions.Network(node.RemoteName()), QLatin1String("Exclude Network: "))
                    ? Next::Leave
                    : Next::WalkChildren;
     case ResourceType::Domain:
     case ResourceType::Group:
-        return IsExcluded(exclusions.UseExcWorkgroups, exclusions.ExcWorkgroups, node.RemoteName(),
-                          QStringLiteral("Exclude Workgroup: "))
+        return IsExcluded(exclusions.Workgroup(node.RemoteName()),
+                          QLatin1String("Exclude Workgroup: "))
                    ? Next::Leave
                    : Next::WalkChildren;
     case ResourceType::Server:
-        return ActOnServer(fileName, node);
+        return ActOnServer(node);
     case ResourceType::Share:
     case ResourceType::ShareAdmin:
     case ResourceType::Directory:
-        return ActOnShare(fileName, node);
+        return ActOnShare(node);
     case ResourceType::Generic:
     case ResourceType::File:
     case ResourceType::Root:
@@ -128,16 +127,16 @@ NWSearch::Next NWSearch::ActOnNode(const QString& fileName, NetResource& node) {
     return Next::WalkChildren;
 }
 
-NWSearch::Next NWSearch::ActOnServer(const QString& fileName, const NetResource& node) {
+NWSearch::Next NWSearch::ActOnServer(const NetResource& node) {
     const ExclusionLists& exclusions = context_.services.exclusions;
     if (!context_.services.settings.IncludeCurrentComputer && IsCurrentComputer(node))
         return Next::Leave;
-    if (IsExcluded(exclusions.UseExcWorkstations, exclusions.ExcWorkstations, node.RemoteName(),
-                   QStringLiteral("Exclude Workstation: ")))
+    if (IsExcluded(exclusions.Workstation(node.RemoteName()),
+                   QLatin1String("Exclude Workstation: ")))
         return Next::Leave;
     Yield();
     if (context_.services.settings.IncludeAdminShares &&
-        SearchAdminShares(fileName, node.RemoteName()) == Next::Leave)
+        SearchAdminShares(node.RemoteName()) == Next::Leave)
         return Next::Leave;
     return context_.AbandonRequested ? Next::Leave : Next::WalkChildren;
 }
@@ -151,40 +150,36 @@ bool NWSearch::IsCurrentComputer(const NetResource& node) {
     return true;
 }
 
-NWSearch::Next NWSearch::SearchAdminShares(const QString& fileName, const QString& server) {
+NWSearch::Next NWSearch::SearchAdminShares(const QString& server) {
     for (const QString& share : AdminShareNames()) {
-        SearchPath(fileName, server + QLatin1Char('\\') + share);
+        SearchPath(server + QLatin1Char('\\') + share);
         if (context_.AbandonRequested)
             return Next::Leave;
     }
     return Next::WalkChildren;
 }
 
-NWSearch::Next NWSearch::ActOnShare(const QString& fileName, const NetResource& node) {
+NWSearch::Next NWSearch::ActOnShare(const NetResource& node) {
     const ExclusionLists& exclusions = context_.services.exclusions;
-    if (IsExcluded(exclusions.UseExcShares, exclusions.ExcShares, node.ShortName(),
-                   QStringLiteral("Exclude Share: ")))
+    if (IsExcluded(exclusions.Share(node.ShortName()), QLatin1String("Exclude Share: ")))
         return Next::Leave;
     Yield();
     const bool isFolder = folders_.IsFolder(node.RemoteName());
     Yield();
     if (isFolder)
-        SearchPath(fileName, node.RemoteName());
+        SearchPath(node.RemoteName());
     return context_.AbandonRequested ? Next::Leave : Next::WalkChildren;
 }
 
-bool NWSearch::IsExcluded(bool active, const QStringList& list, const QString& text,
-                          const QString& logLine) {
-    if (!active)
-        return false;
-    const QString* entry = ExclusionLists::Find(list, text);
+/// Whether there is an entry that keeps a node out, which goes to the log.
+bool NWSearch::IsExcluded(const QString* entry, QLatin1String logLine) {
     if (entry == nullptr)
         return false;
     context_.services.log.PrintBlock({logLine + *entry});
     return true;
 }
 
-void NWSearch::WalkChildren(const QString& fileName, NetResource& node) {
+void NWSearch::WalkChildren(NetResource& node) {
     const auto children = node.Children();
     if (!children)
         return;
@@ -199,7 +194,7 @@ void NWSearch::WalkChildren(const QString& fileName, NetResource& node) {
     bool trapArmed = true;
     for (const auto& child : *children) {
         try {
-            WalkChild(fileName, *child);
+            WalkChild(*child);
         } catch (...) {
             if (!trapArmed)
                 throw;
@@ -211,33 +206,32 @@ void NWSearch::WalkChildren(const QString& fileName, NetResource& node) {
     }
 }
 
-void NWSearch::WalkChild(const QString& fileName, NetResource& child) {
+void NWSearch::WalkChild(NetResource& child) {
     Yield();
     if (child.ResourceType() != ResourceType::NDSContainer) {
         Yield();
-        SearchNode(fileName, child);
+        SearchNode(child);
         return;
     }
     Yield();
     const bool isFolder = folders_.IsFolder(child.RemoteName());
     Yield();
     if (isFolder)
-        SearchPath(fileName, child.RemoteName());
+        SearchPath(child.RemoteName());
     else if (context_.services.settings.IncludeVirtualShares)
-        SearchNode(fileName, child);
+        SearchNode(child);
 }
 
-void NWSearch::SearchPath(const QString& fileName, const QString& startPath) {
+void NWSearch::SearchPath(const QString& startPath) {
     Yield();
     context_.Update(startPath);
     Yield();
-    const QStringList pieces = fileName.split(QLatin1Char(','));
-    if (pieces.size() > std::numeric_limits<qint16>::max())
+    if (patterns_.size() > static_cast<std::size_t>(std::numeric_limits<qint16>::max()))
         throw RunTimeError(ErrorNumber::Overflow);
     context_.PatternList.clear();
-    for (const QString& piece : pieces) {
+    for (const Pattern& pattern : patterns_) {
         Yield();
-        context_.PatternList.emplace_back(Trim(piece));
+        context_.PatternList.push_back(pattern);
     }
     WalkRecord record{.Recurse = recurseFolders_, .Root = startPath};
     Yield();

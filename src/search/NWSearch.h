@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace netrove {
 
@@ -69,20 +70,20 @@ public:
 private:
     enum class Next { WalkChildren, Leave };
 
-    void SearchNode(const QString& fileName, NetResource& node);
-    [[nodiscard]] Next ActOnNode(const QString& fileName, NetResource& node);
-    [[nodiscard]] Next ActOnServer(const QString& fileName, const NetResource& node);
-    [[nodiscard]] Next ActOnShare(const QString& fileName, const NetResource& node);
-    [[nodiscard]] Next SearchAdminShares(const QString& fileName, const QString& server);
-    void WalkChildren(const QString& fileName, NetResource& node);
-    void WalkChild(const QString& fileName, NetResource& child);
-    void SearchPath(const QString& fileName, const QString& startPath);
-    [[nodiscard]] bool IsExcluded(bool active, const QStringList& list, const QString& text,
-                                  const QString& logLine);
+    void SearchNode(NetResource& node);
+    [[nodiscard]] Next ActOnNode(NetResource& node);
+    [[nodiscard]] Next ActOnServer(const NetResource& node);
+    [[nodiscard]] Next ActOnShare(const NetResource& node);
+    [[nodiscard]] Next SearchAdminShares(const QString& server);
+    void WalkChildren(NetResource& node);
+    void WalkChild(NetResource& child);
+    void SearchPath(const QString& startPath);
+    [[nodiscard]] bool IsExcluded(const QString* entry, QLatin1String logLine);
     [[nodiscard]] bool IsCurrentComputer(const NetResource& node);
     void LogSearchHead();
 
     SearchContext context_;
+    std::vector<Pattern> patterns_; ///< of the search
     FolderScan folders_;
     std::optional<WalkAhead> ahead_; ///< during a search
     bool recurseFolders_ = false;

@@ -19,28 +19,26 @@ SearchPlan::SearchPlan(const SearchServices& services, std::vector<Pattern> patt
     , recurse_(recurse) {}
 
 bool SearchPlan::EntersNetwork(const QString& name) const {
-    return !exclusions_.UseExcNetworks || !ExclusionLists::Find(exclusions_.ExcNetworks, name);
+    return !exclusions_.Network(name);
 }
 
 bool SearchPlan::EntersWorkgroup(const QString& name) const {
-    return !exclusions_.UseExcWorkgroups || !ExclusionLists::Find(exclusions_.ExcWorkgroups, name);
+    return !exclusions_.Workgroup(name);
 }
 
 bool SearchPlan::EntersComputer(const QString& remoteName) const {
     return (settings_.IncludeCurrentComputer ||
             !IsCurrentComputer(settings_, network_, remoteName)) &&
-           (!exclusions_.UseExcWorkstations ||
-            !ExclusionLists::Find(exclusions_.ExcWorkstations, remoteName));
+           !exclusions_.Workstation(remoteName);
 }
 
 bool SearchPlan::EntersShare(const QString& remoteName) const {
-    const QString name = remoteName.mid(remoteName.lastIndexOf(QLatin1Char('\\')) + 1);
-    return !exclusions_.UseExcShares || !ExclusionLists::Find(exclusions_.ExcShares, name);
+    return !exclusions_.Share(remoteName.mid(remoteName.lastIndexOf(QLatin1Char('\\')) + 1));
 }
 
 bool SearchPlan::EntersFolder(const QString& folderPath, qsizetype nodeLength, int depth) const {
     return depth < FolderScan::MaxDepth && (depth == 0 || recurse_) &&
-           (!exclusions_.UseExcFolders || !exclusions_.FindFolder(folderPath.mid(nodeLength)));
+           !exclusions_.Folder(folderPath.mid(nodeLength));
 }
 
 QStringList SearchPlan::AdminShares() const {
