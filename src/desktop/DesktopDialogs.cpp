@@ -1,7 +1,5 @@
 #include "desktop/DesktopDialogs.h"
 
-#include "desktop/ComputerChooser.h"
-
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -187,13 +185,7 @@ std::optional<QString> DesktopDialogs::FolderName(const QUrl& chosen, bool netwo
 }
 
 std::optional<QString> DesktopDialogs::ChooseComputer(const QString& title) {
-    if (!network_)
-        return std::nullopt;
-    ComputerChooser chooser(*network_, title, Parent());
-    chooser.setWindowModality(Qt::ApplicationModal);
-    if (chooser.exec() != QDialog::Accepted)
-        return std::nullopt;
-    return chooser.Computer();
+    return chooseComputer_ ? chooseComputer_(title, Parent()) : std::nullopt;
 }
 
 std::optional<ChosenFont> DesktopDialogs::ChooseFont(const ChosenFont& font) {

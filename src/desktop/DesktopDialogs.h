@@ -1,11 +1,13 @@
 #pragma once
 
 #include "platform/Dialogs.h"
-#include "platform/NetworkEnumeration.h"
 
 #include <QPointer>
 #include <QUrl>
 #include <QWidget>
+
+#include <functional>
+#include <optional>
 
 namespace netrove {
 
@@ -17,8 +19,11 @@ class DesktopDialogs : public Dialogs {
 public:
     /// The main window; none before it is set.
     void SetParent(QWidget* parent) { parent_ = parent; }
-    /// Whose computers can be chosen; none before it is set. It outlives this object.
-    void SetNetwork(NetworkEnumeration& network) { network_ = &network; }
+    /// Shows the network and lets the user choose a computer of it, without "\\".
+    using ComputerChooser =
+        std::function<std::optional<QString>(const QString& title, QWidget* parent)>;
+    /// Before it is set, no computer can be chosen.
+    void SetComputerChooser(ComputerChooser choose) { chooseComputer_ = std::move(choose); }
 
     MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
                           MessageButtons buttons = MessageButtons::Ok) override;
@@ -38,7 +43,7 @@ private:
     [[nodiscard]] QWidget* Parent() const;
 
     QPointer<QWidget> parent_;
-    NetworkEnumeration* network_ = nullptr;
+    ComputerChooser chooseComputer_;
 };
 
 } // namespace netrove

@@ -1,5 +1,6 @@
 #include "netrove/WindowProgram.h"
 
+#include "browser/ComputerChooser.h"
 #include "desktop/keyring/DesktopKeyring.h"
 #include "downloads/copier/FileCopier.h"
 #include "logons/frmLogons.h"
@@ -22,7 +23,9 @@ WindowProgram::WindowProgram()
                    .refuse = [this] { static_cast<void>(window_.Form_QueryUnload()); },
                    .save = [this] { window_.SaveSettings(); },
                    .end = [this] { window_.EndSession(); }}) {
-    dialogs_.SetNetwork(*opened_.network);
+    dialogs_.SetComputerChooser([this](const QString& title, QWidget* parent) {
+        return ComputerChooser::Choose(*opened_.network, title, parent);
+    });
     dialogs_.SetParent(&window_);
     QObject::connect(
         &window_, &frmNetrove::Unloaded, qApp, [] { QApplication::exit(); }, Qt::QueuedConnection);

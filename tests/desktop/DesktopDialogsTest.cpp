@@ -1,10 +1,7 @@
 #include "desktop/DesktopDialogs.h"
 
-#include "desktop/WindowYield.h"
 #include "fakes/Find.h"
-#include "fakes/MemoryNetwork.h"
 #include "fakes/UseDialog.h"
-#include "runtime/Yield.h"
 
 #include <QAbstractButton>
 #include <QFileDialog>
@@ -17,7 +14,6 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTreeWidget>
 
 namespace netrove {
 namespace {
@@ -212,56 +208,6 @@ TEST_F(DesktopDialogsTest, KeepsAFontThatIsNotInstalled) {
                                [](QFontDialog& chooser) { Press(chooser, Qt::Key_Return); });
     ASSERT_TRUE(chosen);
     EXPECT_EQ(std::tuple(chosen->family, chosen->points), std::tuple(before.family, before.points));
-}
-
-/// The computers of a network of two workgroups, one of them in a second provider.
-class ComputerChoosing : public DesktopDialogsTest {
-protected:
-    ComputerChoosing() {
-        network.AddBranch({"Net", "WG", "\\\\S", "\\\\S\\D"});
-        network.AddBranch({"Net", "WG", "\\\\T"});
-        network.AddBranch({"Other", "\\\\U"});
-        network.OnCall = [this](const QString& call) { calls.append(call); };
-        dialogs.SetNetwork(network);
-        SetYieldAlways(true);
-    }
-    ~ComputerChoosing() override { SetYieldAlways(false); }
-
-    WindowYield yield;
-    MemoryNetwork network;
-    QStringList calls;
-};
-
-TEST_F(ComputerChoosing, GivesTheNameAlone) {
-    const auto user = [](QDialog& box) {
-        auto& tree = *box.findChild<QTreeWidget*>();
-        QTest::keyClick(&tree, Qt::Key_Down);
-        for (int level = 0; level < 2; ++level) {
-            QTest::keyClick(&tree, Qt::Key_Return);
-            EXPECT_FALSE(FindIn(box, "cmdOk").isEnabled()) << "a provider, a workgroup";
-            QTest::keyClick(&tree, Qt::Key_Down);
-        }
-        QTest::keyClick(&tree, Qt::Key_Down);
-        QTest::keyClick(&tree, Qt::Key_Return);
-    };
-    // Before the network has been read, handlers run inside that.
-    const auto isRead = [](QDialog& box) {
-        return FindIn<QLabel>(box, "lblState").text() == Text("3 computers found.");
-    };
-    EXPECT_EQ(
-        UseDialog<QDialog>([this] { return dialogs.ChooseComputer(Text("Which?")); }, user, isRead),
-        Text("T"));
-    EXPECT_FALSE(calls.contains(Text("open \\\\S"))) << "nobody asks a computer for its shares";
-}
-
-TEST_F(ComputerChoosing, CanBeClosedInTheMiddle) {
-    network.OnCall = [this](const QString& call) {
-        calls.append(call);
-        if (call == Text("open WG"))
-            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
-    };
-    EXPECT_EQ(dialogs.ChooseComputer(Text("Which?")), std::nullopt);
-    EXPECT_FALSE(calls.contains(Text("open Other")));
 }
 
 } // namespace

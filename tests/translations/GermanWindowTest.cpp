@@ -1,4 +1,4 @@
-#include "desktop/ComputerChooser.h"
+#include "browser/ComputerChooser.h"
 #include "fakes/Files.h"
 #include "fakes/MemoryKeyring.h"
 #include "fakes/MemoryNetwork.h"

@@ -1,4 +1,4 @@
-#include "desktop/ComputerChooser.h"
+#include "browser/ComputerChooser.h"
 
 #include "runtime/RunTimeError.h"
 #include "runtime/Yield.h"
@@ -55,6 +55,15 @@ ComputerChooser::ComputerChooser(NetworkEnumeration& network, const QString& tit
                 if (IsComputer(item))
                     accept();
             });
+}
+
+std::optional<QString> ComputerChooser::Choose(NetworkEnumeration& network, const QString& title,
+                                               QWidget* parent) {
+    ComputerChooser chooser(network, title, parent);
+    chooser.setWindowModality(Qt::ApplicationModal);
+    if (chooser.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return chooser.Computer();
 }
 
 void ComputerChooser::Arrange(QDialogButtonBox& buttons) {

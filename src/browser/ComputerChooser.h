@@ -8,15 +8,22 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
+#include <optional>
+
 namespace netrove {
 
-/// Lets the user choose a computer: shows the network as a tree, down to its computers. It is shown
-/// by exec(), once, and reads the network while it is up; it can be used and closed meanwhile.
+/// Lets the user choose a computer: shows the network as a tree, down to its computers, and reads
+/// it while it is up; it can be used and closed meanwhile.
 class ComputerChooser : public QDialog {
     Q_OBJECT
 
 public:
     ComputerChooser(NetworkEnumeration& network, const QString& title, QWidget* parent);
+
+    /// Shows one over `parent` and waits for it. Gives the computer's name without "\\", nothing
+    /// where the user has chosen none.
+    [[nodiscard]] static std::optional<QString> Choose(NetworkEnumeration& network,
+                                                       const QString& title, QWidget* parent);
 
     /// The name of the chosen computer, without "\\"; empty where none is chosen.
     [[nodiscard]] QString Computer() const;
