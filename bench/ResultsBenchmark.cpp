@@ -161,7 +161,7 @@ void AskOneAfterAnother(benchmark::State& state) {
         const auto network = NetworkBehind(server.proxy.Port());
         for (int folder = 0; folder < LoadedFolders / 10; ++folder) {
             for (int file = 0; file < FilesInFolder; ++file)
-                benchmark::DoNotOptimize(network->Attributes(PathOf(folder, file)));
+                benchmark::DoNotOptimize(network->Info(PathOf(folder, file)).length);
         }
     }
 }

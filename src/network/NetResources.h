@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/Names.h"
+
 #include <QHash>
 #include <QString>
 
@@ -35,7 +37,7 @@ public:
     [[nodiscard]] auto end() const { return nodes_.end(); }
 
 private:
-    [[nodiscard]] static QString Key(const QString& name) { return name.toCaseFolded(); }
+    [[nodiscard]] static QString Key(const QString& name) { return NameKey(name); }
 
     std::vector<Node> nodes_;
     QHash<QString, Node> byName_;

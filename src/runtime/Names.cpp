@@ -3,6 +3,14 @@
 #include <algorithm>
 
 namespace netrove {
+namespace {
+
+/// As its upper case is: what the user types is turned into that before it is looked up.
+QChar Folded(QChar character) {
+    return character.toUpper().toCaseFolded();
+}
+
+} // namespace
 
 bool IsLocalPathElement(QStringView text) {
     return !text.isEmpty() && text != QLatin1String(".") && text != QLatin1String("..") &&
@@ -20,14 +28,13 @@ bool IsNodeName(QStringView text) {
 QString NameKey(const QString& name) {
     QString key = name;
     for (QChar& character : key)
-        character = character.toCaseFolded();
+        character = Folded(character);
     return key;
 }
 
 bool IsSameName(QStringView left, QStringView right) {
-    return std::ranges::equal(left, right, [](QChar one, QChar other) {
-        return one.toCaseFolded() == other.toCaseFolded();
-    });
+    return std::ranges::equal(left, right,
+                              [](QChar one, QChar other) { return Folded(one) == Folded(other); });
 }
 
 } // namespace netrove

@@ -1,6 +1,7 @@
 #include "runtime/Text.h"
 
 #include "ExpectRaised.h"
+#include "runtime/Names.h"
 
 #include <QLocale>
 
@@ -102,6 +103,16 @@ TEST(Text, ReadsBooleans) {
          {u"", u"  ", u"yes", u"True1", u"1x", u"1 0", u"&H", u"-", u"\ttrue"})
         ExpectRaised(
             ErrorNumber::TypeMismatch, [&] { (void)ToBoolean(text); }, text.toString());
+}
+
+TEST(NamesTest, AreOneByTheUpperCaseOfEachCharacter) {
+    EXPECT_EQ(NameKey(QStringLiteral("Büro-é")), NameKey(QStringLiteral("BÜRO-É")));
+    EXPECT_TRUE(IsSameName(u"KAPı", UpperCase(u"KAPı"))) << "as it is looked up once it was typed";
+    EXPECT_FALSE(IsSameName(u"Straße", u"STRASSE"));
+    for (const QStringView text : {u"", u".", u"..", u"a/b", u"a\\b"})
+        EXPECT_FALSE(IsPathElement(text)) << text.toString().toStdString();
+    EXPECT_FALSE(IsPathElement(QString(QChar::Null)));
+    EXPECT_TRUE(IsPathElement(u"...") && IsPathElement(u"a|b") && !IsNodeName(u"a|b"));
 }
 
 } // namespace
