@@ -48,8 +48,8 @@ constexpr ColumnText NoText{-1, AnyList, -1, "No help available for this column.
 } // namespace
 
 void ColumnHelp::HeaderRightClick(int LV, int colNum, const QPoint& globalPosition) {
-    help_.ColHelpX = float(PixelsToTwipsX(globalPosition.x()));
-    help_.ColHelpY = float(PixelsToTwipsY(globalPosition.y()));
+    help_.ColHelpX = static_cast<float>(PixelsToTwipsX(globalPosition.x()));
+    help_.ColHelpY = static_cast<float>(PixelsToTwipsY(globalPosition.y()));
     ColHelp(LV, colNum, globalPosition);
 }
 

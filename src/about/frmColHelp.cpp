@@ -41,7 +41,8 @@ int HeightOf(qint16 key) {
 
 /// Where the screen with that place ends on the right, in twips.
 int RightEdge(const ColumnHelpText& help) {
-    const QPoint place(ToPixels(int(help.ColHelpX)), ToPixels(int(help.ColHelpY)));
+    const QPoint place(ToPixels(static_cast<int>(help.ColHelpX)),
+                       ToPixels(static_cast<int>(help.ColHelpY)));
     const QScreen* screen = QGuiApplication::screenAt(place);
     if (!screen)
         screen = QGuiApplication::primaryScreen();
@@ -78,9 +79,9 @@ void frmColHelp::MakeControls() {
 }
 
 void frmColHelp::Form_Load(ColumnHelpText help) {
-    if (help.ColHelpX > float(RightEdge(help) - Width))
+    if (help.ColHelpX > static_cast<float>(RightEdge(help) - Width))
         help.ColHelpX -= Width;
-    move(ToPixels(int(help.ColHelpX)), ToPixels(int(help.ColHelpY)));
+    move(ToPixels(static_cast<int>(help.ColHelpX)), ToPixels(static_cast<int>(help.ColHelpY)));
     Label1_->setText(QString(help.ColHelpText).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     setFixedSize(ToPixels(Width), ToPixels(HeightOf(help.ColHelpKey)));
     Shape1_->resize(size());

@@ -61,10 +61,10 @@ BrowserControls::BrowserControls(QWidget& dialog) : imgXPNWImages(NodePicture) {
 
 void BrowserControls::MakeProgress(QWidget& dialog) {
     picProg = Named(new QFrame(&dialog), Text("picProg"));
-    picProg->setFrameStyle(int(QFrame::StyledPanel) | QFrame::Raised);
+    picProg->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Raised);
     picProg->setAutoFillBackground(true);
     shpProg = Named(new QFrame(picProg), Text("shpProg"));
-    shpProg->setFrameStyle(int(QFrame::Box) | QFrame::Plain);
+    shpProg->setFrameStyle(static_cast<int>(QFrame::Box) | QFrame::Plain);
     QPalette framePalette = shpProg->palette();
     framePalette.setColor(
         QPalette::WindowText,

@@ -25,9 +25,9 @@ QString LoadProgress::FullBar() {
 }
 
 void LoadProgress::Show() {
-    const float LoadFraction = float(NodesDone) / float(NodesTotal);
-    controls_.lblProg->setText(Bar(int(std::lrint(LoadFraction * BarLength))));
-    controls_.lblProcPerc->setText(QString::number(int(LoadFraction * 100)) + u'%');
+    const float LoadFraction = static_cast<float>(NodesDone) / static_cast<float>(NodesTotal);
+    controls_.lblProg->setText(Bar(static_cast<int>(std::lrint(LoadFraction * BarLength))));
+    controls_.lblProcPerc->setText(QString::number(static_cast<int>(LoadFraction * 100)) + u'%');
     controls_.lblProg->repaint();
     controls_.lblProcPerc->repaint();
 }

@@ -85,8 +85,9 @@ void CellPainter::PaintCell(const QRect& cellRect, int row, int column) {
     painter_.setFont(font);
     painter_.setPen(TextColor(row, column));
     // A text of several lines is shown in one.
-    painter_.drawText(space, int(model_.Alignment(column) | Qt::AlignVCenter) | Qt::TextSingleLine,
-                      QFontMetrics(font).elidedText(text, Qt::ElideRight, space.width()));
+    painter_.drawText(
+        space, static_cast<int>(model_.Alignment(column) | Qt::AlignVCenter) | Qt::TextSingleLine,
+        QFontMetrics(font).elidedText(text, Qt::ElideRight, space.width()));
 }
 
 /// The part of the cell that is done, and the note at the right if the cell's text leaves room.
@@ -98,7 +99,8 @@ void CellPainter::PaintProgress(const QRect& cellRect, int row, int column) {
     const QColor back =
         palette_.color(group_, model_.IsSelected(row) ? QPalette::Highlight : QPalette::Base);
     QRect done = cellRect.adjusted(0, 1, -1, -1);
-    done.setWidth(int(std::lround(done.width() * std::clamp(progress->share, 0.0, 1.0))));
+    done.setWidth(
+        static_cast<int>(std::lround(done.width() * std::clamp(progress->share, 0.0, 1.0))));
     painter_.fillRect(done, Mixed(back, text, ProgressShade));
 
     const QFontMetrics metrics(font_);
@@ -108,8 +110,8 @@ void CellPainter::PaintProgress(const QRect& cellRect, int row, int column) {
         return;
     painter_.setFont(font_);
     painter_.setPen(text);
-    painter_.drawText(cellRect.adjusted(0, 0, -Margin, 0), int(Qt::AlignRight | Qt::AlignVCenter),
-                      progress->note);
+    painter_.drawText(cellRect.adjusted(0, 0, -Margin, 0),
+                      static_cast<int>(Qt::AlignRight | Qt::AlignVCenter), progress->note);
 }
 
 QColor CellPainter::GridColor() const {

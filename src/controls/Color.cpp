@@ -24,7 +24,8 @@ double Luminance(const QColor& color) {
 
 QColor ToColor(quint32 value) {
     if ((value & DesktopColorBit) == 0)
-        return {int(value & 0xFF), int(value >> 8 & 0xFF), int(value >> 16 & 0xFF)};
+        return {static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
+                static_cast<int>(value >> 16 & 0xFF)};
     const QPalette palette = QGuiApplication::palette();
     if (value == ButtonFaceColor)
         return palette.color(QPalette::Button);
@@ -34,7 +35,8 @@ QColor ToColor(quint32 value) {
 }
 
 quint32 FromColor(const QColor& color) {
-    return quint32(color.red()) | quint32(color.green()) << 8 | quint32(color.blue()) << 16;
+    return static_cast<quint32>(color.red()) | static_cast<quint32>(color.green()) << 8 |
+           static_cast<quint32>(color.blue()) << 16;
 }
 
 double Contrast(const QColor& first, const QColor& second) {

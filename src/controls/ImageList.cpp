@@ -34,7 +34,7 @@ QIcon ImageList::Picture(int index) const {
 const ImageList::KeyedPicture& ImageList::At(int index) const {
     if (index < 1 || index > Count())
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
-    return pictures_[std::size_t(index) - 1];
+    return pictures_[static_cast<std::size_t>(index) - 1];
 }
 
 } // namespace netrove

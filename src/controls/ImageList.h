@@ -18,7 +18,7 @@ public:
     explicit ImageList(int pictureSize, QObject* parent = nullptr);
 
     [[nodiscard]] int PictureSize() const { return pictureSize_; }
-    [[nodiscard]] int Count() const { return int(pictures_.size()); }
+    [[nodiscard]] int Count() const { return static_cast<int>(pictures_.size()); }
 
     /// Adds a picture at the end. Raises ErrorNumber::KeyNotUnique for a key that is there.
     void Add(const QString& key, const QIcon& picture);

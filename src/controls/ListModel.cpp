@@ -13,9 +13,9 @@ namespace {
 
 /// Raises for a number that isn't in 1 to `count`; gives its place in a vector.
 std::size_t Place(int number, std::size_t count) {
-    if (number < 1 || std::size_t(number) > count)
+    if (number < 1 || static_cast<std::size_t>(number) > count)
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
-    return std::size_t(number) - 1;
+    return static_cast<std::size_t>(number) - 1;
 }
 
 } // namespace
@@ -69,7 +69,7 @@ void ListModel::RemoveRows(const std::vector<int>& rows) {
     CheckRow(rows.back());
     int removedBeforeCurrent = 0;
     for (const int row : rows) {
-        std::unique_ptr<Row>& item = rows_[std::size_t(row) - 1];
+        std::unique_ptr<Row>& item = rows_[static_cast<std::size_t>(row) - 1];
         if (item->selected)
             --selectedCount_;
         if (row < currentRow_)
@@ -94,13 +94,13 @@ void ListModel::Clear() {
 
 QString ListModel::Text(int row, int column) const {
     const std::vector<QString>& texts = RowAt(row).texts;
-    const std::size_t place = Place(column, std::max(columns_.size(), std::size_t(1)));
+    const std::size_t place = Place(column, std::max(columns_.size(), static_cast<std::size_t>(1)));
     return place < texts.size() ? texts[place] : QString();
 }
 
 void ListModel::SetText(int row, int column, const QString& text) {
     std::vector<QString>& texts = RowAt(row).texts;
-    const std::size_t place = Place(column, std::max(columns_.size(), std::size_t(1)));
+    const std::size_t place = Place(column, std::max(columns_.size(), static_cast<std::size_t>(1)));
     if (place >= texts.size())
         texts.resize(place + 1);
     texts[place] = text;
@@ -209,7 +209,7 @@ void ListModel::Sort(int column, Qt::SortOrder order) {
     for (std::size_t place = 0; place < rows_.size(); ++place) {
         rows_[place] = std::move(keyed[place].row);
         if (rows_[place].get() == current)
-            currentRow_ = int(place) + 1;
+            currentRow_ = static_cast<int>(place) + 1;
     }
     NoteRestructured();
 }
@@ -269,7 +269,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return checkBoxes_ && column == 1 ? (Checked(row) ? Qt::Checked : Qt::Unchecked)
                                           : QVariant();
     case Qt::TextAlignmentRole:
-        return int(Alignment(column) | Qt::AlignVCenter);
+        return static_cast<int>(Alignment(column) | Qt::AlignVCenter);
     case Qt::ForegroundRole:
         return ForeColor(row, column).isValid() ? ForeColor(row, column) : QVariant();
     case Qt::FontRole: {
@@ -294,7 +294,7 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
     if (role == Qt::DisplayRole)
         return HeaderText(section + 1);
     if (role == Qt::TextAlignmentRole)
-        return int(Alignment(section + 1) | Qt::AlignVCenter);
+        return static_cast<int>(Alignment(section + 1) | Qt::AlignVCenter);
     return {};
 }
 
@@ -324,13 +324,13 @@ const ListModel::Row& ListModel::RowAt(int row) const {
 
 ListModel::Look ListModel::LookOf(int row, int column) const {
     const std::vector<Look>& looks = RowAt(row).looks;
-    const std::size_t place = Place(column, std::max(columns_.size(), std::size_t(1)));
+    const std::size_t place = Place(column, std::max(columns_.size(), static_cast<std::size_t>(1)));
     return place < looks.size() ? looks[place] : Look();
 }
 
 ListModel::Look& ListModel::LookToSet(int row, int column) {
     std::vector<Look>& looks = RowAt(row).looks;
-    const std::size_t place = Place(column, std::max(columns_.size(), std::size_t(1)));
+    const std::size_t place = Place(column, std::max(columns_.size(), static_cast<std::size_t>(1)));
     if (place >= looks.size())
         looks.resize(place + 1);
     return looks[place];

@@ -36,7 +36,7 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     int AddColumn(const QString& header, Qt::Alignment alignment);
-    [[nodiscard]] int ColumnCount() const { return int(columns_.size()); }
+    [[nodiscard]] int ColumnCount() const { return static_cast<int>(columns_.size()); }
     [[nodiscard]] QString HeaderText(int column) const;
     void SetHeaderText(int column, const QString& text);
     [[nodiscard]] Qt::Alignment Alignment(int column) const;
@@ -52,7 +52,7 @@ public:
     /// Removes many rows at the price of one; their numbers ascend.
     void RemoveRows(const std::vector<int>& rows);
     void Clear();
-    [[nodiscard]] int Count() const { return int(rows_.size()); }
+    [[nodiscard]] int Count() const { return static_cast<int>(rows_.size()); }
     /// Another number each time that rows have come or gone.
     [[nodiscard]] quint64 RowsVersion() const { return rowsVersion_; }
 

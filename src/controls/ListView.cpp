@@ -72,7 +72,7 @@ int ListView::Add(const QString& text, const QString& smallIcon) {
 
 std::vector<int> ListView::SelectedRows() const {
     std::vector<int> rows;
-    rows.reserve(std::size_t(SelectedCount()));
+    rows.reserve(static_cast<std::size_t>(SelectedCount()));
     for (int row = NextSelected(1); row != 0; row = NextSelected(row + 1))
         rows.push_back(row);
     return rows;

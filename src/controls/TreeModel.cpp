@@ -26,7 +26,7 @@ void TreeModel::Add(const QString& relative, const QString& key, const QString& 
     node->image = image;
     node->selectedImage = selectedImage;
     node->parent = &parent;
-    node->row = int(parent.children.size());
+    node->row = static_cast<int>(parent.children.size());
     byKey_.insert(key, node.get());
     parent.children.push_back(std::move(node));
     if (IsTold(parent))
@@ -115,13 +115,13 @@ void TreeModel::SetExpanded(const QString& key, bool expanded) {
 
 QStringList TreeModel::Flush() {
     for (Node* parent : std::exchange(grown_, {})) {
-        const int count = int(parent->children.size());
+        const int count = static_cast<int>(parent->children.size());
         if (parent->toldChildren == count)
             continue;
         beginInsertRows(IndexOf(*parent), parent->toldChildren, count - 1);
         // New nodes come with all that is below them.
         for (int row = parent->toldChildren; row < count; ++row)
-            MarkTold(*parent->children[std::size_t(row)]);
+            MarkTold(*parent->children[static_cast<std::size_t>(row)]);
         parent->toldChildren = count;
         endInsertRows();
     }
@@ -146,7 +146,7 @@ QModelIndex TreeModel::index(int row, int column, const QModelIndex& above) cons
     const Node& parent = NodeOf(above);
     if (row < 0 || row >= parent.toldChildren || column != 0)
         return {};
-    return IndexOf(*parent.children[std::size_t(row)]);
+    return IndexOf(*parent.children[static_cast<std::size_t>(row)]);
 }
 
 QModelIndex TreeModel::parent(const QModelIndex& index) const {
@@ -221,7 +221,7 @@ void TreeModel::CheckPicture(const QString& image) const {
 }
 
 void TreeModel::MarkTold(Node& node) {
-    node.toldChildren = int(node.children.size());
+    node.toldChildren = static_cast<int>(node.children.size());
     for (const auto& child : node.children)
         MarkTold(*child);
 }
@@ -236,8 +236,8 @@ void TreeModel::Forget(const Node& node) {
 
 void TreeModel::EraseChild(Node& parent, int row) {
     parent.children.erase(parent.children.begin() + row);
-    for (std::size_t later = std::size_t(row); later < parent.children.size(); ++later)
-        parent.children[later]->row = int(later);
+    for (std::size_t later = static_cast<std::size_t>(row); later < parent.children.size(); ++later)
+        parent.children[later]->row = static_cast<int>(later);
 }
 
 void TreeModel::NoteChanged(const Node& node) {

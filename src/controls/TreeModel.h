@@ -39,7 +39,7 @@ public:
     void Remove(const QString& key);
     void Clear();
 
-    [[nodiscard]] int Count() const { return int(byKey_.size()); }
+    [[nodiscard]] int Count() const { return static_cast<int>(byKey_.size()); }
     [[nodiscard]] bool Contains(const QString& key) const { return byKey_.contains(key); }
     /// Empty for a node at the top.
     [[nodiscard]] QString Parent(const QString& key) const;

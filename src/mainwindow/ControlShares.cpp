@@ -131,7 +131,8 @@ SkinSelection::Controls ControlShares::ForSkins() const {
 SkinSelection::Menu ControlShares::SkinMenu() const {
     SkinSelection::Menu menu{.mnuSkin = {}, .mnuSkinCust = &Item("mnuSkinCust")};
     for (int index = 0; index <= SkinSelection::LastSkin; ++index)
-        menu.mnuSkin[size_t(index)] = menu_.Item(ElementName("mnuSkin", size_t(index)));
+        menu.mnuSkin[static_cast<size_t>(index)] =
+            menu_.Item(ElementName("mnuSkin", static_cast<size_t>(index)));
     return menu;
 }
 

@@ -22,7 +22,8 @@ void MenuConnections::Connect(const char* name, const std::function<void()>& wor
 void MenuConnections::Connect(const char* name, std::initializer_list<int> indices,
                               const std::function<void(int)>& work) {
     for (const int index : indices)
-        menu_.Connect(ElementName(name, size_t(index)), &context_, [work, index] { work(index); });
+        menu_.Connect(ElementName(name, static_cast<size_t>(index)), &context_,
+                      [work, index] { work(index); });
 }
 
 void MenuConnections::ConnectFileMenu(ResultsFile& resultsFile,
@@ -43,7 +44,7 @@ void MenuConnections::ConnectToolsMenu(ToolsMenu& tools) {
 
 void MenuConnections::ConnectSkinMenu(SkinSelection& skins, ToolsMenu& tools) {
     Connect("mnuSkin", {0, 1, 2, 3, 4, 5}, [&skins, &tools](int index) {
-        skins.mnuSkin_Click(qint16(index));
+        skins.mnuSkin_Click(static_cast<qint16>(index));
         tools.FollowSkin();
     });
     Connect("mnuSkinCust", [&skins] { skins.mnuSkinCust_Click(); });

@@ -231,7 +231,7 @@ void frmNetrove::LoadSteps() {
     HelpFile = HelpPage(services_.applicationFolder);
     ReadSystem();
     skins_.MakeModifier();
-    skins_.mnuSkin_Click(qint16(skins_.StoredIndex()));
+    skins_.mnuSkin_Click(static_cast<qint16>(skins_.StoredIndex()));
     start_.ChooseStartNode(system_.IsWinXP);
     settings_.ResultsBackColor = 0xEAEAD5;
     settings_.DownloadsBackColor = 0xBFFFFF;

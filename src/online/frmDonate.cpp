@@ -147,9 +147,9 @@ void frmDonate::ReadLinks() {
         throw RunTimeError(ErrorNumber::FileNotFound);
     const DonationLinks links = ReadDonationLinks(answer);
     for (qsizetype index = 0; index < links.captions.size(); ++index)
-        SetCaption(*cmdLink_.at(std::size_t(index)), links.captions[index]);
+        SetCaption(*cmdLink_.at(static_cast<std::size_t>(index)), links.captions[index]);
     for (qsizetype index = 0; index < links.addresses.size(); ++index)
-        LinkAddress_.at(std::size_t(index)) = links.addresses[index];
+        LinkAddress_.at(static_cast<std::size_t>(index)) = links.addresses[index];
 }
 
 void frmDonate::SayUnread() {

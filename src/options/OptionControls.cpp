@@ -72,7 +72,7 @@ void OptionControls::MakeGeneral() {
     txtFont->setAccessibleName(Text("Font Sample"));
     txtFont->setText(tr("The quick brown fox jumps over the lazy dog. 0123456789"));
     txtFont->setCursorPosition(0);
-    txtFont->setFixedHeight(int(txtFont->sizeHint().height() * SampleHeight));
+    txtFont->setFixedHeight(static_cast<int>(txtFont->sizeHint().height() * SampleHeight));
     sample.AddRow(*txtFont);
     cmdChangeFont = NamedButton(sample.Widget(), Text("cmdChangeFont"), Text("Change Font"),
                                 "Select a specific font for the list windows");

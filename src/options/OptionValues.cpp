@@ -140,7 +140,7 @@ void OptionValues::TakeFormats() {
     settings_.SizeFormat = controls_.optB->isChecked()    ? SizeInBytes
                            : controls_.optKB->isChecked() ? SizeInKiloBytes
                                                           : SizeInMegaBytes;
-    settings_.SizeNumDec = qint16(controls_.cboNumDec->currentIndex());
+    settings_.SizeNumDec = static_cast<qint16>(controls_.cboNumDec->currentIndex());
     settings_.DateFormat = Trim(controls_.txtDateFormat->text());
 }
 

@@ -103,7 +103,7 @@ QWidget* frmAddNetNode::MakeTypeFrame() {
             NodeTypeIcon(type).pixmap(QSize(TypePicture, TypePicture), devicePixelRatioF()));
         types_.at(type) =
             MakeOption(*frame, TypeOptions.at(type).name, TypeOptions.at(type).caption);
-        const int row = int(type % 2);
+        const int row = static_cast<int>(type % 2);
         const int column = type < 2 ? 0 : 2;
         grid->addWidget(picture, row, column);
         grid->addWidget(types_.at(type), row, column + 1);
@@ -162,7 +162,8 @@ void frmAddNetNode::cmdOK_Click() {
         if (type == types_.end())
             Complain("Unknown network node type.");
         else
-            NewNetNode_ = name + u'|' + NodeTypes.at(std::size_t(type - types_.begin()));
+            NewNetNode_ =
+                name + u'|' + NodeTypes.at(static_cast<std::size_t>(type - types_.begin()));
         accept();
     });
 }

@@ -45,7 +45,7 @@ qint64 MemoryOf(const SmbList& list) {
 int FetchPiece(const SmbRequest& request, const SmbRun& run, QByteArray& bytes) {
     return run(request, [&](SmbAnswer& part) {
         const auto* data = std::get_if<SmbData>(&part);
-        if (!data || bytes.size() + data->bytes.size() > qsizetype(request.length))
+        if (!data || bytes.size() + data->bytes.size() > static_cast<qsizetype>(request.length))
             return false;
         bytes += data->bytes;
         return true;

@@ -370,7 +370,7 @@ QByteArray SmbProvider::Read(const UncPath& path, qint64 offset, qint64 length) 
         if (const int status = FetchPiece(request, run, piece); status != 0)
             throw RunTimeError(ErrorOfSmbRequest(pool_, request, status, SmbAction::Read));
         bytes += piece;
-        if (piece.size() < qsizetype(request.length))
+        if (piece.size() < static_cast<qsizetype>(request.length))
             break;
     }
     return bytes;

@@ -32,7 +32,7 @@ QString Incremented(QString digits) {
         digits[--at] = u'0';
     if (at == 0)
         return u'1' + digits;
-    digits[at - 1] = QChar(char16_t(digits[at - 1].unicode() + 1));
+    digits[at - 1] = QChar(static_cast<char16_t>(digits[at - 1].unicode() + 1));
     return digits;
 }
 

@@ -11,7 +11,7 @@ namespace {
 char16_t Folded(QChar character) {
     const char16_t unit = character.unicode();
     if (unit < 0x80)
-        return unit >= u'A' && unit <= u'Z' ? char16_t(unit + (u'a' - u'A')) : unit;
+        return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
     return character.toCaseFolded().unicode();
 }
 
@@ -37,12 +37,12 @@ void Pattern::Compile() {
         else
             elements_.push_back({.kind = Kind::Character, .character = Folded(character)});
     }
-    segments_.back().end = qsizetype(elements_.size());
+    segments_.back().end = static_cast<qsizetype>(elements_.size());
 }
 
 /// Closes the running segment at an asterisk and begins the next. Of asterisks in a row, one does.
 void Pattern::EndSegment() {
-    const auto here = qsizetype(elements_.size());
+    const auto here = static_cast<qsizetype>(elements_.size());
     Segment& running = segments_.back();
     running.end = here;
     if (segments_.size() == 1 || running.Length() > 0)
@@ -61,7 +61,7 @@ qsizetype Pattern::CompileList(qsizetype begin) {
 
     const bool negated = text_[begin] == u'!' && end - begin > 1;
     Element list{.kind = negated ? Element::Kind::NotInList : Element::Kind::InList,
-                 .firstRange = quint32(ranges_.size())};
+                 .firstRange = static_cast<quint32>(ranges_.size())};
     for (qsizetype at = negated ? begin + 1 : begin; at < end; ++at) {
         const char16_t low = Folded(text_[at]);
         char16_t high = low;
@@ -72,7 +72,7 @@ qsizetype Pattern::CompileList(qsizetype begin) {
         valid_ = valid_ && low <= high;
         ranges_.push_back({low, high});
     }
-    list.endRange = quint32(ranges_.size());
+    list.endRange = static_cast<quint32>(ranges_.size());
     elements_.push_back(list);
     return end;
 }
@@ -102,7 +102,7 @@ bool Pattern::ElementMatches(const Element& element, char16_t folded) const {
 /// Whether the characters from `name` on, as many as the segment is long, match it.
 bool Pattern::MatchesAt(const Segment& segment, const QChar* name) const {
     for (qsizetype at = segment.begin; at < segment.end; ++at, ++name) {
-        if (!ElementMatches(elements_[size_t(at)], Folded(*name)))
+        if (!ElementMatches(elements_[static_cast<size_t>(at)], Folded(*name)))
             return false;
     }
     return true;

@@ -26,7 +26,7 @@ QString Mapped(QStringView text, char32_t (*map)(char32_t)) {
             }
             ++at;
         } else if (const char32_t image = map(unit.unicode()); !QChar::requiresSurrogates(image)) {
-            result[at] = QChar(char16_t(image));
+            result[at] = QChar(static_cast<char16_t>(image));
         }
     }
     return result;
@@ -237,9 +237,9 @@ qint32 LeadingLong(QStringView text) {
 
 float LeadingSingle(QStringView text) {
     const double number = LeadingNumber(text);
-    if (std::abs(number) > double(std::numeric_limits<float>::max()))
+    if (std::abs(number) > static_cast<double>(std::numeric_limits<float>::max()))
         throw RunTimeError(ErrorNumber::Overflow);
-    return float(number);
+    return static_cast<float>(number);
 }
 
 QString SingleText(float value) {

@@ -25,7 +25,7 @@ QString SizeNumberFormat(qint16 decimals) {
 QString SortKey(double value, const QString& format) {
     const QString key = FormatNumber(value, format);
     const qsizetype excess = key.size() - format.size();
-    return excess <= 0 ? key : QChar(char16_t(u'A' + excess - 1)) + key;
+    return excess <= 0 ? key : QChar(static_cast<char16_t>(u'A' + excess - 1)) + key;
 }
 
 QString AttributeLetters(quint32 attributes) {

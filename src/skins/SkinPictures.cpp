@@ -64,9 +64,9 @@ QPixmap SkinPictures::Picture(int entry, qreal devicePixelRatio) const {
         return {};
     KeepPictures();
     const int ratio = qBound(1, qCeil(devicePixelRatio), HighestRatio);
-    QPixmap& cached = cache_[size_t(entry)][size_t(ratio - 1)];
+    QPixmap& cached = cache_[static_cast<size_t>(entry)][static_cast<size_t>(ratio - 1)];
     if (cached.isNull()) {
-        const PictureFile& file = Files[size_t(entry)];
+        const PictureFile& file = Files[static_cast<size_t>(entry)];
         const QImage drawing = ratio > 1 ? ReadDrawing(file, ratio) : QImage();
         cached = QPixmap::fromImage(drawing.isNull() ? ReadBitmap(file) : drawing);
     }

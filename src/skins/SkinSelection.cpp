@@ -81,7 +81,7 @@ qint32 SkinSelection::StoredIndex() const {
 void SkinSelection::mnuSkin_Click(qint16 index) {
     WithTrap(*controls_.window, services_.dialogs, "Error in Skin Menu", [&] {
         for (int skin = 0; skin <= LastSkin; ++skin)
-            menu_.mnuSkin[size_t(skin)]->setChecked(skin == index);
+            menu_.mnuSkin[static_cast<size_t>(skin)]->setChecked(skin == index);
         menu_.mnuSkinCust->setEnabled(index != 0);
         services_.SkinIndex = index;
         if (!modifier_)
@@ -219,7 +219,7 @@ void SkinSelection::mnuSkinCust_Click() {
 
 void SkinSelection::Reskin() {
     services_.SkinIndex = SavedSkinIndex;
-    mnuSkin_Click(qint16(SavedSkinIndex));
+    mnuSkin_Click(static_cast<qint16>(SavedSkinIndex));
 }
 
 bool SkinSelection::eventFilter(QObject* watched, QEvent* event) {

@@ -91,13 +91,13 @@ constexpr qreal LowestRatio = 2;
 } // namespace
 
 const SkinColors& RoleColors(int skinIndex) {
-    return Roles[skinIndex < 0 || skinIndex > SkinCount ? 0 : size_t(skinIndex)];
+    return Roles[skinIndex < 0 || skinIndex > SkinCount ? 0 : static_cast<size_t>(skinIndex)];
 }
 
 void ApplyBuiltIn(int skinIndex, const SkinPictures& pictures, SkinConfiguration& configuration) {
     if (skinIndex < 1 || skinIndex > SkinCount)
         return;
-    const size_t column = size_t(skinIndex - 1);
+    const size_t column = static_cast<size_t>(skinIndex - 1);
     configuration.Name = QString::fromLatin1(Names[column]);
     for (const auto& row : Numbers) {
         if (const auto value = row.values[column])

@@ -85,15 +85,15 @@ private:
 };
 
 float ToMember(const QScrollBar& slider, int zero) {
-    return float(double(slider.value() - zero) / Hundredths);
+    return static_cast<float>(static_cast<double>(slider.value() - zero) / Hundredths);
 }
 
 /// A member may lie outside what its slider can show, as the settings file can be edited by hand:
 /// the slider then stands at its end, and the member stays until a slider is moved.
 void ShowMember(QScrollBar& slider, float member, int zero) {
-    const double value = double(member) * Hundredths + zero;
-    slider.setValue(
-        int(std::lrint(std::clamp(value, double(slider.minimum()), double(slider.maximum())))));
+    const double value = static_cast<double>(member) * Hundredths + zero;
+    slider.setValue(static_cast<int>(std::lrint(std::clamp(
+        value, static_cast<double>(slider.minimum()), static_cast<double>(slider.maximum())))));
 }
 
 } // namespace

@@ -29,7 +29,7 @@ std::optional<QByteArray> Frames::Take() {
         broken_ = true;
         return std::nullopt;
     }
-    if (bytes_.size() - begin_ - HeaderBytes < qsizetype(length))
+    if (bytes_.size() - begin_ - HeaderBytes < static_cast<qsizetype>(length))
         return std::nullopt;
     QByteArray payload = bytes_.mid(begin_ + HeaderBytes, length);
     begin_ += HeaderBytes + length;

@@ -37,7 +37,8 @@ bool IsHiddenResultColumn(int column) {
 
 /// Half of what a screen leaves beside a window.
 QString Centred(qint32 screenStart, qint32 screenLength, qint32 length) {
-    return SingleText(float(screenStart) + float(screenLength - length) / 2);
+    return SingleText(static_cast<float>(screenStart) +
+                      static_cast<float>(screenLength - length) / 2);
 }
 
 } // namespace
@@ -155,7 +156,7 @@ void SettingsFile::LoadWindowPlace() {
 /// The first two have room for names; the others share what the list has left.
 void SettingsFile::LoadResultColumns() {
     ListView& list = controls_.lvwResults;
-    const QString share = SingleText(float(ToTwips(list.width()) - 3300) / 6);
+    const QString share = SingleText(static_cast<float>(ToTwips(list.width()) - 3300) / 6);
     for (int column = 1; column <= list.ColumnCount(); ++column) {
         if (IsHiddenResultColumn(column)) {
             list.SetColumnWidth(column, 0);
@@ -165,8 +166,8 @@ void SettingsFile::LoadResultColumns() {
                                    column <= 2 ? Text("1500") : share);
         // No column is wider than this; what no column can be, a Single can.
         constexpr float limit = 1e9F;
-        list.SetColumnWidth(column,
-                            int(std::nearbyint(std::clamp(LeadingSingle(width), 0.0F, limit))));
+        list.SetColumnWidth(column, static_cast<int>(std::nearbyint(
+                                        std::clamp(LeadingSingle(width), 0.0F, limit))));
     }
 }
 
@@ -339,7 +340,7 @@ QString SettingsFile::KeptByControl(const Setting& setting) const {
     const std::pair<const Setting&, QString> values[] = {
         {SettingOf("Recurse", "State"), Text(controls_.chkRecurse.isChecked() ? "1" : "0")},
         {SettingOf("List", "Font"), font.family()},
-        {SettingOf("List", "Font_Size"), SingleText(float(FontSize(font)))},
+        {SettingOf("List", "Font_Size"), SingleText(static_cast<float>(FontSize(font)))},
         {SettingOf("List", "Font_Italic"), BooleanWord(font.italic())},
         {SettingOf("List", "Font_Bold"), BooleanWord(font.bold())},
     };
@@ -351,9 +352,9 @@ QString SettingsFile::KeptByControl(const Setting& setting) const {
 
 void SettingsFile::SaveExclusions() {
     const QStringList& entries = settings_.ExcNetNodes;
-    Write("Exclude_Network_Nodes", "Number", qint32(entries.size()));
+    Write("Exclude_Network_Nodes", "Number", static_cast<qint32>(entries.size()));
     for (qsizetype node = 1; node <= entries.size(); ++node)
-        Write("Exclude_Network_Nodes", Numbered("Node", int(node)), entries[node - 1]);
+        Write("Exclude_Network_Nodes", Numbered("Node", static_cast<int>(node)), entries[node - 1]);
 }
 
 } // namespace netrove
