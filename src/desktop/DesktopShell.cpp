@@ -38,14 +38,14 @@ QStringList TypesOf(const QUrl& address) {
 
 /// Whether the desktop names a program for one of the types. True if it can't be asked, or takes
 /// its time: then its opener finds out.
-bool HasProgram(const QStringList& types) {
+bool HasProgram(const QStringList& types, std::chrono::milliseconds questionLimit) {
     std::vector<std::unique_ptr<QProcess>> queries;
     for (const QString& type : types) {
         queries.push_back(std::make_unique<QProcess>());
         queries.back()->start(QStringLiteral("xdg-mime"),
                               {QStringLiteral("query"), QStringLiteral("default"), type});
     }
-    const QDeadlineTimer limit(DesktopShell::QuestionLimit);
+    const QDeadlineTimer limit(questionLimit);
     bool mayBeThere = false;
     for (const auto& query : queries) {
         const bool isAnswered = query->waitForFinished(static_cast<int>(limit.remainingTime()));
@@ -68,8 +68,9 @@ int ResultCode(const RunTimeError& failure) {
 
 } // namespace
 
-DesktopShell::DesktopShell(FileAccess& files, Opener opener, const QDBusConnection& bus)
-    : files_(files), opener_(std::move(opener)), bus_(bus) {
+DesktopShell::DesktopShell(FileAccess& files, Opener opener, const QDBusConnection& bus,
+                           std::chrono::milliseconds questionLimit)
+    : files_(files), opener_(std::move(opener)), bus_(bus), questionLimit_(questionLimit) {
     if (!opener_)
         opener_ = [this](const QUrl& address, const Failed& failed) {
             return desktopOpener_.Open(address, failed);
@@ -139,7 +140,7 @@ int DesktopShell::OpenAddress(const QString& text, const Failed& failed) {
     if (!address)
         return BadFormat;
     if (address->scheme() == QLatin1String("mailto") &&
-        !HasProgram({QStringLiteral("x-scheme-handler/mailto")}))
+        !HasProgram({QStringLiteral("x-scheme-handler/mailto")}, questionLimit_))
         return NoAssociation;
     return Open(*address, failed);
 }
@@ -148,7 +149,8 @@ int DesktopShell::OpenTarget(const Target& target, ShellVerb verb, const Failed&
     if (target.isFolder)
         return Open(target.address, failed);
     if (verb != ShellVerb::Explore)
-        return HasProgram(TypesOf(target.address)) ? Open(target.address, failed) : NoAssociation;
+        return HasProgram(TypesOf(target.address), questionLimit_) ? Open(target.address, failed)
+                                                                   : NoAssociation;
     const QUrl folder = target.address.adjusted(QUrl::RemoveFilename);
     const auto openFolder = [this, folder, failed] {
         if (Open(folder, failed) != Success && failed)

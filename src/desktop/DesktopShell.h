@@ -23,7 +23,8 @@ public:
 
     /// `opener` hands an address to the desktop; without one it is the desktop's own.
     explicit DesktopShell(FileAccess& files, Opener opener = {},
-                          const QDBusConnection& bus = QDBusConnection::sessionBus());
+                          const QDBusConnection& bus = QDBusConnection::sessionBus(),
+                          std::chrono::milliseconds questionLimit = QuestionLimit);
 
     /// Files and folders are looked for first: a missing one is FileNotFound, or PathNotFound
     /// where its folder is missing too or a folder was asked for. A file whose kind no installed
@@ -31,7 +32,7 @@ public:
     /// file in its folder. Of addresses, http, https and mailto are opened; others are BadFormat.
     ///
     /// Success says that the desktop's opener has been started. Questions to the desktop hold up
-    /// the caller for QuestionLimit and DesktopBus::Limit at most; what isn't answered by then is
+    /// the caller for the limit and DesktopBus::Limit at most; what isn't answered by then is
     /// left to the opener.
     [[nodiscard]] int Execute(const QString& file, ShellVerb verb, const Failed& failed) override;
 
@@ -58,6 +59,7 @@ private:
     DesktopOpener desktopOpener_;
     Opener opener_;
     DesktopBus bus_;
+    std::chrono::milliseconds questionLimit_;
 };
 
 } // namespace netrove
