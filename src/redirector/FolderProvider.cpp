@@ -1,6 +1,7 @@
 #include "redirector/FolderProvider.h"
 
 #include "platform/IniReader.h"
+#include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
@@ -141,7 +142,7 @@ private:
 
 const FolderProvider::Node* FolderProvider::Node::Find(const QString& childName) const {
     const auto found = std::ranges::find_if(
-        below, [&](const Node& node) { return EqualText(node.name, childName); });
+        below, [&](const Node& node) { return IsSameName(node.name, childName); });
     return found == below.end() ? nullptr : &*found;
 }
 

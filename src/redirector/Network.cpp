@@ -39,9 +39,7 @@ bool FitsBelow(const NetRecord& node, const NetRecord& record) {
         const auto path = UncPath::Parse(name);
         return path && path->Share().isEmpty();
     }
-    // Any single element can be a server's name, so that is the test for a name.
-    const auto path = UncPath::Parse(UncStart + name);
-    return path && path->Server() == name;
+    return IsPathElement(name);
 }
 
 /// Whether an entry's name can stand in a path; "." and ".." are folders in every listing.
