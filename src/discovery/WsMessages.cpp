@@ -211,7 +211,9 @@ std::optional<Target> ChooseTarget(const QStringList& addresses, const QString& 
     for (const QString& address : addresses) {
         const QUrl url(address, QUrl::StrictMode);
         const QByteArray path = url.path(QUrl::FullyEncoded).toLatin1();
-        if (!url.isValid() || url.scheme() != QLatin1String("http") || path.size() > maxPath)
+        // Without a host, what looks like one is a path, and no path of a request.
+        if (!url.isValid() || url.scheme() != QLatin1String("http") || url.host().isEmpty() ||
+            path.size() > maxPath)
             continue;
         const Target target = {.port = static_cast<quint16>(url.port(httpPort)),
                                .path = path.isEmpty() ? QByteArray("/") : path};

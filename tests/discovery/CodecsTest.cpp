@@ -121,7 +121,7 @@ TEST(WsMessagesTest, OnlyPortAndPathComeFromTheDevice) {
         EXPECT_EQ(target ? target->port : 0, port) << addresses;
         EXPECT_EQ(target ? target->path : "", path) << addresses;
     }
-    EXPECT_FALSE(choose({Text("http://x:1/a b")}));
+    EXPECT_FALSE(choose({Text("http://x:1/a b"), Text("http:http://10.0.0.1:80/")}));
     EXPECT_FALSE(choose({Text("http://x/") + QString(600, u'a')}));
 }
 
