@@ -2,7 +2,6 @@
 
 #include "redirector/RemotePlace.h"
 
-#include <atomic>
 #include <functional>
 #include <memory>
 #include <thread>
@@ -25,8 +24,7 @@ public:
     void Cancel();
 
 private:
-    std::atomic<bool> isCancelled_ = false;
-    std::thread thread_;
+    std::jthread thread_;
 };
 
 } // namespace netrove

@@ -4,13 +4,12 @@
 #include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/Text.h"
-#include "runtime/Yield.h"
+#include "runtime/Waiting.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <thread>
 
 namespace netrove {
 namespace {
@@ -19,21 +18,8 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds DefaultDelay{200};
 constexpr milliseconds LongestDelay{10'000};
-/// How long a wait leaves the display alone.
-constexpr milliseconds WaitStep{20};
 /// Workgroups, servers, shares.
 constexpr int Levels = 3;
-
-/// False when the wait has been given up.
-bool Wait(milliseconds time) {
-    const auto end = std::chrono::steady_clock::now() + time;
-    for (auto now = end - time; now < end; now = std::chrono::steady_clock::now()) {
-        if (!WhileWaiting())
-            return false;
-        std::this_thread::sleep_for(std::min<std::chrono::nanoseconds>(WaitStep, end - now));
-    }
-    return true;
-}
 
 } // namespace
 
@@ -183,10 +169,10 @@ bool FolderProvider::Answers(const Node& node) {
     case Fault::None:
         return true;
     case Fault::Slow:
-        isGivenUp_ = !Wait(node.delay);
+        isGivenUp_ = !Waiting(node.delay).ForTime();
         return !isGivenUp_;
     case Fault::Unreachable:
-        isGivenUp_ = !Wait(node.delay);
+        isGivenUp_ = !Waiting(node.delay).ForTime();
         return false;
     case Fault::Refused:
         return false;

@@ -1,21 +1,19 @@
 #include "redirector/LogonUse.h"
 
-#include "redirector/WaitingPoll.h"
+#include "runtime/Waiting.h"
 
 #include <cerrno>
 
 namespace netrove {
 namespace {
 
-/// Waits one step; false where the wait is given up.
-bool Pause() {
-    WaitingPoll step(std::chrono::milliseconds(0));
-    return step.Wait({}) != ECANCELED;
-}
+/// Whoever tries a logon needs some milliseconds for it.
+constexpr std::chrono::milliseconds Moment{20};
 
 } // namespace
 
-LogonUse::LogonUse(Logons* logons, SmbRequest& request) : logons_(logons), request_(request) {
+LogonUse::LogonUse(Logons* logons, SmbRequest& request, std::stop_token stop)
+    : logons_(logons), request_(request), stop_(std::move(stop)) {
     if (logons)
         status_ = TakeTurn();
     if (status_ != 0)
@@ -39,6 +37,11 @@ int LogonUse::TakeTurn() {
                 return ECANCELED;
         }
     }
+}
+
+/// False where the wait is given up.
+bool LogonUse::Pause() const {
+    return Waiting(Moment, stop_).ForTime();
 }
 
 LogonUse::~LogonUse() {

@@ -2,6 +2,8 @@
 
 #include "redirector/Logons.h"
 
+#include <stop_token>
+
 namespace netrove {
 
 /// The logon of one request, from its beginning to its end. Lets no second request of an untried
@@ -10,7 +12,7 @@ class LogonUse {
 public:
     /// Fills in the request's logon; `logons` may be null. Blocks while the keyring is read and
     /// while another request tries the logon, and calls WhileWaiting(). `request` outlives this.
-    LogonUse(Logons* logons, SmbRequest& request);
+    LogonUse(Logons* logons, SmbRequest& request, std::stop_token stop);
     LogonUse(const LogonUse&) = delete;
     LogonUse& operator=(const LogonUse&) = delete;
     ~LogonUse();
@@ -24,9 +26,11 @@ public:
 
 private:
     [[nodiscard]] int TakeTurn();
+    [[nodiscard]] bool Pause() const;
 
     Logons* logons_; ///< null where there is nothing (more) to tell
     SmbRequest& request_;
+    const std::stop_token stop_;
     int status_ = 0; ///< of the turn
 };
 

@@ -1,7 +1,5 @@
 #include "redirector/NetworkReachTest.h"
 
-#include "runtime/Yield.h"
-
 #include <algorithm>
 #include <limits>
 
@@ -14,6 +12,7 @@ constexpr std::size_t MostThreads = 16;
 
 void NetworkReachTest::Begin(const QStringList& names) {
     Cancel();
+    end_ = std::stop_source();
     for (const QString& name : names) {
         const auto path = UncPath::Parse(name);
         if (!path)
@@ -26,20 +25,17 @@ void NetworkReachTest::Begin(const QStringList& names) {
         }
     }
     for (std::size_t count = std::min(questions_.size(), MostThreads); count > 0; --count)
-        threads_.emplace_back([this] { Work(); });
+        threads_.emplace_back([this] { Work(end_.get_token()); });
 }
 
 void NetworkReachTest::Cancel() {
-    isCancelled_ = true;
-    for (std::thread& thread : threads_)
-        thread.join();
+    end_.request_stop();
     threads_.clear();
     connections_.Close();
     questions_.clear();
     answers_.clear();
     waitedFor_.clear();
     next_ = 0;
-    isCancelled_ = false;
 }
 
 /// The network itself takes down what it is answered.
@@ -52,12 +48,11 @@ void NetworkReachTest::AskHere(const UncPath& path) {
         static_cast<void>(Below(*record));
 }
 
-void NetworkReachTest::Work() {
-    SetWaitingPass([this] { return !isCancelled_; });
-    for (std::size_t at = next_++; at < questions_.size() && !isCancelled_; at = next_++) {
+void NetworkReachTest::Work(const std::stop_token& stop) {
+    for (std::size_t at = next_++; at < questions_.size() && !stop.stop_requested(); at = next_++) {
         const auto& [name, place] = questions_[at];
-        const QString trouble = place->Trouble(connections_);
-        if (isCancelled_)
+        const QString trouble = place->Trouble(connections_, stop);
+        if (stop.stop_requested())
             return;
         const std::lock_guard lock(mutex_);
         answers_.push_back({name, trouble});

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <stop_token>
 #include <thread>
 #include <vector>
 
@@ -41,7 +42,7 @@ private:
     };
 
     void AskHere(const UncPath& path);
-    void Work();
+    void Work(const std::stop_token& stop);
     [[nodiscard]] bool IsInReport(const QString& name);
     [[nodiscard]] std::vector<NetRecord> Below(const NetRecord& node);
 
@@ -51,10 +52,10 @@ private:
     OwnConnections connections_;
     std::vector<Question> questions_;
     std::atomic<std::size_t> next_ = 0;
-    std::atomic<bool> isCancelled_ = false;
-    std::vector<std::thread> threads_;
     std::mutex mutex_;
     std::vector<Answer> answers_; ///< that nobody has taken yet; behind the mutex
+    std::stop_source end_;
+    std::vector<std::jthread> threads_;
 };
 
 } // namespace netrove

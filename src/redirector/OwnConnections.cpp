@@ -5,7 +5,7 @@
 
 namespace netrove {
 
-OwnConnections::OwnConnections() = default;
+OwnConnections::OwnConnections(std::shared_ptr<DeadServers> dead) : dead_(std::move(dead)) {}
 OwnConnections::~OwnConnections() = default;
 
 std::chrono::milliseconds OwnConnections::IdleTime() {
@@ -19,7 +19,8 @@ void OwnConnections::Close() {
 SmbPool& OwnConnections::Pool(const std::shared_ptr<const SmbSettings>& settings) {
     const std::scoped_lock lock(mutex_);
     if (!pool_)
-        pool_ = std::make_unique<SmbPool>(settings->helper, settings->limits, settings->logons);
+        pool_ = std::make_unique<SmbPool>(settings->helper, settings->limits, settings->logons,
+                                          dead_ ? dead_ : std::make_shared<DeadServers>());
     return *pool_;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "redirector/DeadServers.h"
+
 #include <QtGlobal>
 
 #include <atomic>
@@ -13,11 +15,12 @@ class SmbPool;
 struct SmbSettings;
 
 /// The connections of somebody who asks remote places apart from the walk. They are made when they
-/// are needed and kept from one place to the next; what the walk knows of dead computers doesn't
-/// count. May be used by several threads at once.
+/// are needed and kept from one place to the next. What the walk knows of dead computers doesn't
+/// count; what is in `dead` does, and is shared with whoever else has it. May be used by several
+/// threads at once.
 class OwnConnections {
 public:
-    OwnConnections();
+    explicit OwnConnections(std::shared_ptr<DeadServers> dead = nullptr);
     OwnConnections(const OwnConnections&) = delete;
     OwnConnections& operator=(const OwnConnections&) = delete;
     ~OwnConnections();
@@ -34,6 +37,7 @@ public:
     [[nodiscard]] std::atomic<qint64>& Arriving() { return arriving_; }
 
 private:
+    const std::shared_ptr<DeadServers> dead_; ///< null where nobody else knows them
     std::mutex mutex_;
     std::unique_ptr<SmbPool> pool_;
     std::atomic<qint64> arriving_ = 0;

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <stop_token>
 
 namespace netrove {
 
@@ -17,11 +18,11 @@ enum class LogonResult {
     Refused,     ///< a wrong password, or nobody whom the computer knows
     HidesShares, ///< it lets the user in, and no more
     Unreachable,
-    GivenUp, ///< WhileWaiting() said so
+    GivenUp, ///< as the stop token said
 };
 
 /// A computer, a share or a file that may be asked by any thread, over connections of its own: what
-/// takes long doesn't hold up who walks the network. Calls block, and call WhileWaiting().
+/// takes long doesn't hold up who walks the network. Calls block until the stop token says so.
 class RemotePlace {
 public:
     RemotePlace() = default;
@@ -29,17 +30,20 @@ public:
     RemotePlace& operator=(const RemotePlace&) = delete;
     virtual ~RemotePlace() = default;
 
-    /// The place as a file. Asks nobody yet; the connections and the place must outlive it.
+    /// The place as a file, whose calls `stop` ends, too. Asks nobody yet; the connections and the
+    /// place must outlive it.
     [[nodiscard]] virtual std::unique_ptr<CopySource>
-    OpenFile(OwnConnections& connections) const = 0;
+    OpenFile(OwnConnections& connections, const std::stop_token& stop) const = 0;
 
     /// Why the computer doesn't tell its shares, or the share its files: a sentence for the user.
     /// Empty where it does, and where the wait was given up.
-    [[nodiscard]] virtual QString Trouble(OwnConnections& connections) const = 0;
+    [[nodiscard]] virtual QString Trouble(OwnConnections& connections,
+                                          const std::stop_token& stop) const = 0;
 
     /// Asks the computer for its shares with a logon, over one connection, and takes note of
     /// whether it was refused.
-    [[nodiscard]] virtual LogonResult TryLogon(const StoredLogon& logon) const = 0;
+    [[nodiscard]] virtual LogonResult TryLogon(const StoredLogon& logon,
+                                               const std::stop_token& stop) const = 0;
 };
 
 } // namespace netrove

@@ -1,10 +1,10 @@
 #include "redirector/SmbAhead.h"
 
 #include "redirector/SmbFileReader.h"
-#include "redirector/WaitingPace.h"
 #include "runtime/RunTimeError.h"
-#include "runtime/Yield.h"
+#include "runtime/Waiting.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
@@ -20,14 +20,10 @@ constexpr qint64 MaxArriving = 60'000'000;
 } // namespace
 
 SmbAhead::~SmbAhead() {
-    {
-        const std::scoped_lock lock(mutex_);
-        hasEnded_ = true;
-        tasks_.clear();
-    }
+    const std::scoped_lock lock(mutex_);
+    end_.request_stop();
+    tasks_.clear();
     work_.notify_all();
-    for (std::thread& thread : threads_)
-        thread.join();
 }
 
 void SmbAhead::Expect(const std::vector<WalkOrder::Start>& starts) {
@@ -71,6 +67,18 @@ SmbList SmbAhead::Ask(const QString& key, const SmbRequest& request) {
     return list;
 }
 
+std::optional<QByteArray> SmbAhead::FindPiece(const QString& key, qint64 offset, qint64 length) {
+    if (key != lastFile_) {
+        lastPieces_ = TakeFile(key);
+        lastFile_ = key;
+    }
+    const auto found = std::ranges::find_if(lastPieces_, [&](const SmbPiece& piece) {
+        return piece.offset == offset && piece.asked == length;
+    });
+    return found == lastPieces_.end() ? std::nullopt : std::optional(found->bytes);
+}
+
+/// What has been read of it ahead. The rest nobody else reads.
 std::vector<SmbPiece> SmbAhead::TakeFile(const QString& key) {
     std::unique_lock lock(mutex_);
     const WalkOrder::State state = Await(key, lock);
@@ -85,13 +93,10 @@ std::vector<SmbPiece> SmbAhead::TakeFile(const QString& key) {
 
 /// How far the place is, once it isn't under way any more; it is still if the wait is given up.
 WalkOrder::State SmbAhead::Await(const QString& key, std::unique_lock<std::mutex>& lock) {
-    WaitingPace pace;
+    Waiting waiting;
     WalkOrder::State state = order_.Reach(key);
     for (bool goesOn = true; state == WalkOrder::State::Asked && goesOn;) {
-        arrived_.wait_until(lock, pace.Next());
-        lock.unlock();
-        goesOn = pace.Pass();
-        lock.lock();
+        goesOn = waiting.ForNotice(arrived_, lock);
         state = order_.Reach(key);
     }
     return state;
@@ -99,7 +104,7 @@ WalkOrder::State SmbAhead::Await(const QString& key, std::unique_lock<std::mutex
 
 SmbList SmbAhead::FetchHere(const SmbRequest& request) {
     return FetchList(request, [this](const SmbRequest& asked, const SmbWorker::Part& part) {
-        return pool_.Run(asked, part, reached_);
+        return pool_.Run(asked, part, {}, reached_);
     });
 }
 
@@ -107,32 +112,29 @@ SmbList SmbAhead::Fetch(Task task) {
     if (task.question.request.kind == SmbRequest::Kind::Read)
         return FetchFile(std::move(task));
     const auto run = [&](const SmbRequest& asked, const SmbWorker::Part& part) {
-        return pool_.Run(std::move(task.turn), asked, part, reached_);
+        return pool_.Run(std::move(task.turn), asked, part, end_.get_token(), reached_);
     };
     return FetchList(task.question.request, run, arriving_, MaxArriving);
 }
 
 /// What was read before a failure counts. The failure is the walk's to meet.
 SmbList SmbAhead::FetchFile(Task task) {
-    std::optional turn = std::move(task.turn);
     SmbFileReader file(task.question.request, task.question.file,
                        [&](const SmbRequest& asked, const SmbWorker::Part& part) {
-                           if (!turn)
-                               return pool_.Run(asked, part);
-                           SmbPool::Turn first = std::move(*turn);
-                           turn.reset();
-                           return pool_.Run(std::move(first), asked, part, reached_);
+                           const std::stop_token end = end_.get_token();
+                           return task.turn
+                                      ? pool_.Run(std::move(task.turn), asked, part, end, reached_)
+                                      : pool_.Run(asked, part, end);
                        });
     static_cast<void>(FailureOf([&] { plan_->ReadFile(file, task.question.path); }));
     return {.status = file.Status() == ECANCELED ? ECANCELED : 0, .pieces = file.TakePieces()};
 }
 
 void SmbAhead::Work() {
-    SetWaitingPass([this] { return !hasEnded_; });
     std::unique_lock lock(mutex_);
     for (;;) {
-        work_.wait(lock, [this] { return hasEnded_ || !tasks_.empty(); });
-        if (hasEnded_)
+        work_.wait(lock, [this] { return end_.stop_requested() || !tasks_.empty(); });
+        if (end_.stop_requested())
             return;
         Task task = std::move(tasks_.front());
         tasks_.pop_front();
@@ -154,16 +156,16 @@ void SmbAhead::Work() {
 
 /// Gives threads what may be asked now.
 void SmbAhead::Dispatch() {
-    while (!hasEnded_ && HasFreeThread()) {
-        std::optional<SmbPool::Turn> turn;
+    while (!end_.stop_requested() && HasFreeThread()) {
+        SmbPool::Turn turn;
         const auto grant = [&](const SmbRequest& request, std::size_t waiting) {
             turn = pool_.TryTakeTurn(request, waiting);
-            return turn.has_value();
+            return turn != nullptr;
         };
         auto question = order_.Next(grant);
         if (!question)
             break;
-        Give(std::move(*question), std::move(*turn));
+        Give(std::move(*question), std::move(turn));
     }
     OpenEarly();
 }
@@ -177,11 +179,11 @@ void SmbAhead::OpenEarly() {
     SmbRequest entry = *folder;
     entry.kind = SmbRequest::Kind::Stat;
     entry.path.clear();
-    while (!hasEnded_ && HasFreeThread()) {
+    while (!end_.stop_requested() && HasFreeThread()) {
         auto turn = pool_.TryTakeEarlyTurn(entry);
         if (!turn)
             return;
-        Give({.id = WalkOrder::NoQuestion, .request = entry}, std::move(*turn));
+        Give({.id = WalkOrder::NoQuestion, .request = entry}, std::move(turn));
     }
 }
 

@@ -12,6 +12,8 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <stop_token>
 #include <thread>
 #include <vector>
 
@@ -38,9 +40,11 @@ public:
     /// the wait was given up.
     [[nodiscard]] SmbList Ask(const QString& key, const SmbRequest& request);
 
-    /// The walk reads a file: gives what has been read of it ahead. The rest nobody else reads.
-    /// Blocks while it is under way, and calls WhileWaiting().
-    [[nodiscard]] std::vector<SmbPiece> TakeFile(const QString& key);
+    /// The walk reads a piece of a file: gives it where it has been read ahead. The file that was
+    /// asked for last is kept; what isn't in it is left to the walk. Blocks while the file is under
+    /// way, and calls WhileWaiting().
+    [[nodiscard]] std::optional<QByteArray> FindPiece(const QString& key, qint64 offset,
+                                                      qint64 length);
 
 private:
     struct Task {
@@ -48,6 +52,7 @@ private:
         SmbPool::Turn turn;
     };
 
+    [[nodiscard]] std::vector<SmbPiece> TakeFile(const QString& key);
     void Work();
     [[nodiscard]] SmbList Fetch(Task task);
     [[nodiscard]] SmbList FetchFile(Task task);
@@ -69,10 +74,12 @@ private:
     std::condition_variable arrived_; ///< an answer
     WalkOrder order_;
     std::deque<Task> tasks_;
-    std::vector<std::thread> threads_;
     std::size_t busy_ = 0; ///< threads, with those that have a task waiting
     std::atomic<qint64> arriving_ = 0;
-    std::atomic<bool> hasEnded_ = false;
+    QString lastFile_; ///< by its key
+    std::vector<SmbPiece> lastPieces_;
+    std::stop_source end_;
+    std::vector<std::jthread> threads_; ///< they end first
 };
 
 } // namespace netrove

@@ -1,7 +1,7 @@
 #include "redirector/SmbComputers.h"
 
-#include "redirector/WaitingPoll.h"
 #include "runtime/Names.h"
+#include "runtime/Waiting.h"
 
 #include <algorithm>
 #include <array>
@@ -71,13 +71,13 @@ void SmbComputers::Begin() {
 }
 
 bool SmbComputers::AwaitEnd(const std::function<void()>& onNews) {
-    WaitingPoll waiting(LongestLook);
+    Waiting waiting(LongestLook);
     while (source_->IsRunning()) {
         if (onNews)
             onNews();
         std::array<pollfd, 1> descriptors{
             {{.fd = source_->Descriptor(), .events = POLLIN, .revents = 0}}};
-        if (waiting.Wait(descriptors) != 0)
+        if (waiting.ForDescriptors(descriptors) != 0)
             return false;
         TakeFound(*begun_);
     }

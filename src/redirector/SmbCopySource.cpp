@@ -44,14 +44,14 @@ void SmbCopySource::Read(qint64 offset, quint32 length, const Sink& sink) {
 }
 
 void SmbCopySource::Run(const SmbWorker::Part& part) {
-    if (const int status = pool_.Run(request_, part); status != 0)
+    if (const int status = pool_.Run(request_, part, stop_); status != 0)
         throw RunTimeError(ErrorOf(status));
 }
 
 /// A file that was there a moment ago has no wrong path: what fails then is the way to it.
 ErrorNumber SmbCopySource::ErrorOf(int status) {
-    const ErrorNumber number = ErrorOfSmbRequest(pool_, request_, status,
-                                                 hasAnswered_ ? SmbAction::Read : SmbAction::Look);
+    const ErrorNumber number = ErrorOfSmbRequest(
+        pool_, request_, status, hasAnswered_ ? SmbAction::Read : SmbAction::Look, stop_);
     return hasAnswered_ && number == ErrorNumber::PathNotFound ? ErrorNumber::DeviceIOError
                                                                : number;
 }

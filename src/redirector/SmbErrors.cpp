@@ -78,7 +78,7 @@ ErrorNumber ErrorOfSmbStatus(int status, SmbAction action) {
 }
 
 ErrorNumber ErrorOfSmbRequest(SmbPool& pool, const SmbRequest& request, int status,
-                              SmbAction action) {
+                              SmbAction action, const std::stop_token& stop) {
     if (status != ENOENT)
         return ErrorOfSmbStatus(status, action);
     if (request.path.isEmpty())
@@ -93,8 +93,8 @@ ErrorNumber ErrorOfSmbRequest(SmbPool& pool, const SmbRequest& request, int stat
             some && !some->empty() && (some->front().attributes & FileAttribute::Directory) != 0;
         return some != nullptr;
     };
-    return pool.Run(above, take) == 0 && isFolder ? ErrorNumber::FileNotFound
-                                                  : ErrorNumber::PathNotFound;
+    return pool.Run(above, take, stop) == 0 && isFolder ? ErrorNumber::FileNotFound
+                                                        : ErrorNumber::PathNotFound;
 }
 
 } // namespace netrove

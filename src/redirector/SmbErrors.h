@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <stop_token>
+
 namespace netrove {
 
 class SmbPool;
@@ -25,6 +27,6 @@ enum class SmbAction { Look, Read };
 /// The same of a request that names a path. What isn't there may be the file or its folder: the
 /// server says the same for both, and is asked again. Blocks, and calls WhileWaiting().
 [[nodiscard]] ErrorNumber ErrorOfSmbRequest(SmbPool& pool, const SmbRequest& request, int status,
-                                            SmbAction action);
+                                            SmbAction action, const std::stop_token& stop = {});
 
 } // namespace netrove

@@ -59,19 +59,19 @@ SmbLimits::Time LimitOf(const SmbLimits& limits, SmbRequest::Kind kind) {
 
 int SmbExchange::Run(const Reached& reached) {
     // It may have died since the turn was given.
-    if (const int status = turns_.Servers()->DeadStatus(turn_.Server()); status != 0)
+    if (const int status = connections_.Servers()->DeadStatus(right_.server); status != 0)
         return status;
-    switch (turn_.Which()) {
-    case SmbTurn::Kind::None:
-        return turn_.Status();
-    case SmbTurn::Kind::First:
+    switch (right_.kind) {
+    case SmbConnections::Right::Kind::None:
+        return right_.status;
+    case SmbConnections::Right::Kind::First:
         return RunFirst(reached);
-    case SmbTurn::Kind::Early:
+    case SmbConnections::Right::Kind::Early:
         return RunEarly();
-    case SmbTurn::Kind::Further:
+    case SmbConnections::Right::Kind::Further:
         return RunFurther();
-    case SmbTurn::Kind::Ready:
-        return RunOn(turn_, part_);
+    case SmbConnections::Right::Kind::Ready:
+        return RunOn(right_, part_);
     }
     return EINVAL;
 }
@@ -79,12 +79,12 @@ int SmbExchange::Run(const Reached& reached) {
 /// Where a server is first reached: it is looked up, its port is tested, and one request shows
 /// whether it lets us in, before anybody else comes.
 int SmbExchange::RunFirst(const Reached& reached) {
-    turns_.PrepareHelpers(); // it loads while the port is tested
+    connections_.PrepareHelpers(); // it loads while the port is tested
     int status = Reach();
-    if (status == 0 && !turn_.Worker())
-        status = turns_.StartHelper(turn_);
+    if (status == 0 && !right_.worker)
+        status = connections_.StartHelper(right_, stop_);
     if (status != 0) {
-        turns_.GiveUp(turn_, status);
+        connections_.GiveUp(right_, status);
         return status;
     }
     if (reached)
@@ -92,68 +92,68 @@ int SmbExchange::RunFirst(const Reached& reached) {
     const auto begin = Clock::now();
     status = RunElseOverAnother();
     if (request_.kind == SmbRequest::Kind::ListFolder && IsAnswer(status))
-        turns_.Servers()->NoteFirstTime(turn_.Server(), Clock::now() - begin);
+        connections_.Servers()->NoteFirstTime(right_.server, Clock::now() - begin);
     return status;
 }
 
 /// Opens one more connection for those who come later. Where the server doesn't want that, nobody
 /// has lost anything.
 int SmbExchange::RunEarly() {
-    int status = turns_.StartHelper(turn_);
+    int status = connections_.StartHelper(right_, stop_);
     if (status == 0)
-        status = RunOn(turn_, part_);
+        status = RunOn(right_, part_);
     if (status == 0)
         return status;
-    const auto servers = turns_.Servers();
-    (*servers)[turn_.Server()].hasFailedEarly = true;
+    const auto servers = connections_.Servers();
+    (*servers)[right_.server].hasFailedEarly = true;
     if (MayBeRefused(status) && !IsAnswer(status))
-        servers->NoteRefused(turn_.Server());
-    turn_.EndConnection();
+        servers->NoteRefused(right_.server);
+    right_.EndConnection();
     return status;
 }
 
 int SmbExchange::RunFurther() {
-    const int status = turns_.StartHelper(turn_);
+    const int status = connections_.StartHelper(right_, stop_);
     return status == 0 ? RunElseOverAnother() : OverAnother(status);
 }
 
 /// Over a new connection. Where the server doesn't want that, over another one: also the first may
 /// find that early ones have taken all that it gives.
 int SmbExchange::RunElseOverAnother() {
-    const int status = RunOn(turn_, part_);
+    const int status = RunOn(right_, part_);
     return isAnswered_ || !MayBeRefused(status) ? status : OverAnother(status);
 }
 
 int SmbExchange::OverAnother(int status) {
-    auto other = turns_.AwaitOther(request_);
+    auto other = connections_.AwaitOther(request_, stop_);
     if (!other)
-        return HasRoomAgain() ? TryAgain() : status;
+        return right_.worker && HasRoomAgain() ? TryAgain() : status;
     const int again = RunOn(*other, part_);
     if (again == status || again == ECANCELED)
         return again;
-    const auto servers = turns_.Servers();
-    servers->NoteRefused(turn_.Server());
-    turn_.EndConnection();
+    const auto servers = connections_.Servers();
+    servers->NoteRefused(right_.server);
+    right_.EndConnection();
     return again;
 }
 
 /// Whether others were in the way that have all gone meanwhile.
 bool SmbExchange::HasRoomAgain() {
-    const auto servers = turns_.Servers();
-    const bool hadOthers =
-        turn_.Which() == SmbTurn::Kind::Further || (*servers)[turn_.Server()].hasFailedEarly;
-    return hadOthers && servers->DeadStatus(turn_.Server()) == 0;
+    const auto servers = connections_.Servers();
+    const bool hadOthers = right_.kind == SmbConnections::Right::Kind::Further ||
+                           (*servers)[right_.server].hasFailedEarly;
+    return hadOthers && servers->DeadStatus(right_.server) == 0;
 }
 
 /// The server may need a moment to notice that connections have been closed.
 int SmbExchange::TryAgain() {
     constexpr int tries = 3;
-    WaitingPace pace;
-    int status = RunOn(turn_, part_);
+    Waiting waiting(stop_);
+    int status = RunOn(right_, part_);
     for (int more = 1; more < tries && !isAnswered_ && MayBeRefused(status); ++more) {
-        if (!turns_.AwaitChange(pace))
+        if (!connections_.AwaitChange(waiting))
             return ECANCELED;
-        status = RunOn(turn_, part_);
+        status = RunOn(right_, part_);
     }
     return status;
 }
@@ -166,9 +166,9 @@ int SmbExchange::Reach() {
     else if (const int status = LookUp(addresses); status != 0)
         return status;
     const auto begin = Clock::now();
-    const int status = SmbProbe(turns_.Limits()).Run(addresses, request_.port);
-    const auto servers = turns_.Servers();
-    SmbServers::Server& server = (*servers)[turn_.Server()];
+    const int status = SmbProbe(connections_.Limits()).Run(addresses, request_.port, stop_);
+    const auto servers = connections_.Servers();
+    SmbServers::Server& server = (*servers)[right_.server];
     server.greeting = Clock::now() - begin;
     server.addresses = std::move(addresses);
     return status;
@@ -176,48 +176,52 @@ int SmbExchange::Reach() {
 
 /// A helper looks up the name: that can take long, and can't be interrupted.
 int SmbExchange::LookUp(std::vector<QString>& addresses) {
-    if (const int status = turns_.StartHelper(turn_); status != 0)
+    if (const int status = connections_.StartHelper(right_, stop_); status != 0)
         return status;
     SmbRequest lookup = request_;
     lookup.kind = SmbRequest::Kind::Resolve;
     lookup.logon.reset();
-    return turn_.Worker()->Request(lookup, turns_.Limits().lookup, [&](SmbAnswer& part) {
-        const auto* found = std::get_if<SmbAddresses>(&part);
-        if (!found)
-            return false;
-        for (const SmbAddress& address : *found)
-            addresses.push_back(address.text);
-        return true;
-    });
+    return right_.worker->Request(
+        lookup, connections_.Limits().lookup,
+        [&](SmbAnswer& part) {
+            const auto* found = std::get_if<SmbAddresses>(&part);
+            if (!found)
+                return false;
+            for (const SmbAddress& address : *found)
+                addresses.push_back(address.text);
+            return true;
+        },
+        stop_);
 }
 
-int SmbExchange::RunOn(SmbTurn& turn, const SmbWorker::Part& part) {
-    const bool isWarm = turn.IsWarm(request_.share);
+int SmbExchange::RunOn(SmbConnections::Right& right, const SmbWorker::Part& part) {
+    const bool isWarm = right.IsWarm(request_.share);
     const auto begin = Clock::now();
     const auto noting = [&](SmbAnswer& answer) {
         isAnswered_ = true;
-        turns_.Servers()->NoteSign(turn.Server());
+        connections_.Servers()->NoteSign(right.server);
         return part(answer);
     };
-    const auto check = [&] { return CheckSilent(turn.Server(), begin); };
-    const int status =
-        turn.Worker()->Request(request_, LimitOf(turns_.Limits(), request_.kind), noting, check);
-    turn.SetShare(request_.share);
-    NoteEnd(turn, status, isWarm, Clock::now() - begin);
+    const auto check = [&] { return CheckSilent(right.server, begin); };
+    const int status = right.worker->Request(
+        request_, LimitOf(connections_.Limits(), request_.kind), noting, stop_, check);
+    right.share = request_.share;
+    NoteEnd(right, status, isWarm, Clock::now() - begin);
     return status;
 }
 
-void SmbExchange::NoteEnd(const SmbTurn& turn, int status, bool isWarm, Clock::duration time) {
+void SmbExchange::NoteEnd(const SmbConnections::Right& right, int status, bool isWarm,
+                          Clock::duration time) {
     // So short a limit says nothing of how long the server takes for its files.
     const bool isLong = request_.kind != SmbRequest::Kind::Workgroup;
-    const auto servers = turns_.Servers();
-    servers->Note(turn.Server(), status, isLong);
+    const auto servers = connections_.Servers();
+    servers->Note(right.server, status, isLong);
     if (!IsAnswer(status))
         return;
-    servers->NoteSign(turn.Server());
-    (*servers)[turn.Server()].isProven = true;
+    servers->NoteSign(right.server);
+    (*servers)[right.server].isProven = true;
     if (isWarm && request_.kind == SmbRequest::Kind::ListFolder)
-        servers->NoteAnswerTime(turn.Server(), time);
+        servers->NoteAnswerTime(right.server, time);
 }
 
 /// Asked by each request that has waited since then, all the time: 0 while its server is there. The
@@ -225,14 +229,15 @@ void SmbExchange::NoteEnd(const SmbTurn& turn, int status, bool isWarm, Clock::d
 int SmbExchange::CheckSilent(const QString& server, Clock::time_point since) {
     std::vector<QString> addresses;
     {
-        const auto servers = turns_.Servers();
+        const auto servers = connections_.Servers();
         if (const int status = servers->DeadStatus(server); status != 0)
             return status;
         if (!servers->BeginProbe(server, since))
             return 0;
         addresses = (*servers)[server].addresses;
     }
-    return turns_.EndProbe(server, SmbProbe(turns_.Limits()).Run(addresses, request_.port));
+    return connections_.EndProbe(
+        server, SmbProbe(connections_.Limits()).Run(addresses, request_.port, stop_));
 }
 
 } // namespace netrove

@@ -1,23 +1,28 @@
 #pragma once
 
-#include "redirector/SmbTurns.h"
+#include "redirector/SmbConnections.h"
 #include "redirector/SmbWorker.h"
 
 #include <chrono>
 #include <functional>
+#include <stop_token>
 
 namespace netrove {
 
-/// One request put to its server, with the turn that was taken for it. What it finds out of the
-/// server on the way is told to `turns`. All that it is given outlives it.
+/// One request put to its server, with the right that was taken for it. What it finds out of the
+/// server on the way is told to `connections`. All that it is given outlives it.
 class SmbExchange {
 public:
     /// Called once it is known that the server is there.
     using Reached = std::function<void()>;
 
-    SmbExchange(SmbTurns& turns, SmbTurn& turn, const SmbRequest& request,
-                const SmbWorker::Part& part)
-        : turns_(turns), turn_(turn), request_(request), part_(part) {}
+    SmbExchange(SmbConnections& connections, SmbConnections::Right& right,
+                const SmbRequest& request, const SmbWorker::Part& part, std::stop_token stop)
+        : connections_(connections)
+        , right_(right)
+        , request_(request)
+        , part_(part)
+        , stop_(std::move(stop)) {}
 
     /// Gives 0 or an errno, as SmbPool::Run. Blocks, and calls WhileWaiting(). `reached` is for the
     /// first request to a server, before it is sent.
@@ -37,14 +42,15 @@ private:
     [[nodiscard]] int Reach();
     [[nodiscard]] int LookUp(std::vector<QString>& addresses);
 
-    [[nodiscard]] int RunOn(SmbTurn& turn, const SmbWorker::Part& part);
-    void NoteEnd(const SmbTurn& turn, int status, bool isWarm, Clock::duration time);
+    [[nodiscard]] int RunOn(SmbConnections::Right& right, const SmbWorker::Part& part);
+    void NoteEnd(const SmbConnections::Right& right, int status, bool isWarm, Clock::duration time);
     [[nodiscard]] int CheckSilent(const QString& server, Clock::time_point since);
 
-    SmbTurns& turns_;
-    SmbTurn& turn_;
+    SmbConnections& connections_;
+    SmbConnections::Right& right_;
     const SmbRequest& request_;
     const SmbWorker::Part& part_;
+    const std::stop_token stop_;
     bool isAnswered_ = false; ///< part of an answer has come, which isn't asked for twice
 };
 

@@ -1,15 +1,17 @@
 #pragma once
 
 #include "redirector/FolderTrail.h"
-#include "redirector/RecentListings.h"
 #include "redirector/SmbWorker.h"
 #include "smb/SmbMessages.h"
 
 #include <atomic>
 #include <cerrno>
 #include <functional>
+#include <memory>
 
 namespace netrove {
+
+using SmbListing = std::shared_ptr<const SmbEntries>;
 
 /// What a file has from `offset` on, where so many bytes were asked for: fewer at its end.
 struct SmbPiece {
@@ -23,7 +25,7 @@ struct SmbPiece {
 struct SmbList {
     int status = 0; ///< an errno
     /// Never null after a success.
-    RecentListings::Listing entries = {};
+    SmbListing entries = {};
     /// Those that are shown: whose name ends in "$" is there for who types its path.
     SmbShares shares = {};
     FolderPrint print = {}; ///< of a folder

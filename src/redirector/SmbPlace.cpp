@@ -31,15 +31,16 @@ LogonResult ResultOf(int status) {
 
 } // namespace
 
-std::unique_ptr<CopySource> SmbPlace::OpenFile(OwnConnections& connections) const {
+std::unique_ptr<CopySource> SmbPlace::OpenFile(OwnConnections& connections,
+                                               const std::stop_token& stop) const {
     return std::make_unique<SmbCopySource>(connections.Pool(settings_),
-                                           Request(SmbRequest::Kind::Inspect));
+                                           Request(SmbRequest::Kind::Inspect), stop);
 }
 
-QString SmbPlace::Trouble(OwnConnections& connections) const {
+QString SmbPlace::Trouble(OwnConnections& connections, const std::stop_token& stop) const {
     SmbPool& pool = connections.Pool(settings_);
     const auto run = [&](const SmbRequest& asked, const SmbWorker::Part& part) {
-        return pool.Run(asked, part);
+        return pool.Run(asked, part, stop);
     };
     const bool isShare = !request_.share.isEmpty();
     const SmbList list =
@@ -50,12 +51,12 @@ QString SmbPlace::Trouble(OwnConnections& connections) const {
     return isShare ? TroubleOfShare(list.status) : TroubleOfComputer(list.status);
 }
 
-LogonResult SmbPlace::TryLogon(const StoredLogon& logon) const {
+LogonResult SmbPlace::TryLogon(const StoredLogon& logon, const std::stop_token& stop) const {
     SmbPool pool(settings_->helper, settings_->limits);
     SmbRequest request = Request(SmbRequest::Kind::ListShares);
     request.logon = LogonOf(logon);
-    const int status =
-        pool.Run(request, [](SmbAnswer& part) { return std::holds_alternative<SmbShares>(part); });
+    const auto take = [](SmbAnswer& part) { return std::holds_alternative<SmbShares>(part); };
+    const int status = pool.Run(request, take, stop);
     if (status != ECANCELED && settings_->logons)
         static_cast<void>(settings_->logons->Note(request, status));
     return ResultOf(status);

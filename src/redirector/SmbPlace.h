@@ -15,9 +15,12 @@ public:
     SmbPlace(std::shared_ptr<const SmbSettings> settings, SmbRequest request)
         : settings_(std::move(settings)), request_(std::move(request)) {}
 
-    [[nodiscard]] std::unique_ptr<CopySource> OpenFile(OwnConnections& connections) const override;
-    [[nodiscard]] QString Trouble(OwnConnections& connections) const override;
-    [[nodiscard]] LogonResult TryLogon(const StoredLogon& logon) const override;
+    [[nodiscard]] std::unique_ptr<CopySource> OpenFile(OwnConnections& connections,
+                                                       const std::stop_token& stop) const override;
+    [[nodiscard]] QString Trouble(OwnConnections& connections,
+                                  const std::stop_token& stop) const override;
+    [[nodiscard]] LogonResult TryLogon(const StoredLogon& logon,
+                                       const std::stop_token& stop) const override;
 
 private:
     [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind) const;

@@ -17,25 +17,28 @@ QString SmbPool::DefaultHelper() {
                                             : folder + QLatin1String("../libexec/netrove/") + name;
 }
 
-int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part, const Reached& reached) {
-    auto turn = turns_.Await(request);
-    return turn ? Run(std::move(*turn), request, part, reached) : ECANCELED;
+int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part,
+                 const std::stop_token& stop, const Reached& reached) {
+    auto turn = connections_.Await(request, stop);
+    return turn ? Run(std::move(turn), request, part, stop, reached) : ECANCELED;
 }
 
 int SmbPool::Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part,
-                 const Reached& reached) {
-    if (turn.Which() == Turn::Kind::None || !logons_)
-        return SmbExchange(turns_, turn, request, part).Run(reached);
+                 const std::stop_token& stop, const Reached& reached) {
+    const auto exchange = [&](const SmbRequest& asked) {
+        return SmbExchange(connections_, *turn, asked, part, stop).Run(reached);
+    };
+    if (turn->kind == SmbConnections::Right::Kind::None || !logons_)
+        return exchange(request);
     SmbRequest asked = request;
-    LogonUse use(logons_.get(), asked);
-    return use.Status() != 0 ? use.Status()
-                             : use.End(SmbExchange(turns_, turn, asked, part).Run(reached));
+    LogonUse use(logons_.get(), asked, stop);
+    return use.Status() != 0 ? use.Status() : use.End(exchange(asked));
 }
 
-std::optional<SmbPool::Turn> SmbPool::TryTakeEarlyTurn(const SmbRequest& request) {
+SmbPool::Turn SmbPool::TryTakeEarlyTurn(const SmbRequest& request) {
     if (logons_ && !logons_->IsSafe(request))
-        return std::nullopt;
-    return turns_.TryTakeEarly(request);
+        return {};
+    return connections_.TryTakeEarly(request);
 }
 
 } // namespace netrove

@@ -1,15 +1,15 @@
 #pragma once
 
 #include "redirector/Logons.h"
+#include "redirector/SmbConnections.h"
 #include "redirector/SmbExchange.h"
 #include "redirector/SmbLimits.h"
-#include "redirector/SmbTurns.h"
 #include "redirector/SmbWorker.h"
 
 #include <QString>
 
 #include <memory>
-#include <optional>
+#include <stop_token>
 #include <vector>
 
 namespace netrove {
@@ -26,17 +26,20 @@ public:
     /// The helper that belongs to this program: beside its executable, else in ../libexec/netrove.
     [[nodiscard]] static QString DefaultHelper();
 
-    /// Without `logons` all requests are sent as they are.
+    /// Without `logons` all requests are sent as they are. What is known of dead servers may be
+    /// shared with other pools.
     explicit SmbPool(QString helper = DefaultHelper(), const SmbLimits& limits = {},
-                     std::shared_ptr<Logons> logons = nullptr)
-        : logons_(std::move(logons)), turns_(std::move(helper), limits) {}
+                     std::shared_ptr<Logons> logons = nullptr,
+                     std::shared_ptr<DeadServers> dead = std::make_shared<DeadServers>())
+        : logons_(std::move(logons)), connections_(std::move(helper), limits, std::move(dead)) {}
 
     using Reached = SmbExchange::Reached;
-    using Turn = SmbTurn;
+    using Turn = SmbConnections::Turn;
 
     /// Puts a request to the server that it names. Gives 0 or an errno: the server's, or one that
-    /// says why it can't be reached; ECANCELED where the wait was given up, which says nothing of
-    /// the server. Blocks, and calls WhileWaiting(). Goes before those who only try for a turn.
+    /// says why it can't be reached; ECANCELED where the wait was given up, by WhileWaiting() or
+    /// `stop`, which says nothing of the server. Blocks, and calls WhileWaiting(). Goes before
+    /// those who only try for a turn.
     ///
     /// A server that doesn't take connections, or takes them and doesn't speak SMB, costs one
     /// short limit and then nothing for the rest of the search, or for a little while outside of
@@ -48,33 +51,33 @@ public:
     /// `reached` is called once it is known that the server is there, before the request is sent,
     /// where this is the first one to it.
     [[nodiscard]] int Run(const SmbRequest& request, const SmbWorker::Part& part,
-                          const Reached& reached = {});
+                          const std::stop_token& stop = {}, const Reached& reached = {});
 
     /// The same with a turn that was taken for the request.
     [[nodiscard]] int Run(Turn turn, const SmbRequest& request, const SmbWorker::Part& part,
-                          const Reached& reached = {});
+                          const std::stop_token& stop = {}, const Reached& reached = {});
 
     /// A turn for a request if there can be one at once. So many requests wait for the server,
     /// with this one: that decides whether a further connection pays.
-    [[nodiscard]] std::optional<Turn> TryTakeTurn(const SmbRequest& request, std::size_t waiting) {
-        return turns_.TryTake(request, waiting);
+    [[nodiscard]] Turn TryTakeTurn(const SmbRequest& request, std::size_t waiting) {
+        return connections_.TryTake(request, waiting);
     }
 
     /// A turn to open one more connection while the first request to a distant server is under way;
     /// none where a logon isn't known to be good yet.
-    [[nodiscard]] std::optional<Turn> TryTakeEarlyTurn(const SmbRequest& request);
+    [[nodiscard]] Turn TryTakeEarlyTurn(const SmbRequest& request);
 
     /// A search begins: computers that were dead are tried again, and then stay dead until its end.
-    void BeginWalk() { turns_.BeginWalk(); }
+    void BeginWalk() { connections_.BeginWalk(); }
     /// It has ended, and so do helpers that nobody needs so soon again.
-    void EndWalk() { turns_.EndWalk(); }
+    void EndWalk() { connections_.EndWalk(); }
 
     /// The processes that wait for work.
-    [[nodiscard]] std::vector<pid_t> IdleProcesses() const { return turns_.IdleProcesses(); }
+    [[nodiscard]] std::vector<pid_t> IdleProcesses() const { return connections_.IdleProcesses(); }
 
 private:
     const std::shared_ptr<Logons> logons_;
-    SmbTurns turns_;
+    SmbConnections connections_;
 };
 
 } // namespace netrove

@@ -1,6 +1,6 @@
 #include "redirector/SmbProbe.h"
 
-#include "redirector/WaitingPoll.h"
+#include "runtime/Waiting.h"
 
 #include <QtEndian>
 
@@ -63,12 +63,13 @@ SmbProbe::~SmbProbe() {
     }
 }
 
-int SmbProbe::Run(const std::vector<QString>& addresses, quint16 port) {
+int SmbProbe::Run(const std::vector<QString>& addresses, quint16 port,
+                  const std::stop_token& stop) {
     status_ = EHOSTUNREACH;
     for (std::size_t at = 0; at < std::min(addresses.size(), MaxAddresses); ++at)
         Open(addresses[at], port);
-    const int socket = AwaitConnection();
-    return socket < 0 ? status_ : AwaitAnswer(socket);
+    const int socket = AwaitConnection(stop);
+    return socket < 0 ? status_ : AwaitAnswer(socket, stop);
 }
 
 void SmbProbe::Open(const QString& address, quint16 port) {
@@ -94,11 +95,11 @@ void SmbProbe::Open(const QString& address, quint16 port) {
 }
 
 /// The first of the sockets that is connected; -1 if none is in time.
-int SmbProbe::AwaitConnection() {
-    WaitingPoll waiting(limits_.connect);
+int SmbProbe::AwaitConnection(const std::stop_token& stop) {
+    Waiting waiting(limits_.connect, stop);
     auto open = static_cast<std::ptrdiff_t>(sockets_.size());
     while (open > 0) {
-        if (const int status = waiting.Wait(sockets_); status != 0) {
+        if (const int status = waiting.ForDescriptors(sockets_); status != 0) {
             status_ = status;
             return -1;
         }
@@ -117,17 +118,17 @@ int SmbProbe::AwaitConnection() {
     return -1;
 }
 
-int SmbProbe::AwaitAnswer(int socket) const {
+int SmbProbe::AwaitAnswer(int socket, const std::stop_token& stop) const {
     const QByteArray request = NegotiateRequest();
     // A new connection takes so few bytes at once.
     if (send(socket, request.constData(), static_cast<std::size_t>(request.size()), MSG_NOSIGNAL) !=
         request.size())
         return ECONNRESET;
-    WaitingPoll waiting(limits_.negotiate);
+    Waiting waiting(limits_.negotiate, stop);
     QByteArray answer;
     while (answer.size() < AnswerBytes) {
         std::array<pollfd, 1> descriptors{{{.fd = socket, .events = POLLIN, .revents = 0}}};
-        if (const int status = waiting.Wait(descriptors); status != 0)
+        if (const int status = waiting.ForDescriptors(descriptors); status != 0)
             return status;
         std::array<char, AnswerBytes> bytes{};
         const ssize_t count =

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <stop_token>
 #include <vector>
 
 #include <poll.h>
@@ -23,12 +24,13 @@ public:
 
     /// 0 if somebody does at one of a computer's addresses (numeric ones), else the errno of the
     /// last that failed: ECANCELED where the wait was given up. Calls WhileWaiting().
-    [[nodiscard]] int Run(const std::vector<QString>& addresses, quint16 port);
+    [[nodiscard]] int Run(const std::vector<QString>& addresses, quint16 port,
+                          const std::stop_token& stop = {});
 
 private:
     void Open(const QString& address, quint16 port);
-    [[nodiscard]] int AwaitConnection();
-    [[nodiscard]] int AwaitAnswer(int socket) const;
+    [[nodiscard]] int AwaitConnection(const std::stop_token& stop);
+    [[nodiscard]] int AwaitAnswer(int socket, const std::stop_token& stop) const;
 
     SmbLimits limits_;
     std::vector<pollfd> sockets_;

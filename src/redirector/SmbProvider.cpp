@@ -12,18 +12,13 @@
 namespace netrove {
 namespace {
 
-using namespace std::chrono_literals;
-
-/// Disks and printers of a server are asked for one right after the other.
-constexpr auto SharesLifetime = 5s;
-
 /// Bytes of one request of a read: each has its own limit of time.
 constexpr quint32 ReadBytes = 4 * 1024 * 1024;
 
 /// A running listing: it holds on to what was fetched as a whole.
 class SmbFind : public FileFind {
 public:
-    explicit SmbFind(RecentListings::Listing listing) : listing_(std::move(listing)) {}
+    explicit SmbFind(SmbListing listing) : listing_(std::move(listing)) {}
 
     bool FindNext(FindData& data) override {
         if (next_ == listing_->size())
@@ -34,7 +29,7 @@ public:
     }
 
 private:
-    RecentListings::Listing listing_;
+    SmbListing listing_;
     std::size_t next_ = 0;
 };
 
@@ -110,25 +105,23 @@ void SmbProvider::LookFor(const QString& server) {
         static_cast<void>(computers_.Look());
 }
 
-bool SmbProvider::HasShares(const QString& server) const {
-    return IsSameName(lastShares_.server, server) &&
-           std::chrono::steady_clock::now() <= lastShares_.until;
-}
-
 std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& server, qint32 type) {
     lastStatus_ = 0;
-    if (!HasShares(server)) {
+    const QString key = ServerKey(server);
+    SmbShares shares;
+    if (const SmbList* known = recent_.Find(key)) {
+        shares = known->shares;
+    } else {
         LookFor(server);
-        SmbList list = Fetch(ServerKey(server), Request(SmbRequest::Kind::ListShares, server));
+        const SmbList list = Fetch(key, Request(SmbRequest::Kind::ListShares, server));
         if (!list.IsThere())
             return std::nullopt;
-        lastShares_ = {.server = server,
-                       .until = std::chrono::steady_clock::now() + SharesLifetime,
-                       .shares = std::move(list.shares)};
+        shares = list.shares;
+        recent_.Keep(key, list, RecentLists::OfShares);
     }
     const auto wanted = type == NetEnum::TypePrint ? SmbShare::Kind::Printer : SmbShare::Kind::Disk;
     std::vector<NetRecord> records;
-    for (const SmbShare& share : lastShares_.shares) {
+    for (const SmbShare& share : shares) {
         if (share.kind == wanted)
             records.push_back(
                 Record(NetEnum::DisplayShare,
@@ -208,13 +201,13 @@ bool SmbProvider::CanEnter(const UncPath& path) {
     return Entries(path) != nullptr;
 }
 
-RecentListings::Listing SmbProvider::Entries(const UncPath& path) {
+SmbListing SmbProvider::Entries(const UncPath& path) {
     const QString folder = FolderKey(path);
     lastStatus_ = 0;
     if (path.Share().isEmpty() || junctions_.IsInLoop(folder))
         return nullptr;
-    if (auto known = recent_.Find(folder))
-        return known;
+    if (const SmbList* known = recent_.Find(folder))
+        return known->entries;
     LookFor(path.Server());
     const SmbList list = Fetch(folder, Request(SmbRequest::Kind::ListFolder, path));
     const FolderTrail above = trail_.To(folder);
@@ -222,7 +215,7 @@ RecentListings::Listing SmbProvider::Entries(const UncPath& path) {
         return nullptr;
     trail_ = above.With(folder, list.print);
     junctions_.Note(folder, *list.entries);
-    recent_.Keep(folder, list.entries);
+    recent_.Keep(folder, list, RecentLists::OfFolders);
     return list.entries;
 }
 
@@ -236,9 +229,8 @@ SmbList SmbProvider::Fetch(const QString& key, const SmbRequest& request) {
 }
 
 void SmbProvider::BeginWalk(const std::shared_ptr<const WalkPlan>& plan) {
-    EndReading();
+    ahead_.reset();
     recent_.Clear();
-    lastShares_ = {};
     junctions_ = {};
     trail_ = {};
     computers_.BeginWalk();
@@ -267,9 +259,9 @@ void SmbProvider::Expect(const std::vector<WalkPlace>& places) {
 /// The list of shares, which tells whether the computer lets anybody in, before the shares that
 /// are walked without being in it.
 void SmbProvider::AddComputer(const WalkPlace& computer, const UncPath& path,
-                              std::vector<WalkOrder::Start>& starts) const {
+                              std::vector<WalkOrder::Start>& starts) {
     const SmbRequest request = Request(SmbRequest::Kind::ListShares, path.Server());
-    if (!computer.isListed && !HasShares(path.Server()))
+    if (!computer.isListed && !recent_.Find(FolderKey(path)))
         starts.push_back({.request = request,
                           .server = SmbServers::NameOf(request),
                           .key = FolderKey(path),
@@ -301,14 +293,8 @@ void SmbProvider::Leave(const QString& remoteName) {
         ahead_->Leave(FolderKey(*path));
 }
 
-void SmbProvider::EndReading() {
-    ahead_.reset();
-    lastFile_.clear();
-    lastPieces_.clear();
-}
-
 void SmbProvider::EndWalk() {
-    EndReading();
+    ahead_.reset();
     computers_.EndWalk();
     pool_.EndWalk();
 }
@@ -356,7 +342,7 @@ QByteArray SmbProvider::Read(const UncPath& path, qint64 offset, qint64 length) 
         throw RunTimeError(ErrorNumber::InvalidProcedureCall);
     if (path.Share().isEmpty())
         throw RunTimeError(ErrorNumber::PathNotFound);
-    if (auto ahead = FindPiece(path, offset, length))
+    if (auto ahead = ReadAhead(path, offset, length))
         return *ahead;
     const auto run = [this](const SmbRequest& asked, const SmbWorker::Part& part) {
         return pool_.Run(asked, part);
@@ -377,20 +363,12 @@ QByteArray SmbProvider::Read(const UncPath& path, qint64 offset, qint64 length) 
 }
 
 /// What was read ahead, where it is just that.
-std::optional<QByteArray> SmbProvider::FindPiece(const UncPath& path, qint64 offset,
+std::optional<QByteArray> SmbProvider::ReadAhead(const UncPath& path, qint64 offset,
                                                  qint64 length) {
     if (!ahead_ || path.Elements().isEmpty() || !plan_->ReadsFile(path.Elements().last()))
         return std::nullopt;
-    const QString file =
-        FileKey(FolderKey(path, path.Elements().size() - 1), path.Elements().last());
-    if (file != lastFile_) {
-        lastPieces_ = ahead_->TakeFile(file);
-        lastFile_ = file;
-    }
-    const auto found = std::ranges::find_if(lastPieces_, [&](const SmbPiece& piece) {
-        return piece.offset == offset && piece.asked == length;
-    });
-    return found == lastPieces_.end() ? std::nullopt : std::optional(found->bytes);
+    const QString folder = FolderKey(path, path.Elements().size() - 1);
+    return ahead_->FindPiece(FileKey(folder, path.Elements().last()), offset, length);
 }
 
 std::optional<QString> SmbProvider::LocalPath(const UncPath& /*path*/) {

@@ -3,14 +3,13 @@
 #include "redirector/FolderTrail.h"
 #include "redirector/Junctions.h"
 #include "redirector/NetworkProvider.h"
-#include "redirector/RecentListings.h"
+#include "redirector/RecentLists.h"
 #include "redirector/SmbAhead.h"
 #include "redirector/SmbComputers.h"
 #include "redirector/SmbErrors.h"
 #include "redirector/SmbPool.h"
 #include "redirector/SmbSettings.h"
 
-#include <chrono>
 #include <vector>
 
 namespace netrove {
@@ -64,13 +63,6 @@ public:
     [[nodiscard]] const SmbPool& Pool() const { return pool_; }
 
 private:
-    /// The answer of a server to the question for its shares; disks and printers come together.
-    struct Shares {
-        QString server;
-        std::chrono::steady_clock::time_point until;
-        SmbShares shares;
-    };
-
     [[nodiscard]] QString AskWorkgroup(const QString& server);
     void LookFor(const QString& server);
     void ExpectKnown(const NetRecord& node);
@@ -78,16 +70,14 @@ private:
     [[nodiscard]] std::vector<NetRecord> Servers(const QString& workgroup) const;
     [[nodiscard]] std::optional<std::vector<NetRecord>> SharesOf(const QString& server,
                                                                  qint32 type);
-    [[nodiscard]] bool HasShares(const QString& server) const;
-    [[nodiscard]] RecentListings::Listing Entries(const UncPath& path);
+    [[nodiscard]] SmbListing Entries(const UncPath& path);
     [[nodiscard]] SmbList Fetch(const QString& key, const SmbRequest& request);
     void AddComputer(const WalkPlace& computer, const UncPath& path,
-                     std::vector<WalkOrder::Start>& starts) const;
-    void EndReading();
+                     std::vector<WalkOrder::Start>& starts);
     void AddStart(const UncPath& path, qsizetype nodeLength,
                   std::vector<WalkOrder::Start>& starts) const;
     [[nodiscard]] SmbEntry FetchInfo(const UncPath& path);
-    [[nodiscard]] std::optional<QByteArray> FindPiece(const UncPath& path, qint64 offset,
+    [[nodiscard]] std::optional<QByteArray> ReadAhead(const UncPath& path, qint64 offset,
                                                       qint64 length);
 
     [[nodiscard]] SmbRequest Request(SmbRequest::Kind kind, const QString& server) const;
@@ -98,14 +88,11 @@ private:
 
     const std::shared_ptr<const SmbSettings> settings_;
     SmbPool pool_;
-    RecentListings recent_;
-    Shares lastShares_;
+    RecentLists recent_;
     Junctions junctions_;
     FolderTrail trail_; ///< to the folder that was listed last
     std::shared_ptr<const WalkPlan> plan_;
-    std::unique_ptr<SmbAhead> ahead_;  ///< as long as there is a walk
-    QString lastFile_;                 ///< that the walk has read, by its key
-    std::vector<SmbPiece> lastPieces_; ///< what was read of it ahead
+    std::unique_ptr<SmbAhead> ahead_; ///< as long as there is a walk
 };
 
 } // namespace netrove

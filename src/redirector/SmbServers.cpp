@@ -51,14 +51,8 @@ QString SmbServers::NameOf(const SmbRequest& request) {
     return NameKey(request.host) + QLatin1Char(':') + QString::number(request.port);
 }
 
-int SmbServers::DeadStatus(const QString& name) const {
-    const auto dead = dead_.constFind(name);
-    return dead != dead_.cend() && (isWalking_ || now_() < dead->until) ? dead->status : 0;
-}
-
 void SmbServers::BeginWalk() {
-    isWalking_ = true;
-    dead_.clear();
+    dead_->BeginWalk();
     for (Server& server : servers_)
         server.timeouts = 0;
 }
@@ -68,14 +62,13 @@ void SmbServers::Bury(const QString& name, int status) {
     if (DeadStatus(name) != 0)
         return;
     servers_[name].timeouts = 0;
-    const Time span = status == ECONNREFUSED ? Time(0) : limits_.deadFor;
-    dead_.insert(name, {.status = status, .until = now_() + span});
+    dead_->Bury(name, status, status == ECONNREFUSED ? Time(0) : limits_.deadFor);
 }
 
 void SmbServers::Note(const QString& name, int status, bool isLong) {
     Server& server = servers_[name];
     if (status == 0)
-        dead_.remove(name);
+        dead_->Revive(name);
     if (status != ETIMEDOUT && status != ECANCELED)
         server.timeouts = 0;
     else if (status == ETIMEDOUT && isLong && DeadStatus(name) == 0 &&
@@ -153,8 +146,6 @@ void SmbServers::NoteFirstTime(const QString& name, Clock::duration time) {
 }
 
 void SmbServers::ForgetOld() {
-    const auto now = now_();
-    dead_.removeIf([&](const auto& one) { return !isWalking_ && now >= one->until; });
     servers_.removeIf([](const auto& one) {
         return one->open == 0 && one->urgent == 0 && one->timeouts == 0 && one->refusedAt == 0;
     });

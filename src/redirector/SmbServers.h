@@ -1,5 +1,6 @@
 #pragma once
 
+#include "redirector/DeadServers.h"
 #include "redirector/SmbLimits.h"
 #include "smb/SmbMessages.h"
 
@@ -8,17 +9,15 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
 namespace netrove {
 
 /// What is known of each server: whether it is dead, how many connections it has and takes, how
-/// long its answers take. Servers are named by a text. Used under its owner's lock.
-///
-/// Who is dead stays so for the rest of a walk, and is tried again by the next one. Outside of
-/// walks that holds for a little while, so that what somebody does costs one limit; a connection
-/// that was refused may be tried again at once, which costs nothing.
+/// long its answers take. Servers are named by a text. Used under its owner's lock; what is known
+/// of the dead may be known to others, too.
 class SmbServers {
 public:
     using Clock = std::chrono::steady_clock;
@@ -40,9 +39,9 @@ public:
         std::optional<Clock::time_point> probed = {}; ///< since when it is asked if it is there
     };
 
-    explicit SmbServers(const SmbLimits& limits,
-                        std::function<Clock::time_point()> now = &Clock::now)
-        : limits_(limits), now_(std::move(now)) {}
+    SmbServers(const SmbLimits& limits, std::shared_ptr<DeadServers> dead,
+               std::function<Clock::time_point()> now = &Clock::now)
+        : limits_(limits), dead_(std::move(dead)), now_(std::move(now)) {}
 
     /// The name of the server that a request goes to.
     [[nodiscard]] static QString NameOf(const SmbRequest& request);
@@ -50,13 +49,14 @@ public:
     [[nodiscard]] Server& operator[](const QString& name) { return servers_[name]; }
 
     /// The errno that a dead server's requests get at once; 0 for one that may be tried.
-    [[nodiscard]] int DeadStatus(const QString& name) const;
+    [[nodiscard]] int DeadStatus(const QString& name) const { return dead_->Status(name); }
 
     /// A walk begins: nothing is known of dead servers.
     void BeginWalk();
-    void EndWalk() { isWalking_ = false; }
+    void EndWalk() { dead_->EndWalk(); }
 
-    /// Notes that a server can't be reached.
+    /// Notes that a server can't be reached. A connection that was refused may be tried again at
+    /// once, outside of walks: that costs nothing.
     void Bury(const QString& name, int status);
 
     /// Notes how a request over a connection has ended. One that stops answering is dead, too.
@@ -94,16 +94,10 @@ public:
     void ForgetOld();
 
 private:
-    struct Dead {
-        int status;
-        Clock::time_point until; ///< outside of walks
-    };
-
     SmbLimits limits_;
+    std::shared_ptr<DeadServers> dead_;
     std::function<Clock::time_point()> now_;
     QHash<QString, Server> servers_;
-    QHash<QString, Dead> dead_;
-    bool isWalking_ = false;
 };
 
 } // namespace netrove

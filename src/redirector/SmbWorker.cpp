@@ -1,8 +1,8 @@
 #include "redirector/SmbWorker.h"
 
 #include "redirector/SmbLauncher.h"
-#include "redirector/WaitingPoll.h"
 #include "runtime/Secret.h"
+#include "runtime/Waiting.h"
 #include "smb/Descriptors.h"
 #include "smb/HelperLaunch.h"
 
@@ -73,9 +73,9 @@ bool SmbWorker::IsAlive() {
 }
 
 /// Takes what the process sends first: who it is.
-bool SmbWorker::Meet(WaitingPoll& waiting) {
+bool SmbWorker::Meet(Waiting& waiting) {
     std::array<pollfd, 1> descriptors{{{.fd = socket_, .events = POLLIN, .revents = 0}}};
-    if (waiting.Wait(descriptors) != 0)
+    if (waiting.ForDescriptors(descriptors) != 0)
         return false;
     LaunchAnswer answer{};
     const std::vector<int> received = ReceiveDescriptors(socket_, answer, 1);
@@ -86,8 +86,8 @@ bool SmbWorker::Meet(WaitingPoll& waiting) {
     return true;
 }
 
-bool SmbWorker::Greet(Time limit) {
-    WaitingPoll waiting(limit);
+bool SmbWorker::Greet(Time limit, const std::stop_token& stop) {
+    Waiting waiting(limit, stop);
     if (!Meet(waiting)) {
         End();
         return false;
@@ -104,11 +104,11 @@ bool SmbWorker::Greet(Time limit) {
 }
 
 int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part,
-                       const Check& check) {
+                       const std::stop_token& stop, const Check& check) {
     QByteArray payload = EncodeQuestion(request);
     unsent_ = Frames::Framed(payload); // what was asked before is answered, and so it is sent
     Wipe(payload);
-    WaitingPoll waiting(limit, check);
+    Waiting waiting(limit, stop, check);
     for (;;) {
         SmbAnswer answer;
         if (const int status = Receive(answer, waiting); status != 0)
@@ -125,7 +125,7 @@ int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part,
 }
 
 /// The next message. Ends the process if there is none.
-int SmbWorker::Receive(SmbAnswer& answer, WaitingPoll& waiting) {
+int SmbWorker::Receive(SmbAnswer& answer, Waiting& waiting) {
     if (process_ < 0)
         return ECONNABORTED;
     for (;;) {
@@ -141,7 +141,7 @@ int SmbWorker::Receive(SmbAnswer& answer, WaitingPoll& waiting) {
         std::array<pollfd, 1> descriptors{{{.fd = socket_, .events = POLLIN, .revents = 0}}};
         if (!unsent_.isEmpty())
             descriptors[0].events |= POLLOUT;
-        if (const int status = waiting.Wait(descriptors); status != 0)
+        if (const int status = waiting.ForDescriptors(descriptors); status != 0)
             return Fail(status);
         if ((descriptors[0].revents & POLLOUT) != 0 && Write() != 0)
             return Fail(ECONNABORTED);

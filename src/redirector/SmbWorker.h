@@ -7,13 +7,14 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <stop_token>
 
 #include <sys/types.h>
 
 namespace netrove {
 
 class SmbLauncher;
-class WaitingPoll;
+class Waiting;
 
 /// One helper process, which speaks SMB for the program over a socket. Its calls can't be
 /// interrupted: it is ended instead.
@@ -34,7 +35,7 @@ public:
     ~SmbWorker(); ///< ends the process
 
     /// Waits for the hello of the process: the first call. False as for Request.
-    [[nodiscard]] bool Greet(Time limit);
+    [[nodiscard]] bool Greet(Time limit, const std::stop_token& stop);
 
     /// Sends a request, gives each part of the answer to `part`, then the status of its end: 0 or
     /// an errno. Calls WhileWaiting() meanwhile. Where the process has died, sends garbage or
@@ -42,7 +43,7 @@ public:
     /// ECONNABORTED, EPROTO, ETIMEDOUT or ECANCELED, or that of `check`, and the worker of no
     /// further use.
     [[nodiscard]] int Request(const SmbRequest& request, Time limit, const Part& part,
-                              const Check& check = {});
+                              const std::stop_token& stop = {}, const Check& check = {});
 
     /// Whether the process still waits for requests, as far as can be told without asking.
     [[nodiscard]] bool IsAlive();
@@ -52,8 +53,8 @@ private:
     SmbWorker(int socket, std::unique_ptr<SmbMemory> memory)
         : socket_(socket), memory_(std::move(memory)) {}
 
-    [[nodiscard]] bool Meet(WaitingPoll& waiting);
-    [[nodiscard]] int Receive(SmbAnswer& answer, WaitingPoll& waiting);
+    [[nodiscard]] bool Meet(Waiting& waiting);
+    [[nodiscard]] int Receive(SmbAnswer& answer, Waiting& waiting);
     [[nodiscard]] int Write();
     [[nodiscard]] int Read();
     int Fail(int status);

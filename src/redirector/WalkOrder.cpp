@@ -247,7 +247,7 @@ void WalkOrder::AddShares(Steps::iterator computer) {
     }
 }
 
-void WalkOrder::AddContents(Steps::iterator folder, const RecentListings::Listing& listing) {
+void WalkOrder::AddContents(Steps::iterator folder, const SmbListing& listing) {
     AddSubfolders(folder, listing);
     AddFiles(folder, *listing); // before those
 }
@@ -270,7 +270,7 @@ void WalkOrder::AddFiles(Steps::iterator folder, const SmbEntries& listing) {
     files_.insert(key, steps_.insert(std::next(folder), std::move(step)));
 }
 
-void WalkOrder::AddSubfolders(Steps::iterator folder, const RecentListings::Listing& listing) {
+void WalkOrder::AddSubfolders(Steps::iterator folder, const SmbListing& listing) {
     const QString& key = folder->start.key;
     junctions_.Note(key, *listing);
     const auto folders = std::count_if(listing->begin(), listing->end(), IsFolder);

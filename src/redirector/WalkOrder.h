@@ -116,8 +116,8 @@ private:
     void Erase(Steps::iterator step);
     [[nodiscard]] Steps::iterator FindId(quint64 id);
     void AddShares(Steps::iterator computer);
-    void AddContents(Steps::iterator folder, const RecentListings::Listing& listing);
-    void AddSubfolders(Steps::iterator folder, const RecentListings::Listing& listing);
+    void AddContents(Steps::iterator folder, const SmbListing& listing);
+    void AddSubfolders(Steps::iterator folder, const SmbListing& listing);
     void AddFiles(Steps::iterator folder, const SmbEntries& listing);
     void Advance(Step& step);
     [[nodiscard]] bool HasQuestion(Steps::iterator step, bool isNear);

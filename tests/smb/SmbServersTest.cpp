@@ -26,7 +26,8 @@ protected:
     const QString name = Text("server");
     SmbServers::Clock::time_point now = SmbServers::Clock::now();
     SmbLimits limits;
-    SmbServers servers{limits, [this] { return now; }};
+    const std::shared_ptr<DeadServers> dead = std::make_shared<DeadServers>([this] { return now; });
+    SmbServers servers{limits, dead, [this] { return now; }};
 };
 
 TEST_F(SmbServersTest, ConnectionsGrowWhileTheyPay) {
@@ -57,6 +58,7 @@ TEST_F(SmbServersTest, ADeathLastsForAWalkOrALittleWhile) {
     servers.Bury(name, EHOSTUNREACH);
     servers.EndWalk();
     EXPECT_EQ(servers.DeadStatus(name), EHOSTUNREACH);
+    EXPECT_EQ(SmbServers(limits, dead).DeadStatus(name), EHOSTUNREACH) << "others know it, too";
     now += limits.deadFor;
     EXPECT_EQ(servers.DeadStatus(name), 0);
     servers.Bury(name, ECONNREFUSED);

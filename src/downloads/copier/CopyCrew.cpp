@@ -4,15 +4,14 @@
 #include "downloads/copier/LocalCopySource.h"
 #include "redirector/OwnConnections.h"
 #include "runtime/RunTimeError.h"
-#include "runtime/Yield.h"
 
-#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <set>
+#include <stop_token>
 #include <system_error>
-#include <thread>
 
 namespace netrove {
 namespace {
@@ -36,51 +35,52 @@ struct CopyAbandoned {};
 struct CopyCrew::Board {
     explicit Board(Done crewDone) : done(std::move(crewDone)) {}
 
-    std::atomic<bool> isAbandoned = false;
+    std::stop_source end;
+    const std::shared_ptr<DeadServers> dead = std::make_shared<DeadServers>();
     std::mutex mutex;
     std::condition_variable changed;
     Done done;
     std::deque<std::unique_ptr<const CopyOrder>> orders; ///< that wait
     std::size_t idle = 0;                                ///< threads
-    std::size_t threads = 0;
+    std::set<std::thread::id> threads;                   ///< that run
 };
 
 /// One thread's work.
 class CopyCrew::Member {
 public:
-    explicit Member(std::shared_ptr<Board> board) : board_(std::move(board)) {}
+    explicit Member(std::shared_ptr<Board> board)
+        : board_(std::move(board)), connections_(board_->dead) {}
 
     void Run() {
-        SetWaitingPass([this] { return !board_->isAbandoned; });
         while (const auto order = Next()) {
             const int errorNumber = Copy(*order);
             const std::scoped_lock lock(board_->mutex);
-            if (!board_->isAbandoned)
+            if (!end_.stop_requested())
                 board_->done(order->id, errorNumber);
         }
         connections_.Close();
         const std::scoped_lock lock(board_->mutex);
-        --board_->threads;
+        board_->threads.erase(std::this_thread::get_id());
         board_->changed.notify_all();
     }
 
 private:
     void Check() const {
-        if (board_->isAbandoned)
+        if (end_.stop_requested())
             throw CopyAbandoned();
     }
 
     /// Null when the crew ends. Connections don't wait longer for work than others of the program.
     std::unique_ptr<const CopyOrder> Next() {
         std::unique_lock lock(board_->mutex);
-        const auto isDue = [this] { return board_->isAbandoned || !board_->orders.empty(); };
+        const auto isDue = [this] { return end_.stop_requested() || !board_->orders.empty(); };
         ++board_->idle;
         if (!board_->changed.wait_for(lock, OwnConnections::IdleTime(), isDue)) {
             connections_.Close();
             board_->changed.wait(lock, isDue);
         }
         --board_->idle;
-        if (board_->isAbandoned)
+        if (end_.stop_requested())
             return nullptr;
         auto order = std::move(board_->orders.front());
         board_->orders.pop_front();
@@ -102,10 +102,12 @@ private:
     std::unique_ptr<CopySource> Source(const CopyOrder& order) {
         if (const auto* path = std::get_if<QString>(&order.file))
             return std::make_unique<LocalCopySource>(*path);
-        return std::get<std::shared_ptr<const RemotePlace>>(order.file)->OpenFile(connections_);
+        return std::get<std::shared_ptr<const RemotePlace>>(order.file)
+            ->OpenFile(connections_, end_);
     }
 
     std::shared_ptr<Board> board_;
+    const std::stop_token end_ = board_->end.get_token();
     OwnConnections connections_;
 };
 
@@ -113,20 +115,24 @@ CopyCrew::CopyCrew(Done done) : board_(std::make_shared<Board>(std::move(done)))
 
 CopyCrew::~CopyCrew() {
     std::unique_lock lock(board_->mutex);
-    board_->isAbandoned = true;
+    board_->end.request_stop();
     board_->changed.notify_all();
-    board_->changed.wait_for(lock, EndLimit, [this] { return board_->threads == 0; });
+    board_->changed.wait_for(lock, EndLimit, [this] { return board_->threads.empty(); });
+    for (std::jthread& thread : threads_) {
+        if (board_->threads.contains(thread.get_id()))
+            thread.detach();
+    }
 }
 
 void CopyCrew::Add(CopyOrder order) {
     const std::scoped_lock lock(board_->mutex);
     board_->orders.push_back(std::make_unique<const CopyOrder>(std::move(order)));
-    if (board_->orders.size() > board_->idle && board_->threads < MostCopies) {
+    if (board_->orders.size() > board_->idle && threads_.size() < MostCopies) {
         try {
-            std::thread([board = board_] { Member(board).Run(); }).detach();
-            ++board_->threads;
+            threads_.emplace_back([board = board_] { Member(board).Run(); });
+            board_->threads.insert(threads_.back().get_id());
         } catch (const std::system_error&) {
-            if (board_->threads == 0) {
+            if (threads_.empty()) {
                 board_->orders.pop_back();
                 throw RunTimeError(ErrorNumber::OutOfMemory);
             }

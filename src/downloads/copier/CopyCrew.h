@@ -8,7 +8,9 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <thread>
 #include <variant>
+#include <vector>
 
 namespace netrove {
 
@@ -21,8 +23,8 @@ struct CopyOrder {
     std::shared_ptr<CopyMeter> meter;
 };
 
-/// The threads that copy, each over connections of its own. They are started when there is work
-/// for them and end with the object.
+/// The threads that copy, each over connections of its own; which computers are dead they tell each
+/// other. They are started when there is work for them and end with the object.
 class CopyCrew {
 public:
     /// Called once for each order, on a thread of the crew; `errorNumber` is 0 where all went well.
@@ -31,8 +33,8 @@ public:
     explicit CopyCrew(Done done);
     CopyCrew(const CopyCrew&) = delete;
     CopyCrew& operator=(const CopyCrew&) = delete;
-    /// Breaks off what runs, without waiting for anybody but for a moment; `done` isn't called any
-    /// more.
+    /// Breaks off what runs; `done` isn't called any more. Who hangs in the middle of a step, as on
+    /// a disk that is gone, is waited for but for a moment.
     ~CopyCrew();
 
     /// Raises ErrorNumber::OutOfMemory where the system has no thread for it.
@@ -43,6 +45,7 @@ private:
     struct Board;
 
     std::shared_ptr<Board> board_;
+    std::vector<std::jthread> threads_;
 };
 
 } // namespace netrove

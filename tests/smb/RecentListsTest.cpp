@@ -1,4 +1,4 @@
-#include "redirector/RecentListings.h"
+#include "redirector/RecentLists.h"
 
 #include "fakes/Text.h"
 
@@ -9,20 +9,24 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class RecentListingsTest : public testing::Test {
+class RecentListsTest : public testing::Test {
 protected:
-    RecentListings::Clock::time_point now_;
-    RecentListings recent_{[this] { return now_; }};
+    RecentLists::Clock::time_point now_;
+    RecentLists recent_{[this] { return now_; }};
 
     void Keep(const QString& folder, const QStringList& names) {
         SmbEntries entries;
         for (const QString& name : names)
             entries.push_back({.name = name, .length = qint64(entries.size())});
-        recent_.Keep(folder, std::make_shared<const SmbEntries>(std::move(entries)));
+        Keep(folder, std::make_shared<const SmbEntries>(std::move(entries)));
+    }
+
+    void Keep(const QString& folder, SmbListing entries) {
+        recent_.Keep(folder, {.entries = std::move(entries)}, RecentLists::OfFolders);
     }
 
     void KeepMany(const QString& folder, std::size_t count) {
-        recent_.Keep(folder, std::make_shared<const SmbEntries>(count));
+        Keep(folder, std::make_shared<const SmbEntries>(count));
     }
 
     bool Has(const QString& folder) { return recent_.Find(folder) != nullptr; }
@@ -32,7 +36,7 @@ const QString A = Text("A");
 const QString B = Text("B");
 const QString C = Text("C");
 
-TEST_F(RecentListingsTest, EntriesAreFoundByTheirExactNames) {
+TEST_F(RecentListsTest, EntriesAreFoundByTheirExactNames) {
     Keep(A, {Text("case"), Text("CASE"), Text("e\u0301"), Text("\u00e9")});
     Keep(B, {Text("case")});
     EXPECT_EQ(recent_.FindEntry(A, Text("CASE"))->length, 1);
@@ -46,16 +50,16 @@ TEST_F(RecentListingsTest, EntriesAreFoundByTheirExactNames) {
     EXPECT_TRUE(recent_.FindEntry(A, Text("new")));
 }
 
-TEST_F(RecentListingsTest, UseKeepsAListingButNotForever) {
+TEST_F(RecentListsTest, UseKeepsAListingButNotForever) {
     Keep(A, {A});
     Keep(B, {B});
-    now_ += RecentListings::Rest;
+    now_ += RecentLists::OfFolders.rest;
     EXPECT_TRUE(Has(A));
     now_ += 1s;
     EXPECT_TRUE(recent_.FindEntry(A, A));
     EXPECT_FALSE(Has(B));
-    const auto made = now_ - RecentListings::Rest - 1s;
-    while (now_ < made + RecentListings::MaxAge) {
+    const auto made = now_ - RecentLists::OfFolders.rest - 1s;
+    while (now_ < made + RecentLists::OfFolders.most) {
         EXPECT_TRUE(Has(A));
         now_ += 1s;
     }
@@ -63,17 +67,17 @@ TEST_F(RecentListingsTest, UseKeepsAListingButNotForever) {
     EXPECT_FALSE(Has(A));
 }
 
-TEST_F(RecentListingsTest, MemoryIsBounded) {
-    KeepMany(A, RecentListings::MaxEntries / 2);
-    KeepMany(B, RecentListings::MaxEntries / 2);
+TEST_F(RecentListsTest, MemoryIsBounded) {
+    KeepMany(A, RecentLists::MaxEntries / 2);
+    KeepMany(B, RecentLists::MaxEntries / 2);
     EXPECT_TRUE(Has(A)); // now used after B
     KeepMany(C, 1);
     EXPECT_TRUE(Has(A));
     EXPECT_FALSE(Has(B));
-    KeepMany(C, RecentListings::MaxEntries + 1);
+    KeepMany(C, RecentLists::MaxEntries + 1);
     EXPECT_FALSE(Has(C));
     EXPECT_TRUE(Has(A));
-    KeepMany(B, RecentListings::MaxEntries);
+    KeepMany(B, RecentLists::MaxEntries);
     EXPECT_TRUE(Has(B));
     EXPECT_FALSE(Has(A));
 }
