@@ -58,9 +58,12 @@ ListModel::Progress RowProgress(const CopyProgress& copy) {
 
 } // namespace
 
-DownloadQueue::DownloadQueue(const Controls& controls, const Services& services)
+DownloadQueue::DownloadQueue(const Controls& controls, const Settings& settings, Dialogs& dialogs,
+                             const CurrentJob& job)
     : controls_(controls)
-    , services_(services)
+    , settings_(settings)
+    , dialogs_(dialogs)
+    , job_(job)
     , queued_(controls.lvwDownloads)
     , DloadScanTmr_(NewTimer(QStringLiteral("DloadScanTmr"), ScanInterval, controls_.lvwDownloads))
     , DloadQueueTmr_(
@@ -90,7 +93,7 @@ void DownloadQueue::lvwResults_DblClick() {
         }
     }
     controls_.window.unsetCursor();
-    services_.dialogs.Failure(failure, QStringLiteral("Error in Results Col DblClick"));
+    dialogs_.Failure(failure, QStringLiteral("Error in Results Col DblClick"));
 }
 
 void DownloadQueue::QueueSelected() {
@@ -101,7 +104,7 @@ void DownloadQueue::QueueSelected() {
         Yield();
         if (queued_.Contains(result.file.location, result.file.name))
             continue;
-        if (services_.settings.SwitchToDloadTab)
+        if (settings_.SwitchToDloadTab)
             controls_.SSTab1.setCurrentIndex(DownloadsTab);
         AddRow(result);
         added = &result;
@@ -170,11 +173,11 @@ void DownloadQueue::DownLoadIt(qint16 itemIdx) {
 
 void DownloadQueue::Start(const QueuedFile& file) {
     Yield();
-    if (CountRows(Downloading) > services_.settings.MaxConcurrentDownloads)
+    if (CountRows(Downloading) > settings_.MaxConcurrentDownloads)
         return;
     // The name comes from the network: joined to a folder it must stay in it.
     CheckTargetName(file.name);
-    const QString destination = PathIn(services_.settings.SaveFolder, file.name);
+    const QString destination = PathIn(settings_.SaveFolder, file.name);
     if (!MayWrite(destination)) {
         SetStatus(file, NotOverwritten);
         return;
@@ -198,11 +201,11 @@ void DownloadQueue::Start(const QueuedFile& file) {
 bool DownloadQueue::MayWrite(const QString& destination) {
     if (!FileExists(destination))
         return true;
-    return services_.dialogs.Message(MessageIcon::Exclamation,
-                                     destination + QStringLiteral("\r\nThe file already exists. "
-                                                                  "Overwrite it?"),
-                                     QStringLiteral("Overwrite file?..."),
-                                     MessageButtons::YesNo) == MessageAnswer::Yes;
+    return dialogs_.Message(MessageIcon::Exclamation,
+                            destination + QStringLiteral("\r\nThe file already exists. "
+                                                         "Overwrite it?"),
+                            QStringLiteral("Overwrite file?..."),
+                            MessageButtons::YesNo) == MessageAnswer::Yes;
 }
 
 void DownloadQueue::CopyDLL_CopyDone(const QString& sIndexKey, int errorNumber) {
@@ -258,7 +261,7 @@ void DownloadQueue::ShowProgress() {
 
 /// While no job shows there where it is.
 void DownloadQueue::ShowInStatusBar(const QString& text) {
-    if (services_.job.IsLongShown() || (text.isEmpty() && !inStatusBar_))
+    if (job_.IsLongShown() || (text.isEmpty() && !inStatusBar_))
         return;
     controls_.stbStatus.SetText(2, text);
     inStatusBar_ = !text.isEmpty();
@@ -295,9 +298,8 @@ void DownloadQueue::Clear(const std::function<std::vector<int>()>& rowsToRemove)
         controls_.lvwDownloads.RemoveRows(rowsToRemove());
         controls_.lvwDownloads.Refresh();
     } catch (...) {
-        services_.dialogs.Message(MessageIcon::Critical,
-                                  QStringLiteral("Error while clearing item!"),
-                                  QStringLiteral("Error while clearing"));
+        dialogs_.Message(MessageIcon::Critical, QStringLiteral("Error while clearing item!"),
+                         QStringLiteral("Error while clearing"));
     }
 }
 

@@ -39,13 +39,9 @@ public:
         QLabel& DownloadLbl;
         StatusBar& stbStatus;
     };
-    struct Services {
-        const Settings& settings;
-        Dialogs& dialogs;
-        const CurrentJob& job;
-    };
 
-    DownloadQueue(const Controls& controls, const Services& services);
+    DownloadQueue(const Controls& controls, const Settings& settings, Dialogs& dialogs,
+                  const CurrentJob& job);
 
     /// What copies from now on. Without one, or when it has been deleted, no copy can be started.
     void SetCopier(CopyQ* copier);
@@ -101,7 +97,9 @@ private:
     void SetStatus(const QueuedFile& file, const QString& status);
 
     Controls controls_;
-    Services services_;
+    const Settings& settings_;
+    Dialogs& dialogs_;
+    const CurrentJob& job_;
     QPointer<CopyQ> copier_;
     QueuedFiles queued_;
     QTimer* DloadScanTmr_;

@@ -35,7 +35,7 @@ qint32 ErrorNumberOf(const QString& status) {
 
 } // namespace
 
-ListOperations::ListOperations(const Controls& controls, const DownloadsMenu& downloadsMenu,
+ListOperations::ListOperations(const WindowControls& controls, const DownloadsMenu& downloadsMenu,
                                const ResultsMenu& resultsMenu, CurrentJob& job,
                                const Services& services, DownloadQueue& queue)
     : controls_(controls)

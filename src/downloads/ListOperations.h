@@ -10,6 +10,7 @@
 #include "services/Paths.h"
 #include "services/ShellServices.h"
 #include "settings/Settings.h"
+#include "windowservices/WindowControls.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -22,14 +23,6 @@ namespace netrove {
 /// menus, opening folders and files, copying and dragging, clearing. Failures end in message boxes.
 class ListOperations {
 public:
-    struct Controls {
-        QWidget& window;
-        QWidget& picListHolder;
-        ListView& lvwResults;
-        ListView& lvwDownloads;
-        QLabel& RetFileLbl;
-        QComboBox& LstSearchFor;
-    };
     /// The menu at lvwDownloads, and those of its items that come and go.
     struct DownloadsMenu {
         QMenu& PopUp1Mnu;
@@ -54,7 +47,7 @@ public:
         const Settings& settings;
     };
 
-    ListOperations(const Controls& controls, const DownloadsMenu& downloadsMenu,
+    ListOperations(const WindowControls& controls, const DownloadsMenu& downloadsMenu,
                    const ResultsMenu& resultsMenu, CurrentJob& job, const Services& services,
                    DownloadQueue& queue);
 
@@ -103,7 +96,7 @@ private:
     void ClearLists();
     void SetDragContent(ListView& list);
 
-    Controls controls_;
+    WindowControls controls_;
     DownloadsMenu downloadsMenu_;
     ResultsMenu resultsMenu_;
     CurrentJob& job_;

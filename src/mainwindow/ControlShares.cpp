@@ -4,12 +4,30 @@
 #include "runtime/SourceText.h"
 
 namespace netrove {
+
 QMenu& ControlShares::Menu(const char* name) const {
     return *menu_.Menu(Text(name));
 }
 
 QAction& ControlShares::Item(const char* name) const {
     return *menu_.Item(Text(name));
+}
+
+WindowControls ControlShares::Controls() const {
+    return {.window = window_,
+            .SSTab1 = *controls_.SSTab1,
+            .picListHolder = *controls_.picListHolder,
+            .lvwResults = *controls_.lvwResults,
+            .lvwDownloads = *controls_.lvwDownloads,
+            .RetFileLbl = *controls_.RetFileLbl,
+            .DownloadLbl = *controls_.DownloadLbl,
+            .LstSearchFor = *controls_.LstSearchFor,
+            .chkRecurse = *controls_.chkRecurse,
+            .imgFiles = *controls_.imgFiles[0],
+            .txtSearchStart = *controls_.txtSearchStart,
+            .cmdInpNetNode = *controls_.cmdInpNetNode,
+            .stbStatus = *controls_.stbStatus,
+            .icons = controls_.Icons()};
 }
 
 JobDisplay::Controls ControlShares::ForJobDisplay() const {
@@ -25,43 +43,6 @@ JobDisplay::Controls ControlShares::ForJobDisplay() const {
             .stbStatus = *controls_.stbStatus};
 }
 
-ResultRows::Controls ControlShares::ForRows() const {
-    return {.lvwResults = *controls_.lvwResults,
-            .RetFileLbl = *controls_.RetFileLbl,
-            .stbStatus = *controls_.stbStatus,
-            .icons = controls_.Icons()};
-}
-
-SearchRun::Controls ControlShares::ForSearchRun() const {
-    return {.window = window_,
-            .LstSearchFor = *controls_.LstSearchFor,
-            .chkRecurse = *controls_.chkRecurse,
-            .RetFileLbl = *controls_.RetFileLbl,
-            .stbStatus = *controls_.stbStatus,
-            .SSTab1 = *controls_.SSTab1,
-            .lvwResults = *controls_.lvwResults,
-            .lvwDownloads = *controls_.lvwDownloads,
-            .icons = controls_.Icons()};
-}
-
-PredefinedPatterns::Controls ControlShares::ForPatterns() const {
-    return {.LstSearchFor = *controls_.LstSearchFor,
-            .filesPicture = *controls_.imgFiles[0],
-            .mnuPopUp5 = Menu("mnuPopUp5")};
-}
-
-SearchStart::Controls ControlShares::ForSearchStart() const {
-    return {.window = window_,
-            .txtSearchStart = *controls_.txtSearchStart,
-            .mnuPopUp6 = Menu("mnuPopUp6")};
-}
-
-InputEvents::Controls ControlShares::ForInputEvents() const {
-    return {.LstSearchFor = *controls_.LstSearchFor,
-            .imgFiles = *controls_.imgFiles[0],
-            .cmdInpNetNode = *controls_.cmdInpNetNode};
-}
-
 DownloadQueue::Controls ControlShares::ForDownloads() const {
     return {.window = window_,
             .SSTab1 = *controls_.SSTab1,
@@ -69,15 +50,6 @@ DownloadQueue::Controls ControlShares::ForDownloads() const {
             .lvwDownloads = *controls_.lvwDownloads,
             .DownloadLbl = *controls_.DownloadLbl,
             .stbStatus = *controls_.stbStatus};
-}
-
-ListOperations::Controls ControlShares::ForLists() const {
-    return {.window = window_,
-            .picListHolder = *controls_.picListHolder,
-            .lvwResults = *controls_.lvwResults,
-            .lvwDownloads = *controls_.lvwDownloads,
-            .RetFileLbl = *controls_.RetFileLbl,
-            .LstSearchFor = *controls_.LstSearchFor};
 }
 
 ListOperations::DownloadsMenu ControlShares::DownloadsMenu() const {
@@ -93,16 +65,6 @@ ListOperations::ResultsMenu ControlShares::ResultsMenu() const {
     return {.PopUp2Mnu = Menu("PopUp2Mnu"),
             .mnuTheWkGP = Item("mnuTheWkGP"),
             .mnuSampleFile = Item("mnuSampleFile")};
-}
-
-ResultsFile::Controls ControlShares::ForResultsFile() const {
-    return {.window = window_,
-            .RetFileLbl = *controls_.RetFileLbl,
-            .stbStatus = *controls_.stbStatus,
-            .SSTab1 = *controls_.SSTab1,
-            .lvwResults = *controls_.lvwResults,
-            .lvwDownloads = *controls_.lvwDownloads,
-            .icons = controls_.Icons()};
 }
 
 SettingsFile::Controls ControlShares::ForSettingsFile() const {
@@ -134,19 +96,6 @@ SkinSelection::Menu ControlShares::SkinMenu() const {
         menu.mnuSkin[static_cast<size_t>(index)] =
             menu_.Item(ElementName("mnuSkin", static_cast<size_t>(index)));
     return menu;
-}
-
-ToolsMenu::Controls ControlShares::ForTools() const {
-    return {.window = window_,
-            .lvwResults = *controls_.lvwResults,
-            .lvwDownloads = *controls_.lvwDownloads};
-}
-
-SysTray::Controls ControlShares::ForTray() const {
-    return {.window = window_,
-            .RetFileLbl = *controls_.RetFileLbl,
-            .PopUp4Mnu = Menu("PopUp4Mnu"),
-            .mnuRestore = Item("mnuRestore")};
 }
 
 } // namespace netrove

@@ -6,18 +6,10 @@
 
 namespace netrove {
 
-OnlineServices HelpMenu::Online() const {
-    return {.http = *services_.http,
-            .dialogs = services_.dialogs,
-            .shell = services_.shell,
-            .webAddress = services_.webAddress,
-            .look = services_.look};
-}
-
 AboutServices HelpMenu::About() {
     return {.shell = services_.shell,
             .webAddress = services_.webAddress,
-            .contactAddress = services_.contactAddress,
+            .contactAddress = contactAddress_,
             .UpdateMnu = [this] { UpdateMnu_Click(); },
             .look = services_.look};
 }
@@ -32,12 +24,12 @@ void HelpMenu::mnuTBS_Click() {
 
 void HelpMenu::UpdateMnu_Click() {
     if (services_.http)
-        frmUpdate(Online(), &window_).exec();
+        frmUpdate(services_, &window_).exec();
 }
 
 void HelpMenu::mnuDonate_Click() {
     if (services_.http)
-        frmDonate(Online(), &window_).exec();
+        frmDonate(services_, &window_).exec();
 }
 
 void HelpMenu::mnuAbout1_Click() {

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "platform/Dialogs.h"
-#include "platform/Http.h"
-#include "services/ShellServices.h"
-#include "skins/ProgramDialog.h"
+#include "online/OnlineDialog.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -11,22 +8,14 @@
 namespace netrove {
 
 struct AboutServices;
-struct OnlineServices;
 
 /// Opens the windows of the help menu, each over the main window.
 class HelpMenu {
 public:
-    struct Services {
-        Http* http; ///< without one, the update check and the donation links are never asked for
-        Dialogs& dialogs;
-        ShellServices& shell;
-        QString webAddress;
-        QString contactAddress;
-        DialogLook look;
-    };
-
-    HelpMenu(QWidget& window, Services services)
-        : window_(window), services_(std::move(services)) {}
+    HelpMenu(QWidget& window, OnlineServices services, QString contactAddress)
+        : window_(window)
+        , services_(std::move(services))
+        , contactAddress_(std::move(contactAddress)) {}
 
     void mnuCont_Click();
     void mnuTBS_Click();
@@ -38,11 +27,11 @@ public:
     void mnuAbout_Click();
 
 private:
-    [[nodiscard]] OnlineServices Online() const;
     [[nodiscard]] AboutServices About();
 
     QWidget& window_;
-    Services services_;
+    OnlineServices services_;
+    QString contactAddress_;  ///< for letters
     QPointer<QDialog> about_; ///< the one of the tray menu, while it is open
 };
 

@@ -4,7 +4,8 @@
 
 namespace netrove {
 
-InputEvents::InputEvents(const Controls& controls, PredefinedPatterns& patterns, SearchStart& start)
+InputEvents::InputEvents(const WindowControls& controls, PredefinedPatterns& patterns,
+                         SearchStart& start)
     : controls_(controls), patterns_(patterns), start_(start) {
     controls_.LstSearchFor.installEventFilter(this);
     controls_.imgFiles.installEventFilter(this);

@@ -2,6 +2,7 @@
 
 #include "searchrun/PredefinedPatterns.h"
 #include "searchrun/SearchStart.h"
+#include "windowservices/WindowControls.h"
 
 #include <QComboBox>
 #include <QObject>
@@ -14,20 +15,14 @@ class InputEvents : public QObject {
     Q_OBJECT
 
 public:
-    struct Controls {
-        QComboBox& LstSearchFor;
-        QWidget& imgFiles; ///< the picture that is there while no job runs
-        QPushButton& cmdInpNetNode;
-    };
-
-    InputEvents(const Controls& controls, PredefinedPatterns& patterns, SearchStart& start);
+    InputEvents(const WindowControls& controls, PredefinedPatterns& patterns, SearchStart& start);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void LstSearchFor_FocusIn(Qt::FocusReason reason);
 
-    Controls controls_;
+    WindowControls controls_;
     PredefinedPatterns& patterns_;
     SearchStart& start_;
 };

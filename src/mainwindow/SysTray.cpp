@@ -21,9 +21,10 @@ constexpr auto IconPlacing = 100ms;
 
 } // namespace
 
-SysTray::SysTray(const Controls& controls, const Services& services)
-    : controls_(controls), services_(services), tipTimer_(new QTimer(this)) {
-    controls_.PopUp4Mnu.setDefaultAction(&controls_.mnuRestore);
+SysTray::SysTray(const WindowControls& controls, QMenu& PopUp4Mnu, QAction& mnuRestore,
+                 const Services& services)
+    : controls_(controls), PopUp4Mnu_(PopUp4Mnu), services_(services), tipTimer_(new QTimer(this)) {
+    PopUp4Mnu_.setDefaultAction(&mnuRestore);
     controls_.window.installEventFilter(this);
     connect(&services_.tray, &Tray::Changed, this, [this] { Later([this] { FollowTray(); }); });
     connect(&services_.tray, &Tray::DoubleClicked, this, [this] {
@@ -63,7 +64,7 @@ void SysTray::MinimizeToTray() {
     awaitsTray_ = false;
     inTray_ = true;
     AnimateTray(Direction::ToTray);
-    services_.tray.Show(TrayTip(QLatin1String("  <")), controls_.PopUp4Mnu);
+    services_.tray.Show(TrayTip(QLatin1String("  <")), PopUp4Mnu_);
     tipTimer_->start(TipInterval);
     controls_.window.hide();
 }

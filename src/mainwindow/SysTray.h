@@ -3,6 +3,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Tray.h"
 #include "skins/SkinSelection.h"
+#include "windowservices/WindowControls.h"
 
 #include <QAction>
 #include <QLabel>
@@ -24,12 +25,6 @@ class SysTray : public QObject {
     Q_OBJECT
 
 public:
-    struct Controls {
-        QWidget& window;
-        const QLabel& RetFileLbl; ///< how far the search is, for the tip
-        QMenu& PopUp4Mnu;
-        QAction& mnuRestore; ///< the menu's default item
-    };
     struct Services {
         Tray& tray;
         SkinSelection& skins;
@@ -42,7 +37,9 @@ public:
     /// What a tip has room for.
     static constexpr int MaxTip = 64;
 
-    SysTray(const Controls& controls, const Services& services);
+    /// `mnuRestore` is the default item of the menu `PopUp4Mnu`.
+    SysTray(const WindowControls& controls, QMenu& PopUp4Mnu, QAction& mnuRestore,
+            const Services& services);
 
     /// What the close box does instead of closing.
     void PutAway();
@@ -77,7 +74,8 @@ private:
     void Fly(Direction direction) const;
     [[nodiscard]] QString TrayTip(QLatin1String gap) const;
 
-    Controls controls_;
+    WindowControls controls_;
+    QMenu& PopUp4Mnu_;
     Services services_;
     QTimer* tipTimer_;
     bool inTray_ = false;

@@ -11,17 +11,13 @@
 #include "settings/Settings.h"
 #include "silent/frmSilent.h"
 #include "skins/ProgramDialog.h"
+#include "windowservices/WindowControls.h"
 
 namespace netrove {
 
 /// Opens the windows of the tools menu, each over the main window.
 class ToolsMenu {
 public:
-    struct Controls {
-        QWidget& window;
-        ListView& lvwResults;
-        ListView& lvwDownloads;
-    };
     struct Services {
         Settings& settings;
         Dialogs& dialogs;
@@ -38,7 +34,7 @@ public:
         QString networkFile; ///< "network.ini" with its path
     };
 
-    ToolsMenu(const Controls& controls, Services services)
+    ToolsMenu(const WindowControls& controls, Services services)
         : controls_(controls), services_(std::move(services)) {}
 
     void mnuViewTrLog_Click();
@@ -53,7 +49,7 @@ public:
 private:
     [[nodiscard]] frmSilent::Services SilentServices();
 
-    Controls controls_;
+    WindowControls controls_;
     Services services_;
 };
 

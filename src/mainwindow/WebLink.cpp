@@ -6,8 +6,8 @@
 
 namespace netrove {
 
-WebLink::WebLink(QWidget& window, QLabel& HyperLbl, Services services)
-    : window_(window), HyperLbl_(HyperLbl), services_(std::move(services)) {
+WebLink::WebLink(QLabel& HyperLbl, ShellServices& shell, Dialogs& dialogs, QString webAddress)
+    : HyperLbl_(HyperLbl), shell_(shell), dialogs_(dialogs), webAddress_(std::move(webAddress)) {
     HyperLbl_.installEventFilter(this);
 }
 
@@ -19,12 +19,12 @@ bool WebLink::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WebLink::HyperLbl_MouseDown() {
-    services_.dialogs.Trap(QStringLiteral("Error in Hyperlink"), [this] {
+    dialogs_.Trap(QStringLiteral("Error in Hyperlink"), [this] {
         QPalette palette = HyperLbl_.palette();
         palette.setColor(QPalette::WindowText, Qt::red);
         HyperLbl_.setPalette(palette);
-        services_.shell.ShellRun(services_.webAddress);
-        window_.unsetCursor();
+        shell_.ShellRun(webAddress_);
+        HyperLbl_.window()->unsetCursor();
     });
 }
 

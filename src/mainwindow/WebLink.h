@@ -12,22 +12,17 @@ class WebLink : public QObject {
     Q_OBJECT
 
 public:
-    struct Services {
-        ShellServices& shell;
-        Dialogs& dialogs;
-        QString webAddress;
-    };
-
-    WebLink(QWidget& window, QLabel& HyperLbl, Services services);
+    WebLink(QLabel& HyperLbl, ShellServices& shell, Dialogs& dialogs, QString webAddress);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void HyperLbl_MouseDown();
 
-    QWidget& window_;
     QLabel& HyperLbl_;
-    Services services_;
+    ShellServices& shell_;
+    Dialogs& dialogs_;
+    QString webAddress_;
 };
 
 } // namespace netrove

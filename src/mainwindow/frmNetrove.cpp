@@ -38,28 +38,28 @@ frmNetrove::frmNetrove(const ProgramServices& services)
     , controls_(*inner_, services.webAddress)
     , menu_(new MainMenu(*menuBar(), *this, MenuConnections::Withheld(services)))
     , shares_(*this, controls_, *menu_)
+    , shared_(shares_.Controls())
     , jobDisplay_(shares_.ForJobDisplay(), job_)
     , layout_(*this, controls_)
     , icons_(services.fileTypes, services.systemIcon)
     , shell_(services.shell, services.dialogs)
-    , rows_(shares_.ForRows(), state_, settings_, services.files, icons_)
-    , run_(shares_.ForSearchRun(), job_, RunServices(), state_, rows_)
-    , patterns_(shares_.ForPatterns(), settings_, services.dialogs)
-    , start_(shares_.ForSearchStart(), job_, StartServices(), state_)
-    , queue_(shares_.ForDownloads(), {settings_, services.dialogs, job_})
-    , lists_(shares_.ForLists(), shares_.DownloadsMenu(), shares_.ResultsMenu(), job_,
-             ListServices(), queue_)
-    , resultsFile_(shares_.ForResultsFile(), job_, ResultsFileServices(), state_, rows_)
+    , rows_(shared_, state_, settings_, services.files, icons_)
+    , run_(shared_, job_, RunServices(), state_, rows_)
+    , patterns_(shared_, shares_.Menu("mnuPopUp5"), settings_, services.dialogs)
+    , start_(shared_, shares_.Menu("mnuPopUp6"), job_, StartServices(), state_)
+    , queue_(shares_.ForDownloads(), settings_, services.dialogs, job_)
+    , lists_(shared_, shares_.DownloadsMenu(), shares_.ResultsMenu(), job_, ListServices(), queue_)
+    , resultsFile_(shared_, job_, ResultsFileServices(), state_, rows_)
     , settingsFile_(shares_.ForSettingsFile(), SettingsFileServices(),
                     IniFileName(services.applicationFolder))
     , skins_(shares_.SkinMenu(), shares_.ForSkins(), SkinServices())
     , columnHelp_(*this, *menu_->Menu(Text("PopUp3Mnu")))
-    , toolsMenu_(shares_.ForTools(), ToolsServices())
-    , helpMenu_(*this, HelpServices())
-    , tray_(shares_.ForTray(),
+    , toolsMenu_(shared_, ToolsServices())
+    , helpMenu_(*this, HelpServices(), services.contactAddress)
+    , tray_(shared_, shares_.Menu("PopUp4Mnu"), shares_.Item("mnuRestore"),
             {services.tray, skins_, settings_.SkinIndex, services.dialogs, [this] { Unload(); }})
-    , inputEvents_(shares_.ForInputEvents(), patterns_, start_)
-    , webLink_(*this, *controls_.HyperLbl, {shell_, services.dialogs, services.webAddress})
+    , inputEvents_(shared_, patterns_, start_)
+    , webLink_(*controls_.HyperLbl, shell_, services.dialogs, services.webAddress)
     , defaultButton_(*this, *controls_.cmdStartSearch,
                      {controls_.lvwResults, controls_.lvwDownloads}) {
     settings_.SaveFolder = DownloadsFolder(services.applicationFolder);
@@ -165,12 +165,11 @@ ToolsMenu::Services frmNetrove::ToolsServices() {
             .networkFile = services_.applicationFolder + QDir::separator() + Text("network.ini")};
 }
 
-HelpMenu::Services frmNetrove::HelpServices() {
+OnlineServices frmNetrove::HelpServices() {
     return {.http = services_.http,
             .dialogs = services_.dialogs,
             .shell = shell_,
             .webAddress = services_.webAddress,
-            .contactAddress = services_.contactAddress,
             .look = Look()};
 }
 

@@ -16,10 +16,16 @@
 #include "platform/InstanceMarker.h"
 #include "search/ExclusionLists.h"
 #include "search/TroubleshootingLog.h"
+#include "searchrun/PredefinedPatterns.h"
+#include "searchrun/ResultRows.h"
+#include "searchrun/SearchRun.h"
+#include "searchrun/SearchStart.h"
 #include "searchrun/SearchState.h"
 #include "services/ShellServices.h"
 #include "settings/Settings.h"
 #include "skins/frame/PaintedSkinFrame.h"
+#include "storage/ResultsFile.h"
+#include "storage/SettingsFile.h"
 
 #include <QMainWindow>
 
@@ -86,7 +92,7 @@ private:
     [[nodiscard]] SettingsFile::Services SettingsFileServices();
     [[nodiscard]] SkinSelection::Services SkinServices();
     [[nodiscard]] ToolsMenu::Services ToolsServices();
-    [[nodiscard]] HelpMenu::Services HelpServices();
+    [[nodiscard]] OnlineServices HelpServices();
     [[nodiscard]] DialogLook Look();
 
     [[nodiscard]] std::optional<std::shared_ptr<NetResource>> BrowseNetwork();
@@ -111,6 +117,7 @@ private:
     MainControls controls_;
     MainMenu* menu_;
     ControlShares shares_;
+    WindowControls shared_; ///< by all that is listed below
     JobDisplay jobDisplay_;
     WindowLayout layout_;
     IconImages icons_;

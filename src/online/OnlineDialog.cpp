@@ -29,7 +29,7 @@ QString OnlineDialog::Read(QAbstractButton& cancel, QLatin1String path) {
     QString text;
     {
         const DialogRead reading(*this, cancel);
-        text = Trim(services_.http.OpenURL(WebFile::Address(services_.webAddress, path)));
+        text = Trim(services_.http->OpenURL(WebFile::Address(services_.webAddress, path)));
     }
     if (!isVisible())
         throw RunTimeError(ErrorNumber::DeviceUnavailable);

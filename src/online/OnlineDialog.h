@@ -14,7 +14,7 @@ namespace netrove {
 
 /// What the dialogs that read from the web site are given. All of it outlives them.
 struct OnlineServices {
-    Http& http;
+    Http* http; ///< without one, no such dialog is opened
     Dialogs& dialogs;
     ShellServices& shell;
     QString webAddress; ///< of the site, which has the files too

@@ -31,7 +31,7 @@ void PredefinedPatterns::imgFiles_MouseDown(Qt::MouseButton button, const QPoint
                 "to 'No'. You will have to tweak the predefined formats so that they may work  \r\n"
                 "properly -OR- change the option in Tools>Options>Search."),
             QStringLiteral("Auto-Asterisks is turned off"));
-    controls_.mnuPopUp5.popup(controls_.filesPicture.mapToGlobal(position));
+    mnuPopUp5_.popup(controls_.imgFiles.mapToGlobal(position));
 }
 
 void PredefinedPatterns::mnuFiles_Click(int index) {

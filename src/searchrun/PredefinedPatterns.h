@@ -2,6 +2,7 @@
 
 #include "platform/Dialogs.h"
 #include "settings/Settings.h"
+#include "windowservices/WindowControls.h"
 
 #include <QComboBox>
 #include <QMenu>
@@ -14,14 +15,9 @@ class PredefinedPatterns {
 public:
     static constexpr int Count = 8; ///< items of the menu
 
-    struct Controls {
-        QComboBox& LstSearchFor;
-        QWidget& filesPicture; ///< the one that is there while no job runs
-        QMenu& mnuPopUp5;
-    };
-
-    PredefinedPatterns(const Controls& controls, const Settings& settings, Dialogs& dialogs)
-        : controls_(controls), settings_(settings), dialogs_(dialogs) {}
+    PredefinedPatterns(const WindowControls& controls, QMenu& mnuPopUp5, const Settings& settings,
+                       Dialogs& dialogs)
+        : controls_(controls), mnuPopUp5_(mnuPopUp5), settings_(settings), dialogs_(dialogs) {}
 
     /// The right button shows the menu there, first a warning if the patterns won't be enclosed in
     /// asterisks. `position` is in the picture.
@@ -34,7 +30,8 @@ public:
     void LstSearchFor_GotFocus();
 
 private:
-    Controls controls_;
+    WindowControls controls_;
+    QMenu& mnuPopUp5_;
     const Settings& settings_;
     Dialogs& dialogs_;
 };

@@ -8,6 +8,7 @@
 #include "services/FileDetails.h"
 #include "settings/Settings.h"
 #include "windowservices/IconImages.h"
+#include "windowservices/WindowControls.h"
 
 #include <QLabel>
 #include <QString>
@@ -26,14 +27,7 @@ inline constexpr int Date2 = 10; ///< hidden sort key
 /// list, keeps the count of rows and its cap, and shows in the status bar where the walk is.
 class ResultRows {
 public:
-    struct Controls {
-        ListView& lvwResults;
-        QLabel& RetFileLbl;
-        StatusBar& stbStatus;
-        IconSets icons;
-    };
-
-    ResultRows(const Controls& controls, SearchState& state, const Settings& settings,
+    ResultRows(const WindowControls& controls, SearchState& state, const Settings& settings,
                FileAccess& files, IconImages& icons)
         : controls_(controls)
         , state_(state)
@@ -60,7 +54,7 @@ private:
     void FillRow(int row, const FileDetails& details, const QString& extension,
                  const QString& typeName);
 
-    Controls controls_;
+    WindowControls controls_;
     SearchState& state_;
     const Settings& settings_;
     FileAccess& files_;

@@ -12,7 +12,7 @@
 #include "searchrun/SearchState.h"
 #include "searchrun/job/CurrentJob.h"
 #include "settings/Settings.h"
-#include "windowservices/IconImages.h"
+#include "windowservices/WindowControls.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -25,17 +25,6 @@ namespace netrove {
 /// window, stays inside the engine's walk until it has ended, and gives the window back.
 class SearchRun {
 public:
-    struct Controls {
-        QWidget& window;
-        QComboBox& LstSearchFor;
-        QCheckBox& chkRecurse;
-        QLabel& RetFileLbl;
-        StatusBar& stbStatus;
-        QTabWidget& SSTab1;
-        ListView& lvwResults;
-        ListView& lvwDownloads;
-        IconSets icons;
-    };
     struct Services {
         SearchServices search;
         ExclusionLists& exclusions; ///< the same as the engine reads
@@ -43,7 +32,7 @@ public:
         NetworkReport* report; ///< null where nobody keeps one
     };
 
-    SearchRun(const Controls& controls, CurrentJob& job, const Services& services,
+    SearchRun(const WindowControls& controls, CurrentJob& job, const Services& services,
               SearchState& state, ResultRows& rows)
         : controls_(controls)
         , job_(job)
@@ -74,7 +63,7 @@ private:
     void WriteSummary(qint64 seconds);
     void RepaintWindow();
 
-    Controls controls_;
+    WindowControls controls_;
     CurrentJob& job_;
     Services services_;
     SearchState& state_;

@@ -31,7 +31,7 @@ struct SearchStart::Question {
 };
 
 void SearchStart::cmdInpNetNode_Click() {
-    controls_.mnuPopUp6.popup(QPoint(CursorX(), CursorY()));
+    mnuPopUp6_.popup(QPoint(CursorX(), CursorY()));
 }
 
 void SearchStart::mnuInpNetNode_Click(int index) {

@@ -6,6 +6,7 @@
 #include "searchrun/SearchState.h"
 #include "searchrun/job/CurrentJob.h"
 #include "settings/Settings.h"
+#include "windowservices/WindowControls.h"
 
 #include <QLineEdit>
 #include <QMenu>
@@ -21,11 +22,6 @@ namespace netrove {
 /// name, the root, a node from the network browser.
 class SearchStart {
 public:
-    struct Controls {
-        QWidget& window;
-        QLineEdit& txtSearchStart;
-        QMenu& mnuPopUp6;
-    };
     struct Services {
         NetworkEnumeration& network;
         Dialogs& dialogs;
@@ -36,8 +32,14 @@ public:
         std::function<std::optional<std::shared_ptr<NetResource>>()> browse;
     };
 
-    SearchStart(const Controls& controls, CurrentJob& job, Services services, SearchState& state)
-        : controls_(controls), job_(job), services_(std::move(services)), state_(state) {}
+    /// `mnuPopUp6` is the menu of the ways.
+    SearchStart(const WindowControls& controls, QMenu& mnuPopUp6, CurrentJob& job,
+                Services services, SearchState& state)
+        : controls_(controls)
+        , mnuPopUp6_(mnuPopUp6)
+        , job_(job)
+        , services_(std::move(services))
+        , state_(state) {}
 
     /// Whether the network has workgroups, so that paths lead through its provider. True at first.
     void SetIsWinNT(bool isWinNT) { isWinNT_ = isWinNT; }
@@ -70,7 +72,8 @@ private:
     void Browse();
     void SetStartNode(const std::shared_ptr<NetResource>& node);
 
-    Controls controls_;
+    WindowControls controls_;
+    QMenu& mnuPopUp6_;
     CurrentJob& job_;
     Services services_;
     SearchState& state_;

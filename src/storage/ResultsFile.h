@@ -12,7 +12,7 @@
 #include "services/ShellServices.h"
 #include "settings/Settings.h"
 #include "storage/results/ResultsWriter.h"
-#include "windowservices/IconImages.h"
+#include "windowservices/WindowControls.h"
 
 #include <QLabel>
 #include <QTabWidget>
@@ -25,15 +25,6 @@ namespace netrove {
 /// were seen: loading asks for each of them, and makes its row anew.
 class ResultsFile {
 public:
-    struct Controls {
-        QWidget& window;
-        QLabel& RetFileLbl;
-        StatusBar& stbStatus;
-        QTabWidget& SSTab1;
-        ListView& lvwResults;
-        ListView& lvwDownloads;
-        IconSets icons;
-    };
     struct Services {
         FileAccess& files;
         ReadAhead* ahead; ///< null where nobody reads ahead
@@ -43,7 +34,7 @@ public:
         QString applicationFolder; ///< without a closing separator
     };
 
-    ResultsFile(const Controls& controls, CurrentJob& job, const Services& services,
+    ResultsFile(const WindowControls& controls, CurrentJob& job, const Services& services,
                 SearchState& state, ResultRows& rows)
         : controls_(controls), job_(job), services_(services), state_(state), rows_(rows) {}
 
@@ -86,7 +77,7 @@ private:
     void LoadSteps();
     void BindList();
 
-    Controls controls_;
+    WindowControls controls_;
     CurrentJob& job_;
     Services services_;
     SearchState& state_;

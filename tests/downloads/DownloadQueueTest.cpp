@@ -96,8 +96,8 @@ protected:
     WindowYield yield;
     CurrentJob job;
     std::unique_ptr<CommandedCopier> copier = std::make_unique<CommandedCopier>();
-    DownloadQueue queue{{window, tabs, results, downloads, caption, status},
-                        {settings, dialogs, job}};
+    DownloadQueue queue{
+        {window, tabs, results, downloads, caption, status}, settings, dialogs, job};
 };
 
 TEST_F(Queue, GoesThroughItsStates) {

@@ -137,7 +137,7 @@ protected:
     }
 
     OnlineServices Online(const DialogLook& look) {
-        return {.http = http,
+        return {.http = &http,
                 .dialogs = dialogs,
                 .shell = shellServices,
                 .webAddress = Text("https://site.example/"),

@@ -22,7 +22,7 @@ protected:
         owner.setGeometry(100, 100, 900, 600);
         owner.show();
         dialog =
-            std::make_unique<Dialog>(OnlineServices{.http = http,
+            std::make_unique<Dialog>(OnlineServices{.http = &http,
                                                     .dialogs = dialogs,
                                                     .shell = shellServices,
                                                     .webAddress = Text("https://site.example/"),
