@@ -157,8 +157,6 @@ void MainControls::MakeTabs(QWidget& inner) {
 }
 
 void MainControls::MakeHidden(QWidget& inner) {
-    for (std::size_t index = 0; index < picResource.size(); ++index)
-        picResource[index] = HiddenWidget(inner, ElementName("picResource", index));
     picIconLg = HiddenWidget(inner, Text("picIconLg"));
     picIconSm = HiddenWidget(inner, Text("picIconSm"));
 }

@@ -35,8 +35,7 @@ struct MainControls {
     QLabel* DownloadLbl = nullptr;
     ListView* lvwDownloads = nullptr;
 
-    std::array<QWidget*, 10> picResource{}; ///< hidden, for the pictures of skins
-    QWidget* picIconLg = nullptr;           ///< hidden drawing surfaces of file icons
+    QWidget* picIconLg = nullptr; ///< hidden drawing surfaces of file icons
     QWidget* picIconSm = nullptr;
 
     QPushButton* cmdInpNetNode = nullptr;

@@ -49,6 +49,8 @@ constexpr ItemText SkinItems[] = {
     {"mnuSkin(5)", "&Bullethead"},
     {"mnuSep", Separator},
     {"mnuSkinCust", "&Customize..."},
+    {"mnuSepSkinFile", Separator},
+    {"mnuSkinFile", "&Load Skin File"},
 };
 constexpr ItemText HelpItems[] = {
     {"mnuCont", "Help &Content..."},

@@ -4,6 +4,18 @@
 #include "runtime/SourceText.h"
 
 namespace netrove {
+namespace {
+
+/// Whoever has no such file never sees the item.
+void OfferSkinFile(const MainMenu& menu, const SkinSelection& skins) {
+    QAction* item = menu.Item(Text("mnuSkinFile"));
+    item->setVisible(skins.HasSkinFile());
+    item->setEnabled(skins.SkinConfiguration() != nullptr);
+    menu.Item(Text("mnuSepSkinFile"))->setVisible(item->isVisible());
+}
+
+} // namespace
+
 QStringList MenuConnections::Withheld(const ProgramServices& services) {
     QStringList items;
     if (!services.report)
@@ -48,8 +60,11 @@ void MenuConnections::ConnectSkinMenu(SkinSelection& skins, ToolsMenu& tools) {
         tools.FollowSkin();
     });
     Connect("mnuSkinCust", [&skins] { skins.mnuSkinCust_Click(); });
+    Connect("mnuSkinFile", [&skins] { skins.LoadSkinXML(); });
     // Until a skin is selected.
     menu_.Item(Text("mnuSkinCust"))->setEnabled(false);
+    QObject::connect(menu_.Menu(Text("mnuSkinTOP")), &QMenu::aboutToShow, &context_,
+                     [&menu = menu_, &skins] { OfferSkinFile(menu, skins); });
 }
 
 void MenuConnections::ConnectHelpMenu(HelpMenu& help) {

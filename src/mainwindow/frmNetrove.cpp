@@ -146,7 +146,8 @@ SkinSelection::Services frmNetrove::SkinServices() {
             .painter = painter_,
             .newModifier = [] { return std::make_unique<PaintedFrame>(); },
             .resize = [this] { layout_.Form_Resize(); },
-            .openHelp = [this] { OpenHelp(); }};
+            .openHelp = [this] { OpenHelp(); },
+            .applicationFolder = services_.applicationFolder};
 }
 
 ToolsMenu::Services frmNetrove::ToolsServices() {

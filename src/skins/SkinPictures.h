@@ -6,8 +6,8 @@
 
 namespace netrove {
 
-/// The ten pictures that the built-in skins are painted from: of each a bitmap or GIF in its own
-/// size, and a drawing that stays sharp on denser screens.
+/// The ten pictures that the built-in skins are painted from, `picResource`: of each a bitmap or
+/// GIF in its own size, and a drawing that stays sharp on denser screens.
 class SkinPictures {
 public:
     static constexpr int Count = 10;

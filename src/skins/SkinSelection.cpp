@@ -1,6 +1,7 @@
 #include "skins/SkinSelection.h"
 
 #include "controls/Color.h"
+#include "platform/TextEncoding.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/SourceText.h"
 #include "runtime/Text.h"
@@ -10,7 +11,9 @@
 #include "skins/frmCustomizeSkin.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QEvent>
+#include <QFile>
 
 namespace netrove {
 namespace {
@@ -21,6 +24,13 @@ constexpr double MinimumContrast = 3;
 QString Section(int skinIndex) {
     return Text("SkinProperties_") + QString::number(skinIndex);
 }
+
+/// Bytes of a skin file that are read: more than any is allowed to have.
+constexpr qint64 LongestFile = 512 * 1024;
+
+/// The pictures that a skin file comes with.
+constexpr int FileTitlePicture = 2;
+constexpr int FileFramePicture = 3;
 
 /// Runs the steps up to the first failure, which is shown.
 template <typename Steps>
@@ -96,6 +106,7 @@ void SkinSelection::mnuSkin_Click(qint16 index) {
 void SkinSelection::Skin(int index) {
     WithTrap(*controls_.window, services_.dialogs, "Error in Skinning", [&] {
         configuration_.reset();
+        fileText_.clear();
         if (index != 0)
             configuration_ = std::make_shared<netrove::SkinConfiguration>(services_.painter);
         colors_ = RoleColors(index);
@@ -195,6 +206,39 @@ void SkinSelection::SaveSkinXML() {
     write("PercentBlue", SingleText(skin.PercentBlue));
 }
 
+QString SkinSelection::SkinFilePath() const {
+    return services_.applicationFolder + QDir::separator() + Text("Skins") + QDir::separator() +
+           Text("Dark Metal") + QDir::separator() + Text("skin.xml");
+}
+
+bool SkinSelection::HasSkinFile() const {
+    return QFile::exists(SkinFilePath());
+}
+
+void SkinSelection::LoadSkinXML() {
+    if (!configuration_)
+        return;
+    QFile file(SkinFilePath());
+    if (!file.open(QIODevice::ReadOnly)) {
+        services_.dialogs.Message(MessageIcon::Information,
+                                  Text("Couldn't load ") + file.fileName(), Text("Netrove"));
+        return;
+    }
+    const QString text = FromUtf8OrWindows1252(file.read(LongestFile));
+    WithTrap(*controls_.window, services_.dialogs, "Error in Skinning", [&] {
+        TakeFile(text);
+        fileText_ = text;
+        Attach();
+        ColorWindow();
+    });
+}
+
+void SkinSelection::TakeFile(const QString& text) {
+    const qreal ratio = controls_.window->devicePixelRatioF();
+    configuration_->LoadXML(text, pictures_.Picture(FileTitlePicture, ratio),
+                            pictures_.Picture(FileFramePicture, ratio));
+}
+
 void SkinSelection::Attach() {
     modifier_->Attach(*controls_.window, *configuration_);
     attached_ = configuration_;
@@ -243,6 +287,8 @@ void SkinSelection::TakePictures() {
         pictureRatio_ == controls_.window->devicePixelRatioF())
         return;
     ApplyTable(services_.SkinIndex);
+    if (!fileText_.isEmpty())
+        TakeFile(fileText_);
     Attach();
 }
 

@@ -52,6 +52,7 @@ public:
         std::function<std::unique_ptr<NCSizeModifier>()> newModifier;
         std::function<void()> resize;   ///< lays the main window out
         std::function<void()> openHelp; ///< what the key F1 does
+        QString applicationFolder = {}; ///< without a closing separator
     };
 
     SkinSelection(const Menu& menu, const Controls& controls, const Services& services);
@@ -76,6 +77,13 @@ public:
     /// Lets the user adjust the skin in force.
     void mnuSkinCust_Click();
 
+    /// Whether there is a skin file: "Skins/Dark Metal/skin.xml" in the application folder.
+    [[nodiscard]] bool HasSkinFile() const;
+    /// Takes what the skin file says into the skin in force, with the pictures of Trek, until a
+    /// skin is selected. A file that can't be read or is none ends in a box, and leaves the skin as
+    /// it was. Does nothing without a skin.
+    void LoadSkinXML();
+
     /// Selects the skin again that the window had before it went to the tray.
     void Reskin();
 
@@ -96,6 +104,8 @@ public:
 private:
     void Skin(int index);
     void ApplyTable(int index);
+    [[nodiscard]] QString SkinFilePath() const;
+    void TakeFile(const QString& text);
     void ColorFixedControls(int index);
     void LoadAdjustments();
     void Attach();
@@ -113,6 +123,7 @@ private:
     std::shared_ptr<netrove::SkinConfiguration> attached_;
     std::unique_ptr<NCSizeModifier> modifier_;
     qreal pictureRatio_ = 0;
+    QString fileText_; ///< of the skin file that was loaded into the configuration
 };
 
 } // namespace netrove
