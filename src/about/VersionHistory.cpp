@@ -11,9 +11,8 @@ namespace netrove {
 QString VersionHistory() {
     QStringList lines;
     const QLocale locale(frmAbout::tr("en", "language of the date"));
-    lines << Text("v%1 (%2)")
-                 .arg(ProgramVersion(),
-                      locale.toString(ReleaseDate(), frmAbout::tr("MMMM d, yyyy")))
+    lines << u"v%1 (%2)"_s.arg(ProgramVersion(),
+                               locale.toString(ReleaseDate(), frmAbout::tr("MMMM d, yyyy")))
           << frmAbout::tr("- The first release for Linux.")
           << frmAbout::tr("- Searches every computer of the network by SMB, over several "
                           "connections at once, and finds the computers by itself.")

@@ -54,16 +54,16 @@ QFrame* Panel(const QString& name, QWidget* parent) {
 
 /// The skin leaves the control as it is.
 void KeepColours(QWidget& control) {
-    control.setProperty(TagProperty, Text("NOCOLOR"));
+    control.setProperty(TagProperty, u"NOCOLOR"_s);
 }
 
 } // namespace
 
 frmAbout::frmAbout(const AboutServices& services, QWidget& mainWindow)
-    : ProgramDialog(Text("frmAbout"), services.look, &mainWindow)
+    : ProgramDialog(u"frmAbout"_s, services.look, &mainWindow)
     , services_(services)
     , mainWindow_(mainWindow) {
-    setWindowTitle(Text("About Netrove"));
+    setWindowTitle(u"About Netrove"_s);
     MakeControls();
     MakeLinks();
     Arrange();
@@ -76,9 +76,9 @@ void frmAbout::MakeControls() {
         KeepColours(*shpRect_[index]);
     }
     const std::array texts{
-        Text("A program designed to facilitate the searching of files on a LAN (Local Area "
-             "Network)."),
-        Text("Netrove"),
+        u"A program designed to facilitate the searching of files on a LAN (Local Area "
+        "Network)."_s,
+        u"Netrove"_s,
         tr("Licence: GNU GPL, version 3 or later."),
         tr("Without any warranty."),
         tr("Built with Qt %1.").arg(Text(QT_VERSION_STR)),
@@ -96,31 +96,31 @@ void frmAbout::MakeControls() {
     Image1_ = Picture("Image1", NetworkPicture(), shpRect_[0]);
     for (QLabel* picture : {imgIcon_, Image1_})
         KeepColours(*picture);
-    lblVersion_ = Label(Text("lblVersion"), Text("Version: x.xx.x"), this);
-    lblVersion_->setProperty(TagProperty, Text("LINK"));
-    lblDescription_ = Label(Text("lblDescription"), tr("What has changed"), shpRect_[1]);
+    lblVersion_ = Label(u"lblVersion"_s, u"Version: x.xx.x"_s, this);
+    lblVersion_->setProperty(TagProperty, u"LINK"_s);
+    lblDescription_ = Label(u"lblDescription"_s, tr("What has changed"), shpRect_[1]);
     KeepColours(*lblDescription_);
     txtStuff_ = new QPlainTextEdit(this);
-    txtStuff_->setObjectName(Text("txtStuff"));
+    txtStuff_->setObjectName(u"txtStuff"_s);
     txtStuff_->setAccessibleName(lblDescription_->text());
     txtStuff_->setReadOnly(true);
     txtStuff_->setTabChangesFocus(true);
     txtStuff_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-    cmdOk_ = new QPushButton(Text("&OK"), this);
-    cmdOk_->setObjectName(Text("cmdOk"));
+    cmdOk_ = new QPushButton(u"&OK"_s, this);
+    cmdOk_->setObjectName(u"cmdOk"_s);
     cmdOk_->setDefault(true);
     cmdOk_->setFocus();
     connect(cmdOk_, &QPushButton::clicked, this, &frmAbout::close);
 }
 
 void frmAbout::MakeLinks() {
-    const QString site = Text("Visit the official website");
-    lblProduct_ = new LinkLabel(Text("lblProduct"), Text("Tarn Bridge Software"), site, this);
-    lblURL_ = new LinkLabel(Text("lblURL"), services_.webAddress, site, this);
-    lblCopyright_ = new LinkLabel(Text("lblCopyright"), tr("Written by the Netrove developers"),
-                                  Text("Send an email to the programmer(s)"), this);
-    lblVersionUpdate_ = new LinkLabel(Text("lblVersionUpdate"), Text("Update Information"),
-                                      Text("Get updated information for the program"), this);
+    const QString site = u"Visit the official website"_s;
+    lblProduct_ = new LinkLabel(u"lblProduct"_s, u"Tarn Bridge Software"_s, site, this);
+    lblURL_ = new LinkLabel(u"lblURL"_s, services_.webAddress, site, this);
+    lblCopyright_ = new LinkLabel(u"lblCopyright"_s, tr("Written by the Netrove developers"),
+                                  u"Send an email to the programmer(s)"_s, this);
+    lblVersionUpdate_ = new LinkLabel(u"lblVersionUpdate"_s, u"Update Information"_s,
+                                      u"Get updated information for the program"_s, this);
     for (LinkLabel* link : {lblProduct_, lblURL_})
         connect(link, &LinkLabel::MouseDown, this,
                 [this, link](Qt::MouseButton button) { OpenSite(*link, button); });
@@ -199,7 +199,7 @@ void frmAbout::Form_Load() {
     Centre();
     LoadSkin(QSize(Width, Height));
     txtStuff_->setPlainText(VersionHistory());
-    lblVersion_->setText(Text("Version: ") + services_.version.Text());
+    lblVersion_->setText(u"Version: "_s + services_.version.Text());
 }
 
 void frmAbout::OpenSite(LinkLabel& link, Qt::MouseButton button) {

@@ -1,6 +1,7 @@
 #include "about/frmColHelp.h"
 
 #include "controls/Twips.h"
+#include "runtime/SourceText.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -53,8 +54,8 @@ int RightEdge(const ColumnHelpText& help) {
 
 frmColHelp::frmColHelp(const ColumnHelpText& help, QWidget* owner)
     : QWidget(owner, Qt::Popup), Shape1_(new QFrame(this)), Label1_(new QLabel(this)) {
-    setObjectName(QStringLiteral("frmColHelp"));
-    setWindowTitle(QStringLiteral("Column Help"));
+    setObjectName(u"frmColHelp"_s);
+    setWindowTitle(u"Column Help"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     MakeControls();
     Form_Load(help);
@@ -62,7 +63,7 @@ frmColHelp::frmColHelp(const ColumnHelpText& help, QWidget* owner)
 
 void frmColHelp::MakeControls() {
     setPalette(QToolTip::palette());
-    Shape1_->setObjectName(QStringLiteral("Shape1"));
+    Shape1_->setObjectName(u"Shape1"_s);
     Shape1_->setFrameShape(QFrame::Box);
     Shape1_->setAutoFillBackground(true);
     // The colours of tool tips, for controls that take those of windows.
@@ -71,7 +72,7 @@ void frmColHelp::MakeControls() {
     colours.setColor(QPalette::WindowText, colours.color(QPalette::ToolTipText));
     Shape1_->setPalette(colours);
     Label1_->setPalette(colours);
-    Label1_->setObjectName(QStringLiteral("Label1"));
+    Label1_->setObjectName(u"Label1"_s);
     Label1_->setTextFormat(Qt::PlainText);
     Label1_->setWordWrap(true);
     Label1_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -82,7 +83,7 @@ void frmColHelp::Form_Load(ColumnHelpText help) {
     if (help.ColHelpX > static_cast<float>(RightEdge(help) - Width))
         help.ColHelpX -= Width;
     move(ToPixels(static_cast<int>(help.ColHelpX)), ToPixels(static_cast<int>(help.ColHelpY)));
-    Label1_->setText(QString(help.ColHelpText).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    Label1_->setText(QString(help.ColHelpText).replace("\r\n"_L1, "\n"_L1));
     setFixedSize(ToPixels(Width), ToPixels(HeightOf(help.ColHelpKey)));
     Shape1_->resize(size());
     Label1_->resize(size());

@@ -1,5 +1,6 @@
 #include "about/frmPic.h"
 
+#include "runtime/SourceText.h"
 #include "windowservices/PredefinedIcons.h"
 #include "windowservices/WindowGeometry.h"
 
@@ -10,9 +11,9 @@ namespace netrove {
 
 frmPic::frmPic(const QWidget& mainWindow, QWidget* owner)
     : QDialog(owner), picDudes_(new QLabel(this)) {
-    setObjectName(QStringLiteral("frmPic"));
+    setObjectName(u"frmPic"_s);
     setWindowTitle(tr("Up at the Tarn"));
-    picDudes_->setObjectName(QStringLiteral("picDudes"));
+    picDudes_->setObjectName(u"picDudes"_s);
     picDudes_->setPixmap(DudesPicture(devicePixelRatioF()));
     picDudes_->setToolTip(tr("The makers, after the release"));
     picDudes_->setAccessibleName(picDudes_->toolTip());

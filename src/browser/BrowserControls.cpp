@@ -42,11 +42,11 @@ BrowserControls::BrowserControls(QWidget& dialog) : imgXPNWImages(NodePicture) {
         NetworkPicture().pixmap(QSize(LoadPicture, LoadPicture), dialog.devicePixelRatioF()));
     LblMain = Label(dialog, "LblMain", "Searching for computers on the network.");
     lblAddNode = Label(dialog, "lblAddNode", "");
-    tvwNetwork = Named(new TreeView(&dialog), Text("tvwNetwork"));
+    tvwNetwork = Named(new TreeView(&dialog), u"tvwNetwork"_s);
     tvwNetwork->setAccessibleName(tr("Network"));
-    cmdOk = NamedButton(dialog, Text("cmdOk"), Text("&Select"),
-                        "Set the selected node as the network node");
-    cmdCancel = NamedButton(dialog, Text("cmdCancel"), Text("&Close"), "Close the window");
+    cmdOk =
+        NamedButton(dialog, u"cmdOk"_s, u"&Select"_s, "Set the selected node as the network node");
+    cmdCancel = NamedButton(dialog, u"cmdCancel"_s, u"&Close"_s, "Close the window");
     lblWait = Label(dialog, "lblWait", "Wait...");
     MakeProgress(dialog);
     MakeMenu(dialog);
@@ -60,10 +60,10 @@ BrowserControls::BrowserControls(QWidget& dialog) : imgXPNWImages(NodePicture) {
 }
 
 void BrowserControls::MakeProgress(QWidget& dialog) {
-    picProg = Named(new QFrame(&dialog), Text("picProg"));
+    picProg = Named(new QFrame(&dialog), u"picProg"_s);
     picProg->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Raised);
     picProg->setAutoFillBackground(true);
-    shpProg = Named(new QFrame(picProg), Text("shpProg"));
+    shpProg = Named(new QFrame(picProg), u"shpProg"_s);
     shpProg->setFrameStyle(static_cast<int>(QFrame::Box) | QFrame::Plain);
     QPalette framePalette = shpProg->palette();
     framePalette.setColor(
@@ -82,7 +82,7 @@ void BrowserControls::MakeProgress(QWidget& dialog) {
 
     const int height = lblProg->fontMetrics().height();
     const int bar = lblProg->fontMetrics().horizontalAdvance(LoadProgress::FullBar());
-    const int percentage = lblProcPerc->fontMetrics().horizontalAdvance(Text("100%"));
+    const int percentage = lblProcPerc->fontMetrics().horizontalAdvance(u"100%"_s);
     lblProg->setGeometry(2 * Gap, Gap + 2, bar, height);
     shpProg->setGeometry(lblProg->geometry().adjusted(-Gap / 2, -2, Gap / 2, 2));
     lblProcPerc->setGeometry(shpProg->geometry().right() + Gap, Gap + 2, percentage, height);
@@ -90,9 +90,9 @@ void BrowserControls::MakeProgress(QWidget& dialog) {
 }
 
 void BrowserControls::MakeMenu(QWidget& dialog) {
-    mnupopUp1 = Named(new QMenu(&dialog), Text("mnupopUp1"));
-    mnuExcNode = Named(mnupopUp1->addAction(Text("Exclude Node of this Name and Type in Search")),
-                       Text("mnuExcNode"));
+    mnupopUp1 = Named(new QMenu(&dialog), u"mnupopUp1"_s);
+    mnuExcNode = Named(mnupopUp1->addAction(u"Exclude Node of this Name and Type in Search"_s),
+                       u"mnuExcNode"_s);
 }
 
 } // namespace netrove

@@ -1,6 +1,7 @@
 #include "browser/ComputerChooser.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Yield.h"
 
 #include <QDialogButtonBox>
@@ -37,11 +38,11 @@ ComputerChooser::ComputerChooser(NetworkEnumeration& network, const QString& tit
     , network_(network)
     , tvwComputers_(new QTreeWidget(this))
     , lblState_(new QLabel(tr("Searching for computers on the network..."), this)) {
-    setObjectName(QStringLiteral("ComputerChooser"));
+    setObjectName(u"ComputerChooser"_s);
     setWindowTitle(title);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     cmdOk_ = buttons->button(QDialogButtonBox::Ok);
-    cmdOk_->setObjectName(QStringLiteral("cmdOk"));
+    cmdOk_->setObjectName(u"cmdOk"_s);
     cmdOk_->setEnabled(false);
     // Without a computer, Enter does nothing.
     buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
@@ -67,13 +68,13 @@ std::optional<QString> ComputerChooser::Choose(NetworkEnumeration& network, cons
 }
 
 void ComputerChooser::Arrange(QDialogButtonBox& buttons) {
-    tvwComputers_->setObjectName(QStringLiteral("tvwComputers"));
+    tvwComputers_->setObjectName(u"tvwComputers"_s);
     tvwComputers_->setAccessibleName(tr("Computers of the network"));
     tvwComputers_->setHeaderHidden(true);
     const QFontMetrics metrics = tvwComputers_->fontMetrics();
     tvwComputers_->setMinimumSize(metrics.averageCharWidth() * TreeCharacters,
                                   metrics.lineSpacing() * TreeLines);
-    lblState_->setObjectName(QStringLiteral("lblState"));
+    lblState_->setObjectName(u"lblState"_s);
     lblState_->setTextFormat(Qt::PlainText);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tvwComputers_, 1);

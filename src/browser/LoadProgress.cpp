@@ -1,6 +1,7 @@
 #include "browser/LoadProgress.h"
 
 #include "browser/BrowserControls.h"
+#include "runtime/SourceText.h"
 
 #include <cmath>
 
@@ -10,14 +11,14 @@ namespace {
 constexpr int BarLength = 35; // characters
 
 QString Bar(int length) {
-    return QString(length, QLatin1Char('|'));
+    return QString(length, u'|');
 }
 
 } // namespace
 
 void LoadProgress::Reset(BrowserControls& controls) {
     controls.lblProg->clear();
-    controls.lblProcPerc->setText(QStringLiteral("0%"));
+    controls.lblProcPerc->setText(u"0%"_s);
 }
 
 QString LoadProgress::FullBar() {

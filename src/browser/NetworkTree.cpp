@@ -1,25 +1,26 @@
 #include "browser/NetworkTree.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Yield.h"
 
 namespace netrove {
 namespace {
 
 QString KeyOf(const QString& remoteName) {
-    return QLatin1String("??") + remoteName;
+    return "??"_L1 + remoteName;
 }
 
 QString RemoteNameOf(const QString& key) {
-    return key.startsWith(QLatin1String("??")) ? key.mid(2) : key;
+    return key.startsWith("??"_L1) ? key.mid(2) : key;
 }
 
 QString RootKey() {
-    return QStringLiteral("??_ROOT");
+    return u"??_ROOT"_s;
 }
 
 QString FakeKeyOf(const QString& parentKey) {
-    return parentKey + QLatin1String("_FAKE");
+    return parentKey + "_FAKE"_L1;
 }
 
 /// Does a child's steps; where one of them fails, the rest of them is left out.
@@ -35,11 +36,10 @@ void SkipFailures(Steps steps) {
 
 bool NetworkTree::LoadFirstLevel() {
     RootResource = std::make_shared<NetResource>(services_.network);
-    services_.log.PrintNode(QStringLiteral("LOAD - ROOT"), *RootResource);
+    services_.log.PrintNode(u"LOAD - ROOT"_s, *RootResource);
     Yield();
-    tree_.Add({}, RootKey(), QStringLiteral("Entire Network"), QStringLiteral("root"),
-              QStringLiteral("root"));
-    tree_.SetTag(RootKey(), QStringLiteral("Y"));
+    tree_.Add({}, RootKey(), u"Entire Network"_s, u"root"_s, u"root"_s);
+    tree_.SetTag(RootKey(), u"Y"_s);
     const std::shared_ptr<NetResources> children = RootResource->Children();
     LoadProgress progress(controls_, children->Count());
     controls_.lblWait->hide();
@@ -57,15 +57,15 @@ bool NetworkTree::LoadFirstLevel() {
 
 void NetworkTree::AddFirstLevelNode(const NetResource& child) {
     Yield();
-    services_.log.PrintNode(QStringLiteral("LOAD - CHILDREN"), child);
+    services_.log.PrintNode(u"LOAD - CHILDREN"_s, child);
     const QString key = KeyOf(child.RemoteName());
     const QString image = child.ResourceTypeName().toLower();
     tree_.Add(RootKey(), key, child.RemoteName(), image, image);
     exclusion_.MarkExcludedNode(key);
     Yield();
-    tree_.SetTag(key, QStringLiteral("N"));
+    tree_.SetTag(key, u"N"_s);
     AddFakeChild(key);
-    controls_.lblAddNode->setText(QLatin1String("Adding ") + child.RemoteName());
+    controls_.lblAddNode->setText("Adding "_L1 + child.RemoteName());
     controls_.lblAddNode->repaint();
     tree_.EnsureVisible(key);
     Yield();
@@ -96,27 +96,26 @@ void NetworkTree::LoadChildren(const QString& key) {
     controls_.lblWait->hide();
     controls_.picProg->hide();
     tree_.Refresh();
-    tree_.SetTag(key, QStringLiteral("Y"));
+    tree_.SetTag(key, u"Y"_s);
 }
 
 void NetworkTree::AddDeeperNode(const QString& parentKey, const NetResource& child) {
-    services_.log.PrintNode(QStringLiteral("NODECLICK"), child);
+    services_.log.PrintNode(u"NODECLICK"_s, child);
     const QString key = KeyOf(child.RemoteName());
     const QString image = child.ResourceTypeName().toLower();
     tree_.Add(parentKey, key, child.ShortName(), image, image);
     exclusion_.MarkExcludedNode(key);
-    tree_.SetTag(key, QStringLiteral("N"));
+    tree_.SetTag(key, u"N"_s);
     if (child.ResourceType() != ResourceType::Printer)
         AddFakeChild(key);
 }
 
 bool NetworkTree::IsLoaded(const QString& key) const {
-    return tree_.Tag(key) != QLatin1String("N");
+    return tree_.Tag(key) != "N"_L1;
 }
 
 void NetworkTree::AddFakeChild(const QString& key) {
-    tree_.Add(key, FakeKeyOf(key), QStringLiteral("FAKE"), QStringLiteral("server"),
-              QStringLiteral("server"));
+    tree_.Add(key, FakeKeyOf(key), u"FAKE"_s, u"server"_s, u"server"_s);
 }
 
 std::shared_ptr<NetResource> NetworkTree::SelectedResource() const {

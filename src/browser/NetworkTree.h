@@ -5,6 +5,7 @@
 #include "browser/LoadProgress.h"
 #include "browser/NodeExclusion.h"
 #include "network/NetResource.h"
+#include "runtime/SourceText.h"
 
 #include <QString>
 #include <QStringList>
@@ -67,7 +68,7 @@ private:
 
     std::shared_ptr<NetResource> RootResource;
     bool AbortLoad = false;
-    QString childInWork_ = QStringLiteral("NONODE");
+    QString childInWork_ = u"NONODE"_s;
 };
 
 } // namespace netrove

@@ -2,6 +2,7 @@
 
 #include "controls/Color.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
 namespace netrove {
@@ -26,16 +27,16 @@ void NodeExclusion::mnuExcNode_Click() {
         return;
     if (const auto failure = FailureOf([&] { ExcludeNode(key); })) {
         const QString text = tree_.Contains(key) ? tree_.Text(key) : QString();
-        dialogs_.Failure(failure, QStringLiteral("Error in excluding node ") + text);
+        dialogs_.Failure(failure, u"Error in excluding node "_s + text);
     }
 }
 
 void NodeExclusion::ExcludeNode(const QString& key) {
     if (!settings_.ExcludeNetNodes) {
         dialogs_.Message(MessageIcon::Exclamation,
-                         QStringLiteral("The node exclusion option is currently off.\r\n"
-                                        "To activate it go to Tools>Options>Search"),
-                         QStringLiteral("Exclude Network Node"));
+                         u"The node exclusion option is currently off.\r\n"
+                         "To activate it go to Tools>Options>Search"_s,
+                         u"Exclude Network Node"_s);
         return;
     }
     if (key.isEmpty())
@@ -43,22 +44,21 @@ void NodeExclusion::ExcludeNode(const QString& key) {
     const NodeClass nodeClass = ClassOf(key);
     if (!MayExclude(key, nodeClass))
         return;
-    settings_.ExcNetNodes.append(tree_.Text(key) + QLatin1String("|True|") + TypeWord(nodeClass));
+    settings_.ExcNetNodes.append(tree_.Text(key) + "|True|"_L1 + TypeWord(nodeClass));
     Mark(key);
 }
 
 bool NodeExclusion::MayExclude(const QString& key, NodeClass nodeClass) {
-    const QString title = QStringLiteral("Exclude Network Node <") + tree_.Image(key) + u'>';
+    const QString title = u"Exclude Network Node <"_s + tree_.Image(key) + u'>';
     if (nodeClass == NodeClass::Root) {
-        dialogs_.Message(MessageIcon::Critical, QStringLiteral("Can not exclude the root node."),
-                         title);
+        dialogs_.Message(MessageIcon::Critical, u"Can not exclude the root node."_s, title);
         return false;
     }
     if (nodeClass == NodeClass::Other) {
         dialogs_.Message(MessageIcon::Exclamation,
-                         QStringLiteral("Can not exclude this network node. This probably\r\n"
-                                        "means that the network node type is already excluded\r\n"
-                                        "from the search."),
+                         u"Can not exclude this network node. This probably\r\n"
+                         "means that the network node type is already excluded\r\n"
+                         "from the search."_s,
                          title);
         return false;
     }
@@ -91,7 +91,7 @@ bool NodeExclusion::IsListed(NodeClass nodeClass, const QString& text) const {
     switch (nodeClass) {
     case NodeClass::Workstation:
         return exclusions_.UseExcWorkstations &&
-               exclusions_.ExcWorkstations.contains(QLatin1String("\\\\") + name);
+               exclusions_.ExcWorkstations.contains("\\\\"_L1 + name);
     case NodeClass::Workgroup:
         return exclusions_.UseExcWorkgroups && exclusions_.ExcWorkgroups.contains(name);
     case NodeClass::Network:
@@ -108,13 +108,13 @@ bool NodeExclusion::IsListed(NodeClass nodeClass, const QString& text) const {
 QString NodeExclusion::TypeWord(NodeClass nodeClass) {
     switch (nodeClass) {
     case NodeClass::Workstation:
-        return QStringLiteral("Workstation");
+        return u"Workstation"_s;
     case NodeClass::Workgroup:
-        return QStringLiteral("Workgroup");
+        return u"Workgroup"_s;
     case NodeClass::Network:
-        return QStringLiteral("Network");
+        return u"Network"_s;
     case NodeClass::Folder:
-        return QStringLiteral("Folder");
+        return u"Folder"_s;
     case NodeClass::Root:
     case NodeClass::Other:
         break;

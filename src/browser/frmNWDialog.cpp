@@ -2,6 +2,7 @@
 
 #include "controls/Twips.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Yield.h"
 #include "windowservices/WindowGeometry.h"
 
@@ -17,21 +18,21 @@ constexpr int DesignHeight = 6900;
 constexpr int LoadDelay = 1000;
 
 QString NumberAndDescription(const RunTimeError& failure) {
-    return QString::number(failure.Number()) + QLatin1String("\r\n") + failure.Description();
+    return QString::number(failure.Number()) + "\r\n"_L1 + failure.Description();
 }
 
 } // namespace
 
 frmNWDialog::frmNWDialog(const BrowserServices& services, QWidget* owner)
-    : ProgramDialog(QStringLiteral("frmNWDialog"), services.look, owner)
+    : ProgramDialog(u"frmNWDialog"_s, services.look, owner)
     , services_(services)
     , controls_(*this)
     , layout_(*this, controls_)
     , exclusion_(*controls_.tvwNetwork, services.settings, services.exclusions, services.dialogs)
     , tree_(controls_, services_, exclusion_) {
-    setWindowTitle(QStringLiteral("Select Network Node"));
+    setWindowTitle(u"Select Network Node"_s);
     resize(ToPixels(DesignWidth), ToPixels(DesignHeight));
-    tmrNodes_.setObjectName(QStringLiteral("tmrNodes"));
+    tmrNodes_.setObjectName(u"tmrNodes"_s);
     tmrNodes_.setParent(this);
     tmrNodes_.setSingleShot(true);
     tmrNodes_.setInterval(LoadDelay);
@@ -73,7 +74,7 @@ void frmNWDialog::tmrNodes_Timer() {
     if (failure) {
         ShowLoadFailure(*failure);
     } else {
-        controls_.lblAddNode->setText(QStringLiteral("Done"));
+        controls_.lblAddNode->setText(u"Done"_s);
         controls_.lblAddNode->repaint();
     }
     EndFirstLoad();
@@ -94,11 +95,10 @@ void frmNWDialog::BeginFirstLoad() {
 void frmNWDialog::ShowLoadFailure(const RunTimeError& failure) {
     if (tree_.Aborted()) // a dialog that has gone says nothing
         return;
-    services_.dialogs.Message(
-        MessageIcon::Critical,
-        QLatin1String("An error was encountered when searching the network.\r\n") +
-            NumberAndDescription(failure),
-        QLatin1String("Error while adding ") + tree_.ChildInWork());
+    services_.dialogs.Message(MessageIcon::Critical,
+                              "An error was encountered when searching the network.\r\n"_L1 +
+                                  NumberAndDescription(failure),
+                              "Error while adding "_L1 + tree_.ChildInWork());
 }
 
 void frmNWDialog::EndFirstLoad() {
@@ -134,9 +134,9 @@ void frmNWDialog::tvwNetwork_Expand(const QString& key) {
     if (failure && failure->Number() >= 1)
         services_.dialogs.Message(
             MessageIcon::Critical,
-            QLatin1String("An error was encountered when expanding the node.\r\nNode = '") + text +
-                QLatin1String("'\r\n \r\n") + NumberAndDescription(*failure),
-            QLatin1String("Error While Expanding ") + text);
+            "An error was encountered when expanding the node.\r\nNode = '"_L1 + text +
+                "'\r\n \r\n"_L1 + NumberAndDescription(*failure),
+            "Error While Expanding "_L1 + text);
 }
 
 void frmNWDialog::tvwNetwork_MouseDown(Qt::MouseButton button, const QPoint& position) {

@@ -2,6 +2,7 @@
 
 #include "controls/Twips.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -48,7 +49,7 @@ public:
             if (bar_->IsClickable(panel))
                 texts.append(bar_->ToolTipText(panel));
         }
-        return texts.join(QLatin1String("; "));
+        return texts.join("; "_L1);
     }
 
 private:

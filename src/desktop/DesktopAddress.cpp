@@ -1,6 +1,7 @@
 #include "desktop/DesktopAddress.h"
 
 #include "runtime/Names.h"
+#include "runtime/SourceText.h"
 
 #include <QStringList>
 
@@ -15,9 +16,9 @@ constexpr quint16 UsualPort = 445;
 
 std::optional<QUrl> SmbAddress(const QString& networkPath,
                                const std::optional<ServerAddress>& server) {
-    if (!networkPath.startsWith(QLatin1String("\\\\")))
+    if (!networkPath.startsWith("\\\\"_L1))
         return std::nullopt;
-    QStringList names = networkPath.mid(2).split(QLatin1Char('\\'));
+    QStringList names = networkPath.mid(2).split(u'\\');
     if (names.size() > 1 && names.last().isEmpty())
         names.removeLast();
     for (const QString& name : std::as_const(names)) {
@@ -27,7 +28,7 @@ std::optional<QUrl> SmbAddress(const QString& networkPath,
 
     const QString name = names.takeFirst();
     QUrl computer;
-    computer.setScheme(QStringLiteral("smb"));
+    computer.setScheme(u"smb"_s);
     computer.setHost(server ? server->host : name, QUrl::DecodedMode);
     if (!computer.isValid() || computer.host().isEmpty())
         return std::nullopt;
@@ -48,8 +49,8 @@ std::optional<QUrl> WebAddress(const QString& text) {
     if (!address.isValid())
         return std::nullopt;
     const QString scheme = address.scheme();
-    const bool web = scheme == QLatin1String("http") || scheme == QLatin1String("https");
-    if (web ? address.host().isEmpty() : scheme != QLatin1String("mailto"))
+    const bool web = scheme == "http"_L1 || scheme == "https"_L1;
+    if (web ? address.host().isEmpty() : scheme != "mailto"_L1)
         return std::nullopt;
     return address;
 }

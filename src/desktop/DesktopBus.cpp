@@ -1,5 +1,7 @@
 #include "desktop/DesktopBus.h"
 
+#include "runtime/SourceText.h"
+
 #include <QDBusPendingCallWatcher>
 #include <QDBusUnixFileDescriptor>
 #include <QDeadlineTimer>
@@ -17,9 +19,9 @@ constexpr std::chrono::milliseconds Step{1};
 constexpr std::chrono::milliseconds AtOnce{1};
 
 QDBusMessage PortalCall(const QString& method) {
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
-                                          QStringLiteral("/org/freedesktop/portal/desktop"),
-                                          QStringLiteral("org.freedesktop.portal.OpenURI"), method);
+    return QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s,
+                                          u"/org/freedesktop/portal/desktop"_s,
+                                          u"org.freedesktop.portal.OpenURI"_s, method);
 }
 
 } // namespace
@@ -48,18 +50,17 @@ bool DesktopBus::Call(QDBusMessage message, const QVariantList& arguments,
 
 bool DesktopBus::ShowInFolder(const QUrl& address, const Shell::Failed& failed) {
     const QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.FileManager1"),
-        QStringLiteral("/org/freedesktop/FileManager1"),
-        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+        u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
+        u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
     const QStringList items(QString::fromLatin1(address.toEncoded()));
     return Call(message, {items, QString()}, failed);
 }
 
 bool DesktopBus::AskWhichProgram(const QUrl& address, const Shell::Failed& failed) {
-    const QVariantMap options{{QStringLiteral("ask"), true}};
+    const QVariantMap options{{u"ask"_s, true}};
     if (!address.isLocalFile()) {
         const QString text = QString::fromLatin1(address.toEncoded());
-        return Call(PortalCall(QStringLiteral("OpenURI")), {QString(), text, options}, failed);
+        return Call(PortalCall(u"OpenURI"_s), {QString(), text, options}, failed);
     }
     // The portal takes local files as open descriptors only. Opening a pipe would
     // wait for its other end.
@@ -67,7 +68,7 @@ bool DesktopBus::AskWhichProgram(const QUrl& address, const Shell::Failed& faile
     if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
         return false;
     const QVariant descriptor = QVariant::fromValue(QDBusUnixFileDescriptor(file.handle()));
-    return Call(PortalCall(QStringLiteral("OpenFile")), {QString(), descriptor, options}, failed);
+    return Call(PortalCall(u"OpenFile"_s), {QString(), descriptor, options}, failed);
 }
 
 } // namespace netrove

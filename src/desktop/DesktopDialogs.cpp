@@ -1,5 +1,7 @@
 #include "desktop/DesktopDialogs.h"
 
+#include "runtime/SourceText.h"
+
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -64,7 +66,7 @@ int TitleWidth(const QString& title) {
 /// Makes a box as wide as its title and its longest line, as far as the screen allows. By itself it
 /// breaks lines that are wider than 500 pixels.
 void Widen(QMessageBox& box) {
-    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
     if (!label)
         return;
     // What a box can have at most, less its icon and margins.
@@ -89,7 +91,7 @@ QStringList NameFilters(const QString& filter) {
     const QStringList parts = filter.split(u'|');
     QStringList filters;
     for (qsizetype at = 0; at + 1 < parts.size(); at += 2) {
-        const QString pattern = parts[at + 1] == u"*.*" ? QStringLiteral("*") : parts[at + 1];
+        const QString pattern = parts[at + 1] == u"*.*" ? u"*"_s : parts[at + 1];
         filters.append(parts[at] + u" (" + pattern + u')');
     }
     return filters;
@@ -97,7 +99,7 @@ QStringList NameFilters(const QString& filter) {
 
 /// The ending that the first pattern of a filter asks for: a name typed without one gets it.
 QString FirstSuffix(const QString& filter) {
-    return filter.section(u'|', 1, 1).section(QLatin1String("*."), 1, 1);
+    return filter.section(u'|', 1, 1).section("*."_L1, 1, 1);
 }
 
 std::optional<QString> ChooseFile(QFileDialog& chooser, const FileDialogSetup& setup) {
@@ -123,7 +125,7 @@ MessageAnswer DesktopDialogs::Message(MessageIcon icon, const QString& text, con
     QMessageBox box(Parent());
     box.setIcon(BoxIcon(icon));
     box.setTextFormat(Qt::PlainText);
-    box.setText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    box.setText(QString(text).replace("\r\n"_L1, "\n"_L1));
     box.setWindowTitle(title);
     box.setWindowModality(Qt::ApplicationModal);
 
@@ -166,9 +168,9 @@ std::optional<QString> DesktopDialogs::ChooseFolder(const QString& title, bool n
     chooser.setWindowModality(Qt::ApplicationModal);
     chooser.setFileMode(QFileDialog::Directory);
     chooser.setOption(QFileDialog::ShowDirsOnly);
-    QStringList schemes{QStringLiteral("file")};
+    QStringList schemes{u"file"_s};
     if (network)
-        schemes.append(QStringLiteral("smb"));
+        schemes.append(u"smb"_s);
     chooser.setSupportedSchemes(schemes);
     if (chooser.exec() != QDialog::Accepted || chooser.selectedUrls().isEmpty())
         return std::nullopt;

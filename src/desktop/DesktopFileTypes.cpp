@@ -1,5 +1,7 @@
 #include "desktop/DesktopFileTypes.h"
 
+#include "runtime/SourceText.h"
+
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
@@ -14,31 +16,30 @@ namespace {
 constexpr qsizetype MaxEndings = 4096;
 
 QString FileName(const QString& path) {
-    return path.mid(std::max(path.lastIndexOf(QLatin1Char('\\')), path.lastIndexOf(u'/')) + 1);
+    return path.mid(std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/')) + 1);
 }
 
 /// What the kind depends on: the last two endings ("tar.gz", "txt"), or the name of a file
 /// without one ("Makefile").
 QString Ending(const QString& fileName) {
-    const qsizetype last = fileName.lastIndexOf(QLatin1Char('.'));
+    const qsizetype last = fileName.lastIndexOf(u'.');
     if (last < 0)
         return fileName;
-    const qsizetype before = last > 0 ? fileName.lastIndexOf(QLatin1Char('.'), last - 1) : -1;
+    const qsizetype before = last > 0 ? fileName.lastIndexOf(u'.', last - 1) : -1;
     return fileName.mid(before >= 0 ? before : last);
 }
 
 /// Whether the theme has pictures of the commonest kinds.
 bool HasPicturesOfFiles() {
-    return QIcon::hasThemeIcon(QStringLiteral("text-x-generic")) &&
-           QIcon::hasThemeIcon(QStringLiteral("audio-x-generic"));
+    return QIcon::hasThemeIcon(u"text-x-generic"_s) && QIcon::hasThemeIcon(u"audio-x-generic"_s);
 }
 
 /// The themes that are installed, those that are likely to be complete first.
 QStringList InstalledThemes() {
-    QStringList themes{QStringLiteral("Adwaita"), QStringLiteral("breeze")};
+    QStringList themes{u"Adwaita"_s, u"breeze"_s};
     for (const QString& place : QIcon::themeSearchPaths()) {
         for (const QString& name : QDir(place).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            if (QFile::exists(place + u'/' + name + QStringLiteral("/index.theme")))
+            if (QFile::exists(place + u'/' + name + u"/index.theme"_s))
                 themes.append(name);
         }
     }
@@ -47,9 +48,8 @@ QStringList InstalledThemes() {
 
 void AddInstalledPlaces() {
     QStringList places = QIcon::themeSearchPaths();
-    for (const QString& place :
-         QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, QStringLiteral("icons"),
-                                   QStandardPaths::LocateDirectory)) {
+    for (const QString& place : QStandardPaths::locateAll(
+             QStandardPaths::GenericDataLocation, u"icons"_s, QStandardPaths::LocateDirectory)) {
         if (!places.contains(place))
             places.append(place);
     }
@@ -111,8 +111,8 @@ ShellFileInfo DesktopFileTypes::Info(const QString& path) {
     if (byEnding_.size() >= MaxEndings)
         byEnding_.clear();
     // A neutral first part, so that the kind doesn't depend on who asks first.
-    const bool hasDot = ending.startsWith(QLatin1Char('.'));
-    return *byEnding_.insert(ending, LookUp(hasDot ? QLatin1Char('x') + ending : ending));
+    const bool hasDot = ending.startsWith(u'.');
+    return *byEnding_.insert(ending, LookUp(hasDot ? u'x' + ending : ending));
 }
 
 QIcon DesktopFileTypes::Icon(int iconIndex) const {

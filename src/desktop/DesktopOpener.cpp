@@ -1,5 +1,7 @@
 #include "desktop/DesktopOpener.h"
 
+#include "runtime/SourceText.h"
+
 #include <QDeadlineTimer>
 #include <QDesktopServices>
 #include <QProcess>
@@ -24,7 +26,7 @@ DesktopOpener::~DesktopOpener() {
 }
 
 bool DesktopOpener::Open(const QUrl& address, const Shell::Failed& failed) {
-    if (QStandardPaths::findExecutable(QStringLiteral("xdg-open")).isEmpty())
+    if (QStandardPaths::findExecutable(u"xdg-open"_s).isEmpty())
         return QDesktopServices::openUrl(address);
     auto* process = new QProcess(this);
     process->setProcessChannelMode(QProcess::ForwardedChannels);
@@ -35,8 +37,7 @@ bool DesktopOpener::Open(const QUrl& address, const Shell::Failed& failed) {
         if (code != 0 && failed && !watched.hasExpired())
             QTimer::singleShot(AtOnce, this, failed);
     });
-    process->start(QStringLiteral("/bin/sh"),
-                   {QStringLiteral("-c"), Script, QString::fromLatin1(address.toEncoded())});
+    process->start(u"/bin/sh"_s, {u"-c"_s, Script, QString::fromLatin1(address.toEncoded())});
     return true;
 }
 

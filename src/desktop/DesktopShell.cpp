@@ -2,6 +2,7 @@
 
 #include "desktop/DesktopAddress.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <QDeadlineTimer>
 #include <QFileInfo>
@@ -17,10 +18,10 @@ namespace netrove {
 namespace {
 
 bool IsNetworkPath(const QString& file) {
-    return file.startsWith(QLatin1String("\\\\"));
+    return file.startsWith("\\\\"_L1);
 }
 bool IsLocalPath(const QString& file) {
-    return file.startsWith(QLatin1Char('/'));
+    return file.startsWith(u'/');
 }
 
 /// The file's kind and more general ones: a source file opens in a text editor.
@@ -31,7 +32,7 @@ QStringList TypesOf(const QUrl& address) {
             ? database.mimeTypeForFile(address.toLocalFile())
             : database.mimeTypeForFile(address.path(), QMimeDatabase::MatchExtension);
     QStringList types = type.allAncestors();
-    types.removeAll(QStringLiteral("application/octet-stream"));
+    types.removeAll(u"application/octet-stream"_s);
     types.prepend(type.name());
     return types;
 }
@@ -42,8 +43,7 @@ bool HasProgram(const QStringList& types, std::chrono::milliseconds questionLimi
     std::vector<std::unique_ptr<QProcess>> queries;
     for (const QString& type : types) {
         queries.push_back(std::make_unique<QProcess>());
-        queries.back()->start(QStringLiteral("xdg-mime"),
-                              {QStringLiteral("query"), QStringLiteral("default"), type});
+        queries.back()->start(u"xdg-mime"_s, {u"query"_s, u"default"_s, type});
     }
     const QDeadlineTimer limit(questionLimit);
     bool mayBeThere = false;
@@ -113,7 +113,7 @@ DesktopShell::Found DesktopShell::Find(const QString& path) {
     const QFileInfo info(local);
     if (info.exists())
         return Target{FileAddress(local), info.isDir()};
-    const bool folderWanted = local.endsWith(QLatin1Char('/'));
+    const bool folderWanted = local.endsWith(u'/');
     return folderWanted || !QFileInfo(info.path()).isDir() ? PathNotFound : FileNotFound;
 }
 
@@ -139,8 +139,8 @@ int DesktopShell::OpenAddress(const QString& text, const Failed& failed) {
     const std::optional<QUrl> address = WebAddress(text);
     if (!address)
         return BadFormat;
-    if (address->scheme() == QLatin1String("mailto") &&
-        !HasProgram({QStringLiteral("x-scheme-handler/mailto")}, questionLimit_))
+    if (address->scheme() == "mailto"_L1 &&
+        !HasProgram({u"x-scheme-handler/mailto"_s}, questionLimit_))
         return NoAssociation;
     return Open(*address, failed);
 }

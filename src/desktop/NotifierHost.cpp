@@ -1,5 +1,7 @@
 #include "desktop/NotifierHost.h"
 
+#include "runtime/SourceText.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingReply>
@@ -11,11 +13,11 @@ namespace netrove {
 namespace {
 
 QString Service() {
-    return QStringLiteral("org.kde.StatusNotifierWatcher");
+    return u"org.kde.StatusNotifierWatcher"_s;
 }
 
 QString Path() {
-    return QStringLiteral("/StatusNotifierWatcher");
+    return u"/StatusNotifierWatcher"_s;
 }
 
 } // namespace
@@ -28,8 +30,8 @@ NotifierHost::NotifierHost() {
     watcher_.addWatchedService(Service());
     connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &NotifierHost::Ask);
     connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] { Set(false); });
-    for (const auto& signal : {QStringLiteral("StatusNotifierHostRegistered"),
-                               QStringLiteral("StatusNotifierHostUnregistered")})
+    for (const auto& signal :
+         {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s})
         bus.connect(Service(), Path(), Service(), signal, this, SLOT(Ask()));
     Ask();
 }
@@ -37,9 +39,8 @@ NotifierHost::NotifierHost() {
 /// A watcher without a host takes icons that nobody sees.
 void NotifierHost::Ask() {
     QDBusMessage message = QDBusMessage::createMethodCall(
-        Service(), Path(), QStringLiteral("org.freedesktop.DBus.Properties"),
-        QStringLiteral("Get"));
-    message.setArguments({Service(), QStringLiteral("IsStatusNotifierHostRegistered")});
+        Service(), Path(), u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    message.setArguments({Service(), u"IsStatusNotifierHostRegistered"_s});
     message.setAutoStartService(false);
     const auto* answer =
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);

@@ -21,7 +21,7 @@ bool LooksLikeHost(const QString& text) {
 QString ComputerName(const QString& service, const QString& host) {
     if (LooksLikeHost(service))
         return service;
-    const QString label = host.section(QLatin1Char('.'), 0, 0);
+    const QString label = host.section(u'.', 0, 0);
     if (LooksLikeHost(label))
         return label;
     return IsComputerName(service) ? service : QString();

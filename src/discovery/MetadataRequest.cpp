@@ -14,7 +14,7 @@ bool MustWait() {
 
 /// The host as it stands in a request: IPv6 in brackets, without the interface.
 QByteArray HostField(const SocketAddress& address) {
-    const QByteArray host = address.Host().section(QLatin1Char('%'), 0, 0).toLatin1();
+    const QByteArray host = address.Host().section(u'%', 0, 0).toLatin1();
     return (address.IsIPv4() ? host : '[' + host + ']') + ':' + QByteArray::number(address.Port());
 }
 

@@ -1,6 +1,7 @@
 #include "discovery/OwnAddress.h"
 
 #include "discovery/SocketAddress.h"
+#include "runtime/SourceText.h"
 
 #include <memory>
 
@@ -16,16 +17,16 @@ bool IsSameHost(const SocketAddress& left, const SocketAddress& right) {
 
 bool IsLoopback(const SocketAddress& address) {
     constexpr int networkBits = 8; // RFC 1122, 3.2.1.3
-    const auto first = SocketAddress::Parse(QStringLiteral("127.0.0.1"), 0);
+    const auto first = SocketAddress::Parse(u"127.0.0.1"_s, 0);
     return first && address.SharesPrefix(*first, networkBits);
 }
 
 } // namespace
 
 bool IsOwnAddress(const QString& address) {
-    if (address.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0)
+    if (address.compare("localhost"_L1, Qt::CaseInsensitive) == 0)
         return true;
-    const auto asked = SocketAddress::Parse(address.section(QLatin1Char('%'), 0, 0), 0);
+    const auto asked = SocketAddress::Parse(address.section(u'%', 0, 0), 0);
     if (!asked)
         return false;
     if (IsLoopback(*asked))

@@ -61,8 +61,7 @@ QString SocketAddress::Host() const {
     std::array<char, IF_NAMESIZE> interface = {};
     if (!IsLinkLocal() || if_indextoname(scope_, interface.data()) == nullptr)
         return QString::fromLatin1(text.data());
-    return QString::fromLatin1(text.data()) + QLatin1Char('%') +
-           QString::fromUtf8(interface.data());
+    return QString::fromLatin1(text.data()) + u'%' + QString::fromUtf8(interface.data());
 }
 
 bool SocketAddress::Bit(int index) const {

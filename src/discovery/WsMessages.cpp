@@ -2,6 +2,7 @@
 
 #include "discovery/ComputerName.h"
 #include "discovery/SocketAddress.h"
+#include "runtime/SourceText.h"
 
 #include <QUrl>
 #include <QUuid>
@@ -42,7 +43,7 @@ QByteArray Text(const QString& to, const QString& action, const QString& message
 }
 
 QByteArray ToAll(const char* action, const QString& messageId, const QString& body) {
-    return Text(QStringLiteral("urn:schemas-xmlsoap-org:ws:2005:04:discovery"),
+    return Text(u"urn:schemas-xmlsoap-org:ws:2005:04:discovery"_s,
                 Discovery + QLatin1String(action), messageId, QString(), body);
 }
 
@@ -87,7 +88,7 @@ private:
             LeaveHeader(text);
         else if (IsBelow(u"ProbeMatch") || IsBelow(u"ResolveMatch"))
             LeaveMatch(text);
-        else if (IsBelow(u"EndpointReference") && path_.contains(QLatin1String("Body")))
+        else if (IsBelow(u"EndpointReference") && path_.contains("Body"_L1))
             LeaveEndpoint(text);
         else if (IsBelow(u"Host"))
             LeaveHost(text);
@@ -108,7 +109,7 @@ private:
         if (Is(Discovery, u"Types"))
             device.types = LocalNames(text);
         else if (Is(Discovery, u"XAddrs"))
-            device.addresses = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+            device.addresses = text.simplified().split(u' ', Qt::SkipEmptyParts);
     }
 
     void LeaveEndpoint(const QString& text) {
@@ -118,7 +119,7 @@ private:
 
     void LeaveHost(const QString& text) {
         if (Is(Profile, u"Types"))
-            hostIsComputer_ = LocalNames(text).contains(QLatin1String("Computer"));
+            hostIsComputer_ = LocalNames(text).contains("Computer"_L1);
         else if (Is(Publication, u"Computer") && hostIsComputer_ && !message_.computer)
             message_.computer = ParseComputer(text);
     }
@@ -131,9 +132,9 @@ private:
     }
 
     static QStringList LocalNames(const QString& text) {
-        QStringList names = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        QStringList names = text.simplified().split(u' ', Qt::SkipEmptyParts);
         for (QString& name : names)
-            name = name.section(QLatin1Char(':'), -1);
+            name = name.section(u':', -1);
         return names;
     }
 
@@ -147,33 +148,31 @@ private:
 } // namespace
 
 QString NewId() {
-    return QLatin1String("urn:uuid:") + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    return "urn:uuid:"_L1 + QUuid::createUuid().toString(QUuid::WithoutBraces);
 }
 
 QByteArray Probe(const QString& messageId) {
     return ToAll("/Probe", messageId,
-                 QStringLiteral("<wsd:Probe><wsd:Types>wsdp:Device</wsd:Types></wsd:Probe>"));
+                 u"<wsd:Probe><wsd:Types>wsdp:Device</wsd:Types></wsd:Probe>"_s);
 }
 
 QByteArray Resolve(const QString& messageId, const QString& endpoint) {
     return ToAll("/Resolve", messageId,
-                 QLatin1String("<wsd:Resolve><wsa:EndpointReference><wsa:Address>") +
-                     endpoint.toHtmlEscaped() +
-                     QLatin1String("</wsa:Address></wsa:EndpointReference></wsd:Resolve>"));
+                 "<wsd:Resolve><wsa:EndpointReference><wsa:Address>"_L1 + endpoint.toHtmlEscaped() +
+                     "</wsa:Address></wsa:EndpointReference></wsd:Resolve>"_L1);
 }
 
 QByteArray Get(const QString& messageId, const QString& endpoint) {
-    return Text(endpoint, QStringLiteral("http://schemas.xmlsoap.org/ws/2004/09/transfer/Get"),
-                messageId,
-                QLatin1String("<wsa:ReplyTo><wsa:Address>") + Addressing +
-                    QLatin1String("/role/anonymous</wsa:Address></wsa:ReplyTo><wsa:From>"
-                                  "<wsa:Address>") +
-                    NewId() + QLatin1String("</wsa:Address></wsa:From>"),
+    return Text(endpoint, u"http://schemas.xmlsoap.org/ws/2004/09/transfer/Get"_s, messageId,
+                "<wsa:ReplyTo><wsa:Address>"_L1 + Addressing +
+                    "/role/anonymous</wsa:Address></wsa:ReplyTo><wsa:From>"
+                    "<wsa:Address>"_L1 +
+                    NewId() + "</wsa:Address></wsa:From>"_L1,
                 QString());
 }
 
 bool Device::MayBeComputer() const {
-    return !endpoint.isEmpty() && (types.isEmpty() || types.contains(QLatin1String("Computer")));
+    return !endpoint.isEmpty() && (types.isEmpty() || types.contains("Computer"_L1));
 }
 
 std::optional<Message> Parse(QByteArrayView bytes) {
@@ -192,12 +191,12 @@ std::optional<Computer> ParseComputer(const QString& text) {
     if (separator == text.end() || !IsComputerName(computer.name))
         return std::nullopt;
     const QString rest = text.sliced(length + 1);
-    const QString group = rest.section(QLatin1Char(':'), 1);
-    const QString kind = rest.section(QLatin1Char(':'), 0, 0);
+    const QString group = rest.section(u':', 1);
+    const QString kind = rest.section(u':', 0, 0);
     const auto is = [&kind](QLatin1String word) {
         return kind.compare(word, Qt::CaseInsensitive) == 0;
     };
-    if ((is(QLatin1String("Workgroup")) || is(QLatin1String("Domain"))) && IsComputerName(group))
+    if ((is("Workgroup"_L1) || is("Domain"_L1)) && IsComputerName(group))
         computer.workgroup = group;
     return computer;
 }
@@ -206,18 +205,18 @@ std::optional<Target> ChooseTarget(const QStringList& addresses, const QString& 
     constexpr qsizetype maxPath = 512;
     constexpr int httpPort = 80;
     std::optional<Target> first;
-    const auto sender = SocketAddress::Parse(answeredFrom.section(QLatin1Char('%'), 0, 0), 0)
-                            .value_or(SocketAddress());
+    const auto sender =
+        SocketAddress::Parse(answeredFrom.section(u'%', 0, 0), 0).value_or(SocketAddress());
     for (const QString& address : addresses) {
         const QUrl url(address, QUrl::StrictMode);
         const QByteArray path = url.path(QUrl::FullyEncoded).toLatin1();
         // Without a host, what looks like one is a path, and no path of a request.
-        if (!url.isValid() || url.scheme() != QLatin1String("http") || url.host().isEmpty() ||
+        if (!url.isValid() || url.scheme() != "http"_L1 || url.host().isEmpty() ||
             path.size() > maxPath)
             continue;
         const Target target = {.port = static_cast<quint16>(url.port(httpPort)),
                                .path = path.isEmpty() ? QByteArray("/") : path};
-        const auto host = SocketAddress::Parse(url.host().section(QLatin1Char('%'), 0, 0), 0);
+        const auto host = SocketAddress::Parse(url.host().section(u'%', 0, 0), 0);
         if (target.port != 0 && host && *host == sender)
             return target;
         if (target.port != 0 && !first)

@@ -3,6 +3,7 @@
 #include "downloads/DownloadRows.h"
 #include "downloads/copier/TargetName.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 #include "services/Paths.h"
@@ -29,7 +30,7 @@ constexpr QLatin1String Done("Done!");
 constexpr QLatin1String NotOverwritten("No O/W");
 
 QString ErrorStatus(int number) {
-    return QStringLiteral("Error (") + QString::number(number) + u')';
+    return u"Error ("_s + QString::number(number) + u')';
 }
 
 QTimer* NewTimer(const QString& name, int interval, QObject& parent) {
@@ -49,11 +50,10 @@ ListModel::Progress RowProgress(const CopyProgress& copy) {
     const double share =
         copy.length > 0 ? static_cast<double>(copy.copied) / static_cast<double>(copy.length) : 0;
     return {.share = share,
-            .note = QString::number(static_cast<int>(std::floor(share * 100))) +
-                    QStringLiteral(" %, ") +
+            .note = QString::number(static_cast<int>(std::floor(share * 100))) + u" %, "_s +
                     QLocale().formattedDataSize(copy.bytesPerSecond, 1,
                                                 QLocale::DataSizeTraditionalFormat) +
-                    QStringLiteral("/s")};
+                    u"/s"_s};
 }
 
 } // namespace
@@ -65,9 +65,8 @@ DownloadQueue::DownloadQueue(const Controls& controls, const Settings& settings,
     , dialogs_(dialogs)
     , job_(job)
     , queued_(controls.lvwDownloads)
-    , DloadScanTmr_(NewTimer(QStringLiteral("DloadScanTmr"), ScanInterval, controls_.lvwDownloads))
-    , DloadQueueTmr_(
-          NewTimer(QStringLiteral("DloadQueueTmr"), QueueInterval, controls_.lvwDownloads)) {
+    , DloadScanTmr_(NewTimer(u"DloadScanTmr"_s, ScanInterval, controls_.lvwDownloads))
+    , DloadQueueTmr_(NewTimer(u"DloadQueueTmr"_s, QueueInterval, controls_.lvwDownloads)) {
     connect(DloadScanTmr_, &QTimer::timeout, this, [this] { DloadScanTmr_Timer(); });
     connect(DloadQueueTmr_, &QTimer::timeout, this, [this] { DloadQueueTmr_Timer(); });
 }
@@ -93,7 +92,7 @@ void DownloadQueue::lvwResults_DblClick() {
         }
     }
     controls_.window.unsetCursor();
-    dialogs_.Failure(failure, QStringLiteral("Error in Results Col DblClick"));
+    dialogs_.Failure(failure, u"Error in Results Col DblClick"_s);
 }
 
 void DownloadQueue::QueueSelected() {
@@ -202,10 +201,9 @@ bool DownloadQueue::MayWrite(const QString& destination) {
     if (!FileExists(destination))
         return true;
     return dialogs_.Message(MessageIcon::Exclamation,
-                            destination + QStringLiteral("\r\nThe file already exists. "
-                                                         "Overwrite it?"),
-                            QStringLiteral("Overwrite file?..."),
-                            MessageButtons::YesNo) == MessageAnswer::Yes;
+                            destination + u"\r\nThe file already exists. "
+                                          "Overwrite it?"_s,
+                            u"Overwrite file?..."_s, MessageButtons::YesNo) == MessageAnswer::Yes;
 }
 
 void DownloadQueue::CopyDLL_CopyDone(const QString& sIndexKey, int errorNumber) {
@@ -225,9 +223,8 @@ void DownloadQueue::CopyDLL_CopyDone(const QString& sIndexKey, int errorNumber) 
 void DownloadQueue::DloadQueueTmr_Timer() {
     Yield();
     const int count = CountRows(Pending);
-    controls_.DownloadLbl.setText(
-        QString::number(count) + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files")) +
-        QStringLiteral(" in queue to be downloaded."));
+    controls_.DownloadLbl.setText(QString::number(count) + (count == 1 ? u" file"_s : u" files"_s) +
+                                  u" in queue to be downloaded."_s);
     ShowProgress();
 }
 
@@ -253,10 +250,9 @@ void DownloadQueue::ShowProgress() {
     if (names.isEmpty())
         ShowInStatusBar(QString());
     else
-        ShowInStatusBar((names.size() == 1
-                             ? names.first()
-                             : QString::number(names.size()) + QStringLiteral(" downloads")) +
-                        QStringLiteral(": ") + RowProgress(all).note);
+        ShowInStatusBar(
+            (names.size() == 1 ? names.first() : QString::number(names.size()) + u" downloads"_s) +
+            u": "_s + RowProgress(all).note);
 }
 
 /// While no job shows there where it is.
@@ -298,8 +294,8 @@ void DownloadQueue::Clear(const std::function<std::vector<int>()>& rowsToRemove)
         controls_.lvwDownloads.RemoveRows(rowsToRemove());
         controls_.lvwDownloads.Refresh();
     } catch (...) {
-        dialogs_.Message(MessageIcon::Critical, QStringLiteral("Error while clearing item!"),
-                         QStringLiteral("Error while clearing"));
+        dialogs_.Message(MessageIcon::Critical, u"Error while clearing item!"_s,
+                         u"Error while clearing"_s);
     }
 }
 

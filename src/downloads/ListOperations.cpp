@@ -3,6 +3,7 @@
 #include "downloads/DownloadRows.h"
 #include "downloads/RowFiles.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 #include "searchrun/ResultRows.h"
@@ -63,12 +64,12 @@ void ListOperations::CopyFiles(const ListView& list) {
 }
 
 void ListOperations::lvwResults_ColumnClick(int column) {
-    Sort(controls_.lvwResults, column, QStringLiteral("Error in Results Col Click"));
+    Sort(controls_.lvwResults, column, u"Error in Results Col Click"_s);
     controls_.window.unsetCursor();
 }
 
 void ListOperations::lvwDownloads_ColumnClick(int column) {
-    Sort(controls_.lvwDownloads, column, QStringLiteral("Error in DL Col Click"));
+    Sort(controls_.lvwDownloads, column, u"Error in DL Col Click"_s);
 }
 
 void ListOperations::Sort(ListView& list, int column, const QString& failureTitle) {
@@ -86,8 +87,7 @@ void ListOperations::Sort(ListView& list, int column, const QString& failureTitl
 }
 
 void ListOperations::lvwDownloads_MouseDown(const QPoint& globalPosition) {
-    services_.dialogs.Trap(QStringLiteral("Error in DL MouseDown"),
-                           [&] { ShowDownloadsMenu(globalPosition); });
+    services_.dialogs.Trap(u"Error in DL MouseDown"_s, [&] { ShowDownloadsMenu(globalPosition); });
 }
 
 void ListOperations::ShowDownloadsMenu(const QPoint& globalPosition) {
@@ -102,8 +102,8 @@ void ListOperations::ShowDownloadsMenu(const QPoint& globalPosition) {
     if (selected.size() == 1) {
         SelectedDownloadRow_ = selected.front();
         const QString status = list.SubItem(SelectedDownloadRow_, DownloadItem::Status);
-        isFailed = status.contains(QLatin1String("Error"));
-        isDone = !isFailed && status.contains(QLatin1String("Done"));
+        isFailed = status.contains("Error"_L1);
+        isDone = !isFailed && status.contains("Done"_L1);
     }
     downloadsMenu_.mnuSep6.setVisible(isDone);
     downloadsMenu_.mnuSampleFileLoc.setVisible(isDone);
@@ -113,7 +113,7 @@ void ListOperations::ShowDownloadsMenu(const QPoint& globalPosition) {
 }
 
 void ListOperations::lvwResults_MouseDown(const QPoint& globalPosition) {
-    services_.dialogs.Trap(QStringLiteral("Error in Results MouseDown"),
+    services_.dialogs.Trap(u"Error in Results MouseDown"_s,
                            [&] { ShowResultsMenu(globalPosition); });
     controls_.window.unsetCursor();
 }
@@ -126,9 +126,9 @@ void ListOperations::ShowResultsMenu(const QPoint& globalPosition) {
     const int row = CurrentRowOf(list);
     ResultLocation_ = list.SubItem(row, 1);
     ResultName_ = list.Text(row);
-    resultsMenu_.mnuSampleFile.setText(FileExtension(ResultName_) == QLatin1String("MP3")
-                                           ? QStringLiteral("Sample MP3 Remotely")
-                                           : QStringLiteral("Sample File Remotely"));
+    resultsMenu_.mnuSampleFile.setText(FileExtension(ResultName_) == "MP3"_L1
+                                           ? u"Sample MP3 Remotely"_s
+                                           : u"Sample File Remotely"_s);
     if (isWinNT_)
         resultsMenu_.mnuTheWkGP.setText(WorkgroupCaption());
     resultsMenu_.PopUp2Mnu.popup(globalPosition);
@@ -140,15 +140,14 @@ QString ListOperations::WorkgroupCaption() const {
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
     QString workgroup = Trim(GetWorkgroup(pieces.at(2), services_.network));
     if (workgroup.isEmpty())
-        workgroup = QStringLiteral("??");
+        workgroup = u"??"_s;
     // An ampersand alone would underline the letter behind it.
-    workgroup.replace(u'&', QLatin1String("&&"));
-    return QStringLiteral("Member of ") + workgroup + QStringLiteral(" Workgroup");
+    workgroup.replace(u'&', "&&"_L1);
+    return u"Member of "_s + workgroup + u" Workgroup"_s;
 }
 
 void ListOperations::mnuViewFolder_Click(int index) {
-    OpenFolder(services_.settings.SaveFolder,
-               index == 0 ? QStringLiteral("Open") : QStringLiteral("Explore"));
+    OpenFolder(services_.settings.SaveFolder, index == 0 ? u"Open"_s : u"Explore"_s);
 }
 
 void ListOperations::OpenFolder(const QString& path, const QString& verb) {
@@ -164,9 +163,8 @@ void ListOperations::OpenFolder(const QString& path, const QString& verb) {
     controls_.window.unsetCursor();
     if (code > LastShellFailure)
         return;
-    services_.dialogs.Message(MessageIcon::Critical,
-                              QStringLiteral("Failed to ") + verb.toLower() + u' ' + path,
-                              QStringLiteral("Folder Error..."));
+    services_.dialogs.Message(MessageIcon::Critical, u"Failed to "_s + verb.toLower() + u' ' + path,
+                              u"Folder Error..."_s);
 }
 
 void ListOperations::SampleFile(const QString& path) {
@@ -184,19 +182,17 @@ void ListOperations::ErrDescMnu_Click() {
     } catch (...) {
         number = CurrentFailure().Number();
     }
-    QString text = QStringLiteral("Error #") + QString::number(number) + QStringLiteral(" - ") +
-                   ErrorDescription(number);
+    QString text = u"Error #"_s + QString::number(number) + u" - "_s + ErrorDescription(number);
     if (number == static_cast<qint32>(ErrorNumber::CannotCreateObject))
-        text += QStringLiteral(
-            "\r\n(Re-installation of the application will usually solve this problem.)");
-    services_.dialogs.Message(MessageIcon::Information, text, QStringLiteral("Error Description"));
+        text += u"\r\n(Re-installation of the application will usually solve this problem.)"_s;
+    services_.dialogs.Message(MessageIcon::Information, text, u"Error Description"_s);
 }
 
 void ListOperations::cmdClearLst_Click() {
     std::optional<CurrentJob::Run> job = job_.Begin(JobKind::Clear);
     if (!job)
         return;
-    services_.dialogs.Trap(QStringLiteral("Error in clearing"), [&] {
+    services_.dialogs.Trap(u"Error in clearing"_s, [&] {
         controls_.window.setCursor(Qt::WaitCursor);
         job->Show();
         ClearLists();
@@ -212,12 +208,11 @@ void ListOperations::ClearLists() {
     controls_.lvwResults.setUpdatesEnabled(false);
     controls_.lvwResults.Clear();
     queue_.ClearAllMnu_Click();
-    controls_.RetFileLbl.setText(QStringLiteral("---"));
+    controls_.RetFileLbl.setText(u"---"_s);
     controls_.window.unsetCursor();
     const MessageAnswer answer = services_.dialogs.Message(
-        MessageIcon::Question,
-        QStringLiteral("Would you also like to clear the drop-down search list?"),
-        QStringLiteral("Clear search list?"), MessageButtons::YesNo);
+        MessageIcon::Question, u"Would you also like to clear the drop-down search list?"_s,
+        u"Clear search list?"_s, MessageButtons::YesNo);
     if (answer != MessageAnswer::Yes)
         return;
     controls_.window.setCursor(Qt::WaitCursor);

@@ -6,6 +6,7 @@
 #include "platform/Files.h"
 #include "platform/NetworkEnumeration.h"
 #include "platform/Shell.h"
+#include "runtime/SourceText.h"
 #include "searchrun/job/CurrentJob.h"
 #include "services/Paths.h"
 #include "services/ShellServices.h"
@@ -64,8 +65,8 @@ public:
     void lvwDownloads_MouseDown(const QPoint& globalPosition);
 
     /// Of the row that the menu was shown for.
-    void OpenFolMnu_Click() { OpenFolder(ResultLocation_, QStringLiteral("Open")); }
-    void ExpFolMnu_Click() { OpenFolder(ResultLocation_, QStringLiteral("Explore")); }
+    void OpenFolMnu_Click() { OpenFolder(ResultLocation_, u"Open"_s); }
+    void ExpFolMnu_Click() { OpenFolder(ResultLocation_, u"Explore"_s); }
     void mnuSampleFile_Click() { SampleFile(ResultLocation_ + ResultName_); }
 
     /// The folder for downloads, and the copy in it of the row that the menu was shown for. Index

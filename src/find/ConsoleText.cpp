@@ -41,11 +41,9 @@ QString Escaped(const QString& text, Escaping escaping) {
     QString result;
     for (const QChar character : text) {
         if (isEscaped(character))
-            result += QLatin1Char('<') +
-                      QString::number(character.unicode(), 16)
-                          .toUpper()
-                          .rightJustified(2, QLatin1Char('0')) +
-                      QLatin1Char('>');
+            result += u'<' +
+                      QString::number(character.unicode(), 16).toUpper().rightJustified(2, u'0') +
+                      u'>';
         else
             result += character;
     }

@@ -3,6 +3,7 @@
 #include "find/WrongUse.h"
 #include "runtime/Pattern.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "search/SearchText.h"
 #include "services/Paths.h"
 
@@ -23,19 +24,18 @@ QCommandLineOption WithValue(const char* name, const char* value) {
 
 /// "Temp:folder" as an entry of the exclusion lists; without a type it is a folder.
 QString ExclusionEntry(const QString& text) {
-    const qsizetype colon = text.lastIndexOf(QLatin1Char(':'));
+    const qsizetype colon = text.lastIndexOf(u':');
     const QString name = (colon < 0 ? text : text.left(colon)).trimmed();
-    const QString type = colon < 0 ? QStringLiteral("folder") : text.mid(colon + 1).toLower();
-    const QStringList types{QStringLiteral("folder"), QStringLiteral("workstation"),
-                            QStringLiteral("workgroup"), QStringLiteral("network")};
+    const QString type = colon < 0 ? u"folder"_s : text.mid(colon + 1).toLower();
+    const QStringList types{u"folder"_s, u"workstation"_s, u"workgroup"_s, u"network"_s};
     if (!types.contains(type))
-        throw WrongUse(WrongUse::tr("--exclude knows no type '%1' (%2)")
-                           .arg(type, types.join(QLatin1String(", "))));
+        throw WrongUse(
+            WrongUse::tr("--exclude knows no type '%1' (%2)").arg(type, types.join(", "_L1)));
     if (name.isEmpty() || HasIllegalNameChars(name))
         throw WrongUse(
             WrongUse::tr("--exclude takes a name, without a path and wildcards, not '%1'")
                 .arg(name));
-    return name + QLatin1String("|True|") + type;
+    return name + "|True|"_L1 + type;
 }
 
 std::optional<qint32> MostResults(const QString& text) {
@@ -64,7 +64,7 @@ void CheckPatterns(const QStringList& patterns) {
 } // namespace
 
 FindArguments FindArguments::Parse(const QStringList& arguments) {
-    const auto help = QCommandLineOption(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+    const auto help = QCommandLineOption(QStringList{u"h"_s, u"help"_s});
     const auto version = Switch("version");
     const auto from = WithValue("from", "NODE");
     const auto noRecurse = Switch("no-recurse");
@@ -87,10 +87,10 @@ FindArguments FindArguments::Parse(const QStringList& arguments) {
     }
     if (!parsed)
         throw WrongUse(parser.errorText().chopped(1)); // its full stop
-    result.patterns = SearchText::Strip(parser.positionalArguments().join(QLatin1Char(',')));
+    result.patterns = SearchText::Strip(parser.positionalArguments().join(u','));
     if (result.patterns.isEmpty())
         throw WrongUse(WrongUse::tr("no pattern to search for"));
-    CheckPatterns(result.patterns.split(QLatin1Char(',')));
+    CheckPatterns(result.patterns.split(u','));
     result.from = parser.value(from);
     result.recurse = !parser.isSet(noRecurse);
     for (const QString& text : parser.values(exclude))

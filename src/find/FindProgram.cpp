@@ -5,6 +5,7 @@
 #include "find/WrongUse.h"
 #include "runtime/ProgramVersion.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <QCoreApplication>
 
@@ -22,7 +23,7 @@ int Execute(const QStringList& arguments, const FindConsole& console,
         console.out.Write(HelpText().toUtf8());
         return FindStatus::Found;
     case FindArguments::Action::ShowVersion:
-        console.out.WriteLine(QLatin1String("netrove-find ") + ProgramVersion());
+        console.out.WriteLine("netrove-find "_L1 + ProgramVersion());
         return FindStatus::Found;
     case FindArguments::Action::Search:
         break;
@@ -39,7 +40,7 @@ bool IsLost(const ConsoleOutput& out) {
 } // namespace
 
 void PrintMessage(ConsoleOutput& err, const QString& text) {
-    err.WriteLine(QLatin1String("netrove-find: ") + Escaped(text, Escaping::AllControls));
+    err.WriteLine("netrove-find: "_L1 + Escaped(text, Escaping::AllControls));
 }
 
 int FindProgram(const QStringList& arguments, const FindConsole& console,

@@ -2,6 +2,7 @@
 
 #include "find/ConsoleText.h"
 #include "find/WrongUse.h"
+#include "runtime/SourceText.h"
 #include "runtime/Yield.h"
 #include "search/NotSearchedText.h"
 #include "search/SearchSummary.h"
@@ -24,7 +25,7 @@ Settings SearchSettings(const FindArguments& arguments, const QString& computer)
     settings.Troubleshooting = arguments.logFile.isEmpty() ? 0 : 1;
     settings.IncludeMP3Info = arguments.details;
     settings.SizeFormat = bytes;
-    settings.DateFormat = QStringLiteral("YYYY-MM-DD HH:NN:SS");
+    settings.DateFormat = u"YYYY-MM-DD HH:NN:SS"_s;
     return settings;
 }
 
@@ -162,9 +163,9 @@ void FindRun::PrintNotSearched() {
     for (std::size_t at = 0; at < std::min(all.size(), mostNames); ++at)
         names.append(all[at].name);
     if (all.size() > mostNames)
-        names.append(QStringLiteral("..."));
-    const QString line = names.isEmpty() ? text : text + QLatin1String(": ") + names.join(u' ');
-    console_.err.WriteLine(QLatin1String("netrove-find: ") + Escaped(line, Escaping::AllControls));
+        names.append(u"..."_s);
+    const QString line = names.isEmpty() ? text : text + ": "_L1 + names.join(u' ');
+    console_.err.WriteLine("netrove-find: "_L1 + Escaped(line, Escaping::AllControls));
 }
 
 void FindRun::PrintSummary() {

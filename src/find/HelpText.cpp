@@ -1,5 +1,7 @@
 #include "find/HelpText.h"
 
+#include "runtime/SourceText.h"
+
 #include <QCoreApplication>
 #include <QStringList>
 
@@ -67,17 +69,17 @@ Exit status: 0 if a file was found, 1 if none was, 2 for wrong use or a failure,
 }
 
 QString Examples() {
-    return QCoreApplication::translate("HelpText", "Examples:") + QStringLiteral(R"(
+    return QCoreApplication::translate("HelpText", "Examples:") + uR"(
   netrove-find '*.mp3'
   netrove-find --from //MEDIA/MUSIC --details '*.mp3,*.mp2'
   netrove-find --exclude Temp --exclude OLDPC:workstation 'report*'
-)");
+)"_s;
 }
 
 } // namespace
 
 QString HelpText() {
-    return QStringList{Usage(), Where(), What(), Notes(), Examples()}.join(QLatin1String("\n\n"));
+    return QStringList{Usage(), Where(), What(), Notes(), Examples()}.join("\n\n"_L1);
 }
 
 } // namespace netrove

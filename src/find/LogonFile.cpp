@@ -38,7 +38,7 @@ StoredLogon Parse(QByteArrayView text) {
             domain = QString::fromUtf8(value);
     }
     if (!domain.isEmpty())
-        logon.user.prepend(domain + QLatin1Char('\\'));
+        logon.user.prepend(domain + u'\\');
     return logon;
 }
 

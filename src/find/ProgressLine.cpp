@@ -1,6 +1,7 @@
 #include "find/ProgressLine.h"
 
 #include "find/ConsoleText.h"
+#include "runtime/SourceText.h"
 #include "services/CompactPath.h"
 
 namespace netrove {
@@ -16,7 +17,7 @@ void ProgressLine::Show(qint32 found, const QString& place) {
     if (!output_.IsTerminal() || (shown_.isValid() && !shown_.hasExpired(MillisecondsBetween)))
         return;
     const int columns = output_.Columns() > 0 ? output_.Columns() : UsualColumns;
-    const QString count = tr("%n found", nullptr, found) + QLatin1String("  ");
+    const QString count = tr("%n found", nullptr, found) + "  "_L1;
     // The last column stays free: a terminal goes to the next line behind it.
     const QString path = CompactPath(Escaped(place, Escaping::AllControls),
                                      columns - TerminalColumns(count) - 1, TerminalColumns);

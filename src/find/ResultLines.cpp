@@ -31,7 +31,7 @@ std::optional<QString> ResultLines::Line(const QString& netPath) {
                        Trim(audio.Length),
                        Trim(audio.Bitrate),
                        Trim(audio.Frequency)}
-        .join(QLatin1Char('\t'));
+        .join(u'\t');
 }
 
 AudioTexts ResultLines::Audio(const FileDetails& file) {

@@ -1,6 +1,7 @@
 #include "find/StartNode.h"
 
 #include "find/WrongUse.h"
+#include "runtime/SourceText.h"
 #include "services/NetworkNodes.h"
 #include "services/Paths.h"
 
@@ -18,12 +19,12 @@ bool CanBeListed(const NetRecord& record, NetworkEnumeration& network) {
 
 /// Whether the text is a path: names of the network's levels don't begin so.
 bool IsPath(const QString& text) {
-    return text.startsWith(QLatin1Char('\\')) || text.startsWith(QLatin1String("//"));
+    return text.startsWith(u'\\') || text.startsWith("//"_L1);
 }
 
 std::optional<UncPath> PathOf(QString text) {
-    if (text.startsWith(QLatin1String("//")))
-        text.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    if (text.startsWith("//"_L1))
+        text.replace(u'/', u'\\');
     return UncPath::Parse(text);
 }
 
@@ -53,8 +54,8 @@ QString NetworkNames(NetworkEnumeration& network) {
     NetResource root(network);
     const auto children = root.Children();
     for (const auto& child : *children)
-        names.append(QLatin1Char('\'') + child->RemoteName() + QLatin1Char('\''));
-    return names.join(QLatin1String(", "));
+        names.append(u'\'' + child->RemoteName() + u'\'');
+    return names.join(", "_L1);
 }
 
 } // namespace
@@ -64,7 +65,7 @@ std::shared_ptr<NetResource> StartNode(const QString& text, const FindServices& 
         return std::make_shared<NetResource>(services.network);
     if (IsPath(text))
         return NodeOfPath(text, services);
-    auto node = FindNetNode(EnsureSuffix(text, QStringLiteral("|")), services.network);
+    auto node = FindNetNode(EnsureSuffix(text, u"|"_s), services.network);
     if (!node)
         throw WrongUse(WrongUse::tr("there is no '%1' on the network; its first level is %2")
                            .arg(text, NetworkNames(services.network)));

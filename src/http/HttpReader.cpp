@@ -3,6 +3,7 @@
 #include "platform/TextEncoding.h"
 #include "runtime/ProgramVersion.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Yield.h"
 
 #include <QDeadlineTimer>
@@ -28,8 +29,7 @@ QNetworkRequest RequestFor(const QUrl& address, int redirects) {
     request.setMaximumRedirectsAllowed(redirects);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    request.setHeader(QNetworkRequest::UserAgentHeader,
-                      QString(QLatin1String("Netrove/") + ProgramVersion()));
+    request.setHeader(QNetworkRequest::UserAgentHeader, QString("Netrove/"_L1 + ProgramVersion()));
     // Nothing is unpacked, so that the bytes that arrive are those that count.
     request.setRawHeader("Accept-Encoding", "identity");
     return request;

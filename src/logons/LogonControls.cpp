@@ -37,12 +37,12 @@ LogonControls::LogonControls(QDialog& dialog)
     , barBusy(new QProgressBar(&dialog))
     , cmdCancel(MakeButton("cmdCancel", tr("&Cancel Test"), dialog)) {
     MakeList();
-    lblState->setObjectName(QStringLiteral("lblState"));
+    lblState->setObjectName(u"lblState"_s);
     lblState->setTextFormat(Qt::PlainText); // it has names in it
     lblState->setWordWrap(true);
     lblState->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     lblState->setMinimumHeight(StateLines * lblState->fontMetrics().lineSpacing());
-    barBusy->setObjectName(QStringLiteral("barBusy"));
+    barBusy->setObjectName(u"barBusy"_s);
     barBusy->setRange(0, 0);
     barBusy->setTextVisible(false);
     barBusy->setMaximumWidth(barBusy->fontMetrics().averageCharWidth() * BarCharacters);
@@ -57,7 +57,7 @@ LogonControls::LogonControls(QDialog& dialog)
 }
 
 void LogonControls::MakeList() {
-    lvwLogons->setObjectName(QStringLiteral("lvwLogons"));
+    lvwLogons->setObjectName(u"lvwLogons"_s);
     lvwLogons->setAccessibleName(tr("Stored logons"));
     lvwLogons->setHeaderLabels({tr("Computer"), tr("User"), tr("Kept"), tr("State")});
     lvwLogons->setRootIsDecorated(false);
@@ -78,7 +78,7 @@ void LogonControls::MakeList() {
 void LogonControls::Arrange(QDialog& dialog) {
     auto* hint =
         new QLabel(tr("Computers for which no logon is stored are asked as a guest."), &dialog);
-    hint->setObjectName(QStringLiteral("lblHint"));
+    hint->setObjectName(u"lblHint"_s);
     auto* buttons = new QVBoxLayout;
     for (QPushButton* button : {cmdAdd, cmdChange, cmdRemove, cmdTest})
         buttons->addWidget(button);

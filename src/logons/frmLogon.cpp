@@ -25,7 +25,7 @@ QLineEdit* MakeLine(const char* name, QWidget* parent) {
     auto* line = new QLineEdit(parent);
     line->setObjectName(Text(name));
     line->setMaxLength(MaxText);
-    line->setProperty(TagProperty, QStringLiteral("NOCOLOR"));
+    line->setProperty(TagProperty, u"NOCOLOR"_s);
     return line;
 }
 
@@ -36,7 +36,7 @@ QString frmLogon::AllComputers() {
 }
 
 frmLogon::frmLogon(const StoredLogon* before, const Services& services, QWidget* owner)
-    : ProgramDialog(QStringLiteral("frmLogon"), services.look, owner)
+    : ProgramDialog(u"frmLogon"_s, services.look, owner)
     , services_(services)
     , cboComputer_(new QComboBox(this))
     , txtUser_(MakeLine("txtUser", this))
@@ -62,7 +62,7 @@ frmLogon::~frmLogon() {
 }
 
 void frmLogon::MakeControls(bool hasKeyring) {
-    cboComputer_->setObjectName(QStringLiteral("cboComputer"));
+    cboComputer_->setObjectName(u"cboComputer"_s);
     cboComputer_->setEditable(true);
     cboComputer_->setInsertPolicy(QComboBox::NoInsert);
     cboComputer_->setCompleter(nullptr); // it would make "All computers" of "A"
@@ -77,7 +77,7 @@ void frmLogon::MakeControls(bool hasKeyring) {
         std::max(metrics.averageCharWidth() * FieldCharacters,
                  metrics.horizontalAdvance(txtUser_->placeholderText()) + FieldMargin));
     txtPassword_->setEchoMode(QLineEdit::Password);
-    chkRemember_->setObjectName(QStringLiteral("chkRemember"));
+    chkRemember_->setObjectName(u"chkRemember"_s);
     chkRemember_->setEnabled(hasKeyring);
     chkRemember_->setChecked(hasKeyring);
 
@@ -89,15 +89,15 @@ void frmLogon::MakeControls(bool hasKeyring) {
     if (!hasKeyring) {
         auto* note =
             new QLabel(tr("There is no keyring here: the logon is kept until Netrove ends."), this);
-        note->setObjectName(QStringLiteral("lblNoKeyring"));
+        note->setObjectName(u"lblNoKeyring"_s);
         note->setWordWrap(true);
         form->addRow(QString(), note);
         chkRemember_->setAccessibleDescription(note->text());
     }
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     cmdOk_ = buttons->button(QDialogButtonBox::Ok);
-    cmdOk_->setObjectName(QStringLiteral("cmdOk"));
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
+    cmdOk_->setObjectName(u"cmdOk"_s);
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(u"cmdCancel"_s);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmLogon::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &frmLogon::reject);
     auto* layout = new QVBoxLayout(this);

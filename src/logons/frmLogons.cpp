@@ -1,6 +1,7 @@
 #include "logons/frmLogons.h"
 
 #include "runtime/Names.h"
+#include "runtime/SourceText.h"
 #include "windowservices/WindowGeometry.h"
 
 #include <QCoreApplication>
@@ -34,9 +35,7 @@ QString TestResult(const QString& computer, const QString& user, LogonResult res
 } // namespace
 
 frmLogons::frmLogons(const LogonServices& services, QWidget* owner)
-    : ProgramDialog(QStringLiteral("frmLogons"), services.look, owner)
-    , services_(services)
-    , controls_(*this) {
+    : ProgramDialog(u"frmLogons"_s, services.look, owner), services_(services), controls_(*this) {
     setWindowTitle(tr("Network Logon"));
     ConnectControls();
     UpdateButtons();

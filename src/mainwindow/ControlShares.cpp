@@ -31,10 +31,10 @@ WindowControls ControlShares::Controls() const {
 }
 
 JobDisplay::Controls ControlShares::ForJobDisplay() const {
-    return {.fileItems = menu_.Offered({Text("mnuSaveResFile"), Text("mnuLoadResFile"),
-                                        Text("mnuLogon"), Text("mnuOpts")}),
-            .helpItems = menu_.Offered({Text("mnuHelp"), Text("mnuCont"), Text("UpdateMnu"),
-                                        Text("mnuDonate"), Text("mnuAbout1")}),
+    return {.fileItems = menu_.Offered(
+                {u"mnuSaveResFile"_s, u"mnuLoadResFile"_s, u"mnuLogon"_s, u"mnuOpts"_s}),
+            .helpItems = menu_.Offered(
+                {u"mnuHelp"_s, u"mnuCont"_s, u"UpdateMnu"_s, u"mnuDonate"_s, u"mnuAbout1"_s}),
             .filesPicture = *controls_.imgFiles[0],
             .busyPicture = *controls_.imgFiles[1],
             .inputs = {controls_.cmdSetSearchStart, controls_.cmdInpNetNode, controls_.LstSearchFor,

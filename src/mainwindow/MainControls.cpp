@@ -135,66 +135,65 @@ IconSets MainControls::Icons() {
 }
 
 void MainControls::MakeTabs(QWidget& inner) {
-    picListHolder = Named(new QWidget(&inner), Text("picListHolder"));
-    SSTab1 = Named(new QTabWidget(picListHolder), Text("SSTab1"));
+    picListHolder = Named(new QWidget(&inner), u"picListHolder"_s);
+    SSTab1 = Named(new QTabWidget(picListHolder), u"SSTab1"_s);
     auto* tabStyle = new LowTabStyle;
     tabStyle->setParent(SSTab1);
     SSTab1->tabBar()->setStyle(tabStyle);
 
     QWidget* results = TabPage();
-    RetFileLbl = NamedLabel(*results, Text("RetFileLbl"), Text("---"));
-    lvwResults = Named(new ListView(results), Text("lvwResults"));
-    lvwResults->setAccessibleName(Text("Results"));
+    RetFileLbl = NamedLabel(*results, u"RetFileLbl"_s, u"---"_s);
+    lvwResults = Named(new ListView(results), u"lvwResults"_s);
+    lvwResults->setAccessibleName(u"Results"_s);
     AddColumns(*lvwResults, ResultColumns);
-    SSTab1->addTab(results, Text("Results"));
+    SSTab1->addTab(results, u"Results"_s);
 
     QWidget* downloads = TabPage();
-    DownloadLbl = NamedLabel(*downloads, Text("DownloadLbl"), Text("---"));
-    lvwDownloads = Named(new ListView(downloads), Text("lvwDownloads"));
-    lvwDownloads->setAccessibleName(Text("Downloads"));
+    DownloadLbl = NamedLabel(*downloads, u"DownloadLbl"_s, u"---"_s);
+    lvwDownloads = Named(new ListView(downloads), u"lvwDownloads"_s);
+    lvwDownloads->setAccessibleName(u"Downloads"_s);
     AddColumns(*lvwDownloads, DownloadColumns);
-    SSTab1->addTab(downloads, Text("Downloads"));
+    SSTab1->addTab(downloads, u"Downloads"_s);
 }
 
 void MainControls::MakeHidden(QWidget& inner) {
-    picIconLg = HiddenWidget(inner, Text("picIconLg"));
-    picIconSm = HiddenWidget(inner, Text("picIconSm"));
+    picIconLg = HiddenWidget(inner, u"picIconLg"_s);
+    picIconSm = HiddenWidget(inner, u"picIconSm"_s);
 }
 
 void MainControls::MakeButtons(QWidget& inner) {
     cmdInpNetNode =
-        NamedButton(inner, Text("cmdInpNetNode"), Text("<>"), "Input a network node manually");
-    chkRecurse = Named(new QCheckBox(Text("&Recurse Folders:"), &inner), Text("chkRecurse"),
+        NamedButton(inner, u"cmdInpNetNode"_s, u"<>"_s, "Input a network node manually");
+    chkRecurse = Named(new QCheckBox(u"&Recurse Folders:"_s, &inner), u"chkRecurse"_s,
                        "Select this to search file system subfolders");
     chkRecurse->setLayoutDirection(Qt::RightToLeft);
     chkRecurse->setChecked(true);
-    cmdClearLst = NamedButton(inner, Text("cmdClearLst"), Text("&Clear All"),
+    cmdClearLst = NamedButton(inner, u"cmdClearLst"_s, u"&Clear All"_s,
                               "Clear the grids and search parameter list");
     cmdStartSearch =
-        NamedButton(inner, Text("cmdStartSearch"), Text("&Start Searching"), "Start the search");
-    cmdAbandon = NamedButton(inner, Text("cmdAbandon"), Text("&Abort"), "Abort the search");
-    cmdSetSearchStart = NamedButton(inner, Text("cmdSetSearchStart"), Text("&..."),
-                                    "Browse for a node on the network");
+        NamedButton(inner, u"cmdStartSearch"_s, u"&Start Searching"_s, "Start the search");
+    cmdAbandon = NamedButton(inner, u"cmdAbandon"_s, u"&Abort"_s, "Abort the search");
+    cmdSetSearchStart =
+        NamedButton(inner, u"cmdSetSearchStart"_s, u"&..."_s, "Browse for a node on the network");
 }
 
 void MainControls::MakeInputs(QWidget& inner) {
-    txtSearchStart =
-        Named(new QLineEdit(&inner), Text("txtSearchStart"), "Selected node for search");
+    txtSearchStart = Named(new QLineEdit(&inner), u"txtSearchStart"_s, "Selected node for search");
     txtSearchStart->setReadOnly(true);
-    txtSearchStart->setAccessibleName(Text("Search Within This Node:"));
-    stbStatus = Named(new StatusBar(&inner), Text("stbStatus"));
-    stbStatus->AddPanel(Text("Idle"), 1764);
+    txtSearchStart->setAccessibleName(u"Search Within This Node:"_s);
+    stbStatus = Named(new StatusBar(&inner), u"stbStatus"_s);
+    stbStatus->AddPanel(u"Idle"_s, 1764);
     stbStatus->AddPanel(QString(), 16889);
     stbStatus->AddPanel(QString(), 529);
     stbStatus->resize(stbStatus->sizeHint());
 
     LstSearchFor =
-        Named(new QComboBox(&inner), Text("LstSearchFor"), "The file parameters for search");
+        Named(new QComboBox(&inner), u"LstSearchFor"_s, "The file parameters for search");
     LstSearchFor->setEditable(true);
     LstSearchFor->setInsertPolicy(QComboBox::NoInsert);
     LstSearchFor->setCompleter(nullptr);
-    LstSearchFor->setEditText(Text("*.mp3"));
-    LstSearchFor->setAccessibleName(Text("Search For:"));
+    LstSearchFor->setEditText(u"*.mp3"_s);
+    LstSearchFor->setAccessibleName(u"Search For:"_s);
 }
 
 void MainControls::MakeFilePictures(QWidget& inner) {
@@ -209,13 +208,13 @@ void MainControls::MakeFilePictures(QWidget& inner) {
 }
 
 void MainControls::MakeLabels(QWidget& inner, const QString& webAddress) {
-    Label1 = NamedLabel(inner, Text("Label1"), Text("Search For:"));
-    Label2 = NamedLabel(inner, Text("Label2"), Text("Search Within This Node:"));
-    HyperLbl = NamedLabel(inner, Text("HyperLbl"), Text(""));
+    Label1 = NamedLabel(inner, u"Label1"_s, u"Search For:"_s);
+    Label2 = NamedLabel(inner, u"Label2"_s, u"Search Within This Node:"_s);
+    HyperLbl = NamedLabel(inner, u"HyperLbl"_s, u""_s);
     HyperLbl->setText(webAddress);
     Label1->setBuddy(LstSearchFor);
     Label2->setBuddy(txtSearchStart);
-    HyperLbl->setToolTip(Text("Click here to go to the official website"));
+    HyperLbl->setToolTip(u"Click here to go to the official website"_s);
     QFont linkFont = HyperLbl->font();
     linkFont.setUnderline(true);
     HyperLbl->setFont(linkFont);
@@ -223,7 +222,7 @@ void MainControls::MakeLabels(QWidget& inner, const QString& webAddress) {
 }
 
 void MainControls::MakeDecoration(QWidget& inner) {
-    Line1 = Frame(inner, Text("Line1"), QFrame::HLine);
+    Line1 = Frame(inner, u"Line1"_s, QFrame::HLine);
     for (std::size_t index = 0; index < Lne.size(); ++index)
         Lne[index] =
             Frame(inner, ElementName("Lne", index), index >= 2 ? QFrame::HLine : QFrame::VLine);

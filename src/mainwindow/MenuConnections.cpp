@@ -8,10 +8,10 @@ namespace {
 
 /// Whoever has no such file never sees the item.
 void OfferSkinFile(const MainMenu& menu, const SkinSelection& skins) {
-    QAction* item = menu.Item(Text("mnuSkinFile"));
+    QAction* item = menu.Item(u"mnuSkinFile"_s);
     item->setVisible(skins.HasSkinFile());
     item->setEnabled(skins.SkinConfiguration() != nullptr);
-    menu.Item(Text("mnuSepSkinFile"))->setVisible(item->isVisible());
+    menu.Item(u"mnuSepSkinFile"_s)->setVisible(item->isVisible());
 }
 
 } // namespace
@@ -19,11 +19,11 @@ void OfferSkinFile(const MainMenu& menu, const SkinSelection& skins) {
 QStringList MenuConnections::Withheld(const ProgramServices& services) {
     QStringList items;
     if (!services.report)
-        items.append(Text("mnuSilent"));
+        items.append(u"mnuSilent"_s);
     if (!services.showLogons)
-        items.append(Text("mnuLogon"));
+        items.append(u"mnuLogon"_s);
     if (!services.http)
-        items.append({Text("UpdateMnu"), Text("mnuDonate")});
+        items.append({u"UpdateMnu"_s, u"mnuDonate"_s});
     return items;
 }
 
@@ -62,8 +62,8 @@ void MenuConnections::ConnectSkinMenu(SkinSelection& skins, ToolsMenu& tools) {
     Connect("mnuSkinCust", [&skins] { skins.mnuSkinCust_Click(); });
     Connect("mnuSkinFile", [&skins] { skins.LoadSkinXML(); });
     // Until a skin is selected.
-    menu_.Item(Text("mnuSkinCust"))->setEnabled(false);
-    QObject::connect(menu_.Menu(Text("mnuSkinTOP")), &QMenu::aboutToShow, &context_,
+    menu_.Item(u"mnuSkinCust"_s)->setEnabled(false);
+    QObject::connect(menu_.Menu(u"mnuSkinTOP"_s), &QMenu::aboutToShow, &context_,
                      [&menu = menu_, &skins] { OfferSkinFile(menu, skins); });
 }
 
@@ -89,7 +89,7 @@ void MenuConnections::ConnectResultsMenu(ListOperations& lists, DownloadQueue& q
     Connect("ExpFolMnu", [&lists] { lists.ExpFolMnu_Click(); });
     Connect("mnuSampleFile", [&lists] { lists.mnuSampleFile_Click(); });
     // A line of information, to be read like the others.
-    menu_.Item(Text("mnuTheWkGP"))->setEnabled(true);
+    menu_.Item(u"mnuTheWkGP"_s)->setEnabled(true);
 }
 
 void MenuConnections::ConnectHeaderMenu(ColumnHelp& columnHelp) {

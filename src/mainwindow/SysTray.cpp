@@ -1,6 +1,7 @@
 #include "mainwindow/SysTray.h"
 
 #include "mainwindow/FlyingFrame.h"
+#include "runtime/SourceText.h"
 #include "windowservices/OwnedWindows.h"
 
 #include <QEvent>
@@ -33,8 +34,7 @@ SysTray::SysTray(const WindowControls& controls, QMenu& PopUp4Mnu, QAction& mnuR
             RestoreFromTray();
         });
     });
-    connect(tipTimer_, &QTimer::timeout, this,
-            [this] { services_.tray.SetTip(TrayTip(QLatin1String(" <"))); });
+    connect(tipTimer_, &QTimer::timeout, this, [this] { services_.tray.SetTip(TrayTip(" <"_L1)); });
 }
 
 void SysTray::PutAway() {
@@ -64,7 +64,7 @@ void SysTray::MinimizeToTray() {
     awaitsTray_ = false;
     inTray_ = true;
     AnimateTray(Direction::ToTray);
-    services_.tray.Show(TrayTip(QLatin1String("  <")), PopUp4Mnu_);
+    services_.tray.Show(TrayTip("  <"_L1), PopUp4Mnu_);
     tipTimer_->start(TipInterval);
     controls_.window.hide();
 }
@@ -153,9 +153,8 @@ void SysTray::mnuMin_Click() {
 }
 
 void SysTray::WithTrap(std::function<void()> work) {
-    WhenInTray([this, work = std::move(work)] {
-        services_.dialogs.Trap(QStringLiteral("Error in Restore"), work);
-    });
+    WhenInTray(
+        [this, work = std::move(work)] { services_.dialogs.Trap(u"Error in Restore"_s, work); });
 }
 
 void SysTray::mnuExit_Click() {
@@ -202,8 +201,7 @@ void SysTray::Fly(Direction direction) const {
 
 /// The window's title and how far the search is.
 QString SysTray::TrayTip(QLatin1String gap) const {
-    const QString tip =
-        controls_.window.windowTitle() + gap + controls_.RetFileLbl.text() + QLatin1Char('>');
+    const QString tip = controls_.window.windowTitle() + gap + controls_.RetFileLbl.text() + u'>';
     return tip.left(MaxTip);
 }
 

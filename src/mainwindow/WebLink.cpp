@@ -1,5 +1,7 @@
 #include "mainwindow/WebLink.h"
 
+#include "runtime/SourceText.h"
+
 #include <QMouseEvent>
 
 #include <utility>
@@ -19,7 +21,7 @@ bool WebLink::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WebLink::HyperLbl_MouseDown() {
-    dialogs_.Trap(QStringLiteral("Error in Hyperlink"), [this] {
+    dialogs_.Trap(u"Error in Hyperlink"_s, [this] {
         QPalette palette = HyperLbl_.palette();
         palette.setColor(QPalette::WindowText, Qt::red);
         HyperLbl_.setPalette(palette);

@@ -53,7 +53,7 @@ frmNetrove::frmNetrove(const ProgramServices& services)
     , settingsFile_(shares_.ForSettingsFile(), SettingsFileServices(),
                     IniFileName(services.applicationFolder))
     , skins_(shares_.SkinMenu(), shares_.ForSkins(), SkinServices())
-    , columnHelp_(*this, *menu_->Menu(Text("PopUp3Mnu")))
+    , columnHelp_(*this, *menu_->Menu(u"PopUp3Mnu"_s))
     , toolsMenu_(shared_, ToolsServices())
     , helpMenu_(*this, HelpServices(), services.contactAddress)
     , tray_(shared_, shares_.Menu("PopUp4Mnu"), shares_.Item("mnuRestore"),
@@ -64,8 +64,8 @@ frmNetrove::frmNetrove(const ProgramServices& services)
                      {controls_.lvwResults, controls_.lvwDownloads}) {
     settings_.SaveFolder = DownloadsFolder(services.applicationFolder);
     resize(ToPixels(WindowLayout::MinFormWidth), ToPixels(WindowLayout::MinFormHeight));
-    setObjectName(Text("frmNetrove"));
-    setWindowTitle(Text("Netrove"));
+    setObjectName(u"frmNetrove"_s);
+    setWindowTitle(u"Netrove"_s);
     ConnectMenus();
     ConnectControls();
 }
@@ -163,7 +163,7 @@ ToolsMenu::Services frmNetrove::ToolsServices() {
             .reachTest = services_.reachTest,
             .showLogons = services_.showLogons,
             .job = job_,
-            .networkFile = services_.applicationFolder + QDir::separator() + Text("network.ini")};
+            .networkFile = services_.applicationFolder + QDir::separator() + u"network.ini"_s};
 }
 
 OnlineServices frmNetrove::HelpServices() {
@@ -195,7 +195,7 @@ std::optional<std::shared_ptr<NetResource>> frmNetrove::BrowseNetwork() {
 }
 
 QString frmNetrove::LogFile() const {
-    return services_.applicationFolder + QDir::separator() + Text("Netrove.log");
+    return services_.applicationFolder + QDir::separator() + u"Netrove.log"_s;
 }
 
 void frmNetrove::OpenHelp() {
@@ -221,7 +221,7 @@ void frmNetrove::Form_Load() {
     // A window that is shown can be closed, and saves.
     const QString kept = settingsFile_.KeepUnloaded();
     show();
-    services_.dialogs.Failure(failure, Text("frmNetrove.Form_Load Error"), kept);
+    services_.dialogs.Failure(failure, u"frmNetrove.Form_Load Error"_s, kept);
 }
 
 void frmNetrove::LoadSteps() {
@@ -248,9 +248,9 @@ void frmNetrove::ReadSystem() {
     system_ = ReadSystemValues(services_.system);
     start_.SetIsWinNT(system_.IsWinNT);
     lists_.SetIsWinNT(system_.IsWinNT);
-    menu_->Item(Text("mnuInpNetNode(0)"))->setEnabled(system_.IsWinNT);
-    menu_->Item(Text("mnuSep9"))->setVisible(system_.IsWinNT);
-    menu_->Item(Text("mnuTheWkGP"))->setVisible(system_.IsWinNT);
+    menu_->Item(u"mnuInpNetNode(0)"_s)->setEnabled(system_.IsWinNT);
+    menu_->Item(u"mnuSep9"_s)->setVisible(system_.IsWinNT);
+    menu_->Item(u"mnuTheWkGP"_s)->setVisible(system_.IsWinNT);
 }
 
 /// Somebody else than the program closes the window.
@@ -273,8 +273,8 @@ bool frmNetrove::Form_QueryUnload() {
     if (!IsBusy())
         return true;
     services_.dialogs.Message(MessageIcon::Exclamation,
-                              Text("Wait until the program reaches a stopping point."),
-                              Text("Search In Progress"));
+                              u"Wait until the program reaches a stopping point."_s,
+                              u"Search In Progress"_s);
     return false;
 }
 

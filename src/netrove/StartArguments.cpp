@@ -1,6 +1,7 @@
 #include "netrove/StartArguments.h"
 
 #include "runtime/ProgramVersion.h"
+#include "runtime/SourceText.h"
 
 #include <QFileInfo>
 
@@ -38,7 +39,7 @@ void StartArguments::ReadOption(const QString& option) {
     if (option == u"--help")
         text_ = HelpText();
     else if (option == u"--version")
-        text_ = QLatin1String("netrove ") + ProgramVersion() + u'\n';
+        text_ = "netrove "_L1 + ProgramVersion() + u'\n';
     else
         problem_ =
             u"netrove: " + tr("there is no option '%1'; see 'netrove --help'.").arg(option) + u'\n';

@@ -5,6 +5,7 @@
 #include "downloads/copier/FileCopier.h"
 #include "logons/frmLogons.h"
 #include "platform/ApplicationFolder.h"
+#include "runtime/SourceText.h"
 #include "storage/SettingsFile.h"
 
 namespace netrove {
@@ -15,9 +16,8 @@ WindowProgram::WindowProgram()
     , opened_(OpenNetwork(folder_, logons_))
     , reachTest_(*opened_.network)
     , shell_(*opened_.network)
-    , site_(WebSite::Read(
-          ProfileFile(IniFileName(folder_)),
-          {QStringLiteral(NETROVE_WEB_ADDRESS), QStringLiteral(NETROVE_CONTACT_ADDRESS)}))
+    , site_(WebSite::Read(ProfileFile(IniFileName(folder_)),
+                          {Text(NETROVE_WEB_ADDRESS), Text(NETROVE_CONTACT_ADDRESS)}))
     , window_(Services())
     , sessionEnd_({.isBusy = [this] { return window_.IsBusy(); },
                    .refuse = [this] { static_cast<void>(window_.Form_QueryUnload()); },
@@ -66,7 +66,7 @@ void WindowProgram::ShowLogons(QWidget& owner, const DialogLook& look, const QSt
     frmLogons({.logons = logons_,
                .dialogs = dialogs_,
                .placeOf = [this](const QString& computer) -> std::shared_ptr<const RemotePlace> {
-                   const auto path = UncPath::Parse(QLatin1String("\\\\") + computer);
+                   const auto path = UncPath::Parse("\\\\"_L1 + computer);
                    return path ? opened_.network->RemotePlaceOf(*path) : nullptr;
                },
                .look = look,
@@ -78,7 +78,7 @@ void WindowProgram::ShowLogons(QWidget& owner, const DialogLook& look, const QSt
 void WindowProgram::Start(const QStringList& resultsFiles) {
     window_.Form_Load();
     if (!opened_.problems.isEmpty())
-        dialogs_.Message(MessageIcon::Exclamation, opened_.problems.join(QStringLiteral("\r\n")),
+        dialogs_.Message(MessageIcon::Exclamation, opened_.problems.join(u"\r\n"_s),
                          QCoreApplication::translate("main", "Network Configuration"));
     window_.OpenResultsFiles(resultsFiles);
 }

@@ -4,6 +4,7 @@
 #include "netrove/WindowProgram.h"
 #include "platform/Utf8Locale.h"
 #include "runtime/ProgramVersion.h"
+#include "runtime/SourceText.h"
 #include "translations/Translation.h"
 #include "windowservices/PredefinedIcons.h"
 
@@ -49,9 +50,9 @@ int main(int argc, char** argv) {
         Print(start.Problem(), stderr);
         return WrongUse;
     }
-    QApplication::setApplicationName(QStringLiteral("netrove"));
+    QApplication::setApplicationName(netrove::Text("netrove"));
     QApplication::setApplicationVersion(netrove::ProgramVersion());
-    QApplication::setDesktopFileName(QStringLiteral("netrove"));
+    QApplication::setDesktopFileName(netrove::Text("netrove"));
     QApplication::setWindowIcon(netrove::ProgramIcon());
     // A window in the tray is none that the toolkit counts.
     QApplication::setQuitOnLastWindowClosed(false);

@@ -1,6 +1,7 @@
 #include "network/NetResource.h"
 
 #include "runtime/Names.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 
@@ -164,37 +165,37 @@ QString NetResource::ResourceTypeName() const {
     Yield();
     switch (ResourceType()) {
     case ResourceType::Generic:
-        return QStringLiteral("Generic");
+        return u"Generic"_s;
     case ResourceType::Domain:
-        return QStringLiteral("Domain");
+        return u"Domain"_s;
     case ResourceType::Server:
-        return QStringLiteral("Server");
+        return u"Server"_s;
     case ResourceType::Share:
-        return QStringLiteral("Share");
+        return u"Share"_s;
     case ResourceType::File:
-        return QStringLiteral("File");
+        return u"File"_s;
     case ResourceType::Group:
-        return QStringLiteral("Group");
+        return u"Group"_s;
     case ResourceType::Network:
-        return QStringLiteral("Network");
+        return u"Network"_s;
     case ResourceType::Root:
-        return QStringLiteral("Root");
+        return u"Root"_s;
     case ResourceType::ShareAdmin:
-        return QStringLiteral("ShareAdmin");
+        return u"ShareAdmin"_s;
     case ResourceType::Directory:
-        return QStringLiteral("Directory");
+        return u"Directory"_s;
     case ResourceType::Tree:
-        return QStringLiteral("Tree");
+        return u"Tree"_s;
     case ResourceType::NDSContainer:
-        return QStringLiteral("NDSContainer");
+        return u"NDSContainer"_s;
     case ResourceType::Printer:
-        return QStringLiteral("Printer");
+        return u"Printer"_s;
     }
     return QString();
 }
 
 QString NetResource::ShortName() const {
-    return RemoteName().mid(RemoteName().lastIndexOf(QLatin1Char('\\')) + 1);
+    return RemoteName().mid(RemoteName().lastIndexOf(u'\\') + 1);
 }
 
 void NetResource::InitFrom(const NetRecord& record) {

@@ -30,26 +30,24 @@ QString WithoutScheme(const QString& address) {
 } // namespace
 
 frmDonate::frmDonate(const OnlineServices& services, QWidget* owner)
-    : OnlineDialog(Text("frmDonate"), services, {.width = Width, .low = 2250, .tall = 3765}, owner)
+    : OnlineDialog(u"frmDonate"_s, services, {.width = Width, .low = 2250, .tall = 3765}, owner)
     , txtDon_(new QPlainTextEdit(this))
-    , cmdUp_(
-          NamedButton(*this, Text("cmdUp"), Text("&Get Links"), "Get the links from the internet"))
-    , cmdOK_(NamedButton(*this, Text("cmdOK"), Text("&Cancel"), "Cancel")) {
+    , cmdUp_(NamedButton(*this, u"cmdUp"_s, u"&Get Links"_s, "Get the links from the internet"))
+    , cmdOK_(NamedButton(*this, u"cmdOK"_s, u"&Cancel"_s, "Cancel")) {
     MakeControls();
     Arrange();
     LoadLow({cmdLink_.begin(), cmdLink_.end()});
     ResetLinks();
-    txtDon_->setPlainText(
-        Text("Netrove is freeware. It will stay freeware. If it is of use to you, "
-             "please consider a donation. Please click on \"Get Links\" to get "
-             "the selections. Thank You.\n\n(You will need to be connected to the "
-             "internet to reach the websites)"));
+    txtDon_->setPlainText(u"Netrove is freeware. It will stay freeware. If it is of use to you, "
+                          "please consider a donation. Please click on \"Get Links\" to get "
+                          "the selections. Thank You.\n\n(You will need to be connected to the "
+                          "internet to reach the websites)"_s);
 }
 
 void frmDonate::MakeControls() {
-    setWindowTitle(Text("Donation"));
-    txtDon_->setObjectName(Text("txtDon"));
-    txtDon_->setProperty(TagProperty, Text("NOCOLOR"));
+    setWindowTitle(u"Donation"_s);
+    txtDon_->setObjectName(u"txtDon"_s);
+    txtDon_->setProperty(TagProperty, u"NOCOLOR"_s);
     txtDon_->setAccessibleName(windowTitle());
     txtDon_->setReadOnly(true);
     txtDon_->setTabChangesFocus(true);
@@ -154,10 +152,10 @@ void frmDonate::ReadLinks() {
 
 void frmDonate::SayUnread() {
     unsetCursor();
-    SayFailure(Text("Could not get the update for the links. Click on one of the\r\n"
-                    "existing links to go to official Tarn Bridge Software site and\r\n"
-                    "use the donation links listed there."),
-               Text("Error in update"));
+    SayFailure(u"Could not get the update for the links. Click on one of the\r\n"
+               "existing links to go to official Tarn Bridge Software site and\r\n"
+               "use the donation links listed there."_s,
+               u"Error in update"_s);
 }
 
 } // namespace netrove

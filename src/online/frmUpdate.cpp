@@ -18,7 +18,7 @@ constexpr int Margin = 5;
 constexpr int Gap = 4;
 
 QString Lines(const QStringList& lines) {
-    return lines.join(QLatin1String("\r\n"));
+    return lines.join("\r\n"_L1);
 }
 
 QLabel* Label(const char* name, const char* caption, QWidget* parent) {
@@ -37,7 +37,7 @@ QFrame* Frame(const char* name, QFrame::Shape shape, QWidget* parent) {
 } // namespace
 
 frmUpdate::frmUpdate(const OnlineServices& services, QWidget* owner)
-    : OnlineDialog(Text("frmUpdate"), services, {.width = 4755, .low = 2010, .tall = 4770}, owner)
+    : OnlineDialog(u"frmUpdate"_s, services, {.width = 4755, .low = 2010, .tall = 4770}, owner)
     , Shape1_(Frame("Shape1", QFrame::Box, this))
     , Label1_(Label("Label1",
                     "Welcome to the Tarn Bridge Software Update. This process will verify that "
@@ -46,13 +46,13 @@ frmUpdate::frmUpdate(const OnlineServices& services, QWidget* owner)
     , Label2_(Label("Label2",
                     "Please ensure that you are connected to the internet before proceeding.",
                     this))
-    , cmdCheck_(NamedButton(*this, Text("cmdCheck"), Text("Check For &Update"), "Check It"))
-    , cmdCancel_(NamedButton(*this, Text("cmdCancel"), Text("&Cancel"), "Cancel"))
-    , cmdLink_(NamedButton(*this, Text("cmdLink"), services.webAddress,
+    , cmdCheck_(NamedButton(*this, u"cmdCheck"_s, u"Check For &Update"_s, "Check It"))
+    , cmdCancel_(NamedButton(*this, u"cmdCancel"_s, u"&Cancel"_s, "Cancel"))
+    , cmdLink_(NamedButton(*this, u"cmdLink"_s, services.webAddress,
                            "Click here to go to the official site"))
     , Line1_(Frame("Line1", QFrame::HLine, this))
     , txtInfo_(new QPlainTextEdit(this))
-    , cmdDown_(NamedButton(*this, Text("cmdDown"), Text("Download New Version"), "Download It")) {
+    , cmdDown_(NamedButton(*this, u"cmdDown"_s, u"Download New Version"_s, "Download It")) {
     MakeControls();
     Arrange();
     ShowLink(false);
@@ -60,11 +60,11 @@ frmUpdate::frmUpdate(const OnlineServices& services, QWidget* owner)
 }
 
 void frmUpdate::MakeControls() {
-    setWindowTitle(Text("Update"));
-    Shape1_->setProperty(TagProperty, Text("BORDONLY"));
+    setWindowTitle(u"Update"_s);
+    Shape1_->setProperty(TagProperty, u"BORDONLY"_s);
     cmdCheck_->setDefault(true);
     cmdDown_->setEnabled(false);
-    txtInfo_->setObjectName(Text("txtInfo"));
+    txtInfo_->setObjectName(u"txtInfo"_s);
     txtInfo_->setAccessibleName(tr("News"));
     txtInfo_->setReadOnly(true);
     txtInfo_->setTabChangesFocus(true);
@@ -148,7 +148,7 @@ void frmUpdate::cmdCheck_Click() {
 
 void frmUpdate::BeginCheck() {
     SetTall(false);
-    setWindowTitle(Text("Update"));
+    setWindowTitle(u"Update"_s);
     setCursor(Qt::WaitCursor);
     cmdCheck_->setEnabled(false);
     cmdDown_->setEnabled(false);
@@ -157,23 +157,23 @@ void frmUpdate::BeginCheck() {
 }
 
 void frmUpdate::SayUpToDate(const Version& web) {
-    Services().dialogs.Message(MessageIcon::Information,
-                               Lines({Text("Web release = ") + web.Text(),
-                                      Text("Your release = ") + Services().version.Text(),
-                                      Text("You have the latest release of Netrove.")}),
-                               Text("Netrove update"));
+    Services().dialogs.Message(
+        MessageIcon::Information,
+        Lines({u"Web release = "_s + web.Text(), u"Your release = "_s + Services().version.Text(),
+               u"You have the latest release of Netrove."_s}),
+        u"Netrove update"_s);
     cmdCancel_->setFocus();
 }
 
 void frmUpdate::OfferUpdate(const Version& web) {
-    setWindowTitle(Text("Update available from v") + Services().version.Text() + Text(" to v") +
+    setWindowTitle(u"Update available from v"_s + Services().version.Text() + u" to v"_s +
                    web.Text());
     cmdDown_->setEnabled(true);
     QString news;
     const bool isThere =
         Check4File(WebFile::NewsPath, news) && WebFile::HasMarker(news, WebFile::NewsMarker);
     txtInfo_->setPlainText(isThere ? WebFile::Shown(WebFile::Payload(news))
-                                   : Text("Unable to get news for Netrove."));
+                                   : u"Unable to get news for Netrove."_s);
     SetTall(true);
     cmdDown_->setFocus();
 }
@@ -184,9 +184,9 @@ void frmUpdate::FailCheck() {
     cmdDown_->setEnabled(false);
     SetTall(false);
     const bool wasSaid = SayFailure(
-        Lines({Text("The update check failed. You must check for the"),
-               Text("new version of this application manually at"), Services().webAddress + u'.'}),
-        Text("Error in update"));
+        Lines({u"The update check failed. You must check for the"_s,
+               u"new version of this application manually at"_s, Services().webAddress + u'.'}),
+        u"Error in update"_s);
     if (!wasSaid)
         return;
     ShowLink(true);
@@ -207,13 +207,13 @@ void frmUpdate::cmdDown_Click() {
 
 void frmUpdate::HandOverInstaller() {
     const QString address = ReadPayload(WebFile::InstallerPath, WebFile::InstallerMarker);
-    const MessageAnswer answer = Services().dialogs.Message(
-        MessageIcon::Information,
-        Lines({Text("This feature will download the installer package"),
-               Text("for the new version of Netrove. After the download"),
-               Text("is complete, please exit the current running version"),
-               Text("of Netrove before installing the new version.")}),
-        Text("Instructions"), MessageButtons::OkCancel);
+    const MessageAnswer answer =
+        Services().dialogs.Message(MessageIcon::Information,
+                                   Lines({u"This feature will download the installer package"_s,
+                                          u"for the new version of Netrove. After the download"_s,
+                                          u"is complete, please exit the current running version"_s,
+                                          u"of Netrove before installing the new version."_s}),
+                                   u"Instructions"_s, MessageButtons::OkCancel);
     if (answer == MessageAnswer::Ok)
         Services().shell.ShellRun(WebFile::Link(address));
 }
@@ -222,9 +222,9 @@ void frmUpdate::FailDownload() {
     unsetCursor();
     cmdDown_->setEnabled(true);
     const bool wasSaid =
-        SayFailure(Lines({Text("An error has occured. You must manually download the new"),
-                          Text("version of Netrove at ") + Services().webAddress + u'.'}),
-                   Text("Error in download"));
+        SayFailure(Lines({u"An error has occured. You must manually download the new"_s,
+                          u"version of Netrove at "_s + Services().webAddress + u'.'}),
+                   u"Error in download"_s);
     if (wasSaid)
         ShowLink(true);
 }

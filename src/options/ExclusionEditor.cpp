@@ -75,7 +75,7 @@ int ExclusionEditor::RowOf(const QString& name, const QString& type) const {
 }
 
 void ExclusionEditor::ColumnClick(int column) {
-    services_.dialogs.Trap(Text("Error in Network Node Col Click"), [&] {
+    services_.dialogs.Trap(u"Error in Network Node Col Click"_s, [&] {
         if (list_.Count() == 0)
             return;
         SortListView(list_, column, column, false, services_.dialogs);
@@ -84,9 +84,9 @@ void ExclusionEditor::ColumnClick(int column) {
 }
 
 void ExclusionEditor::DeletePressed() {
-    services_.dialogs.Trap(Text("ListView KeyDown Error"), [this] {
-        if (services_.dialogs.Message(MessageIcon::Question, Text("Delete the selected nodes?"),
-                                      Text("Delete Nodes?"),
+    services_.dialogs.Trap(u"ListView KeyDown Error"_s, [this] {
+        if (services_.dialogs.Message(MessageIcon::Question, u"Delete the selected nodes?"_s,
+                                      u"Delete Nodes?"_s,
                                       MessageButtons::YesNo) == MessageAnswer::Yes)
             mnuRemSel_Click();
     });
@@ -97,7 +97,7 @@ void ExclusionEditor::MouseDown(const QPoint& globalPosition) {
 }
 
 void ExclusionEditor::mnuRemSel_Click() {
-    services_.dialogs.Trap(Text("Error while removing node"), [this] { RemoveSelected(); });
+    services_.dialogs.Trap(u"Error while removing node"_s, [this] { RemoveSelected(); });
 }
 
 void ExclusionEditor::RemoveSelected() {
@@ -108,7 +108,7 @@ void ExclusionEditor::RemoveSelected() {
 }
 
 void ExclusionEditor::mnuAddDef_Click() {
-    services_.dialogs.Trap(Text("frmOpts.mnuAddDef_Click Error"), [this] { AddDefaults(); });
+    services_.dialogs.Trap(u"frmOpts.mnuAddDef_Click Error"_s, [this] { AddDefaults(); });
 }
 
 void ExclusionEditor::AddDefaults() {
@@ -122,15 +122,15 @@ void ExclusionEditor::AddDefaults() {
             AddRow(entry.Name(), entry.IsEnabled(), entry.Type());
     }
     if (present > 0)
-        services_.dialogs.Message(
-            MessageIcon::Information,
-            QString::number(present) + Text(" node(s) already existed in the list.\r\nAdded ") +
-                QString::number(defaults.size() - present) + Text(" node(s)."),
-            Text("Default node info"));
+        services_.dialogs.Message(MessageIcon::Information,
+                                  QString::number(present) +
+                                      u" node(s) already existed in the list.\r\nAdded "_s +
+                                      QString::number(defaults.size() - present) + u" node(s)."_s,
+                                  u"Default node info"_s);
 }
 
 void ExclusionEditor::mnuAddNetNode_Click() {
-    services_.dialogs.Trap(Text("Error in Menu AddNetNode"), [this] {
+    services_.dialogs.Trap(u"Error in Menu AddNetNode"_s, [this] {
         const QString node = services_.askForNode();
         if (!Trim(node).isEmpty())
             AddAskedNode(node);
@@ -144,13 +144,12 @@ void ExclusionEditor::AddAskedNode(const QString& node) {
     QString type = answer.Field(1);
     if (const int row = RowOf(name, type); row != 0) {
         SelectOnly(row);
-        services_.dialogs.Message(MessageIcon::Exclamation,
-                                  Text("Node already exists in the list."), Text("Node warning"));
+        services_.dialogs.Message(MessageIcon::Exclamation, u"Node already exists in the list."_s,
+                                  u"Node warning"_s);
         return;
     }
     if (Trim(name).isEmpty()) {
-        services_.dialogs.Message(MessageIcon::Critical, Text("Invalid node name."),
-                                  Text("Node error"));
+        services_.dialogs.Message(MessageIcon::Critical, u"Invalid node name."_s, u"Node error"_s);
         return;
     }
     if (Trim(type).isEmpty())

@@ -1,5 +1,6 @@
 #include "options/NodeTypes.h"
 
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "windowservices/PredefinedIcons.h"
 
@@ -7,8 +8,7 @@ namespace netrove {
 namespace {
 
 /// The keys of the network's pictures that show them.
-constexpr std::array PictureKeys{QLatin1String("folder"), QLatin1String("server"),
-                                 QLatin1String("domain"), QLatin1String("network")};
+constexpr std::array PictureKeys{"folder"_L1, "server"_L1, "domain"_L1, "network"_L1};
 static_assert(PictureKeys.size() == NodeTypes.size());
 
 } // namespace

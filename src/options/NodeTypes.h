@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ImageList.h"
+#include "runtime/SourceText.h"
 
 #include <QIcon>
 #include <QString>
@@ -10,8 +11,7 @@
 namespace netrove {
 
 /// The words for the type of an excluded node, in the order in which they are offered.
-inline constexpr std::array NodeTypes{QLatin1String("Folder"), QLatin1String("Workstation"),
-                                      QLatin1String("Workgroup"), QLatin1String("Network")};
+inline constexpr std::array NodeTypes{"Folder"_L1, "Workstation"_L1, "Workgroup"_L1, "Network"_L1};
 
 /// The picture of one of these, by its place.
 [[nodiscard]] QIcon NodeTypeIcon(std::size_t type);

@@ -42,7 +42,7 @@ QLineEdit* MakeShownText(QWidget& parent, const char* name, const char* toolTip)
 } // namespace
 
 OptionControls::OptionControls(QDialog& dialog)
-    : SSTab1(Named(new QTabWidget(&dialog), Text("SSTab1"))), imgXPNWImages(NodePicture) {
+    : SSTab1(Named(new QTabWidget(&dialog), u"SSTab1"_s)), imgXPNWImages(NodePicture) {
     MakeGeneral();
     MakeSearch();
     MakeResults();
@@ -69,12 +69,12 @@ void OptionControls::MakeGeneral() {
     OptionPage sample(page, "Frame10", "Font Sample");
     sample.KeepColors();
     txtFont = MakeShownText(sample.Widget(), "txtFont", "");
-    txtFont->setAccessibleName(Text("Font Sample"));
+    txtFont->setAccessibleName(u"Font Sample"_s);
     txtFont->setText(tr("The quick brown fox jumps over the lazy dog. 0123456789"));
     txtFont->setCursorPosition(0);
     txtFont->setFixedHeight(static_cast<int>(txtFont->sizeHint().height() * SampleHeight));
     sample.AddRow(*txtFont);
-    cmdChangeFont = NamedButton(sample.Widget(), Text("cmdChangeFont"), Text("Change Font"),
+    cmdChangeFont = NamedButton(sample.Widget(), u"cmdChangeFont"_s, u"Change Font"_s,
                                 "Select a specific font for the list windows");
     sample.AddAtRight(*cmdChangeFont);
     page.AddStretch();
@@ -95,10 +95,10 @@ void OptionControls::MakeSearch() {
 
 void OptionControls::MakeList(QWidget& page) {
     AddNodeTypeIcons(imgXPNWImages);
-    lvwExcNetNode = Named(new ListView(&page), Text("lvwExcNetNode"));
+    lvwExcNetNode = Named(new ListView(&page), u"lvwExcNetNode"_s);
     lvwExcNetNode->setAccessibleName(tr("Excluded network nodes"));
-    lvwExcNetNode->AddColumn(Text("Node Name"), Qt::AlignLeft, NameColumnWidth);
-    lvwExcNetNode->AddColumn(Text("Node Type"), Qt::AlignLeft, TypeColumnWidth);
+    lvwExcNetNode->AddColumn(u"Node Name"_s, Qt::AlignLeft, NameColumnWidth);
+    lvwExcNetNode->AddColumn(u"Node Type"_s, Qt::AlignLeft, TypeColumnWidth);
     lvwExcNetNode->Header()->setStretchLastSection(true);
     lvwExcNetNode->SetCheckBoxes(true);
     lvwExcNetNode->SetIcons(&imgXPNWImages);
@@ -129,7 +129,7 @@ void OptionControls::MakeFormats(OptionPage& page) {
     optKB = MakeOption(parent, "optKB", "KiloBytes", "Size in KiloBytes");
     optMB = MakeOption(parent, "optMB", "MegaBytes", "Size in MegaBytes");
     page.AddOptions("Size Format for Results:", {optB, optKB, optMB});
-    cboNumDec = Named(new QComboBox(&parent), Text("cboNumDec"));
+    cboNumDec = Named(new QComboBox(&parent), u"cboNumDec"_s);
     for (int decimals = 0; decimals <= 10; ++decimals)
         cboNumDec->addItem(QString::number(decimals));
     page.AddField("Number of decimal places", *cboNumDec);
@@ -185,20 +185,18 @@ void OptionControls::MakeSystem(OptionPage& page) {
 }
 
 void OptionControls::MakeMenu(QDialog& dialog) {
-    mnuOptPopUp = Named(new QMenu(&dialog), Text("mnuOptPopUp"));
-    mnuAddNetNode =
-        Named(mnuOptPopUp->addAction(Text("Add a Network Node...")), Text("mnuAddNetNode"));
-    mnuRemSel =
-        Named(mnuOptPopUp->addAction(Text("Remove the Selected Node(s)")), Text("mnuRemSel"));
-    mnuOptPopUp->addSeparator()->setObjectName(Text("mnuSep1"));
-    mnuAddDef = Named(mnuOptPopUp->addAction(Text("Add Default Nodes")), Text("mnuAddDef"));
+    mnuOptPopUp = Named(new QMenu(&dialog), u"mnuOptPopUp"_s);
+    mnuAddNetNode = Named(mnuOptPopUp->addAction(u"Add a Network Node..."_s), u"mnuAddNetNode"_s);
+    mnuRemSel = Named(mnuOptPopUp->addAction(u"Remove the Selected Node(s)"_s), u"mnuRemSel"_s);
+    mnuOptPopUp->addSeparator()->setObjectName(u"mnuSep1"_s);
+    mnuAddDef = Named(mnuOptPopUp->addAction(u"Add Default Nodes"_s), u"mnuAddDef"_s);
 }
 
 void OptionControls::MakeButtons(QDialog& dialog) {
-    cmdDefaults = NamedButton(dialog, Text("cmdDefaults"), Text("&Defaults"));
-    cmdApply = NamedButton(dialog, Text("cmdApply"), Text("&Apply"));
-    OKCmd = NamedButton(dialog, Text("OKCmd"), Text("&OK"));
-    CancelCmd = NamedButton(dialog, Text("CancelCmd"), Text("&Cancel"));
+    cmdDefaults = NamedButton(dialog, u"cmdDefaults"_s, u"&Defaults"_s);
+    cmdApply = NamedButton(dialog, u"cmdApply"_s, u"&Apply"_s);
+    OKCmd = NamedButton(dialog, u"OKCmd"_s, u"&OK"_s);
+    CancelCmd = NamedButton(dialog, u"CancelCmd"_s, u"&Cancel"_s);
     OKCmd->setDefault(true);
     auto* buttons = new QHBoxLayout;
     for (QPushButton* button : {cmdDefaults, cmdApply, OKCmd, CancelCmd}) {
@@ -216,8 +214,8 @@ void OptionControls::LeaveColors() const {
     const QWidget* page = SSTab1;
     for (const char* name : {"txtDateFormat", "txtOSver", "txtUser", "txtOS", "Label1",
                              "MaxFilesTxt", "SaveFolTxt", "ConDLTxt", "txtFont", "txtCurComp"})
-        page->findChild<QWidget*>(Text(name))->setProperty(TagProperty, Text("NOCOLOR"));
-    lblDateEx->setProperty(TagProperty, Text("LITE"));
+        page->findChild<QWidget*>(Text(name))->setProperty(TagProperty, u"NOCOLOR"_s);
+    lblDateEx->setProperty(TagProperty, u"LITE"_s);
 }
 
 } // namespace netrove

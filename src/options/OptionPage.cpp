@@ -53,9 +53,8 @@ QLabel* OptionPage::NewLabel(const char* text, const QString& of) {
 YesNoOptions OptionPage::AddYesNo(const char* question, const char* name) {
     const int row = NextRow();
     grid_.addWidget(NewLabel(question, Text(name)), row, 0);
-    const YesNoOptions options{
-        Named(new QRadioButton(Text("Yes"), &widget_), u"optYes" + Text(name)),
-        Named(new QRadioButton(Text("No"), &widget_), u"optNo" + Text(name))};
+    const YesNoOptions options{Named(new QRadioButton(u"Yes"_s, &widget_), u"optYes" + Text(name)),
+                               Named(new QRadioButton(u"No"_s, &widget_), u"optNo" + Text(name))};
     Group(widget_, {options.Yes, options.No});
     int column = 1;
     for (QRadioButton* option : {options.Yes, options.No}) {
@@ -126,7 +125,7 @@ void OptionPage::AddStretch() {
 }
 
 void OptionPage::KeepColors() const {
-    widget_.setProperty(TagProperty, Text("NOCOLOR"));
+    widget_.setProperty(TagProperty, u"NOCOLOR"_s);
     widget_.setPalette(QGuiApplication::palette());
     widget_.setAutoFillBackground(true);
 }
@@ -137,7 +136,7 @@ QRadioButton* MakeOption(QWidget& parent, const char* name, const char* caption,
 }
 
 QPushButton* MakeBrowseButton(QWidget& parent, const char* name, const char* toolTip) {
-    auto* button = NamedButton(parent, Text(name), Text("&..."), toolTip);
+    auto* button = NamedButton(parent, Text(name), u"&..."_s, toolTip);
     button->setAccessibleName(button->toolTip());
     button->setFixedWidth(button->sizeHint().height() * 3 / 2);
     return button;

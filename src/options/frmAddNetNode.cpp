@@ -39,7 +39,7 @@ constexpr std::array<TypeOption, NodeTypes.size()> TypeOptions{{{"optFolder", "&
 
 QGroupBox* MakeFrame(QWidget& parent, const char* name, const char* caption) {
     auto* frame = Named(new QGroupBox(Text(caption), &parent), Text(name));
-    frame->setProperty(TagProperty, Text("FORE"));
+    frame->setProperty(TagProperty, u"FORE"_s);
     return frame;
 }
 
@@ -47,8 +47,8 @@ QGroupBox* MakeFrame(QWidget& parent, const char* name, const char* caption) {
 
 frmAddNetNode::frmAddNetNode(Dialogs& dialogs, const DialogLook& look, const QWidget* owner,
                              QWidget* parent)
-    : ProgramDialog(Text("frmAddNetNode"), look, parent), dialogs_(dialogs) {
-    setWindowTitle(Text("Add a Network Node"));
+    : ProgramDialog(u"frmAddNetNode"_s, look, parent), dialogs_(dialogs) {
+    setWindowTitle(u"Add a Network Node"_s);
     MakeControls();
     connect(cmdBrNetNode_, &QPushButton::clicked, this, [this] { cmdBrNetNode_Click(); });
     for (const QRadioButton* type : types_)
@@ -61,8 +61,8 @@ frmAddNetNode::frmAddNetNode(Dialogs& dialogs, const DialogLook& look, const QWi
 
 void frmAddNetNode::MakeControls() {
     auto* buttons = new QHBoxLayout;
-    auto* cmdOK = NamedButton(*this, Text("cmdOK"), Text("&OK"));
-    auto* cmdCancel = NamedButton(*this, Text("cmdCancel"), Text("&Cancel"));
+    auto* cmdOK = NamedButton(*this, u"cmdOK"_s, u"&OK"_s);
+    auto* cmdCancel = NamedButton(*this, u"cmdCancel"_s, u"&Cancel"_s);
     connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
     connect(cmdCancel, &QPushButton::clicked, this, [this] { reject(); });
     cmdOK->setDefault(true);
@@ -81,10 +81,10 @@ void frmAddNetNode::MakeControls() {
 QWidget* frmAddNetNode::MakeNameFrame() {
     QGroupBox* frame = MakeFrame(*this, "Frame1", "Network Node Name");
     txtNetNodeName_ = MakeLine(*frame, "txtNetNodeName", "Enter the name of a network node");
-    txtNetNodeName_->setProperty(TagProperty, Text("NOCOLOR"));
+    txtNetNodeName_->setProperty(TagProperty, u"NOCOLOR"_s);
     txtNetNodeName_->setAccessibleName(frame->title());
     cmdBrNetNode_ = MakeBrowseButton(*frame, "cmdBrNetNode", "Browse for the network node");
-    Label1_ = Named(new QLabel(frame), Text("Label1"));
+    Label1_ = Named(new QLabel(frame), u"Label1"_s);
     auto* grid = new QGridLayout(frame);
     grid->addWidget(txtNetNodeName_, 0, 0);
     grid->addWidget(cmdBrNetNode_, 0, 1);
@@ -128,12 +128,12 @@ void frmAddNetNode::TypeChosen() {
 }
 
 void frmAddNetNode::cmdBrNetNode_Click() {
-    dialogs_.Trap(Text("Browse Error..."), [this] {
+    dialogs_.Trap(u"Browse Error..."_s, [this] {
         QString answer;
         if (types_[FolderType]->isChecked())
-            answer = BrowseForFolder(Text("Select a folder"), false, dialogs_);
+            answer = BrowseForFolder(u"Select a folder"_s, false, dialogs_);
         else if (types_[WorkstationType]->isChecked())
-            answer = BrowseForComputer(Text("Select a workstation"), dialogs_);
+            answer = BrowseForComputer(u"Select a workstation"_s, dialogs_);
         if (!Trim(answer).isEmpty())
             txtNetNodeName_->setText(ParseFolder(answer));
     });

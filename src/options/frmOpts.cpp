@@ -21,7 +21,7 @@ constexpr int CancelledByUser = 32755;
 } // namespace
 
 frmOpts::frmOpts(const OptionServices& services, QWidget* owner)
-    : ProgramDialog(Text("frmOpts"), services.look, owner)
+    : ProgramDialog(u"frmOpts"_s, services.look, owner)
     , services_(services)
     , controls_(*this)
     , exclusions_(controls_, {.settings = services.settings,
@@ -30,7 +30,7 @@ frmOpts::frmOpts(const OptionServices& services, QWidget* owner)
                               .askForNode = [this] { return AskForNode(); }})
     , checks_(controls_, services.dialogs)
     , values_(controls_, exclusions_, services) {
-    setWindowTitle(Text("Options"));
+    setWindowTitle(u"Options"_s);
     ConnectControls();
     ConnectEdits();
     ConnectExclusions();
@@ -38,7 +38,7 @@ frmOpts::frmOpts(const OptionServices& services, QWidget* owner)
 }
 
 void frmOpts::Form_Load() {
-    services_.dialogs.Trap(Text("frmOpts.Form_Load Error"), [this] {
+    services_.dialogs.Trap(u"frmOpts.Form_Load Error"_s, [this] {
         SetClientSize(*this, ClientSize.width(), ClientSize.height());
         LoadSkin(ClientSize);
         FixSizeAroundContents(*this);
@@ -124,7 +124,7 @@ void frmOpts::ShowDateExample() {
 
 void frmOpts::BrowseFolCmd_Click() {
     const QString folder =
-        BrowseForFolder(Text("In what folder do you want to save your files?"), true,
+        BrowseForFolder(u"In what folder do you want to save your files?"_s, true,
                         services_.dialogs, LocalPath(Trim(controls_.SaveFolTxt->text())));
     if (!Trim(folder).isEmpty())
         controls_.SaveFolTxt->setText(folder);
@@ -140,7 +140,7 @@ void frmOpts::cmdChangeFont_Click() {
         EnableApply();
     });
     if (failure && failure->Number() != CancelledByUser)
-        services_.dialogs.Failure(failure, Text("Options Error..."));
+        services_.dialogs.Failure(failure, u"Options Error..."_s);
 }
 
 void frmOpts::cmdDefaults_Click() {
@@ -158,7 +158,7 @@ void frmOpts::cmdApply_Click() {
         ApplyFailed_ = false;
     });
     controls_.cmdApply->setEnabled(false);
-    services_.dialogs.Failure(failure, Text("Options Error..."));
+    services_.dialogs.Failure(failure, u"Options Error..."_s);
 }
 
 void frmOpts::OKCmd_Click() {

@@ -1,5 +1,7 @@
 #include "options/modBrowse.h"
 
+#include "runtime/SourceText.h"
+
 namespace netrove {
 namespace {
 
@@ -14,7 +16,7 @@ QString BrowseForFolder(const QString& title, bool fromDrives, Dialogs& dialogs,
 
 QString BrowseForComputer(const QString& title, Dialogs& dialogs) {
     const std::optional<QString> name = dialogs.ChooseComputer(title);
-    return name ? QLatin1String("\\\\") + *name : QString();
+    return name ? "\\\\"_L1 + *name : QString();
 }
 
 } // namespace netrove

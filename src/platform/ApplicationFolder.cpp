@@ -1,5 +1,7 @@
 #include "platform/ApplicationFolder.h"
 
+#include "runtime/SourceText.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -13,11 +15,11 @@ constexpr QLatin1String Page("/Help/Netrove.html");
 } // namespace
 
 QString ProgramFolder() {
-    return QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
+    return QFileInfo(u"/proc/self/exe"_s).canonicalPath();
 }
 
 QString InstalledFolder(const QString& programFolder) {
-    const QString share = QDir::cleanPath(programFolder + QLatin1String("/../share/netrove"));
+    const QString share = QDir::cleanPath(programFolder + "/../share/netrove"_L1);
     return QFileInfo::exists(share + Page) ? share : QString();
 }
 
@@ -26,8 +28,8 @@ QString ApplicationFolder(const QString& programFolder) {
     if (!programFolder.isEmpty() && InstalledFolder(programFolder).isEmpty() &&
         QFileInfo(programFolder).isWritable())
         return programFolder;
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                         QLatin1String("/netrove");
+    const QString data =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/netrove"_L1;
     QDir().mkpath(data);
     return data;
 }

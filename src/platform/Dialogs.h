@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <QString>
 
@@ -76,9 +77,8 @@ public:
                  const QString& more = {}) {
         if (failure)
             Message(MessageIcon::Critical,
-                    QString::number(failure->Number()) + QStringLiteral("\r\n") +
-                        failure->Description() +
-                        (more.isEmpty() ? QString() : QStringLiteral("\r\n") + more),
+                    QString::number(failure->Number()) + u"\r\n"_s + failure->Description() +
+                        (more.isEmpty() ? QString() : u"\r\n"_s + more),
                     title);
     }
 

@@ -1,5 +1,7 @@
 #include "platform/InstanceMarker.h"
 
+#include "runtime/SourceText.h"
+
 #include <QStandardPaths>
 
 namespace netrove {
@@ -9,7 +11,7 @@ QString MarkerPath() {
     QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (folder.isEmpty())
         folder = QStandardPaths::writableLocation(QStandardPaths::TempLocation);
-    return folder + QLatin1String("/TBS_Netrove.lock");
+    return folder + "/TBS_Netrove.lock"_L1;
 }
 
 } // namespace

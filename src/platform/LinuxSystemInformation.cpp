@@ -21,7 +21,7 @@ QString LinuxSystemInformation::UserName() const {
 }
 
 QString LinuxSystemInformation::ComputerName() const {
-    return QSysInfo::machineHostName().section(QLatin1Char('.'), 0, 0);
+    return QSysInfo::machineHostName().section(u'.', 0, 0);
 }
 
 } // namespace netrove

@@ -193,8 +193,8 @@ QByteArray LocalFiles::Existing(const QString& path) const {
 /// Goes down the path and takes for each element that isn't there as written the entry that was
 /// given out under that text; empty if there is none.
 QByteArray LocalFiles::LookUp(const QString& path) const {
-    QByteArray reached = path.startsWith(QLatin1Char('/')) ? "/" : "./";
-    for (const QString& element : path.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
+    QByteArray reached = path.startsWith(u'/') ? "/" : "./";
+    for (const QString& element : path.split(u'/', Qt::SkipEmptyParts)) {
         QByteArray name = BytesOf(element);
         if (name.isEmpty() || !Exists(reached + name)) {
             const auto listing = LocalListing::Read(reached);

@@ -17,9 +17,9 @@ struct NotSearched {
     QDateTime time;
     bool answersNow = false; ///< it was asked again since, and answered
 
-    [[nodiscard]] bool IsShare() const { return name.count(QLatin1Char('\\')) > 2; }
+    [[nodiscard]] bool IsShare() const { return name.count(u'\\') > 2; }
     /// The computer that it is or belongs to, without "\\\\".
-    [[nodiscard]] QString Computer() const { return name.section(QLatin1Char('\\'), 2, 2); }
+    [[nodiscard]] QString Computer() const { return name.section(u'\\', 2, 2); }
 
     [[nodiscard]] bool operator==(const NotSearched&) const = default;
 

@@ -2,6 +2,7 @@
 
 #include "platform/IniLine.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -103,7 +104,7 @@ QString ProfileFile::MakeCopy(const QByteArray& bytes) const {
     QFile copy;
     int number = 0;
     do {
-        copy.setFileName(path_ + QStringLiteral(".copy-") + QString::number(++number));
+        copy.setFileName(path_ + u".copy-"_s + QString::number(++number));
     } while (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly) && copy.exists());
     copy.setPermissions(QFile::permissions(path_));
     if (copy.write(bytes) == bytes.size() && copy.flush())

@@ -14,7 +14,7 @@ namespace netrove {
 }
 
 [[nodiscard]] inline QString KeyBelow(const QString& key, const QString& name) {
-    return key + QLatin1Char('\\') + name;
+    return key + u'\\' + name;
 }
 
 /// Of a file, by its folder: no folder has such a name.

@@ -3,6 +3,7 @@
 #include "platform/IniReader.h"
 #include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Waiting.h"
 
@@ -29,7 +30,7 @@ public:
     explicit Reader(QStringList& problems) : problems_(problems) {}
 
     Node Read(const QString& folder) {
-        ReadIni(folder + QLatin1String("/sample-network.ini"));
+        ReadIni(folder + "/sample-network.ini"_L1);
         Node top{.folder = folder};
         ReadBelow(top, {}, Levels);
         for (const IniSection& section : ini_.Sections()) {
@@ -59,9 +60,9 @@ private:
         if (!find)
             return;
         do {
-            if (entry.IsDirectory() && !entry.fileName.startsWith(QLatin1Char('.')))
+            if (entry.IsDirectory() && !entry.fileName.startsWith(u'.'))
                 node.below.push_back({.name = entry.fileName,
-                                      .folder = node.folder + QLatin1Char('/') + entry.fileName,
+                                      .folder = node.folder + u'/' + entry.fileName,
                                       .fault = node.fault,
                                       .delay = node.delay});
         } while (find->FindNext(entry));
@@ -71,7 +72,7 @@ private:
         });
         for (Node& child : node.below) {
             const QString childSection =
-                section.isEmpty() ? child.name : section + QLatin1Char('/') + child.name;
+                section.isEmpty() ? child.name : section + u'/' + child.name;
             if (const IniSection* settings = ini_.Find(childSection))
                 Apply(*settings, child, levels == 1);
             ReadBelow(child, childSection, levels - 1);
@@ -210,20 +211,18 @@ std::vector<NetRecord> FolderProvider::WorkgroupRecords() const {
 std::vector<NetRecord> FolderProvider::ServerRecords(const Node& workgroup) const {
     std::vector<NetRecord> records;
     for (const Node& server : workgroup.below)
-        records.push_back(
-            Record(NetEnum::DisplayServer, QLatin1String("\\\\") + server.name, server.comment));
+        records.push_back(Record(NetEnum::DisplayServer, "\\\\"_L1 + server.name, server.comment));
     return records;
 }
 
 std::vector<NetRecord> FolderProvider::ShareRecords(const Node& server, bool printers) const {
     std::vector<NetRecord> records;
     for (const Node& share : server.below) {
-        if (share.isPrinter != printers || share.name.endsWith(QLatin1Char('$')))
+        if (share.isPrinter != printers || share.name.endsWith(u'$'))
             continue;
-        records.push_back(
-            Record(NetEnum::DisplayShare,
-                   QLatin1String("\\\\") + server.name + QLatin1Char('\\') + share.name,
-                   share.comment, printers ? NetEnum::TypePrint : NetEnum::TypeDisk));
+        records.push_back(Record(NetEnum::DisplayShare,
+                                 "\\\\"_L1 + server.name + u'\\' + share.name, share.comment,
+                                 printers ? NetEnum::TypePrint : NetEnum::TypeDisk));
     }
     return records;
 }
@@ -263,7 +262,7 @@ const FolderProvider::Node* FolderProvider::EnterShare(const UncPath& path) {
 
 QString FolderProvider::LocalText(const Node& share, const UncPath& path) {
     const QString below = path.RelativePath();
-    return below.isEmpty() ? share.folder : share.folder + QLatin1Char('/') + below;
+    return below.isEmpty() ? share.folder : share.folder + u'/' + below;
 }
 
 std::unique_ptr<FileFind> FolderProvider::FindFirst(const UncPath& path, FindData& first) {

@@ -29,7 +29,7 @@ bool Junctions::IsInLoop(const QString& folderKey) const {
     QHash<QStringView, qsizetype> passes;
     const QStringView key(folderKey);
     for (qsizetype begin = 0; begin < key.size();) {
-        const qsizetype found = key.indexOf(QLatin1Char('\\'), begin);
+        const qsizetype found = key.indexOf(u'\\', begin);
         const qsizetype end = found < 0 ? key.size() : found;
         if (keys_.contains(folderKey.left(end)) &&
             ++passes[key.sliced(begin, end - begin)] > MaxPasses)

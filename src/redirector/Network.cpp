@@ -2,6 +2,7 @@
 
 #include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <algorithm>
 #include <limits>
@@ -45,7 +46,7 @@ bool FitsBelow(const NetRecord& node, const NetRecord& record) {
 /// Whether an entry's name can stand in a path; "." and ".." are folders in every listing.
 bool IsEntry(const FindData& entry) {
     const QString& name = entry.fileName;
-    const bool isDots = name == QLatin1String(".") || name == QLatin1String("..");
+    const bool isDots = name == "."_L1 || name == ".."_L1;
     return IsPathElement(name) || (isDots && entry.IsDirectory());
 }
 
@@ -180,9 +181,9 @@ std::optional<std::vector<NetRecord>> Network::List(const NetRecord& node, qint3
 
 /// Of a folder there is nothing to tell but that its share isn't searched to the end.
 void Network::Note(const UncPath& path, const NetworkProvider& provider, bool answers) {
-    QString name = QLatin1String("\\\\") + path.Server();
+    QString name = "\\\\"_L1 + path.Server();
     if (!path.Share().isEmpty())
-        name += QLatin1Char('\\') + path.Share();
+        name += u'\\' + path.Share();
     if (answers && provider.BrokeOff())
         report_.NoteSilence(name, NotSearched::tr("A list broke off: the rest isn't searched."));
     else if (!answers) {

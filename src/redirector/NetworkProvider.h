@@ -51,7 +51,7 @@ public:
     [[nodiscard]] virtual bool BrokeOff() const { return false; }
 
     /// Where this provider looks for computers: a sentence for the user.
-    [[nodiscard]] virtual QString Source() const { return QLatin1Char('"') + name_ + u'"'; }
+    [[nodiscard]] virtual QString Source() const { return u'"' + name_ + u'"'; }
 
     /// The workgroup of a computer, empty where nobody answers.
     [[nodiscard]] virtual QString Workgroup(const QString& server) = 0;

@@ -6,6 +6,7 @@
 #include "redirector/SmbProvider.h"
 #include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
 #include <QCoreApplication>
@@ -25,18 +26,17 @@ bool IsName(const QString& text) {
 /// Takes "ADDRESS", "ADDRESS:PORT" or "[IPv6]:PORT" apart; false where the text is none of them.
 bool TakeAddress(const QString& text, SmbHost& host) {
     QString port;
-    if (text.startsWith(QLatin1Char('['))) {
-        const qsizetype end = text.indexOf(QLatin1Char(']'));
-        if (end < 0 || (end + 1 < text.size() && text[end + 1] != QLatin1Char(':')))
+    if (text.startsWith(u'[')) {
+        const qsizetype end = text.indexOf(u']');
+        if (end < 0 || (end + 1 < text.size() && text[end + 1] != u':'))
             return false;
         host.address = text.mid(1, end - 1);
-        port = end + 1 < text.size() ? text.mid(end + 2) : QStringLiteral("445");
+        port = end + 1 < text.size() ? text.mid(end + 2) : u"445"_s;
     } else {
-        if (text.count(QLatin1Char(':')) > 1)
+        if (text.count(u':') > 1)
             return false;
-        host.address = text.section(QLatin1Char(':'), 0, 0);
-        port = text.contains(QLatin1Char(':')) ? text.section(QLatin1Char(':'), 1)
-                                               : QStringLiteral("445");
+        host.address = text.section(u':', 0, 0);
+        port = text.contains(u':') ? text.section(u':', 1) : u"445"_s;
     }
     bool isNumber = false;
     host.port = port.toUShort(&isNumber);
@@ -110,7 +110,7 @@ private:
 
     [[nodiscard]] SmbComputers ReadComputers(const IniSection& section) {
         const auto isComputer = [](const QString& key) {
-            return key.startsWith(QLatin1String("Computer"), Qt::CaseInsensitive);
+            return key.startsWith("Computer"_L1, Qt::CaseInsensitive);
         };
         NoteUnknownKeys(section, [&](const QString& key) {
             return isComputer(key) || EqualText(key, u"Find");
@@ -135,10 +135,10 @@ private:
     }
 
     [[nodiscard]] std::optional<SmbHost> ReadHost(const IniEntry& entry) {
-        const QStringList parts = entry.value.split(QLatin1Char('|'));
+        const QStringList parts = entry.value.split(u'|');
         SmbHost host;
         host.name = Trim(parts.value(0));
-        while (host.name.startsWith(QLatin1Char('\\')))
+        while (host.name.startsWith(u'\\'))
             host.name.remove(0, 1);
         if (const QString workgroup = Trim(parts.value(1)); !workgroup.isEmpty())
             host.workgroup = workgroup;

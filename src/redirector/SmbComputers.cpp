@@ -35,7 +35,7 @@ SmbComputers::SmbComputers(const std::vector<SmbHost>& hosts,
 }
 
 bool SmbComputers::IsOfOneLink(const QString& address) {
-    return address.contains(QLatin1Char('%'));
+    return address.contains(u'%');
 }
 
 bool SmbComputers::Look(const std::function<void()>& onNews) {

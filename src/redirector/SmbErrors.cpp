@@ -85,7 +85,7 @@ ErrorNumber ErrorOfSmbRequest(SmbPool& pool, const SmbRequest& request, int stat
         return ErrorNumber::PathNotFound;
     SmbRequest above = request;
     above.kind = SmbRequest::Kind::Stat;
-    above.path.truncate(std::max(above.path.lastIndexOf(QLatin1Char('/')), qsizetype{0}));
+    above.path.truncate(std::max(above.path.lastIndexOf(u'/'), qsizetype{0}));
     bool isFolder = false;
     const auto take = [&](SmbAnswer& part) {
         const auto* some = std::get_if<SmbEntries>(&part);

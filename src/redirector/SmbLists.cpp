@@ -21,8 +21,7 @@ bool MoveItems(std::vector<Item>& from, std::vector<Item>& to, std::size_t most)
 }
 
 bool TakeShares(SmbShares& from, SmbShares& to) {
-    std::erase_if(from,
-                  [](const SmbShare& share) { return share.name.endsWith(QLatin1Char('$')); });
+    std::erase_if(from, [](const SmbShare& share) { return share.name.endsWith(u'$'); });
     return MoveItems(from, to, MaxShares);
 }
 

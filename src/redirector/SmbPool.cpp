@@ -1,6 +1,7 @@
 #include "redirector/SmbPool.h"
 
 #include "redirector/LogonUse.h"
+#include "runtime/SourceText.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -10,11 +11,10 @@
 namespace netrove {
 
 QString SmbPool::DefaultHelper() {
-    const QString name = QStringLiteral("netrove-smb");
-    const QString folder = QCoreApplication::applicationDirPath() + QLatin1Char('/');
+    const QString name = u"netrove-smb"_s;
+    const QString folder = QCoreApplication::applicationDirPath() + u'/';
     const QString beside = folder + name;
-    return QFileInfo(beside).isExecutable() ? beside
-                                            : folder + QLatin1String("../libexec/netrove/") + name;
+    return QFileInfo(beside).isExecutable() ? beside : folder + "../libexec/netrove/"_L1 + name;
 }
 
 int SmbPool::Run(const SmbRequest& request, const SmbWorker::Part& part,

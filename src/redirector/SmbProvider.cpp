@@ -5,6 +5,7 @@
 #include "redirector/SmbErrors.h"
 #include "redirector/SmbPlace.h"
 #include "runtime/Names.h"
+#include "runtime/SourceText.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -73,8 +74,7 @@ std::vector<NetRecord> SmbProvider::Workgroups() const {
 std::vector<NetRecord> SmbProvider::Servers(const QString& workgroup) const {
     std::vector<NetRecord> records;
     for (const SmbHost* host : computers_.In(workgroup))
-        records.push_back(
-            Record(NetEnum::DisplayServer, QLatin1String("\\\\") + host->name, QString()));
+        records.push_back(Record(NetEnum::DisplayServer, "\\\\"_L1 + host->name, QString()));
     return records;
 }
 
@@ -86,7 +86,7 @@ void SmbProvider::ExpectKnown(const NetRecord& node) {
         return;
     std::vector<WalkPlace> places;
     for (const SmbHost& host : computers_.All()) {
-        const QString name = QLatin1String("\\\\") + host.name;
+        const QString name = "\\\\"_L1 + host.name;
         const bool isBelow = host.workgroup && !SmbComputers::IsOfOneLink(host.address) &&
                              (node.dwDisplayType == NetEnum::DisplayNetwork ||
                               IsSameName(*host.workgroup, node.lpRemoteName)) &&
@@ -123,10 +123,8 @@ std::optional<std::vector<NetRecord>> SmbProvider::SharesOf(const QString& serve
     std::vector<NetRecord> records;
     for (const SmbShare& share : shares) {
         if (share.kind == wanted)
-            records.push_back(
-                Record(NetEnum::DisplayShare,
-                       QLatin1String("\\\\") + server + QLatin1Char('\\') + share.name,
-                       share.comment, type));
+            records.push_back(Record(NetEnum::DisplayShare, "\\\\"_L1 + server + u'\\' + share.name,
+                                     share.comment, type));
     }
     return records;
 }
@@ -267,10 +265,9 @@ void SmbProvider::AddComputer(const WalkPlace& computer, const UncPath& path,
                           .key = FolderKey(path),
                           .path = computer.remoteName});
     for (const QString& share : plan_->AdminShares()) {
-        const QString folder = computer.remoteName + QLatin1Char('\\') + share;
+        const QString folder = computer.remoteName + u'\\' + share;
         const auto folderPath = UncPath::Parse(folder);
-        if (folderPath &&
-            plan_->EntersFolder(folder + QLatin1Char('\\'), computer.remoteName.size(), 0))
+        if (folderPath && plan_->EntersFolder(folder + u'\\', computer.remoteName.size(), 0))
             AddStart(*folderPath, computer.remoteName.size(), starts);
     }
 }
@@ -283,7 +280,7 @@ void SmbProvider::AddStart(const UncPath& path, qsizetype nodeLength,
     starts.push_back({.request = request,
                       .server = SmbServers::NameOf(request),
                       .key = FolderKey(path),
-                      .path = path.Text() + QLatin1Char('\\'),
+                      .path = path.Text() + u'\\',
                       .nodeLength = nodeLength});
 }
 

@@ -48,7 +48,7 @@ constexpr double Rise = 0.05;
 } // namespace
 
 QString SmbServers::NameOf(const SmbRequest& request) {
-    return NameKey(request.host) + QLatin1Char(':') + QString::number(request.port);
+    return NameKey(request.host) + u':' + QString::number(request.port);
 }
 
 void SmbServers::BeginWalk() {

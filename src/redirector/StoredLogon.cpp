@@ -52,8 +52,8 @@ QString DecodedText(QByteArrayView encoded) {
 
 SmbLogon LogonOf(const StoredLogon& stored) {
     SmbLogon logon{.user = stored.user, .password = stored.password};
-    const qsizetype backslash = stored.user.indexOf(QLatin1Char('\\'));
-    const qsizetype at = stored.user.lastIndexOf(QLatin1Char('@'));
+    const qsizetype backslash = stored.user.indexOf(u'\\');
+    const qsizetype at = stored.user.lastIndexOf(u'@');
     if (backslash >= 0) {
         logon.domain = stored.user.left(backslash);
         logon.user = stored.user.mid(backslash + 1);

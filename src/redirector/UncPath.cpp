@@ -1,15 +1,16 @@
 #include "redirector/UncPath.h"
 
 #include "runtime/Names.h"
+#include "runtime/SourceText.h"
 
 #include <algorithm>
 
 namespace netrove {
 
 std::optional<UncPath> UncPath::Parse(const QString& text) {
-    if (!text.startsWith(QLatin1String("\\\\")))
+    if (!text.startsWith("\\\\"_L1))
         return std::nullopt;
-    QStringList parts = text.mid(2).split(QLatin1Char('\\'));
+    QStringList parts = text.mid(2).split(u'\\');
     if (parts.size() > 1 && parts.last().isEmpty())
         parts.removeLast();
     if (!std::ranges::all_of(parts, IsPathElement))
@@ -23,11 +24,11 @@ std::optional<UncPath> UncPath::Parse(const QString& text) {
 }
 
 QString UncPath::Text() const {
-    QString text = QLatin1String("\\\\") + server_;
+    QString text = "\\\\"_L1 + server_;
     if (!share_.isEmpty())
-        text += QLatin1Char('\\') + share_;
+        text += u'\\' + share_;
     for (const QString& element : elements_)
-        text += QLatin1Char('\\') + element;
+        text += u'\\' + element;
     return text;
 }
 

@@ -19,7 +19,7 @@ public:
     [[nodiscard]] const QStringList& Elements() const { return elements_; } ///< below the share
 
     /// The elements joined by "/", empty at the top of the share.
-    [[nodiscard]] QString RelativePath() const { return elements_.join(QLatin1Char('/')); }
+    [[nodiscard]] QString RelativePath() const { return elements_.join(u'/'); }
     [[nodiscard]] QString Text() const;
 
 private:

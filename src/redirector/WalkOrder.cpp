@@ -19,7 +19,7 @@ bool IsFolder(const SmbEntry& entry) {
 }
 
 QString PathBelow(const QString& path, const QString& name) {
-    return path.isEmpty() ? name : path + QLatin1Char('/') + name;
+    return path.isEmpty() ? name : path + u'/' + name;
 }
 
 } // namespace
@@ -168,8 +168,8 @@ bool WalkOrder::IsEntered(const Step& step, const SmbEntry& entry) const {
         return false;
     const QString key = KeyBelow(step.start.key, entry.name);
     return !places_.contains(key) && !junctions_.IsInLoop(key) &&
-           plan_->EntersFolder(step.start.path + entry.name + QLatin1Char('\\'),
-                               step.start.nodeLength, step.depth);
+           plan_->EntersFolder(step.start.path + entry.name + u'\\', step.start.nodeLength,
+                               step.depth);
 }
 
 /// The file or subfolder of that name.
@@ -184,7 +184,7 @@ WalkOrder::Step WalkOrder::Below(const Step& step, const SmbEntry& entry) {
         below.file = entry;
     } else {
         below.start.key = KeyBelow(step.start.key, entry.name);
-        below.start.path += QLatin1Char('\\');
+        below.start.path += u'\\';
     }
     return below;
 }
@@ -311,9 +311,9 @@ void WalkOrder::DropFilesBefore(Steps::iterator place) {
 /// The walk comes to a file or folder whose turn hadn't come: it takes its place before those that
 /// follow.
 void WalkOrder::PassTo(const QString& key) {
-    const bool isFile = key.endsWith(QLatin1Char('\\'));
+    const bool isFile = key.endsWith(u'\\');
     const QString entryKey = isFile ? key.chopped(1) : key;
-    const qsizetype end = entryKey.lastIndexOf(QLatin1Char('\\'));
+    const qsizetype end = entryKey.lastIndexOf(u'\\');
     const auto& rests = isFile ? files_ : subfolders_;
     const auto found = rests.constFind(entryKey.left(std::max<qsizetype>(end, 0)));
     if (found == rests.cend())

@@ -1,6 +1,7 @@
 #include "runtime/Formats.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <QLocale>
 
@@ -63,7 +64,7 @@ QString YearText(QDate date, qsizetype width) {
 }
 
 bool IsDateLetter(QChar letter) {
-    return QStringLiteral("MDYHNS").contains(letter, Qt::CaseInsensitive);
+    return u"MDYHNS"_s.contains(letter, Qt::CaseInsensitive);
 }
 
 /// What a run of a date letter stands for.
@@ -122,7 +123,7 @@ double NumberOfText(const QString& text) {
     if (const QString separator = QLocale().decimalPoint(); separator != u".") {
         if (plain.contains(u'.'))
             throw RunTimeError(ErrorNumber::TypeMismatch);
-        plain.replace(separator, QStringLiteral("."));
+        plain.replace(separator, u"."_s);
     }
     bool isNumber = false;
     const double value = plain.toDouble(&isNumber);
@@ -153,13 +154,11 @@ QString GeneralDate(const QDateTime& value) {
     // The locale's short forms, but with the century and the seconds.
     const QLocale locale;
     QString date = locale.dateFormat(QLocale::ShortFormat);
-    if (!date.contains(QStringLiteral("yyyy")))
-        date.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    if (!date.contains(u"yyyy"_s))
+        date.replace(u"yy"_s, u"yyyy"_s);
     QString time = locale.timeFormat(QLocale::ShortFormat);
-    if (const qsizetype minute = time.indexOf(QStringLiteral("mm"));
-        minute > 0 && !time.contains(u's'))
-        time.insert(minute + 2,
-                    time[minute - 1] == u'.' ? QStringLiteral(".ss") : QStringLiteral(":ss"));
+    if (const qsizetype minute = time.indexOf(u"mm"_s); minute > 0 && !time.contains(u's'))
+        time.insert(minute + 2, time[minute - 1] == u'.' ? u".ss"_s : u":ss"_s);
     return locale.toString(value, date + u' ' + time);
 }
 

@@ -1,5 +1,7 @@
 #include "runtime/Names.h"
 
+#include "runtime/SourceText.h"
+
 #include <algorithm>
 
 namespace netrove {
@@ -13,8 +15,8 @@ QChar Folded(QChar character) {
 } // namespace
 
 bool IsLocalPathElement(QStringView text) {
-    return !text.isEmpty() && text != QLatin1String(".") && text != QLatin1String("..") &&
-           !text.contains(u'/') && !text.contains(QChar::Null);
+    return !text.isEmpty() && text != "."_L1 && text != ".."_L1 && !text.contains(u'/') &&
+           !text.contains(QChar::Null);
 }
 
 bool IsPathElement(QStringView text) {

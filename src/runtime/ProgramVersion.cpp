@@ -3,11 +3,11 @@
 namespace netrove {
 
 QString ProgramVersion() {
-    return QStringLiteral(NETROVE_VERSION);
+    return QString::fromUtf8(NETROVE_VERSION);
 }
 
 QDate ReleaseDate() {
-    return QDate::fromString(QStringLiteral(NETROVE_RELEASED), Qt::ISODate);
+    return QDate::fromString(QString::fromUtf8(NETROVE_RELEASED), Qt::ISODate);
 }
 
 } // namespace netrove

@@ -1,6 +1,7 @@
 #include "runtime/Text.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <algorithm>
 #include <array>
@@ -263,7 +264,7 @@ bool ToBoolean(QStringView text) {
 }
 
 QString BooleanWord(bool value) {
-    return value ? QStringLiteral("True") : QStringLiteral("False");
+    return value ? u"True"_s : u"False"_s;
 }
 
 } // namespace netrove

@@ -1,6 +1,7 @@
 #include "search/ExclusionLists.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
 #include <algorithm>
@@ -46,24 +47,24 @@ void ExclusionLists::TurnOff() {
 }
 
 void ExclusionLists::AddEntry(const QString& entry) {
-    const QStringList fields = entry.split(QLatin1Char('|'));
+    const QStringList fields = entry.split(u'|');
     if (fields.size() < 3)
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
     const QString type = UpperCase(fields[2]);
-    const bool folder = type == QLatin1String("FOLDER");
-    const bool workstation = type == QLatin1String("WORKSTATION");
-    const bool workgroup = type == QLatin1String("WORKGROUP");
-    const bool network = type == QLatin1String("NETWORK");
+    const bool folder = type == "FOLDER"_L1;
+    const bool workstation = type == "WORKSTATION"_L1;
+    const bool workgroup = type == "WORKGROUP"_L1;
+    const bool network = type == "NETWORK"_L1;
     if (!folder && !workstation && !workgroup && !network)
         return;
     if (!ToBoolean(fields[1]))
         return;
     const QString name = UpperCase(Trim(fields[0]));
     if (folder) {
-        ExcFolders.append(QLatin1Char('\\') + name + QLatin1Char('\\'));
+        ExcFolders.append(u'\\' + name + u'\\');
         ExcShares.append(name);
     } else if (workstation) {
-        ExcWorkstations.append(QLatin1String("\\\\") + name);
+        ExcWorkstations.append("\\\\"_L1 + name);
     } else if (workgroup) {
         ExcWorkgroups.append(name);
     } else {

@@ -1,6 +1,7 @@
 #include "search/FolderScan.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 
@@ -12,11 +13,11 @@ namespace netrove {
 namespace {
 
 QString FolderPath(const QString& root) {
-    return root.endsWith(QLatin1Char('\\')) ? root : root + QLatin1Char('\\');
+    return root.endsWith(u'\\') ? root : root + u'\\';
 }
 
 QString SearchPath(const QString& folderPath) {
-    return folderPath + QLatin1String("*.*");
+    return folderPath + "*.*"_L1;
 }
 
 /// Runs a step whose failure, of whatever kind, is passed over.
@@ -58,7 +59,7 @@ bool FolderScan::WalkEntry(WalkRecord& record, const QString& folderPath, const 
     if (context_.AbandonRequested)
         return false;
     const QString name = CutAtZero(entry.fileName);
-    if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
+    if (name.isEmpty() || name == "."_L1 || name == ".."_L1)
         return true;
     Yield();
     record.Root = folderPath + name;
@@ -71,8 +72,7 @@ bool FolderScan::IsExcluded(const QString& folderPath) {
         context_.services.exclusions.Folder(folderPath.mid(context_.NodeBaseStart - 1));
     if (entry == nullptr)
         return false;
-    context_.services.log.PrintBlock(
-        {QLatin1String("Exclude Folder: ") + *entry + QLatin1String(" in ") + folderPath});
+    context_.services.log.PrintBlock({"Exclude Folder: "_L1 + *entry + " in "_L1 + folderPath});
     return true;
 }
 

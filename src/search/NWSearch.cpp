@@ -2,6 +2,7 @@
 
 #include "runtime/Formats.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 #include "search/AdminShares.h"
@@ -17,7 +18,7 @@ namespace {
 /// All of a comma-separated list.
 std::vector<Pattern> Patterns(const QString& fileName) {
     std::vector<Pattern> patterns;
-    for (const QString& piece : fileName.split(QLatin1Char(',')))
+    for (const QString& piece : fileName.split(u','))
         patterns.emplace_back(Trim(piece));
     return patterns;
 }
@@ -89,7 +90,7 @@ void NWSearch::SearchNode(NetResource& node) {
     context_.Update(node.RemoteName());
     if (context_.AbandonRequested)
         return;
-    context_.services.log.PrintNode(QStringLiteral("NETWORK SEARCH"), node);
+    context_.services.log.PrintNode(u"NETWORK SEARCH"_s, node);
     context_.NodeBaseStart = node.RemoteName().size() + 1;
     if (ActOnNode(node) == Next::WalkChildren)
         WalkChildren(node);
@@ -99,13 +100,12 @@ NWSearch::Next NWSearch::ActOnNode(NetResource& node) {
     const ExclusionLists& exclusions = context_.services.exclusions;
     switch (node.ResourceType()) {
     case ResourceType::Network:
-        return IsExcluded(exclusions.Network(node.RemoteName()), QLatin1String("Exclude Network: "))
+        return IsExcluded(exclusions.Network(node.RemoteName()), "Exclude Network: "_L1)
                    ? Next::Leave
                    : Next::WalkChildren;
     case ResourceType::Domain:
     case ResourceType::Group:
-        return IsExcluded(exclusions.Workgroup(node.RemoteName()),
-                          QLatin1String("Exclude Workgroup: "))
+        return IsExcluded(exclusions.Workgroup(node.RemoteName()), "Exclude Workgroup: "_L1)
                    ? Next::Leave
                    : Next::WalkChildren;
     case ResourceType::Server:
@@ -123,7 +123,7 @@ NWSearch::Next NWSearch::ActOnNode(NetResource& node) {
         break;
     }
     if (context_.services.log.IsOn())
-        context_.services.log.PrintBlock({QLatin1String("Other Type: ") + node.ResourceTypeName()});
+        context_.services.log.PrintBlock({"Other Type: "_L1 + node.ResourceTypeName()});
     return Next::WalkChildren;
 }
 
@@ -131,8 +131,7 @@ NWSearch::Next NWSearch::ActOnServer(const NetResource& node) {
     const ExclusionLists& exclusions = context_.services.exclusions;
     if (!context_.services.settings.IncludeCurrentComputer && IsCurrentComputer(node))
         return Next::Leave;
-    if (IsExcluded(exclusions.Workstation(node.RemoteName()),
-                   QLatin1String("Exclude Workstation: ")))
+    if (IsExcluded(exclusions.Workstation(node.RemoteName()), "Exclude Workstation: "_L1))
         return Next::Leave;
     Yield();
     if (context_.services.settings.IncludeAdminShares &&
@@ -146,13 +145,13 @@ bool NWSearch::IsCurrentComputer(const NetResource& node) {
     if (!SearchPlan::IsCurrentComputer(settings, context_.services.network, node.RemoteName()))
         return false;
     context_.services.log.PrintBlock(
-        {QLatin1String("Exclude Current Workstation: ") + settings.CurrentComputerName});
+        {"Exclude Current Workstation: "_L1 + settings.CurrentComputerName});
     return true;
 }
 
 NWSearch::Next NWSearch::SearchAdminShares(const QString& server) {
     for (const QString& share : AdminShareNames()) {
-        SearchPath(server + QLatin1Char('\\') + share);
+        SearchPath(server + u'\\' + share);
         if (context_.AbandonRequested)
             return Next::Leave;
     }
@@ -161,7 +160,7 @@ NWSearch::Next NWSearch::SearchAdminShares(const QString& server) {
 
 NWSearch::Next NWSearch::ActOnShare(const NetResource& node) {
     const ExclusionLists& exclusions = context_.services.exclusions;
-    if (IsExcluded(exclusions.Share(node.ShortName()), QLatin1String("Exclude Share: ")))
+    if (IsExcluded(exclusions.Share(node.ShortName()), "Exclude Share: "_L1))
         return Next::Leave;
     Yield();
     const bool isFolder = folders_.IsFolder(node.RemoteName());
@@ -242,7 +241,7 @@ void NWSearch::SearchPath(const QString& startPath) {
 
 void NWSearch::LogSearchHead() {
     context_.services.log.PrintBlock(
-        {QString(60, QLatin1Char('-')), GeneralDate(QDateTime::currentDateTime())});
+        {QString(60, u'-'), GeneralDate(QDateTime::currentDateTime())});
 }
 
 } // namespace netrove

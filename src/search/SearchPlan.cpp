@@ -33,7 +33,7 @@ bool SearchPlan::EntersComputer(const QString& remoteName) const {
 }
 
 bool SearchPlan::EntersShare(const QString& remoteName) const {
-    return !exclusions_.Share(remoteName.mid(remoteName.lastIndexOf(QLatin1Char('\\')) + 1));
+    return !exclusions_.Share(remoteName.mid(remoteName.lastIndexOf(u'\\') + 1));
 }
 
 bool SearchPlan::EntersFolder(const QString& folderPath, qsizetype nodeLength, int depth) const {

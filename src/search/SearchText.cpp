@@ -8,18 +8,18 @@ namespace netrove {
 
 QString SearchText::Strip(const QString& text) {
     QStringList patterns;
-    for (const QString& piece : text.split(QLatin1Char(','))) {
+    for (const QString& piece : text.split(u',')) {
         if (const QString pattern = Trim(piece); !pattern.isEmpty())
             patterns.append(pattern);
     }
-    return patterns.join(QLatin1Char(','));
+    return patterns.join(u',');
 }
 
 QString SearchText::EncloseInAsterisks(const QString& text) {
-    QStringList patterns = text.split(QLatin1Char(','));
+    QStringList patterns = text.split(u',');
     for (QString& pattern : patterns)
-        pattern = QLatin1Char('*') + pattern + QLatin1Char('*');
-    return patterns.join(QLatin1Char(','));
+        pattern = u'*' + pattern + u'*';
+    return patterns.join(u',');
 }
 
 } // namespace netrove

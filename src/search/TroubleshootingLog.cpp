@@ -1,6 +1,7 @@
 #include "search/TroubleshootingLog.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 namespace netrove {
 namespace {
@@ -33,11 +34,10 @@ void TroubleshootingLog::PrintBlock(const QStringList& lines) {
 void TroubleshootingLog::PrintNode(const QString& head, const NetResource& node) {
     if (!IsOn())
         return;
-    PrintBlock({head, QLatin1String("Remote Name: ") + node.RemoteName(),
-                QLatin1String("Resource Type: ") +
-                    QString::number(static_cast<qint32>(node.ResourceType())),
-                QLatin1String("Resource Type Name: ") + node.ResourceTypeName(),
-                QLatin1String("Provider: ") + node.Provider()});
+    PrintBlock({head, "Remote Name: "_L1 + node.RemoteName(),
+                "Resource Type: "_L1 + QString::number(static_cast<qint32>(node.ResourceType())),
+                "Resource Type Name: "_L1 + node.ResourceTypeName(),
+                "Provider: "_L1 + node.Provider()});
 }
 
 } // namespace netrove

@@ -1,5 +1,7 @@
 #include "search/WalkAhead.h"
 
+#include "runtime/SourceText.h"
+
 namespace netrove {
 
 WalkAhead::WalkAhead(ReadAhead* reader, std::shared_ptr<const SearchPlan> plan)
@@ -33,7 +35,7 @@ void WalkAhead::Expect(const NetResources& nodes) {
 void WalkAhead::Leave(const NetResource& node) {
     if (reader_ == nullptr)
         return;
-    if (node.RemoteName().startsWith(QLatin1String("\\\\"))) {
+    if (node.RemoteName().startsWith("\\\\"_L1)) {
         reader_->Leave(node.RemoteName());
         return;
     }

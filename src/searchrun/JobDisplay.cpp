@@ -1,5 +1,7 @@
 #include "searchrun/JobDisplay.h"
 
+#include "runtime/SourceText.h"
+
 #include <utility>
 
 namespace netrove {
@@ -12,16 +14,16 @@ EnType TypeOf(JobKind kind) {
 QString StatusOf(JobKind kind) {
     switch (kind) {
     case JobKind::Search:
-        return QStringLiteral("Searching...");
+        return u"Searching..."_s;
     case JobKind::Load:
-        return QStringLiteral("Loading...");
+        return u"Loading..."_s;
     case JobKind::Save:
-        return QStringLiteral("Saving...");
+        return u"Saving..."_s;
     case JobKind::Clear:
     case JobKind::Browse:
         break;
     }
-    return QStringLiteral("Idle");
+    return u"Idle"_s;
 }
 
 } // namespace
@@ -64,7 +66,7 @@ void JobDisplay::Hide(JobKind kind) {
     EnableButtons(true, TypeOf(kind));
     if (!IsLong(kind))
         return;
-    controls_.stbStatus.SetText(1, QStringLiteral("Idle"));
+    controls_.stbStatus.SetText(1, u"Idle"_s);
     controls_.stbStatus.SetText(2, QString());
     controls_.stbStatus.SetToolTipText(2, QString());
 }

@@ -1,5 +1,7 @@
 #include "searchrun/PredefinedPatterns.h"
 
+#include "runtime/SourceText.h"
+
 #include <QLineEdit>
 
 #include <array>
@@ -8,14 +10,14 @@ namespace netrove {
 namespace {
 
 constexpr std::array<QLatin1String, PredefinedPatterns::Count> Patterns{
-    QLatin1String("*.mp3,*.mp2,*.mp1"),
-    QLatin1String("*.wav,*.wma,*.au,*.ra,*.aif,*.m3u"),
-    QLatin1String("*.asf,*.mpeg,*.mpg,*.avi,*.mov,*.rm,*.wmv"),
-    QLatin1String("*.jpg,*.jpeg,*.gif,*.tiff,*.bmp,*.pcx,*.psp"),
-    QLatin1String("*.exe"),
-    QLatin1String("*.doc,*.xl*,*.htm,*.html,*.ppt,*.obd,*.mdb,*.dot,*.xlt,*.pot,*.obt,*.pub"),
-    QLatin1String("*.zip,*.rar,*.ace,*.cab,*.lzh,*.tar,*.7z,*.gzip,*.gz,*.bzip,*.bz2"),
-    QLatin1String("*.*"),
+    "*.mp3,*.mp2,*.mp1"_L1,
+    "*.wav,*.wma,*.au,*.ra,*.aif,*.m3u"_L1,
+    "*.asf,*.mpeg,*.mpg,*.avi,*.mov,*.rm,*.wmv"_L1,
+    "*.jpg,*.jpeg,*.gif,*.tiff,*.bmp,*.pcx,*.psp"_L1,
+    "*.exe"_L1,
+    "*.doc,*.xl*,*.htm,*.html,*.ppt,*.obd,*.mdb,*.dot,*.xlt,*.pot,*.obt,*.pub"_L1,
+    "*.zip,*.rar,*.ace,*.cab,*.lzh,*.tar,*.7z,*.gzip,*.gz,*.bzip,*.bz2"_L1,
+    "*.*"_L1,
 };
 
 } // namespace
@@ -26,11 +28,10 @@ void PredefinedPatterns::imgFiles_MouseDown(Qt::MouseButton button, const QPoint
     if (!settings_.AutoAsterisks)
         dialogs_.Message(
             MessageIcon::Information,
-            QStringLiteral(
-                "The option 'Auto-Enclose Search Parameters with Asterisks' is currently set \r\n"
-                "to 'No'. You will have to tweak the predefined formats so that they may work  \r\n"
-                "properly -OR- change the option in Tools>Options>Search."),
-            QStringLiteral("Auto-Asterisks is turned off"));
+            u"The option 'Auto-Enclose Search Parameters with Asterisks' is currently set \r\n"
+            "to 'No'. You will have to tweak the predefined formats so that they may work  \r\n"
+            "properly -OR- change the option in Tools>Options>Search."_s,
+            u"Auto-Asterisks is turned off"_s);
     mnuPopUp5_.popup(controls_.imgFiles.mapToGlobal(position));
 }
 

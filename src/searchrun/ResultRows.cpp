@@ -1,6 +1,7 @@
 #include "searchrun/ResultRows.h"
 
 #include "controls/Twips.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 #include "services/CompactPath.h"
@@ -36,9 +37,8 @@ void ResultRows::Add(const QString& netPath, const FileDetails& details) {
         controls_.lvwResults, controls_.icons.picIconSm, controls_.icons.imgSysIconsSm, netPath,
         details.FileName, settings_.ShowFileTypes, settings_.ShowListIcons, settings_.ListIconType);
     FillRow(added.row, details, added.extension, added.typeName);
-    controls_.RetFileLbl.setText(QStringLiteral("Search in progress. ") +
-                                 QString::number(state_.FilesFound) +
-                                 QStringLiteral(" files found."));
+    controls_.RetFileLbl.setText(u"Search in progress. "_s + QString::number(state_.FilesFound) +
+                                 u" files found."_s);
     controls_.RetFileLbl.repaint();
 }
 

@@ -1,6 +1,7 @@
 #include "searchrun/SearchRun.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 #include "search/NotSearchedText.h"
@@ -77,8 +78,8 @@ QString SearchRun::TakeSearchText() {
 }
 
 void SearchRun::RefuseEmptyText() {
-    services_.dialogs.Message(MessageIcon::Information, QStringLiteral("No search parameters!"),
-                              QStringLiteral("Null search input"));
+    services_.dialogs.Message(MessageIcon::Information, u"No search parameters!"_s,
+                              u"Null search input"_s);
     controls_.LstSearchFor.setFocus();
 }
 
@@ -106,7 +107,7 @@ void SearchRun::ParseExclusions() {
 void SearchRun::ClearResults() {
     state_.FilesFound = 0;
     controls_.lvwResults.Clear();
-    controls_.RetFileLbl.setText(QStringLiteral("---"));
+    controls_.RetFileLbl.setText(u"---"_s);
     job_.AbandonFlag = false;
 }
 
@@ -129,10 +130,10 @@ void SearchRun::ConnectEngine(NWSearch& engine) {
 
 void SearchRun::ShowFailure(const RunTimeError& error) {
     services_.dialogs.Message(MessageIcon::Critical,
-                              QStringLiteral("Error while processing request.\r\n") +
-                                  QString::number(error.Number()) + QStringLiteral("\r\n") +
+                              u"Error while processing request.\r\n"_s +
+                                  QString::number(error.Number()) + u"\r\n"_s +
                                   ErrorDescription(error.Number()),
-                              QStringLiteral("Error while searching"));
+                              u"Error while searching"_s);
 }
 
 void SearchRun::GiveControlsBack(CurrentJob::Run& job) {

@@ -1,6 +1,7 @@
 #include "searchrun/SearchStart.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 #include "services/NetworkNodes.h"
@@ -39,27 +40,26 @@ void SearchStart::mnuInpNetNode_Click(int index) {
         return;
     const auto failure = FailureOf([&] {
         if (index == Workstation)
-            InputNode({.prompt = QStringLiteral(
-                           "What is the name of the workstation, computer, or server?"),
-                       .title = QStringLiteral("Input a workstation name"),
-                       .warning = QStringLiteral("Workstation contains an illegal character!"),
-                       .warningTitle = QStringLiteral("Workstation Warning..."),
-                       .error = QStringLiteral("Invalid Workstation!"),
-                       .errorTitle = QStringLiteral("Workstation Error..."),
+            InputNode({.prompt = u"What is the name of the workstation, computer, or server?"_s,
+                       .title = u"Input a workstation name"_s,
+                       .warning = u"Workstation contains an illegal character!"_s,
+                       .warningTitle = u"Workstation Warning..."_s,
+                       .error = u"Invalid Workstation!"_s,
+                       .errorTitle = u"Workstation Error..."_s,
                        .path = &SearchStart::WorkstationPath});
         else if (index == Workgroup)
-            InputNode({.prompt = QStringLiteral("What is the name of the workgroup or domain?"),
-                       .title = QStringLiteral("Input a workgroup name"),
-                       .warning = QStringLiteral("Workgroup contains an illegal character!"),
-                       .warningTitle = QStringLiteral("Workgroup Warning..."),
-                       .error = QStringLiteral("Invalid workgroup!"),
-                       .errorTitle = QStringLiteral("Workgroup Error..."),
+            InputNode({.prompt = u"What is the name of the workgroup or domain?"_s,
+                       .title = u"Input a workgroup name"_s,
+                       .warning = u"Workgroup contains an illegal character!"_s,
+                       .warningTitle = u"Workgroup Warning..."_s,
+                       .error = u"Invalid workgroup!"_s,
+                       .errorTitle = u"Workgroup Error..."_s,
                        .path = &SearchStart::WorkgroupPath});
         else if (index == Root)
             SetToRoot();
     });
     controls_.window.unsetCursor();
-    services_.dialogs.Failure(failure, QStringLiteral("Error in setting Network node"));
+    services_.dialogs.Failure(failure, u"Error in setting Network node"_s);
 }
 
 void SearchStart::InputNode(const Question& question) {
@@ -82,7 +82,7 @@ void SearchStart::InputNode(const Question& question) {
 
 QString SearchStart::WorkstationPath(const QString& name) const {
     return NetEnum::LocalAreaNetwork + Bar + GetWorkgroup(name, services_.network) + Bar +
-           QLatin1String("\\\\") + name + Bar;
+           "\\\\"_L1 + name + Bar;
 }
 
 QString SearchStart::WorkgroupPath(const QString& name) const {
@@ -99,12 +99,12 @@ void SearchStart::SetStartNode(const std::shared_ptr<NetResource>& node) {
         throw RunTimeError(ErrorNumber::ObjectNotSet);
     state_.SearchStartNode = node;
     const QString& name = node->RemoteName();
-    controls_.txtSearchStart.setText(name.isEmpty() ? QStringLiteral("[Root]") : name);
+    controls_.txtSearchStart.setText(name.isEmpty() ? u"[Root]"_s : name);
 }
 
 void SearchStart::ChooseStartNode(bool isWinXP) {
     if (!isWinXP) {
-        controls_.txtSearchStart.setText(QStringLiteral("[Root]"));
+        controls_.txtSearchStart.setText(u"[Root]"_s);
         return;
     }
     const QString provider = NetEnum::LocalAreaNetwork;
@@ -119,7 +119,7 @@ void SearchStart::cmdSetSearchStart_Click() {
     std::optional<CurrentJob::Run> job = job_.Begin(JobKind::Browse);
     if (!job)
         return;
-    services_.dialogs.Trap(QStringLiteral("Error in browsing network"), [&] {
+    services_.dialogs.Trap(u"Error in browsing network"_s, [&] {
         job->Show();
         Browse();
     });

@@ -1,5 +1,7 @@
 #include "services/CompactPath.h"
 
+#include "runtime/SourceText.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -36,15 +38,15 @@ std::optional<QString> FitWith(const QString& text, const QString& ending, int w
 QString CompactPath(const QString& path, int pixels, const TextWidth& textWidth) {
     if (textWidth(path) <= pixels)
         return path;
-    const QString dots = QStringLiteral("...");
+    const QString dots = u"..."_s;
     // The closing "\" of a folder belongs to its name.
-    const qsizetype cut = std::max<qsizetype>(path.lastIndexOf(QLatin1Char('\\'), -2), 0);
+    const qsizetype cut = std::max<qsizetype>(path.lastIndexOf(u'\\', -2), 0);
     const QString last = path.mid(cut);
     if (cut > 0) {
         if (const auto text = FitWith(path.left(cut), dots + last, pixels, textWidth))
             return *text;
     }
-    const QString name = last.startsWith(QLatin1Char('\\')) ? last.mid(1) : last;
+    const QString name = last.startsWith(u'\\') ? last.mid(1) : last;
     if (const auto text = FitWith(name, dots, pixels, textWidth))
         return *text;
     return FitWith(dots, QString(), pixels, textWidth).value_or(QString());

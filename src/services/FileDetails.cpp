@@ -2,6 +2,7 @@
 
 #include "runtime/Formats.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "services/Paths.h"
 
 #include <array>
@@ -16,8 +17,7 @@ constexpr double BytesInMegabyte = 1048576;
 
 /// "0", or "0." and as many zeros as there are decimals.
 QString SizeNumberFormat(qint16 decimals) {
-    return decimals == 0 ? QStringLiteral("0")
-                         : QStringLiteral("0.") + QString(decimals, QLatin1Char('0'));
+    return decimals == 0 ? u"0"_s : u"0."_s + QString(decimals, u'0');
 }
 
 /// A number by a format of fixed width. One that is too long for it gets a letter in front, which
@@ -45,8 +45,8 @@ QString AttributeLetters(quint32 attributes) {
 
 QString SizeHeading(qint16 sizeFormat) {
     if (sizeFormat == Kilobytes)
-        return QStringLiteral("Size (KB)");
-    return sizeFormat == Bytes ? QStringLiteral("Size (B)") : QStringLiteral("Size (MB)");
+        return u"Size (KB)"_s;
+    return sizeFormat == Bytes ? u"Size (B)"_s : u"Size (MB)"_s;
 }
 
 FileDetails::FileDetails(const QString& fullPath, FileAccess& files, const Settings& settings) {
@@ -68,7 +68,7 @@ FileDetails::FileDetails(const QString& fullPath, const FileInfo& info, const Se
 void FileDetails::Fill(const QString& fullPath, const FileInfo& info, const Settings& settings) {
     SplitPath(fullPath);
     Info = info;
-    DateKey = FormatDate(info.modified, QStringLiteral("YYYYMMDDHHNNSS"));
+    DateKey = FormatDate(info.modified, u"YYYYMMDDHHNNSS"_s);
     DateText = FormatDate(info.modified, settings.DateFormat);
     SetSize(info.length, settings);
     AttrText = AttributeLetters(info.attributes);
@@ -76,30 +76,30 @@ void FileDetails::Fill(const QString& fullPath, const FileInfo& info, const Sett
 
 void FileDetails::SetFailed() {
     *this = FileDetails();
-    SizeText = QStringLiteral("0");
-    SizeKey = QStringLiteral("0");
+    SizeText = u"0"_s;
+    SizeKey = u"0"_s;
 }
 
 void FileDetails::SplitPath(const QString& fullPath) {
-    if (const qsizetype cut = fullPath.lastIndexOf(QLatin1Char('\\')); cut >= 0) {
+    if (const qsizetype cut = fullPath.lastIndexOf(u'\\'); cut >= 0) {
         Folder = fullPath.left(cut + 1);
         FileName = fullPath.mid(cut + 1);
     }
-    Folder = EnsureSuffix(Folder, QStringLiteral("\\"));
+    Folder = EnsureSuffix(Folder, u"\\"_s);
 }
 
 void FileDetails::SetSize(qint64 length, const Settings& settings) {
     const auto count = static_cast<double>(length);
     if (settings.SizeFormat == Bytes) {
         SizeText = QString::number(length);
-        SizeKey = SortKey(count, QStringLiteral("0000000000"));
+        SizeKey = SortKey(count, u"0000000000"_s);
         return;
     }
     const bool inKilobytes = settings.SizeFormat == Kilobytes;
     SizeText = FormatNumber(count / (inKilobytes ? BytesInKilobyte : BytesInMegabyte),
                             SizeNumberFormat(settings.SizeNumDec));
-    SizeKey = SortKey(NumberOfText(SizeText), inKilobytes ? QStringLiteral("0000000.0000000000")
-                                                          : QStringLiteral("0000.0000000000"));
+    SizeKey = SortKey(NumberOfText(SizeText),
+                      inKilobytes ? u"0000000.0000000000"_s : u"0000.0000000000"_s);
 }
 
 } // namespace netrove

@@ -1,6 +1,7 @@
 #include "services/NetworkNodes.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
 namespace netrove {
@@ -31,7 +32,7 @@ Node DescendFromAny(NetResource& root, const QStringList& names) {
 } // namespace
 
 std::shared_ptr<NetResource> FindNetNode(const QString& path, NetworkEnumeration& network) {
-    QStringList names = path.split(QLatin1Char('|'));
+    QStringList names = path.split(u'|');
     names.removeLast();
     try {
         const auto root = std::make_shared<NetResource>(network);
@@ -46,7 +47,7 @@ std::shared_ptr<NetResource> FindNetNode(const QString& path, NetworkEnumeration
 
 QString ComputerUNCName(const SystemInformation& system) {
     try {
-        return QLatin1String("\\\\") + UpperCase(Trim(system.ComputerName()));
+        return "\\\\"_L1 + UpperCase(Trim(system.ComputerName()));
     } catch (const RunTimeError&) {
         return QString();
     }

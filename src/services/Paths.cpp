@@ -23,8 +23,8 @@ QString PathIn(const QString& folder, const QString& name) {
 }
 
 QString FileExtension(const QString& path) {
-    const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
-    if (dot < 0 || dot < path.lastIndexOf(QLatin1Char('\\')))
+    const qsizetype dot = path.lastIndexOf(u'.');
+    if (dot < 0 || dot < path.lastIndexOf(u'\\'))
         return QString();
     return UpperCase(QStringView(path).mid(dot + 1));
 }

@@ -1,5 +1,7 @@
 #include "services/ShellServices.h"
 
+#include "runtime/SourceText.h"
+
 namespace netrove {
 namespace {
 
@@ -8,21 +10,21 @@ constexpr int LastFailure = 32;
 constexpr int Succeeded = -1;
 
 ShellVerb VerbOf(const QString& verb, ShellVerb otherwise) {
-    if (verb == QLatin1String("Explore"))
+    if (verb == "Explore"_L1)
         return ShellVerb::Explore;
-    return verb == QLatin1String("Open") ? ShellVerb::Open : otherwise;
+    return verb == "Open"_L1 ? ShellVerb::Open : otherwise;
 }
 
 QString FailureText(int code) {
     switch (code) {
     case Shell::OutOfMemory:
-        return QStringLiteral("Error: Out of Memory/Resources. Couldn't Execute!");
+        return u"Error: Out of Memory/Resources. Couldn't Execute!"_s;
     case Shell::FileNotFound:
-        return QStringLiteral("Error: File not found.  Couldn't Execute!");
+        return u"Error: File not found.  Couldn't Execute!"_s;
     case Shell::PathNotFound:
-        return QStringLiteral("Error: Path not found. Couldn't Execute!");
+        return u"Error: Path not found. Couldn't Execute!"_s;
     case Shell::BadFormat:
-        return QStringLiteral("Error:  Bad File Format. Couldn't Execute!");
+        return u"Error:  Bad File Format. Couldn't Execute!"_s;
     default:
         return QString();
     }
@@ -50,8 +52,8 @@ int ShellServices::LetChoose(const QString& file) {
 }
 
 void ShellServices::TellFailure(const QString& file, const QString& message) {
-    dialogs_.Message(MessageIcon::Critical, file + QLatin1String("\r\n") + message,
-                     QStringLiteral("Shell execute failed..."));
+    dialogs_.Message(MessageIcon::Critical, file + "\r\n"_L1 + message,
+                     u"Shell execute failed..."_s);
 }
 
 int ShellServices::OpenFolder(const QString& path, const QString& verb) {
@@ -61,11 +63,10 @@ int ShellServices::OpenFolder(const QString& path, const QString& verb) {
 
 void ShellServices::OpenMailLink(const QString& address) {
     const auto tell = [this] {
-        dialogs_.Message(MessageIcon::Exclamation,
-                         QStringLiteral("Could not open your mail program!"),
-                         QStringLiteral("Mail Program Not Found..."));
+        dialogs_.Message(MessageIcon::Exclamation, u"Could not open your mail program!"_s,
+                         u"Mail Program Not Found..."_s);
     };
-    if (shell_.Execute(QLatin1String("mailto:") + address, ShellVerb::Open, tell) <= LastFailure)
+    if (shell_.Execute("mailto:"_L1 + address, ShellVerb::Open, tell) <= LastFailure)
         tell();
 }
 

@@ -1,6 +1,7 @@
 #include "services/WinVer.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
 namespace netrove {
@@ -8,7 +9,7 @@ namespace netrove {
 OSInfo GetOSInfo(const SystemInformation& system) {
     OSInfo info{.Name = system.OSName(), .Version = system.OSVersion()};
     if (info.Version.isEmpty())
-        info.Version = QStringLiteral("0.0.0");
+        info.Version = u"0.0.0"_s;
     return info;
 }
 

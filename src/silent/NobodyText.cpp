@@ -1,5 +1,6 @@
 #include "silent/NobodyText.h"
 
+#include "runtime/SourceText.h"
 #include "silent/frmSilent.h"
 
 namespace netrove {
@@ -8,7 +9,7 @@ namespace {
 QString Listed(const QString& heading, const QStringList& lines) {
     QString text = heading;
     for (const QString& line : lines)
-        text += QStringLiteral("\n\u2022 ") + line;
+        text += u"\n\u2022 "_s + line;
     return text;
 }
 
@@ -26,7 +27,7 @@ QString NobodyText(const NetworkReport& report, const QString& networkFile) {
         frmSilent::tr("The button <> of the main window takes the name of a computer. Its \"Set to "
                       "Network Root\" has the network read anew by the next search."),
     };
-    return Listed(frmSilent::tr("This was asked:"), report.Sources()) + QStringLiteral("\n\n") +
+    return Listed(frmSilent::tr("This was asked:"), report.Sources()) + u"\n\n"_s +
            Listed(frmSilent::tr("This may help:"), help);
 }
 

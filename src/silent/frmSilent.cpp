@@ -2,6 +2,7 @@
 
 #include "controls/ListHeader.h"
 #include "controls/Twips.h"
+#include "runtime/SourceText.h"
 #include "search/NotSearchedText.h"
 #include "silent/NobodyText.h"
 
@@ -28,7 +29,7 @@ constexpr int RefreshInterval = 1000;
 constexpr int AnswersInterval = 100; ///< while somebody is asked again
 
 QString Time(const NotSearched& one) {
-    return one.time.toString(QStringLiteral("HH:mm:ss"));
+    return one.time.toString(u"HH:mm:ss"_s);
 }
 
 bool HasSameNames(const ListView& list, const std::vector<NotSearched>& all) {
@@ -41,7 +42,7 @@ bool HasSameNames(const ListView& list, const std::vector<NotSearched>& all) {
 } // namespace
 
 frmSilent::frmSilent(const Services& services, QWidget* owner)
-    : ProgramDialog(QStringLiteral("frmSilent"), services.look, owner)
+    : ProgramDialog(u"frmSilent"_s, services.look, owner)
     , services_(services)
     , lblCount_(new QLabel(this))
     , lvwSilent_(new ListView(this))
@@ -54,7 +55,7 @@ frmSilent::frmSilent(const Services& services, QWidget* owner)
     connect(lvwSilent_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &frmSilent::UpdateButtons);
     tmrRefresh_.setParent(this);
-    tmrRefresh_.setObjectName(QStringLiteral("tmrRefresh"));
+    tmrRefresh_.setObjectName(u"tmrRefresh"_s);
     tmrRefresh_.setInterval(RefreshInterval);
     connect(&tmrRefresh_, &QTimer::timeout, this, &frmSilent::Refresh);
     tmrRefresh_.start();
@@ -67,16 +68,16 @@ frmSilent::~frmSilent() {
 }
 
 void frmSilent::LayOut() {
-    lvwSilent_->setObjectName(QStringLiteral("lvwSilent"));
+    lvwSilent_->setObjectName(u"lvwSilent"_s);
     lvwSilent_->AddColumn(tr("Computer or share"), Qt::AlignLeft, NameWidth);
     lvwSilent_->AddColumn(tr("Reason"), Qt::AlignLeft, ReasonWidth);
     lvwSilent_->AddColumn(tr("Time"), Qt::AlignLeft, TimeWidth);
     lvwSilent_->Header()->setStretchLastSection(true);
     lvwSilent_->setAccessibleName(windowTitle());
-    lblCount_->setObjectName(QStringLiteral("lblCount"));
+    lblCount_->setObjectName(u"lblCount"_s);
     lblCount_->setBuddy(lvwSilent_);
     lblCount_->setWordWrap(true);
-    lblNobody_->setObjectName(QStringLiteral("lblNobody"));
+    lblNobody_->setObjectName(u"lblNobody"_s);
     lblNobody_->setTextFormat(Qt::PlainText);
     lblNobody_->setWordWrap(true);
     lblNobody_->setAlignment(Qt::AlignTop | Qt::AlignLeading);
@@ -93,11 +94,11 @@ QWidget* frmSilent::MakeButtons() {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     cmdLogOn_ = buttons->addButton(tr("&Log On..."), QDialogButtonBox::ActionRole);
-    cmdLogOn_->setObjectName(QStringLiteral("cmdLogOn"));
+    cmdLogOn_->setObjectName(u"cmdLogOn"_s);
     cmdLogOn_->setVisible(services_.logOn != nullptr);
     connect(cmdLogOn_, &QPushButton::clicked, this, &frmSilent::cmdLogOn_Click);
     cmdTryAgain_ = buttons->addButton(tr("&Try Again"), QDialogButtonBox::ActionRole);
-    cmdTryAgain_->setObjectName(QStringLiteral("cmdTryAgain"));
+    cmdTryAgain_->setObjectName(u"cmdTryAgain"_s);
     cmdTryAgain_->setToolTip(tr("Asks whether they answer now; a search is yours to start"));
     cmdTryAgain_->setVisible(services_.test != nullptr);
     connect(cmdTryAgain_, &QPushButton::clicked, this, &frmSilent::cmdTryAgain_Click);

@@ -1,6 +1,7 @@
 #include "skins/SkinControls.h"
 
 #include "controls/Color.h"
+#include "runtime/SourceText.h"
 #include "skins/SkinPalette.h"
 
 #include <QAbstractItemView>
@@ -85,7 +86,7 @@ public:
         if (IsAny<QLineEdit>(&control))
             KeepPlaceholderReadable(control);
         const QString tag = TagOf(control);
-        if (tag == QLatin1String("NOCOLOR")) {
+        if (tag == "NOCOLOR"_L1) {
             if (control.autoFillBackground())
                 KeepDesktopSurface(control);
         } else if (IsAny<QAbstractItemView>(&control)) {
@@ -112,7 +113,7 @@ private:
             break;
         case Kind::Text:
             ColorText(palette, tag);
-            if (hasSkin_ && TagOf(*control.parentWidget()) == QLatin1String("NOCOLOR"))
+            if (hasSkin_ && TagOf(*control.parentWidget()) == "NOCOLOR"_L1)
                 FillBackground(control);
             break;
         case Kind::Line:
@@ -123,7 +124,7 @@ private:
                 SetButton(palette, ToColor(colors_.SkinButtonColor));
             break;
         case Kind::Shape:
-            if (tag != QLatin1String("BORDONLY"))
+            if (tag != "BORDONLY"_L1)
                 palette.setColor(QPalette::Window, windowColor_);
             palette.setColor(QPalette::WindowText, ToColor(colors_.SkinForeColor));
             break;
@@ -160,7 +161,7 @@ private:
     void ColorGroup(QPalette& palette, const QString& tag) const {
         if (!hasSkin_)
             return;
-        const bool hasForeColor = tag == QLatin1String("FORE");
+        const bool hasForeColor = tag == "FORE"_L1;
         const QColor desktopText = QApplication::palette().color(QPalette::WindowText);
         SetSurface(palette, windowColor_,
                    hasForeColor ? foreColor_ : TextOn(windowColor_, desktopText));
@@ -169,7 +170,7 @@ private:
     void ColorText(QPalette& palette, const QString& tag) const {
         if (hasSkin_)
             SetSurface(palette, backColor_, foreColor_);
-        if (tag != QLatin1String("LINK") && tag != QLatin1String("LITE"))
+        if (tag != "LINK"_L1 && tag != "LITE"_L1)
             return;
         const QColor link = ToColor(colors_.SkinLinkColor);
         palette.setColor(QPalette::WindowText, hasSkin_ ? link : Legible(link, windowColor_));

@@ -1,5 +1,7 @@
 #include "skins/SkinPictures.h"
 
+#include "runtime/SourceText.h"
+
 #include <QImageReader>
 #include <QtMath>
 
@@ -34,7 +36,7 @@ constexpr std::array<PictureFile, SkinPictures::Count> Files{{
 constexpr QRgb TransparentColor = qRgb(255, 0, 255);
 
 QString Path(const PictureFile& file, const char* suffix) {
-    return QStringLiteral(":/skins/") + QLatin1StringView(file.name) + QLatin1StringView(suffix);
+    return u":/skins/"_s + QLatin1StringView(file.name) + QLatin1StringView(suffix);
 }
 
 QImage ReadBitmap(const PictureFile& file) {

@@ -22,7 +22,7 @@ namespace {
 constexpr double MinimumContrast = 3;
 
 QString Section(int skinIndex) {
-    return Text("SkinProperties_") + QString::number(skinIndex);
+    return u"SkinProperties_"_s + QString::number(skinIndex);
 }
 
 /// Bytes of a skin file that are read: more than any is allowed to have.
@@ -80,7 +80,7 @@ void SkinSelection::Detach() {
 }
 
 qint32 SkinSelection::StoredIndex() const {
-    const QString text = services_.profile.ReadIni(Text("Skin"), Text("Index"), Text("1"));
+    const QString text = services_.profile.ReadIni(u"Skin"_s, u"Index"_s, u"1"_s);
     qint32 index = 0;
     // A number that is too large for its type is no skin's either.
     if (FailureOf([&] { index = LeadingLong(text); }))
@@ -207,8 +207,8 @@ void SkinSelection::SaveSkinXML() {
 }
 
 QString SkinSelection::SkinFilePath() const {
-    return services_.applicationFolder + QDir::separator() + Text("Skins") + QDir::separator() +
-           Text("Dark Metal") + QDir::separator() + Text("skin.xml");
+    return services_.applicationFolder + QDir::separator() + u"Skins"_s + QDir::separator() +
+           u"Dark Metal"_s + QDir::separator() + u"skin.xml"_s;
 }
 
 bool SkinSelection::HasSkinFile() const {
@@ -220,8 +220,8 @@ void SkinSelection::LoadSkinXML() {
         return;
     QFile file(SkinFilePath());
     if (!file.open(QIODevice::ReadOnly)) {
-        services_.dialogs.Message(MessageIcon::Information,
-                                  Text("Couldn't load ") + file.fileName(), Text("Netrove"));
+        services_.dialogs.Message(MessageIcon::Information, u"Couldn't load "_s + file.fileName(),
+                                  u"Netrove"_s);
         return;
     }
     const QString text = FromUtf8OrWindows1252(file.read(LongestFile));

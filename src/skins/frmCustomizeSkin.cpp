@@ -99,7 +99,7 @@ void ShowMember(QScrollBar& slider, float member, int zero) {
 } // namespace
 
 frmCustomizeSkin::frmCustomizeSkin(const DialogLook& look, QWidget* window)
-    : ProgramDialog(QStringLiteral("frmCustomizeSkin"), look, window)
+    : ProgramDialog(u"frmCustomizeSkin"_s, look, window)
     , chkColourise_(new QCheckBox(this))
     , chkAdjustRGB_(new QCheckBox(this))
     , hscHue_(new Slider("hscHue", 600, 100, this))
@@ -108,9 +108,9 @@ frmCustomizeSkin::frmCustomizeSkin(const DialogLook& look, QWidget* window)
     , hscGreen_(new Slider("hscGreen", 200, 100, this))
     , hscBlue_(new Slider("hscBlue", 200, 100, this))
     , picSample_(new Picture([this](QPainter& painter) { DrawSample(painter); }, this))
-    , cmdOk_(new QPushButton(Text("OK"), this))
-    , cmdCancel_(new QPushButton(Text("Cancel"), this)) {
-    setWindowTitle(Text("Customize Skin"));
+    , cmdOk_(new QPushButton(u"OK"_s, this))
+    , cmdCancel_(new QPushButton(u"Cancel"_s, this)) {
+    setWindowTitle(u"Customize Skin"_s);
     MakeControls();
     Arrange();
     Connect();
@@ -122,18 +122,18 @@ void frmCustomizeSkin::MakeControls() {
                                         "&Colorize", "Sample:",     ""};
     for (size_t index = 0; index < lblInfo_.size(); ++index) {
         lblInfo_[index] = new QLabel(Text(Captions[index]), this);
-        lblInfo_[index]->setObjectName(QStringLiteral("lblInfo(%1)").arg(index));
+        lblInfo_[index]->setObjectName(u"lblInfo(%1)"_s.arg(index));
         lblInfo_[index]->installEventFilter(this);
     }
     lblInfo_[SkinName]->setTextFormat(Qt::PlainText);
-    chkColourise_->setObjectName(Text("chkColourise"));
-    chkAdjustRGB_->setObjectName(Text("chkAdjustRGB"));
-    picSample_->setObjectName(Text("picSample"));
-    picSample_->setAccessibleName(Text("Sample"));
+    chkColourise_->setObjectName(u"chkColourise"_s);
+    chkAdjustRGB_->setObjectName(u"chkAdjustRGB"_s);
+    picSample_->setObjectName(u"picSample"_s);
+    picSample_->setAccessibleName(u"Sample"_s);
     picSample_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    cmdOk_->setObjectName(Text("cmdOk"));
+    cmdOk_->setObjectName(u"cmdOk"_s);
     cmdOk_->setDefault(true);
-    cmdCancel_->setObjectName(Text("cmdCancel"));
+    cmdCancel_->setObjectName(u"cmdCancel"_s);
     cmdCancel_->setAutoDefault(false);
 }
 
@@ -210,7 +210,7 @@ void frmCustomizeSkin::Form_Load() {
 
 void frmCustomizeSkin::LoadAdjustments() {
     const netrove::SkinConfiguration& skin = *configuration_;
-    lblInfo_[SkinName]->setText(Text("Skin Name: ") + skin.Name);
+    lblInfo_[SkinName]->setText(u"Skin Name: "_s + skin.Name);
     setProperty(TagProperty, Text(NoEvents));
     ShowMember(*hscHue_, skin.Hue, HueZero);
     ShowMember(*hscSaturation_, skin.Saturation, 0);

@@ -100,7 +100,7 @@ bool IsValid(const SmbRequest& request) {
         return false;
     if (request.path.isEmpty())
         return true;
-    const QStringList elements = request.path.split(QLatin1Char('/'));
+    const QStringList elements = request.path.split(u'/');
     return std::all_of(elements.begin(), elements.end(), IsPathElement);
 }
 

@@ -2,6 +2,7 @@
 
 #include "runtime/Formats.h"
 #include "runtime/ProgramVersion.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 #include "search/SearchSummary.h"
@@ -39,7 +40,7 @@ QString Summary(bool aborted, const QString& done, qint32 count, qint64 started)
 } // namespace
 
 QString ResultsFile::ListsFolder() const {
-    return services_.applicationFolder + QDir::separator() + QStringLiteral("Lists");
+    return services_.applicationFolder + QDir::separator() + u"Lists"_s;
 }
 
 void ResultsFile::MakeListsFolder() const {
@@ -55,7 +56,7 @@ void ResultsFile::BringResultsToFront() {
 
 FileDialogSetup ResultsFile::DialogSetup(const QString& title, const QString& fileName) const {
     return {.title = title,
-            .filter = QStringLiteral("Netrove Results File (*.nrr)|*.nrr|All Files (*.*)|*.*"),
+            .filter = u"Netrove Results File (*.nrr)|*.nrr|All Files (*.*)|*.*"_s,
             .folder = ListsFolder(),
             .fileName = fileName};
 }
@@ -69,29 +70,27 @@ void ResultsFile::EndDialog(const Failure& failure, const QString& title) {
 
 void ResultsFile::mnuSaveResFile_Click() {
     if (!job_.IsRunning())
-        EndDialog(FailureOf([this] { SaveSteps(); }), QStringLiteral("Error in saving file"));
+        EndDialog(FailureOf([this] { SaveSteps(); }), u"Error in saving file"_s);
 }
 
 void ResultsFile::SaveSteps() {
     BringResultsToFront();
     if (controls_.lvwResults.Count() == 0) {
-        services_.dialogs.Message(MessageIcon::Exclamation,
-                                  QStringLiteral("There are no items to save."),
-                                  QStringLiteral("Empty Results List"));
+        services_.dialogs.Message(MessageIcon::Exclamation, u"There are no items to save."_s,
+                                  u"Empty Results List"_s);
         return;
     }
-    const QString name =
-        FormatDate(QDateTime::currentDateTime(), QStringLiteral("YYYYMMDDHHNNSS")) + u".nrr";
+    const QString name = FormatDate(QDateTime::currentDateTime(), u"YYYYMMDDHHNNSS"_s) + u".nrr";
     const auto file =
-        services_.dialogs.SaveFile(DialogSetup(QStringLiteral("Save Netrove Results as..."), name));
+        services_.dialogs.SaveFile(DialogSetup(u"Save Netrove Results as..."_s, name));
     if (!file || Trim(*file).isEmpty() || !MayWrite(*file))
         return;
     bool saved = false;
     SaveResFile(*file, saved);
     if (saved)
         services_.dialogs.Message(MessageIcon::Information,
-                                  QStringLiteral("The file has been written.") + LostRows(),
-                                  QStringLiteral("Netrove results file"));
+                                  u"The file has been written."_s + LostRows(),
+                                  u"Netrove results file"_s);
 }
 
 /// A line that tells how many rows won't come back; nothing where all will.
@@ -115,15 +114,14 @@ bool ResultsFile::MayWrite(const QString& strFile) {
     const MessageAnswer answer = services_.dialogs.Message(
         MessageIcon::Exclamation,
         strFile + u"\r\nThe file already exists.\r\nDo you want to overwrite it?",
-        QStringLiteral("File already exists"), MessageButtons::YesNo);
+        u"File already exists"_s, MessageButtons::YesNo);
     if (answer == MessageAnswer::Yes) {
         if (!QFile::remove(strFile))
             throw RunTimeError(ErrorNumber::PathFileAccessError);
         return true;
     }
-    services_.dialogs.Message(MessageIcon::Information,
-                              QStringLiteral("The file was not generated."),
-                              QStringLiteral("File write aborted"));
+    services_.dialogs.Message(MessageIcon::Information, u"The file was not generated."_s,
+                              u"File write aborted"_s);
     return false;
 }
 
@@ -139,8 +137,7 @@ void ResultsFile::SaveResFile(const QString& strFile, bool& saved) {
         job->Show();
         WriteRows(writer, strFile, saved, count);
     });
-    controls_.RetFileLbl.setText(
-        Summary(job_.AbandonFlag, QStringLiteral("Saved"), count, started));
+    controls_.RetFileLbl.setText(Summary(job_.AbandonFlag, u"Saved"_s, count, started));
     job->End();
     if (writer) {
         const Failure closing = FailureOf([&] { writer->Close(); });
@@ -148,7 +145,7 @@ void ResultsFile::SaveResFile(const QString& strFile, bool& saved) {
         if (!failure)
             failure = closing;
     }
-    services_.dialogs.Failure(failure, QStringLiteral("Error in dump-to-file"));
+    services_.dialogs.Failure(failure, u"Error in dump-to-file"_s);
 }
 
 void ResultsFile::WriteRows(std::optional<ResultsWriter>& writer, const QString& strFile,
@@ -177,13 +174,13 @@ QByteArray ResultsFile::RowLine(int row) const {
 
 void ResultsFile::mnuLoadResFile_Click() {
     if (!job_.IsRunning())
-        EndDialog(FailureOf([this] { LoadSteps(); }), QStringLiteral("Error in loading file"));
+        EndDialog(FailureOf([this] { LoadSteps(); }), u"Error in loading file"_s);
 }
 
 void ResultsFile::LoadSteps() {
     BringResultsToFront();
-    const auto file = services_.dialogs.OpenFile(
-        DialogSetup(QStringLiteral("Load Netrove Results..."), QString()));
+    const auto file =
+        services_.dialogs.OpenFile(DialogSetup(u"Load Netrove Results..."_s, QString()));
     if (file && !Trim(*file).isEmpty())
         LoadResFile(*file);
 }
@@ -201,9 +198,9 @@ void ResultsFile::LoadResFile(const QString& strFile) {
         return;
     RowLoader loader(services_.files, services_.ahead, services_.settings, job_, state_, rows_);
     const qint32 loaded = loader.Load(reader);
-    controls_.RetFileLbl.setText(
-        Summary(job_.AbandonFlag, QStringLiteral("Loaded"), loaded, started) +
-        u" (Max return is set to " + QString::number(services_.settings.MaxReturnFiles) + u')');
+    controls_.RetFileLbl.setText(Summary(job_.AbandonFlag, u"Loaded"_s, loaded, started) +
+                                 u" (Max return is set to " +
+                                 QString::number(services_.settings.MaxReturnFiles) + u')');
     FailureOf([this] { rows_.ReleaseAudioFile(); });
     controls_.lvwResults.Refresh();
 }
@@ -231,13 +228,12 @@ void ResultsFile::lvwResults_OLEDragDrop(const QStringList& files) {
 
 void ResultsFile::mnuListsFol_Click(int index) {
     const bool explore = index == 1;
-    const QString title = explore ? QStringLiteral("Error in exploring 'Lists' folder")
-                                  : QStringLiteral("Error in opening 'Lists' folder");
+    const QString title =
+        explore ? u"Error in exploring 'Lists' folder"_s : u"Error in opening 'Lists' folder"_s;
     services_.dialogs.Trap(title, [&] {
         MakeListsFolder();
         const int code = services_.shell.OpenFolder(ListsFolder() + QDir::separator(),
-                                                    explore ? QStringLiteral("Explore")
-                                                            : QStringLiteral("Open"));
+                                                    explore ? u"Explore"_s : u"Open"_s);
         // Without this the user would press the item and see nothing.
         if (code <= LastFailureCode)
             throw RunTimeError(ErrorNumber::PathFileAccessError);

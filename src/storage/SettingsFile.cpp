@@ -45,12 +45,11 @@ QString Centred(qint32 screenStart, qint32 screenLength, qint32 length) {
 
 QString IniFileName(const QString& applicationFolder, const QString& executable) {
     return EnsureSuffix(applicationFolder, QDir::separator()) + QFileInfo(executable).fileName() +
-           Text(".ini");
+           u".ini"_s;
 }
 
 QString DownloadsFolder(const QString& applicationFolder) {
-    return EnsureSuffix(applicationFolder, QDir::separator()) + Text("Downloads") +
-           QDir::separator();
+    return EnsureSuffix(applicationFolder, QDir::separator()) + u"Downloads"_s + QDir::separator();
 }
 
 SettingsFile::SettingsFile(const Controls& controls, const Services& services, const QString& path)
@@ -163,7 +162,7 @@ void SettingsFile::LoadResultColumns() {
             continue;
         }
         const QString width = Read("Positions", Numbered("ResultsCol", column, "Width"),
-                                   column <= 2 ? Text("1500") : share);
+                                   column <= 2 ? u"1500"_s : share);
         // No column is wider than this; what no column can be, a Single can.
         constexpr float limit = 1e9F;
         list.SetColumnWidth(column, static_cast<int>(std::nearbyint(
@@ -195,7 +194,7 @@ void SettingsFile::LoadSaveFolder() {
     const QString own = DownloadsFolder(services_.applicationFolder);
     if (!QFileInfo::exists(own))
         QDir().mkdir(own);
-    settings_.SaveFolder = LocalPath(Read("Save", Text("Folder"), own));
+    settings_.SaveFolder = LocalPath(Read("Save", u"Folder"_s, own));
     if (!QFileInfo::exists(settings_.SaveFolder))
         settings_.SaveFolder = QFileInfo::exists(own) ? own : services_.applicationFolder;
 }
@@ -258,9 +257,8 @@ void SettingsFile::LoadOptions() {
 
 /// Entries that the file doesn't have are taken from the default ones, in turn.
 void SettingsFile::LoadExclusions() {
-    settings_.DefaultNetNodes = {Text("Windows|True|Folder"), Text("WinNT|True|Folder"),
-                                 Text("Temp|True|Folder"),
-                                 Text("Temporary Internet Files|True|Folder")};
+    settings_.DefaultNetNodes = {u"Windows|True|Folder"_s, u"WinNT|True|Folder"_s,
+                                 u"Temp|True|Folder"_s, u"Temporary Internet Files|True|Folder"_s};
     settings_.ExcNetNodes.clear();
     if (nodeCount_ < 1) {
         settings_.ExcludeNetNodes = false;

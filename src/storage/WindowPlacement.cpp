@@ -1,6 +1,7 @@
 #include "storage/WindowPlacement.h"
 
 #include "controls/Twips.h"
+#include "runtime/SourceText.h"
 #include "windowservices/WindowGeometry.h"
 
 #include <QCoreApplication>
@@ -65,7 +66,7 @@ WindowPlacement::WindowPlacement(QWidget& window) : window_(window) {
 }
 
 bool WindowPlacement::CanMove() {
-    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    return !QGuiApplication::platformName().startsWith("wayland"_L1);
 }
 
 WindowPlace WindowPlacement::MainScreen() {

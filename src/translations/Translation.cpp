@@ -1,5 +1,7 @@
 #include "translations/Translation.h"
 
+#include "runtime/SourceText.h"
+
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -30,7 +32,7 @@ Translation::Translation(const QStringList& languages) {
         const QLocale locale(language);
         if (locale.language() == QLocale::English)
             return;
-        if (!own_.load(u"netrove_" + locale.name(), QStringLiteral(":/translations")))
+        if (!own_.load(u"netrove_" + locale.name(), u":/translations"_s))
             continue;
         QCoreApplication::installTranslator(&own_);
         // Where it isn't installed, Qt's controls are English.

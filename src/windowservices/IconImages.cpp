@@ -1,6 +1,7 @@
 #include "windowservices/IconImages.h"
 
 #include "controls/Twips.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "services/Paths.h"
 #include "windowservices/PredefinedIcons.h"
@@ -49,7 +50,7 @@ QPixmap DrawnOn(const QWidget& picture, const QIcon& icon) {
 
 QString PredefinedKey(const QString& extension) {
     static const QHash<QString, QString> keys = MakePredefinedKeys();
-    return keys.value(extension, QStringLiteral("<NONE>"));
+    return keys.value(extension, u"<NONE>"_s);
 }
 
 IconImages::IconImages(FileTypes& fileTypes, SystemIcon systemIcon)

@@ -1,6 +1,7 @@
 #include "windowservices/PredefinedIcons.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <QImageReader>
 #include <QPixmap>
@@ -26,7 +27,7 @@ struct Drawing {
 /// The drawing ":/icons/NAME.svg" in so many pixels.
 QPixmap Picture(const QString& name, const QSize& size) {
     KeepPictures();
-    QImageReader reader(QStringLiteral(":/icons/%1.svg").arg(name), "svg");
+    QImageReader reader(u":/icons/%1.svg"_s.arg(name), "svg");
     reader.setScaledSize(size);
     return QPixmap::fromImageReader(&reader);
 }
@@ -37,15 +38,13 @@ QIcon Render(const QString& name, std::initializer_list<Drawing> drawings) {
     QIcon icon;
     for (const Drawing& drawing : drawings) {
         for (const int size : drawing.sizes)
-            icon.addPixmap(
-                Picture(QStringLiteral("%1-%2").arg(name).arg(drawing.grid), QSize(size, size)));
+            icon.addPixmap(Picture(u"%1-%2"_s.arg(name).arg(drawing.grid), QSize(size, size)));
     }
     return icon;
 }
 
 QString FileOf(const QString& key) {
-    return key == QLatin1String("<NONE>") ? QStringLiteral("file-none")
-                                          : QLatin1String("file-") + key.toLower();
+    return key == "<NONE>"_L1 ? u"file-none"_s : "file-"_L1 + key.toLower();
 }
 
 /// The keys of the network's pictures in their order, with the drawings that they show.
@@ -66,10 +65,8 @@ constexpr NetworkDrawing NetworkDrawings[] = {
 } // namespace
 
 QStringList PredefinedIconKeys() {
-    return {QStringLiteral("<NONE>"), QStringLiteral("CAB"), QStringLiteral("GIF"),
-            QStringLiteral("TXT"),    QStringLiteral("ZIP"), QStringLiteral("CSV"),
-            QStringLiteral("MP3"),    QStringLiteral("EXE"), QStringLiteral("AVI"),
-            QStringLiteral("RBY")};
+    return {u"<NONE>"_s, u"CAB"_s, u"GIF"_s, u"TXT"_s, u"ZIP"_s,
+            u"CSV"_s,    u"MP3"_s, u"EXE"_s, u"AVI"_s, u"RBY"_s};
 }
 
 QIcon PredefinedIcon(const QString& key) {
@@ -104,23 +101,22 @@ QIcon NetworkIcon(const QString& key) {
 }
 
 QIcon NetworkPicture() {
-    return Render(QStringLiteral("network"), {{64, {64, 96, 128}}});
+    return Render(u"network"_s, {{64, {64, 96, 128}}});
 }
 
 QIcon ProgramIcon() {
-    return Render(QStringLiteral("netrove"), {{16, {16, 24}}, {64, {32, 48, 64, 128, 256}}});
+    return Render(u"netrove"_s, {{16, {16, 24}}, {64, {32, 48, 64, 128, 256}}});
 }
 
 QPixmap DudesPicture(qreal devicePixelRatio) {
     constexpr QSize Size(360, 240);
-    QPixmap picture = Picture(QStringLiteral("dudes"), Size * devicePixelRatio);
+    QPixmap picture = Picture(u"dudes"_s, Size * devicePixelRatio);
     picture.setDevicePixelRatio(devicePixelRatio);
     return picture;
 }
 
 QIcon FileKindsIcon(bool active) {
-    return Render(active ? QStringLiteral("kinds") : QStringLiteral("kinds-greyed"),
-                  {{20, {20, 30, 40, 60}}});
+    return Render(active ? u"kinds"_s : u"kinds-greyed"_s, {{20, {20, 30, 40, 60}}});
 }
 
 } // namespace netrove

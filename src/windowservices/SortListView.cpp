@@ -1,6 +1,7 @@
 #include "windowservices/SortListView.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 #include "runtime/Yield.h"
 
@@ -9,7 +10,7 @@ namespace {
 
 /// False where another click has sorted the list at a yield: its marks stand.
 bool MarkHeaders(ListView& list, int markColumn, Qt::SortOrder order) {
-    const QString mark = order == Qt::AscendingOrder ? QStringLiteral(" v") : QStringLiteral(" ^");
+    const QString mark = order == Qt::AscendingOrder ? u" v"_s : u" ^"_s;
     for (int column = 1; column <= list.ColumnCount(); ++column) {
         Yield();
         if (!list.Sorted())
@@ -45,9 +46,8 @@ bool SortListView(ListView& list, int markColumn, int sortColumn, bool showError
         const int number = CurrentFailure().Number();
         if (showError)
             dialogs.Message(MessageIcon::Information,
-                            QStringLiteral("Error") + QString::number(number) + u'\t' +
-                                ErrorDescription(number),
-                            QStringLiteral("Error in Function : SortListView"));
+                            u"Error"_s + QString::number(number) + u'\t' + ErrorDescription(number),
+                            u"Error in Function : SortListView"_s);
         return false;
     }
 }

@@ -1,5 +1,7 @@
 #include "desktop/keyring/DesktopKeyring.h"
 
+#include "runtime/SourceText.h"
+
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <qt6keychain/keychain.h>
@@ -9,12 +11,11 @@
 namespace netrove {
 namespace {
 
-const QString Service = QStringLiteral("netrove");
+const QString Service = u"netrove"_s;
 
 /// Names on the session bus of those who keep secrets.
-constexpr std::array<QLatin1String, 3> Keepers{QLatin1String("org.freedesktop.secrets"),
-                                               QLatin1String("org.kde.kwalletd6"),
-                                               QLatin1String("org.kde.kwalletd5")};
+constexpr std::array<QLatin1String, 3> Keepers{"org.freedesktop.secrets"_L1, "org.kde.kwalletd6"_L1,
+                                               "org.kde.kwalletd5"_L1};
 
 Keyring::Outcome OutcomeOf(QKeychain::Error error) {
     switch (error) {
@@ -46,7 +47,7 @@ void Start(QKeychain::Job* job, const QString& entry, QObject* context, Done don
 } // namespace
 
 DesktopKeyring::DesktopKeyring() : thread_(new QThread), inThread_(new QObject) {
-    thread_->setObjectName(QStringLiteral("keyring"));
+    thread_->setObjectName(u"keyring"_s);
     inThread_->moveToThread(thread_);
     QObject::connect(thread_, &QThread::finished, inThread_, &QObject::deleteLater);
     thread_->start();

@@ -3,6 +3,7 @@
 #include "downloads/copier/TargetName.h"
 #include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <QDir>
 
@@ -14,8 +15,8 @@ namespace {
 /// Whether a local path says where its file is, and no more: "..", or a path that begins anew,
 /// could come from a name.
 bool IsPlain(const QString& path) {
-    const QStringList elements = path.mid(1).split(QLatin1Char('/'));
-    return path.startsWith(QLatin1Char('/')) && std::ranges::all_of(elements, IsLocalPathElement);
+    const QStringList elements = path.mid(1).split(u'/');
+    return path.startsWith(u'/') && std::ranges::all_of(elements, IsLocalPathElement);
 }
 
 } // namespace
@@ -28,7 +29,7 @@ FileCopier::FileCopier(Network& network, QObject* parent) : CopyQ(parent), netwo
 }
 
 QString FileCopier::QueueCopy(const QString& source, const QString& destination) {
-    CheckTargetName(destination.sliced(destination.lastIndexOf(QLatin1Char('/')) + 1));
+    CheckTargetName(destination.sliced(destination.lastIndexOf(u'/') + 1));
     CopyOrder order{.id = QString::number(++lastId_),
                     .source = source,
                     .file = Locate(source),
@@ -42,7 +43,7 @@ QString FileCopier::QueueCopy(const QString& source, const QString& destination)
 }
 
 decltype(CopyOrder::file) FileCopier::Locate(const QString& source) {
-    if (!source.startsWith(QLatin1String("\\\\"))) {
+    if (!source.startsWith("\\\\"_L1)) {
         if (!IsPlain(source))
             throw RunTimeError(ErrorNumber::PathNotFound);
         return source;

@@ -3,6 +3,7 @@
 #include "downloads/copier/PartialFile.h"
 #include "runtime/Names.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <QRegularExpression>
 
@@ -14,8 +15,8 @@ namespace {
 /// Names that are devices in every folder of some systems, whatever follows them after a point.
 bool IsDevice(const QString& name) {
     static const QRegularExpression devices(
-        QStringLiteral("^(CON|PRN|AUX|NUL|CONIN\\$|CONOUT\\$|(COM|LPT)[0-9\u00b9\u00b2\u00b3])"
-                       " *(\\.|$)"),
+        u"^(CON|PRN|AUX|NUL|CONIN\\$|CONOUT\\$|(COM|LPT)[0-9\u00b9\u00b2\u00b3])"
+        " *(\\.|$)"_s,
         QRegularExpression::CaseInsensitiveOption);
     return devices.match(name).hasMatch();
 }

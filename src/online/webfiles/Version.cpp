@@ -2,6 +2,7 @@
 
 #include "runtime/ProgramVersion.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 #include "runtime/Text.h"
 
 namespace netrove {
@@ -24,7 +25,7 @@ Version Version::Own() {
 }
 
 QString Version::Text() const {
-    return QStringLiteral("%1.%2.%3").arg(numbers[0]).arg(numbers[1]).arg(numbers[2]);
+    return u"%1.%2.%3"_s.arg(numbers[0]).arg(numbers[1]).arg(numbers[2]);
 }
 
 } // namespace netrove

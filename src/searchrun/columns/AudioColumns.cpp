@@ -1,22 +1,23 @@
 #include "searchrun/columns/AudioColumns.h"
 
+#include "runtime/SourceText.h"
+
 namespace netrove {
 namespace {
 
 QString TwoDigits(qint32 number) {
-    return QString::number(number).rightJustified(2, QLatin1Char('0'));
+    return QString::number(number).rightJustified(2, u'0');
 }
 
 bool IsMpegAudio(const QString& extension) {
-    return extension == QLatin1String("MP3") || extension == QLatin1String("MP2") ||
-           extension == QLatin1String("MP1");
+    return extension == "MP3"_L1 || extension == "MP2"_L1 || extension == "MP1"_L1;
 }
 
 } // namespace
 
 QString FormatPlayTime(qint32 seconds) {
-    return TwoDigits(seconds / 3600) + QLatin1Char(':') + TwoDigits(seconds % 3600 / 60) +
-           QLatin1Char(':') + TwoDigits(seconds % 60);
+    return TwoDigits(seconds / 3600) + u':' + TwoDigits(seconds % 3600 / 60) + u':' +
+           TwoDigits(seconds % 60);
 }
 
 FileReading AudioColumns::Reading(bool includeMP3Info) {
@@ -24,7 +25,7 @@ FileReading AudioColumns::Reading(bool includeMP3Info) {
         return {};
     return {.reads =
                 [](const QString& name) {
-                    return IsMpegAudio(name.mid(name.lastIndexOf(QLatin1Char('.')) + 1).toUpper());
+                    return IsMpegAudio(name.mid(name.lastIndexOf(u'.') + 1).toUpper());
                 },
             .read = [](FileAccess& files,
                        const QString& path) { ISMP3Player(files).SetMP3FileName(path); }};

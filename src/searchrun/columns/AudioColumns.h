@@ -3,6 +3,7 @@
 #include "audio/ISMP3Player.h"
 #include "platform/Files.h"
 #include "platform/ReadAhead.h"
+#include "runtime/SourceText.h"
 
 #include <QString>
 
@@ -13,9 +14,9 @@ namespace netrove {
 
 /// The texts of the audio columns of a file: a single blank each where it has no such value.
 struct AudioTexts {
-    QString Length = QStringLiteral(" ");
-    QString Bitrate = QStringLiteral(" ");   ///< kbit/s
-    QString Frequency = QStringLiteral(" "); ///< Hz
+    QString Length = u" "_s;
+    QString Bitrate = u" "_s;   ///< kbit/s
+    QString Frequency = u" "_s; ///< Hz
 };
 
 /// Makes the audio columns of results, reading the files that are MPEG audio by their extension.

@@ -1,5 +1,6 @@
 #include "skins/frame/FrameEdge.h"
 
+#include "runtime/SourceText.h"
 #include "skins/frame/FramePainter.h"
 #include "skins/frame/WindowAbilities.h"
 
@@ -30,15 +31,15 @@ Qt::CursorShape CursorOf(Qt::Edges edges) {
 QString EdgeName(Qt::Edge edge) {
     switch (edge) {
     case Qt::TopEdge:
-        return QStringLiteral("frameEdgeTop");
+        return u"frameEdgeTop"_s;
     case Qt::LeftEdge:
-        return QStringLiteral("frameEdgeLeft");
+        return u"frameEdgeLeft"_s;
     case Qt::RightEdge:
-        return QStringLiteral("frameEdgeRight");
+        return u"frameEdgeRight"_s;
     case Qt::BottomEdge:
         break;
     }
-    return QStringLiteral("frameEdgeBottom");
+    return u"frameEdgeBottom"_s;
 }
 
 } // namespace

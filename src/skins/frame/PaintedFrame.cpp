@@ -1,6 +1,7 @@
 #include "skins/frame/PaintedFrame.h"
 
 #include "controls/Color.h"
+#include "runtime/SourceText.h"
 #include "skins/frame/FramePainter.h"
 #include "skins/frame/WindowAbilities.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 /// Elsewhere a window is drawn whole, whatever its mask.
 bool CanCutCorners() {
-    return QGuiApplication::platformName() == QLatin1String("xcb");
+    return QGuiApplication::platformName() == "xcb"_L1;
 }
 
 } // namespace

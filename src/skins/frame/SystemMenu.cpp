@@ -1,5 +1,6 @@
 #include "skins/frame/SystemMenu.h"
 
+#include "runtime/SourceText.h"
 #include "skins/frame/KeyboardDrag.h"
 #include "skins/frame/WindowAbilities.h"
 
@@ -20,7 +21,7 @@ SystemMenu::SystemMenu(QWidget& window, KeyboardDrag& keyboardDrag)
     addSeparator();
     close_ = addAction(tr("&Close"), QKeySequence(Qt::ALT | Qt::Key_F4), &window,
                        [&window] { window.close(); });
-    setObjectName(QStringLiteral("frameSystemMenu"));
+    setObjectName(u"frameSystemMenu"_s);
     setAccessibleName(tr("System menu"));
     setDefaultAction(close_);
 }

@@ -1,6 +1,7 @@
 #include "skins/frame/TitleBar.h"
 
 #include "controls/DialogRead.h"
+#include "runtime/SourceText.h"
 #include "skins/frame/FramePainter.h"
 #include "skins/frame/SystemMenu.h"
 #include "skins/frame/WindowAbilities.h"
@@ -15,10 +16,10 @@ TitleBar::TitleBar(QWidget& window, SystemMenu& menu)
     , window_(window)
     , menu_(menu)
     , close_(*this, CloseBoxName, FrameCell::Close)
-    , maximize_(*this, QStringLiteral("frameButtonMaximize"), FrameCell::Maximize)
-    , minimize_(*this, QStringLiteral("frameButtonMinimize"), FrameCell::Minimize)
+    , maximize_(*this, u"frameButtonMaximize"_s, FrameCell::Maximize)
+    , minimize_(*this, u"frameButtonMinimize"_s, FrameCell::Minimize)
     , drag_(window) {
-    setObjectName(QStringLiteral("frameTitleBar"));
+    setObjectName(u"frameTitleBar"_s);
     setAccessibleName(tr("Title bar"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::ArrowCursor);

@@ -1,5 +1,7 @@
 #include "skins/frame/WindowAbilities.h"
 
+#include "runtime/SourceText.h"
+
 #include <QGuiApplication>
 
 namespace netrove {
@@ -21,7 +23,7 @@ bool CanMove(const QWidget& window) {
 }
 
 bool CanPlaceWindows() {
-    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    return !QGuiApplication::platformName().startsWith("wayland"_L1);
 }
 
 Qt::Edges ResizableEdges(const QWidget& window, Qt::Edges edges) {

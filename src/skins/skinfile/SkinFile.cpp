@@ -1,6 +1,7 @@
 #include "skins/skinfile/SkinFile.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/SourceText.h"
 
 #include <QStringList>
 #include <QXmlStreamReader>
@@ -15,22 +16,22 @@ constexpr int LargestChannel = 255;
 
 [[noreturn]] void Fail(const QString& reason) {
     throw RunTimeError(static_cast<int>(ErrorNumber::InvalidPropertyValue),
-                       QLatin1String("The skin file can't be used: ") + reason);
+                       "The skin file can't be used: "_L1 + reason);
 }
 
 [[noreturn]] void FailAt(const QXmlStreamReader& reader, const QString& reason) {
-    Fail(reason + QLatin1String(" (line ") + QString::number(reader.lineNumber()) + u')');
+    Fail(reason + " (line "_L1 + QString::number(reader.lineNumber()) + u')');
 }
 
 [[noreturn]] void FailValue(const QString& member, const QString& value) {
-    Fail(QLatin1Char('"') + value + QLatin1String("\" is no value for ") + member + u'.');
+    Fail(u'"' + value + "\" is no value for "_L1 + member + u'.');
 }
 
 /// An attribute of the element that the reader stands at.
 QString Attribute(const QXmlStreamReader& reader, QLatin1String name, qsizetype longest) {
     const QString value = reader.attributes().value(name).toString();
     if (value.size() > longest)
-        FailAt(reader, QLatin1String("a ") + name + QLatin1String(" is too long"));
+        FailAt(reader, "a "_L1 + name + " is too long"_L1);
     return value;
 }
 
@@ -44,7 +45,7 @@ bool NextElement(QXmlStreamReader& reader) {
         case QXmlStreamReader::EndDocument:
             return false;
         case QXmlStreamReader::DTD: // entities could make much of little
-            FailAt(reader, QStringLiteral("it has a document type"));
+            FailAt(reader, u"it has a document type"_s);
         case QXmlStreamReader::Invalid:
             FailAt(reader, reader.errorString());
         case QXmlStreamReader::NoToken:
@@ -62,17 +63,17 @@ bool NextElement(QXmlStreamReader& reader) {
 
 SkinFile::SkinFile(const QString& text) {
     if (text.size() > LongestText)
-        Fail(QStringLiteral("it is too long."));
+        Fail(u"it is too long."_s);
     QXmlStreamReader reader(text);
-    if (!NextElement(reader) || reader.name() != QLatin1String("skin"))
-        FailAt(reader, QStringLiteral("it doesn't begin with a skin element"));
-    name_ = Attribute(reader, QLatin1String("name"), LongestValue);
+    if (!NextElement(reader) || reader.name() != "skin"_L1)
+        FailAt(reader, u"it doesn't begin with a skin element"_s);
+    name_ = Attribute(reader, "name"_L1, LongestValue);
     while (NextElement(reader)) {
-        if (reader.name() == QLatin1String("member")) {
-            const QString name = Attribute(reader, QLatin1String("name"), LongestName);
-            values_.insert(name, Attribute(reader, QLatin1String("value"), LongestValue));
+        if (reader.name() == "member"_L1) {
+            const QString name = Attribute(reader, "name"_L1, LongestName);
+            values_.insert(name, Attribute(reader, "value"_L1, LongestValue));
             if (values_.size() > MostMembers)
-                FailAt(reader, QStringLiteral("it has too many members"));
+                FailAt(reader, u"it has too many members"_s);
         }
         reader.skipCurrentElement();
     }
@@ -108,9 +109,9 @@ std::optional<bool> SkinFile::Boolean(const QString& member) const {
     const auto value = values_.constFind(member);
     if (value == values_.cend())
         return std::nullopt;
-    if (*value != QLatin1String("True") && *value != QLatin1String("False"))
+    if (*value != "True"_L1 && *value != "False"_L1)
         FailValue(member, *value);
-    return *value == QLatin1String("True");
+    return *value == "True"_L1;
 }
 
 std::optional<quint32> SkinFile::Color(const QString& member) const {

@@ -1,5 +1,6 @@
 #include "smb/helper/Kerberos.h"
 
+#include "runtime/SourceText.h"
 #include "smb/helper/Resolve.h"
 
 #include <QFile>
@@ -18,7 +19,7 @@ constexpr char FileType[] = "FILE:";
 bool MayHaveTicket() {
     const QByteArray cache = qgetenv("KRB5CCNAME");
     if (cache.isEmpty())
-        return QFile::exists(QLatin1String("/tmp/krb5cc_") + QString::number(getuid()));
+        return QFile::exists("/tmp/krb5cc_"_L1 + QString::number(getuid()));
     if (cache.startsWith(FileType))
         return QFile::exists(QFile::decodeName(cache.mid(sizeof FileType - 1)));
     return !cache.startsWith('/') || QFile::exists(QFile::decodeName(cache));

@@ -182,7 +182,7 @@ int SmbClient::TryWays(const SmbRequest& request, const Part& part) {
 }
 
 void SmbClient::LeaveOtherLogon(const SmbRequest& request) {
-    const QString server = request.host + QLatin1Char(':') + QString::number(request.port);
+    const QString server = request.host + u':' + QString::number(request.port);
     if (!ways_.empty() && server == server_ && request.logon == logon_)
         return;
     file_.Close();
