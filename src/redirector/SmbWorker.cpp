@@ -119,8 +119,18 @@ int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part,
         if (const auto* fetched = std::get_if<SmbFetched>(&answer))
             answer =
                 SmbData{QByteArray::fromRawData(memory_->Data() + fetched->begin, fetched->length)};
-        if (!part(answer))
+        if (!Give(answer, part))
             return Fail(EPROTO);
+    }
+}
+
+/// What is left of an answer that nobody reads to its end would be taken for the next one.
+bool SmbWorker::Give(SmbAnswer& answer, const Part& part) {
+    try {
+        return part(answer);
+    } catch (...) {
+        End();
+        throw;
     }
 }
 

@@ -41,7 +41,7 @@ public:
     /// an errno. Calls WhileWaiting() meanwhile. Where the process has died, sends garbage or
     /// nothing for longer than `limit`, or the wait is given up, it is ended; the status is then
     /// ECONNABORTED, EPROTO, ETIMEDOUT or ECANCELED, or that of `check`, and the worker of no
-    /// further use.
+    /// further use. So it is where `part` raises something, which is passed on.
     [[nodiscard]] int Request(const SmbRequest& request, Time limit, const Part& part,
                               const std::stop_token& stop = {}, const Check& check = {});
 
@@ -55,6 +55,7 @@ private:
 
     [[nodiscard]] bool Meet(Waiting& waiting);
     [[nodiscard]] int Receive(SmbAnswer& answer, Waiting& waiting);
+    [[nodiscard]] bool Give(SmbAnswer& answer, const Part& part);
     [[nodiscard]] int Write();
     [[nodiscard]] int Read();
     int Fail(int status);
