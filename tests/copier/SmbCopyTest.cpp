@@ -79,7 +79,7 @@ protected:
 
 /// The threads have helpers of their own, and still try an unknown logon one after the other.
 TEST_F(SmbCopyTest, CopiesAreMadeAsWhomTheUserHasStored) {
-    SambaServer server(SambaServer::PrivateShare());
+    SambaServer server;
     ASSERT_TRUE(server.IsRunning() && server.AddUser(Text("daemon"), Text("right")));
     server.AddFile(Text("public/file"), "content");
     const auto logons = std::make_shared<Logons>();
