@@ -101,9 +101,3 @@ TEST_F(HttpReaderTest, TheWaitIsShownLimitedAndGivenUp) {
 
 } // namespace
 } // namespace netrove
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    const QCoreApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QHash>
 #include <QString>
-#include <QTcpSocket>
 #include <QThread>
 
 #include <atomic>
@@ -29,8 +28,13 @@ public:
     }
 
     /// A whole answer with that body.
-    static QByteArray Page(const QByteArray& body);
-    static QByteArray Redirect(const QByteArray& where);
+    static QByteArray Page(const QByteArray& body) {
+        return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) +
+               "\r\n\r\n" + body;
+    }
+    static QByteArray Redirect(const QByteArray& where) {
+        return "HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + where + "\r\n\r\n";
+    }
 
 private:
     struct Answer {
@@ -39,7 +43,6 @@ private:
     };
 
     void Run();
-    void Reply(QTcpSocket& client);
 
     QHash<QByteArray, Answer> answers_;
     std::atomic<int> port_ = 0;

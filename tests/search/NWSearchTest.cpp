@@ -1,5 +1,7 @@
 #include "search/NWSearch.h"
 
+#include "fakes/Files.h"
+#include "fakes/ListedFind.h"
 #include "fakes/MemoryNetwork.h"
 #include "fakes/Text.h"
 #include "runtime/ExpectRaised.h"
@@ -64,17 +66,14 @@ protected:
     /// What Search leaves in the log, without the search head.
     QString Logged(const char* patterns, const std::shared_ptr<NetResource>& start,
                    qint16 troubleshooting = 1) {
-        QTemporaryDir folder;
+        const QTemporaryDir folder;
         const QString path = folder.filePath(Text("test.log"));
         settings.Troubleshooting = troubleshooting;
         log.Open(path);
         Search(patterns, start);
         log.Close();
         settings.Troubleshooting = 0;
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        const QString text = QString::fromUtf8(file.readAll());
-        return text.section(Text("\r\n"), 3);
+        return QString::fromUtf8(ReadFile(path)).section(Text("\r\n"), 3);
     }
 
     MemoryNetwork network;
@@ -113,32 +112,24 @@ TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
     EXPECT_EQ(Found(), "\\\\S\\D\\one.mp3") << "README has no dot";
 }
 
-TEST_F(Engine, YieldsAtItsPoints) {
+TEST_F(Engine, AsksInItsOrderAndYieldsAtEachPoint) {
     AddFiles({"\\\\S\\D\\a.txt", "\\\\S\\D\\SUB\\"});
     network.AddNode(Text("\\\\S"), 11, Text("TREE"));
     QStringList record;
+    int yields = 0;
     network.OnCall = [&](const QString& call) { record.append(call); };
     onFound = [&] { record.append(Text("found")); };
     onUpdate = [&](const QString& path) { record.append(Text("U ") + path); };
     SetYieldAlways(true);
-    SetYieldPass([&] { record.append(Text("y")); });
+    SetYieldPass([&] { ++yields; });
     Search("*.mp3,*.txt", Node("\\\\S", NetEnum::DisplayServer));
     SetYieldPass({});
     SetYieldAlways(false);
-    const QString expected =
-        Text("y y U \\\\S y "                            // the search, the server, its shares
-             "y open \\\\S y y y y y y y print \\\\S y " // reading its two children
-             "y y y U \\\\S\\D y y enter \\\\S\\D y "    // the share, its test
-             "y U \\\\S\\D y y y y "                     // the start path, two patterns
-             "y U \\\\S\\D\\ list \\\\S\\D\\ "           // the top folder
-             "y list \\\\S\\D\\ y y "                    // its files: "." and "..",
-             "y y y y y found y "                        // a.txt: both patterns; SUB
-             "y y y y y "                                // its folders: "." and "..", a.txt
-             "y y y y U \\\\S\\D\\SUB\\ list \\\\S\\D\\SUB\\ "
-             "y list \\\\S\\D\\SUB\\ y y y y y y " // SUB: "." and ".." twice
-             "y open \\\\S\\D "                    // the share's children
-             "y y y enter TREE y");                // the container, its test
-    EXPECT_EQ(record.join(QLatin1Char(' ')), expected);
+    EXPECT_EQ(record.join(u'|'),
+              Text("U \\\\S|open \\\\S|print \\\\S|U \\\\S\\D|enter \\\\S\\D|U \\\\S\\D|"
+                   "U \\\\S\\D\\|list \\\\S\\D\\|list \\\\S\\D\\|found|U \\\\S\\D\\SUB\\|"
+                   "list \\\\S\\D\\SUB\\|list \\\\S\\D\\SUB\\|open \\\\S\\D|enter TREE"));
+    EXPECT_EQ(yields, 54);
 }
 
 TEST_F(Engine, LogsNodesAndFolderExclusions) {
@@ -185,19 +176,25 @@ TEST_F(Engine, ExcludesNodesByTypeAlsoTheStart) {
 }
 
 TEST_F(Engine, KnowsWhenThereAreNoComputers) {
-    const auto foundNobody = [this](const std::shared_ptr<NetResource>& start) {
-        Search("*", start);
-        return engine.FoundNobody();
-    };
-    EXPECT_FALSE(foundNobody(Root())) << "there are some";
-    EXPECT_TRUE(foundNobody(Node("Empty", 6)));
-    EXPECT_TRUE(foundNobody(Node("Empty", 1)));
-    EXPECT_FALSE(foundNobody(Node("\\\\EMPTY", 2))) << "one was given";
-    EXPECT_FALSE(foundNobody(Node("\\\\EMPTY\\D", 3)));
+    const struct {
+        const char* start;
+        qint32 displayType;
+        bool foundNobody;
+    } cases[] = {{"Net", 6, false},
+                 {"Empty", 6, true},
+                 {"Empty", 1, true},
+                 {"\\\\EMPTY", 2, false},
+                 {"\\\\EMPTY\\D", 3, false}};
+    for (const auto& [start, displayType, foundNobody] : cases) {
+        Search("*", Node(start, displayType));
+        EXPECT_EQ(engine.FoundNobody(), foundNobody) << start;
+    }
     settings.ExcNetNodes = {Text("Empty|True|Network")};
-    EXPECT_FALSE(foundNobody(Node("Empty", 6))) << "nobody was looked for";
+    Search("*", Node("Empty", 6));
+    EXPECT_FALSE(engine.FoundNobody()) << "nobody was looked for";
     onUpdate = [this](const QString&) { engine.Abandon(); };
-    EXPECT_FALSE(foundNobody(Node("Empty", 1)));
+    Search("*", Node("Empty", 1));
+    EXPECT_FALSE(engine.FoundNobody());
 }
 
 TEST_F(Engine, PassesOverTheCurrentComputer) {
@@ -232,23 +229,17 @@ TEST_F(Engine, SearchesAdminSharesBeforeTheListedOnes) {
 }
 
 TEST_F(Engine, EntersContainersOrTheirChildren) {
+    // A share that can't be entered still has them.
     network.AddNode(Text("\\\\S\\D"), 11, Text("\\\\T\\FOLDER"));
     network.AddNode(Text("\\\\S\\D"), 11, Text("TREE"));
     network.AddNode(Text("TREE"), NetEnum::DisplayShare, Text("\\\\T\\BELOW"));
     AddFiles({"\\\\T\\FOLDER\\a", "\\\\T\\BELOW\\b"});
     Search("*", Root());
     EXPECT_EQ(Found(), "\\\\T\\FOLDER\\a");
+    EXPECT_FALSE(updates.contains(Text("\\\\S\\D\\"))) << "it isn't scanned";
     settings.IncludeVirtualShares = true;
     Search("*", Root());
     EXPECT_EQ(Found(), "\\\\T\\FOLDER\\a \\\\T\\BELOW\\b");
-}
-
-TEST_F(Engine, ShareThatCannotBeEnteredStillHasChildren) {
-    network.AddNode(Text("\\\\S\\D"), NetEnum::DisplayShare, Text("\\\\S\\INNER"));
-    network.AddFile(Text("\\\\S\\INNER\\a"));
-    Search("*", Root());
-    EXPECT_EQ(Found(), "\\\\S\\INNER\\a");
-    EXPECT_FALSE(updates.contains(Text("\\\\S\\D\\"))) << "it isn't scanned";
 }
 
 /// Two servers of four shares each, every one with a file.
@@ -345,11 +336,8 @@ TEST_F(Engine, EndlessFoldersEnd) {
     class Endless : public MemoryNetwork {
         std::unique_ptr<FileFind> FindFirst(const QString& /*searchPath*/,
                                             FindData& first) override {
-            struct None : FileFind {
-                bool FindNext(FindData& /*data*/) override { return false; }
-            };
             first = {.attributes = FileAttribute::Directory, .fileName = Text("x")};
-            return std::make_unique<None>();
+            return std::make_unique<ListedFind>(std::vector<FindData>());
         }
         bool CanEnter(const QString& /*path*/) override { return true; }
     } endless;

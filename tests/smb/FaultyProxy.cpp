@@ -6,17 +6,6 @@
 #include <poll.h>
 
 namespace netrove {
-FaultyProxy::FaultyProxy(quint16 server) : serverPort_(server), thread_([this] { Run(); }) {}
-
-FaultyProxy::~FaultyProxy() {
-    ending_ = true;
-    thread_.join();
-}
-
-void FaultyProxy::SetLimit(qint64 bytes, Fault fault) {
-    limit_ = bytes_ + bytes;
-    fault_ = fault;
-}
 
 int FaultyProxy::CloseAll() {
     const int open = open_;
@@ -25,10 +14,6 @@ int FaultyProxy::CloseAll() {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     Heal();
     return open;
-}
-
-bool FaultyProxy::LimitReached() const {
-    return fault_ != Fault::None && bytes_ >= limit_;
 }
 
 void FaultyProxy::Run() {
