@@ -52,9 +52,7 @@ protected:
         ExpectRaised(number, [&] { Copy(source, target); });
     }
 
-    QStringList Files(QDir::Filters hidden = QDir::Hidden) const {
-        return QDir(tree_.Path()).entryList(QDir::Files | hidden);
-    }
+    QStringList Files() const { return QDir(tree_.Path()).entryList(QDir::Files | QDir::Hidden); }
 
     TempTree tree_;
     QString target_ = tree_.Path(Text("file"));
@@ -89,15 +87,16 @@ TEST_F(FileCopyTest, ABrokenCopyOfAnotherStateIsNoBeginning) {
 
 TEST_F(FileCopyTest, AFileThatChangesMeanwhileIsNotCopied) {
     tree_.File("file", "old");
-    FakeSource touched;
-    touched.later = CopySourceState{.length = 5'000'000, .modified = 1};
-    ExpectFailure(ErrorNumber::FileAlreadyOpen, touched);
-    FakeSource shrunk;
-    shrunk.content.truncate(4'000'000);
-    ExpectFailure(ErrorNumber::FileAlreadyOpen, shrunk);
-    FakeSource grown;
-    grown.later = CopySourceState{.length = 5'000'001, .modified = grown.state.modified};
-    ExpectFailure(ErrorNumber::FileAlreadyOpen, grown);
+    const CopySourceState before = FakeSource().state;
+    const CopySourceState touched{.length = before.length, .modified = 1};
+    const CopySourceState grown{.length = before.length + 1, .modified = before.modified};
+    for (const CopySourceState& state : {touched, grown, before}) {
+        FakeSource source;
+        source.later = state;
+        if (state == before)
+            source.content.truncate(4'000'000);
+        ExpectFailure(ErrorNumber::FileAlreadyOpen, source);
+    }
     EXPECT_EQ(ContentOf(target_), "old");
     EXPECT_EQ(Files(), QStringList{Text("file")});
 }
