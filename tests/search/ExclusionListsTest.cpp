@@ -30,19 +30,15 @@ TEST(ExclusionLists, EntriesGoToTheListsOfTheirType) {
 }
 
 TEST(ExclusionLists, BrokenEntriesFail) {
-    const struct {
-        const char* entry;
-        ErrorNumber number;
-    } cases[] = {{"Temp|True", ErrorNumber::SubscriptOutOfRange},
-                 {"", ErrorNumber::SubscriptOutOfRange},
-                 {"Temp|maybe|Folder", ErrorNumber::TypeMismatch},
-                 {"Temp||Folder", ErrorNumber::TypeMismatch}};
-    for (const auto& [entry, number] : cases) {
+    using enum ErrorNumber;
+    for (const auto& [entry, number] : {std::pair("Temp|True", SubscriptOutOfRange),
+                                        {"", SubscriptOutOfRange},
+                                        {"Temp|maybe|Folder", TypeMismatch},
+                                        {"Temp||Folder", TypeMismatch}}) {
         Settings settings;
         settings.ExcNetNodes = {Text(entry)};
-        ExclusionLists lists;
         ExpectRaised(
-            number, [&] { lists.ParseNetNodes(settings); }, Text(entry));
+            number, [&] { ExclusionLists().ParseNetNodes(settings); }, Text(entry));
     }
 }
 
