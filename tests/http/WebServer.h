@@ -16,8 +16,6 @@ public:
     enum class Ending { Close, Silence }; ///< of an answer: silent ones stay open
 
     WebServer();
-    WebServer(const WebServer&) = delete;
-    WebServer& operator=(const WebServer&) = delete;
     ~WebServer();
 
     [[nodiscard]] QString Site() const { return QStringLiteral("http://127.0.0.1:%1").arg(port_); }

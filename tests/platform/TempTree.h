@@ -14,8 +14,6 @@ namespace netrove {
 class TempTree {
 public:
     TempTree() { dir_.setAutoRemove(false); }
-    TempTree(const TempTree&) = delete;
-    TempTree& operator=(const TempTree&) = delete;
     /// QTemporaryDir can't remove names that aren't UTF-8.
     ~TempTree() {
         std::error_code ignored;

@@ -19,10 +19,7 @@ namespace {
 class Engine : public testing::Test {
 protected:
     void SetUp() override {
-        network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
-        network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
-        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\S"));
-        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
+        network.AddBranch({"Net", "WG", "\\\\S", "\\\\S\\D"});
         engine.SetRecurseFolders(true);
         engine.ItemFound = [this](const QString& path) {
             found.append(path);
@@ -94,14 +91,12 @@ TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
     EXPECT_EQ(Found(),
               "\\\\S\\D\\one.mp3 \\\\S\\D\\OLD\\two.MP3 \\\\S\\D\\music.mp3\\deep\\three.mp3");
     EXPECT_EQ(updates,
-              (QStringList{QString(), Text("Net"), Text("WG"), Text("\\\\S"), Text("\\\\S\\D"),
-                           Text("\\\\S\\D"), Text("\\\\S\\D\\"), Text("\\\\S\\D\\OLD\\"),
-                           Text("\\\\S\\D\\music.mp3\\"), Text("\\\\S\\D\\music.mp3\\deep\\")}));
+              Texts({"", "Net", "WG", "\\\\S", "\\\\S\\D", "\\\\S\\D", "\\\\S\\D\\",
+                     "\\\\S\\D\\OLD\\", "\\\\S\\D\\music.mp3\\", "\\\\S\\D\\music.mp3\\deep\\"}));
     EXPECT_EQ(engine.NumResults(), 3);
     EXPECT_EQ(engine.GetResult(1), found[0]);
     EXPECT_EQ(engine.GetResult(3), found[2]);
-    EXPECT_TRUE(engine.GetResult(0).isEmpty());
-    EXPECT_TRUE(engine.GetResult(4).isEmpty());
+    EXPECT_TRUE(engine.GetResult(0).isEmpty() && engine.GetResult(4).isEmpty());
 
     engine.SetRecurseFolders(false);
     engine.SetKeepResults(false);
@@ -247,10 +242,9 @@ class Traps : public Engine {
 protected:
     void SetUp() override {
         Engine::SetUp();
-        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\T"));
-        network.AddFile(Text("\\\\S\\D\\a"));
-        for (const char* share : {"\\\\S\\E", "\\\\S\\F", "\\\\T\\G", "\\\\T\\H"}) {
-            network.AddNode(Text(share).left(3), NetEnum::DisplayShare, Text(share));
+        for (const char* share : {"\\\\S\\D", "\\\\S\\E", "\\\\S\\F", "\\\\T\\G", "\\\\T\\H"}) {
+            const QByteArray server = QByteArray(share).left(3);
+            network.AddBranch({"Net", "WG", server.constData(), share});
             network.AddFile(Text(share) + Text("\\a"));
         }
     }

@@ -19,8 +19,6 @@ namespace netrove {
 class FaultyProxy {
 public:
     explicit FaultyProxy(quint16 server) : serverPort_(server), thread_([this] { Run(); }) {}
-    FaultyProxy(const FaultyProxy&) = delete;
-    FaultyProxy& operator=(const FaultyProxy&) = delete;
     ~FaultyProxy() {
         ending_ = true;
         thread_.join();

@@ -27,8 +27,6 @@ public:
     /// Starts the server and waits until it answers; IsRunning() tells whether it does. `options`
     /// are further lines of the global section of its configuration.
     explicit SambaServer(const QString& options = QString());
-    SambaServer(const SambaServer&) = delete;
-    SambaServer& operator=(const SambaServer&) = delete;
     ~SambaServer() { Stop(); }
 
     [[nodiscard]] bool IsRunning() const { return process_.state() != QProcess::NotRunning; }

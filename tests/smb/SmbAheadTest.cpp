@@ -25,8 +25,6 @@ class Doorkeeper {
 public:
     explicit Doorkeeper(std::chrono::milliseconds pause = 0ms)
         : pause_(pause), thread_([this] { Run(); }) {}
-    Doorkeeper(const Doorkeeper&) = delete;
-    Doorkeeper& operator=(const Doorkeeper&) = delete;
     ~Doorkeeper() {
         shutdown(listener_.Descriptor(), SHUT_RDWR);
         thread_.join();
