@@ -20,14 +20,10 @@ public:
         ++Rounds;
         Running = true;
     }
-    /// The computers are found, and the round goes on.
-    void Publish() {
-        found_ = Computers;
-        eventfd_write(descriptor_.Number(), 1);
-    }
     void Finish() {
         Running = false;
-        Publish();
+        found_ = Computers;
+        eventfd_write(descriptor_.Number(), 1);
     }
     bool IsRunning() const override { return Running; }
     std::vector<FoundComputer> Found() const override {

@@ -66,8 +66,9 @@ TEST_F(SmallNetwork, FailedOpenIsTriedAgainAndABrokenListKeepsWhatCame) {
     EXPECT_EQ(root.Children()->Count(), 1);
     network.BreakOff = false;
     network.AddNode(Text("HOME"), NetEnum::DisplayServer, Text("\\\\media"));
-    root.InitFrom({.lpRemoteName = Text("HOME")});
-    ExpectRaised(ErrorNumber::KeyNotUnique, [&] { return root.Children(); });
+    NetResource home{network};
+    home.InitFrom({.lpRemoteName = Text("HOME")});
+    ExpectRaised(ErrorNumber::KeyNotUnique, [&] { return home.Children(); });
     EXPECT_EQ(network.OpenHandles, 0);
 }
 

@@ -14,8 +14,8 @@ namespace {
 /// Answers what it was told to, however hostile.
 class FakeProvider : public NetworkProvider {
 public:
-    explicit FakeProvider(const QString& name, QStringList servers = {}, bool takesUnknown = false)
-        : NetworkProvider(name), servers_(std::move(servers)), takesUnknown_(takesUnknown) {}
+    FakeProvider(const char* name, QStringList servers)
+        : NetworkProvider(Text(name)), servers_(std::move(servers)) {}
 
     void Add(const QString& node, qint32 displayType, const QString& remoteName,
              qint32 type = NetEnum::TypeDisk) {
@@ -32,7 +32,7 @@ public:
         return found == lists_.constEnd() ? std::nullopt : std::optional(*found);
     }
     bool Knows(const QString& server) override { return servers_.contains(server); }
-    bool TakesUnknown() const override { return takesUnknown_; }
+    bool TakesUnknown() const override { return Name() == Text("LAN"); }
     QString Workgroup(const QString& server) override { return QLatin1String("of ") + server; }
     std::unique_ptr<FileFind> FindFirst(const UncPath& path, FindData& first) override {
         Asked += path.Text();
@@ -54,7 +54,6 @@ public:
 
 private:
     QStringList servers_;
-    bool takesUnknown_;
     QHash<std::pair<QString, qint32>, std::vector<NetRecord>> lists_;
 };
 
@@ -88,8 +87,8 @@ protected:
         return names.join(u'|').toStdString();
     }
 
-    FakeProvider* lan_ = new FakeProvider(Text("LAN"), {Text("ONE")}, true);
-    FakeProvider* other_ = new FakeProvider(Text("Other"), {Text("ONE"), Text("TWO")});
+    FakeProvider* lan_ = new FakeProvider("LAN", Texts({"ONE"}));
+    FakeProvider* other_ = new FakeProvider("Other", Texts({"ONE", "TWO"}));
     std::unique_ptr<Network> network_;
 };
 
@@ -182,8 +181,8 @@ TEST_F(NetworkTest, AsksTheProviderThatAnswersForTheComputer) {
     EXPECT_TRUE(network_->CanEnter(Text("\\\\TWO\\S\\")));
     EXPECT_EQ(other_->Asked, (QStringList{Text("\\\\TWO\\S\\file"), Text("\\\\TWO\\S")}));
     // No path that isn't one reaches a provider.
-    for (const QString& path : {Text("\\\\TWO"), Text("\\\\TWO\\S\\..\\x"), Text("\\\\TWO\\\\x"),
-                                Text("\\\\TWO\\S\\a/b")}) {
+    for (const QString& path :
+         Texts({"\\\\TWO", "\\\\TWO\\S\\..\\x", "\\\\TWO\\\\x", "\\\\TWO\\S\\a/b"})) {
         FindData data;
         EXPECT_FALSE(network_->CanEnter(path));
         EXPECT_FALSE(network_->FindFirst(path + QLatin1String("\\*.*"), data));

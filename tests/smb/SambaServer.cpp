@@ -28,7 +28,7 @@ constexpr char Configuration[] = R"(
 %OPTIONS%
 [PUBLIC]
     path = %ROOT%/public
-    comment = %COMMENT%
+    comment = Ordner für alle — 音楽
     guest ok = yes
 [REFUSED]
     path = %ROOT%/public
@@ -82,8 +82,7 @@ void SambaServer::WriteConfiguration(const QString& options) {
                                       {"%PORT%", QString::number(port_)},
                                       {"%NO_NETBIOS%", QStringLiteral("yes")},
                                       {"%STATE%", Path(QStringLiteral("state"))},
-                                      {"%ROOT%", Path({})},
-                                      {"%COMMENT%", QString::fromUtf16(PublicComment)}})
+                                      {"%ROOT%", Path({})}})
         text.replace(QLatin1String(name), value);
     AddFile(QStringLiteral("state/smb.conf"), text.toUtf8());
 }

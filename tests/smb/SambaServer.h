@@ -15,8 +15,6 @@ namespace netrove {
 /// "games" may enter. They show the subfolders "public", "hidden" and "unlisted" of its folder.
 class SambaServer {
 public:
-    static constexpr char16_t PublicComment[] = u"Ordner f\u00fcr alle \u2014 \u97f3\u697d";
-
     /// Whether a server can be started here: Samba is installed, and the user is root, whom smbd
     /// needs to be to take on its guests' identity.
     [[nodiscard]] static bool IsAvailable();
