@@ -81,47 +81,38 @@ QByteArray ReadInPieces(FileAccess& files, const QString& path) {
 
 class SmbAheadTest : public testing::Test {
 protected:
-    std::unique_ptr<Network> LocalNetwork(quint16 port, int computers,
-                                          const SmbLimits& limits = {}) {
-        std::vector<SmbHost> hosts;
-        for (int at = 1; at <= computers; ++at)
-            hosts.push_back({.name = Text("PC%1").arg(at),
-                             .workgroup = at % 2 == 0 ? Text("EVEN") : Text("ODD"),
-                             .address = Text("127.0.0.%1").arg(at),
-                             .port = port});
-        std::vector<std::unique_ptr<NetworkProvider>> providers;
-        auto provider = std::make_unique<SmbProvider>(Text("LAN"), hosts,
-                                                      QStringLiteral(NETROVE_TREE_HELPER), limits);
-        pool_ = &provider->Pool();
-        providers.push_back(std::move(provider));
-        return std::make_unique<Network>(std::move(providers));
-    }
-
     /// The computers take so many connections in all.
-    void Run(Walk& walk, int seed, bool ahead, int connections = 100) {
+    Walk Run(Walk walk, int seed, bool ahead, int connections = 100) {
         const QString requests = WriteFile(folder_.filePath(Text("requests")), {});
         qputenv("NETROVE_TREE", QByteArray::number(seed));
         qputenv("NETROVE_TREE_LOG", QFile::encodeName(requests));
         qputenv("NETROVE_TREE_CONNECTIONS", QByteArray::number(connections));
-        SmbLimits limits;
-        limits.opening = 0ms; // so that there are several connections to each computer
-        const auto network = LocalNetwork(port_, computers_, limits);
+        std::vector<SmbHost> hosts;
+        for (int at = 1; at <= computers_; ++at)
+            hosts.push_back({.name = Text("PC%1").arg(at),
+                             .workgroup = at % 2 == 0 ? Text("EVEN") : Text("ODD"),
+                             .address = Text("127.0.0.%1").arg(at),
+                             .port = port_});
+        std::vector<std::unique_ptr<NetworkProvider>> providers;
+        auto* provider =
+            new SmbProvider(Text("LAN"), hosts, QStringLiteral(NETROVE_TREE_HELPER), limits_);
+        providers.emplace_back(provider);
+        Network network(std::move(providers));
         walk.settings.Troubleshooting = 1;
         TroubleshootingLog log(walk.settings);
         const QString logged = folder_.filePath(Text("log"));
         log.Open(logged);
         ExclusionLists lists;
         lists.ParseNetNodes(walk.settings);
-        NWSearch search({.files = *network,
+        const auto read = [](FileAccess& files, const QString& path) {
+            static_cast<void>(ReadInPieces(files, path));
+        };
+        NWSearch search({.files = network,
                          .settings = walk.settings,
                          .exclusions = lists,
                          .log = log,
-                         .ahead = ahead ? network.get() : nullptr,
-                         .reading = {.reads = [](const QString&) { return true; },
-                                     .read =
-                                         [](FileAccess& files, const QString& path) {
-                                             static_cast<void>(ReadInPieces(files, path));
-                                         }}});
+                         .ahead = ahead ? &network : nullptr,
+                         .reading = {.reads = [](const QString&) { return true; }, .read = read}});
         search.SetRecurseFolders(walk.recurse);
         search.SearchUpdate = [&](const QString& path) {
             walk.happened += path;
@@ -130,14 +121,14 @@ protected:
         };
         search.ItemFound = [&](const QString& path) {
             QByteArray content;
-            const auto failure = FailureOf([&] { content = ReadInPieces(*network, path); });
+            const auto failure = FailureOf([&] { content = ReadInPieces(network, path); });
             walk.happened += Text("found %1 %2 %3")
-                                 .arg(path, QString::number(network->Info(path).length),
+                                 .arg(path, QString::number(network.Info(path).length),
                                       failure ? QString::number(failure->Number())
                                               : QString::fromLatin1(content.toHex()));
         };
-        search.BeginSearch(Text("*.txt"), std::make_shared<NetResource>(*network));
-        walk.kept = pool_->IdleProcesses().size();
+        search.BeginSearch(Text("*.txt"), std::make_shared<NetResource>(network));
+        walk.kept = provider->Pool().IdleProcesses().size();
         log.Close();
         walk.log = ReadFile(logged).split('\n').mid(2).join('\n'); // without the time
         for (const QByteArray& line : ReadFile(requests).split('\n'))
@@ -145,16 +136,15 @@ protected:
                 ++walk.early;
             else
                 walk.requests.insert(line);
+        return walk;
     }
 
     /// Runs a walk alone and then ahead, which has to come to the same; gives the latter.
     Walk ExpectSame(const Walk& told, int seed, int connections = 100) {
-        Walk alone = told;
-        Walk ahead = told;
         const quint16 distant = std::exchange(port_, door_.Port());
-        Run(alone, seed, false);
+        const Walk alone = Run(told, seed, false);
         port_ = distant;
-        Run(ahead, seed, true, connections);
+        const Walk ahead = Run(told, seed, true, connections);
         SCOPED_TRACE(seed);
         EXPECT_EQ(alone.happened, ahead.happened) << connections;
         EXPECT_EQ(alone.log, ahead.log) << connections;
@@ -163,7 +153,7 @@ protected:
     }
 
     QTemporaryDir folder_;
-    const SmbPool* pool_ = nullptr;
+    SmbLimits limits_{.opening = 0ms}; // so that there are several connections to each computer
     Doorkeeper door_;
     quint16 port_ = door_.Port();
     int computers_ = 3;
@@ -207,43 +197,30 @@ TEST_F(SmbAheadTest, ADistantComputerGetsConnectionsBeforeThereIsWorkForThem) {
 
 TEST_F(SmbAheadTest, AnAbandonedWalkEndsAsItWouldAndAsksForNothingElse) {
     for (int seed = 20; seed < 23; ++seed) {
-        Walk whole;
-        Run(whole, seed, false);
+        const Walk whole = Run({}, seed, false);
         for (int part = 1; part <= 3; ++part) {
-            Walk ahead;
-            ahead.abandonAt = whole.happened.size() * part / 4;
-            Run(ahead, seed, true);
-            Walk alone;
-            alone.abandonAt = ahead.abandonAt;
-            Run(alone, seed, false);
-            EXPECT_EQ(ahead.happened, alone.happened) << seed << ' ' << part;
+            SCOPED_TRACE(seed * 10 + part);
+            const Walk told{.abandonAt = whole.happened.size() * part / 4};
+            const Walk ahead = Run(told, seed, true);
+            const Walk alone = Run(told, seed, false);
+            EXPECT_EQ(ahead.happened, alone.happened);
             EXPECT_EQ(ahead.log, alone.log);
             EXPECT_TRUE(std::includes(whole.requests.begin(), whole.requests.end(),
-                                      ahead.requests.begin(), ahead.requests.end()))
-                << seed << ' ' << part;
+                                      ahead.requests.begin(), ahead.requests.end()));
         }
     }
 }
 
 TEST_F(SmbAheadTest, DeadComputersCostOneLimit) {
     const ListeningPort silent(INADDR_ANY);
-    constexpr int computers = 50;
-    SmbLimits limits;
-    limits.negotiate = 500ms;
-    const auto network = LocalNetwork(silent.Port(), computers, limits);
-    const Settings settings;
-    TroubleshootingLog log(settings);
-    const ExclusionLists lists;
+    port_ = silent.Port();
+    computers_ = 50;
+    limits_.negotiate = 500ms;
     int passes = 0;
     SetWaitingPass([&] { return ++passes > 0; });
-    NWSearch search({.files = *network,
-                     .settings = settings,
-                     .exclusions = lists,
-                     .log = log,
-                     .ahead = network.get()});
     QElapsedTimer time;
     time.start();
-    search.BeginSearch(Text("*"), std::make_shared<NetResource>(*network));
+    static_cast<void>(Run({}, 1, true));
     SetWaitingPass({});
     EXPECT_GE(time.elapsed(), 500);
     EXPECT_LT(time.elapsed(), 5 * 500);
