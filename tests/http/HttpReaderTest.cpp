@@ -24,11 +24,9 @@ protected:
 
     /// The text of that page, "failed" where there is none.
     QString Read(const QString& address) {
-        try {
-            return reader->OpenURL(address);
-        } catch (const RunTimeError&) {
-            return Text("failed");
-        }
+        QString text = Text("failed");
+        static_cast<void>(FailureOf([&] { text = reader->OpenURL(address); }));
+        return text;
     }
     QString ReadAnswer(const QByteArray& answer) {
         server.Serve(Text("/page"), answer);
