@@ -23,13 +23,11 @@ protected:
         engine.SetRecurseFolders(true);
         engine.ItemFound = [this](const QString& path) {
             found.append(path);
-            if (onFound)
-                onFound();
+            onFound();
         };
         engine.SearchUpdate = [this](const QString& path) {
             updates.append(path);
-            if (onUpdate)
-                onUpdate(path);
+            onUpdate(path);
         };
     }
 
@@ -80,8 +78,8 @@ protected:
     NWSearch engine{SearchServices{network, settings, lists, log, nullptr, &network}};
     QStringList found;
     QStringList updates;
-    std::function<void()> onFound;
-    std::function<void(const QString&)> onUpdate;
+    std::function<void()> onFound = [] {};
+    std::function<void(const QString&)> onUpdate = [](const QString&) {};
 };
 
 TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
@@ -305,7 +303,7 @@ TEST_F(Engine, StopsAtTheNextTestAfterAbandon) {
     EXPECT_EQ(Found(), "\\\\S\\D\\a");
     EXPECT_EQ(updates.last(), Text("\\\\S\\D\\"));
 
-    onFound = {};
+    onFound = [] {};
     settings.IncludeAdminShares = true;
     network.AddFile(Text("\\\\S\\E$\\b"));
     for (const char* at : {"", "WG", "\\\\S\\E$\\", "\\\\S\\D", "\\\\S\\D\\SUB\\"}) {
