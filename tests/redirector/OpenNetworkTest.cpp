@@ -1,6 +1,7 @@
 #include "redirector/OpenNetwork.h"
 
 #include "fakes/Text.h"
+#include "network/NetResource.h"
 #include "platform/TempTree.h"
 
 #include <gtest/gtest.h>
@@ -18,19 +19,13 @@ struct Opened : OpenedNetwork {
 
     /// The names below a network, or at the root, joined by "|".
     [[nodiscard]] std::string Names(const char* below = "") const {
-        NetEnum::Handle handle = 0;
-        const NetRecord start{.dwDisplayType = NetEnum::DisplayNetwork,
-                              .lpRemoteName = Text(below),
-                              .lpProvider = Text(below)};
-        qint32 count = NetEnum::CountAll;
-        std::vector<NetRecord> records;
-        quint32 size = 1 << 20;
-        EXPECT_EQ(network->OpenEnum(2, NetEnum::TypeDisk, 0, start, handle), NetEnum::NoError);
-        EXPECT_EQ(network->EnumResource(handle, count, records, size), NetEnum::NoError);
-        network->CloseEnum(handle);
+        NetResource node(*network);
+        node.InitFrom({.dwDisplayType = NetEnum::DisplayNetwork,
+                       .lpRemoteName = Text(below),
+                       .lpProvider = Text(below)});
         QStringList names;
-        for (const NetRecord& record : records)
-            names += record.lpRemoteName;
+        for (const auto& child : *node.Children())
+            names += child->RemoteName();
         return names.join(u'|').toStdString();
     }
 
