@@ -179,15 +179,29 @@ TEST_F(SmbCopyTest, LettingGoEndsAllWithoutWaiting) {
     EXPECT_TRUE(driver->Done().isEmpty());
 }
 
+/// In a process of its own: copies until its input ends, from the port that the environment tells.
+TEST(CopyingProgram, DISABLED_EndsWithItsInput) {
+    SmbHost host{.name = Text("FILER"), .address = Text("127.0.0.1")};
+    host.port = qEnvironmentVariable("NETROVE_COPY_PORT").toUShort();
+    CopierDriver driver(
+        std::make_unique<SmbProvider>(Text("LAN"), std::vector{host}, SambaServer::Helper()));
+    ASSERT_TRUE(driver.WaitForProgress(driver.Copier().QueueCopy(
+        Text("\\\\FILER\\PUBLIC\\big"), qEnvironmentVariable("NETROVE_COPY_TARGET"))));
+    std::fputs("copying", stderr);
+    std::getchar();
+}
+
 TEST_F(SmbCopyTest, AProgramThatEndsLeavesNothingBehind) {
     FaultyProxy proxy(samba_->Port());
     proxy.Delay(5ms);
+    qputenv("NETROVE_COPY_PORT", QByteArray::number(proxy.Port()));
+    qputenv("NETROVE_COPY_TARGET", Save(Text("big")).toUtf8());
     for (const bool isKilled : {false, true}) {
         QProcess program;
-        program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        program.start(QCoreApplication::applicationFilePath(),
-                      {Text("copy"), QString::number(proxy.Port()), SambaServer::Helper(), big_,
-                       Save(Text("big"))});
+        program.setReadChannel(QProcess::StandardError);
+        program.start(
+            QCoreApplication::applicationFilePath(),
+            {Text("--gtest_also_run_disabled_tests"), Text("--gtest_filter=CopyingProgram.*")});
         ASSERT_TRUE(program.waitForReadyRead(30000));
         const auto helpers = Helpers(program.processId());
         EXPECT_EQ(helpers.size(), 2U);

@@ -148,7 +148,8 @@ TEST_F(Engine, ExcludesNodesByTypeAlsoTheStart) {
         qint32 displayType;
         const char* logLine; ///< null: not excluded
     } cases[] = {
-        {"net|True|Network", "Net", 6, "Exclude Network: NET"},
+        {" net |1|NETWORK", "Net", 6, "Exclude Network: NET"},
+        {"net|nonsense|Printer", "Net", 6, nullptr},
         {"wg|True|Workgroup", "WG", 1, "Exclude Workgroup: WG"},
         {"wg|True|Workgroup", "WG", 5, "Exclude Workgroup: WG"},
         {"s|True|Workstation", "\\\\S", 2, "Exclude Workstation: \\\\S"},
@@ -165,6 +166,20 @@ TEST_F(Engine, ExcludesNodesByTypeAlsoTheStart) {
         if (logLine) {
             EXPECT_TRUE(text.endsWith(Text(logLine) + Text("\r\n \r\n"))) << text.toStdString();
         }
+    }
+    settings.ExcNetNodes =
+        Texts({"net|True|Network", "wg|True|Workgroup", "s|True|Workstation", "d|True|Folder"});
+    settings.ExcludeNetNodes = false;
+    Search("*.mp3", Root());
+    EXPECT_EQ(Found(), "\\\\S\\D\\a.mp3");
+    using enum ErrorNumber;
+    for (const auto& [entry, number] : {std::pair("Temp|True", SubscriptOutOfRange),
+                                        {"", SubscriptOutOfRange},
+                                        {"Temp|maybe|Folder", TypeMismatch},
+                                        {"Temp||Folder", TypeMismatch}}) {
+        settings.ExcNetNodes = {Text(entry)};
+        ExpectRaised(
+            number, [&] { Search("*", Root()); }, Text(entry));
     }
 }
 
