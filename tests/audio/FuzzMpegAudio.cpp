@@ -1,47 +1,32 @@
 #include "audio/ISMP3Player.h"
 #include "audio/MpegStream.h"
+#include "fakes/Fuzz.h"
 #include "fakes/OneFile.h"
 
-#include <cstdint>
-#include <cstdlib>
-
 namespace netrove {
-namespace {
 
 /// Bytes alone would seldom make two frames that fit: the first byte says how many real ones
 /// stand before and behind the others, and whether the file seems longer than it is.
-void Fill(OneFile& file, const std::uint8_t* data, std::size_t size) {
-    const QByteArray bytes(reinterpret_cast<const char*>(data + 1),
-                           static_cast<qsizetype>(size - 1));
-    const quint32 header = Mp3Header | (data[0] & 0xC0U);
-    file.content = MpegFrames(header, data[0] & 3) + bytes + MpegFrames(header, data[0] >> 2 & 3);
-    if ((data[0] & 0x10) != 0)
-        file.content = TableFrame(header, 36, bytes.left(300)) + file.content;
-    if ((data[0] & 0x20) != 0)
-        file.length = 5'000'000'000;
-}
-
-int TestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size == 0)
-        return 0;
+void Fuzz(const QByteArray& input) {
+    if (input.isEmpty())
+        return;
+    const auto how = static_cast<unsigned char>(input[0]);
+    const QByteArray bytes = input.mid(1);
+    const quint32 header = Mp3Header | (how & 0xC0U);
     OneFile file;
-    Fill(file, data, size);
+    file.content = MpegFrames(header, how & 3) + bytes + MpegFrames(header, how >> 2 & 3);
+    if ((how & 0x10) != 0)
+        file.content = TableFrame(header, 36, bytes.left(300)) + file.content;
+    if ((how & 0x20) != 0)
+        file.length = 5'000'000'000;
     ISMP3Player player(file);
     player.SetMP3FileName(QStringLiteral("song"));
     try {
-        if (player.MP3Length() < 0)
-            std::abort();
+        Require(player.MP3Length() >= 0);
     } catch (const RunTimeError&) {
     }
-    if (player.MP3Bitrate() < 0 || player.MP3Frequency() < 0 || file.bytesRead > 64 * 1024 ||
-        file.reads > 50)
-        std::abort();
-    return 0;
+    Require(player.MP3Bitrate() >= 0 && player.MP3Frequency() >= 0 && file.bytesRead <= 64 * 1024 &&
+            file.reads <= 50);
 }
 
-} // namespace
 } // namespace netrove
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    return netrove::TestOneInput(data, size);
-}

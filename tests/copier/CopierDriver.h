@@ -17,8 +17,8 @@ namespace netrove {
 /// A copier whose completions are kept, by their ids.
 class CopierDriver {
 public:
-    explicit CopierDriver(std::unique_ptr<NetworkProvider> provider = nullptr)
-        : network_(Providers(std::move(provider))), copier_(std::in_place, network_) {
+    explicit CopierDriver(std::unique_ptr<NetworkProvider> provider)
+        : network_(One(std::move(provider))), copier_(std::in_place, network_) {
         QObject::connect(&*copier_, &CopyQ::CopyDone, &*copier_,
                          [this](const QString& id, int number) { done_.insert(id, number); });
     }
@@ -55,10 +55,9 @@ public:
 
 private:
     static std::vector<std::unique_ptr<NetworkProvider>>
-    Providers(std::unique_ptr<NetworkProvider> provider) {
+    One(std::unique_ptr<NetworkProvider> provider) {
         std::vector<std::unique_ptr<NetworkProvider>> providers;
-        if (provider)
-            providers.push_back(std::move(provider));
+        providers.push_back(std::move(provider));
         return providers;
     }
 

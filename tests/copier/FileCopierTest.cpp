@@ -49,13 +49,12 @@ TEST_F(FileCopierTest, NoNameLeavesTheFolder) {
     CopierDriver driver(std::make_unique<SmbProvider>(Text("LAN"), std::vector<SmbHost>()));
     for (const QString& location : {Text("\\\\SERVER\\SHARE\\folder\\"), tree_.Path(Text("/"))}) {
         for (const QString& name : hostile) {
-            try {
-                static_cast<void>(driver.Copier().QueueCopy(location + name, save_ + name));
-                ADD_FAILURE() << name.toStdString();
-            } catch (const RunTimeError& error) {
-                EXPECT_TRUE(error.Number() == static_cast<int>(ErrorNumber::PathNotFound) ||
-                            error.Number() == static_cast<int>(ErrorNumber::PathFileAccessError));
-            }
+            const auto failure =
+                FailureOf([&] { (void)driver.Copier().QueueCopy(location + name, save_ + name); });
+            EXPECT_TRUE(failure &&
+                        (failure->Number() == static_cast<int>(ErrorNumber::PathNotFound) ||
+                         failure->Number() == static_cast<int>(ErrorNumber::PathFileAccessError)))
+                << name.toStdString();
         }
     }
     for (const QString& name : {Text("...three"), Text(".hidden"), Text("console"), Text("COM10"),

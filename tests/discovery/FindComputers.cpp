@@ -12,31 +12,21 @@ namespace {
 using netrove::FoundBy;
 using netrove::FoundComputer;
 
-QString Ways(const FoundComputer& computer) {
-    QStringList ways;
-    if (computer.foundBy.testFlag(FoundBy::WsDiscovery))
-        ways += QStringLiteral("ws-discovery");
-    if (computer.foundBy.testFlag(FoundBy::NetBios))
-        ways += QStringLiteral("netbios");
-    if (computer.foundBy.testFlag(FoundBy::DnsSd))
-        ways += QStringLiteral("dns-sd");
-    return ways.join(u',');
-}
-
-/// Time in milliseconds, name, workgroup, port, ways, master browser or not, model, addresses:
-/// names and texts from the network have no control character.
+/// Time in milliseconds, name, workgroup, port, ways, model, addresses: names and texts from the
+/// network have no control character.
 void Print(const FoundComputer& computer, qint64 time) {
-    const QString line =
-        QStringList{QString::number(time),
-                    computer.name,
-                    computer.workgroup.value_or(QString()),
-                    QString::number(computer.port),
-                    Ways(computer),
-                    computer.isMasterBrowser ? QStringLiteral("master") : QString(),
-                    computer.model,
-                    computer.addresses.join(u' ')}
-            .join(u'\t');
-    std::puts(line.toUtf8().constData());
+    QStringList ways;
+    for (const auto& [way, name] : {std::pair(FoundBy::WsDiscovery, "ws-discovery"),
+                                    {FoundBy::NetBios, "netbios"},
+                                    {FoundBy::DnsSd, "dns-sd"}}) {
+        if (computer.foundBy.testFlag(way))
+            ways += QString::fromLatin1(name);
+    }
+    const QStringList fields{
+        QString::number(time),          computer.name,   computer.workgroup.value_or(QString()),
+        QString::number(computer.port), ways.join(u','), computer.model,
+        computer.addresses.join(u' ')};
+    std::puts(fields.join(u'\t').toUtf8().constData());
 }
 
 } // namespace

@@ -6,8 +6,8 @@
 namespace netrove {
 namespace {
 
-Answer Said(FoundBy way, const char* name, const char* address) {
-    return {.foundBy = way, .name = Text(name), .address = Text(address)};
+Answer Said(FoundBy way, const char* name, const QByteArray& address) {
+    return {.foundBy = way, .name = Text(name), .address = QString::fromUtf8(address)};
 }
 
 std::string Names(const Answers& answers) {
@@ -61,8 +61,7 @@ TEST(MergeAnswersTest, ComputersStayApart) {
 TEST(MergeAnswersTest, AddressesOfOneComputerAreBounded) {
     Answers answers;
     for (int last = 0; last < 200; ++last)
-        answers.insert(
-            Said(FoundBy::DnsSd, "evil", Text("10.0.0.%1").arg(last).toUtf8().constData()));
+        answers.insert(Said(FoundBy::DnsSd, "evil", "10.0.0." + QByteArray::number(last)));
     EXPECT_EQ(MergeAnswers(answers)[0].addresses.size(), 16);
 }
 

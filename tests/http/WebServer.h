@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QHash>
 #include <QString>
-#include <QTcpSocket>
 #include <QThread>
 
 #include <atomic>
@@ -17,8 +16,6 @@ public:
     enum class Ending { Close, Silence }; ///< of an answer: silent ones stay open
 
     WebServer();
-    WebServer(const WebServer&) = delete;
-    WebServer& operator=(const WebServer&) = delete;
     ~WebServer();
 
     [[nodiscard]] QString Site() const { return QStringLiteral("http://127.0.0.1:%1").arg(port_); }
@@ -29,8 +26,13 @@ public:
     }
 
     /// A whole answer with that body.
-    static QByteArray Page(const QByteArray& body);
-    static QByteArray Redirect(const QByteArray& where);
+    static QByteArray Page(const QByteArray& body) {
+        return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) +
+               "\r\n\r\n" + body;
+    }
+    static QByteArray Redirect(const QByteArray& where) {
+        return "HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + where + "\r\n\r\n";
+    }
 
 private:
     struct Answer {
@@ -39,7 +41,6 @@ private:
     };
 
     void Run();
-    void Reply(QTcpSocket& client);
 
     QHash<QByteArray, Answer> answers_;
     std::atomic<int> port_ = 0;

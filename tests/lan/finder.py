@@ -4,16 +4,16 @@ import os
 import shutil
 import subprocess
 import time
-from dataclasses import dataclass, field
+from dataclasses import dataclass
 
 
 @dataclass
 class Search:
     """What one run of the program has shown."""
 
-    rows: list = field(default_factory=list)
+    rows: list
+    first_row: float  # seconds until then
     seconds: float = 0.0
-    first_row: float = 0.0  # seconds until then
     status: int = 0
     messages: str = ""
 
@@ -27,10 +27,8 @@ class Search:
 
     def not_searched(self):
         """The computers and shares, without their first backslashes, that the messages name so."""
-        begin, _, names = self.messages.partition(" not searched: ")
-        if not names:
-            return {begin} - {""}
-        return {name.lstrip("\\") for name in names.split()}
+        begin, mark, names = self.messages.partition(" not searched: ")
+        return {name.lstrip("\\") for name in names.split()} if mark else {begin} - {""}
 
 
 class Finder:
@@ -55,24 +53,22 @@ class Finder:
 
     def search(self, *arguments, on_row=None, on_start=None, seconds=120):
         """Calls on_start(process) and on_row(row) at each row. Raises if the program takes too long."""
-        result = Search()
+        result = Search([], 0.0)
         messages = os.path.join(self.folder, "messages")
         with open(messages, "w+", encoding="utf-8") as errors:
             begin = time.monotonic()
-            process = self._client.start(
-                "timeout", "--kill-after=1", str(seconds),
-                os.path.join(self.folder, "netrove-find"), *arguments,
-                stdout=subprocess.PIPE, stderr=errors, text=True)
-            if on_start:
-                on_start(process)
-            with process.stdout:
+            with self._client.start(
+                    "timeout", "--kill-after=1", str(seconds),
+                    os.path.join(self.folder, "netrove-find"), *arguments,
+                    stdout=subprocess.PIPE, stderr=errors, text=True) as process:
+                if on_start:
+                    on_start(process)
                 for line in process.stdout:
                     result.rows.append(line.rstrip("\n"))
-                    if len(result.rows) == 1:
-                        result.first_row = time.monotonic() - begin
+                    result.first_row = result.first_row or time.monotonic() - begin
                     if on_row:
                         on_row(result.rows[-1])
-            result.status = process.wait()
+            result.status = process.returncode
             result.seconds = time.monotonic() - begin
             errors.seek(0)
             result.messages = errors.read()

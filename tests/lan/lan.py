@@ -90,7 +90,7 @@ class Computer:
         if "wsdd" in self.host.announced_by:
             announcers.start_wsdd(self.machine, self.host.workgroup, self.host.domain)
         if "nmbd" in self.host.announced_by:
-            self.samba.start_nmbd()
+            self.samba.start("nmbd")
         if "avahi" in self.host.announced_by:
             announcers.start_avahi(self.machine, self.host.service or self.host.name,
                                    self.host.port)

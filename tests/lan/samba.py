@@ -3,35 +3,8 @@
 import os
 import subprocess
 
-CONFIGURATION = """[global]
-    netbios name = {name}
-    workgroup = {workgroup}
-    server role = standalone server
-    interfaces = {interfaces}
-    bind interfaces only = yes
-    smb ports = {port}
-    disable netbios = {no_netbios}
-    local master = no
-    guest account = nobody
-    passdb backend = tdbsam:{state}/passwords.tdb
-    load printers = no
-    disable spoolss = yes
-    printing = bsd
-    printcap name = /dev/null
-    rpc start on demand helpers = yes
-    server multi channel support = no
-    log level = 0
-    log file = {state}/log
-    private dir = {state}
-    lock directory = {state}
-    state directory = {state}
-    cache directory = {state}
-    pid directory = {state}
-    ncalrpc dir = {state}/ncalrpc
-{logons}
-[PUBLIC]
-    path = {share}
-"""
+# Of every server that tests start; tests/smb/SambaServer.cpp takes it too.
+TEMPLATE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "smb.conf")
 GUESTS = "    map to guest = bad user\n    guest ok = yes"
 # Whoever has no password learns nothing, not even which shares there are.
 USERS_ONLY = "    map to guest = never\n    restrict anonymous = 2\n    guest ok = no"
@@ -48,18 +21,18 @@ class Samba:
         self.configuration = os.path.join(state, "smb.conf")
         os.makedirs(self.share, exist_ok=True)
         os.makedirs(state)
+        with open(TEMPLATE, encoding="utf-8") as file:
+            text = file.read()
+        for name, value in (("NAME", machine.name), ("WORKGROUP", workgroup), ("PORT", port),
+                            ("INTERFACES", interfaces), ("STATE", state),
+                            ("NO_NETBIOS", "no" if netbios else "yes")):
+            text = text.replace(f"%{name}%", str(value))
         with open(self.configuration, "w", encoding="utf-8") as file:
-            file.write(CONFIGURATION.format(
-                name=machine.name, workgroup=workgroup, port=port, state=state, share=self.share,
-                interfaces=interfaces, no_netbios="no" if netbios else "yes",
-                logons=GUESTS if guests else USERS_ONLY))
+            file.write(f"{text}{GUESTS if guests else USERS_ONLY}\n[PUBLIC]\n"
+                       f"    path = {self.share}\n")
 
-    def start(self):
-        self.machine.start("smbd", "--foreground", "--no-process-group",
-                           f"--configfile={self.configuration}")
-
-    def start_nmbd(self):
-        self.machine.start("nmbd", "--foreground", "--no-process-group",
+    def start(self, daemon="smbd"):
+        self.machine.start(daemon, "--foreground", "--no-process-group",
                            f"--configfile={self.configuration}")
 
     def add_user(self, user, password):

@@ -1,26 +1,18 @@
+#include "fakes/Fuzz.h"
 #include "platform/IniReader.h"
-
-#include <cstdint>
-#include <cstdlib>
 
 /// Whatever the bytes are, every entry that was read is one that a look-up can find, on a line
 /// that the text has.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const QByteArrayView bytes(data, static_cast<qsizetype>(size));
-    const netrove::IniReader ini(bytes, QStringLiteral("fuzz.ini"));
-    const int lines = static_cast<int>(QByteArray(bytes.data(), bytes.size()).count('\n')) + 1;
+void netrove::Fuzz(const QByteArray& bytes) {
+    const IniReader ini(bytes, QStringLiteral("fuzz.ini"));
     int lastLine = 0;
-    for (const netrove::IniSection& section : ini.Sections()) {
-        if (section.line <= lastLine || ini.Find(section.name) == nullptr)
-            std::abort();
+    for (const IniSection& section : ini.Sections()) {
+        Require(section.line > lastLine && ini.Find(section.name) != nullptr);
         lastLine = section.line;
-        for (const netrove::IniEntry& entry : section.entries) {
-            if (entry.line <= lastLine || section.Find(entry.key) == nullptr)
-                std::abort();
+        for (const IniEntry& entry : section.entries) {
+            Require(entry.line > lastLine && section.Find(entry.key) != nullptr);
             lastLine = entry.line;
         }
     }
-    if (lastLine > lines)
-        std::abort();
-    return 0;
+    Require(lastLine <= bytes.count('\n') + 1);
 }

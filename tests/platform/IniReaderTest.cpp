@@ -22,28 +22,19 @@ QString Dump(const IniReader& ini) {
 }
 
 TEST(IniReaderTest, ReadsWhatTheProfileFunctionsDo) {
-    struct Case {
-        QByteArray bytes;
-        QString expected;
-    };
-    const Case cases[] = {
-        {"", {}},
-        {"[A]\nk=v\n[B]\nk=w", Text("A:1 k=v:2;B:3 k=w:4;")},
-        {"\xEF\xBB\xBF[A]\r\n k = v w \r\n\r\n; k=no\r\n", Text("A:1 k=v w:2;")},
-        {"  [ A ] tail\n\tk\t=\tv\t", Text("A:1 k=v:2;")},
-        {"[A]\nk=\"  v \"\nl='w'\nm=\"\nn=\"x'", Text("A:1 k=  v :2 l=w:3 m=\":4 n=\"x':5;")},
-        {"[A]\nk=a=b;c\nl=", Text("A:1 k=a=b;c:2 l=:3;")},
-        {"[A]\nk=Stra\xDF"
-         "e \x80",
-         Text("A:1 k=Straße €:2;")},
-        {"[A]\nk=Stra\xC3\x9F"
-         "e",
-         Text("A:1 k=Straße:2;")},
-    };
-    for (const Case& test : cases) {
-        const IniReader ini(test.bytes);
-        EXPECT_EQ(Dump(ini), test.expected) << test.bytes.toStdString();
-        EXPECT_TRUE(ini.Problems().isEmpty()) << test.bytes.toStdString();
+    const std::pair<QByteArray, const char*> cases[] = {
+        {"", ""},
+        {"[A]\nk=v\n[B]\nk=w", "A:1 k=v:2;B:3 k=w:4;"},
+        {"\xEF\xBB\xBF[A]\r\n k = v w \r\n\r\n; k=no\r\n", "A:1 k=v w:2;"},
+        {"  [ A ] tail\n\tk\t=\tv\t", "A:1 k=v:2;"},
+        {"[A]\nk=\"  v \"\nl='w'\nm=\"\nn=\"x'", "A:1 k=  v :2 l=w:3 m=\":4 n=\"x':5;"},
+        {"[A]\nk=a=b;c\nl=", "A:1 k=a=b;c:2 l=:3;"},
+        {"[A]\nk=\xDF \x80", "A:1 k=ß €:2;"},
+        {"[A]\nk=\xC3\x9F", "A:1 k=ß:2;"}};
+    for (const auto& [bytes, expected] : cases) {
+        const IniReader ini(bytes);
+        EXPECT_EQ(Dump(ini), Text(expected)) << bytes.toStdString();
+        EXPECT_TRUE(ini.Problems().isEmpty()) << bytes.toStdString();
     }
 }
 
@@ -59,12 +50,10 @@ TEST(IniReaderTest, TakesTheFirstOfEqualNamesInAnyCase) {
 TEST(IniReaderTest, NamesTheLineOfEachProblemAndReadsOn) {
     const IniReader ini("early=1\n[A]\nnonsense\n=v\nk=v\n[B\nl=w\n", Text("x.ini"));
     EXPECT_EQ(Dump(ini), Text("A:2 k=v:5;B:6 l=w:7;"));
-    ASSERT_EQ(ini.Problems().size(), 4);
-    const char* const starts[] = {
-        "x.ini, line 1: ", "x.ini, line 3: ", "x.ini, line 4: ", "x.ini, line 6: "};
-    for (qsizetype number = 0; number < 4; ++number)
-        EXPECT_TRUE(ini.Problems()[number].startsWith(QLatin1String(starts[number])))
-            << ini.Problems()[number].toStdString();
+    QStringList places;
+    for (const QString& problem : ini.Problems())
+        places += problem.section(u':', 0, 0);
+    EXPECT_EQ(places, Texts({"x.ini, line 1", "x.ini, line 3", "x.ini, line 4", "x.ini, line 6"}));
 }
 
 TEST(IniReaderTest, ReadsHostileFilesInLittleTime) {

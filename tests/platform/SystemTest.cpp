@@ -2,10 +2,8 @@
 #include "platform/ApplicationFolder.h"
 #include "platform/InstanceMarker.h"
 #include "platform/TempTree.h"
-#include "platform/TextEncoding.h"
 
 #include <QFileInfo>
-#include <QSet>
 #include <gtest/gtest.h>
 
 namespace netrove {
@@ -47,14 +45,6 @@ TEST(SystemTest, MarksTheProcessAndLetsASecondOneStart) {
     EXPECT_FALSE(QFileInfo::exists(file));
     qputenv("XDG_RUNTIME_DIR", "/missing");
     const InstanceMarker nowhere;
-}
-
-TEST(SystemTest, GivesEveryByteACharacterOfItsOwn) {
-    QSet<QString> texts;
-    for (int byte = 0; byte < 256; ++byte)
-        texts.insert(FromWindows1252(QByteArray(1, static_cast<char>(byte))));
-    EXPECT_EQ(texts.size(), 256);
-    EXPECT_EQ(FromWindows1252("\x80\x99\xE9"), Text("€™é"));
 }
 
 } // namespace

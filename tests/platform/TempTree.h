@@ -4,11 +4,9 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <memory>
+#include <fstream>
 
 namespace netrove {
 
@@ -16,10 +14,11 @@ namespace netrove {
 class TempTree {
 public:
     TempTree() { dir_.setAutoRemove(false); }
-    TempTree(const TempTree&) = delete;
-    TempTree& operator=(const TempTree&) = delete;
     /// QTemporaryDir can't remove names that aren't UTF-8.
-    ~TempTree() { std::filesystem::remove_all(dir_.path().toStdString()); }
+    ~TempTree() {
+        std::error_code ignored;
+        std::filesystem::remove_all(dir_.path().toStdString(), ignored);
+    }
 
     [[nodiscard]] QString Path(const QString& below = {}) const {
         return below.isEmpty() ? dir_.path() : dir_.path() + QLatin1Char('/') + below;
@@ -35,9 +34,14 @@ public:
     void File(const QByteArray& name, const QByteArray& content = {}) const {
         const std::filesystem::path path(Bytes(name).toStdString());
         std::filesystem::create_directories(path.parent_path());
-        const std::unique_ptr<FILE, int (*)(FILE*)> file(fopen(path.c_str(), "wb"), fclose);
-        ASSERT_TRUE(file) << path;
-        fwrite(content.constData(), 1, static_cast<std::size_t>(content.size()), file.get());
+        if (!std::ofstream(path, std::ios::binary).write(content.constData(), content.size()))
+            qFatal("%s can't be written", path.c_str());
+    }
+
+    /// What stands in a file; "(none)" where it can't be read.
+    [[nodiscard]] QByteArray Content(const char* name) const {
+        QFile file(Path(QString::fromUtf8(name)));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
     }
 
     void Link(const QByteArray& name, const QByteArray& target) const {

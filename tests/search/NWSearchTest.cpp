@@ -1,5 +1,7 @@
 #include "search/NWSearch.h"
 
+#include "fakes/Files.h"
+#include "fakes/ListedFind.h"
 #include "fakes/MemoryNetwork.h"
 #include "fakes/Text.h"
 #include "runtime/ExpectRaised.h"
@@ -17,20 +19,15 @@ namespace {
 class Engine : public testing::Test {
 protected:
     void SetUp() override {
-        network.AddNode(QString(), NetEnum::DisplayNetwork, Text("Net"));
-        network.AddNode(Text("Net"), NetEnum::DisplayDomain, Text("WG"));
-        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\S"));
-        network.AddNode(Text("\\\\S"), NetEnum::DisplayShare, Text("\\\\S\\D"));
+        network.AddBranch({"Net", "WG", "\\\\S", "\\\\S\\D"});
         engine.SetRecurseFolders(true);
         engine.ItemFound = [this](const QString& path) {
             found.append(path);
-            if (onFound)
-                onFound();
+            onFound();
         };
         engine.SearchUpdate = [this](const QString& path) {
             updates.append(path);
-            if (onUpdate)
-                onUpdate(path);
+            onUpdate(path);
         };
     }
 
@@ -64,17 +61,14 @@ protected:
     /// What Search leaves in the log, without the search head.
     QString Logged(const char* patterns, const std::shared_ptr<NetResource>& start,
                    qint16 troubleshooting = 1) {
-        QTemporaryDir folder;
+        const QTemporaryDir folder;
         const QString path = folder.filePath(Text("test.log"));
         settings.Troubleshooting = troubleshooting;
         log.Open(path);
         Search(patterns, start);
         log.Close();
         settings.Troubleshooting = 0;
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        const QString text = QString::fromUtf8(file.readAll());
-        return text.section(Text("\r\n"), 3);
+        return QString::fromUtf8(ReadFile(path)).section(Text("\r\n"), 3);
     }
 
     MemoryNetwork network;
@@ -84,8 +78,8 @@ protected:
     NWSearch engine{SearchServices{network, settings, lists, log, nullptr, &network}};
     QStringList found;
     QStringList updates;
-    std::function<void()> onFound;
-    std::function<void(const QString&)> onUpdate;
+    std::function<void()> onFound = [] {};
+    std::function<void(const QString&)> onUpdate = [](const QString&) {};
 };
 
 TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
@@ -95,14 +89,12 @@ TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
     EXPECT_EQ(Found(),
               "\\\\S\\D\\one.mp3 \\\\S\\D\\OLD\\two.MP3 \\\\S\\D\\music.mp3\\deep\\three.mp3");
     EXPECT_EQ(updates,
-              (QStringList{QString(), Text("Net"), Text("WG"), Text("\\\\S"), Text("\\\\S\\D"),
-                           Text("\\\\S\\D"), Text("\\\\S\\D\\"), Text("\\\\S\\D\\OLD\\"),
-                           Text("\\\\S\\D\\music.mp3\\"), Text("\\\\S\\D\\music.mp3\\deep\\")}));
+              Texts({"", "Net", "WG", "\\\\S", "\\\\S\\D", "\\\\S\\D", "\\\\S\\D\\",
+                     "\\\\S\\D\\OLD\\", "\\\\S\\D\\music.mp3\\", "\\\\S\\D\\music.mp3\\deep\\"}));
     EXPECT_EQ(engine.NumResults(), 3);
     EXPECT_EQ(engine.GetResult(1), found[0]);
     EXPECT_EQ(engine.GetResult(3), found[2]);
-    EXPECT_TRUE(engine.GetResult(0).isEmpty());
-    EXPECT_TRUE(engine.GetResult(4).isEmpty());
+    EXPECT_TRUE(engine.GetResult(0).isEmpty() && engine.GetResult(4).isEmpty());
 
     engine.SetRecurseFolders(false);
     engine.SetKeepResults(false);
@@ -113,32 +105,24 @@ TEST_F(Engine, WalksFilesOfAFolderBeforeItsSubfolders) {
     EXPECT_EQ(Found(), "\\\\S\\D\\one.mp3") << "README has no dot";
 }
 
-TEST_F(Engine, YieldsAtItsPoints) {
+TEST_F(Engine, AsksInItsOrderAndYieldsAtEachPoint) {
     AddFiles({"\\\\S\\D\\a.txt", "\\\\S\\D\\SUB\\"});
     network.AddNode(Text("\\\\S"), 11, Text("TREE"));
     QStringList record;
+    int yields = 0;
     network.OnCall = [&](const QString& call) { record.append(call); };
     onFound = [&] { record.append(Text("found")); };
     onUpdate = [&](const QString& path) { record.append(Text("U ") + path); };
     SetYieldAlways(true);
-    SetYieldPass([&] { record.append(Text("y")); });
+    SetYieldPass([&] { ++yields; });
     Search("*.mp3,*.txt", Node("\\\\S", NetEnum::DisplayServer));
     SetYieldPass({});
     SetYieldAlways(false);
-    const QString expected =
-        Text("y y U \\\\S y "                            // the search, the server, its shares
-             "y open \\\\S y y y y y y y print \\\\S y " // reading its two children
-             "y y y U \\\\S\\D y y enter \\\\S\\D y "    // the share, its test
-             "y U \\\\S\\D y y y y "                     // the start path, two patterns
-             "y U \\\\S\\D\\ list \\\\S\\D\\ "           // the top folder
-             "y list \\\\S\\D\\ y y "                    // its files: "." and "..",
-             "y y y y y found y "                        // a.txt: both patterns; SUB
-             "y y y y y "                                // its folders: "." and "..", a.txt
-             "y y y y U \\\\S\\D\\SUB\\ list \\\\S\\D\\SUB\\ "
-             "y list \\\\S\\D\\SUB\\ y y y y y y " // SUB: "." and ".." twice
-             "y open \\\\S\\D "                    // the share's children
-             "y y y enter TREE y");                // the container, its test
-    EXPECT_EQ(record.join(QLatin1Char(' ')), expected);
+    EXPECT_EQ(record.join(u'|'),
+              Text("U \\\\S|open \\\\S|print \\\\S|U \\\\S\\D|enter \\\\S\\D|U \\\\S\\D|"
+                   "U \\\\S\\D\\|list \\\\S\\D\\|list \\\\S\\D\\|found|U \\\\S\\D\\SUB\\|"
+                   "list \\\\S\\D\\SUB\\|list \\\\S\\D\\SUB\\|open \\\\S\\D|enter TREE"));
+    EXPECT_EQ(yields, 54);
 }
 
 TEST_F(Engine, LogsNodesAndFolderExclusions) {
@@ -164,7 +148,8 @@ TEST_F(Engine, ExcludesNodesByTypeAlsoTheStart) {
         qint32 displayType;
         const char* logLine; ///< null: not excluded
     } cases[] = {
-        {"net|True|Network", "Net", 6, "Exclude Network: NET"},
+        {" net |1|NETWORK", "Net", 6, "Exclude Network: NET"},
+        {"net|nonsense|Printer", "Net", 6, nullptr},
         {"wg|True|Workgroup", "WG", 1, "Exclude Workgroup: WG"},
         {"wg|True|Workgroup", "WG", 5, "Exclude Workgroup: WG"},
         {"s|True|Workstation", "\\\\S", 2, "Exclude Workstation: \\\\S"},
@@ -182,22 +167,42 @@ TEST_F(Engine, ExcludesNodesByTypeAlsoTheStart) {
             EXPECT_TRUE(text.endsWith(Text(logLine) + Text("\r\n \r\n"))) << text.toStdString();
         }
     }
+    settings.ExcNetNodes =
+        Texts({"net|True|Network", "wg|True|Workgroup", "s|True|Workstation", "d|True|Folder"});
+    settings.ExcludeNetNodes = false;
+    Search("*.mp3", Root());
+    EXPECT_EQ(Found(), "\\\\S\\D\\a.mp3");
+    using enum ErrorNumber;
+    for (const auto& [entry, number] : {std::pair("Temp|True", SubscriptOutOfRange),
+                                        {"", SubscriptOutOfRange},
+                                        {"Temp|maybe|Folder", TypeMismatch},
+                                        {"Temp||Folder", TypeMismatch}}) {
+        settings.ExcNetNodes = {Text(entry)};
+        ExpectRaised(
+            number, [&] { Search("*", Root()); }, Text(entry));
+    }
 }
 
 TEST_F(Engine, KnowsWhenThereAreNoComputers) {
-    const auto foundNobody = [this](const std::shared_ptr<NetResource>& start) {
-        Search("*", start);
-        return engine.FoundNobody();
-    };
-    EXPECT_FALSE(foundNobody(Root())) << "there are some";
-    EXPECT_TRUE(foundNobody(Node("Empty", 6)));
-    EXPECT_TRUE(foundNobody(Node("Empty", 1)));
-    EXPECT_FALSE(foundNobody(Node("\\\\EMPTY", 2))) << "one was given";
-    EXPECT_FALSE(foundNobody(Node("\\\\EMPTY\\D", 3)));
+    const struct {
+        const char* start;
+        qint32 displayType;
+        bool foundNobody;
+    } cases[] = {{"Net", 6, false},
+                 {"Empty", 6, true},
+                 {"Empty", 1, true},
+                 {"\\\\EMPTY", 2, false},
+                 {"\\\\EMPTY\\D", 3, false}};
+    for (const auto& [start, displayType, foundNobody] : cases) {
+        Search("*", Node(start, displayType));
+        EXPECT_EQ(engine.FoundNobody(), foundNobody) << start;
+    }
     settings.ExcNetNodes = {Text("Empty|True|Network")};
-    EXPECT_FALSE(foundNobody(Node("Empty", 6))) << "nobody was looked for";
+    Search("*", Node("Empty", 6));
+    EXPECT_FALSE(engine.FoundNobody()) << "nobody was looked for";
     onUpdate = [this](const QString&) { engine.Abandon(); };
-    EXPECT_FALSE(foundNobody(Node("Empty", 1)));
+    Search("*", Node("Empty", 1));
+    EXPECT_FALSE(engine.FoundNobody());
 }
 
 TEST_F(Engine, PassesOverTheCurrentComputer) {
@@ -232,23 +237,17 @@ TEST_F(Engine, SearchesAdminSharesBeforeTheListedOnes) {
 }
 
 TEST_F(Engine, EntersContainersOrTheirChildren) {
+    // A share that can't be entered still has them.
     network.AddNode(Text("\\\\S\\D"), 11, Text("\\\\T\\FOLDER"));
     network.AddNode(Text("\\\\S\\D"), 11, Text("TREE"));
     network.AddNode(Text("TREE"), NetEnum::DisplayShare, Text("\\\\T\\BELOW"));
     AddFiles({"\\\\T\\FOLDER\\a", "\\\\T\\BELOW\\b"});
     Search("*", Root());
     EXPECT_EQ(Found(), "\\\\T\\FOLDER\\a");
+    EXPECT_FALSE(updates.contains(Text("\\\\S\\D\\"))) << "it isn't scanned";
     settings.IncludeVirtualShares = true;
     Search("*", Root());
     EXPECT_EQ(Found(), "\\\\T\\FOLDER\\a \\\\T\\BELOW\\b");
-}
-
-TEST_F(Engine, ShareThatCannotBeEnteredStillHasChildren) {
-    network.AddNode(Text("\\\\S\\D"), NetEnum::DisplayShare, Text("\\\\S\\INNER"));
-    network.AddFile(Text("\\\\S\\INNER\\a"));
-    Search("*", Root());
-    EXPECT_EQ(Found(), "\\\\S\\INNER\\a");
-    EXPECT_FALSE(updates.contains(Text("\\\\S\\D\\"))) << "it isn't scanned";
 }
 
 /// Two servers of four shares each, every one with a file.
@@ -256,10 +255,9 @@ class Traps : public Engine {
 protected:
     void SetUp() override {
         Engine::SetUp();
-        network.AddNode(Text("WG"), NetEnum::DisplayServer, Text("\\\\T"));
-        network.AddFile(Text("\\\\S\\D\\a"));
-        for (const char* share : {"\\\\S\\E", "\\\\S\\F", "\\\\T\\G", "\\\\T\\H"}) {
-            network.AddNode(Text(share).left(3), NetEnum::DisplayShare, Text(share));
+        for (const char* share : {"\\\\S\\D", "\\\\S\\E", "\\\\S\\F", "\\\\T\\G", "\\\\T\\H"}) {
+            const QByteArray server = QByteArray(share).left(3);
+            network.AddBranch({"Net", "WG", server.constData(), share});
             network.AddFile(Text(share) + Text("\\a"));
         }
     }
@@ -320,7 +318,7 @@ TEST_F(Engine, StopsAtTheNextTestAfterAbandon) {
     EXPECT_EQ(Found(), "\\\\S\\D\\a");
     EXPECT_EQ(updates.last(), Text("\\\\S\\D\\"));
 
-    onFound = {};
+    onFound = [] {};
     settings.IncludeAdminShares = true;
     network.AddFile(Text("\\\\S\\E$\\b"));
     for (const char* at : {"", "WG", "\\\\S\\E$\\", "\\\\S\\D", "\\\\S\\D\\SUB\\"}) {
@@ -345,11 +343,8 @@ TEST_F(Engine, EndlessFoldersEnd) {
     class Endless : public MemoryNetwork {
         std::unique_ptr<FileFind> FindFirst(const QString& /*searchPath*/,
                                             FindData& first) override {
-            struct None : FileFind {
-                bool FindNext(FindData& /*data*/) override { return false; }
-            };
             first = {.attributes = FileAttribute::Directory, .fileName = Text("x")};
-            return std::make_unique<None>();
+            return std::make_unique<ListedFind>(std::vector<FindData>());
         }
         bool CanEnter(const QString& /*path*/) override { return true; }
     } endless;

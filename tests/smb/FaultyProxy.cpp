@@ -6,17 +6,6 @@
 #include <poll.h>
 
 namespace netrove {
-FaultyProxy::FaultyProxy(quint16 server) : serverPort_(server), thread_([this] { Run(); }) {}
-
-FaultyProxy::~FaultyProxy() {
-    ending_ = true;
-    thread_.join();
-}
-
-void FaultyProxy::SetLimit(qint64 bytes, Fault fault) {
-    limit_ = bytes_ + bytes;
-    fault_ = fault;
-}
 
 int FaultyProxy::CloseAll() {
     const int open = open_;
@@ -27,10 +16,6 @@ int FaultyProxy::CloseAll() {
     return open;
 }
 
-bool FaultyProxy::LimitReached() const {
-    return fault_ != Fault::None && bytes_ >= limit_;
-}
-
 void FaultyProxy::Run() {
     while (!ending_) {
         std::vector<pollfd> waiting{{.fd = listener_.Descriptor(), .events = POLLIN, .revents = 0}};
@@ -38,15 +23,12 @@ void FaultyProxy::Run() {
             waiting.push_back({.fd = pair.client.Number(), .events = POLLIN, .revents = 0});
             waiting.push_back({.fd = pair.server.Number(), .events = POLLIN, .revents = 0});
         }
-        if (poll(waiting.data(), waiting.size(), 1) < 0)
-            return;
-        std::vector<Pair> kept;
-        for (std::size_t at = 0; at < pairs_.size(); ++at) {
-            Pair& pair = pairs_[at];
-            if (Serve(pair, waiting[1 + 2 * at].revents, waiting[2 + 2 * at].revents))
-                kept.push_back(std::move(pair));
-        }
-        pairs_ = std::move(kept);
+        poll(waiting.data(), waiting.size(), 1);
+        auto news = waiting.begin() + 1;
+        std::erase_if(pairs_, [&](Pair& pair) {
+            const short client = news++->revents;
+            return !Serve(pair, client, news++->revents);
+        });
         open_ = static_cast<int>(pairs_.size());
         if (waiting[0].revents != 0)
             Accept();
@@ -57,19 +39,17 @@ void FaultyProxy::Run() {
 bool FaultyProxy::Serve(Pair& pair, short client, short server) {
     if (fault_ == Fault::Close && LimitReached())
         return false;
+    std::array<char, 65536> buffer; // NOLINT: recv fills it
     if (client != 0) {
-        std::array<char, 65536> buffer; // NOLINT: recv fills it
         const ssize_t count = recv(pair.client.Number(), buffer.data(), buffer.size(), 0);
         if (count <= 0 || send(pair.server.Number(), buffer.data(), static_cast<std::size_t>(count),
                                MSG_NOSIGNAL) != count)
             return false;
     }
     if (server != 0) {
-        QByteArray bytes(4096, Qt::Uninitialized);
-        const auto size = static_cast<std::size_t>(bytes.size());
-        const ssize_t count = recv(pair.server.Number(), bytes.data(), size, MSG_DONTWAIT);
-        bytes.resize(std::max<ssize_t>(count, 0));
-        pair.held.push_back({bytes, Clock::now() + std::chrono::milliseconds(delay_)});
+        const ssize_t count = recv(pair.server.Number(), buffer.data(), 4096, MSG_DONTWAIT);
+        pair.held.push_back({QByteArray(buffer.data(), std::max<ssize_t>(count, 0)),
+                             Clock::now() + std::chrono::milliseconds(delay_)});
     }
     return PassHeld(pair);
 }

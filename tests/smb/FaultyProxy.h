@@ -18,10 +18,11 @@ namespace netrove {
 /// do at their worst. Its destructor closes everything.
 class FaultyProxy {
 public:
-    explicit FaultyProxy(quint16 server);
-    FaultyProxy(const FaultyProxy&) = delete;
-    FaultyProxy& operator=(const FaultyProxy&) = delete;
-    ~FaultyProxy();
+    explicit FaultyProxy(quint16 server) : serverPort_(server), thread_([this] { Run(); }) {}
+    ~FaultyProxy() {
+        ending_ = true;
+        thread_.join();
+    }
 
     [[nodiscard]] quint16 Port() const { return listener_.Port(); }
 
@@ -53,12 +54,15 @@ private:
         std::deque<Held> held = {}; ///< what the server has said
     };
 
-    void SetLimit(qint64 bytes, Fault fault);
+    void SetLimit(qint64 bytes, Fault fault) {
+        limit_ = bytes_ + bytes;
+        fault_ = fault;
+    }
     void Run();
     void Accept();
     [[nodiscard]] bool Serve(Pair& pair, short client, short server);
     [[nodiscard]] bool PassHeld(Pair& pair);
-    [[nodiscard]] bool LimitReached() const;
+    [[nodiscard]] bool LimitReached() const { return fault_ != Fault::None && bytes_ >= limit_; }
 
     quint16 serverPort_;
     ListeningPort listener_;

@@ -1,9 +1,8 @@
+#include "fakes/Fuzz.h"
 #include "smb/Frames.h"
 #include "smb/SmbMessages.h"
 
-#include <cstdint>
-#include <cstdlib>
-
+namespace netrove {
 namespace {
 
 /// What can be read can be written, and is then the same bytes.
@@ -15,15 +14,12 @@ void Check(const QByteArray& payload, std::optional<Message> (*decode)(const QBy
         return;
     const QByteArray again = encode(*message);
     const auto second = decode(again);
-    if (!second || encode(*second) != again)
-        std::abort();
+    Require(second && encode(*second) == again);
 }
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace netrove;
-    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+void Fuzz(const QByteArray& bytes) {
     Check(bytes, &DecodeQuestion, &EncodeQuestion);
     Check(bytes, &DecodeAnswer, &EncodeAnswer);
 
@@ -35,5 +31,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     frames.Append(QByteArrayView(bytes).sliced(bytes.size() / 2));
     while (const auto payload = frames.Take())
         Check(*payload, &DecodeQuestion, &EncodeQuestion);
-    return 0;
 }
+
+} // namespace netrove

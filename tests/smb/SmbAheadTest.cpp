@@ -1,3 +1,4 @@
+#include "fakes/Files.h"
 #include "fakes/Text.h"
 #include "redirector/Network.h"
 #include "redirector/SmbProvider.h"
@@ -6,18 +7,12 @@
 #include "smb/ListeningPort.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <set>
-#include <string>
 #include <thread>
-
-#include <poll.h>
 
 namespace netrove {
 namespace {
@@ -30,10 +25,8 @@ class Doorkeeper {
 public:
     explicit Doorkeeper(std::chrono::milliseconds pause = 0ms)
         : pause_(pause), thread_([this] { Run(); }) {}
-    Doorkeeper(const Doorkeeper&) = delete;
-    Doorkeeper& operator=(const Doorkeeper&) = delete;
     ~Doorkeeper() {
-        isEnding_ = true;
+        shutdown(listener_.Descriptor(), SHUT_RDWR);
         thread_.join();
     }
 
@@ -41,12 +34,11 @@ public:
 
 private:
     void Run() const {
-        while (!isEnding_) {
-            pollfd waiting = {.fd = listener_.Descriptor(), .events = POLLIN, .revents = 0};
-            if (poll(&waiting, 1, 10) <= 0)
-                continue;
+        while (true) {
             const UniqueDescriptor client(
                 accept4(listener_.Descriptor(), nullptr, nullptr, SOCK_CLOEXEC));
+            if (!client.IsOpen())
+                return;
             std::array<char, 1024> question{};
             const QByteArray answer = QByteArray::fromHex("00000004fe534d42");
             if (recv(client.Number(), question.data(), question.size(), 0) > 0) {
@@ -58,7 +50,6 @@ private:
 
     const std::chrono::milliseconds pause_;
     const ListeningPort listener_{INADDR_ANY};
-    std::atomic<bool> isEnding_ = false;
     std::thread thread_;
 };
 
@@ -66,19 +57,19 @@ private:
 struct Walk {
     Settings settings = {};
     bool recurse = true;
-    int abandonAt = -1; ///< the update with this number is the last
+    qsizetype abandonAt = -1; ///< the update with this number is the last
 
-    std::vector<std::string> happened = {}; ///< updates and matches
-    std::string log = {};
-    std::set<std::string> requests = {};
+    QStringList happened = {}; ///< updates and matches
+    QByteArray log = {};
+    std::set<QByteArray> requests = {};
     std::size_t early = 0; ///< connections that were only opened
     std::size_t kept = 0;  ///< connections after the search
 };
 
-/// Whether it only opens a connection: the walk itself never asks for the top of a share so.
-bool IsEarly(const QString& request) {
-    return request.startsWith(QString::number(static_cast<int>(SmbRequest::Kind::Stat))) &&
-           request.endsWith(Text("  0"));
+/// That it only opens a connection: the walk itself never asks for the top of a share so.
+bool IsEarly(const QByteArray& request) {
+    return request.startsWith(QByteArray::number(static_cast<int>(SmbRequest::Kind::Stat))) &&
+           request.endsWith("  0");
 }
 
 /// Reads a file whose place of interest is told by its beginning.
@@ -90,80 +81,70 @@ QByteArray ReadInPieces(FileAccess& files, const QString& path) {
 
 class SmbAheadTest : public testing::Test {
 protected:
-    std::unique_ptr<Network> LocalNetwork(quint16 port, int computers,
-                                          const SmbLimits& limits = {}) {
+    /// The computers take so many connections in all.
+    Walk Run(Walk walk, int seed, bool ahead, int connections = 100) {
+        const QString requests = WriteFile(folder_.filePath(Text("requests")), {});
+        qputenv("NETROVE_TREE", QByteArray::number(seed));
+        qputenv("NETROVE_TREE_LOG", QFile::encodeName(requests));
+        qputenv("NETROVE_TREE_CONNECTIONS", QByteArray::number(connections));
         std::vector<SmbHost> hosts;
-        for (int at = 1; at <= computers; ++at)
+        for (int at = 1; at <= computers_; ++at)
             hosts.push_back({.name = Text("PC%1").arg(at),
                              .workgroup = at % 2 == 0 ? Text("EVEN") : Text("ODD"),
                              .address = Text("127.0.0.%1").arg(at),
-                             .port = port});
+                             .port = port_});
         std::vector<std::unique_ptr<NetworkProvider>> providers;
-        auto provider = std::make_unique<SmbProvider>(Text("LAN"), hosts,
-                                                      QStringLiteral(NETROVE_TREE_HELPER), limits);
-        pool_ = &provider->Pool();
-        providers.push_back(std::move(provider));
-        return std::make_unique<Network>(std::move(providers));
-    }
-
-    /// The computers take so many connections in all.
-    void Run(Walk& walk, int seed, bool ahead, int connections = 100) {
-        QFile requests(folder_.filePath(Text("requests")));
-        ASSERT_TRUE(requests.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        qputenv("NETROVE_TREE", QByteArray::number(seed));
-        qputenv("NETROVE_TREE_LOG", QFile::encodeName(requests.fileName()));
-        qputenv("NETROVE_TREE_CONNECTIONS", QByteArray::number(connections));
-        SmbLimits limits;
-        limits.opening = 0ms; // so that there are several connections to each computer
-        const auto network = LocalNetwork(port_, computers_, limits);
+        auto* provider =
+            new SmbProvider(Text("LAN"), hosts, QStringLiteral(NETROVE_TREE_HELPER), limits_);
+        providers.emplace_back(provider);
+        Network network(std::move(providers));
         walk.settings.Troubleshooting = 1;
         TroubleshootingLog log(walk.settings);
-        log.Open(folder_.filePath(Text("log")));
+        const QString logged = folder_.filePath(Text("log"));
+        log.Open(logged);
         ExclusionLists lists;
         lists.ParseNetNodes(walk.settings);
-        NWSearch search({.files = *network,
+        const auto read = [](FileAccess& files, const QString& path) {
+            static_cast<void>(ReadInPieces(files, path));
+        };
+        NWSearch search({.files = network,
                          .settings = walk.settings,
                          .exclusions = lists,
                          .log = log,
-                         .ahead = ahead ? network.get() : nullptr,
-                         .reading = {.reads = [](const QString&) { return true; },
-                                     .read =
-                                         [](FileAccess& files, const QString& path) {
-                                             static_cast<void>(ReadInPieces(files, path));
-                                         }}});
+                         .ahead = ahead ? &network : nullptr,
+                         .reading = {.reads = [](const QString&) { return true; }, .read = read}});
         search.SetRecurseFolders(walk.recurse);
         search.SearchUpdate = [&](const QString& path) {
-            walk.happened.push_back(path.toStdString());
-            if (static_cast<int>(walk.happened.size()) == walk.abandonAt)
+            walk.happened += path;
+            if (walk.happened.size() == walk.abandonAt)
                 search.Abandon();
         };
         search.ItemFound = [&](const QString& path) {
             QByteArray content;
-            const auto failure = FailureOf([&] { content = ReadInPieces(*network, path); });
-            walk.happened.push_back(
-                "found " + path.toStdString() + ' ' + std::to_string(network->Info(path).length) +
-                ' ' +
-                (failure ? std::to_string(failure->Number()) : content.toHex().toStdString()));
+            const auto failure = FailureOf([&] { content = ReadInPieces(network, path); });
+            walk.happened += Text("found %1 %2 %3")
+                                 .arg(path, QString::number(network.Info(path).length),
+                                      failure ? QString::number(failure->Number())
+                                              : QString::fromLatin1(content.toHex()));
         };
-        search.BeginSearch(Text("*.txt"), std::make_shared<NetResource>(*network));
-        walk.kept = pool_->IdleProcesses().size();
+        search.BeginSearch(Text("*.txt"), std::make_shared<NetResource>(network));
+        walk.kept = provider->Pool().IdleProcesses().size();
         log.Close();
-        walk.log = Content("log").section(QLatin1Char('\n'), 2).toStdString(); // without the time
-        for (const QString& line : Content("requests").split(QLatin1Char('\n')))
+        walk.log = ReadFile(logged).split('\n').mid(2).join('\n'); // without the time
+        for (const QByteArray& line : ReadFile(requests).split('\n'))
             if (IsEarly(line))
                 ++walk.early;
             else
-                walk.requests.insert(line.toStdString());
+                walk.requests.insert(line);
+        return walk;
     }
 
     /// Runs a walk alone and then ahead, which has to come to the same; gives the latter.
     Walk ExpectSame(const Walk& told, int seed, int connections = 100) {
-        Walk alone = told;
-        Walk ahead = told;
         const quint16 distant = std::exchange(port_, door_.Port());
-        Run(alone, seed, false);
+        const Walk alone = Run(told, seed, false);
         port_ = distant;
-        Run(ahead, seed, true, connections);
+        const Walk ahead = Run(told, seed, true, connections);
         SCOPED_TRACE(seed);
         EXPECT_EQ(alone.happened, ahead.happened) << connections;
         EXPECT_EQ(alone.log, ahead.log) << connections;
@@ -171,36 +152,32 @@ protected:
         return ahead;
     }
 
-    QString Content(const char* name) const {
-        QFile file(folder_.filePath(Text(name)));
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-    }
-
     QTemporaryDir folder_;
-    const SmbPool* pool_ = nullptr;
+    SmbLimits limits_{.opening = 0ms}; // so that there are several connections to each computer
     Doorkeeper door_;
     quint16 port_ = door_.Port();
     int computers_ = 3;
 };
 
 TEST_F(SmbAheadTest, ChangesNothingButWhenRequestsAreSent) {
-    struct Case {
+    const struct {
         const char* exclusion;
         bool admin = false;
         bool recurse = true;
         int connections = 100;
-    };
+    } cases[] = {{"D1|True|Folder"},
+                 {"d0\\d1|True|Folder", true},
+                 {"C$|True|Folder", true},
+                 {"Temp|True|Folder", true, false},
+                 {"PC2|True|Workstation"},
+                 {"ODD|True|Workgroup"},
+                 {"ODD|True|Workgroup", true, true, 2}};
     int seed = 1;
-    for (const Case& test :
-         {Case{"D1|True|Folder"}, Case{"d0\\d1|True|Folder", true}, Case{"C$|True|Folder", true},
-          Case{"Temp|True|Folder", true, false}, Case{"PC2|True|Workstation"},
-          Case{"ODD|True|Workgroup"}, Case{"ODD|True|Workgroup", false, true, 2},
-          Case{"ODD|True|Workgroup", true, true, 2}}) {
-        Walk walk;
-        walk.settings.ExcNetNodes = {Text(test.exclusion)};
-        walk.settings.IncludeAdminShares = test.admin;
-        walk.recurse = test.recurse;
-        EXPECT_GT(ExpectSame(walk, ++seed, test.connections).happened.size(), 20U) << seed;
+    for (const auto& [exclusion, admin, recurse, connections] : cases) {
+        Walk walk{.recurse = recurse};
+        walk.settings.ExcNetNodes = {Text(exclusion)};
+        walk.settings.IncludeAdminShares = admin;
+        EXPECT_GT(ExpectSame(walk, ++seed, connections).happened.size(), 20) << seed;
     }
 }
 
@@ -220,43 +197,30 @@ TEST_F(SmbAheadTest, ADistantComputerGetsConnectionsBeforeThereIsWorkForThem) {
 
 TEST_F(SmbAheadTest, AnAbandonedWalkEndsAsItWouldAndAsksForNothingElse) {
     for (int seed = 20; seed < 23; ++seed) {
-        Walk whole;
-        Run(whole, seed, false);
+        const Walk whole = Run({}, seed, false);
         for (int part = 1; part <= 3; ++part) {
-            Walk ahead;
-            ahead.abandonAt = static_cast<int>(whole.happened.size()) * part / 4;
-            Run(ahead, seed, true);
-            Walk alone;
-            alone.abandonAt = ahead.abandonAt;
-            Run(alone, seed, false);
-            EXPECT_EQ(ahead.happened, alone.happened) << seed << ' ' << part;
+            SCOPED_TRACE(seed * 10 + part);
+            const Walk told{.abandonAt = whole.happened.size() * part / 4};
+            const Walk ahead = Run(told, seed, true);
+            const Walk alone = Run(told, seed, false);
+            EXPECT_EQ(ahead.happened, alone.happened);
             EXPECT_EQ(ahead.log, alone.log);
             EXPECT_TRUE(std::includes(whole.requests.begin(), whole.requests.end(),
-                                      ahead.requests.begin(), ahead.requests.end()))
-                << seed << ' ' << part;
+                                      ahead.requests.begin(), ahead.requests.end()));
         }
     }
 }
 
 TEST_F(SmbAheadTest, DeadComputersCostOneLimit) {
     const ListeningPort silent(INADDR_ANY);
-    constexpr int computers = 50;
-    SmbLimits limits;
-    limits.negotiate = 500ms;
-    const auto network = LocalNetwork(silent.Port(), computers, limits);
-    const Settings settings;
-    TroubleshootingLog log(settings);
-    const ExclusionLists lists;
+    port_ = silent.Port();
+    computers_ = 50;
+    limits_.negotiate = 500ms;
     int passes = 0;
     SetWaitingPass([&] { return ++passes > 0; });
-    NWSearch search({.files = *network,
-                     .settings = settings,
-                     .exclusions = lists,
-                     .log = log,
-                     .ahead = network.get()});
     QElapsedTimer time;
     time.start();
-    search.BeginSearch(Text("*"), std::make_shared<NetResource>(*network));
+    static_cast<void>(Run({}, 1, true));
     SetWaitingPass({});
     EXPECT_GE(time.elapsed(), 500);
     EXPECT_LT(time.elapsed(), 5 * 500);

@@ -1,8 +1,6 @@
 #include "redirector/SmbProvider.h"
 #include "smb/SambaTest.h"
 
-#include <QFile>
-
 namespace netrove {
 namespace {
 
@@ -11,28 +9,24 @@ constexpr auto Ignore = [](Keyring::Outcome) {};
 constexpr char User[] = "daemon"; // an account that every system has
 constexpr char Password[] = "S3cret-of-the-test";
 
+/// A server of its own for each test, whose log tells how often somebody was to be let in.
 class SmbLogonTest : public SambaTest {
 protected:
-    /// A server of its own for each test, which tells how often somebody was to be let in.
     static void SetUpTestSuite() {}
 
-    void SetUp() override {
-        samba_ = Server("");
+    void SetUp() override { Begin(""); }
+
+    void Begin(const char* options) {
+        samba_ = std::make_unique<SambaServer>(Text(options));
         SambaTest::SetUp();
-        provider = Provider({samba_->Host()});
+        samba_->AddFile(Text("public/file"));
+        EXPECT_TRUE(IsSkipped() || samba_->AddUser(Text(User), Text(Password)));
+        Connect(samba_->Host());
     }
 
-    /// A server with a share PRIVATE that the user is let into.
-    static std::unique_ptr<SambaServer> Server(const char* options) {
-        auto server = std::make_unique<SambaServer>(Text(options) + SambaServer::PrivateShare());
-        server->AddFile(Text("public/file"));
-        EXPECT_TRUE(server->AddUser(Text(User), Text(Password)) || !SambaServer::IsAvailable());
-        return server;
-    }
-
-    std::unique_ptr<SmbProvider> Provider(const std::vector<SmbHost>& hosts) {
-        return std::make_unique<SmbProvider>(Text("LAN"), hosts, SambaServer::Helper(), SmbLimits(),
-                                             logons);
+    void Connect(const SmbHost& host) {
+        provider = std::make_unique<SmbProvider>(Text("LAN"), std::vector{host},
+                                                 SambaServer::Helper(), SmbLimits(), logons);
     }
 
     void Store(const char* computer, const char* user, const char* password) {
@@ -42,18 +36,14 @@ protected:
 
     /// What looking at a file in a share raises, 0 for nothing.
     int Failure(const char* share, const char* server = "FILER") {
-        const QString path = Text("\\\\%1\\%2\\file").arg(Text(server), Text(share));
-        try {
-            (void)provider->Info(UncPath::Parse(path).value());
-            return 0;
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
+        const auto path = UncPath::Parse(Text("\\\\%1\\%2\\file").arg(Text(server), Text(share)));
+        const auto failure = FailureOf([&] { (void)provider->Info(path.value()); });
+        return failure ? failure->Number() : 0;
     }
 
     /// How often a user's password was tried.
-    static qsizetype Attempts(const SambaServer& server, const char* user) {
-        return server.Log().count(QByteArray(QByteArray("\\[") + user + "] at ["));
+    static qsizetype Attempts(const char* user) {
+        return samba_->Log().count(QByteArray("\\[").append(user).append("] at ["));
     }
 
     static constexpr int Denied = static_cast<int>(ErrorNumber::PermissionDenied);
@@ -62,14 +52,24 @@ protected:
     std::unique_ptr<SmbProvider> provider;
 };
 
+/// Nor does another process of the user see the password, in what it may read of the helpers.
 TEST_F(SmbLogonTest, AStoredLogonOpensWhatGuestsCantSee) {
     EXPECT_EQ(Failure("PUBLIC"), 0);
     EXPECT_EQ(Failure("PRIVATE"), Denied);
-    Store("filer", User, Password);
-    EXPECT_EQ(Failure("PRIVATE"), 0) << "the same helpers go on";
-    EXPECT_EQ(Failure("PUBLIC"), 0);
-    Store("filer", "FILER\\daemon", Password);
-    EXPECT_EQ(Failure("PRIVATE"), 0);
+    for (const char* user : {User, "FILER\\daemon"}) {
+        Store("filer", user, Password);
+        EXPECT_EQ(Failure("PRIVATE"), 0) << "the same helpers go on";
+        EXPECT_EQ(Failure("PUBLIC"), 0);
+    }
+    for (const pid_t process : provider->Pool().IdleProcesses()) {
+        for (const char* name : {"cmdline", "environ", "limits"}) {
+            QFile file(Text("/proc/%1/%2").arg(process).arg(Text(name)));
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            const QByteArray content = file.readAll().simplified();
+            EXPECT_FALSE(content.contains(Password)) << name;
+            EXPECT_TRUE(content.contains("Max core file size 0 0") || qstrcmp(name, "limits") != 0);
+        }
+    }
     logons->Remove(Text("FILER"), Ignore);
     EXPECT_EQ(Failure("PRIVATE"), Denied) << "a guest again";
     EXPECT_EQ(Failure("PUBLIC"), 0);
@@ -78,38 +78,16 @@ TEST_F(SmbLogonTest, AStoredLogonOpensWhatGuestsCantSee) {
 /// Whomever the server takes for a guest.
 TEST_F(SmbLogonTest, AWrongPasswordIsTriedOnceAndNeverBecomesAGuest) {
     for (const char* guests : {"never", "bad user", "bad password"}) {
-        const auto server = Server((std::string("    map to guest = ") + guests + '\n').c_str());
-        ASSERT_TRUE(server->IsRunning());
-        provider = Provider({server->Host()});
+        Begin((std::string("map to guest = ") + guests).c_str());
         for (const char* user : {User, "no-such-user"}) {
             Store("", user, "wrong");
             EXPECT_EQ(Failure("PUBLIC"), Denied) << guests;
             EXPECT_EQ(Failure("PUBLIC"), Denied) << guests;
-            EXPECT_EQ(Attempts(*server, user), 1) << server->Log().toStdString();
+            EXPECT_EQ(Attempts(user), 1) << samba_->Log().toStdString();
         }
-        EXPECT_FALSE(server->Log().contains("[nobody] at ["));
+        EXPECT_FALSE(samba_->Log().contains("[nobody] at ["));
         Store("", User, Password);
         EXPECT_EQ(Failure("PRIVATE"), 0) << guests;
-    }
-}
-
-/// What another process of the user may read of the helpers.
-TEST_F(SmbLogonTest, NobodySeesThePassword) {
-    Store("", User, Password);
-    ASSERT_EQ(Failure("PRIVATE"), 0);
-    const auto processes = provider->Pool().IdleProcesses();
-    ASSERT_FALSE(processes.empty());
-    for (const pid_t process : processes) {
-        const QString folder = Text("/proc/%1/").arg(process);
-        for (const char* name : {"cmdline", "environ", "limits"}) {
-            QFile file(folder + QLatin1String(name));
-            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-            const QByteArray content = file.readAll();
-            EXPECT_FALSE(content.contains(Password)) << name;
-            if (qstrcmp(name, "limits") == 0) {
-                EXPECT_TRUE(content.simplified().contains("Max core file size 0 0"));
-            }
-        }
     }
 }
 
@@ -119,10 +97,10 @@ TEST_F(SmbLogonTest, AnOldTicketIsNoHindrance) {
     qputenv("KRB5CCNAME", QFile::encodeName(samba_->Path(Text("ticket"))));
     SmbHost host = samba_->Host(Text("localhost"));
     host.address.clear();
-    provider = Provider({host});
+    Connect(host);
     Store("", User, Password);
     EXPECT_EQ(Failure("PRIVATE", "localhost"), 0);
-    EXPECT_EQ(Attempts(*samba_, User), 1);
+    EXPECT_EQ(Attempts(User), 1);
     qunsetenv("KRB5CCNAME");
 }
 

@@ -1,43 +1,23 @@
+#include "fakes/Fuzz.h"
 #include "online/webfiles/DonationLinks.h"
 #include "online/webfiles/Version.h"
 #include "online/webfiles/WebFile.h"
 #include "platform/Http.h"
 #include "runtime/RunTimeError.h"
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-
-namespace {
-
-void Check(bool holds) {
-    if (!holds)
-        std::abort();
-}
-
-template <typename Read>
-void IgnoreFailure(Read read) {
+void netrove::Fuzz(const QByteArray& bytes) {
+    const QString text = QString::fromUtf8(bytes);
     try {
-        read();
-    } catch (const netrove::RunTimeError&) {
+        const auto version = Version::FromText(WebFile::Payload(text));
+        Require(Version::FromText(version.Text()) == version);
+    } catch (const RunTimeError&) {
     }
-}
-
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const QString text = QString::fromUtf8(QByteArrayView(bytes, qsizetype(size)));
-    IgnoreFailure([&] {
-        const auto version = netrove::Version::FromText(netrove::WebFile::Payload(text));
-        Check(netrove::Version::FromText(version.Text()) == version);
-    });
-    // The marker is given, so that what is behind it is reached.
-    IgnoreFailure([&] {
-        const auto links =
-            netrove::ReadDonationLinks(netrove::WebFile::DonationMarker + u' ' + text);
-        Check(!links.captions.isEmpty() && links.captions.size() <= 3);
+    try {
+        // The marker is given, so that what is behind it is reached.
+        const auto links = ReadDonationLinks(WebFile::DonationMarker + u' ' + text);
+        Require(!links.captions.isEmpty() && links.captions.size() <= 3);
         for (const QString& address : links.addresses)
-            Check(netrove::IsWebAddress(address));
-    });
-    return 0;
+            Require(IsWebAddress(address));
+    } catch (const RunTimeError&) {
+    }
 }
