@@ -21,6 +21,9 @@ protected:
     void ShowDialog(std::unique_ptr<Dialog> made) {
         dialog = std::move(made);
         dialog->show();
+        Activate();
+    }
+    void Activate() {
         dialog->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     }
