@@ -80,7 +80,8 @@ protected:
         QDir(folder.path()).mkdir(Text("sub"));
         for (const char* name : {"song.mp3", "tool.py", "unknown.qqq", "notes", "sub/--x y.txt"})
             WriteFile(folder.filePath(Text(name)), "plain text\n");
-        network.AddFile(Text("\\\\NAS\\S\\D\\a #1.mp3"));
+        for (const char* name : {"a #1.mp3", "film.blend"})
+            network.AddFile(Text("\\\\NAS\\S\\D\\") + Text(name));
         network.AddFile(Text("\\\\FAR\\S\\a.mp3"));
     }
 
@@ -131,25 +132,18 @@ TEST_F(DesktopShellTest, OpensWhatIsThere) {
         {Text("file:///etc/passwd"), ShellVerb::Default, 11, ""},
         {Text("javascript:alert(1)"), ShellVerb::Default, 11, ""},
         {QString(), ShellVerb::Default, 11, ""},
+        {Text("\\\\NAS\\S\\D\\film.blend"), ShellVerb::Default, 31, ""},
         {Text("mailto:somebody@netrove.example"), ShellVerb::Open, 31, ""},
     };
     for (const auto& each : cases) {
         EXPECT_EQ(Execute(each.file, each.verb), each.code) << each.file.toStdString();
         EXPECT_EQ(opened, each.opened) << each.file.toStdString();
     }
-    EXPECT_EQ(Encoded(shell.Address(Text("\\\\LOCAL\\SHARE\\notes"))), Local("/notes"));
-    EXPECT_EQ(Encoded(shell.Address(Text("\\\\FAR\\S\\a"))), "smb://far.lan/S/a");
-}
-
-TEST_F(DesktopShellTest, SaysWhatHasNoProgram) {
-    network.AddFile(Text("\\\\NAS\\S\\D\\film.blend"));
-    EXPECT_EQ(Execute(Text("\\\\NAS\\S\\D\\film.blend")), Shell::NoAssociation);
-    EXPECT_EQ(opened, "");
     openerWorks = false;
     EXPECT_EQ(Execute(folder.filePath(Text("song.mp3"))), Shell::NoAssociation);
-    // Nobody can be asked without a session bus.
-    EXPECT_FALSE(shell.OpenWith(folder.filePath(Text("unknown.qqq")), {}));
-    EXPECT_FALSE(shell.OpenWith(Text("https://netrove.example/"), {}));
+    EXPECT_FALSE(shell.OpenWith(folder.filePath(Text("notes")), {})) << "there is no session bus";
+    EXPECT_EQ(Encoded(shell.Address(Text("\\\\LOCAL\\SHARE\\notes"))), Local("/notes"));
+    EXPECT_EQ(Encoded(shell.Address(Text("\\\\FAR\\S\\a"))), "smb://far.lan/S/a");
 }
 
 /// Programs of the test's own, that are found before others.

@@ -221,12 +221,6 @@ TEST_F(WindowYieldTest, OtherButtonsOnlyLookPressed) {
     EXPECT_EQ(events, QString());
     Yield();
     EXPECT_EQ(events, QStringLiteral("o"));
-    // One that went down before the wait comes up in it.
-    Mouse(QEvent::MouseButtonPress, {150, 20});
-    EXPECT_FALSE(wait(QEvent::MouseButtonRelease));
-    Yield();
-    EXPECT_EQ(events, QStringLiteral("oo"));
-    EXPECT_FALSE(other.isDown());
 }
 
 TEST_F(WindowYieldTest, ViewsScrollUnlessAClickComesBefore) {
@@ -255,16 +249,12 @@ TEST_F(WindowYieldTest, ViewsScrollUnlessAClickComesBefore) {
     EXPECT_TRUE(Wait([&] {
         ClickAt({220, 40});
         Wheel({220, 40});
-        Press(Qt::Key_PageDown, "");
     }));
     EXPECT_EQ(bar.value(), paged) << "the click is for the row that was seen there";
     EXPECT_EQ(list.currentRow(), -1);
     const int clicked = list.indexAt(list.viewport()->mapFrom(&window, QPoint(220, 40))).row();
-    int current = -1;
-    QObject::connect(&list, &QListWidget::itemClicked, &window,
-                     [&] { current = list.currentRow(); });
     Yield();
-    EXPECT_EQ(current, clicked);
+    EXPECT_EQ(list.currentRow(), clicked);
     EXPECT_GT(bar.value(), paged);
 }
 

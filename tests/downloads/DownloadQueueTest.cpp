@@ -266,22 +266,6 @@ TEST_F(Queue, ShowsHowFarACopyIs) {
     EXPECT_EQ(status.Text(2), QString());
 }
 
-TEST_F(Queue, AClickOnAHeaderDuringASortCounts) {
-    for (const char* name : {"a", "b"})
-        results.Add(Text(name));
-    int yields = 0;
-    const auto before = SetYieldPass([&] {
-        if (++yields == 3) {
-            EXPECT_TRUE(SortListView(results, 2, 1, true, dialogs));
-            EXPECT_TRUE(SortListView(results, 2, 1, true, dialogs));
-        }
-    });
-    EXPECT_TRUE(SortListView(results, 1, 1, true, dialogs));
-    SetYieldPass(before);
-    EXPECT_EQ(results.HeaderText(1) + results.HeaderText(2), Text("12 ^")) << "one mark";
-    EXPECT_EQ(results.Text(1), Text("a"));
-}
-
 TEST_F(Queue, TakesAsManyRowsAsItCanCount) {
     SetYieldAlways(false);
     Timer("DloadScanTmr").setInterval(100000);

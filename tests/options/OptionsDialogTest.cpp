@@ -138,14 +138,12 @@ TEST_F(Options, NumbersThatDoNotFitEndTheTaking) {
     Click("chkTrouble");
     dialogs.Answer = MessageAnswer::Yes;
     Click("cmdApply");
-    ASSERT_EQ(dialogs.Shown.size(), 2);
-    EXPECT_EQ(dialogs.Shown[1], Text("Options Error...: 6\r\nOverflow"));
+    EXPECT_EQ(dialogs.Shown.last(), Text("Options Error...: 6\r\nOverflow"));
     EXPECT_EQ(settings.SaveFolder, folder.path() + u'/');
     EXPECT_EQ(settings.MaxReturnFiles, 12);
     EXPECT_EQ(settings.MaxConcurrentDownloads, 5);
     EXPECT_EQ(settings.Troubleshooting, 0);
-    EXPECT_FALSE(dialog->ApplyFailed());
-    EXPECT_FALSE(IsEnabled("cmdApply"));
+    EXPECT_FALSE(dialog->ApplyFailed() || IsEnabled("cmdApply"));
 }
 
 TEST_F(Options, ListsChangeAtOnceAndRemainAfterCancel) {
