@@ -25,25 +25,21 @@ std::string Encoded(const std::optional<QUrl>& address) {
 }
 
 TEST(DesktopAddressTest, EncodesNetworkPaths) {
-    const struct {
-        const char* path;
-        const char* address;
-    } cases[] = {
-        {"\\\\NAS", "smb://nas"},
-        {"\\\\nas_2\\Music\\", "smb://nas_2/Music"},
-        {"\\\\nas\\s\\100% #1?.mp3", "smb://nas/s/100%25%20%231%3F.mp3"},
-        {"\\\\nas\\s\\%2e%2e\\\"; rm -rf '$(x)'&.txt",
-         "smb://nas/s/%252e%252e/%22%3B%20rm%20-rf%20%27%24%28x%29%27%26.txt"},
-        {"\\\\nas\\s\\Füße\nmore", "smb://nas/s/F%C3%BC%C3%9Fe%0Amore"},
-        {"\\\\nas\\s\\..\\t", "none"},
-        {"\\\\nas\\s\\a/b", "none"},
-        {"\\\\nas\\\\s", "none"},
-        {"\\\\user@nas:80\\s", "none"},
-        {"\\\\", "none"},
-        {"\\nas\\s", "none"},
-    };
-    for (const auto& each : cases)
-        EXPECT_EQ(Encoded(SmbAddress(Text(each.path))), each.address) << each.path;
+    for (const auto& [path, address] : TextPairs{
+             {"\\\\NAS", "smb://nas"},
+             {"\\\\nas_2\\Music\\", "smb://nas_2/Music"},
+             {"\\\\nas\\s\\100% #1?.mp3", "smb://nas/s/100%25%20%231%3F.mp3"},
+             {"\\\\nas\\s\\%2e%2e\\\"; rm -rf '$(x)'&.txt",
+              "smb://nas/s/%252e%252e/%22%3B%20rm%20-rf%20%27%24%28x%29%27%26.txt"},
+             {"\\\\nas\\s\\Füße\nmore", "smb://nas/s/F%C3%BC%C3%9Fe%0Amore"},
+             {"\\\\nas\\s\\..\\t", "none"},
+             {"\\\\nas\\s\\a/b", "none"},
+             {"\\\\nas\\\\s", "none"},
+             {"\\\\user@nas:80\\s", "none"},
+             {"\\\\", "none"},
+             {"\\nas\\s", "none"},
+         })
+        EXPECT_EQ(Encoded(SmbAddress(Text(path))), address) << path;
     EXPECT_EQ(Encoded(SmbAddress(Text("\\\\nas\\s\\a") + QChar(0))), "none");
     for (const auto& [host, address] : {std::pair("fd00::7", "smb://[fd00::7]:1445/s/a"),
                                         {"fe80::1%eth0", "smb://[fe80::1%25eth0]:1445/s/a"},

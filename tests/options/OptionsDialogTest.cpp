@@ -210,6 +210,7 @@ TEST_F(Options, DefaultsTakeEffectWithApply) {
     QDir().mkdir(expected.SaveFolder);
     settings = UnusualSettings(folder.path());
     settings.DefaultNetNodes = expected.DefaultNetNodes;
+    expected.SkinIndex = settings.SkinIndex;
     const std::string before = Described(settings);
     for (const char* button : {"CancelCmd", "OKCmd"}) {
         EXPECT_EQ(Described(settings), before);

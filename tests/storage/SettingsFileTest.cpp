@@ -247,7 +247,6 @@ TEST_F(SettingsFileTest, EverySettingSurvives) {
     Session first(tree);
     first.Load();
     first.settings = UnusualSettings(tree.Path(Text("Müsik/")));
-    first.settings.SkinIndex = 3;
     first.settings.ExcNetNodes = Texts({"Ä b|False|Workstation", "\\x|True|Folder"});
     first.recurse.setChecked(false);
     first.search.addItems({Text("\u00A0x\u00A0"), Text("a;b=[c]"), Text("日本語")});
