@@ -198,29 +198,15 @@ TEST(DesktopOpenerTest, TellsItsFailureAndIsNotWaitedFor) {
     EXPECT_EQ(failed, Texts({"smb://bad"}));
 }
 
-/// A session bus of the test's own.
-class SessionBusTest : public DesktopShellTest {
-protected:
-    void SetUp() override {
-        daemon.start(Text("dbus-daemon"),
-                     {Text("--session"), Text("--nofork"), Text("--print-address=1"),
-                      Text("--address=unix:path=") + Path()});
-        if (!daemon.waitForReadyRead())
-            GTEST_SKIP() << "needs dbus-daemon";
-        address = daemon.readAllStandardOutput().trimmed();
-    }
-    void TearDown() override {
-        QDBusConnection::disconnectFromBus(Text("test"));
-        daemon.kill();
-        daemon.waitForFinished();
-    }
-    [[nodiscard]] QString Path() const { return folder.path() + Text("/bus"); }
-
+/// On a session bus of the test's own.
+TEST_F(DesktopShellTest, WhatHangsOnTheBusHoldsNobodyUp) {
     QProcess daemon;
-    QByteArray address;
-};
-
-TEST_F(SessionBusTest, AServiceThatHangsHoldsNobodyUp) {
+    daemon.start(Text("dbus-daemon"),
+                 {Text("--session"), Text("--nofork"), Text("--print-address=1"),
+                  Text("--address=unix:path=") + folder.filePath(Text("bus"))});
+    if (!daemon.waitForReadyRead())
+        GTEST_SKIP() << "needs dbus-daemon";
+    const QByteArray address = daemon.readAllStandardOutput().trimmed();
     DesktopShell withBus(network, Opener(),
                          QDBusConnection::connectToBus(QString::fromUtf8(address), Text("test")));
     const QString song = folder.filePath(Text("song.mp3"));
@@ -245,24 +231,24 @@ TEST_F(SessionBusTest, AServiceThatHangsHoldsNobodyUp) {
     dbus_connection_unref(service);
     EXPECT_TRUE(QTest::qWaitFor([&] { return failures == 1 && !opened.empty(); }));
     EXPECT_EQ(opened, Local("/")) << "what the file manager didn't show is opened";
-}
 
-TEST_F(SessionBusTest, ASilentBusIsLeftAlone) {
+    // A bus that is silent itself is left alone, others aren't.
     const char* const variable = "DBUS_SESSION_BUS_ADDRESS";
     const QByteArray before = qgetenv(variable);
-    const auto after = [&](const QByteArray& value) {
-        qputenv(variable, value);
+    for (const QByteArray& left : {address, before, QByteArray("disabled:")}) {
+        const bool isSilent = left == "disabled:";
+        if (isSilent)
+            kill(static_cast<pid_t>(daemon.processId()), SIGSTOP);
+        qputenv(variable, isSilent ? address : left);
+        time.start();
         LeaveSilentSessionBus();
-        return qgetenv(variable);
-    };
-    EXPECT_EQ(after(address), address);
-    EXPECT_EQ(after("unix:path=/nonexistent/bus"), "unix:path=/nonexistent/bus");
-    kill(static_cast<pid_t>(daemon.processId()), SIGSTOP);
-    QElapsedTimer time;
-    time.start();
-    EXPECT_EQ(after(address), "disabled:");
-    EXPECT_LT(time.elapsed(), NoHang);
+        EXPECT_LT(time.elapsed(), NoHang);
+        EXPECT_EQ(qgetenv(variable), left);
+    }
     qputenv(variable, before);
+    QDBusConnection::disconnectFromBus(Text("test"));
+    daemon.kill();
+    daemon.waitForFinished();
 }
 
 } // namespace

@@ -15,21 +15,8 @@
 namespace netrove {
 namespace {
 
-/// Keeps the verbs too, and lets a program be chosen.
-class VerbShell : public RecordedShell {
-public:
-    bool chosen = false;
-    ShellVerb verb = ShellVerb::Default;
-
-    int Execute(const QString& file, ShellVerb with, const Failed& failed) override {
-        verb = with;
-        return RecordedShell::Execute(file, with, failed);
-    }
-    bool OpenWith(const QString& /*file*/, const Failed& /*failed*/) override { return chosen; }
-};
-
 TEST(ShellServicesTest, RunsAndTellsFailures) {
-    VerbShell shell;
+    RecordedShell shell;
     RecordedDialogs dialogs;
     ShellServices services{shell, dialogs};
     const std::string told = "critical: Shell execute failed...: ";
@@ -51,11 +38,11 @@ TEST(ShellServicesTest, RunsAndTellsFailures) {
     for (const auto& [code, word, verb, result, message] : cases) {
         shell.Result = code;
         EXPECT_EQ(services.ShellRun(Text("file"), Text(word)), result) << code;
-        EXPECT_EQ(shell.verb, verb) << code;
+        EXPECT_EQ(shell.Verb, verb) << code;
         EXPECT_EQ(dialogs.TakeWhole(), message ? told + "file\r\n" + message : "");
     }
     for (const bool chosen : {true, false}) { // the opener may say only later that it can't
-        shell.chosen = chosen;
+        shell.IsChosen = chosen;
         shell.Result = chosen ? Shell::NoAssociation : Shell::Success;
         EXPECT_EQ(services.ShellRun(Text("file")), -1);
         shell.FailLater();
@@ -63,7 +50,7 @@ TEST(ShellServicesTest, RunsAndTellsFailures) {
     }
     shell.Result = Shell::AccessDenied;
     EXPECT_EQ(services.OpenFolder(Text("\\\\S\\D\\"), Text("explore")), Shell::AccessDenied);
-    EXPECT_EQ(shell.verb, ShellVerb::Open);
+    EXPECT_EQ(shell.Verb, ShellVerb::Open);
     EXPECT_EQ(dialogs.Boxes(), "") << "the callers tell it";
     shell.FailLater();
     EXPECT_EQ(dialogs.TakeWhole(), told + "\\\\S\\D\\\r\n") << "whom the callers took for opened";
