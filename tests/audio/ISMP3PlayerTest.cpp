@@ -12,16 +12,8 @@ namespace {
 
 const QString Song = Text("\\\\S\\D\\song.mp3");
 
-struct Values {
-    int length;
-    int bitrate;
-    int frequency;
-    bool operator==(const Values&) const = default;
-};
-
-void PrintTo(const Values& values, std::ostream* out) {
-    *out << values.length << " s, " << values.bitrate << " kbit/s, " << values.frequency << " Hz";
-}
+/// Seconds, kbit/s, Hz.
+using Values = std::tuple<int, int, int>;
 
 class AudioHeader : public testing::Test {
 protected:
@@ -41,25 +33,24 @@ protected:
 TEST_F(AudioHeader, ConstantRatesOfAllVersionsAndLayers) {
     // Frames of the standards: samples in a frame over frequency is the time of one.
     const struct {
-        const char* name;
         quint32 header;
         int frames;
         qint64 bytes; ///< all of them
         Values values;
     } cases[] = {
-        {"version 1, layer III", 0xFFFB9000, 1000, 417'000, {26, 128, 44100}},
-        {"padded", 0xFFFB9200, 1000, 418'000, {26, 128, 44100}},
-        {"with checksum, mono", 0xFFFA90C0, 1000, 417'000, {26, 128, 44100}},
-        {"version 1, layer II", 0xFFFDA404, 1000, 576'000, {24, 192, 48000}},
-        {"version 1, layer I", 0xFFFFC800, 1000, 576'000, {12, 384, 32000}},
-        {"version 2, layer III", 0xFFF38000, 1000, 208'000, {26, 64, 22050}},
-        {"version 2, layer I", 0xFFF71400, 1000, 64'000, {16, 32, 24000}},
-        {"version 2.5, layer III", 0xFFE31800, 1000, 72'000, {72, 8, 8000}},
+        {0xFFFB9000, 1000, 417'000, {26, 128, 44100}}, // version 1, layer III
+        {0xFFFB9200, 1000, 418'000, {26, 128, 44100}}, // padded
+        {0xFFFA90C0, 1000, 417'000, {26, 128, 44100}}, // with a checksum, mono
+        {0xFFFDA404, 1000, 576'000, {24, 192, 48000}}, // layer II
+        {0xFFFFC800, 1000, 576'000, {12, 384, 32000}}, // layer I
+        {0xFFF38000, 1000, 208'000, {26, 64, 22050}},  // version 2, layer III
+        {0xFFF71400, 1000, 64'000, {16, 32, 24000}},   // layer I
+        {0xFFE31800, 1000, 72'000, {72, 8, 8000}},     // version 2.5, layer III
     };
-    for (const auto& [name, header, frames, bytes, values] : cases) {
+    for (const auto& [header, frames, bytes, values] : cases) {
         const QByteArray stream = MpegFrames(header, frames);
-        EXPECT_EQ(stream.size(), bytes) << name;
-        EXPECT_EQ(Read(stream), values) << name;
+        EXPECT_EQ(stream.size(), bytes) << header;
+        EXPECT_EQ(Read(stream), values) << header;
     }
 }
 
@@ -71,8 +62,8 @@ TEST_F(AudioHeader, TagsAreSteppedOver) {
         EXPECT_EQ(Read(before + audio), (Values{52, 128, 44100})) << before.size();
     EXPECT_LE(file.reads, 3);
     // Two and a half seconds: those of the tag would make it three.
-    EXPECT_EQ(Read(MpegFrames(0xFFE31800, 34) + QByteArray("TAG").leftJustified(128, ' ')).length,
-              2);
+    Read(MpegFrames(0xFFE31800, 34) + QByteArray("TAG").leftJustified(128, ' '));
+    EXPECT_EQ(player.MP3Length(), 2);
 }
 
 TEST_F(AudioHeader, TablesOfEncoders) {
@@ -82,29 +73,29 @@ TEST_F(AudioHeader, TablesOfEncoders) {
     };
     const quint32 bytes = 1'000'000;
     const Values average{78, 102, 44100}; // 3000 frames, 1,000,000 bytes
+    const Values counted{78, 64, 44100};  // the bit rate of the frames
     const QByteArray table = xing("Xing", {3, 3000, bytes});
-    const QByteArray vbri = QByteArray("VBRI\0\1\0\0\0\0", 10) + BigEndian({bytes, 3000});
-    for (const QByteArray& first :
-         {TableFrame(Mp3Header, 36, table), TableFrame(0xFFFB90C0, 21, table), // mono
-          TableFrame(0xFFFA9000, 38, table),                                   // with a checksum
-          TableFrame(Mp3Header, 36, vbri)}) {
-        EXPECT_EQ(Read(first + slow + slow), average) << first.mid(20, 20).toHex().constData();
-        EXPECT_EQ(file.reads, 1);
-    }
-    EXPECT_EQ(Read(TableFrame(Mp3Header, 36, xing("Info", {3, 3000, bytes})) + slow),
-              (Values{78, 64, 44100}))
-        << "the bit rate of the frames";
-    const Values counted{78, 64, 44100};
-    const std::initializer_list<quint32> unlikely[] = {
-        {0},                // no numbers
-        {1, 3000},          // none of the bytes
-        {3, 0xFFFFFFFF, 7}, // more frames than there is room for
-        {3, 300, 700'000},  // fewer frames than the file has, and too few for their bytes
-        {3, 3000, 7},       // bytes that are too few for the frames
+    const std::pair<QByteArray, Values> cases[] = {
+        {TableFrame(Mp3Header, 36, table), average},
+        {TableFrame(0xFFFB90C0, 21, table), average}, // mono
+        {TableFrame(0xFFFA9000, 38, table), average}, // with a checksum
+        {TableFrame(Mp3Header, 36, QByteArray("VBRI\0\1\0\0\0\0", 10) + BigEndian({bytes, 3000})),
+         average},
+        {TableFrame(Mp3Header, 36, xing("Info", {3, 3000, bytes})), counted},
+        // No numbers; none of the bytes; more frames than there is room for; fewer than the file
+        // has, and too few for their bytes; bytes that are too few for the frames.
+        {TableFrame(Mp3Header, 36, xing("Xing", {0})), counted},
+        {TableFrame(Mp3Header, 36, xing("Xing", {1, 3000})), counted},
+        {TableFrame(Mp3Header, 36, xing("Xing", {3, 0xFFFFFFFF, 7})), counted},
+        {TableFrame(Mp3Header, 36, xing("Xing", {3, 300, 700'000})), counted},
+        {TableFrame(Mp3Header, 36, xing("Xing", {3, 3000, 7})), counted},
     };
-    for (const auto& numbers : unlikely)
-        EXPECT_EQ(Read(TableFrame(Mp3Header, 36, xing("Xing", numbers)) + slow), counted)
-            << &numbers - unlikely;
+    for (const auto& each : cases) {
+        const bool isTrusted = each.second == average;
+        EXPECT_EQ(Read(each.first + slow + (isTrusted ? slow : QByteArray())), each.second)
+            << &each - cases;
+        EXPECT_TRUE(!isTrusted || file.reads == 1);
+    }
     file.length = 2'000'000'000;
     file.content = TableFrame(Mp3Header, 36, xing("Xing", {1, 40})) + slow;
     player.SetMP3FileName(Song);
@@ -120,9 +111,9 @@ TEST_F(AudioHeader, VaryingRateWithoutATable) {
         const quint32 headers[] = {0xFFFB5000, 0xFFFB9000, 0xFFFBE000};
         stream += MpegFrame(headers[(random >> 16) % 3]);
     }
-    const Values values = Read(stream);
-    EXPECT_NEAR(values.length, 122, 18);
-    EXPECT_NEAR(values.bitrate, 169, 25);
+    const auto [seconds, bitrate, frequency] = Read(stream);
+    EXPECT_NEAR(seconds, 122, 18);
+    EXPECT_NEAR(bitrate, 169, 25);
 }
 
 TEST_F(AudioHeader, WhatIsNoAudioGivesZeros) {
@@ -146,18 +137,16 @@ TEST_F(AudioHeader, WhatIsNoAudioGivesZeros) {
 }
 
 TEST_F(AudioHeader, EdgesOfTheProperties) {
-    const auto readLong = [this](quint32 frames) {
+    file.length = 600'000'000;
+    for (const quint32 frames : {1'254'000U, 1'255'000U}) {
         file.content = TableFrame(Mp3Header, 36, QByteArray("Xing") + BigEndian({1, frames})) +
                        MpegFrames(Mp3Header, 100);
         player.SetMP3FileName(Song);
-    };
-    file.length = 600'000'000;
-    readLong(1'254'000);
-    EXPECT_EQ(player.MP3Length(), 32758);
-    readLong(1'255'000);
-    ExpectRaised(ErrorNumber::Overflow, [&] { return player.MP3Length(); });
-    EXPECT_EQ(player.MP3Frequency(), 44100);
-
+        if (frames > 1'254'000)
+            ExpectRaised(ErrorNumber::Overflow, [&] { return player.MP3Length(); });
+        EXPECT_TRUE(frames > 1'254'000 || player.MP3Length() == 32758);
+        EXPECT_EQ(player.MP3Frequency(), 44100);
+    }
     player.SetMP3FileName(QString());
     EXPECT_EQ(player.MP3Length(), 0);
 

@@ -21,7 +21,6 @@ protected:
         network.AddBranch({"Net", "WG", "\\\\S", "\\\\S\\D"});
         network.AddBranch({"Net", "WG", "\\\\T"});
         network.AddBranch({"Other", "\\\\U"});
-        network.OnCall = [this](const QString& call) { calls.append(call); };
         SetYieldAlways(true);
     }
     ~ComputerChooserTest() override { SetYieldAlways(false); }
@@ -32,6 +31,7 @@ protected:
 };
 
 TEST_F(ComputerChooserTest, GivesTheNameAlone) {
+    network.OnCall = [this](const QString& call) { calls.append(call); };
     const auto user = [](QDialog& box) {
         auto& tree = *box.findChild<QTreeWidget*>();
         QTest::keyClick(&tree, Qt::Key_Down);

@@ -1,24 +1,16 @@
 #pragma once
 
 #include "browser/frmNWDialog.h"
-#include "desktop/WindowYield.h"
-#include "fakes/DesktopFakes.h"
-#include "fakes/Files.h"
-#include "fakes/Find.h"
+#include "fakes/DialogTest.h"
 #include "fakes/MemoryNetwork.h"
 #include "runtime/Yield.h"
 
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <memory>
-
 namespace netrove {
 
-/// The browser over a network in memory, used with keys and mouse, every yield making a pass:
-/// Net with the workgroup WG and in that \\S (shares D and E, a printer) and \\T (nothing); a
-/// second provider, Lone, with nothing below it.
-class OpenBrowser : public testing::Test {
+/// The browser over a network in memory, every yield making a pass of the event loop: Net with the
+/// workgroup WG and in that \\S (shares D and E, a printer) and \\T (nothing); a second provider,
+/// Lone, with nothing below it.
+class OpenBrowser : public DialogTest<frmNWDialog> {
 protected:
     OpenBrowser() {
         SetYieldAlways(true);
@@ -33,20 +25,17 @@ protected:
                 hook(call);
         };
     }
-    ~OpenBrowser() override {
-        browser.reset();
-        SetYieldAlways(false);
-    }
+    ~OpenBrowser() override { SetYieldAlways(false); }
 
     void Make() {
         exclusions.ParseNetNodes(settings);
-        browser = std::make_unique<frmNWDialog>(
+        dialog = std::make_unique<frmNWDialog>(
             BrowserServices{.network = network,
                             .settings = settings,
                             .exclusions = exclusions,
                             .log = log,
                             .dialogs = dialogs,
-                            .look = {.openHelp = [this] { ++helped; }}},
+                            .look = {.openHelp = [this] { ++helps; }}},
             nullptr);
     }
 
@@ -54,27 +43,20 @@ protected:
     void Show() {
         Make();
         Find<QTimer>("tmrNodes").setInterval(0);
-        browser->show();
+        dialog->show();
     }
 
     /// Shows the dialog and waits for the first level.
     void Open() {
         Show();
-        ASSERT_TRUE(QTest::qWaitFor([this] { return Find<QWidget>("cmdOk").isEnabled(); }));
-        browser->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(browser.get()));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return IsEnabled("cmdOk"); }));
+        Activate();
     }
 
-    template <typename Object>
-    Object& Find(const char* name) {
-        return FindIn<Object>(*browser, name);
-    }
     TreeView& Tree() { return Find<TreeView>("tvwNetwork"); }
     QString LabelText(const char* name) { return Find<QLabel>(name).text(); }
-    bool IsShown(const char* name) { return Find<QWidget>(name).isVisible(); }
 
     void Press(Qt::Key key) { QTest::keyClick(&Tree(), key); }
-    void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
 
     /// Selects a node by its key without the "??" and expands it, as the Right key does.
     void Expand(const char* name) {
@@ -104,7 +86,7 @@ protected:
             if (made != wanted)
                 return;
             onCall = nullptr;
-            QTimer::singleShot(0, browser.get(), action);
+            QTimer::singleShot(0, dialog.get(), action);
         };
     }
 
@@ -112,12 +94,8 @@ protected:
     Settings settings;
     ExclusionLists exclusions;
     TroubleshootingLog log{settings};
-    RecordedDialogs dialogs;
-    WindowYield yield;
     QStringList calls;
     std::function<void(const QString&)> onCall;
-    int helped = 0;
-    std::unique_ptr<frmNWDialog> browser;
 };
 
 } // namespace netrove

@@ -25,14 +25,13 @@ TEST(AudioColumns, OnlyAudioIsRead) {
         return QStringList{of.Length, of.Bitrate, of.Frequency}.join(u'|');
     };
     EXPECT_EQ(texts("MP3", false), Text(" | | "));
-    EXPECT_EQ(texts("WAV", true), Text(" | | "));
-    EXPECT_EQ(texts("mp3", true), Text(" | | ")) << "extensions come in upper case";
+    for (const char* other : {"WAV", "mp3"}) // extensions come in upper case
+        EXPECT_EQ(texts(other, true), Text(" | | "));
     EXPECT_EQ(file.reads, 0);
     for (const char* extension : {"MP3", "MP2", "MP1"})
         EXPECT_EQ(texts(extension, true), Text("00:00:26|128|44100")) << extension;
     file.canRead = false;
     EXPECT_EQ(texts("MP3", true), Text("00:00:00|0|0"));
-    columns.ReleaseAudioFile();
 }
 
 } // namespace

@@ -10,6 +10,8 @@
 namespace netrove {
 namespace {
 
+using Numbers = std::vector<int>;
+
 /// A visible list with four columns: A, B and D of 100 pixels, and between B and D the hidden C.
 class List : public testing::Test {
 protected:
@@ -28,15 +30,17 @@ protected:
         for (const char* name : names)
             list.Add(Text(name));
     }
-
     void AddNumbered(int count) {
         for (int number = 1; number <= count; ++number)
             list.Add(QString::number(number));
     }
 
     [[nodiscard]] std::string Names() const { return Column(list); }
-    [[nodiscard]] QPoint On(int row) { return PlaceOf(list, row); }
     void Click(int row, Qt::KeyboardModifiers keys = {}) { ClickRow(list, row, keys); }
+    int Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&list, key, modifiers);
+        return list.CurrentRow();
+    }
 
     void Sort(int column, Qt::SortOrder order) {
         list.SetSorted(true);
@@ -47,6 +51,22 @@ protected:
 
     /// How many rows the screen knows of.
     [[nodiscard]] int ShownRows() const { return list.model()->rowCount(); }
+    /// The colours in a row's strip of the screen, as many pixels each.
+    QHash<QRgb, int> Colors(int row) {
+        list.Refresh();
+        return ColorsOf(list.viewport()->grab().toImage(),
+                        list.visualRect(list.model()->index(row - 1, 0)));
+    }
+
+    /// A place in the header, and the mouse there.
+    [[nodiscard]] QPoint At(int x) const { return {x, list.Header()->height() / 2}; }
+    void Drag(int from, int to) { DragMouse(*list.Header()->viewport(), At(from), At(to)); }
+    [[nodiscard]] Numbers Widths() const {
+        Numbers widths;
+        for (int column = 1; column <= list.ColumnCount(); ++column)
+            widths.push_back(list.ColumnWidth(column));
+        return widths;
+    }
 
     ListView list;
 };
@@ -54,9 +74,7 @@ protected:
 TEST_F(List, ShowsChangesLaterButTellsThemAtOnce) {
     AddRows({"a", "b"});
     list.SetSubItem(2, 1, Text("x"));
-    EXPECT_EQ(list.Count(), 2);
-    EXPECT_EQ(list.SubItem(2, 1), Text("x"));
-    EXPECT_EQ(list.SubItem(2, 3), QString());
+    EXPECT_EQ(list.SubItem(2, 1) + list.SubItem(2, 3), Text("x"));
     EXPECT_EQ(ShownRows(), 0);
     EXPECT_TRUE(QTest::qWaitFor([this] { return ShownRows() == 2; }, 1000));
 
@@ -68,9 +86,8 @@ TEST_F(List, ShowsChangesLaterButTellsThemAtOnce) {
     Click(2);
     EXPECT_TRUE(list.Selected(2)) << "a click is about what the list holds";
     list.Clear();
-    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(Press(Qt::Key_Down), 0);
     EXPECT_EQ(ShownRows(), 0);
-    EXPECT_EQ(list.CurrentRow(), 0);
 }
 
 TEST_F(List, SortsOnceByOneColumn) {
@@ -84,8 +101,6 @@ TEST_F(List, SortsOnceByOneColumn) {
     AddRows({"m"});
     EXPECT_EQ(Names(), "z b B Ä a A m") << "later rows go to the end";
     list.SetSubItem(7, 2, Text("0000.5000000000"));
-    Sort(3, Qt::AscendingOrder);
-    EXPECT_EQ(Names(), "z b B Ä a A m") << "empty texts are first, equal ones as they stood";
     Sort(3, Qt::DescendingOrder);
     EXPECT_EQ(Names(), "m z b B Ä a A");
     QLocale::setDefault(before);
@@ -95,17 +110,17 @@ TEST_F(List, KeepsSelectionAndCurrentRowOnTheirRows) {
     AddRows({"d", "b", "c", "a"});
     Click(1);
     Click(3, Qt::ControlModifier);
-    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{1, 3}));
+    EXPECT_EQ(list.SelectedRows(), (Numbers{1, 3}));
     Sort(1, Qt::AscendingOrder);
     AddRows({"e"});
-    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{3, 4}));
+    EXPECT_EQ(list.SelectedRows(), (Numbers{3, 4}));
     EXPECT_EQ(list.CurrentRow(), 3);
 
     // What the keyboard does next starts from there.
-    QTest::keyClick(&list, Qt::Key_Up, Qt::ShiftModifier);
-    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{2, 3}));
-    QTest::keyClick(&list, Qt::Key_Down);
-    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{3}));
+    Press(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(list.SelectedRows(), (Numbers{2, 3}));
+    Press(Qt::Key_Down);
+    EXPECT_EQ(list.SelectedRows(), Numbers{3});
 
     list.SetSelected(3, false);
     list.Remove(2);
@@ -113,16 +128,11 @@ TEST_F(List, KeepsSelectionAndCurrentRowOnTheirRows) {
     list.Flush();
     EXPECT_TRUE(list.selectionModel()->isSelected(list.model()->index(2, 0)));
     AddNumbered(100);
-    list.SetSelected(1, true);
-    list.Flush();
-    EXPECT_GT(list.verticalScrollBar()->maximum(), 0) << "it knows of rows that came with it";
-    AddNumbered(3);
-    QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(list.SelectedCount(), list.Count());
     list.Clear();
-    EXPECT_EQ(list.SelectedCount(), 0);
     list.Refresh();
-    EXPECT_FALSE(list.selectionModel()->hasSelection());
+    EXPECT_FALSE(list.SelectedCount() > 0 || list.selectionModel()->hasSelection());
 }
 
 TEST_F(List, RemovesManyRowsAtOnce) {
@@ -134,21 +144,17 @@ TEST_F(List, RemovesManyRowsAtOnce) {
     const quint64 version = list.RowsVersion();
     list.RemoveRows({1, 2, 4, 7});
     EXPECT_EQ(Names(), "3 5 6");
-    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{2}));
+    EXPECT_EQ(list.SelectedRows(), Numbers{2});
     EXPECT_EQ(list.CurrentRow(), 2) << "the row behind a removed one";
     EXPECT_NE(list.RowsVersion(), version);
     list.RemoveRows({2, 3});
     EXPECT_EQ(list.CurrentRow(), 1);
-    list.RemoveRows({});
     list.RemoveRows({1});
     EXPECT_EQ(list.CurrentRow(), 0);
-    list.Flush();
-    EXPECT_EQ(ShownRows(), 0);
 }
 
 TEST_F(List, PaintsProgressBehindTheText) {
     AddNumbered(1);
-    list.SetSubItem(1, 1, Text("x"));
     list.Refresh();
     const QRect cell = list.visualRect(list.model()->index(0, 1));
     const auto colorAt = [&](int percent) {
@@ -160,37 +166,25 @@ TEST_F(List, PaintsProgressBehindTheText) {
     EXPECT_NE(colorAt(40), back);
     EXPECT_EQ(colorAt(60), back);
     EXPECT_EQ(list.model()->data(list.model()->index(0, 1), Qt::ToolTipRole), Text("50 %"));
-    EXPECT_EQ(list.SubItem(1, 1), Text("x"));
     list.SetProgress(1, 1, std::nullopt);
     EXPECT_EQ(colorAt(40), back);
 }
 
-TEST_F(List, DragsItsSelectedRows) {
-    AddNumbered(3);
-    std::vector<int> dragged;
-    list.SetDragContent([&dragged](const std::vector<int>& rows) -> std::unique_ptr<QMimeData> {
-        dragged = rows;
-        return nullptr;
-    });
-    Click(1);
-    Click(2, Qt::ControlModifier);
-    DragMouse(*list.viewport(), On(2), On(2) + QPoint(60, 0));
-    EXPECT_EQ(dragged, (std::vector<int>{1, 2}));
-}
-
 TEST_F(List, MovesByKeyboard) {
     AddNumbered(100);
-    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::keyClick(&list, key, modifiers);
-        return list.CurrentRow();
-    };
+    for (int row = 1; row <= 100; ++row)
+        list.SetSubItem(row, 1, Text("second"));
     list.Flush();
-    EXPECT_EQ(press(Qt::Key_End), 100);
-    EXPECT_EQ(press(Qt::Key_Home), 1);
-    press(Qt::Key_Down, Qt::ShiftModifier);
-    press(Qt::Key_Down, Qt::ControlModifier);
-    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{1, 2}));
-    EXPECT_EQ(press(Qt::Key_Right), 3) << "sideways scrolls";
+    EXPECT_EQ(Press(Qt::Key_End), 100);
+    EXPECT_EQ(Press(Qt::Key_Home), 1);
+    Press(Qt::Key_Down, Qt::ShiftModifier);
+    Press(Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(list.SelectedRows(), (Numbers{1, 2}));
+    EXPECT_EQ(Press(Qt::Key_Right), 3) << "sideways scrolls";
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualRect(list.model()->index(3, 1)).center());
+    QTest::keyClicks(&list, Text("42")); // first letters of the first column
+    EXPECT_EQ(list.SelectedRows(), Numbers{42});
 
     // Rows that come in leave what is read where it is.
     list.EnsureVisible(50);
@@ -203,176 +197,134 @@ TEST_F(List, MovesByKeyboard) {
     EXPECT_EQ(list.verticalScrollBar()->value(), top);
 }
 
-TEST_F(List, FindsRowsByTheirFirstLetters) {
-    AddRows({"alpha", "beta", "Bravo", "gamma"});
-    for (int row = 1; row <= 4; ++row)
-        list.SetSubItem(row, 1, Text("second"));
-    list.Flush();
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
-                      list.visualRect(list.model()->index(3, 1)).center());
-    ASSERT_EQ(list.CurrentRow(), 4);
-    QTest::keyClicks(&list, Text("br"));
-    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{3}));
-    EXPECT_EQ(list.CurrentRow(), 3);
-}
-
 TEST_F(List, RaisesTheUsersActions) {
     const QSignalSpy enter(&list, &ListView::EnterPressed);
     const QSignalSpy doubleClicks(&list, &ListView::RowDoubleClick);
     const QSignalSpy got(&list, &ListView::GotFocus);
     const QSignalSpy lost(&list, &ListView::LostFocus);
-    AddRows({"a"});
-    QTest::keyClick(&list, Qt::Key_Enter, Qt::KeypadModifier);
-    for (const QPoint& place : {On(1), QPoint(20, 200)}) // and below the rows
+    Numbers dragged;
+    list.SetDragContent([&dragged](const Numbers& rows) -> std::unique_ptr<QMimeData> {
+        dragged = rows;
+        return nullptr;
+    });
+    AddRows({"a", "b", "c"});
+    Press(Qt::Key_Enter, Qt::KeypadModifier);
+    for (const QPoint& place : {PlaceOf(list, 1), QPoint(20, 200)}) // and below the rows
         QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
     list.clearFocus();
     EXPECT_EQ(got.size(), 0);
     list.setFocus();
     for (const QSignalSpy* raised : {&enter, &doubleClicks, &got, &lost})
         EXPECT_EQ(raised->size(), 1) << raised->signal().constData();
+    Click(1);
+    Click(2, Qt::ControlModifier);
+    DragMouse(*list.viewport(), PlaceOf(list, 2), PlaceOf(list, 2) + QPoint(60, 0));
+    EXPECT_EQ(dragged, (Numbers{1, 2}));
 }
 
-/// The colours in a row's strip of the screen, as many pixels each.
-QHash<QRgb, int> ColorsIn(ListView& list, int row) {
-    list.Refresh();
-    return ColorsOf(list.viewport()->grab().toImage(),
-                    list.visualRect(list.model()->index(row - 1, 0)));
-}
-
-TEST_F(List, IsReadableOnItsBackground) {
-    AddRows({"WWWWWWWW", "WWWWWWWW", "WWWWWWWW"});
-    const QColor back(0xD5, 0xEA, 0xEA);
-    list.SetBackColor(back);
-    list.SetForeColor(2, QColor(255, 0, 0));
-    list.SetSelected(3, true);
-    EXPECT_GT(ColorsIn(list, 1).value(back.rgb()), 100);
-    EXPECT_GT(ColorsIn(list, 1).value(qRgb(0, 0, 0)), 10);
-    EXPECT_GT(ColorsIn(list, 2).value(qRgb(255, 0, 0)), 10);
-    EXPECT_EQ(ColorsIn(list, 3).value(back.rgb()), 0);
-    EXPECT_GT(ColorsIn(list, 3).value(qRgb(255, 255, 255)), 10);
-    list.SetForeColor(2, QColor(0, 255, 0));
-    EXPECT_EQ(list.ForeColor(2), QColor(0, 255, 0));
-    EXPECT_EQ(ColorsIn(list, 2).value(qRgb(0, 255, 0)), 0) << "shown darker";
-
-    list.SetBold(1, true);
-    const int bold = ColorsIn(list, 1).value(qRgb(0, 0, 0));
-    list.SetBold(1, false);
-    EXPECT_GT(bold, ColorsIn(list, 1).value(qRgb(0, 0, 0)));
-
-    list.SetBackColor(QColor());
-    EXPECT_EQ(ColorsIn(list, 1).value(back.rgb()), 0);
-}
-
-TEST_F(List, ShowsPicturesByKey) {
+TEST_F(List, ShowsColorsAndPictures) {
     ImageList images(16);
     QPixmap picture(16, 16);
     picture.fill(Qt::magenta);
     images.Add(Text("K1"), picture);
     list.SetSmallIcons(&images);
-    list.Add(Text("a"), Text("K1"));
-    list.Add(Text("b"), Text("k1"));
-    EXPECT_EQ(ColorsIn(list, 1).value(qRgb(255, 0, 255)), 256);
-    EXPECT_EQ(ColorsIn(list, 2).value(qRgb(255, 0, 255)), 0) << "keys are exact";
-    list.SetSmallIcons(nullptr);
-    EXPECT_EQ(ColorsIn(list, 1).value(qRgb(255, 0, 255)), 0);
+    for (const char* key : {"K1", "k1", ""})
+        list.Add(Text("WWWWWWWW"), Text(key));
+    EXPECT_EQ(Colors(1).value(qRgb(255, 0, 255)), 256);
+    EXPECT_EQ(Colors(2).value(qRgb(255, 0, 255)), 0) << "keys are exact";
+    const QRgb back = qRgb(0xD5, 0xEA, 0xEA);
+    const QRgb black = qRgb(0, 0, 0);
+    list.SetBackColor(QColor(back));
+    list.SetForeColor(2, QColor(255, 0, 0));
+    list.SetSelected(3, true);
+    EXPECT_GT(Colors(1).value(back), 100);
+    const int plain = Colors(1).value(black);
+    EXPECT_GT(plain, 10);
+    EXPECT_GT(Colors(2).value(qRgb(255, 0, 0)), 10);
+    EXPECT_EQ(Colors(3).value(back), 0);
+    EXPECT_GT(Colors(3).value(qRgb(255, 255, 255)), 10);
+    list.SetForeColor(2, QColor(0, 255, 0));
+    EXPECT_EQ(list.ForeColor(2), QColor(0, 255, 0));
+    EXPECT_EQ(Colors(2).value(qRgb(0, 255, 0)), 0) << "shown darker";
+    list.SetBold(1, true);
+    EXPECT_GT(Colors(1).value(black), plain);
+    list.SetBackColor(QColor());
+    EXPECT_EQ(Colors(1).value(back), 0);
 }
 
 TEST_F(List, CheckBoxesAreChangedByMouseAndSpace) {
-    std::vector<int> changed;
+    Numbers changed;
     QObject::connect(&list, &ListView::ItemCheck, &list,
                      [&changed](int row) { changed.push_back(row); });
     AddRows({"a", "b"});
-    const auto clickBox = [this](int row) {
-        const QPoint box(CellPainter::Margin + 5, On(row).y());
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, box);
+    const auto boxOf = [this](int row) {
+        return QPoint(CellPainter::Margin + 5, PlaceOf(list, row).y());
     };
-    clickBox(2);
-    EXPECT_TRUE(changed.empty()) << "there are none yet";
+    const auto clickBox = [&](int row) {
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, boxOf(row));
+    };
+    clickBox(2); // there are none yet
     list.SetCheckBoxes(true);
-    list.SetChecked(1, true);
-    EXPECT_TRUE(changed.empty()) << "only the user's changes are told";
+    list.SetChecked(1, true); // only the user's changes are told
     Click(2);
     EXPECT_FALSE(list.Checked(2)) << "a click beside the box";
+    EXPECT_TRUE(changed.empty());
     clickBox(2);
     clickBox(1);
-    const QPoint first(CellPainter::Margin + 5, On(1).y()); // a double click counts twice
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, first);
-    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, first);
-    QTest::keyClick(&list, Qt::Key_Space);
-    EXPECT_EQ(changed, (std::vector{2, 1, 1, 2}));
-    EXPECT_EQ(list.SelectedRows(), std::vector{2}) << "a box leaves the selection";
-    Click(1);
-    QTest::keyClick(&list, Qt::Key_Space);
-    Sort(1, Qt::DescendingOrder);
-    EXPECT_FALSE(list.Checked(1));
-    EXPECT_FALSE(list.Checked(2)) << "it goes with its row";
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, boxOf(1)); // counts twice
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, boxOf(1));
+    Press(Qt::Key_Space);
+    EXPECT_EQ(changed, (Numbers{2, 1, 1, 2}));
+    EXPECT_EQ(list.SelectedRows(), Numbers{2}) << "a box leaves the selection";
     clickBox(2);
+    Sort(1, Qt::DescendingOrder);
+    EXPECT_TRUE(list.Checked(1) && list.Checked(2));
+    clickBox(2);
+    Sort(1, Qt::AscendingOrder);
+    EXPECT_FALSE(list.Checked(1)) << "it goes with its row";
     EXPECT_EQ(list.model()->index(1, 0).data(Qt::CheckStateRole), Qt::Checked);
 }
 
-class Header : public List {
-protected:
-    void SetUp() override {
-        List::SetUp();
-        hiddenEdge = list.Header()->sectionViewportPosition(2);
-        QObject::connect(&list, &ListView::ColumnClick, &list,
-                         [this](int column) { clicked.push_back(column); });
-        QObject::connect(
-            &list, &ListView::HeaderRightClick, &list,
-            [this](int column, const QPoint& /*position*/) { asked.push_back(column); });
-    }
-
-    [[nodiscard]] QPoint At(int x) const { return {x, list.Header()->height() / 2}; }
-
-    void Drag(int from, int to) { DragMouse(*list.Header()->viewport(), At(from), At(to)); }
-
-    [[nodiscard]] std::vector<int> Widths() const {
-        std::vector<int> widths;
-        for (int column = 1; column <= list.ColumnCount(); ++column)
-            widths.push_back(list.ColumnWidth(column));
-        return widths;
-    }
-
-    int hiddenEdge = 0;
-    std::vector<int> clicked;
-    std::vector<int> asked;
-};
-
-TEST_F(Header, HiddenColumnsStayHidden) {
-    const std::vector<int> before = {1500, 1500, 0, 1500};
+TEST_F(List, HiddenColumnsStayHidden) {
+    const Numbers before = {1500, 1500, 0, 1500};
+    const int hiddenEdge = list.Header()->sectionViewportPosition(2);
     ASSERT_EQ(Widths(), before);
     for (int x = hiddenEdge; x < hiddenEdge + 10; ++x) {
         Drag(x, x + 60);
         QTest::mouseDClick(list.Header()->viewport(), Qt::LeftButton, {}, At(x));
     }
-    EXPECT_EQ(Widths(), before);
     list.SetColumnWidth(3, 900);
     EXPECT_EQ(Widths(), before);
 
     // Up to the edge, it is the edge of the column on its left.
     Drag(hiddenEdge - 2, hiddenEdge + 38);
-    EXPECT_EQ(Widths(), (std::vector<int>{1500, 2100, 0, 1500}));
-    QTest::mouseDClick(list.Header()->viewport(), Qt::LeftButton, {}, At(hiddenEdge + 38));
-    EXPECT_EQ(list.ColumnWidth(3), 0);
+    EXPECT_EQ(Widths(), (Numbers{1500, 2100, 0, 1500}));
     Drag(list.Header()->length() - 1, list.Header()->length() + 19);
     EXPECT_EQ(list.ColumnWidth(4), 1800);
     Drag(99, 1);
     EXPECT_GT(list.ColumnWidth(1), 0) << "a column that can be seen can't get lost";
 }
 
-TEST_F(Header, TellsWhichColumnWasClicked) {
+TEST_F(List, TellsWhichColumnWasClicked) {
     AddRows({"a", "b"});
+    const QSignalSpy clicks(&list, &ListView::ColumnClick);
+    const QSignalSpy questions(&list, &ListView::HeaderRightClick);
+    const int hiddenEdge = list.Header()->sectionViewportPosition(2);
     QWidget* viewport = list.Header()->viewport();
     for (const int x : {50, hiddenEdge + 50, hiddenEdge + 1})
         QTest::mouseClick(viewport, Qt::LeftButton, {}, At(x));
     EXPECT_EQ(list.SelectedCount(), 0);
     for (const int x : {50, hiddenEdge - 1, hiddenEdge, hiddenEdge + 5, hiddenEdge + 6, 390})
         QTest::mouseClick(viewport, Qt::RightButton, {}, At(x));
-    EXPECT_EQ(asked, (std::vector<int>{0, 1, 2, 2, 3, -1}));
-    EXPECT_EQ(clicked, (std::vector<int>{1, 4}));
-    // Several hidden columns at one place share it.
-    list.HideColumn(4);
-    EXPECT_EQ(list.Header()->ColumnAt(hiddenEdge), 2);
+    const auto columns = [](const QSignalSpy& spy) {
+        Numbers numbers;
+        for (const auto& arguments : spy)
+            numbers.push_back(arguments[0].toInt());
+        return numbers;
+    };
+    EXPECT_EQ(columns(questions), (Numbers{0, 1, 2, 2, 3, -1}));
+    EXPECT_EQ(columns(clicks), (Numbers{1, 4}));
+    list.HideColumn(4); // several hidden columns at one place share it
     EXPECT_EQ(list.Header()->ColumnAt(hiddenEdge + 5), 3);
     list.Header()->setOffset(50);
     EXPECT_EQ(list.Header()->ColumnAt(hiddenEdge - 50), 2) << "scrolled";

@@ -20,61 +20,59 @@ namespace {
 
 class DesktopDialogsTest : public testing::Test {
 protected:
-    MessageAnswer Answer(MessageButtons buttons, const std::function<void(QMessageBox&)>& user) {
+    MessageAnswer Answer(const QString& text, MessageButtons buttons,
+                         const std::function<void(QMessageBox&)>& user) {
         return UseDialog<QMessageBox>(
-            [&] {
-                return dialogs.Message(MessageIcon::Critical, Text("53\r\n<b>File</b> not found"),
-                                       Text("Error in Test"), buttons);
-            },
-            user);
-    }
-    QString Input(const std::function<void(QInputDialog&)>& user) {
-        return UseDialog<QInputDialog>(
-            [&] { return dialogs.InputBox(Text("Which <b>name</b>?"), Text("A name")); }, user);
+            [&] { return dialogs.Message(MessageIcon::Critical, text, title, buttons); }, user);
     }
     static void Press(QWidget& box, Qt::Key key) { QTest::keyClick(&box, key); }
 
+    /// Types a path into the chooser that `open` shows.
+    template <typename Open>
+    std::optional<QString> Choose(const Open& open, const QString& path, Qt::Key key,
+                                  const std::function<void(QFileDialog&, QLineEdit&)>& look) {
+        return UseDialog<QFileDialog>(open, [&](QFileDialog& chooser) {
+            EXPECT_EQ(chooser.windowTitle(), title);
+            auto* input = chooser.findChild<QLineEdit*>();
+            look(chooser, *input);
+            input->setText(path);
+            Press(*input, key);
+        });
+    }
+
+    const QString title = Text("Auto-Asterisks is turned off");
+    QTemporaryDir folder;
     DesktopDialogs dialogs;
 };
 
-TEST_F(DesktopDialogsTest, ShowsTextsAsTheyAre) {
+TEST_F(DesktopDialogsTest, ShowsTextsAsTheyAreAndWhole) {
     QWidget window;
     dialogs.SetParent(&window);
-    const auto user = [&](QMessageBox& box) {
-        EXPECT_EQ(box.text(), Text("53\n<b>File</b> not found"));
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.windowTitle(), Text("Error in Test"));
-        EXPECT_EQ(box.icon(), QMessageBox::Critical);
-        EXPECT_EQ(box.parentWidget(), &window);
-        Press(box, Qt::Key_Return);
-    };
-    EXPECT_EQ(Answer(MessageButtons::Ok, user), MessageAnswer::Ok);
-}
-
-TEST_F(DesktopDialogsTest, BoxesHaveRoomForTheirTitlesAndLines) {
-    const QString title = Text("Auto-Asterisks is turned off");
-    const QString longLine = Text("The option 'Auto-Enclose Search Parameters with Asterisks' is ");
-    const QString path = Text("\\\\SERVER\\SHARE\\").repeated(100);
+    const QString longLine = Text("The option '<b>Auto-Enclose Search Parameters</b>' is ");
     const struct {
         QString text;
         int lines; ///< 0: any number
-    } cases[] = {{Text("53"), 1}, {longLine + Text("\r\na\r\n") + longLine, 3}, {path, 0}};
-    for (const auto& [text, lines] : cases) {
-        UseDialog<QMessageBox>(
-            [&, &text = text] { return dialogs.Message(MessageIcon::Information, text, title); },
-            [&, lines = lines](QMessageBox& box) {
-                QFont bold = box.font();
-                bold.setBold(true);
-                EXPECT_GT(box.width(), QFontMetrics(bold).horizontalAdvance(title) + 100);
-                EXPECT_LE(box.width(), box.screen()->availableGeometry().width());
-                const auto& label = *box.findChild<QLabel*>(Text("qt_msgbox_label"));
-                const int spacing = label.fontMetrics().lineSpacing();
-                if (lines != 0) {
-                    EXPECT_EQ(label.heightForWidth(label.width()) / spacing, lines);
-                }
-                EXPECT_LE(label.geometry().right(), box.width());
-                box.close();
-            });
+    } cases[] = {{Text("53"), 1},
+                 {longLine + Text("\r\na\r\n") + longLine, 3},
+                 {Text("\\\\SERVER\\SHARE\\").repeated(100), 0}};
+    for (const auto& each : cases) {
+        Answer(each.text, MessageButtons::Ok, [&](QMessageBox& box) {
+            EXPECT_EQ(box.text(), QString(each.text).remove(u'\r'));
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.windowTitle(), title);
+            EXPECT_EQ(box.icon(), QMessageBox::Critical);
+            EXPECT_EQ(box.parentWidget(), &window);
+            QFont bold = box.font();
+            bold.setBold(true);
+            EXPECT_GT(box.width(), QFontMetrics(bold).horizontalAdvance(title) + 100);
+            EXPECT_LE(box.width(), box.screen()->availableGeometry().width());
+            const auto& label = *box.findChild<QLabel*>(Text("qt_msgbox_label"));
+            const int lines =
+                label.heightForWidth(label.width()) / label.fontMetrics().lineSpacing();
+            EXPECT_TRUE(each.lines == 0 || lines == each.lines) << lines;
+            EXPECT_LE(label.geometry().right(), box.width());
+            box.close();
+        });
     }
 }
 
@@ -90,102 +88,87 @@ TEST_F(DesktopDialogsTest, AnswersSafelyUnlessYesIsChosen) {
                  {YesNo, Qt::Key_Escape, MessageAnswer::No},
                  {YesNo, Qt::Key_Return, MessageAnswer::No}};
     for (const auto& [buttons, key, answer] : cases)
-        EXPECT_EQ(Answer(buttons, [key = key](QMessageBox& box) { Press(box, key); }), answer);
+        EXPECT_EQ(Answer(title, buttons, [key = key](QMessageBox& box) { Press(box, key); }),
+                  answer);
     const auto yes = [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); };
-    EXPECT_EQ(Answer(YesNo, yes), MessageAnswer::Yes);
+    EXPECT_EQ(Answer(title, YesNo, yes), MessageAnswer::Yes);
 }
 
 TEST_F(DesktopDialogsTest, GivesWhatIsTypedUnlessCancelled) {
     for (const bool isTaken : {true, false}) {
-        const QString given = Input([&](QInputDialog& box) {
-            EXPECT_EQ(box.windowTitle(), Text("A name"));
-            const auto* label = box.findChild<QLabel*>();
-            EXPECT_EQ(label->text(), Text("Which <b>name</b>?"));
-            EXPECT_EQ(label->textFormat(), Qt::PlainText);
-            QTest::keyClicks(box.findChild<QLineEdit*>(), Text(" media "));
-            Press(box, isTaken ? Qt::Key_Return : Qt::Key_Escape);
-        });
+        const QString given = UseDialog<QInputDialog>(
+            [&] { return dialogs.InputBox(Text("Which <b>name</b>?"), title); },
+            [&](QInputDialog& box) {
+                EXPECT_EQ(box.windowTitle(), title);
+                const auto* label = box.findChild<QLabel*>();
+                EXPECT_EQ(label->text(), Text("Which <b>name</b>?"));
+                EXPECT_EQ(label->textFormat(), Qt::PlainText);
+                QTest::keyClicks(box.findChild<QLineEdit*>(), Text(" media "));
+                Press(box, isTaken ? Qt::Key_Return : Qt::Key_Escape);
+            });
         EXPECT_EQ(given, isTaken ? Text(" media ") : QString());
     }
 }
 
 TEST_F(DesktopDialogsTest, LetsFilesBeChosen) {
-    QTemporaryDir folder;
     const QString existing = folder.filePath(Text("old.nrr"));
+    const QString fresh = folder.filePath(Text("new.nrr"));
     ASSERT_TRUE(QFile(existing).open(QIODevice::WriteOnly));
-    FileDialogSetup setup{.title = Text("Choose"),
-                          .filter = Text("List (*.nrr)|*.nrr|All Files (*.*)|*.*"),
-                          .folder = folder.path(),
-                          .fileName = Text("new.nrr")};
-    const auto user = [&](const char* name, Qt::Key key) {
-        return [&, name = QString::fromLatin1(name), key](QFileDialog& chooser) {
-            EXPECT_EQ(chooser.windowTitle(), setup.title);
-            EXPECT_EQ(chooser.directory().path(), folder.path());
-            EXPECT_EQ(chooser.nameFilters(),
-                      Texts({"List (*.nrr) (*.nrr)", "All Files (*.*) (*)"}));
-            auto* input = chooser.findChild<QLineEdit*>();
-            EXPECT_EQ(input->text(), setup.fileName);
-            if (!name.isEmpty())
-                input->setText(name);
-            Press(*input, key);
-        };
+    const FileDialogSetup setup{.title = title,
+                                .filter = Text("List (*.nrr)|*.nrr|All Files (*.*)|*.*"),
+                                .folder = folder.path(),
+                                .fileName = Text("given.nrr")};
+    const auto look = [&](const QFileDialog& chooser, const QLineEdit& input) {
+        EXPECT_EQ(chooser.directory().path(), folder.path());
+        EXPECT_EQ(chooser.nameFilters(), Texts({"List (*.nrr) (*.nrr)", "All Files (*.*) (*)"}));
+        EXPECT_EQ(input.text(), setup.fileName);
     };
     const auto save = [&] { return dialogs.SaveFile(setup); };
     const auto open = [&] { return dialogs.OpenFile(setup); };
-    EXPECT_EQ(UseDialog<QFileDialog>(save, user("", Qt::Key_Return)),
-              folder.filePath(Text("new.nrr")));
+    EXPECT_EQ(Choose(save, Text("new.nrr"), Qt::Key_Return, look), fresh);
     // Whoever asks for the file asks about overwriting too.
-    EXPECT_EQ(UseDialog<QFileDialog>(save, user("old.nrr", Qt::Key_Return)), existing);
-    EXPECT_EQ(UseDialog<QFileDialog>(save, user("old.nrr", Qt::Key_Escape)), std::nullopt);
-    setup.fileName.clear();
-    EXPECT_EQ(UseDialog<QFileDialog>(open, user("old.nrr", Qt::Key_Return)), existing);
+    EXPECT_EQ(Choose(save, Text("old.nrr"), Qt::Key_Return, look), existing);
+    EXPECT_EQ(Choose(save, Text("old.nrr"), Qt::Key_Escape, look), std::nullopt);
+    EXPECT_EQ(Choose(open, Text("old.nrr"), Qt::Key_Return, look), existing);
 }
 
 TEST_F(DesktopDialogsTest, LetsFoldersBeChosen) {
-    QTemporaryDir folder;
-    ASSERT_TRUE(QDir(folder.path()).mkdir(Text("inner")));
+    const QString inner = folder.filePath(Text("inner"));
+    ASSERT_TRUE(QDir().mkdir(inner));
     for (const bool network : {false, true}) {
         const QString start = folder.filePath(Text(network ? "gone" : ""));
-        for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
-            const auto chosen = UseDialog<QFileDialog>(
-                [&] { return dialogs.ChooseFolder(Text("Where?"), network, start); },
-                [&](QFileDialog& chooser) {
-                    EXPECT_EQ(chooser.windowTitle(), Text("Where?"));
-                    EXPECT_EQ(chooser.supportedSchemes(),
-                              network ? Texts({"file", "smb"}) : Texts({"file"}));
-                    EXPECT_EQ(chooser.directory().path(),
-                              network ? QDir::homePath() : folder.path());
-                    auto* input = chooser.findChild<QLineEdit*>();
-                    input->setText(folder.filePath(Text("inner")));
-                    Press(*input, key);
-                });
-            EXPECT_EQ(chosen, key == Qt::Key_Return ? std::optional(folder.filePath(Text("inner")))
-                                                    : std::nullopt);
-        }
+        const auto open = [&] { return dialogs.ChooseFolder(title, network, start); };
+        const auto look = [&](const QFileDialog& chooser, const QLineEdit& /*input*/) {
+            EXPECT_EQ(chooser.supportedSchemes(),
+                      network ? Texts({"file", "smb"}) : Texts({"file"}));
+            EXPECT_EQ(chooser.directory().path(), network ? QDir::homePath() : folder.path());
+        };
+        EXPECT_EQ(Choose(open, inner, Qt::Key_Return, look), inner);
+        EXPECT_EQ(Choose(open, inner, Qt::Key_Escape, look), std::nullopt);
     }
-    const struct {
-        const char* chosen;
-        const char* name;
-    } cases[] = {
-        {"file:///a/C%23%20code", "/a/C# code"},
-        {"smb://s/D/C%23%20code/", "smb://s/D/C# code"},
-        {"smb://u@s/100%25%3f", "smb://s/100%?"},
-        {"smb://s/", "smb://s/"},
-    };
-    for (const auto& [chosen, name] : cases)
+    for (const auto& [chosen, name] : TextPairs{{"file:///a/C%23%20code", "/a/C# code"},
+                                                {"smb://s/D/C%23%20code/", "smb://s/D/C# code"},
+                                                {"smb://u@s/100%25%3f", "smb://s/100%?"},
+                                                {"smb://s/", "smb://s/"}})
         EXPECT_EQ(DesktopDialogs::FolderName(QUrl(Text(chosen)), true), Text(name)) << chosen;
     EXPECT_EQ(DesktopDialogs::FolderName(QUrl(Text("smb://s/D")), false), std::nullopt);
 }
 
 TEST_F(DesktopDialogsTest, LetsAFontBeChosen) {
-    const ChosenFont before{.family = Text("DejaVu Sans"),
-                            .points = 9,
-                            .bold = true,
-                            .underline = true,
-                            .charSet = 238,
-                            .color = 0x112233};
+    ChosenFont before{.family = Text("No Such Family"),
+                      .points = 8.25,
+                      .bold = true,
+                      .underline = true,
+                      .charSet = 238,
+                      .color = 0x112233};
     const auto choose = [&] { return dialogs.ChooseFont(before); };
-    const auto chosen = UseDialog<QFontDialog>(choose, [](QFontDialog& chooser) {
+    auto chosen = UseDialog<QFontDialog>(
+        choose, [](QFontDialog& chooser) { Press(chooser, Qt::Key_Return); });
+    ASSERT_TRUE(chosen);
+    EXPECT_EQ(std::tuple(chosen->family, chosen->points), std::tuple(before.family, before.points))
+        << "one that isn't installed is kept";
+    before.family = Text("DejaVu Sans");
+    chosen = UseDialog<QFontDialog>(choose, [](QFontDialog& chooser) {
         EXPECT_TRUE(chooser.currentFont().bold() && chooser.currentFont().underline());
         QFont font(chooser.currentFont().family(), 14);
         font.setUnderline(true);
@@ -199,15 +182,6 @@ TEST_F(DesktopDialogsTest, LetsAFontBeChosen) {
     EXPECT_EQ(chosen->charSet, before.charSet) << "what the chooser doesn't show stays";
     EXPECT_FALSE(
         UseDialog<QFontDialog>(choose, [](QFontDialog& box) { Press(box, Qt::Key_Escape); }));
-}
-
-TEST_F(DesktopDialogsTest, KeepsAFontThatIsNotInstalled) {
-    const ChosenFont before{.family = Text("No Such Family"), .points = 8.25};
-    const auto chosen =
-        UseDialog<QFontDialog>([&] { return dialogs.ChooseFont(before); },
-                               [](QFontDialog& chooser) { Press(chooser, Qt::Key_Return); });
-    ASSERT_TRUE(chosen);
-    EXPECT_EQ(std::tuple(chosen->family, chosen->points), std::tuple(before.family, before.points));
 }
 
 } // namespace

@@ -125,15 +125,18 @@ class RecordedShell : public Shell {
 public:
     QStringList Opened;
     int Result = Shell::Success;
+    bool IsChosen = false; ///< a program for what none is known for
 
-    Failed FailLater; ///< of what was opened last
+    Failed FailLater;                    ///< of what was opened last
+    ShellVerb Verb = ShellVerb::Default; ///< and how
 
-    int Execute(const QString& file, ShellVerb /*verb*/, const Failed& failed) override {
+    int Execute(const QString& file, ShellVerb verb, const Failed& failed) override {
         Opened.append(file);
+        Verb = verb;
         FailLater = failed;
         return Result;
     }
-    bool OpenWith(const QString& /*file*/, const Failed& /*failed*/) override { return false; }
+    bool OpenWith(const QString& /*file*/, const Failed& /*failed*/) override { return IsChosen; }
     /// "net:" and the path's elements; nothing for what isn't a network path.
     std::optional<QUrl> Address(const QString& file) override {
         if (!file.startsWith(QLatin1String("\\\\")))

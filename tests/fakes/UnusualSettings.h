@@ -5,30 +5,18 @@
 
 namespace netrove {
 
-/// Settings other than the initial ones, each of them.
+/// Settings other than the initial ones, each of them that no control keeps.
 inline Settings UnusualSettings(const QString& saveFolder) {
+    const Settings initial;
     Settings settings;
+    for (const Setting& setting : SettingsTable()) {
+        for (const char* other : {"1", "2", "0"}) {
+            if (setting.member.index() != 0 &&
+                TextOf(setting, settings) == TextOf(setting, initial))
+                TakeText(setting, Text(other), settings);
+        }
+    }
     settings.SaveFolder = saveFolder;
-    settings.MaxReturnFiles = 77;
-    settings.MaxConcurrentDownloads = 9;
-    settings.ColorsState = 0;
-    settings.GridsState = 1;
-    settings.AutoAsterisks = false;
-    settings.IncludeVirtualShares = true;
-    settings.IncludeCurrentComputer = true;
-    settings.IncludeAdminShares = true;
-    settings.IncludeMP3Info = true;
-    settings.MinToTray = true;
-    settings.SwitchToDloadTab = false;
-    settings.Troubleshooting = 1;
-    settings.SizeFormat = 2;
-    settings.SizeNumDec = 7;
-    settings.DateFormat = Text("YYYY-MM-DD");
-    settings.ShowListIcons = true;
-    settings.ListIconType = 1;
-    settings.ShowFileTypes = true;
-    settings.ExcludeNetNodes = false;
-    settings.Font_CharSet = 238;
     return settings;
 }
 

@@ -1,8 +1,5 @@
-#include "desktop/WindowYield.h"
-#include "fakes/DesktopFakes.h"
-#include "fakes/Find.h"
+#include "fakes/DialogTest.h"
 #include "fakes/MemoryKeyring.h"
-#include "fakes/UseDialog.h"
 #include "logons/frmLogon.h"
 #include "logons/frmLogons.h"
 #include "redirector/SmbPlace.h"
@@ -10,21 +7,14 @@
 #include "smb/SambaServer.h"
 
 #include <QFile>
-#include <QTest>
 
 namespace netrove {
 namespace {
 
-/// The dialog over a keyring in memory, used with keys and mouse.
-class LogonDialogTest : public testing::Test {
+/// The dialog over a keyring in memory.
+class LogonDialogTest : public DialogTest<frmLogons> {
 protected:
-    void Open() {
-        Show({});
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-        AwaitRest();
-    }
-
-    void Show(const QString& computer) {
+    void Open(const QString& computer = {}) {
         dialog = std::make_unique<frmLogons>(
             LogonServices{.logons = logons,
                           .dialogs = dialogs,
@@ -33,6 +23,8 @@ protected:
                           .computer = computer},
             nullptr);
         dialog->show();
+        if (computer.isEmpty()) // else a form is active
+            Activate();
     }
 
     [[nodiscard]] std::shared_ptr<const RemotePlace> PlaceOf(const QString& computer) const {
@@ -45,28 +37,17 @@ protected:
             request);
     }
 
-    void AwaitRest() {
-        ASSERT_TRUE(QTest::qWaitFor([this] { return Find<QWidget>("lvwLogons").isEnabled(); }));
-    }
-
-    template <typename Object>
-    Object& Find(const char* name) {
-        return FindIn<Object>(*dialog, name);
-    }
-
-    void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
-
-    /// Presses a button that opens the form and uses it as the user's hand does.
-    void InForm(const char* button, const std::function<void(frmLogon&)>& use) {
-        const auto useAndClose = [&](frmLogon& form) {
-            use(form);
-            if (form.isVisible())
-                form.reject();
-        };
-        UseDialog<frmLogon>(
-            [&] { Click(button); }, useAndClose,
-            [](frmLogon& form) { return form.focusWidget() && form.focusWidget()->hasFocus(); });
+    /// Clicks a button, and waits until what that began has ended.
+    void Do(const char* button) {
+        Click(button);
         AwaitRest();
+    }
+    void AwaitRest() {
+        ASSERT_TRUE(QTest::qWaitFor([this] { return IsEnabled("lvwLogons"); }));
+    }
+
+    void UseForm(const char* button, const std::function<void(frmLogon&)>& use) {
+        InForm<frmLogon>([&] { Do(button); }, use);
     }
 
     /// Types the texts into one field after the other, and confirms them.
@@ -80,7 +61,7 @@ protected:
     }
 
     void Add(const char* computer, const char* user, const QString& password) {
-        InForm("cmdAdd", [&](frmLogon& form) {
+        UseForm("cmdAdd", [&](frmLogon& form) {
             Fill(form, {Text(computer), Text(user), password});
         });
     }
@@ -100,19 +81,15 @@ protected:
 
     std::string State() { return Find<QLabel>("lblState").text().toStdString(); }
 
-    WindowYield yield;
-    RecordedDialogs dialogs;
     std::shared_ptr<MemoryKeyring> keyring = std::make_shared<MemoryKeyring>();
     std::shared_ptr<Logons> logons = std::make_shared<Logons>(keyring);
     std::optional<SmbRequest> shareList;
-    int helps = 0;
-    std::unique_ptr<frmLogons> dialog;
 };
 
 TEST_F(LogonDialogTest, LogonsAreAddedChangedAndRemoved) {
     Open();
     EXPECT_EQ(Rows(), "");
-    EXPECT_FALSE(Find<QWidget>("cmdTest").isEnabled());
+    EXPECT_FALSE(IsEnabled("cmdTest"));
     Add("\\\\attic", "HOME\\bob", Text("one"));
     Add("all computers", "bob", Text("two"));
     EXPECT_EQ(Rows(), "All computers|bob|Keyring|\nattic|HOME\\bob|Keyring|");
@@ -121,7 +98,7 @@ TEST_F(LogonDialogTest, LogonsAreAddedChangedAndRemoved) {
     auto& list = Find<QTreeWidget>("lvwLogons");
     list.setCurrentItem(list.topLevelItem(1));
     QTest::keyClick(dialog->focusWidget(), Qt::Key_F1);
-    InForm("cmdChange", [](frmLogon& form) {
+    UseForm("cmdChange", [](frmLogon& form) {
         QTest::keyClick(form.focusWidget(), Qt::Key_F1);
         EXPECT_EQ(FindIn<QLineEdit>(form, "txtPassword").text(), QString());
         QTest::keyClick(&FindIn(form, "chkRemember"), Qt::Key_Space);
@@ -137,8 +114,7 @@ TEST_F(LogonDialogTest, LogonsAreAddedChangedAndRemoved) {
     EXPECT_EQ(logons->All()[1].user, Text("HOME\\bob"));
     Click("cmdRemove");
     dialogs.Answer = MessageAnswer::Yes;
-    Click("cmdRemove");
-    AwaitRest();
+    Do("cmdRemove");
     const QString remove =
         Text("question, Yes/No(No): Network Logon: Remove the logon for \"attic\"?");
     EXPECT_EQ(dialogs.Whole,
@@ -146,24 +122,21 @@ TEST_F(LogonDialogTest, LogonsAreAddedChangedAndRemoved) {
                                 "\"ATTIC\" already.\nReplace it?"),
                            remove, remove}));
     EXPECT_EQ(Rows(), "All computers|bob|Keyring|");
-    Click("cmdRemove");
-    AwaitRest();
+    Do("cmdRemove");
     EXPECT_EQ(Rows(), "");
     EXPECT_TRUE(keyring->entries.isEmpty());
 }
 
 TEST_F(LogonDialogTest, AComputerCanBeGivenThatIsAskedForAtOnce) {
     const auto openFor = [this](const char* title, const QStringList& typed) {
-        UseDialog<frmLogon>(
-            [&] {
-                Show(Text("ATTIC"));
-                AwaitRest();
-            },
-            [&](frmLogon& form) {
-                EXPECT_EQ(form.windowTitle(), Text(title));
-                Fill(form, typed);
-            },
-            [](frmLogon& form) { return form.focusWidget() && form.focusWidget()->hasFocus(); });
+        const auto open = [this] {
+            Open(Text("ATTIC"));
+            AwaitRest();
+        };
+        InForm<frmLogon>(open, [&](frmLogon& form) {
+            EXPECT_EQ(form.windowTitle(), Text(title));
+            Fill(form, typed);
+        });
     };
     openFor("Add Logon", Texts({"bob", "secret"}));
     EXPECT_EQ(Rows(), "ATTIC|bob|Keyring|");
@@ -174,18 +147,17 @@ TEST_F(LogonDialogTest, AComputerCanBeGivenThatIsAskedForAtOnce) {
 TEST_F(LogonDialogTest, TheFormTakesNoHalfLogon) {
     Open();
     for (const auto& [computer, user] :
-         TextPairs{{"", "bob"}, {"a\\b", "bob"}, {"A", ""}, {"A", "HOME\\"}})
+         TextPairs{{"", "bob"}, {"a\\b", "bob"}, {"A", ""}, {"A", "HOME\\"}}) {
         Add(computer, user, Text("p"));
-    EXPECT_EQ(dialogs.Whole.filter(QRegularExpression(Text("^exclamation: Add Logon: ."))).size(),
-              4)
-        << dialogs.WholeBoxes();
+        EXPECT_TRUE(dialogs.TakeWhole().starts_with("exclamation: Add Logon: ")) << computer;
+    }
     EXPECT_EQ(Rows(), "");
 }
 
 TEST_F(LogonDialogTest, WithoutAKeyringTheSessionKeepsThem) {
     keyring->isThere = false;
     Open();
-    InForm("cmdAdd", [](frmLogon& form) {
+    UseForm("cmdAdd", [](frmLogon& form) {
         EXPECT_FALSE(FindIn(form, "chkRemember").isEnabled());
         EXPECT_TRUE(FindIn(form, "lblNoKeyring").isVisible());
     });
@@ -202,12 +174,9 @@ TEST_F(LogonDialogTest, WithoutAKeyringTheSessionKeepsThem) {
 
 TEST_F(LogonDialogTest, TheDialogLivesWhileTheKeyringAsksTheUser) {
     keyring->isSlow = true;
-    dialog = std::make_unique<frmLogons>(
-        LogonServices{.logons = logons, .dialogs = dialogs, .placeOf = {}}, nullptr);
-    dialog->show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-    EXPECT_TRUE(Find<QWidget>("barBusy").isVisible());
-    EXPECT_FALSE(Find<QWidget>("cmdAdd").isEnabled());
+    Open();
+    EXPECT_TRUE(IsShown("barBusy"));
+    EXPECT_FALSE(IsEnabled("cmdAdd"));
     Click("cmdClose");
     EXPECT_FALSE(dialog->isVisible());
     dialog.reset();
@@ -215,38 +184,27 @@ TEST_F(LogonDialogTest, TheDialogLivesWhileTheKeyringAsksTheUser) {
     QCoreApplication::processEvents();
 }
 
-/// How often a text stands in the memory that this process can write to, as bytes or as UTF-16.
-/// The text is given backwards, so that it doesn't find itself.
-int CountInMemory(const QByteArray& reversed) {
-    const char first = reversed.back();
-    const auto isAt = [&](const char* at, qsizetype step) {
-        for (qsizetype index = 0; index < reversed.size(); ++index) {
-            if (at[index * step] != reversed[reversed.size() - 1 - index])
-                return false;
-        }
-        return true;
-    };
+/// How often these bytes stand in the memory that this process can write to, but for their own
+/// place.
+qsizetype CountInMemory(const QByteArray& wanted) {
+    const auto own = reinterpret_cast<quintptr>(wanted.constData());
     QFile maps(Text("/proc/self/maps"));
     QFile memory(Text("/proc/self/mem"));
-    if (!maps.open(QIODevice::ReadOnly) ||
-        !memory.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return -1;
-    int found = 0;
+    EXPECT_TRUE(maps.open(QIODevice::ReadOnly) &&
+                memory.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+    qsizetype found = 0;
     for (const QByteArray& line : maps.readAll().split('\n')) {
         const QList<QByteArray> fields = line.simplified().split(' ');
         if (fields.size() < 5 || !fields[1].startsWith("rw"))
             continue;
         const QList<QByteArray> range = fields[0].split('-');
-        const qint64 begin = range[0].toLongLong(nullptr, 16);
-        const qint64 length = range[1].toLongLong(nullptr, 16) - begin;
-        if (length > (qint64{64} << 20)) // the sanitizers' own
+        const quintptr begin = range[0].toULongLong(nullptr, 16);
+        const quintptr end = range[1].toULongLong(nullptr, 16);
+        if (end - begin > (quintptr{64} << 20)) // the sanitizers' own
             continue;
-        memory.seek(begin);
-        QByteArray bytes = memory.read(length);
-        const qsizetype last = bytes.size() - 2 * reversed.size();
-        for (qsizetype at = bytes.indexOf(first); at >= 0 && at <= last;
-             at = bytes.indexOf(first, at + 1))
-            found += isAt(bytes.constData() + at, 1) || isAt(bytes.constData() + at, 2) ? 1 : 0;
+        memory.seek(static_cast<qint64>(begin));
+        QByteArray bytes = memory.read(static_cast<qint64>(end - begin));
+        found += bytes.count(wanted) - (own >= begin && own < end ? 1 : 0);
         Wipe(bytes); // else it is found there the next time
     }
     return found;
@@ -257,10 +215,15 @@ TEST_F(LogonDialogTest, NoTraceStaysInMemory) {
     Open();
     // Neither the program's constants nor the test's own copies shall be found.
     QString password;
-    for (const char character : QByteArray("Rnbqds,vnqc,zmc,rnld,lnqd"))
-        password += QChar(static_cast<char16_t>(character + 1));
-    QByteArray reversed(password.toLatin1());
-    std::reverse(reversed.begin(), reversed.end());
+    QByteArray narrow;
+    QByteArray wide;
+    for (const char before : QByteArray("Rnbqds,vnqc,zmc,rnld,lnqd")) {
+        const char character = static_cast<char>(before + 1);
+        password += QLatin1Char(character);
+        narrow += character;
+        wide.append(character).append('\0');
+    }
+    const auto count = [&] { return CountInMemory(narrow) + CountInMemory(wide); };
     keyring->isThere = false;
     Add("A", "bob", password);
     Wipe(password);
@@ -269,11 +232,10 @@ TEST_F(LogonDialogTest, NoTraceStaysInMemory) {
     QByteArray sent = EncodeQuestion(request);
     Wipe(sent);
     request.logon.reset();
-    EXPECT_EQ(CountInMemory(reversed), 1) << "where it is kept";
+    EXPECT_EQ(count(), 1) << "where it is kept";
     dialogs.Answer = MessageAnswer::Yes;
-    Click("cmdRemove");
-    AwaitRest();
-    EXPECT_EQ(CountInMemory(reversed), 0);
+    Do("cmdRemove");
+    EXPECT_EQ(count(), 0);
 }
 
 class LogonTrialTest : public LogonDialogTest {
@@ -287,28 +249,23 @@ protected:
         Open();
     }
 
-    void Test() {
-        Click("cmdTest");
-        AwaitRest();
-    }
-
     std::optional<SambaServer> samba;
 };
 
 TEST_F(LogonTrialTest, ALogonIsTestedOnOneConnection) {
     Add("FILER", "daemon", Text("wrong"));
-    Test();
+    Do("cmdTest");
     EXPECT_NE(State().find("FILER refused daemon"), std::string::npos) << State();
     EXPECT_EQ(Rows(), "FILER|daemon|Keyring|Refused");
-    InForm("cmdChange", [](frmLogon& form) { Fill(form, {Text("right")}); });
+    UseForm("cmdChange", [](frmLogon& form) { Fill(form, {Text("right")}); });
     EXPECT_EQ(Rows(), "FILER|daemon|Keyring|");
-    Test();
+    Do("cmdTest");
     EXPECT_EQ(State(), "FILER: logged on as daemon.");
     shareList->port = 1;
-    Test();
+    Do("cmdTest");
     EXPECT_EQ(State(), "FILER can't be reached.");
     shareList.reset();
-    Test();
+    Do("cmdTest");
     EXPECT_NE(State().find("isn't reached"), std::string::npos) << State();
 }
 
@@ -319,7 +276,7 @@ TEST_F(LogonTrialTest, TheDialogLivesMeanwhile) {
     dialogs.Inputs = {Text("\\\\filer")};
     Add("All computers", "daemon", Text("right"));
     Click("cmdTest");
-    EXPECT_TRUE(Find<QWidget>("barBusy").isVisible());
+    EXPECT_TRUE(IsShown("barBusy"));
     EXPECT_EQ(State(), "Logging on to filer as daemon...");
     QElapsedTimer clock;
     clock.start();
@@ -327,7 +284,7 @@ TEST_F(LogonTrialTest, TheDialogLivesMeanwhile) {
     AwaitRest();
     EXPECT_LT(clock.elapsed(), 1000);
     EXPECT_EQ(Rows(), "All computers|daemon|Keyring|");
-    EXPECT_FALSE(Find<QWidget>("barBusy").isVisible());
+    EXPECT_FALSE(IsShown("barBusy"));
     // Closed in the middle of one.
     dialogs.Inputs = {Text("filer")};
     Click("cmdTest");

@@ -39,14 +39,11 @@ TEST_F(Options, LoadShowsUnusualSettings) {
     settings.Troubleshooting = 2;
     settings.ExcNetNodes.clear();
     Open();
-    EXPECT_TRUE(IsOn("optB"));
+    EXPECT_TRUE(IsOn("optB") && IsOn("optNoExcNetNode"));
+    EXPECT_FALSE(IsEnabled("cboNumDec") || IsOn("chkTrouble"));
     EXPECT_EQ(Find<QComboBox>("cboNumDec").currentIndex(), 0);
-    EXPECT_FALSE(IsEnabled("cboNumDec"));
-    EXPECT_FALSE(IsOn("chkTrouble"));
-    EXPECT_TRUE(IsOn("optNoExcNetNode"));
     EXPECT_FALSE(settings.ExcludeNetNodes) << "at once, without any entry";
     EXPECT_EQ(TextOf("txtOS") + TextOf("txtUser") + TextOf("txtOSver"), Text("TEST OStester1.2"));
-
     for (const auto& [entry, failure] :
          {std::pair("Temp", "9\r\n"), std::pair("Temp|maybe|Folder", "13\r\n")}) {
         settings.ExcNetNodes = {Text(entry)};
@@ -56,39 +53,34 @@ TEST_F(Options, LoadShowsUnusualSettings) {
 }
 
 TEST_F(Options, WhatIsWrongComesToTheFront) {
-    const std::string folderMissing = "critical: Folder Error...: Folder does not exist.";
+    const std::string place = "critical: Folder Error...: ";
+    const std::string missing = place + "Folder does not exist.";
     const std::string files = "critical: File Number Error...: ";
-    const std::string filesPositive = files + "Number of files must be positive & non-zero.";
     const std::string copies = "critical: Concurrent Downloads Error...: ";
-    const std::string copiesNeeded = copies + "Need number of concurrent downloads.";
-    const std::string copiesInteger = copies + "Number of concurrent downloads must be an integer.";
-    const std::string copiesPositive =
-        copies + "Number of concurrent downloads must be positive & non-zero.";
-    const std::string manyCopies = "exclamation, Yes/No(No): Concurrent Downloads Warning...: "
-                                   "Recommended concurrent downloads is between 1 and "
-                                   "5.\r\nWould you like to proceed?";
     const struct {
         const char* control;
         const char* text;
         int tab;
         std::string box; ///< empty where nothing is wrong
     } cases[] = {
-        {"SaveFolTxt", "  ", 3, "critical: Folder Error...: Need a folder."},
-        {"SaveFolTxt", "/no/such/folder", 3, folderMissing},
-        {"SaveFolTxt", "\\\\S\\D", 3, folderMissing},
-        {"SaveFolTxt", ".", 3, folderMissing},
+        {"SaveFolTxt", "  ", 3, place + "Need a folder."},
+        {"SaveFolTxt", "/no/such/folder", 3, missing},
+        {"SaveFolTxt", ".", 3, missing},
         {"SaveFolTxt", " ~ ", 3, ""},
         {"SaveFolTxt", " /etc/passwd ", 3, ""},
         {"MaxFilesTxt", " ", 2, files + "Need number of files."},
         {"MaxFilesTxt", "abc", 2, files + "Number of files must be an integer."},
-        {"MaxFilesTxt", "0", 2, filesPositive},
+        {"MaxFilesTxt", "0", 2, files + "Number of files must be positive & non-zero."},
         {"MaxFilesTxt", "32001", 2, files + "Number of files must be less than 32,001."},
         {"MaxFilesTxt", " 32000 ", 2, ""},
-        {"ConDLTxt", "", 3, copiesNeeded},
-        {"ConDLTxt", "5 or so", 3, copiesInteger},
-        {"ConDLTxt", "0", 3, copiesPositive},
+        {"ConDLTxt", "", 3, copies + "Need number of concurrent downloads."},
+        {"ConDLTxt", "5 or so", 3, copies + "Number of concurrent downloads must be an integer."},
+        {"ConDLTxt", "0", 3,
+         copies + "Number of concurrent downloads must be positive & non-zero."},
         {"ConDLTxt", "10", 3, ""},
-        {"ConDLTxt", "11", 3, manyCopies},
+        {"ConDLTxt", "11", 3,
+         "exclamation, Yes/No(No): Concurrent Downloads Warning...: Recommended concurrent "
+         "downloads is between 1 and 5.\r\nWould you like to proceed?"},
     };
     const Settings before = settings;
     dialogs.Answer = MessageAnswer::No;
@@ -116,27 +108,19 @@ TEST_F(Options, WhatIsWrongComesToTheFront) {
 
 TEST_F(Options, ExclusionsAreCheckedWhileTheyAreOn) {
     Open();
+    const std::string error = "critical: Exclude Folders Error...: You have selected to exlude "
+                              "folders but ";
     for (int row = 1; row <= List().Count(); ++row)
         List().SetChecked(row, false);
-    // One thing after the other, whether or not cmdApply is enabled.
-    for (const char* field : {"SaveFolTxt", "MaxFilesTxt", "ConDLTxt"})
-        Enter(field, Text("0"));
-    const std::tuple<const char*, const char*, const char*> repairs[] = {
-        {"SaveFolTxt", "/", "critical: Folder Error"},
-        {"MaxFilesTxt", "1", "critical: File Number Error"},
-        {"ConDLTxt", "1", "critical: Concurrent Downloads Error"}};
-    for (const auto& [field, right, box] : repairs) {
-        Click("OKCmd");
-        EXPECT_TRUE(dialogs.TakeWhole().starts_with(box)) << box;
-        Enter(field, Text(right));
-    }
     Click("OKCmd");
-    EXPECT_EQ(dialogs.TakeWhole(), "critical: Exclude Folders Error...: You have selected to "
-                                   "exlude folders but have none checked.");
+    EXPECT_EQ(dialogs.TakeWhole(), error + "have none checked.");
     List().Clear();
+    Enter("ConDLTxt", Text("0")); // one thing after the other
     Click("OKCmd");
-    EXPECT_EQ(dialogs.TakeWhole(), "critical: Exclude Folders Error...: You have selected to "
-                                   "exlude folders but the list is empty.");
+    EXPECT_TRUE(dialogs.TakeWhole().starts_with("critical: Concurrent Downloads Error"));
+    Enter("ConDLTxt", Text("1"));
+    Click("OKCmd");
+    EXPECT_EQ(dialogs.TakeWhole(), error + "the list is empty.");
     EXPECT_EQ(Find<QTabWidget>("SSTab1").currentIndex(), 1);
     EXPECT_TRUE(List().hasFocus());
     Click("optNoExcNetNode");
@@ -154,27 +138,27 @@ TEST_F(Options, NumbersThatDoNotFitEndTheTaking) {
     Click("chkTrouble");
     dialogs.Answer = MessageAnswer::Yes;
     Click("cmdApply");
-    ASSERT_EQ(dialogs.Shown.size(), 2);
-    EXPECT_EQ(dialogs.Shown[1], Text("Options Error...: 6\r\nOverflow"));
+    EXPECT_EQ(dialogs.Shown.last(), Text("Options Error...: 6\r\nOverflow"));
     EXPECT_EQ(settings.SaveFolder, folder.path() + u'/');
     EXPECT_EQ(settings.MaxReturnFiles, 12);
     EXPECT_EQ(settings.MaxConcurrentDownloads, 5);
     EXPECT_EQ(settings.Troubleshooting, 0);
-    EXPECT_FALSE(dialog->ApplyFailed());
-    EXPECT_FALSE(IsEnabled("cmdApply"));
+    EXPECT_FALSE(dialog->ApplyFailed() || IsEnabled("cmdApply"));
 }
 
 TEST_F(Options, ListsChangeAtOnceAndRemainAfterCancel) {
-    Open();
-    dialogs.Font = [](ChosenFont font) {
-        EXPECT_EQ(font.points, 8.25);
-        font.points = 12;
-        font.bold = true;
-        font.underline = true;
-        font.charSet = 2;
-        return font;
+    const auto choose = [this](double points) {
+        Open();
+        dialogs.Font = [points](ChosenFont font) {
+            font.points = points;
+            font.bold = true;
+            font.underline = true;
+            font.charSet = 2;
+            return font;
+        };
+        Click("cmdChangeFont");
     };
-    Click("cmdChangeFont");
+    choose(12);
     EXPECT_TRUE(IsEnabled("cmdApply"));
     EXPECT_TRUE(Find<QWidget>("txtFont").font().bold());
     EXPECT_FALSE(results->font().bold()) << "the sample alone";
@@ -186,6 +170,8 @@ TEST_F(Options, ListsChangeAtOnceAndRemainAfterCancel) {
     QTest::keyClick(dialog.get(), Qt::Key_Escape);
     EXPECT_FALSE(dialog->isVisible());
     EXPECT_FALSE(settings.MinToTray);
+    choose(20); // chosen, but not taken
+    QTest::keyClick(dialog.get(), Qt::Key_Escape);
     for (const ListView* list : {results, downloads}) {
         EXPECT_EQ(list->font().pointSizeF(), 12);
         EXPECT_TRUE(list->font().bold());
@@ -194,14 +180,8 @@ TEST_F(Options, ListsChangeAtOnceAndRemainAfterCancel) {
     }
     EXPECT_EQ(settings.Font_CharSet, 2);
 
-    // Chosen, but not taken; then back to the lists' own colours.
     Open();
-    dialogs.Font = [](ChosenFont font) { return font.points = 20, font; };
-    Click("cmdChangeFont");
-    QTest::keyClick(dialog.get(), Qt::Key_Escape);
-    EXPECT_EQ(results->font().pointSizeF(), 12);
-    Open();
-    Click("chkCol");
+    Click("chkCol"); // back to the lists' own colours
     Click("OKCmd");
     EXPECT_EQ(results->BackColor(), ToColor(settings.ResultsBackColor));
     EXPECT_EQ(downloads->BackColor(), ToColor(settings.DownloadsBackColor));
@@ -213,16 +193,11 @@ TEST_F(Options, ChoosersFailAloud) {
         throw RunTimeError(ErrorNumber::OutOfMemory);
     };
     Click("cmdChangeFont");
-    EXPECT_EQ(dialogs.WholeBoxes(), "critical: Options Error...: 7\r\nOut of memory");
-    dialogs.Font = [](const ChosenFont& /*font*/) -> ChosenFont { throw RunTimeError(32755, {}); };
-    Click("cmdChangeFont");
-    EXPECT_EQ(dialogs.Shown.size(), 1) << "cancelled";
-    EXPECT_FALSE(IsEnabled("cmdApply"));
-
+    EXPECT_EQ(dialogs.TakeWhole(), "critical: Options Error...: 7\r\nOut of memory");
     Click("BrowseFolCmd");
-    EXPECT_EQ(dialogs.Whole.last(),
-              Text("folder: In what folder do you want to save your files?: ") + folder.path());
-    EXPECT_EQ(TextOf("SaveFolTxt"), folder.path());
+    EXPECT_EQ(dialogs.WholeBoxes(), "folder: In what folder do you want to save your files?: " +
+                                        folder.path().toStdString());
+    EXPECT_FALSE(IsEnabled("cmdApply"));
     dialogs.Folder = Text("/tmp");
     Click("BrowseFolCmd");
     EXPECT_EQ(TextOf("SaveFolTxt"), Text("/tmp"));
@@ -230,21 +205,20 @@ TEST_F(Options, ChoosersFailAloud) {
 }
 
 TEST_F(Options, DefaultsTakeEffectWithApply) {
-    const Settings defaults = settings;
-    settings = UnusualSettings(folder.path());
-    settings.DefaultNetNodes = defaults.DefaultNetNodes;
-    QDir(folder.path()).mkdir(Text("Downloads"));
-    Open();
-    const std::string before = Described(settings);
-    Click("cmdDefaults");
-    EXPECT_TRUE(IsEnabled("cmdApply"));
-    Click("CancelCmd");
-    EXPECT_EQ(Described(settings), before);
-    Open();
-    Click("cmdDefaults");
-    Click("OKCmd");
-    Settings expected = defaults;
+    Settings expected = settings;
     expected.SaveFolder = folder.filePath(Text("Downloads/"));
+    QDir().mkdir(expected.SaveFolder);
+    settings = UnusualSettings(folder.path());
+    settings.DefaultNetNodes = expected.DefaultNetNodes;
+    expected.SkinIndex = settings.SkinIndex;
+    const std::string before = Described(settings);
+    for (const char* button : {"CancelCmd", "OKCmd"}) {
+        EXPECT_EQ(Described(settings), before);
+        Open();
+        Click("cmdDefaults");
+        EXPECT_TRUE(IsEnabled("cmdApply"));
+        Click(button);
+    }
     EXPECT_EQ(Described(settings), Described(expected));
     EXPECT_EQ(results->font().family(), Text("Arial"));
     EXPECT_EQ(dialogs.Boxes(), "");
@@ -257,65 +231,52 @@ TEST_F(Options, FormatsShowTheirEffect) {
     EXPECT_TRUE(IsEnabled("cboNumDec"));
     Click("optYesIcons");
     EXPECT_TRUE(IsEnabled("optSysIcons") && IsEnabled("optPreIcons"));
-    for (const auto& [format, shown] :
-         TextPairs{{"YYYY/M/D h:nn", "1999/9/18 14:32"}, {"MM/DD/YY", "09/18/99"}, {"", ""}}) {
+    for (const auto& [format, shown] : TextPairs{{"YYYY/M/D h:nn", "1999/9/18 14:32"}, {"", ""}}) {
         Enter("txtDateFormat", Text(format));
         EXPECT_EQ(Find<QLabel>("lblDateEx").text(), Text(shown));
     }
-    Enter("txtDateFormat", QString(500, u'-'));
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(Find<QWidget>("txtDateFormat").visibleRegion().boundingRect().size() ==
-                Find<QWidget>("txtDateFormat").size())
-        << "a long one moves nothing out of the dialog";
-    Enter("txtDateFormat", QString());
     Click("cmdApply");
     EXPECT_EQ(settings.SizeNumDec, 0) << "it stays";
     EXPECT_EQ(settings.DateFormat, QString());
 }
 
-/// Every control that can have the focus has a name, and Tab goes through all pages from top to
-/// bottom.
+/// Every control that can have the focus has a name, and Tab goes through all of a page, from top
+/// to bottom.
 TEST_F(Options, CanBeUsedWithTheKeyboardAlone) {
     Open();
     auto& tabs = Find<QTabWidget>("SSTab1");
     for (int tab = 0; tab < tabs.count(); ++tab) {
         tabs.tabBar()->setFocus();
-        QStringList passed;
+        QSet<QWidget*> passed;
         int y = 0;
-        for (int step = 0; step < 40; ++step) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        for (QTest::keyClick(tabs.tabBar(), Qt::Key_Tab);
+             QApplication::focusWidget() != tabs.tabBar() && passed.size() < 40;
+             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab)) {
             QWidget* focused = QApplication::focusWidget();
-            if (focused == tabs.tabBar() || passed.contains(focused->objectName()))
-                break;
-            passed.append(focused->objectName());
-            QAccessibleInterface* face = QAccessible::queryAccessibleInterface(focused);
-            EXPECT_FALSE(face->text(QAccessible::Name).isEmpty()) << passed.last().toStdString();
+            const std::string name = focused->objectName().toStdString();
+            EXPECT_FALSE(passed.contains(focused)) << name;
+            passed.insert(focused);
+            EXPECT_FALSE(
+                QAccessible::queryAccessibleInterface(focused)->text(QAccessible::Name).isEmpty())
+                << name;
             const int top = focused->mapTo(dialog.get(), QPoint()).y();
-            EXPECT_TRUE(top >= y || top + focused->height() > y) << passed.last().toStdString();
+            EXPECT_GT(top + focused->height(), y) << name;
             y = top;
         }
-        EXPECT_TRUE(passed.contains(Text("CancelCmd")));
-        int reachable = 0;
-        for (const QWidget* control : tabs.widget(tab)->findChildren<QWidget*>()) {
-            const QString name = control->objectName();
-            const auto* option = qobject_cast<const QRadioButton*>(control);
-            if (control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0 &&
-                (!option || option->isChecked()) && !name.isEmpty() && !name.startsWith(u"qt_")) {
-                ++reachable;
-                EXPECT_TRUE(passed.contains(name)) << name.toStdString();
-            }
-        }
-        EXPECT_GE(reachable, 2);
+        for (QWidget* control : tabs.widget(tab)->findChildren<QWidget*>(QRegularExpression(
+                 Text("^(chk|cbo|cmd|txt|lvw|SaveFol|MaxFiles|ConDL|BrowseFol)"))))
+            EXPECT_TRUE(!control->isEnabled() || passed.contains(control))
+                << control->objectName().toStdString();
         QTest::keyClick(&tabs, Qt::Key_Tab, Qt::ControlModifier);
     }
     QTest::keyClick(dialog.get(), Qt::Key_F1);
-    EXPECT_EQ(helped, 1);
+    EXPECT_EQ(helps, 1);
 }
 
 /// The size is the given one, or larger where the font needs more room; no text is cut then.
 TEST_F(Options, HoldsItsTextsInAnyFont) {
     const QFont before = QApplication::font();
-    for (const int points : {7, 10, 16}) {
+    for (const int points : {7, 16}) {
         QFont font = before;
         font.setPointSize(points);
         QApplication::setFont(font);
@@ -323,9 +284,8 @@ TEST_F(Options, HoldsItsTextsInAnyFont) {
         EXPECT_EQ(dialog->minimumSize(), dialog->maximumSize());
         EXPECT_GE(dialog->width(), 402);
         EXPECT_GE(dialog->height(), 333);
-        auto& tabs = Find<QTabWidget>("SSTab1");
-        for (int tab = 0; tab < tabs.count(); ++tab) {
-            tabs.setCurrentIndex(tab);
+        for (int tab = 0; tab < Find<QTabWidget>("SSTab1").count(); ++tab) {
+            Find<QTabWidget>("SSTab1").setCurrentIndex(tab);
             for (const QWidget* control : dialog->findChildren<QWidget*>()) {
                 const bool hasText =
                     control->inherits("QAbstractButton") || control->inherits("QLabel");

@@ -25,6 +25,10 @@ def run(*command, **options):
                           check=False, timeout=240, **options)
 
 
+def needs(tool):
+    return unittest.skipUnless(shutil.which(tool), f"{tool} is missing")
+
+
 class Installed(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -44,20 +48,14 @@ class Installed(unittest.TestCase):
         done = run(tool, *arguments, **options)
         self.assertEqual((done.returncode, done.stdout), (0, ""), (tool, *arguments))
 
-    def environment(self):
-        """That of a user without any files."""
-        return dict(os.environ, HOME=self.path("home"), XDG_DATA_HOME=self.path("home/data"),
-                    QT_QPA_PLATFORM="offscreen")
-
     def test_desktop_entry(self):
         self.validate("desktop-file-validate",
                       self.path("usr/share/applications/netrove.desktop"))
         for icon in SMALL:
             self.assertTrue(os.path.exists(self.path(icon)), icon)
 
+    @needs("appstreamcli")
     def test_metainfo(self):
-        if not shutil.which("appstreamcli"):
-            self.skipTest("appstreamcli is missing")
         folder = self.path("usr/share/metainfo")
         done = run("appstreamcli", "validate", "--no-net", "--pedantic",
                    *(os.path.join(folder, name) for name in os.listdir(folder)))
@@ -76,14 +74,10 @@ class Installed(unittest.TestCase):
 
     def test_man_pages(self):
         for page in ("man1/netrove.1", "man1/netrove-find.1", "man8/netrove-smb.8"):
-            path = self.path(f"usr/share/man/{page}.gz")
-            self.assertTrue(os.path.exists(path))
             with self.subTest(page=page):
+                path = self.path(f"usr/share/man/{page}.gz")
                 self.validate("mandoc", "-Tlint", "-Wwarning", path)
-                done = run("man", "--warnings", "-l", path,
-                           env=dict(os.environ, LC_ALL="C.UTF-8", MANWIDTH="80"))
-                self.assertNotIn("warning:", done.stdout)
-                self.assertIn("NAME", done.stdout)
+                self.assertIn("NAME", run("man", "-l", path).stdout)
 
     def test_what_is_known_of_the_options(self):
         """Completions and man page against the program's own help."""
@@ -118,7 +112,8 @@ class Installed(unittest.TestCase):
             networks.seek(0)
             networks.write(text)
         done = run(self.path("usr/bin/netrove-find"), "--from", "Sample Network", "*.mp3",
-                   env=self.environment())
+                   env=dict(os.environ, HOME=self.path("home"),
+                            XDG_DATA_HOME=self.path("home/data")))
         self.assertEqual(done.returncode, 0, done.stdout)
         self.assertGreater(done.stdout.count("\n"), 50)
         for name in ("netrove", "netrove-find"):
@@ -128,10 +123,9 @@ class Installed(unittest.TestCase):
         self.assertTrue(os.path.exists(self.path("usr/share/netrove/Help/Netrove.html")))
         self.assertEqual(set(os.listdir(self.path("usr/bin"))), before)
 
+    @needs("dpkg-shlibdeps")
     def test_debian_package(self):
         """Of sanitized programs, but with everything else as it will be."""
-        if not shutil.which("dpkg-shlibdeps"):
-            self.skipTest("dpkg-shlibdeps is missing")
         done = run("cpack", "-G", "DEB", "-B", self.path("deb"), cwd=BUILD)
         self.assertEqual(done.returncode, 0, done.stdout)
         package, = glob.glob(self.path("deb/*.deb"))

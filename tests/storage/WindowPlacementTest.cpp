@@ -15,11 +15,7 @@ constexpr qint32 FarBack = std::numeric_limits<qint32>::min();
 TEST(WindowPlacementTest, PutsAnyPlaceOnAScreen) {
     const WindowPlace screens[] = {
         {0, 300, 20000, 11700}, {20000, 0, 30000, 20000}, {-10000, 0, 10000, 8000}};
-    struct Case {
-        WindowPlace stored;
-        WindowPlace expected;
-    };
-    const Case cases[] = {
+    const std::pair<WindowPlace, WindowPlace> cases[] = {
         {{2145, 1200, 11010, 6975}, {2145, 1200, 11010, 6975}},
         {{0, 0, 11010, 6975}, {0, 300, 11010, 6975}},
         {{99999, 1200, 11010, 6975}, {8990, 1200, 11010, 6975}},
@@ -31,8 +27,8 @@ TEST(WindowPlacementTest, PutsAnyPlaceOnAScreen) {
         {{Far, Far, Far, Far}, {0, 300, 20000, 11700}},
         {{FarBack, FarBack, FarBack, FarBack}, {0, 300, 0, 0}},
     };
-    for (const Case& test : cases)
-        EXPECT_EQ(OnScreens(test.stored, screens), test.expected) << test.stored.left;
+    for (const auto& [stored, expected] : cases)
+        EXPECT_EQ(OnScreens(stored, screens), expected) << stored.left;
     EXPECT_EQ(OnScreens({25000, 500, 11010, 6975}, std::span(screens).first(1)),
               (WindowPlace{8990, 500, 11010, 6975}))
         << "its screen is gone";

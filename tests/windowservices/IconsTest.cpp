@@ -1,6 +1,7 @@
-#include "windowservices/IconImages.h"
-
+#include "fakes/Pixels.h"
 #include "fakes/Text.h"
+#include "runtime/RunTimeError.h"
+#include "windowservices/IconImages.h"
 #include "windowservices/PredefinedIcons.h"
 
 #include <gtest/gtest.h>
@@ -60,11 +61,16 @@ protected:
 };
 
 TEST_F(FileIcons, PredefinedSetGoesByExtension) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"a", "<NONE>"}, {"a.", "<NONE>"},     {"a.JPG", "GIF"},  {"a.b.7z", "ZIP"},
-        {".txt", "TXT"}, {"a.mp3 ", "<NONE>"}, {"GIF", "<NONE>"}, {"a.tif", "<NONE>"},
-    };
-    for (const auto& [name, key] : cases)
+    for (const auto& [name, key] : TextPairs{
+             {"a", "<NONE>"},
+             {"a.", "<NONE>"},
+             {"a.JPG", "GIF"},
+             {"a.b.7z", "ZIP"},
+             {".txt", "TXT"},
+             {"a.mp3 ", "<NONE>"},
+             {"GIF", "<NONE>"},
+             {"a.tif", "<NONE>"},
+         })
         EXPECT_EQ(KeyOf(name, PredefinedIconType).toStdString(), key) << name;
     EXPECT_TRUE(types.asked.isEmpty());
     EXPECT_EQ(sysSm.Count(), 1);
@@ -78,10 +84,9 @@ TEST_F(FileIcons, SettingsDecideWhatIsAskedAndShown) {
         const char* key;
         int asked;
     } const cases[] = {
-        {false, false, 0, "", "", 0},      {false, false, 1, "", "", 0},
-        {true, false, 0, "Song", "", 1},   {true, false, 1, "Song", "", 1},
+        {false, false, 1, "", "", 0},      {true, false, 1, "Song", "", 1},
         {false, true, 0, "", "MP3", 0},    {false, true, 1, "", "K12", 1},
-        {true, true, 0, "Song", "MP3", 1}, {true, true, 1, "Song", "K12", 1},
+        {true, true, 1, "Song", "K12", 1},
     };
     for (const auto& c : cases) {
         types.asked.clear();
@@ -89,17 +94,15 @@ TEST_F(FileIcons, SettingsDecideWhatIsAskedAndShown) {
         EXPECT_EQ(list.Text(item.row) + item.extension, Text("x.mp3MP3"));
         EXPECT_EQ(item.typeName.toStdString(), c.typeName) << item.row;
         EXPECT_EQ(list.SmallIcon(item.row).toStdString(), c.key) << item.row;
-        EXPECT_EQ(types.asked.size(), c.asked) << item.row;
+        EXPECT_EQ(types.asked, QStringList(c.asked, Text("\\\\S\\D\\x.mp3"))) << item.row;
     }
-    EXPECT_EQ(types.asked.constFirst(), Text("\\\\S\\D\\x.mp3"));
     EXPECT_EQ(Add("x.txt", true, false, 0).typeName, Text("Text"));
 }
 
 TEST_F(FileIcons, SystemSetCopiesEachIconOnce) {
     IconImages::BindIcons(list, sets, true, SystemIconType);
-    for (const auto& [name, key] :
-         {std::pair("a.mp3", "K12"), std::pair("b.mp3", "K12"), std::pair("c.txt", "K7"),
-          std::pair("unknown.xyz", "K0"), std::pair("e", "K0")})
+    for (const auto& [name, key] : TextPairs{
+             {"a.mp3", "K12"}, {"b.mp3", "K12"}, {"c.txt", "K7"}, {"u.xyz", "K0"}, {"e", "K0"}})
         EXPECT_EQ(KeyOf(name, SystemIconType), Text(key)) << name;
     EXPECT_EQ(drawn, (std::vector<int>{12, 7, -1}));
     EXPECT_EQ(sysSm.Count(), 4);
@@ -111,16 +114,45 @@ TEST_F(FileIcons, SystemSetCopiesEachIconOnce) {
 }
 
 TEST_F(FileIcons, SettingsBindTheList) {
-    window.show();
     const auto bound = [&](bool showListIcons, qint32 type) {
         IconImages::BindIcons(list, sets, showListIcons, type);
         return std::pair(list.Icons(), list.SmallIcons());
     };
     EXPECT_EQ(bound(true, PredefinedIconType), std::pair(&preLg, &preSm));
-    EXPECT_TRUE(picIconSm.isVisible()) << "left alone";
     EXPECT_EQ(bound(true, SystemIconType), std::pair(&sysLg, &sysSm));
-    EXPECT_FALSE(picIconLg.isVisible() || picIconSm.isVisible());
     EXPECT_EQ(bound(false, SystemIconType).second, nullptr);
+}
+
+/// How many pixels of the icon at this size are drawn at all.
+int Drawn(const QIcon& icon, int size, double density) {
+    const QImage picture = icon.pixmap(QSize(size, size), density).toImage();
+    EXPECT_EQ(picture.width(), size * density);
+    return picture.width() * picture.height() -
+           ColorsOf(picture, picture.rect()).value(qRgba(0, 0, 0, 0));
+}
+
+TEST(PredefinedIconsTest, EveryKeyHasAPictureOfItsOwn) {
+    QList<QImage> seen;
+    for (const QString& key : PredefinedIconKeys()) {
+        const QIcon icon = PredefinedIcon(key);
+        for (const int size : {16, 32}) {
+            for (const double density : {1.0, 2.0})
+                EXPECT_GT(Drawn(icon, size, density), size * size / 4) << key.toStdString();
+        }
+        const QImage picture = icon.pixmap(16, 16).toImage();
+        EXPECT_FALSE(seen.contains(picture)) << key.toStdString();
+        seen.append(picture);
+    }
+    EXPECT_EQ(seen.size(), 10);
+    for (const char* none : {"", "gif", "../netrove", "K12"})
+        EXPECT_THROW(static_cast<void>(PredefinedIcon(Text(none))), RunTimeError);
+}
+
+TEST(PredefinedIconsTest, TheWindowsPicturesAreThere) {
+    EXPECT_GT(Drawn(ProgramIcon(), 16, 1), 100);
+    EXPECT_GT(Drawn(FileKindsIcon(true), 20, 1), 200);
+    EXPECT_GT(Drawn(FileKindsIcon(false), 20, 1), 200);
+    EXPECT_EQ(Drawn(BlankIcon(), 16, 1), 0);
 }
 
 } // namespace

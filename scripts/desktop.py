@@ -1,4 +1,5 @@
-"""A desktop of its own for one test: X server, session bus, window manager, and a user's hands."""
+"""A desktop of its own for a script or a test: X server, session bus, window manager, and a user's
+hands."""
 
 import os
 import subprocess
@@ -108,8 +109,6 @@ def descendants(node):
 
 class Program:
     """What an assistive tool sees of a running program."""
-
-    ENABLED = Atspi.StateType.ENABLED
 
     def __init__(self, name):
         self.root = wait_for(f"the program {name}", lambda: self._application(name), 60)
