@@ -1,10 +1,8 @@
 #include "about/frmAbout.h"
 #include "about/frmColHelp.h"
 #include "fakes/MemoryKeyring.h"
-#include "fakes/MemoryNetwork.h"
 #include "gui/ShownTexts.h"
-#include "gui/TestDesktop.h"
-#include "gui/WindowDriver.h"
+#include "gui/WindowTest.h"
 #include "logons/frmLogon.h"
 #include "logons/frmLogons.h"
 #include "online/frmDonate.h"
@@ -24,16 +22,11 @@ namespace {
 constexpr double Readable = 3;
 
 /// Texts that the table of the skins makes what they are.
-struct Exception {
-    const char* control;
-    int skin;
-    const char* reason;
-};
-constexpr Exception Exceptions[] = {
-    {"HyperLbl", 4, "links are pure blue, and the window is black"},
-    {"lblVersion", 4, "it has the colour of links"},
-    {"lblDateEx", 4, "it has the colour of links"},
-    {"highlighted", 3, "the highlighted menu is white on light blue"},
+constexpr std::pair<const char*, int> Exceptions[] = {
+    {"HyperLbl", 4}, // links are pure blue, and the window is black
+    {"lblVersion", 4},
+    {"lblDateEx", 4},
+    {"highlighted", 3}, // the highlighted menu is white on light blue
 };
 
 QPalette DarkDesktop() {
@@ -47,18 +40,15 @@ QPalette DarkDesktop() {
 }
 
 /// The program under one skin on one desktop, with every window that it has.
-class SkinContrast : public testing::TestWithParam<std::tuple<int, bool>>, public TestDesktop {
+class SkinContrast : public WindowTest, public testing::WithParamInterface<std::tuple<int, bool>> {
 protected:
     SkinContrast() {
         QApplication::setPalette(std::get<bool>(GetParam()) ? DarkDesktop() : QPalette());
-        network.AddBranch({"Net", "WG", "\\\\S", "\\\\S\\D"});
-        network.AddFile(Text("\\\\S\\D\\one.mp3"), 1500000);
+        AddFile("\\\\S\\D\\one.mp3", 1500000);
         ProfileFile(IniFileName(folder.path()))
             .WriteIni(Text("Skin"), Text("Index"), QString::number(Skin()));
-        window = std::make_unique<frmNetrove>(Services(network));
-        WindowDriver driver(*window);
-        driver.Open();
-        driver.Search("*.mp3");
+        Open();
+        Search("*.mp3");
         settings.ExcNetNodes = Texts({"Windows|True|Folder"});
         for (const auto& [path, text] : {std::pair("Netrove2.ver", "TBS_VER 99.0.0"),
                                          std::pair("Netrove2.nwz", "TBS_NWZ News")})
@@ -91,7 +81,7 @@ protected:
         if (text.disabled && (text.desktop || Skin() == 0))
             return true; // how much a desktop fades what is switched off is its own choice
         return std::any_of(std::begin(Exceptions), std::end(Exceptions), [&](const auto& one) {
-            return text.name == QLatin1String(one.control) && Skin() == one.skin;
+            return text.name == QLatin1String(one.first) && Skin() == one.second;
         });
     }
 
@@ -116,8 +106,8 @@ protected:
             new frmOpts({.settings = settings,
                          .dialogs = dialogs,
                          .system = system,
-                         .lvwResults = FindIn<ListView>(*owner, "lvwResults"),
-                         .lvwDownloads = FindIn<ListView>(*owner, "lvwDownloads"),
+                         .lvwResults = Results(),
+                         .lvwDownloads = Downloads(),
                          .downloadsFolder = folder.path(),
                          .OSName = Text("OS"),
                          .OSVersion = Text("1"),
@@ -164,7 +154,6 @@ protected:
         }
     }
 
-    MemoryNetwork network;
     ComputerReport report;
     ComputerReport nobody{[] { return Texts({"Net: three houses."}); }};
     ShellServices shellServices{shell, dialogs};
@@ -172,16 +161,12 @@ protected:
     Settings settings;
     TroubleshootingLog log{settings};
     std::shared_ptr<Logons> logons = std::make_shared<Logons>(std::make_shared<MemoryKeyring>());
-    std::unique_ptr<frmNetrove> window;
 };
 
 TEST_P(SkinContrast, EveryTextCanBeRead) {
     ExpectReadable(*window);
-    auto& tabs = FindIn<QTabWidget>(*window, "SSTab1");
-    tabs.setCurrentIndex(1);
+    Find<QTabWidget>("SSTab1").setCurrentIndex(1);
     ExpectReadable(*window);
-    tabs.setCurrentIndex(0);
-
     for (QWidget* dialog : Dialogs()) {
         dialog->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog));
@@ -192,9 +177,7 @@ TEST_P(SkinContrast, EveryTextCanBeRead) {
         ExpectAllReadable(*dialog);
         dialog->hide();
     }
-}
 
-TEST_P(SkinContrast, PopUpsCanBeRead) {
     QMenuBar& bar = *window->menuBar();
     ExpectReadable(bar);
     bar.setObjectName(Text("highlighted"));
@@ -203,19 +186,19 @@ TEST_P(SkinContrast, PopUpsCanBeRead) {
     QApplication::activePopupWidget()->close();
 
     for (const char* name : {"mnuSkinTOP", "PopUp2Mnu"}) {
-        auto& menu = FindIn<QMenu>(*window, name);
+        auto& menu = Find<QMenu>(name);
         menu.popup(window->mapToGlobal(QPoint(50, 50)));
         menu.setActiveAction(menu.actions().at(1));
         ExpectReadable(menu);
         menu.close();
     }
-    auto& combo = FindIn<QComboBox>(*window, "LstSearchFor");
+    auto& combo = Find<QComboBox>("LstSearchFor");
     combo.showPopup();
     ExpectReadable(*combo.view()->window());
     combo.hidePopup();
 
     QToolTip::showText(window->mapToGlobal(QPoint(60, 60)), Text("Select this to search"),
-                       window->findChild<QWidget*>(Text("chkRecurse")));
+                       &Find("chkRecurse"));
     QWidget* tip = nullptr;
     for (QWidget* shown : QApplication::topLevelWidgets())
         tip = shown->inherits("QTipLabel") ? shown : tip;

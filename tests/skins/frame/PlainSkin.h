@@ -1,14 +1,10 @@
 #pragma once
 
-#include "fakes/Find.h"
-#include "skins/frame/PaintedFrame.h"
 #include "skins/frame/PaintedSkinFrame.h"
 
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QTest>
-#include <QWindow>
-#include <gtest/gtest.h>
+#include <QPainter>
 
 #include <array>
 
@@ -18,8 +14,6 @@ namespace netrove {
 class PlainSkin {
 public:
     static constexpr int RowHeight = 40; ///< more than a line of text needs
-    static constexpr int PieceWidth = 20;
-    static constexpr int CellWidth = 24;
     static constexpr int Border = 5;
     // Left cap, tile, divider, filler, right cap.
     static constexpr std::array Pieces{Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::yellow};
@@ -28,14 +22,14 @@ public:
                                       Qt::lightGray, Qt::gray,      Qt::darkYellow};
 
     PlainSkin() {
-        configuration.TitlePicture = Picture(Pieces, PieceWidth, RowHeight);
-        configuration.FramePicture = Picture(Cells, CellWidth, CellWidth);
+        configuration.TitlePicture = Picture(Pieces, 20, RowHeight);
+        configuration.FramePicture = Picture(Cells, 24, 24);
         configuration.TitleMetric1 = 2;
         configuration.TitleMetric2 = 4;
-        configuration.TitleMetric3 = PieceWidth;
-        configuration.TitleMetric4 = 2 * PieceWidth;
-        configuration.TitleMetric5 = 3 * PieceWidth;
-        configuration.TitleMetric6 = 4 * PieceWidth;
+        configuration.TitleMetric3 = 20;
+        configuration.TitleMetric4 = 40;
+        configuration.TitleMetric5 = 60;
+        configuration.TitleMetric6 = 80;
         configuration.TitleColor1 = 0x000000;
         configuration.TitleColor2 = 0x808080;
         configuration.BarColor1 = 0x0000C0;
@@ -77,29 +71,6 @@ public:
         setCentralWidget(new QWidget);
         setGeometry(60, 60, 400, 300);
     }
-};
-
-/// A painted frame around such a window; `insisted` is a frame that the desktop keeps.
-class FrameTest : public testing::Test {
-protected:
-    void Activate() {
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-    void Open() {
-        window.show();
-        Activate();
-    }
-    void Attach() { frame.Attach(window, skin.configuration); }
-
-    QWidget& Part(const char* name) const { return FindIn(window, name); }
-
-    PlainSkin skin;
-    PlainWindow window;
-    QMargins insisted;
-    PaintedFrame frame{[this](const QWindow& shown) {
-        return insisted.isNull() ? shown.frameMargins() : insisted;
-    }};
 };
 
 } // namespace netrove
