@@ -17,115 +17,78 @@ struct MovesHidden : QObject {
     }
 };
 
-/// One run of the program after another in one application folder.
-class Restart : public WindowTest {
-protected:
-    void SetUp() override {
-        for (const char* path : {"\\\\S\\D\\song", "\\\\S\\E\\song"})
-            AddFile(path, 1500000);
-        AddFile("\\\\S\\D\\Spare\\song", 1);
-        Open();
-    }
-
-    void StartAgain() {
-        window->installEventFilter(&movesHidden);
-        EXPECT_TRUE(window->close());
-        EXPECT_EQ(dialogs.Boxes(), "");
-        Make();
-        Open();
-    }
-
-    /// Goes down from the root with the keyboard: right opens a node, down goes to its first child.
-    static TreeView& OpenShares(frmNWDialog& browser) {
-        auto& tree = FindIn<TreeView>(browser, "tvwNetwork");
-        tree.SetSelected(Text("??Net"));
-        for (int level = 0; level < 3; ++level) {
-            QTest::keyClick(&tree, Qt::Key_Right);
-            QTest::keyClick(&tree, Qt::Key_Down);
-        }
-        EXPECT_EQ(tree.Selected(), Text("??\\\\S\\D"));
-        return tree;
-    }
-
-    MovesHidden movesHidden;
-};
-
-TEST_F(Restart, FindsTheWindowAndTheSearchAsTheyWere) {
-    Browse([](frmNWDialog& browser) {
-        TreeView& tree = OpenShares(browser);
+/// Excludes a share in the browser. Right opens a node, down goes to its first child.
+void ExcludeShare(frmNWDialog& browser) {
+    auto& tree = FindIn<TreeView>(browser, "tvwNetwork");
+    tree.SetSelected(Text("??Net"));
+    for (int level = 0; level < 3; ++level) {
+        QTest::keyClick(&tree, Qt::Key_Right);
         QTest::keyClick(&tree, Qt::Key_Down);
-        FindIn<QAction>(browser, "mnuExcNode").trigger();
-        EXPECT_TRUE(tree.Bold(Text("??\\\\S\\E")));
-        QTest::keyClick(&tree, Qt::Key_Up);
-        QTest::mouseClick(&FindIn(browser, "cmdOk"), Qt::LeftButton);
-    });
+    }
+    QTest::keyClick(&tree, Qt::Key_Down);
+    FindIn<QAction>(browser, "mnuExcNode").trigger();
+    EXPECT_TRUE(tree.Bold(Text("??\\\\S\\E")));
+    QTest::keyClick(&tree, Qt::Key_Up);
+    QTest::mouseClick(&FindIn(browser, "cmdOk"), Qt::LeftButton);
+}
+
+void ChangeOptions(frmOpts& options) {
+    for (const char* option : {"optB", "chkGrids", "cmdChangeFont"})
+        FindIn<QAbstractButton>(options, option).click();
+    UseDialog<frmAddNetNode>([&] { FindIn<QAction>(options, "mnuAddNetNode").trigger(); },
+                             [](frmAddNetNode& add) {
+                                 QTest::keyClicks(&FindIn(add, "txtNetNodeName"), Text("Spare"));
+                                 QTest::keyClick(&add, Qt::Key_Return);
+                             },
+                             [](frmAddNetNode& add) { return add.isActiveWindow(); });
+    QTest::keyClick(&options, Qt::Key_Return);
+}
+
+TEST_F(WindowTest, StartsAgainAsItWas) {
+    for (const char* path : {"\\\\S\\D\\song", "\\\\S\\D\\Spare\\song", "\\\\S\\E\\song"})
+        AddFile(path, 1500000);
+    MovesHidden movesHidden;
+    Open();
+    EXPECT_EQ(window->centralWidget()->size(), QSize(728, 419)) << "10920 by 6285 twips";
+    Browse(ExcludeShare);
     EXPECT_EQ(StartNodeText(), Text("\\\\S\\D"));
     Search("*.mp3");
     Search("song,copy");
+    dialogs.Font = [](ChosenFont font) { return font.italic = true, font; };
+    InDialog<frmOpts>("mnuOpts", ChangeOptions);
+    EXPECT_TRUE(Results().GridLines() && Results().font().italic()) << "at once";
+    EXPECT_EQ(Column(Results(), 2), "1.4305 1.4305") << "rows keep their texts";
     ListHeader& header = *Results().Header();
     const QPoint edge(header.sectionViewportPosition(1) + header.sectionSize(1) - 1,
                       header.height() / 2);
     DragMouse(*header.viewport(), edge, edge + QPoint(40, 0));
     const int width = Results().ColumnWidth(2);
     EXPECT_GT(width, 1500);
-    QTest::keyClick(&Find("chkRecurse"), Qt::Key_Space);
     window->resize(760, 480);
     window->move(20, 30);
     QCoreApplication::processEvents();
     const QRect place = window->windowHandle()->frameGeometry();
     EXPECT_FALSE(QFile::exists(IniFileName(folder.path()))) << "written at the end only";
     for (int round = 0; round < 2; ++round) {
-        StartAgain();
+        window->installEventFilter(&movesHidden);
+        EXPECT_TRUE(window->close());
+        Make();
+        Open();
         EXPECT_EQ(window->windowHandle()->frameGeometry(), place);
         EXPECT_EQ(Results().ColumnWidth(2), width);
         EXPECT_EQ(Downloads().ColumnWidth(2), width);
-        EXPECT_FALSE(Find<QCheckBox>("chkRecurse").isChecked());
+        EXPECT_TRUE(Downloads().GridLines() && Downloads().font().italic());
+        EXPECT_EQ(Downloads().HeaderText(3), Text("Size (B)"));
         auto& input = Find<QComboBox>("LstSearchFor");
         EXPECT_EQ(input.currentText(), Text("song,copy"));
         EXPECT_EQ(input.itemText(0) + input.itemText(1), Text("song,copy*.mp3"));
-        // The start node is the root again, and the excluded share is passed over.
+        // The start node is the root again, and what was excluded is passed over.
         EXPECT_EQ(StartNodeText(), Text("[Root]"));
-        Search("song,copy");
+        Click("cmdStartSearch");
         EXPECT_EQ(Rows(), Texts({"\\\\S\\D\\song"}));
-        Browse([](frmNWDialog& browser) {
-            EXPECT_TRUE(OpenShares(browser).Bold(Text("??\\\\S\\E")));
-            browser.reject();
-        });
+        EXPECT_EQ(Column(Results(), 2), "1500000");
     }
-}
-
-TEST_F(Restart, FindsTheOptionsThatWereChosen) {
-    EXPECT_EQ(window->centralWidget()->size(), QSize(728, 419)) << "10920 by 6285 twips";
-    Search("song");
-    EXPECT_EQ(Column(Results(), 2), "1.4305 0.0000 1.4305");
-    dialogs.Font = [](ChosenFont font) { return font.italic = true, font; };
-    InDialog<frmOpts>("mnuOpts", [&](frmOpts& options) {
-        for (const char* option : {"optB", "chkGrids", "cmdChangeFont"})
-            FindIn<QAbstractButton>(options, option).click();
-        UseDialog<frmAddNetNode>([&] { FindIn<QAction>(options, "mnuAddNetNode").trigger(); },
-                                 [](frmAddNetNode& add) {
-                                     QTest::keyClicks(&FindIn(add, "txtNetNodeName"),
-                                                      Text("Spare"));
-                                     QTest::keyClick(&add, Qt::Key_Return);
-                                 },
-                                 [](frmAddNetNode& add) { return add.isActiveWindow(); });
-        QTest::keyClick(&options, Qt::Key_Return);
-    });
-    EXPECT_TRUE(Results().GridLines() && Results().font().italic()) << "at once";
-    EXPECT_EQ(Column(Results(), 2), "1.4305 0.0000 1.4305") << "rows keep their texts";
-    for (int round = 0; round < 2; ++round) {
-        EXPECT_TRUE(Downloads().GridLines() && Downloads().font().italic());
-        Search("song");
-        EXPECT_EQ(Column(Results(), 2), "1500000 1500000");
-        EXPECT_EQ(Downloads().HeaderText(3), Text("Size (B)"));
-        StartAgain();
-    }
-    InDialog<frmOpts>("mnuOpts", [](frmOpts& options) {
-        EXPECT_TRUE(FindIn<QAbstractButton>(options, "optB").isChecked());
-        const auto& nodes = FindIn<ListView>(options, "lvwExcNetNode");
-        EXPECT_EQ(nodes.Text(nodes.Count()), Text("Spare"));
-        QTest::keyClick(&options, Qt::Key_Escape);
-    });
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 } // namespace

@@ -24,8 +24,9 @@ protected:
     }
     void TearDown() override { SetYieldAlways(false); }
 
+    QString PathOf(const char* name) const { return folder.filePath(Text(name)); }
     QString Write(const char* name, const QByteArray& bytes) const {
-        return WriteFile(folder.filePath(Text(name)), bytes);
+        return WriteFile(PathOf(name), bytes);
     }
     /// A results file of lines that name that many files of \\S\D, which exist.
     QByteArray FileOf(int count) {
@@ -38,17 +39,12 @@ protected:
         return bytes;
     }
 
-    void Save(const QString& path) {
+    std::string Save(const QString& path) { return Summary("mnuSaveResFile", path); }
+    std::string Load(const QString& path) { return Summary("mnuLoadResFile", path); }
+    /// Saves or loads the file; gives the summary, with "#" for the seconds.
+    std::string Summary(const char* item, const QString& path) {
         dialogs.Files = {path};
-        Trigger("mnuSaveResFile");
-    }
-    /// Loads the file; gives the summary, without the seconds.
-    std::string Load(const QString& path) {
-        dialogs.Files = {path};
-        Trigger("mnuLoadResFile");
-        return Summary();
-    }
-    std::string Summary() {
+        Trigger(item);
         static const QRegularExpression seconds(Text("(1 second|\\d+ seconds)\\."));
         return Caption().replace(seconds, Text("#")).toStdString();
     }
@@ -95,21 +91,19 @@ protected:
 TEST_F(ResultsWindow, SavesAndLoads) {
     Search("*.mp3");
     const QStringList found = Rows();
-    ASSERT_EQ(found.size(), 3);
     Find<QTabWidget>("SSTab1").setCurrentIndex(1);
-    const QString path = folder.filePath(Text("Lists/mine.nrr"));
-    Save(path);
+    const QString path = PathOf("Lists/mine.nrr");
+    EXPECT_EQ(Save(path), "Saved 3 files in #");
     EXPECT_EQ(dialogs.TakeWhole(),
               "information: Netrove results file: The file has been written.\r\nLoading it won't "
               "bring back 1 of the 3 rows: a name or folder with a comma can't be "
               "read.");
-    EXPECT_EQ(Summary(), "Saved 3 files in #");
     ExpectIdle();
     EXPECT_EQ(Find<QTabWidget>("SSTab1").currentIndex(), 0);
     const FileDialogSetup& chooser = dialogs.Choosers.front();
     EXPECT_EQ(chooser.title, Text("Save Netrove Results as..."));
     EXPECT_EQ(chooser.filter, Text("Netrove Results File (*.nrr)|*.nrr|All Files (*.*)|*.*"));
-    EXPECT_EQ(chooser.folder, folder.filePath(Text("Lists")));
+    EXPECT_EQ(chooser.folder, PathOf("Lists"));
     EXPECT_TRUE(QRegularExpression(Text("^20\\d{12}\\.nrr$")).match(chooser.fileName).hasMatch());
     const QList<QByteArray> lines = ReadFile(path).split('\n');
     ASSERT_EQ(lines.size(), 5);
@@ -117,8 +111,7 @@ TEST_F(ResultsWindow, SavesAndLoads) {
     EXPECT_EQ(lines[1], QByteArray("\"one.mp3\",\"\\\\S\\D\\\",\"1.4305\",\"02/03/20\",\"A\",\" "
                                    "\",\" \",\" \",\"0001.4305000000\",\"20200203040506\"\r"));
 
-    // On top of the rows that are there, and with what the files are now; a name with a comma
-    // can't be read back.
+    // On top of the rows that are there, and with what the files are now.
     window->ProgramSettings().SizeFormat = 3;
     EXPECT_EQ(Load(path), "Loaded 2 files in # (Max return is set to 5000)");
     EXPECT_EQ(Rows(), found + QStringList({found[0], found[2]}));
@@ -131,14 +124,14 @@ TEST_F(ResultsWindow, SavesAndLoads) {
 }
 
 TEST_F(ResultsWindow, SavesNothingUnlessTheUserWantsIt) {
-    Save(folder.filePath(Text("x.nrr")));
+    Save(PathOf("x.nrr"));
     EXPECT_EQ(dialogs.TakeWhole(), "exclamation: Empty Results List: There are no items to save.");
     EXPECT_TRUE(dialogs.Choosers.empty());
     Search("one");
     const QString summary = Caption();
     dialogs.Files.clear();
-    Trigger("mnuSaveResFile");
-    Trigger("mnuLoadResFile");
+    for (const char* item : {"mnuSaveResFile", "mnuLoadResFile"})
+        Trigger(item);
     Save(Text("  "));
     EXPECT_EQ(dialogs.Choosers.size(), 3U);
     EXPECT_EQ(dialogs.Boxes(), "");
@@ -153,43 +146,51 @@ TEST_F(ResultsWindow, SavesNothingUnlessTheUserWantsIt) {
     EXPECT_EQ(ReadFile(path), QByteArray("old"));
     EXPECT_EQ(Caption(), summary);
     dialogs.Answer = MessageAnswer::Yes;
-    Save(path);
-    EXPECT_EQ(ReadFile(path).count('\n'), 2);
+    EXPECT_EQ(Save(path), "Saved 1 files in #");
     EXPECT_EQ(dialogs.Shown.last(), Text("Netrove results file: The file has been written."));
 }
 
-TEST_F(ResultsWindow, AnAbortedSaveKeepsTheRowsSoFar) {
-    Search("*.mp3");
-    const QString path = folder.filePath(Text("part.nrr"));
-    WhenCaptionIs(Text("Save in progress. 2 files saved."), [&] {
-        EXPECT_EQ(Bar().Text(1), Text("Saving..."));
-        EXPECT_TRUE(Find("cmdAbandon").hasFocus());
-        EXPECT_FALSE(Find<QAction>("mnuLoadResFile").isEnabled());
-        Click("cmdAbandon");
-    });
-    Save(path);
-    EXPECT_EQ(Summary(), "Aborted, but saved 2 files in #");
-    EXPECT_EQ(ReadFile(path).count('\n'), 3);
-    EXPECT_EQ(dialogs.Boxes(), "");
+TEST_F(ResultsWindow, AnAbortedJobKeepsTheRowsSoFar) {
+    const auto abortAt = [this](const char* caption, const char* status) {
+        WhenCaptionIs(Text(caption), [this, status] {
+            EXPECT_EQ(Bar().Text(1), Text(status));
+            EXPECT_TRUE(Find("cmdAbandon").hasFocus());
+            EXPECT_FALSE(Find<QAction>("mnuLoadResFile").isEnabled() ||
+                         Find("cmdStartSearch").isEnabled());
+            EXPECT_TRUE(Drop({PathOf("five.nrr")})) << "and nothing comes of it";
+            window->close();
+            Click("cmdAbandon");
+        });
+    };
+    Write("five.nrr", FileOf(5));
+    abortAt("Search in progress. 3 files found.", "Loading...");
+    EXPECT_EQ(Load(PathOf("five.nrr")),
+              "Aborted, but loaded 3 files in # (Max return is set to 5000)");
     ExpectIdle();
+    abortAt("Save in progress. 2 files saved.", "Saving...");
+    EXPECT_EQ(Save(PathOf("part.nrr")), "Aborted, but saved 2 files in #");
+    EXPECT_EQ(ReadFile(PathOf("part.nrr")).count('\n'), 3);
+    ExpectIdle();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Rows().size(), 3);
+    EXPECT_EQ(dialogs.Take(), std::string(SearchInProgress) + '|' + SearchInProgress);
 }
 
 TEST_F(ResultsWindow, TellsWhatCannotBeWritten) {
     Search("*.mp3");
-    Save(folder.filePath(Text("missing/x.nrr")));
+    EXPECT_EQ(Save(PathOf("missing/x.nrr")), "Saved 0 files in #");
     EXPECT_EQ(dialogs.Take(), "Error in dump-to-file: 75\r\nPath/File access error");
-    EXPECT_EQ(Summary(), "Saved 0 files in #");
     ExpectIdle();
     // Rows that are removed during a save are missing at its end.
-    const QString path = folder.filePath(Text("short.nrr"));
+    const QString path = PathOf("short.nrr");
     WhenCaptionIs(Text("Save in progress. 1 files saved."), [&] { Results().Remove(3); });
     Save(path);
     EXPECT_EQ(dialogs.Take(), "Error in dump-to-file: 9\r\nSubscript out of range");
     EXPECT_EQ(ReadFile(path).count('\n'), 3);
     Trigger("mnuListsFol(0)");
-    EXPECT_EQ(shell.Opened, QStringList{folder.filePath(Text("Lists")) + u'/'});
+    EXPECT_EQ(shell.Opened, QStringList{PathOf("Lists") + u'/'});
     // A file stands in the folder's place.
-    ASSERT_TRUE(QDir(folder.filePath(Text("Lists"))).removeRecursively());
+    ASSERT_TRUE(QDir(PathOf("Lists")).removeRecursively());
     Write("Lists", "");
     for (const char* item :
          {"mnuSaveResFile", "mnuLoadResFile", "mnuListsFol(0)", "mnuListsFol(1)"})
@@ -202,7 +203,7 @@ TEST_F(ResultsWindow, TellsWhatCannotBeWritten) {
 
 TEST_F(ResultsWindow, AFailedWriteKeepsTheRowsSoFar) {
     Search("*.mp3");
-    const QString path = folder.filePath(Text("full.nrr"));
+    const QString path = PathOf("full.nrr");
     rlimit before = {};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
@@ -235,7 +236,7 @@ TEST_F(ResultsWindow, SkipsLinesWithoutAFile) {
     EXPECT_EQ(Rows(), Texts({"\\\\S\\D\\file1", "\\\\S\\D\\SUB\\Ünï \"live\".mp3"}));
     EXPECT_EQ(Load(Write("none.nrr", "//generated by netrove//\r\n\"one.mp3\",\"\\\\S\\D\\\"\r\n")),
               summary);
-    EXPECT_EQ(Load(folder.filePath(Text("missing.nrr"))), summary);
+    EXPECT_EQ(Load(PathOf("missing.nrr")), summary);
     EXPECT_EQ(Rows().size(), 2);
     EXPECT_EQ(dialogs.Boxes(), "");
     ExpectIdle();
@@ -255,22 +256,6 @@ TEST_F(ResultsWindow, ListsAFolderOnceForManyLines) {
     EXPECT_EQ(Rows().size(), 1200);
     EXPECT_TRUE(listed >= 1 && listed <= 5) << listed;
     EXPECT_GE(asked, 1200);
-}
-
-TEST_F(ResultsWindow, ALoadCanBeAborted) {
-    const QString path = Write("five.nrr", FileOf(5));
-    WhenCaptionIs(Text("Search in progress. 3 files found."), [&] {
-        EXPECT_EQ(Bar().Text(1), Text("Loading..."));
-        EXPECT_FALSE(Find("cmdStartSearch").isEnabled());
-        EXPECT_TRUE(Drop({path})) << "and nothing comes of it";
-        window->close();
-        Click("cmdAbandon");
-    });
-    EXPECT_EQ(Load(path), "Aborted, but loaded 3 files in # (Max return is set to 5000)");
-    EXPECT_EQ(dialogs.Take(), SearchInProgress);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(Rows().size(), 3);
-    ExpectIdle();
 }
 
 TEST_F(ResultsWindow, MissingFilesDontKeepTheUserFromAborting) {
@@ -297,7 +282,7 @@ TEST_F(ResultsWindow, LoadsWhatIsDropped) {
     const QString one = Write("one.NRR", FileOf(2));
     const QString other = Write("other.nrr", FileOf(1));
     const QString text = Write("list.txt", FileOf(3));
-    EXPECT_TRUE(Drop({one, text, folder.path(), folder.filePath(Text("gone.nrr")), other}));
+    EXPECT_TRUE(Drop({one, text, folder.path(), PathOf("gone.nrr"), other}));
     EXPECT_EQ(Rows(), Texts({"\\\\S\\D\\file1", "\\\\S\\D\\file2", "\\\\S\\D\\file1"}));
     EXPECT_FALSE(Drop({}));
     EXPECT_FALSE(Drop({Text("smb://s/d/one.nrr")}));
