@@ -13,63 +13,48 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include <utility>
-
 namespace netrove {
 namespace {
 
 /// Who shows a text, and the text.
 using ShownText = std::pair<QString, QString>;
 
-void AddTexts(const QWidget& widget, std::vector<ShownText>& texts) {
-    const auto add = [&](const QString& text) { texts.emplace_back(widget.objectName(), text); };
-    add(widget.toolTip());
-    add(widget.accessibleName());
-    add(widget.accessibleDescription());
-    if (widget.isWindow())
-        add(widget.windowTitle());
-    if (const auto* label = qobject_cast<const QLabel*>(&widget))
-        add(label->text());
-    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
-        add(button->text());
-    if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
-        add(line->placeholderText());
-    if (const auto* text = qobject_cast<const QPlainTextEdit*>(&widget))
-        add(text->toPlainText());
-    if (const auto* box = qobject_cast<const QComboBox*>(&widget)) {
-        for (int at = 0; at < box->count(); ++at)
-            add(box->itemText(at));
-    }
-    if (const auto* view = qobject_cast<const QAbstractItemView*>(&widget);
-        view && view->findChild<QHeaderView*>()) {
-        for (int column = 0; column < view->model()->columnCount(); ++column)
-            add(view->model()->headerData(column, Qt::Horizontal).toString());
-    }
-}
-
-bool IsOfQt(const QWidget& widget) {
-    return qobject_cast<const QDialogButtonBox*>(widget.parentWidget()) ||
-           qobject_cast<const QTabBar*>(widget.parentWidget());
-}
-
 /// Every text of the window but those of Qt's own buttons, always in the same order.
 std::vector<ShownText> TextsOf(const QWidget& window) {
     std::vector<ShownText> texts;
-    AddTexts(window, texts);
+    QList<const QWidget*> widgets{&window};
     for (const QWidget* widget : window.findChildren<QWidget*>()) {
-        if (!IsOfQt(*widget))
-            AddTexts(*widget, texts);
+        const QWidget* parent = widget->parentWidget();
+        if (!qobject_cast<const QDialogButtonBox*>(parent) && !qobject_cast<const QTabBar*>(parent))
+            widgets.append(widget);
+    }
+    for (const QWidget* widget : widgets) {
+        const auto add = [&](const QVariant& text) {
+            texts.emplace_back(widget->objectName(), text.toString());
+        };
+        for (const char* name : {"toolTip", "accessibleName", "accessibleDescription", "text",
+                                 "placeholderText", "plainText"})
+            add(widget->property(name));
+        if (widget->isWindow())
+            add(widget->windowTitle());
+        if (const auto* box = qobject_cast<const QComboBox*>(widget)) {
+            for (int at = 0; at < box->count(); ++at)
+                add(box->itemText(at));
+        }
+        if (const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+            view && view->findChild<QHeaderView*>()) {
+            for (int column = 0; column < view->model()->columnCount(); ++column)
+                add(view->model()->headerData(column, Qt::Horizontal));
+        }
     }
     for (const QAction* action : window.findChildren<QAction*>())
         texts.emplace_back(action->objectName(), action->text());
     return texts;
 }
 
-using TextMaker = std::function<std::vector<ShownText>()>;
-
 /// What differs and what doesn't between the texts in English and in German.
 struct BothLanguages {
-    explicit BothLanguages(const TextMaker& texts) : german(texts()) {
+    explicit BothLanguages(const std::function<std::vector<ShownText>()>& texts) : german(texts()) {
         const auto english = std::exchange(german, {});
         const Translation translation({Text("de")});
         german = texts();
@@ -132,7 +117,7 @@ TEST_F(GermanWindow, OnlyOurTextsOfTheMainWindowChange) {
         return texts;
     });
     EXPECT_EQ(BothLanguages::Sorted(both.changed), FrameParts);
-    EXPECT_EQ(settings.value(0).toStdString(), settings.value(1).toStdString());
+    EXPECT_EQ(settings.value(0), settings.value(1));
 }
 
 TEST_F(GermanWindow, OnlyOurTextsOfTheHelpMenusDialogsChange) {
