@@ -1,6 +1,8 @@
+#include "about/frmAbout.h"
 #include "controls/Twips.h"
 #include "fakes/Files.h"
 #include "gui/WindowTest.h"
+#include "online/frmDonate.h"
 #include "online/frmUpdate.h"
 #include "runtime/Yield.h"
 
@@ -23,8 +25,7 @@ protected:
 
 TEST_F(Window, SearchFillsRowsAndSummary) {
     auto& input = Find<QComboBox>("LstSearchFor");
-    EXPECT_EQ(Bar().Text(1), Text("Idle"));
-    EXPECT_EQ(StartNodeText(), Text("[Root]"));
+    EXPECT_EQ(Bar().Text(1) + StartNodeText(), Text("Idle[Root]"));
     EXPECT_EQ(Results().BackColor(), QColor(213, 234, 234));
     EXPECT_EQ(Downloads().BackColor(), QColor(255, 255, 191));
     EXPECT_TRUE(input.lineEdit()->hasFocus());
@@ -49,23 +50,23 @@ TEST_F(Window, SearchFillsRowsAndSummary) {
 
 TEST_F(Window, OptionsOfASearch) {
     Settings& settings = window->ProgramSettings();
+    const auto found = [this](const char* text) {
+        Search(text);
+        return Rows().size();
+    };
     settings.MaxReturnFiles = 1;
     settings.IncludeMP3Info = true;
-    Search("*.mp3");
-    EXPECT_EQ(Rows(), Texts({"\\\\S\\D\\one.mp3"}));
+    EXPECT_EQ(found("*.mp3"), 1);
     EXPECT_EQ(Results().SubItem(1, 5) + Results().SubItem(1, 7), Text("00:00:000"));
-
     settings.MaxReturnFiles = 5000;
     settings.ExcNetNodes = Texts({"T|True|Workstation"});
+    EXPECT_EQ(found("*.mp3"), 2);
     QTest::keyClick(&Find("chkRecurse"), Qt::Key_Space);
-    Search("*.mp3");
-    EXPECT_EQ(Rows(), Texts({"\\\\S\\D\\one.mp3"}));
+    EXPECT_EQ(found("*.mp3"), 1);
     settings.ExcludeNetNodes = false;
-    Search("*.mp3");
-    EXPECT_EQ(Rows().size(), 2);
+    EXPECT_EQ(found("*.mp3"), 2);
     settings.AutoAsterisks = false;
-    Search("one,read");
-    EXPECT_TRUE(Rows().isEmpty());
+    EXPECT_EQ(found("one,read"), 0);
 }
 
 TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
@@ -216,59 +217,48 @@ TEST_F(Window, OpensHelpAndTheWebSite) {
     Click("HyperLbl", Qt::RightButton);
     Click("HyperLbl");
     Trigger("mnuViewTrLog");
-    ASSERT_EQ(shell.Opened.size(), 3);
-    EXPECT_TRUE(shell.Opened[0].startsWith(folder.path()));
-    EXPECT_EQ(shell.Opened[1], Text("https://www.example.com/"));
-    EXPECT_EQ(shell.Opened[2], folder.filePath(Text("Netrove.log")));
+    InDialog<frmAbout>("mnuAbout1", [this](frmAbout& about) {
+        QTest::mouseClick(&FindIn(about, "lblCopyright"), Qt::LeftButton);
+        QTest::keyClick(&about, Qt::Key_F1);
+        UseDialog<frmUpdate>(
+            [&] { QTest::mouseClick(&FindIn(about, "lblVersionUpdate"), Qt::LeftButton); },
+            [](frmUpdate& update) { update.close(); });
+        about.close();
+    });
+    EXPECT_TRUE(shell.Opened.value(0).startsWith(folder.path()));
+    EXPECT_TRUE(shell.Opened.value(0).endsWith(Text("Netrove.html")));
+    EXPECT_EQ(shell.Opened.mid(1),
+              (QStringList{Text("https://www.example.com/"), folder.filePath(Text("Netrove.log")),
+                           Text("mailto:netrove@example.com"), shell.Opened[0]}));
     EXPECT_TRUE(QFile::exists(shell.Opened[2]));
+    InDialog<frmDonate>("mnuDonate", [](frmDonate& donate) { donate.close(); });
+    InDialog<frmUpdate>("UpdateMnu", [](frmUpdate& update) {
+        FindIn<QPushButton>(update, "cmdCheck").click();
+        update.close();
+    });
+    EXPECT_NE(dialogs.Take(), "") << "the site isn't there";
     shell.Result = Shell::FileNotFound;
     Trigger("mnuTBS");
     EXPECT_EQ(dialogs.Boxes(), "Shell execute failed...: https://www.example.com/\r\nError: File "
                                "not found.  Couldn't Execute!");
-}
 
-TEST_F(Window, TheHelpMenuOpensItsDialogs) {
-    InDialog<QWidget>("mnuDonate", [](QWidget& donate) {
-        EXPECT_EQ(donate.objectName(), Text("frmDonate"));
-        donate.close();
-    });
-    InDialog<QWidget>("mnuAbout1", [this](QWidget& about) {
-        QTest::mouseClick(&FindIn(about, "lblCopyright"), Qt::LeftButton);
-        QTest::keyClick(&about, Qt::Key_F1);
-        EXPECT_EQ(shell.Opened.value(0), Text("mailto:netrove@example.com"));
-        EXPECT_TRUE(shell.Opened.value(1).endsWith(Text("Netrove.html")));
-        UseDialog<frmUpdate>(
-            [&] { QTest::mouseClick(&FindIn(about, "lblVersionUpdate"), Qt::LeftButton); },
-            [](frmUpdate& update) {
-                FindIn<QPushButton>(update, "cmdCheck").click();
-                update.close();
-            });
-        about.close();
-    });
-    EXPECT_NE(dialogs.Boxes().find("https://www.example.com/"), std::string::npos);
-}
-
-TEST_F(Window, ARightClickOnAHeaderOffersHelp) {
-    const struct {
-        const char* list;
-        int tab;
-        const char* text;
-    } cases[] = {{"lvwResults", 0, "If the file is an MP3 file then the length"},
-                 {"lvwDownloads", 1, "The status of the file:"}};
-    for (const auto& [name, tab, text] : cases) {
-        Find<QTabWidget>("SSTab1").setCurrentIndex(tab);
+    const std::pair<const char*, const char*> lists[] = {
+        {"lvwResults", "If the file is an MP3 file then the length"},
+        {"lvwDownloads", "The status of the file:"}};
+    for (const auto& [name, text] : lists) {
+        Find<QTabWidget>("SSTab1").setCurrentWidget(Find(name).parentWidget());
         ClickHeader(Find<ListView>(name), 6, Qt::RightButton);
         Pick("PopUp3Mnu", "HelpColMnu");
         QWidget* help = QApplication::activePopupWidget();
         ASSERT_TRUE(help) << name;
         EXPECT_TRUE(FindIn<QLabel>(*help, "Label1").text().startsWith(Text(text)));
-        QTest::mouseClick(help, Qt::LeftButton);
+        help->close();
     }
 }
 
 TEST_F(Window, FollowsItsSize) {
     const auto& tabs = Find<QTabWidget>("SSTab1");
-    for (const QSize size : {QSize(1200, 700), QSize(740, 470)}) {
+    for (const QSize size : {QSize(1200, 700), QSize(740, 470), QSize(100, 100)}) {
         window->resize(size);
         QCoreApplication::processEvents();
         const QRect inner = window->centralWidget()->rect();
@@ -285,8 +275,6 @@ TEST_F(Window, FollowsItsSize) {
         EXPECT_EQ(Bar().MinWidth(2), 15 * inner.width() - 45 - 1764 - 529);
         EXPECT_LE(tabs.mapTo(window->centralWidget(), QPoint(0, tabs.height())).y(), Bar().y());
     }
-    window->resize(100, 100);
-    QCoreApplication::processEvents();
     EXPECT_GE(window->frameGeometry().width(), 11010 / 15);
     EXPECT_GE(window->frameGeometry().height(), 6975 / 15);
 }
@@ -308,7 +296,7 @@ TEST_F(Window, AShortenedPathIsShownWhole) {
         const int width = Bar().MinWidth(2);
         Bar().SetMinWidth(2, width + ToTwips(15));
         EXPECT_TRUE(picture == Bar().grab(inside).toImage())
-            << Bar().Text(2).toStdString() << ' ' << Bar().font().toString().toStdString();
+            << Bar().font().toString().toStdString();
         Bar().SetMinWidth(2, width);
     };
     for (const char* family : {"DejaVu Sans", "DejaVu Serif", "Liberation Mono"}) {

@@ -16,12 +16,12 @@ protected:
     QString Stored(const char* section, const char* key) {
         return profile.ReadIni(Text(section), Text(key), Text("-"));
     }
-    /// The skin of the menu that is checked; 9 for none or more.
-    int Checked() {
-        int checked = 9;
-        for (int skin = 0; skin <= SkinSelection::LastSkin; ++skin) {
-            if (Find<QAction>(qPrintable(Text("mnuSkin(%1)").arg(skin))).isChecked())
-                checked = checked == 9 ? skin : 10;
+    /// The skins of the menu that are checked.
+    std::string Checked() {
+        std::string checked;
+        for (const QAction* item : Find<QMenu>("mnuSkinTOP").actions()) {
+            if (item->isChecked())
+                checked += item->objectName().toStdString();
         }
         return checked;
     }
@@ -37,43 +37,49 @@ protected:
     }
 
     ProfileFile profile{IniFileName(folder.path())};
+    SkinSelection& skins = window->Skins();
 };
 
 TEST_F(SkinTest, MenuChoosesTheSkin) {
     Open();
-    EXPECT_EQ(Checked(), 1) << "a first start";
     const struct {
         qint16 index;
+        const char* checked;
         const char* name; ///< empty: no skin
-    } cases[] = {{0, ""},           {2, "Serenity"}, {2, "Serenity"}, {4, "Metropolis"},
-                 {5, "Bullethead"}, {6, ""},         {3, "J.I.L.L."}, {-1, ""}};
-    for (const auto& [index, name] : cases) {
-        const auto before = window->Skins().SkinConfiguration();
+    } cases[] = {{1, "mnuSkin(1)", "Trek"},
+                 {0, "mnuSkin(0)", ""},
+                 {2, "mnuSkin(2)", "Serenity"},
+                 {2, "mnuSkin(2)", "Serenity"},
+                 {4, "mnuSkin(4)", "Metropolis"},
+                 {5, "mnuSkin(5)", "Bullethead"},
+                 {6, "", ""},
+                 {3, "mnuSkin(3)", "J.I.L.L. - Joy In Love and Life"},
+                 {-1, "", ""}};
+    for (const auto& [index, checked, name] : cases) {
+        const auto before = skins.SkinConfiguration();
         window->setCursor(Qt::WaitCursor);
-        window->Skins().mnuSkin_Click(index);
-        EXPECT_EQ(Checked(), index < 0 || index > 5 ? 9 : index);
+        skins.mnuSkin_Click(index);
+        EXPECT_EQ(Checked(), checked);
         EXPECT_EQ(Find<QAction>("mnuSkinCust").isEnabled(), index != 0);
         EXPECT_EQ(window->ProgramSettings().SkinIndex, index);
         EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
-        EXPECT_EQ(window->contentsMargins().isNull(), Text(name).isEmpty()) << index;
-        const auto skin = window->Skins().SkinConfiguration();
-        ASSERT_EQ(skin != nullptr, !Text(name).isEmpty());
-        if (skin) {
-            EXPECT_TRUE(skin->Name.startsWith(Text(name)));
-            EXPECT_NE(skin, before) << "made anew, for the same skin too";
-            EXPECT_EQ(skin->TitleFont, window->font());
-        }
+        const auto skin = skins.SkinConfiguration();
+        EXPECT_EQ(skin ? skin->Name : QString(), Text(name));
+        EXPECT_EQ(window->contentsMargins().isNull(), !skin) << index;
+        EXPECT_TRUE(!skin || (skin != before && skin->TitleFont == window->font()))
+            << "made anew, for the same skin too";
     }
     EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(SkinTest, StoredChoice) {
+    EXPECT_EQ(skins.StoredIndex(), 1) << "of a first start";
     const std::pair<const char*, int> cases[] = {{"0", 0},     {"5", 5},          {"6", 0},
                                                  {"-1", 0},    {" 3x", 3},        {"abc", 0},
                                                  {"40000", 0}, {"2147483648", 0}, {"1E999", 0}};
     for (const auto& [text, index] : cases) {
         Store("Skin", {{"Index", text}});
-        EXPECT_EQ(window->Skins().StoredIndex(), index) << text;
+        EXPECT_EQ(skins.StoredIndex(), index) << text;
     }
 }
 
@@ -88,17 +94,16 @@ TEST_F(SkinTest, EachSkinKeepsItsAdjustments) {
     Store("SkinProperties_3", {{"Own", "kept"}});
     Open();
     Trigger("mnuSkin(2)");
-    Customize(
-        [](frmCustomizeSkin& dialog) {
-            EXPECT_EQ(FindIn<QLabel>(dialog, "lblInfo(8)").text(), Text("Skin Name: Serenity"));
-            std::vector<int> shown;
-            for (const char* name : {"hscHue", "hscSaturation", "hscRed", "hscGreen", "hscBlue"})
-                shown.push_back(FindIn<QScrollBar>(dialog, name).value());
-            EXPECT_EQ(shown, std::vector({425, 0, 200, 100, 100}));
-            EXPECT_TRUE(FindIn(dialog, "hscSaturation").isEnabled());
-            EXPECT_FALSE(FindIn(dialog, "hscRed").isEnabled());
-        },
-        "cmdOk");
+    const auto look = [](frmCustomizeSkin& dialog) {
+        EXPECT_EQ(FindIn<QLabel>(dialog, "lblInfo(8)").text(), Text("Skin Name: Serenity"));
+        std::vector<int> shown;
+        for (const char* name : {"hscHue", "hscSaturation", "hscRed", "hscGreen", "hscBlue"})
+            shown.push_back(FindIn<QScrollBar>(dialog, name).value());
+        EXPECT_EQ(shown, std::vector({425, 0, 200, 100, 100}));
+        EXPECT_TRUE(FindIn(dialog, "hscSaturation").isEnabled());
+        EXPECT_FALSE(FindIn(dialog, "hscRed").isEnabled());
+    };
+    Customize(look, "cmdOk");
     QStringList written;
     for (const char* key : {"Name", "Colorize", "Hue", "Saturation", "AdjustRGB", "PercentRed",
                             "PercentGreen", "PercentBlue"})
@@ -109,10 +114,9 @@ TEST_F(SkinTest, EachSkinKeepsItsAdjustments) {
     EXPECT_EQ(grey.saturation(), 0);
 
     Trigger("mnuSkin(1)");
-    EXPECT_FALSE(window->Skins().SkinConfiguration()->Colorize) << "no group of its own yet";
+    EXPECT_FALSE(skins.SkinConfiguration()->Colorize) << "no group of its own yet";
     EXPECT_EQ(Stored("SkinProperties_1", "Name"), Text("-")) << "nothing is written on the way";
     Trigger("mnuSkin(2)");
-    EXPECT_EQ(window->palette().color(QPalette::Window), grey);
     EXPECT_EQ(Stored("SkinProperties_3", "Own"), Text("kept"));
     EXPECT_TRUE(window->close());
     Make();
@@ -125,68 +129,51 @@ TEST_F(SkinTest, SlidersWriteTheirMembersAndPaintTheSample) {
     Open();
     using Skin = SkinConfiguration;
     const struct {
-        const char* box;
+        const char* label; ///< of the box, which it stands for
         const char* slider;
         float Skin::*member;
         int maximum;
         float first, last;
-    } cases[] = {{"chkColourise", "hscSaturation", &Skin::Saturation, 100, 0, 1},
-                 {"chkColourise", "hscHue", &Skin::Hue, 600, -1, 5},
-                 {"chkAdjustRGB", "hscRed", &Skin::PercentRed, 200, -1, 1},
-                 {"chkAdjustRGB", "hscGreen", &Skin::PercentGreen, 200, -1, 1},
-                 {"chkAdjustRGB", "hscBlue", &Skin::PercentBlue, 200, -1, 1}};
-    const auto skin = window->Skins().SkinConfiguration();
+    } cases[] = {{"lblInfo(6)", "hscSaturation", &Skin::Saturation, 100, 0, 1},
+                 {"", "hscHue", &Skin::Hue, 600, -1, 5},
+                 {"lblInfo(5)", "hscRed", &Skin::PercentRed, 200, -1, 1},
+                 {"", "hscGreen", &Skin::PercentGreen, 200, -1, 1},
+                 {"", "hscBlue", &Skin::PercentBlue, 200, -1, 1}};
+    const auto skin = skins.SkinConfiguration();
     const QPalette before = window->palette();
-    Customize(
-        [&](frmCustomizeSkin& dialog) {
-            const auto sample = [&] { return FindIn(dialog, "picSample").grab().toImage(); };
-            for (const auto& c : cases) {
-                FindIn<QCheckBox>(dialog, c.box).setChecked(true);
-                auto& slider = FindIn<QScrollBar>(dialog, c.slider);
-                slider.setFocus();
-                QTest::keyClick(&slider, Qt::Key_Home);
-                EXPECT_EQ((*skin).*c.member, c.first) << c.slider;
-                const QImage painted = sample();
-                QTest::keyClick(&slider, Qt::Key_PageDown);
-                QTest::keyClick(&slider, Qt::Key_Right);
-                EXPECT_EQ(slider.value(), 11) << c.slider;
-                EXPECT_EQ((*skin).*c.member, float(double(c.first) + 0.11)) << c.slider;
-                EXPECT_NE(sample(), painted) << c.slider;
-                QTest::keyClick(&slider, Qt::Key_End);
-                EXPECT_EQ(slider.value(), c.maximum);
-                EXPECT_EQ((*skin).*c.member, c.last) << c.slider;
-            }
-        },
-        "cmdCancel");
-    EXPECT_TRUE(skin->Colorize && skin->AdjustRGB) << "stays in the configuration";
+    const auto use = [&](frmCustomizeSkin& dialog) {
+        const auto sample = [&] { return FindIn(dialog, "picSample").grab().toImage(); };
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.slider);
+            auto& slider = FindIn<QScrollBar>(dialog, c.slider);
+            EXPECT_NE(slider.isEnabled(), *c.label != '\0');
+            if (*c.label != '\0')
+                QTest::mouseClick(&FindIn(dialog, c.label), Qt::LeftButton);
+            slider.setFocus();
+            QTest::keyClick(&slider, Qt::Key_Home);
+            EXPECT_EQ((*skin).*c.member, c.first);
+            const QImage painted = sample();
+            QTest::keyClick(&slider, Qt::Key_PageDown);
+            QTest::keyClick(&slider, Qt::Key_Right);
+            EXPECT_EQ(slider.value(), 11);
+            EXPECT_EQ((*skin).*c.member, float(double(c.first) + 0.11));
+            EXPECT_NE(sample(), painted);
+            QTest::keyClick(&slider, Qt::Key_End);
+            EXPECT_EQ(slider.value(), c.maximum);
+            EXPECT_EQ((*skin).*c.member, c.last);
+        }
+        EXPECT_TRUE(skin->Colorize && skin->AdjustRGB);
+        QTest::keyClick(&dialog, Qt::Key_C, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !skin->Colorize; })) << "by its mnemonic";
+        QTest::mouseClick(&FindIn(dialog, "lblInfo(5)"), Qt::LeftButton);
+        EXPECT_FALSE(FindIn(dialog, "hscHue").isEnabled() || FindIn(dialog, "hscRed").isEnabled());
+        QTest::keyClick(&dialog, Qt::Key_F1);
+        EXPECT_EQ(shell.Opened.size(), 1);
+    };
+    Customize(use, "cmdCancel");
+    EXPECT_EQ(skin->Hue, 5) << "stays in the configuration";
     EXPECT_EQ(Stored("SkinProperties_1", "Hue"), Text("-"));
     EXPECT_EQ(window->palette(), before);
-}
-
-TEST_F(SkinTest, BoxesAndTheirLabelsSwitchTheSliders) {
-    Open();
-    const auto skin = window->Skins().SkinConfiguration();
-    Customize(
-        [&](frmCustomizeSkin& dialog) {
-            const auto isEnabled = [&](const char* name) {
-                return FindIn(dialog, name).isEnabled();
-            };
-            const auto click = [&](const char* name) {
-                QTest::mouseClick(&FindIn(dialog, name), Qt::LeftButton);
-            };
-            click("lblInfo(6)");
-            EXPECT_TRUE(skin->Colorize && isEnabled("hscHue") && isEnabled("hscSaturation"));
-            EXPECT_FALSE(isEnabled("hscRed"));
-            click("lblInfo(5)");
-            EXPECT_TRUE(skin->AdjustRGB && isEnabled("hscBlue"));
-            click("lblInfo(5)");
-            EXPECT_FALSE(skin->AdjustRGB || isEnabled("hscBlue"));
-            QTest::keyClick(&dialog, Qt::Key_C, Qt::AltModifier);
-            EXPECT_TRUE(QTest::qWaitFor([&] { return !skin->Colorize; })) << "by its mnemonic";
-            QTest::keyClick(&dialog, Qt::Key_F1);
-            EXPECT_TRUE(shell.Opened.value(0).endsWith(Text("Netrove.html")));
-        },
-        "cmdCancel");
 }
 
 TEST_F(SkinTest, FailuresEndInABoxAndTheChoiceStays) {
@@ -197,9 +184,9 @@ TEST_F(SkinTest, FailuresEndInABoxAndTheChoiceStays) {
     EXPECT_EQ(dialogs.WholeBoxes(), "critical: Error in Skinning: 13\r\nType mismatch");
     EXPECT_FALSE(window->contentsMargins().isNull()) << "the frame is still the first skin's";
     EXPECT_EQ(window->ProgramSettings().SkinIndex, 4);
-    EXPECT_EQ(Checked(), 4);
-    EXPECT_EQ(window->Skins().SkinConfiguration()->Saturation, 0.5F);
-    EXPECT_EQ(window->Skins().SkinConfiguration()->PercentRed, 0) << "behind the one that failed";
+    EXPECT_EQ(Checked(), "mnuSkin(4)");
+    EXPECT_EQ(skins.SkinConfiguration()->Saturation, 0.5F);
+    EXPECT_EQ(skins.SkinConfiguration()->PercentRed, 0) << "behind the one that failed";
 }
 
 TEST_F(SkinTest, ControlsHaveTheColoursOfTheirSkin) {
@@ -234,7 +221,7 @@ TEST_F(SkinTest, ASearchGoesOnAcrossAnotherSkin) {
             EXPECT_TRUE(Find("cmdAbandon").hasFocus());
         });
         Search("*.mp3");
-        EXPECT_TRUE(Find<QAction>(skin).isChecked());
+        EXPECT_EQ(Checked(), skin);
         EXPECT_EQ(Rows().size(), 2);
         EXPECT_EQ(window->winId(), id);
     }
