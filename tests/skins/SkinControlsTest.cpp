@@ -1,7 +1,7 @@
 #include "skins/SkinControls.h"
 
 #include "controls/Color.h"
-#include "fakes/Find.h"
+#include "fakes/Text.h"
 #include "skins/SkinTable.h"
 
 #include <QDialog>
@@ -30,61 +30,46 @@ enum class Color { Desktop, Back, Fore, Button, Line, Border, Link };
 
 TEST(SkinControlsTest, TypeAndTagGiveTheColour) {
     QDialog window;
-    const auto add = [&](QWidget* widget, const char* name, const char* tag = "") {
-        widget->setObjectName(Text(name));
-        widget->setProperty(TagProperty, Text(tag));
-        return widget;
+    const auto frame = [&](QFrame::Shape shape) {
+        auto* made = new QFrame(&window);
+        made->setFrameStyle(int(shape) | QFrame::Sunken);
+        return made;
     };
-    const auto addFrame = [&](const char* name, QFrame::Shape shape, const char* tag = "") {
-        auto* frame = new QFrame(&window);
-        frame->setFrameStyle(int(shape) | QFrame::Sunken);
-        add(frame, name, tag);
-    };
-    add(new QLabel(&window), "label");
-    add(new QLabel(&window), "link", "LINK");
-    add(new QCheckBox(&window), "lite", "LITE");
-    add(new QLabel(&window), "lower", "link");
-    add(new QLabel(&window), "kept", "NOCOLOR")->setAutoFillBackground(true);
-    add(new QGroupBox(&window), "frame");
-    add(new QGroupBox(&window), "fore", "FORE");
-    add(new QPushButton(&window), "button");
-    add(new QRadioButton(&window), "option");
-    add(new QLineEdit(&window), "text");
-    add(new QLineEdit(&window), "keptText", "NOCOLOR");
-    add(new QPlainTextEdit(&window), "lines");
-    add(new QWidget(&window), "picture");
-    addFrame("line", QFrame::HLine);
-    addFrame("shape", QFrame::Box);
-    addFrame("border", QFrame::Box, "BORDONLY");
     using enum Color;
     const struct {
-        const char* control;
+        QWidget* control;
+        const char* tag;
         QPalette::ColorRole role;
         Color skinned;
         Color plain;
     } cases[] = {
-        {"label", QPalette::Window, Back, Desktop},
-        {"label", QPalette::WindowText, Fore, Desktop},
-        {"link", QPalette::Window, Back, Desktop},
-        {"link", QPalette::WindowText, Link, Link},
-        {"lite", QPalette::WindowText, Link, Link},
-        {"lower", QPalette::WindowText, Fore, Desktop},
-        {"kept", QPalette::Window, Desktop, Desktop},
-        {"kept", QPalette::WindowText, Desktop, Desktop},
-        {"frame", QPalette::Window, Back, Desktop},
-        {"fore", QPalette::WindowText, Fore, Desktop},
-        {"button", QPalette::Button, Button, Desktop},
-        {"option", QPalette::Window, Back, Desktop},
-        {"option", QPalette::WindowText, Fore, Desktop},
-        {"text", QPalette::Base, Back, Back},
-        {"text", QPalette::Text, Fore, Fore},
-        {"keptText", QPalette::Base, Desktop, Desktop},
-        {"lines", QPalette::Base, Back, Back},
-        {"picture", QPalette::Window, Back, Back},
-        {"line", QPalette::WindowText, Line, Line},
-        {"shape", QPalette::WindowText, Border, Border},
-        {"border", QPalette::WindowText, Border, Border},
+        {new QLabel(&window), "", QPalette::Window, Back, Desktop},
+        {new QLabel(&window), "", QPalette::WindowText, Fore, Desktop},
+        {new QLabel(&window), "LINK", QPalette::Window, Back, Desktop},
+        {new QLabel(&window), "LINK", QPalette::WindowText, Link, Link},
+        {new QCheckBox(&window), "LITE", QPalette::WindowText, Link, Link},
+        {new QLabel(&window), "link", QPalette::WindowText, Fore, Desktop},
+        {new QLabel(&window), "NOCOLOR", QPalette::Window, Desktop, Desktop},
+        {new QLabel(&window), "NOCOLOR", QPalette::WindowText, Desktop, Desktop},
+        {new QGroupBox(&window), "", QPalette::Window, Back, Desktop},
+        {new QGroupBox(&window), "FORE", QPalette::WindowText, Fore, Desktop},
+        {new QPushButton(&window), "", QPalette::Button, Button, Desktop},
+        {new QRadioButton(&window), "", QPalette::Window, Back, Desktop},
+        {new QRadioButton(&window), "", QPalette::WindowText, Fore, Desktop},
+        {new QLineEdit(&window), "", QPalette::Base, Back, Back},
+        {new QLineEdit(&window), "", QPalette::Text, Fore, Fore},
+        {new QLineEdit(&window), "NOCOLOR", QPalette::Base, Desktop, Desktop},
+        {new QPlainTextEdit(&window), "", QPalette::Base, Back, Back},
+        {new QWidget(&window), "", QPalette::Window, Back, Back},
+        {frame(QFrame::HLine), "", QPalette::WindowText, Line, Line},
+        {frame(QFrame::Box), "", QPalette::WindowText, Border, Border},
+        {frame(QFrame::Box), "BORDONLY", QPalette::WindowText, Border, Border},
     };
+    for (const auto& c : cases) {
+        c.control->setObjectName(Text("named"));
+        c.control->setProperty(TagProperty, Text(c.tag));
+        c.control->setAutoFillBackground(Text(c.tag) == Text("NOCOLOR"));
+    }
     for (const int index : {0, 1, 4}) {
         const SkinColors& skin = RoleColors(index);
         SkinControls(window, TwoColors(), index, skin);
@@ -95,11 +80,11 @@ TEST(SkinControlsTest, TypeAndTagGiveTheColour) {
             {Line, ToColor(skin.SkinLineColor)},
             {Border, ToColor(skin.SkinForeColor)},
             {Link, ToColor(skin.SkinLinkColor)}};
-        for (const auto& [control, role, skinned, plain] : cases) {
+        for (const auto& [control, tag, role, skinned, plain] : cases) {
             const Color color = index == 0 ? plain : skinned;
-            EXPECT_EQ(FindIn(window, control).palette().color(role),
+            EXPECT_EQ(control->palette().color(role),
                       color == Desktop ? QApplication::palette().color(role) : colors.at(color))
-                << control << " under " << index;
+                << control->metaObject()->className() << tag << role << " under " << index;
         }
     }
 }

@@ -45,6 +45,15 @@ protected:
     QColor Pixel(const char* part, const QPoint& at) const {
         return Part(part).grab().toImage().pixelColor(at);
     }
+    /// With the button down over the part, from one place to another in its window.
+    static void Drag(QWidget& part, const QPoint& from, const QPoint& by) {
+        const QPoint onScreen = part.window()->mapToGlobal(from);
+        QTest::mousePress(&part, Qt::LeftButton, {}, part.mapFrom(part.window(), from));
+        // The part moves with the window.
+        for (const QPoint& place : {onScreen + by / 2, onScreen + by})
+            QTest::mouseMove(&part, part.mapFromGlobal(place));
+        QTest::mouseRelease(&part, Qt::LeftButton, {}, part.mapFromGlobal(onScreen + by));
+    }
 
     PlainSkin skin;
     PlainWindow window;
@@ -99,9 +108,7 @@ TEST_F(PaintedFrameTest, KeepsTheClientSizeOfAHiddenWindow) {
         EXPECT_FALSE(FindIn(dialog, name).isVisible());
     const QSize size = dialog.size();
     QWidget& edge = FindIn(dialog, "frameEdgeRight");
-    QTest::mousePress(&edge, Qt::LeftButton, {}, QPoint(2, 60));
-    QTest::mouseMove(&edge, QPoint(40, 60));
-    QTest::mouseRelease(&edge, Qt::LeftButton, {}, QPoint(40, 60));
+    Drag(edge, edge.pos() + QPoint(2, 60), {38, 0});
     EXPECT_EQ(edge.cursor().shape(), Qt::ArrowCursor);
     QTest::mouseDClick(&FindIn(dialog, "frameTitleBar"), Qt::LeftButton, {}, QPoint(100, 20));
     EXPECT_EQ(dialog.size(), size);
@@ -199,35 +206,19 @@ protected:
     }
 
     QMenu& Menu() const { return FindIn<QMenu>(window, "frameSystemMenu"); }
-
-    static QAction& Item(const QMenu& menu, const char* text) {
-        for (QAction* action : menu.actions()) {
-            if (action->text() == QLatin1String(text))
-                return *action;
-        }
-        qFatal("There is no item %s.", text);
+    QAction& Item(const char* text) const {
+        const QList<QAction*> items = Menu().actions();
+        return **std::find_if(items.begin(), items.end(),
+                              [&](const QAction* item) { return item->text() == Text(text); });
     }
 
     void Pick(const char* text) {
-        QTest::mouseClick(&Menu(), Qt::LeftButton, {},
-                          Menu().actionGeometry(&Item(Menu(), text)).center());
+        QTest::mouseClick(&Menu(), Qt::LeftButton, {}, Menu().actionGeometry(&Item(text)).center());
         Activate();
     }
 
-    void PressKeys(std::initializer_list<Qt::Key> keys) {
-        for (const Qt::Key key : keys)
-            QTest::keyClick(&window, key);
-    }
-
-    /// With the button down over the part, from one place to another in the window.
-    void Drag(const char* name, const QPoint& from, const QPoint& by) {
-        QWidget& part = Part(name);
-        const QPoint onScreen = window.mapToGlobal(from);
-        QTest::mousePress(&part, Qt::LeftButton, {}, part.mapFrom(&window, from));
-        // The part moves with the window.
-        QTest::mouseMove(&part, part.mapFromGlobal(onScreen + by / 2));
-        QTest::mouseMove(&part, part.mapFromGlobal(onScreen + by));
-        QTest::mouseRelease(&part, Qt::LeftButton, {}, part.mapFromGlobal(onScreen + by));
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(&window, key, modifiers);
     }
 
     const QRect before{100, 100, 400, 300};
@@ -256,29 +247,29 @@ TEST_F(FrameInputTest, MovesByItsTitleAndResizesByEveryEdgeAndCorner) {
         QWidget& part = Part(name);
         QTest::mouseMove(&part, part.mapFrom(&window, from));
         EXPECT_EQ(part.cursor().shape(), cursor) << name;
-        Drag(name, from, {10, 20});
+        Drag(part, from, {10, 20});
         EXPECT_EQ(window.geometry(),
                   before.adjusted(moved.left(), moved.top(), moved.right(), moved.bottom()))
             << name << from.x();
     }
     window.setGeometry(before);
-    Drag("frameTitleBar", {150, 20}, {3, 0}); // a click with an unsteady hand
+    Drag(Part("frameTitleBar"), {150, 20}, {3, 0}); // a click with an unsteady hand
     EXPECT_EQ(window.geometry(), before);
     // The far edge stays where it is when the smallest size is reached.
-    Drag("frameEdgeTop", {3, 1}, {900, 900});
+    Drag(Part("frameEdgeTop"), {3, 1}, {900, 900});
     EXPECT_EQ(window.geometry(), QRect(300, 250, 200, 150));
 }
 
 TEST_F(FrameInputTest, OpensTheSystemMenu) {
     Click("frameTitleBar", icon);
     EXPECT_TRUE(Menu().isVisible());
-    EXPECT_FALSE(Item(Menu(), "&Restore").isEnabled());
-    EXPECT_TRUE(Item(Menu(), "&Size").isEnabled());
+    EXPECT_FALSE(Item("&Restore").isEnabled());
+    EXPECT_TRUE(Item("&Size").isEnabled());
     Pick("Ma&ximize");
     EXPECT_TRUE(window.isMaximized());
 
-    QTest::keyClick(&window, Qt::Key_Space, Qt::AltModifier);
-    EXPECT_FALSE(Item(Menu(), "&Move").isEnabled() || Item(Menu(), "Ma&ximize").isEnabled());
+    Press(Qt::Key_Space, Qt::AltModifier);
+    EXPECT_FALSE(Item("&Move").isEnabled() || Item("Ma&ximize").isEnabled());
     QTest::keyClick(&Menu(), Qt::Key_R);
     EXPECT_FALSE(window.isMaximized());
 
@@ -297,7 +288,7 @@ TEST_F(FrameInputTest, ClosesByADoubleClickOnTheIconAndByKey) {
     EXPECT_FALSE(Menu().isVisible() || window.isVisible());
     Open();
     QTest::mouseRelease(&window, Qt::LeftButton);
-    QTest::keyClick(&window, Qt::Key_F4, Qt::AltModifier);
+    Press(Qt::Key_F4, Qt::AltModifier);
     EXPECT_FALSE(window.isVisible());
 }
 
@@ -305,22 +296,24 @@ TEST_F(FrameInputTest, MovesAndResizesByKeys) {
     const QShortcut shortcut(Qt::Key_Return, &window);
     const QSignalSpy pressed(&shortcut, &QShortcut::activated);
 
-    QTest::keyClick(&window, Qt::Key_Space, Qt::AltModifier);
+    Press(Qt::Key_Space, Qt::AltModifier);
     Pick("&Move");
-    QTest::keyClick(&window, Qt::Key_Right);
-    QTest::keyClick(&window, Qt::Key_Down, Qt::ControlModifier);
-    PressKeys({Qt::Key_Return, Qt::Key_Left});
-    EXPECT_EQ(window.geometry(), QRect(108, 101, 400, 300));
+    Press(Qt::Key_Right);
+    Press(Qt::Key_Down, Qt::ControlModifier);
+    Press(Qt::Key_Return);
+    Press(Qt::Key_Left);
+    EXPECT_EQ(window.geometry(), before.translated(8, 1));
     EXPECT_EQ(pressed.count(), 0) << "the key was for the frame";
-    PressKeys({Qt::Key_Return});
+    Press(Qt::Key_Return);
     EXPECT_EQ(pressed.count(), 1);
 
-    QTest::keyClick(&window, Qt::Key_Space, Qt::AltModifier);
+    Press(Qt::Key_Space, Qt::AltModifier);
     Pick("&Size");
-    PressKeys({Qt::Key_Left, Qt::Key_Up});
+    Press(Qt::Key_Left);
+    Press(Qt::Key_Up);
     EXPECT_EQ(window.geometry(), QRect(108, 101, 392, 292));
-    PressKeys({Qt::Key_Escape});
-    EXPECT_EQ(window.geometry(), QRect(108, 101, 400, 300));
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(window.geometry(), before.translated(8, 1));
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 

@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <array>
+#include <span>
 
 namespace netrove {
 
@@ -30,7 +31,6 @@ public:
         configuration.TitleMetric4 = 40;
         configuration.TitleMetric5 = 60;
         configuration.TitleMetric6 = 80;
-        configuration.TitleColor1 = 0x000000;
         configuration.TitleColor2 = 0x808080;
         configuration.BarColor1 = 0x0000C0;
         configuration.BarColor2 = 0x00FFFF;
@@ -46,16 +46,14 @@ public:
 
 private:
     /// The second row is darker.
-    template <std::size_t Count>
-    static QPixmap Picture(const std::array<Qt::GlobalColor, Count>& colors, int width,
-                           int height) {
-        const int count = static_cast<int>(Count);
-        QPixmap picture(count * width, 2 * height);
+    static QPixmap Picture(std::span<const Qt::GlobalColor> colors, int width, int height) {
+        QPixmap picture(int(colors.size()) * width, 2 * height);
         QPainter painter(&picture);
-        for (int index = 0; index < count; ++index) {
-            const QColor color = colors[std::size_t(index)];
-            painter.fillRect(index * width, 0, width, height, color);
-            painter.fillRect(index * width, height, width, height, color.darker());
+        int x = 0;
+        for (const QColor color : colors) {
+            painter.fillRect(x, 0, width, height, color);
+            painter.fillRect(x, height, width, height, color.darker());
+            x += width;
         }
         return picture;
     }
@@ -65,9 +63,7 @@ private:
 class PlainWindow : public QMainWindow {
 public:
     PlainWindow() {
-        setWindowTitle(QStringLiteral("Plain"));
         menuBar()->addMenu(QStringLiteral("&File"))->addAction(QStringLiteral("Any"));
-        menuBar()->addMenu(QStringLiteral("&Help"));
         setCentralWidget(new QWidget);
         setGeometry(60, 60, 400, 300);
     }
