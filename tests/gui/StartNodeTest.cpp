@@ -15,7 +15,7 @@ protected:
         network.AddFile(Text("\\\\U\\D\\one.mp3"));
         network.OnCall = [this](const QString& call) {
             calls.append(call);
-            waited = waited && window.cursor().shape() == Qt::WaitCursor;
+            waited = waited && window->cursor().shape() == Qt::WaitCursor;
         };
         Open();
     }
@@ -25,14 +25,25 @@ protected:
         calls.clear();
         dialogs.Take();
         dialogs.Inputs = QStringList(Text(answer));
-        Click("cmdInpNetNode");
+        Click("cmdInpNetNode", index == 3 ? Qt::RightButton : Qt::LeftButton);
         Pick("mnuPopUp6", Text("mnuInpNetNode(%1)").arg(index).toLatin1().constData());
-        EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+        EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
     }
 
-    static void Choose(frmNWDialog& browser, const char* key) {
-        FindIn<TreeView>(browser, "tvwNetwork").SetSelected(Text(key));
-        QTest::mouseClick(&FindIn(browser, "cmdOk"), Qt::LeftButton);
+    /// Chooses a node in the browser; gives whether it was marked there as excluded.
+    bool Choose(const char* key) {
+        bool isMarked = false;
+        Browse([&](frmNWDialog& browser) {
+            EXPECT_FALSE(Find("cmdStartSearch").isEnabled() || Find("cmdAbandon").isEnabled() ||
+                         Find<QAction>("mnuCont").isEnabled());
+            auto& tree = FindIn<TreeView>(browser, "tvwNetwork");
+            isMarked = tree.ForeColor(Text(key)).isValid();
+            tree.SetSelected(Text(key));
+            QTest::mouseClick(&FindIn(browser, "cmdOk"), Qt::LeftButton);
+        });
+        EXPECT_EQ(window->findChildren<frmNWDialog*>().size(), 0);
+        EXPECT_TRUE(Find("cmdStartSearch").isEnabled() && Find<QAction>("mnuCont").isEnabled());
+        return isMarked;
     }
 
     QStringList calls;
@@ -73,6 +84,10 @@ TEST_F(StartNode, IsFoundByNameOrStays) {
         EXPECT_EQ(!calls.isEmpty(), isAsked);
     }
     EXPECT_TRUE(waited);
+    dialogs.OnInput = [] { throw RunTimeError(ErrorNumber::OutOfMemory); };
+    Input(1, "WG");
+    EXPECT_EQ(dialogs.Shown.last(), Text("Error in setting Network node: 7\r\nOut of memory"));
+    EXPECT_EQ(StartNodeText(), Text("HOME"));
     Input(3, "");
     EXPECT_EQ(StartNodeText(), Text("[Root]"));
     EXPECT_EQ(dialogs.Boxes(), "");
@@ -89,7 +104,6 @@ TEST_F(StartNode, StandsForTheUsualNameFirst) {
 }
 
 TEST_F(StartNode, IsSearchedAndKeepsWhatWasRead) {
-    Input(0, "T");
     // Searches \\T; whether that asked it for its shares.
     const auto searchAsks = [this] {
         calls.clear();
@@ -97,89 +111,45 @@ TEST_F(StartNode, IsSearchedAndKeepsWhatWasRead) {
         EXPECT_EQ(Rows(), Texts({"\\\\T\\D\\one.mp3"}));
         return calls.contains(Text("open \\\\T"));
     };
-    EXPECT_TRUE(searchAsks());
-    EXPECT_FALSE(searchAsks());
-    Input(0, "nobody");
-    EXPECT_FALSE(searchAsks());
-    Input(0, "T");
-    EXPECT_TRUE(searchAsks()) << "a new node reads the network anew";
-    Input(3, "");
-    Click("cmdStartSearch");
-    EXPECT_EQ(Rows().size(), 3);
+    for (int round = 0; round < 2; ++round) {
+        Input(0, "T");
+        EXPECT_TRUE(searchAsks()) << "a new node reads the network anew";
+        EXPECT_FALSE(searchAsks());
+        Input(0, "nobody");
+        EXPECT_FALSE(searchAsks());
+    }
 }
 
 TEST_F(StartNode, ComesFromTheBrowser) {
-    const auto expectEnabled = [&](bool enabled) {
-        for (const char* name : {"cmdStartSearch", "cmdSetSearchStart", "cmdInpNetNode",
-                                 "LstSearchFor", "chkRecurse", "cmdAbandon"})
-            EXPECT_EQ(Find(name).isEnabled(), enabled) << name;
-        EXPECT_EQ(Find<QAction>("mnuCont").isEnabled(), enabled);
-    };
-    EXPECT_FALSE(Find("cmdAbandon").isEnabled());
-    Browse([&](frmNWDialog& browser) {
-        expectEnabled(false);
-        Choose(browser, "??Other");
-    });
+    Choose("??Other");
     EXPECT_EQ(StartNodeText(), Text("Other"));
-    expectEnabled(true);
     Click("cmdAbandon");
     EXPECT_TRUE(WhileWaiting()) << "no wait is given up for what was pressed while nothing runs";
     calls.clear();
     Click("cmdStartSearch");
     EXPECT_EQ(Rows(), Texts({"\\\\U\\D\\one.mp3"}));
-    ExpectCaption("Returned 1 files in ");
-    EXPECT_FALSE(Find("cmdAbandon").isEnabled());
     EXPECT_FALSE(calls.contains(Text("open ")));
-
     Browse([](frmNWDialog& browser) { QTest::keyClick(&browser, Qt::Key_Escape); });
     EXPECT_EQ(StartNodeText(), Text("Other"));
-    expectEnabled(true);
+
+    Settings& settings = window->ProgramSettings();
+    settings.ExcNetNodes = Texts({"Net|True|Network"});
+    EXPECT_TRUE(Choose("??Net"));
     EXPECT_EQ(dialogs.Boxes(), "");
-}
-
-TEST_F(StartNode, BrowserSeesWhatIsExcluded) {
-    bool isMarked = false;
-    const auto choose = [&](frmNWDialog& browser) {
-        isMarked = FindIn<TreeView>(browser, "tvwNetwork").ForeColor(Text("??Net")).isValid();
-        Choose(browser, "??Net");
-    };
-    window.ProgramSettings().ExcNetNodes = Texts({"Net|True|Network"});
-    Browse(choose);
-    EXPECT_TRUE(isMarked);
-    window.ProgramSettings().ExcNetNodes = Texts({"Net"});
+    settings.ExcNetNodes = Texts({"Net"});
     Click("cmdSetSearchStart");
-    EXPECT_EQ(dialogs.Boxes(), "Error in browsing network: 9\r\nSubscript out of range");
+    EXPECT_EQ(dialogs.Take(), "Error in browsing network: 9\r\nSubscript out of range");
     EXPECT_EQ(StartNodeText(), Text("Net"));
-    EXPECT_TRUE(Find("cmdStartSearch").isEnabled());
-    window.ProgramSettings().ExcludeNetNodes = false;
-    Browse(choose);
-    EXPECT_EQ(dialogs.Shown.size(), 1) << "the entries weren't read";
+    settings.ExcludeNetNodes = false;
+    EXPECT_FALSE(Choose("??Net"));
+    EXPECT_EQ(dialogs.Boxes(), "") << "the entries weren't read";
 }
 
-TEST_F(StartNode, FailuresEndInABox) {
-    Input(0, "T");
-    dialogs.OnInput = [] { throw RunTimeError(ErrorNumber::OutOfMemory); };
-    Input(1, "WG");
-    EXPECT_EQ(dialogs.Shown.last(), Text("Error in setting Network node: 7\r\nOut of memory"));
-    EXPECT_EQ(StartNodeText(), Text("\\\\T"));
-    dialogs.OnInput = {};
-    network.OnCall = [](const QString& call) {
-        if (call.startsWith(Text("workgroup ")))
-            throw RunTimeError(ErrorNumber::DeviceIOError);
-    };
-    Input(0, "S");
-    EXPECT_EQ(dialogs.Shown.last(), Text("Workstation Error...: Invalid Workstation!"));
-    EXPECT_EQ(StartNodeText(), Text("\\\\T"));
-}
-
-TEST_F(StartNode, MenusOpenUnderTheMouse) {
-    RightClick("cmdInpNetNode");
-    Pick("mnuPopUp6", "mnuInpNetNode(3)");
-
+TEST_F(StartNode, MenuOfPatternsOpensUnderTheMouse) {
     const auto& input = Find<QComboBox>("LstSearchFor");
+    auto& picture = Find("imgFiles(0)");
     Click("imgFiles(0)");
     EXPECT_FALSE(Find("mnuPopUp5").isVisible());
-    auto& picture = Find("imgFiles(0)");
     QTest::mouseClick(&picture, Qt::RightButton, Qt::NoModifier, QPoint(3, 4));
     EXPECT_EQ(Find("mnuPopUp5").pos(), picture.mapToGlobal(QPoint(3, 4)));
     Pick("mnuPopUp5", "mnuFiles(3)");
@@ -188,13 +158,12 @@ TEST_F(StartNode, MenusOpenUnderTheMouse) {
     EXPECT_EQ(Caption(), Text("---"));
     EXPECT_EQ(dialogs.Boxes(), "");
 
-    window.ProgramSettings().AutoAsterisks = false;
+    window->ProgramSettings().AutoAsterisks = false;
     dialogs.OnMessage = [&] { EXPECT_FALSE(Find("mnuPopUp5").isVisible()); };
-    RightClick("imgFiles(0)");
-    EXPECT_TRUE(Text(dialogs.TakeWhole().c_str())
-                    .startsWith(Text("information: Auto-Asterisks is turned off: The option "
-                                     "'Auto-Enclose Search Parameters with Asterisks' is currently "
-                                     "set \r\nto 'No'. ")));
+    Click("imgFiles(0)", Qt::RightButton);
+    EXPECT_TRUE(dialogs.TakeWhole().starts_with(
+        "information: Auto-Asterisks is turned off: The option 'Auto-Enclose Search Parameters "
+        "with Asterisks' is currently set \r\nto 'No'. "));
     Pick("mnuPopUp5", "mnuFiles(7)");
     EXPECT_EQ(input.currentText(), Text("*.*"));
 }
@@ -211,7 +180,6 @@ TEST_F(StartNode, SearchTextIsSelectedWhenItGetsTheFocus) {
     Find("chkRecurse").setFocus();
     Find("LstSearchFor").setFocus();
     EXPECT_EQ(input.selectedText(), Text("*.mp3"));
-    EXPECT_EQ(input.selectionStart(), 0);
     input.deselect();
     Find<QMenu>("mnuPopUp6").popup(QPoint());
     Find<QMenu>("mnuPopUp6").close();

@@ -21,11 +21,11 @@ struct TestDesktop {
     RecordedHttp http;
     FakeTray tray;
     WindowYield yield;
+    std::function<std::unique_ptr<CopyQ>()> newCopyQ = [] { return nullptr; };
 
     /// For a window over this network, whose settings are in that folder.
     template <typename SomeNetwork>
-    ProgramServices ServicesIn(const QString& applicationFolder, SomeNetwork& network,
-                               std::function<std::unique_ptr<CopyQ>()> newCopyQ = {}) {
+    ProgramServices ServicesIn(const QString& applicationFolder, SomeNetwork& network) {
         return {.network = network,
                 .files = network,
                 .dialogs = dialogs,
@@ -38,16 +38,15 @@ struct TestDesktop {
                 .webAddress = QStringLiteral("https://www.example.com/"),
                 .contactAddress = QStringLiteral("netrove@example.com"),
                 .http = &http,
-                .newCopyQ = std::move(newCopyQ),
+                .newCopyQ = [this] { return newCopyQ(); },
                 .letAbandon =
                     [this](QAbstractButton& button, std::function<bool()> isPressed) {
                         yield.SetAbandon(button, std::move(isPressed));
                     }};
     }
     template <typename SomeNetwork>
-    ProgramServices Services(SomeNetwork& network,
-                             std::function<std::unique_ptr<CopyQ>()> newCopyQ = {}) {
-        return ServicesIn(folder.path(), network, std::move(newCopyQ));
+    ProgramServices Services(SomeNetwork& network) {
+        return ServicesIn(folder.path(), network);
     }
 };
 

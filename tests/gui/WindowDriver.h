@@ -5,30 +5,33 @@
 #include "fakes/Find.h"
 #include "fakes/ListHands.h"
 #include "fakes/UseDialog.h"
+#include "gui/TestDesktop.h"
 #include "mainwindow/frmNetrove.h"
 
 namespace netrove {
 
-/// Uses the main window as its user does: with keys and mouse, finding controls by their names.
-class WindowDriver {
+/// The real window, used as its user does: with keys and mouse, finding controls by their names.
+class WindowDriver : public TestDesktop {
 public:
-    explicit WindowDriver(frmNetrove& window) : window_(window) {}
-
     void Open() {
-        window_.Form_Load();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+        window->Form_Load();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
         Activate();
+    }
+
+    void Activate() {
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
 
     template <typename Object = QWidget>
     Object& Find(const char* name) {
-        return FindIn<Object>(window_, name);
+        return FindIn<Object>(*window, name);
     }
 
-    void Click(const char* name) { QTest::mouseClick(&Find(name), Qt::LeftButton); }
-
-    /// Presses the right button in the middle of the control.
-    void RightClick(const char* name) { QTest::mouseClick(&Find(name), Qt::RightButton); }
+    void Click(const char* name, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(&Find(name), button);
+    }
 
     void Trigger(const char* item) { Find<QAction>(item).trigger(); }
 
@@ -43,22 +46,13 @@ public:
         Activate();
     }
 
-    void Activate() {
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
-    }
-
-    void Type(const char* text) {
+    /// Types the text and presses Enter; gives back control when the search has ended.
+    void Search(const char* text) {
         auto& input = Find<QComboBox>("LstSearchFor");
         input.setFocus();
         input.lineEdit()->selectAll();
         QTest::keyClicks(&input, Text(text));
-    }
-
-    /// Types the text and presses Enter; gives back control when the search has ended.
-    void Search(const char* text) {
-        Type(text);
-        QTest::keyClick(&Find("LstSearchFor"), Qt::Key_Return);
+        QTest::keyClick(&input, Qt::Key_Return);
     }
 
     /// Opens the browser with the mouse, and lets the user act on it once its first level is there.
@@ -70,7 +64,14 @@ public:
                                        timer.start(0);
                                    return FindIn(browser, "cmdOk").isEnabled();
                                });
-        EXPECT_TRUE(window_.findChildren<frmNWDialog*>().isEmpty());
+        Activate();
+    }
+
+    /// Has the menu's item put up a modal dialog, and lets the user act on that.
+    template <typename Dialog>
+    void InDialog(const char* item, const std::function<void(Dialog&)>& use) {
+        UseDialog<Dialog>([&] { Trigger(item); }, use,
+                          [](Dialog& dialog) { return dialog.isActiveWindow(); });
         Activate();
     }
 
@@ -78,12 +79,17 @@ public:
     void ExpectCaption(const char* beginning) {
         EXPECT_TRUE(Caption().startsWith(Text(beginning))) << Caption().toStdString();
     }
-    QString StatusText(int panel) { return Find<StatusBar>("stbStatus").Text(panel); }
+    StatusBar& Bar() { return Find<StatusBar>("stbStatus"); }
     QString StartNodeText() { return Find<QLineEdit>("txtSearchStart").text(); }
 
     ListView& Results() { return Find<ListView>("lvwResults"); }
     ListView& Downloads() { return Find<ListView>("lvwDownloads"); }
 
+    /// Has the timers of the downloads not keep a test waiting.
+    void HurryDownloads() {
+        for (const char* timer : {"DloadScanTmr", "DloadQueueTmr"})
+            Find<QTimer>(timer).setInterval(1);
+    }
     /// Selects all results and presses Enter.
     void DownloadAll() {
         Results().setFocus();
@@ -105,8 +111,7 @@ public:
         return rows;
     }
 
-private:
-    frmNetrove& window_;
+    std::unique_ptr<frmNetrove> window;
 };
 
 } // namespace netrove

@@ -1,18 +1,20 @@
 #pragma once
 
 #include "fakes/MemoryNetwork.h"
-#include "gui/TestDesktop.h"
 #include "gui/WindowDriver.h"
 
 #include <gtest/gtest.h>
 
 namespace netrove {
 
-/// The real window over a network in memory, used with keys and mouse.
-class WindowTest : public testing::Test, public TestDesktop, public WindowDriver {
+/// The window over a network in memory.
+class WindowTest : public testing::Test, public WindowDriver {
 protected:
-    explicit WindowTest(std::function<std::unique_ptr<CopyQ>()> newCopyQ = {})
-        : WindowDriver(window), window(Services(network, std::move(newCopyQ))) {}
+    WindowTest() { Make(); }
+    ~WindowTest() override { window.reset(); }
+
+    /// A new window over what the last one has left behind.
+    void Make() { window = std::make_unique<frmNetrove>(Services(network)); }
 
     /// Adds a file and the computer and the share that it lies on.
     void AddFile(const char* path, qint64 length = 0) {
@@ -35,7 +37,6 @@ protected:
     }
 
     MemoryNetwork network;
-    frmNetrove window;
 };
 
 constexpr auto SearchInProgress =

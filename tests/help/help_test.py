@@ -17,10 +17,9 @@ OPEN = {"meta", "link", "img", "br", "tr", "th", "td", "li", "dt", "dd"}
 class Page(html.parser.HTMLParser):
     def __init__(self, path):
         super().__init__()
-        self.links, self.pictures, self.problems, self.stack, self.words = [], [], [], [], []
+        self.links, self.pictures, self.problems, self.stack, self.text = [], [], [], [], ""
         self.feed(path.read_text(encoding="utf-8"))
         self.problems += [f"<{tag}> stays open" for tag in self.stack]
-        self.text = re.sub(r"\s+", " ", "".join(self.words))
 
     def handle_starttag(self, tag, attrs):
         values = dict(attrs)
@@ -36,40 +35,31 @@ class Page(html.parser.HTMLParser):
             self.problems.append(f"</{tag}> in line {self.getpos()[0]} ends nothing")
 
     def handle_data(self, data):
-        self.words.append(data)
+        self.text += data
 
 
 class Help(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.pages = {path.name: Page(path) for path in HELP.glob("*.html")}
-        assert len(cls.pages) > 20, HELP
-
-    def test_pages_are_whole(self):
-        for name, page in self.pages.items():
+    def test_pages_are_whole_and_lead_somewhere(self):
+        pages = {path.name: Page(path) for path in HELP.glob("*.html")}
+        self.assertGreater(len(pages), 20)
+        for name, page in pages.items():
             self.assertEqual(page.problems, [], name)
             self.assertNotIn("@", re.sub(r"\w+@\w+", "", page.text), name)
-
-    def test_links_and_pictures_lead_somewhere(self):
-        linked, pictures = set(), set()
-        for name, page in self.pages.items():
             for target in page.links + page.pictures:
                 self.assertTrue((HELP / target).is_file(), f"{name}: {target}")
-            pictures.update(page.pictures)
-        linked.update(self.pages["Netrove.html"].links)
-        self.assertEqual(set(self.pages) - linked, {"Netrove.html"}, "not in the contents")
+        linked = {"Netrove.html", *pages["Netrove.html"].links}
+        self.assertEqual(set(pages) - linked, set(), "not in the contents")
         drawn = {f"pictures/{path.name}" for path in (HELP / "pictures").iterdir()}
-        self.assertEqual(drawn - pictures, set(), "shown nowhere")
+        shown = {picture for page in pages.values() for picture in page.pictures}
+        self.assertEqual(drawn - shown, set(), "shown nowhere")
 
-    def test_menus_are_told(self):
-        source = MENU.read_text(encoding="utf-8")
         marked = r'(?:QT_TRANSLATE_NOOP\("[^"]+",\s*)?'
-        captions = re.findall(rf'\{{"\w+(?:\(\d+\))?",\s*{marked}"([^"]+)"', source)
+        captions = re.findall(rf'\{{"\w+(?:\(\d+\))?",\s*{marked}"([^"]+)"',
+                              MENU.read_text(encoding="utf-8"))
         self.assertGreater(len(captions), 50)
-        text = " ".join(page.text for page in self.pages.values())
-        missing = [caption for caption in captions
-                   if caption.replace("&", "").strip() not in text]
-        self.assertEqual(missing, [])
+        text = re.sub(r"\s+", " ", " ".join(page.text for page in pages.values()))
+        self.assertEqual([caption for caption in captions
+                          if caption.replace("&", "").strip() not in text], [])
 
 
 if __name__ == "__main__":

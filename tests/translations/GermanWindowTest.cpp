@@ -1,9 +1,7 @@
 #include "browser/ComputerChooser.h"
 #include "fakes/Files.h"
 #include "fakes/MemoryKeyring.h"
-#include "fakes/MemoryNetwork.h"
-#include "gui/TestDesktop.h"
-#include "gui/WindowDriver.h"
+#include "gui/WindowTest.h"
 #include "logons/frmLogon.h"
 #include "logons/frmLogons.h"
 #include "redirector/ComputerReport.h"
@@ -15,87 +13,59 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include <utility>
-
 namespace netrove {
 namespace {
 
 /// Who shows a text, and the text.
 using ShownText = std::pair<QString, QString>;
 
-void AddTexts(const QWidget& widget, std::vector<ShownText>& texts) {
-    const auto add = [&](const QString& text) { texts.emplace_back(widget.objectName(), text); };
-    add(widget.toolTip());
-    add(widget.accessibleName());
-    add(widget.accessibleDescription());
-    if (widget.isWindow())
-        add(widget.windowTitle());
-    if (const auto* label = qobject_cast<const QLabel*>(&widget))
-        add(label->text());
-    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
-        add(button->text());
-    if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
-        add(line->placeholderText());
-    if (const auto* text = qobject_cast<const QPlainTextEdit*>(&widget))
-        add(text->toPlainText());
-    if (const auto* box = qobject_cast<const QComboBox*>(&widget)) {
-        for (int at = 0; at < box->count(); ++at)
-            add(box->itemText(at));
-    }
-    if (const auto* view = qobject_cast<const QAbstractItemView*>(&widget);
-        view && view->findChild<QHeaderView*>()) {
-        for (int column = 0; column < view->model()->columnCount(); ++column)
-            add(view->model()->headerData(column, Qt::Horizontal).toString());
-    }
-}
-
-bool IsOfQt(const QWidget& widget) {
-    return qobject_cast<const QDialogButtonBox*>(widget.parentWidget()) ||
-           qobject_cast<const QTabBar*>(widget.parentWidget());
-}
-
 /// Every text of the window but those of Qt's own buttons, always in the same order.
 std::vector<ShownText> TextsOf(const QWidget& window) {
     std::vector<ShownText> texts;
-    AddTexts(window, texts);
+    QList<const QWidget*> widgets{&window};
     for (const QWidget* widget : window.findChildren<QWidget*>()) {
-        if (!IsOfQt(*widget))
-            AddTexts(*widget, texts);
+        const QWidget* parent = widget->parentWidget();
+        if (!qobject_cast<const QDialogButtonBox*>(parent) && !qobject_cast<const QTabBar*>(parent))
+            widgets.append(widget);
+    }
+    for (const QWidget* widget : widgets) {
+        const auto add = [&](const QVariant& text) {
+            texts.emplace_back(widget->objectName(), text.toString());
+        };
+        for (const char* name : {"toolTip", "accessibleName", "accessibleDescription", "text",
+                                 "placeholderText", "plainText"})
+            add(widget->property(name));
+        if (widget->isWindow())
+            add(widget->windowTitle());
+        if (const auto* box = qobject_cast<const QComboBox*>(widget)) {
+            for (int at = 0; at < box->count(); ++at)
+                add(box->itemText(at));
+        }
+        if (const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+            view && view->findChild<QHeaderView*>()) {
+            for (int column = 0; column < view->model()->columnCount(); ++column)
+                add(view->model()->headerData(column, Qt::Horizontal));
+        }
     }
     for (const QAction* action : window.findChildren<QAction*>())
         texts.emplace_back(action->objectName(), action->text());
     return texts;
 }
 
-using TextMaker = std::function<std::vector<ShownText>()>;
-
-/// The texts in English and in German.
+/// What differs and what doesn't between the texts in English and in German.
 struct BothLanguages {
-    explicit BothLanguages(const TextMaker& texts) : english(texts()) {
+    explicit BothLanguages(const std::function<std::vector<ShownText>()>& texts) : german(texts()) {
+        const auto english = std::exchange(german, {});
         const Translation translation({Text("de")});
         german = texts();
         EXPECT_EQ(english.size(), german.size());
-    }
-
-    /// The names of those whose text is another one in German.
-    [[nodiscard]] std::string Changed() const {
-        QStringList names;
         for (std::size_t at = 0; at < std::min(english.size(), german.size()); ++at) {
             EXPECT_EQ(english[at].first, german[at].first);
             if (english[at].second != german[at].second)
-                names.append(english[at].first);
-        }
-        return Sorted(names);
-    }
-
-    /// English texts that are the same in German.
-    [[nodiscard]] std::string Same() const {
-        QStringList same;
-        for (std::size_t at = 0; at < std::min(english.size(), german.size()); ++at) {
-            if (!english[at].second.isEmpty() && english[at].second == german[at].second)
+                changed.append(english[at].first);
+            else if (!english[at].second.isEmpty())
                 same.append(english[at].second);
         }
-        return Sorted(same);
     }
 
     static std::string Sorted(QStringList texts) {
@@ -104,8 +74,9 @@ struct BothLanguages {
         return texts.join(u' ').toStdString();
     }
 
-    std::vector<ShownText> english;
     std::vector<ShownText> german;
+    QStringList changed; ///< the names of those whose text is another one in German
+    QStringList same;    ///< English texts that are the same in German
 };
 
 /// No two of them are pressed by the same letter.
@@ -122,33 +93,31 @@ void ExpectOwnKeys(const std::vector<ShownText>& texts) {
 constexpr const char* FrameParts =
     " frameButtonClose frameButtonMaximize frameButtonMinimize frameSystemMenu frameTitleBar";
 
-class GermanWindow : public testing::Test, public TestDesktop {
+class GermanWindow : public WindowTest {
 protected:
     void SetUp() override {
         if (!Translation({Text("de")}).IsLoaded())
             GTEST_SKIP() << "built without lrelease";
     }
-
-    MemoryNetwork network;
 };
 
 TEST_F(GermanWindow, OnlyOurTextsOfTheMainWindowChange) {
     QList<QByteArray> settings;
     const BothLanguages both([&] {
-        frmNetrove window(Services(network));
-        WindowDriver(window).Open();
-        auto texts = TextsOf(window);
+        Make();
+        Open();
+        auto texts = TextsOf(*window);
         std::vector<ShownText> tools;
-        for (const QAction* item : window.findChild<QMenu*>(Text("mnuTools"))->actions())
+        for (const QAction* item : Find<QMenu>("mnuTools").actions())
             tools.emplace_back(item->objectName(), item->text());
         ExpectOwnKeys(tools);
-        window.close();
+        window->close();
         settings.append(ReadFile(IniFileName(folder.path())));
         QFile::remove(IniFileName(folder.path()));
         return texts;
     });
-    EXPECT_EQ(both.Changed(), FrameParts);
-    EXPECT_EQ(settings.value(0).toStdString(), settings.value(1).toStdString());
+    EXPECT_EQ(BothLanguages::Sorted(both.changed), FrameParts);
+    EXPECT_EQ(settings.value(0), settings.value(1));
 }
 
 TEST_F(GermanWindow, OnlyOurTextsOfTheHelpMenusDialogsChange) {
@@ -161,19 +130,17 @@ TEST_F(GermanWindow, OnlyOurTextsOfTheHelpMenusDialogsChange) {
         {"UpdateMnu", " txtInfo"},
         {"mnuOpts", " lvwExcNetNode"},
     };
-    frmNetrove window(Services(network));
-    WindowDriver(window).Open();
+    Open();
     for (const auto& [item, changed] : cases) {
-        const BothLanguages both([&, name = Text(item)] {
+        const BothLanguages both([this, name = item] {
             std::vector<ShownText> texts;
-            UseDialog<QWidget>([&] { window.findChild<QAction*>(name)->trigger(); },
-                               [&](QWidget& dialog) {
-                                   texts = TextsOf(dialog);
-                                   dialog.close();
-                               });
+            InDialog<QWidget>(name, [&](QWidget& dialog) {
+                texts = TextsOf(dialog);
+                dialog.close();
+            });
             return texts;
         });
-        EXPECT_EQ(both.Changed(), FrameParts + std::string(changed));
+        EXPECT_EQ(BothLanguages::Sorted(both.changed), FrameParts + std::string(changed));
     }
 }
 
@@ -196,38 +163,28 @@ TEST_F(GermanWindow, AllOfOurDialogsIsTranslated) {
     };
     for (const auto& [same, make] : cases) {
         const BothLanguages both([&, &make = make] { return TextsOf(*make()); });
-        EXPECT_EQ(both.Same(), same);
+        EXPECT_EQ(BothLanguages::Sorted(both.same), same);
         ExpectOwnKeys(both.german);
     }
 }
 
 TEST_F(GermanWindow, ALongerNoteHasRoomInsideASkin) {
     const Translation german({Text("de")});
-    auto services = Services(network);
-    bool isSeen = false;
-    services.showLogons = [&](QWidget& owner, const DialogLook& look, const QString& /*computer*/) {
-        frmLogon form(nullptr, {false, dialogs, look}, &owner);
-        form.show();
-        isSeen = QTest::qWaitForWindowExposed(&form);
-        const auto& note = *form.findChild<QLabel*>(Text("lblNoKeyring"));
-        EXPECT_GE(note.height(), note.heightForWidth(note.width()));
-    };
-    frmNetrove window(services);
-    WindowDriver(window).Open();
-    window.findChild<QAction*>(Text("mnuLogon"))->trigger();
-    EXPECT_TRUE(isSeen);
+    Open();
+    frmLogon form(nullptr, {false, dialogs, {.skin = &window->Skins()}}, window.get());
+    form.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&form));
+    const auto& note = FindIn<QLabel>(form, "lblNoKeyring");
+    EXPECT_GE(note.height(), note.heightForWidth(note.width()));
 }
 
 TEST_F(GermanWindow, NumbersTakeTheirForm) {
     const Translation german({Text("de")});
     ComputerReport report;
-    const auto count = [&] {
-        return frmSilent({report}, nullptr).findChild<QLabel*>(Text("lblCount"))->text();
-    };
-    report.NoteSilence(Text("\\\\A"), QString());
-    EXPECT_EQ(count(), Text("1 Computer nicht durchsucht"));
-    report.NoteSilence(Text("\\\\B"), QString());
-    EXPECT_EQ(count(), Text("2 Computer nicht durchsucht"));
+    for (const char* count : {"1 Computer nicht durchsucht", "2 Computer nicht durchsucht"}) {
+        report.NoteSilence(Text(count), QString());
+        EXPECT_EQ(FindIn<QLabel>(frmSilent({report}, nullptr), "lblCount").text(), Text(count));
+    }
 }
 
 } // namespace

@@ -17,14 +17,14 @@ protected:
     }
 
     /// Where each of the pieces begins in the upper row of pixels; -1 for one that isn't there.
-    static std::vector<int> Starts(const QImage& title, bool active) {
+    std::vector<int> Starts(int width, bool active, int buttonsLeft, const QString& caption = {}) {
+        const QImage title = Title(width, active, buttonsLeft, caption);
         std::vector<int> starts;
         for (const QColor color : PlainSkin::Pieces) {
             int x = 0;
-            while (x < title.width() &&
-                   title.pixel(x, 0) != (active ? color : color.darker()).rgb())
+            while (x < width && title.pixel(x, 0) != (active ? color : color.darker()).rgb())
                 ++x;
-            starts.push_back(x < title.width() ? x : -1);
+            starts.push_back(x < width ? x : -1);
         }
         return starts;
     }
@@ -35,17 +35,22 @@ protected:
 // Without a caption the tile ends 12 pixels from the left, in the left cap; so there is none.
 TEST_F(FramePaintTest, CutsTheTitleIntoItsPiecesAndDropsWhatHasNoRoom) {
     using Expected = std::vector<int>;
-    for (const bool active : {true, false})
-        EXPECT_EQ(Starts(Title(200, active, 150), active), Expected({0, -1, 20, 40, 180}));
+    EXPECT_EQ(Starts(200, false, 150), Expected({0, -1, 20, 40, 180}));
+    EXPECT_EQ(Starts(200, true, 150), Expected({0, -1, 20, 40, 180}));
     // The right cap loses its left side, then the divider goes, then the left cap's right side.
-    EXPECT_EQ(Starts(Title(50, true, 40), true), Expected({0, -1, 20, -1, 40}));
-    EXPECT_EQ(Starts(Title(50, true, 30), true), Expected({0, -1, -1, 20, 30}));
-    EXPECT_EQ(Starts(Title(10, true, 5), true), Expected({0, -1, -1, -1, -1}));
-
+    EXPECT_EQ(Starts(50, true, 40), Expected({0, -1, 20, -1, 40}));
+    EXPECT_EQ(Starts(50, true, 30), Expected({0, -1, -1, 20, 30}));
+    EXPECT_EQ(Starts(10, true, 5), Expected({0, -1, -1, -1, -1}));
     // A long caption has the tile behind all of it, and ends before the buttons.
-    EXPECT_EQ(Starts(Title(200, true, 150, QString(100, u'x')), true),
-              Expected({0, 20, -1, 150, 180}));
-    // All pieces are as high as the bar.
+    EXPECT_EQ(Starts(200, true, 150, QString(100, u'x')), Expected({0, 20, -1, 150, 180}));
+
+    // A picture may be of any resolution, and all pieces are as high as the bar.
+    QImage sharp = skin_.configuration.TitlePicture.toImage();
+    sharp = sharp.scaled(sharp.size() * 2);
+    sharp.setDevicePixelRatio(2);
+    skin_.configuration.TitlePicture = QPixmap::fromImage(sharp);
+    EXPECT_EQ(Title(200, true, 150).height(), PlainSkin::RowHeight);
+    EXPECT_EQ(Starts(200, true, 150), Expected({0, -1, 20, 40, 180}));
     skin_.configuration.FrameMetric5 = 90;
     const QImage higher = Title(200, true, 150);
     EXPECT_EQ(higher.height(), 90);
@@ -57,20 +62,10 @@ TEST_F(FramePaintTest, CutsTheCornersThatTheSkinRounds) {
     skin_.configuration.FrameFlag2 = -1;
     const QRect window(0, 0, 100, 80);
     const QRegion inside = FramePainter::Inside(FrameMetrics(skin_.configuration), window);
-    EXPECT_FALSE(inside.contains(QPoint(0, 0)));
-    EXPECT_FALSE(inside.contains(QPoint(99, 0)));
-    EXPECT_FALSE(inside.contains(QPoint(1, 1)));
+    for (const QPoint point : {QPoint(0, 0), QPoint(99, 0), QPoint(1, 1)})
+        EXPECT_FALSE(inside.contains(point)) << point.x();
     for (const QPoint point : {QPoint(2, 2), QPoint(6, 0), QPoint(0, 6), QPoint(0, 79)})
         EXPECT_TRUE(inside.contains(point)) << point.x();
-}
-
-TEST_F(FramePaintTest, TakesPicturesOfAnyResolution) {
-    QImage sharp = skin_.configuration.TitlePicture.toImage().scaled(
-        skin_.configuration.TitlePicture.size() * 2);
-    sharp.setDevicePixelRatio(2);
-    skin_.configuration.TitlePicture = QPixmap::fromImage(sharp);
-    EXPECT_EQ(FrameMetrics(skin_.configuration).titleHeight, PlainSkin::RowHeight);
-    EXPECT_EQ(Starts(Title(200, true, 150), true), (std::vector<int>{0, -1, 20, 40, 180}));
 }
 
 TEST_F(FramePaintTest, PaintsASampleIntoItsRectangleOnly) {
@@ -83,8 +78,8 @@ TEST_F(FramePaintTest, PaintsASampleIntoItsRectangleOnly) {
         return image;
     };
     const QImage active = sample(true);
-    EXPECT_EQ(active.pixelColor(9, 60), QColor(Qt::magenta));
-    EXPECT_EQ(active.pixelColor(160, 60), QColor(Qt::magenta));
+    for (const int outside : {9, 160})
+        EXPECT_EQ(active.pixelColor(outside, 60), QColor(Qt::magenta));
     EXPECT_EQ(active.pixelColor(159, 20), QColor(Qt::yellow));
     EXPECT_EQ(active.pixelColor(100, 130), QColor(0xA0, 0xE0, 0xC0));
     EXPECT_EQ(sample(false).pixel(10, 20), QColor(Qt::red).darker().rgb());

@@ -1,11 +1,17 @@
 #include "skins/frame/PaintedFrame.h"
 
 #include "controls/Color.h"
+#include "fakes/Find.h"
 #include "skins/frame/PlainSkin.h"
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QShortcut>
+#include <QSignalSpy>
+#include <QTest>
 #include <QVBoxLayout>
+#include <QWindow>
+#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
@@ -13,66 +19,104 @@ namespace {
 constexpr int TitleHeight = PlainSkin::RowHeight;
 constexpr QMargins Frame(PlainSkin::Border, TitleHeight, PlainSkin::Border, PlainSkin::Border);
 
-class PaintedFrameTest : public FrameTest {
+/// A painted frame around a plain window, shown; `insisted` is a frame that the desktop keeps.
+class PaintedFrameTest : public testing::Test {
 protected:
+    void SetUp() override { Open(); }
+
+    void Open() {
+        window.show();
+        Activate();
+    }
+    void Activate() {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    void Attach() { frame.Attach(window, skin.configuration); }
+
     /// The window with its frame, whosever that is.
     QRect Outer() const { return window.windowHandle()->frameGeometry(); }
+    QMargins Standard() const { return window.windowHandle()->frameMargins(); }
 
+    QWidget& Part(const char* name) const { return FindIn(window, name); }
+    void Click(const char* name, QPoint at = {}) const {
+        QTest::mouseClick(&Part(name), Qt::LeftButton, {}, at);
+    }
     QColor Pixel(const char* part, const QPoint& at) const {
         return Part(part).grab().toImage().pixelColor(at);
     }
+    /// With the button down over the part, from one place to another in its window.
+    static void Drag(QWidget& part, const QPoint& from, const QPoint& by) {
+        const QPoint onScreen = part.window()->mapToGlobal(from);
+        QTest::mousePress(&part, Qt::LeftButton, {}, part.mapFrom(part.window(), from));
+        // The part moves with the window.
+        for (const QPoint& place : {onScreen + by / 2, onScreen + by})
+            QTest::mouseMove(&part, part.mapFromGlobal(place));
+        QTest::mouseRelease(&part, Qt::LeftButton, {}, part.mapFromGlobal(onScreen + by));
+    }
+
+    PlainSkin skin;
+    PlainWindow window;
+    QMargins insisted;
+    PaintedFrame frame{[this](const QWindow& shown) {
+        return insisted.isNull() ? shown.frameMargins() : insisted;
+    }};
 };
 
 TEST_F(PaintedFrameTest, TakesTheStandardFramesPlaceAndGivesItBack) {
-    Open();
     const QRect outer = Outer();
-    const QMargins standard = window.windowHandle()->frameMargins();
+    const QMargins standard = Standard();
     ASSERT_FALSE(standard.isNull()) << "There is no frame to be taken away.";
     const WId id = window.winId();
-    const QWidget* central = window.centralWidget();
     for (int round = 0; round < 2; ++round) {
         Attach();
         EXPECT_TRUE(QTest::qWaitFor([&] { return Outer() == outer; }));
-        EXPECT_TRUE(window.windowHandle()->frameMargins().isNull());
+        EXPECT_TRUE(Standard().isNull());
         EXPECT_EQ(window.geometry(), outer);
         EXPECT_EQ(window.contentsMargins(), Frame);
         EXPECT_EQ(Part("frameTitleBar").geometry(), QRect(0, 0, outer.width(), TitleHeight));
         EXPECT_EQ(window.menuBar()->geometry().top(), TitleHeight);
-        EXPECT_TRUE(window.windowFlags() & Qt::FramelessWindowHint);
-
         frame.Detach();
-        EXPECT_TRUE(QTest::qWaitFor(
-            [&] { return Outer() == outer && window.windowHandle()->frameMargins() == standard; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Outer() == outer && Standard() == standard; }));
         EXPECT_TRUE(window.contentsMargins().isNull());
         EXPECT_FALSE(Part("frameTitleBar").isVisible());
-        EXPECT_FALSE(window.windowFlags() & Qt::FramelessWindowHint);
     }
     EXPECT_EQ(window.winId(), id);
     EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(window.centralWidget(), central);
 }
 
-TEST_F(PaintedFrameTest, KeepsTheClientSizeOfAWindowThatWasNeverShown) {
-    const QSize client = window.contentsRect().size();
-    Attach();
-    EXPECT_EQ(window.contentsRect().size(), client);
-    EXPECT_EQ(window.windowHandle(), nullptr);
-    Open();
-    EXPECT_TRUE(window.windowHandle()->flags() & Qt::FramelessWindowHint);
-    EXPECT_EQ(window.contentsRect().size(), client);
-
+TEST_F(PaintedFrameTest, KeepsTheClientSizeOfAHiddenWindow) {
     // As it does when it goes to the tray and comes back.
+    Attach();
     const QRect outer = Outer();
     window.hide();
     frame.Detach();
     Attach();
     window.show();
     EXPECT_TRUE(QTest::qWaitFor([&] { return Outer() == outer; }));
-    EXPECT_TRUE(window.windowHandle()->frameMargins().isNull());
+    EXPECT_TRUE(Standard().isNull());
+
+    QDialog dialog;
+    dialog.setFixedSize(220, 120);
+    frame.Attach(dialog, skin.configuration);
+    EXPECT_EQ(dialog.windowHandle(), nullptr) << "never shown";
+    EXPECT_EQ(dialog.contentsRect().size(), QSize(220, 120));
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    EXPECT_TRUE(FindIn(dialog, "frameButtonClose").isVisible());
+    for (const char* name : {"frameButtonMaximize", "frameButtonMinimize"})
+        EXPECT_FALSE(FindIn(dialog, name).isVisible());
+    const QSize size = dialog.size();
+    QWidget& edge = FindIn(dialog, "frameEdgeRight");
+    Drag(edge, edge.pos() + QPoint(2, 60), {38, 0});
+    EXPECT_EQ(edge.cursor().shape(), Qt::ArrowCursor);
+    QTest::mouseDClick(&FindIn(dialog, "frameTitleBar"), Qt::LeftButton, {}, QPoint(100, 20));
+    EXPECT_EQ(dialog.size(), size);
+    frame.Detach();
+    EXPECT_EQ(dialog.size(), QSize(220, 120));
 }
 
 TEST_F(PaintedFrameTest, GivesAMaximisedWindowOnlyATitleBar) {
-    Open();
     window.showMaximized();
     const QSize screen = window.size();
     Attach();
@@ -85,12 +129,11 @@ TEST_F(PaintedFrameTest, GivesAMaximisedWindowOnlyATitleBar) {
     EXPECT_FALSE(window.isMaximized());
     EXPECT_EQ(window.contentsMargins(), Frame);
     EXPECT_TRUE(Part("frameEdgeLeft").isVisible());
-    QTest::mouseClick(&Part("frameButtonMaximize"), Qt::LeftButton);
+    Click("frameButtonMaximize");
     EXPECT_TRUE(window.isMaximized());
 }
 
 TEST_F(PaintedFrameTest, LeavesOnlyColoursWhereTheDesktopKeepsItsFrame) {
-    Open();
     insisted = QMargins(2, 20, 2, 2);
     Attach();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !Part("frameTitleBar").isVisible(); }));
@@ -101,7 +144,6 @@ TEST_F(PaintedFrameTest, LeavesOnlyColoursWhereTheDesktopKeepsItsFrame) {
 }
 
 TEST_F(PaintedFrameTest, PaintsAgainWhatHasChanged) {
-    Open();
     const QPalette bar = window.menuBar()->palette();
     const quint32 desktop = frame.ResolvedBackColor();
     Attach();
@@ -130,14 +172,11 @@ TEST_F(PaintedFrameTest, PaintsAgainWhatHasChanged) {
 }
 
 TEST_F(PaintedFrameTest, HasTheButtonsThatTheWindowCanUse) {
-    Open();
     Attach();
     const QPoint face(2, 2);
     QWidget& close = Part("frameButtonClose");
     EXPECT_LT(Part("frameButtonMaximize").geometry().right(), close.x());
     EXPECT_LT(Part("frameButtonMinimize").geometry().right(), Part("frameButtonMaximize").x());
-    EXPECT_EQ(close.accessibleName() + Part("frameButtonMinimize").accessibleName(),
-              Text("CloseMinimize"));
     EXPECT_EQ(close.focusPolicy(), Qt::NoFocus);
     EXPECT_EQ(Pixel("frameButtonClose", face), QColor(Qt::darkRed));
     QTest::mouseMove(&close, face);
@@ -149,35 +188,133 @@ TEST_F(PaintedFrameTest, HasTheButtonsThatTheWindowCanUse) {
     QTest::mouseMove(&close, QPoint(-50, 50));
     QTest::mouseRelease(&close, Qt::LeftButton, {}, QPoint(-50, 50));
     EXPECT_TRUE(window.isVisible());
-    QTest::mouseClick(&Part("frameButtonMinimize"), Qt::LeftButton);
+    Click("frameButtonMinimize");
     EXPECT_TRUE(window.isMinimized());
     window.showNormal();
-    QTest::mouseClick(&close, Qt::LeftButton);
+    Click("frameButtonClose");
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST_F(PaintedFrameTest, KeepsADialogOfFixedSizeAsItIs) {
-    QDialog dialog;
-    dialog.setFixedSize(220, 120);
-    frame.Attach(dialog, skin.configuration);
-    EXPECT_EQ(dialog.contentsRect().size(), QSize(220, 120));
-    dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
-    const auto visible = [&](const char* name) { return FindIn(dialog, name).isVisible(); };
-    EXPECT_TRUE(visible("frameButtonClose"));
-    EXPECT_FALSE(visible("frameButtonMaximize"));
-    EXPECT_FALSE(visible("frameButtonMinimize"));
+/// The frame used with keys and mouse.
+class FrameInputTest : public PaintedFrameTest {
+protected:
+    void SetUp() override {
+        window.setMinimumSize(200, 150);
+        Attach();
+        Open();
+        window.setGeometry(before);
+    }
 
-    const QSize size = dialog.size();
-    QWidget& edge = FindIn(dialog, "frameEdgeRight");
-    QTest::mousePress(&edge, Qt::LeftButton, {}, QPoint(2, 60));
-    QTest::mouseMove(&edge, QPoint(40, 60));
-    QTest::mouseRelease(&edge, Qt::LeftButton, {}, QPoint(40, 60));
-    EXPECT_EQ(edge.cursor().shape(), Qt::ArrowCursor);
-    QTest::mouseDClick(&FindIn(dialog, "frameTitleBar"), Qt::LeftButton, {}, QPoint(100, 20));
-    EXPECT_EQ(dialog.size(), size);
-    frame.Detach();
-    EXPECT_EQ(dialog.size(), QSize(220, 120));
+    QMenu& Menu() const { return FindIn<QMenu>(window, "frameSystemMenu"); }
+    QAction& Item(const char* text) const {
+        const QList<QAction*> items = Menu().actions();
+        return **std::find_if(items.begin(), items.end(),
+                              [&](const QAction* item) { return item->text() == Text(text); });
+    }
+
+    void Pick(const char* text) {
+        QTest::mouseClick(&Menu(), Qt::LeftButton, {}, Menu().actionGeometry(&Item(text)).center());
+        Activate();
+    }
+
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(&window, key, modifiers);
+    }
+
+    const QRect before{100, 100, 400, 300};
+    const QPoint icon{8, 20};
+};
+
+TEST_F(FrameInputTest, MovesByItsTitleAndResizesByEveryEdgeAndCorner) {
+    const struct {
+        const char* part;
+        QPoint from;
+        QMargins moved; ///< the edges that go along when it is dragged by (10, 20)
+        Qt::CursorShape cursor;
+    } cases[] = {
+        {"frameTitleBar", {150, 20}, {10, 20, 10, 20}, Qt::ArrowCursor},
+        {"frameEdgeLeft", {1, 100}, {10, 0, 0, 0}, Qt::SizeHorCursor},
+        {"frameEdgeRight", {398, 100}, {0, 0, 10, 0}, Qt::SizeHorCursor},
+        {"frameEdgeTop", {200, 1}, {0, 20, 0, 0}, Qt::SizeVerCursor},
+        {"frameEdgeBottom", {200, 298}, {0, 0, 0, 20}, Qt::SizeVerCursor},
+        {"frameEdgeTop", {3, 1}, {10, 20, 0, 0}, Qt::SizeFDiagCursor},
+        {"frameEdgeRight", {398, 8}, {0, 20, 10, 0}, Qt::SizeBDiagCursor},
+        {"frameEdgeLeft", {1, 292}, {10, 0, 0, 20}, Qt::SizeBDiagCursor},
+        {"frameEdgeBottom", {392, 298}, {0, 0, 10, 20}, Qt::SizeFDiagCursor},
+    };
+    for (const auto& [name, from, moved, cursor] : cases) {
+        window.setGeometry(before);
+        QWidget& part = Part(name);
+        QTest::mouseMove(&part, part.mapFrom(&window, from));
+        EXPECT_EQ(part.cursor().shape(), cursor) << name;
+        Drag(part, from, {10, 20});
+        EXPECT_EQ(window.geometry(),
+                  before.adjusted(moved.left(), moved.top(), moved.right(), moved.bottom()))
+            << name << from.x();
+    }
+    window.setGeometry(before);
+    Drag(Part("frameTitleBar"), {150, 20}, {3, 0}); // a click with an unsteady hand
+    EXPECT_EQ(window.geometry(), before);
+    // The far edge stays where it is when the smallest size is reached.
+    Drag(Part("frameEdgeTop"), {3, 1}, {900, 900});
+    EXPECT_EQ(window.geometry(), QRect(300, 250, 200, 150));
+}
+
+TEST_F(FrameInputTest, OpensTheSystemMenu) {
+    Click("frameTitleBar", icon);
+    EXPECT_TRUE(Menu().isVisible());
+    EXPECT_FALSE(Item("&Restore").isEnabled());
+    EXPECT_TRUE(Item("&Size").isEnabled());
+    Pick("Ma&ximize");
+    EXPECT_TRUE(window.isMaximized());
+
+    Press(Qt::Key_Space, Qt::AltModifier);
+    EXPECT_FALSE(Item("&Move").isEnabled() || Item("Ma&ximize").isEnabled());
+    QTest::keyClick(&Menu(), Qt::Key_R);
+    EXPECT_FALSE(window.isMaximized());
+
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(150, 20), QPoint(250, 120));
+    QCoreApplication::sendEvent(&Part("frameTitleBar"), &asked);
+    EXPECT_TRUE(Menu().isVisible());
+    QTest::keyClick(&Menu(), Qt::Key_C);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(FrameInputTest, ClosesByADoubleClickOnTheIconAndByKey) {
+    Click("frameTitleBar", icon);
+    // The menu has the mouse now.
+    QTest::mousePress(&Menu(), Qt::LeftButton, {},
+                      Menu().mapFromGlobal(Part("frameTitleBar").mapToGlobal(icon)));
+    EXPECT_FALSE(Menu().isVisible() || window.isVisible());
+    Open();
+    QTest::mouseRelease(&window, Qt::LeftButton);
+    Press(Qt::Key_F4, Qt::AltModifier);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(FrameInputTest, MovesAndResizesByKeys) {
+    const QShortcut shortcut(Qt::Key_Return, &window);
+    const QSignalSpy pressed(&shortcut, &QShortcut::activated);
+
+    Press(Qt::Key_Space, Qt::AltModifier);
+    Pick("&Move");
+    Press(Qt::Key_Right);
+    Press(Qt::Key_Down, Qt::ControlModifier);
+    Press(Qt::Key_Return);
+    Press(Qt::Key_Left);
+    EXPECT_EQ(window.geometry(), before.translated(8, 1));
+    EXPECT_EQ(pressed.count(), 0) << "the key was for the frame";
+    Press(Qt::Key_Return);
+    EXPECT_EQ(pressed.count(), 1);
+
+    Press(Qt::Key_Space, Qt::AltModifier);
+    Pick("&Size");
+    Press(Qt::Key_Left);
+    Press(Qt::Key_Up);
+    EXPECT_EQ(window.geometry(), QRect(108, 101, 392, 292));
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(window.geometry(), before.translated(8, 1));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 } // namespace

@@ -1,16 +1,13 @@
 #pragma once
 
-#include "fakes/Find.h"
-#include "skins/frame/PaintedFrame.h"
 #include "skins/frame/PaintedSkinFrame.h"
 
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QTest>
-#include <QWindow>
-#include <gtest/gtest.h>
+#include <QPainter>
 
 #include <array>
+#include <span>
 
 namespace netrove {
 
@@ -18,8 +15,6 @@ namespace netrove {
 class PlainSkin {
 public:
     static constexpr int RowHeight = 40; ///< more than a line of text needs
-    static constexpr int PieceWidth = 20;
-    static constexpr int CellWidth = 24;
     static constexpr int Border = 5;
     // Left cap, tile, divider, filler, right cap.
     static constexpr std::array Pieces{Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::yellow};
@@ -28,15 +23,14 @@ public:
                                       Qt::lightGray, Qt::gray,      Qt::darkYellow};
 
     PlainSkin() {
-        configuration.TitlePicture = Picture(Pieces, PieceWidth, RowHeight);
-        configuration.FramePicture = Picture(Cells, CellWidth, CellWidth);
+        configuration.TitlePicture = Picture(Pieces, 20, RowHeight);
+        configuration.FramePicture = Picture(Cells, 24, 24);
         configuration.TitleMetric1 = 2;
         configuration.TitleMetric2 = 4;
-        configuration.TitleMetric3 = PieceWidth;
-        configuration.TitleMetric4 = 2 * PieceWidth;
-        configuration.TitleMetric5 = 3 * PieceWidth;
-        configuration.TitleMetric6 = 4 * PieceWidth;
-        configuration.TitleColor1 = 0x000000;
+        configuration.TitleMetric3 = 20;
+        configuration.TitleMetric4 = 40;
+        configuration.TitleMetric5 = 60;
+        configuration.TitleMetric6 = 80;
         configuration.TitleColor2 = 0x808080;
         configuration.BarColor1 = 0x0000C0;
         configuration.BarColor2 = 0x00FFFF;
@@ -52,16 +46,14 @@ public:
 
 private:
     /// The second row is darker.
-    template <std::size_t Count>
-    static QPixmap Picture(const std::array<Qt::GlobalColor, Count>& colors, int width,
-                           int height) {
-        const int count = static_cast<int>(Count);
-        QPixmap picture(count * width, 2 * height);
+    static QPixmap Picture(std::span<const Qt::GlobalColor> colors, int width, int height) {
+        QPixmap picture(int(colors.size()) * width, 2 * height);
         QPainter painter(&picture);
-        for (int index = 0; index < count; ++index) {
-            const QColor color = colors[std::size_t(index)];
-            painter.fillRect(index * width, 0, width, height, color);
-            painter.fillRect(index * width, height, width, height, color.darker());
+        int x = 0;
+        for (const QColor color : colors) {
+            painter.fillRect(x, 0, width, height, color);
+            painter.fillRect(x, height, width, height, color.darker());
+            x += width;
         }
         return picture;
     }
@@ -71,35 +63,10 @@ private:
 class PlainWindow : public QMainWindow {
 public:
     PlainWindow() {
-        setWindowTitle(QStringLiteral("Plain"));
         menuBar()->addMenu(QStringLiteral("&File"))->addAction(QStringLiteral("Any"));
-        menuBar()->addMenu(QStringLiteral("&Help"));
         setCentralWidget(new QWidget);
         setGeometry(60, 60, 400, 300);
     }
-};
-
-/// A painted frame around such a window; `insisted` is a frame that the desktop keeps.
-class FrameTest : public testing::Test {
-protected:
-    void Activate() {
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-    void Open() {
-        window.show();
-        Activate();
-    }
-    void Attach() { frame.Attach(window, skin.configuration); }
-
-    QWidget& Part(const char* name) const { return FindIn(window, name); }
-
-    PlainSkin skin;
-    PlainWindow window;
-    QMargins insisted;
-    PaintedFrame frame{[this](const QWindow& shown) {
-        return insisted.isNull() ? shown.frameMargins() : insisted;
-    }};
 };
 
 } // namespace netrove

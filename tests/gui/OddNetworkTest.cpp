@@ -1,22 +1,28 @@
 #include "controls/Twips.h"
-#include "gui/TestDesktop.h"
+#include "downloads/copier/FileCopier.h"
+#include "fakes/Files.h"
+#include "fakes/ListedFind.h"
 #include "gui/WindowDriver.h"
 #include "redirector/NetworkReachTest.h"
 #include "silent/frmSilent.h"
 
 #include <QClipboard>
+#include <QDir>
 
 namespace netrove {
 namespace {
 
-/// A workgroup of three computers, of which some are off; the shares of the others may be shut.
-class HalfDeadProvider : public NetworkProvider {
+/// A workgroup of computers with a share each. Some are off, the shares of the others may be shut,
+/// or list whatever names they like and give the same file for each of them.
+class OddProvider : public NetworkProvider {
 public:
-    HalfDeadProvider() : NetworkProvider(Text("Net")) {}
+    OddProvider() : NetworkProvider(Text("Net")) {}
 
     QStringList Computers = Texts({"\\\\A", "\\\\B", "\\\\C"});
     QSet<QString> Off{Text("\\\\B"), Text("\\\\C")};
     bool IsShut = true;
+    QStringList Names;
+    QString Content;
     std::function<void(const QString& node)> OnList = [](const QString& /*node*/) {};
 
     std::optional<std::vector<NetRecord>> List(const NetRecord& node, qint32 type) override {
@@ -45,21 +51,26 @@ public:
     }
     QString Source() const override { return Text("Net: three houses."); }
     bool Knows(const QString& /*server*/) override { return true; }
-    QString Workgroup(const QString& /*server*/) override { return {}; }
-    std::unique_ptr<FileFind> FindFirst(const UncPath& /*path*/, FindData& /*first*/) override {
-        return nullptr;
+    QString Workgroup(const QString& /*server*/) override { return Text("x&y\n"); }
+    std::unique_ptr<FileFind> FindFirst(const UncPath& /*path*/, FindData& first) override {
+        std::vector<FindData> entries;
+        for (const QString& name : Names)
+            entries.push_back({.attributes = 0, .fileName = name});
+        auto find = std::make_unique<ListedFind>(std::move(entries));
+        return find->FindNext(first) ? std::move(find) : nullptr;
     }
     bool CanEnter(const UncPath& /*path*/) override { return !IsShut; }
-    FileInfo Info(const UncPath& /*path*/) override { return {}; }
+    FileInfo Info(const UncPath& /*path*/) override { return {.length = -1}; }
     QByteArray Read(const UncPath& /*path*/, qint64 /*offset*/, qint64 /*length*/) override {
         return {};
     }
-    std::optional<QString> LocalPath(const UncPath& /*path*/) override { return std::nullopt; }
+    std::optional<QString> LocalPath(const UncPath& /*path*/) override { return Content; }
 };
 
-class SilentComputers : public testing::Test, public TestDesktop {
+class OddNetwork : public testing::Test, public WindowDriver {
 protected:
-    SilentComputers() {
+    OddNetwork() {
+        newCopyQ = [this] { return std::make_unique<FileCopier>(network); };
         ProgramServices services = Services(network);
         services.report = &network.Report();
         services.reachTest = &reachTest;
@@ -67,42 +78,33 @@ protected:
             logOns.append(owner.objectName() + u' ' + computer);
         };
         window = std::make_unique<frmNetrove>(services);
-        driver.emplace(*window);
-        driver->Open();
+        Open();
     }
+    ~OddNetwork() override { window.reset(); }
 
-    std::unique_ptr<NetworkProvider> MakeProvider() {
-        auto made = std::make_unique<HalfDeadProvider>();
-        provider = made.get();
-        return made;
-    }
     std::vector<std::unique_ptr<NetworkProvider>> Providers() {
         std::vector<std::unique_ptr<NetworkProvider>> providers;
-        providers.push_back(MakeProvider());
+        providers.push_back(std::make_unique<OddProvider>());
+        provider = static_cast<OddProvider*>(providers.front().get());
         return providers;
     }
-
-    StatusBar& Bar() { return driver->Find<StatusBar>("stbStatus"); }
 
     /// Clicks the third panel; gives the window that it opens.
     frmSilent& ClickPanel() {
         QTest::mouseClick(&Bar(), Qt::LeftButton, {}, Bar().PanelRect(3).center());
-        EXPECT_EQ(window->findChildren<frmSilent*>().size(), 1);
         auto& dialog = *window->findChild<frmSilent*>();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
         FindIn<QTimer>(dialog, "tmrRefresh").setInterval(1);
         return dialog;
     }
 
-    HalfDeadProvider* provider = nullptr;
+    OddProvider* provider = nullptr;
     Network network{Providers()};
     NetworkReachTest reachTest{network};
     QStringList logOns;
-    std::unique_ptr<frmNetrove> window;
-    std::optional<WindowDriver> driver;
 };
 
-TEST_F(SilentComputers, AreListedAfterASilentSearch) {
+TEST_F(OddNetwork, SilentComputersAreListedAfterTheSearch) {
     QStringList shown;
     provider->OnList = [&](const QString& node) {
         if (node.startsWith(Text("\\\\")) && !shown.contains(Bar().Text(3)))
@@ -112,7 +114,7 @@ TEST_F(SilentComputers, AreListedAfterASilentSearch) {
         }
     };
     const int width = Bar().MinWidth(2) + Bar().MinWidth(3);
-    driver->Search("*");
+    Search("*");
     EXPECT_EQ(shown, Texts({"3", "2", "1"}));
     EXPECT_EQ(Bar().Text(3), Text("2 computers, 1 share not searched"));
     EXPECT_GT(ToPixels(Bar().MinWidth(3)), Bar().fontMetrics().horizontalAdvance(Bar().Text(3)));
@@ -120,7 +122,7 @@ TEST_F(SilentComputers, AreListedAfterASilentSearch) {
     EXPECT_EQ(dialogs.Boxes(), "");
 
     auto& dialog = ClickPanel();
-    driver->Trigger("mnuSilent");
+    Trigger("mnuSilent");
     ASSERT_EQ(window->findChildren<frmSilent*>().size(), 1);
     auto& list = FindIn<ListView>(dialog, "lvwSilent");
     EXPECT_EQ(Column(list, 0), "\\\\A\\D \\\\B \\\\C");
@@ -150,12 +152,11 @@ TEST_F(SilentComputers, AreListedAfterASilentSearch) {
                 [&] { return !FindIn(dialog, "cmdTryAgain").isEnabled() && list.Count() == 0; }));
         }
     };
-    driver->Click("cmdStartSearch");
+    Click("cmdStartSearch");
     EXPECT_EQ(shown.value(0), Text("2")) << "A is known";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return list.Count() == 1; }));
-    EXPECT_EQ(list.Text(1), Text("\\\\C"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Column(list) == "\\\\C"; }));
     EXPECT_EQ(Bar().Text(3), Text("1 computer not searched"));
-    driver->Click("cmdClearLst");
+    Click("cmdClearLst");
     EXPECT_EQ(Bar().Text(3), QString()) << "another job has begun";
     EXPECT_EQ(Bar().MinWidth(3), 529);
     QTest::keyClick(&list, Qt::Key_F1);
@@ -165,10 +166,9 @@ TEST_F(SilentComputers, AreListedAfterASilentSearch) {
     EXPECT_TRUE(window->findChildren<frmSilent*>().isEmpty());
 }
 
-TEST_F(SilentComputers, WhoFindsNobodyIsToldWhatToDo) {
+TEST_F(OddNetwork, WhoFindsNobodyIsToldWhatToDo) {
     const QStringList computers = std::exchange(provider->Computers, {});
-    driver->Search("*");
-    driver->ExpectCaption("Returned 0 files");
+    Search("*");
     EXPECT_EQ(Bar().Text(3), Text("No computer found"));
     auto& dialog = ClickPanel();
     const auto& help = FindIn<QLabel>(dialog, "lblNobody");
@@ -186,6 +186,41 @@ TEST_F(SilentComputers, WhoFindsNobodyIsToldWhatToDo) {
     provider->Computers = computers;
     EXPECT_EQ(tryAgain(),
               "3 computers are there now: choose \"Set to Network Root\", and search again.");
+}
+
+TEST_F(OddNetwork, NoCopyLeavesTheFolder) {
+    provider->Off.clear();
+    provider->Computers.resize(1);
+    provider->IsShut = false;
+    provider->Content = WriteFile(folder.filePath(Text("content")), "evil");
+    // What can't be a file's name at all isn't even found.
+    QStringList names{Text("../up"), Text("..\\up"), Text("/tmp/up"),
+                      Text(".."),    Text("."),      QString()};
+    names.append(QString(QChar(u'\0')) + Text("zero"));
+    const QStringList refused{Text("new\nline"),  Text("CON"),           Text("nul.txt"),
+                              Text("bell\a"),     QString(300, u'x'),    Text("half.netrove-part"),
+                              Text("\u0085next"), QString(QChar(0xD800))};
+    const QStringList harmless{Text("~"), Text("-rf"), Text("$(x)"), Text("\u202egnp.exe"),
+                               Text(" %2e%2e%2f ")};
+    provider->Names = names + refused + harmless;
+    Search("*");
+    HurryDownloads();
+    DownloadAll();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !IsDownloading(); }, 20000));
+    QStringList copied;
+    for (int row = 1; row <= Downloads().Count(); ++row) {
+        if (Downloads().SubItem(row, DownloadItem::Status) == Text("Done!"))
+            copied.append(Downloads().Text(row));
+        else
+            EXPECT_EQ(Downloads().SubItem(row, DownloadItem::Status), Text("Error (75)"));
+    }
+    EXPECT_EQ(copied, harmless);
+    EXPECT_GE(Downloads().Count(), refused.size() - 1 + harmless.size());
+    const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+    EXPECT_EQ(QDir(folder.filePath(Text("Downloads"))).entryList(all).size(), harmless.size());
+    EXPECT_EQ(QDir(folder.path()).entryList(all, QDir::Name),
+              Texts({"Downloads", "Netrove.log", "content"}));
+    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 } // namespace

@@ -1,0 +1,231 @@
+#include "gui/WindowTest.h"
+#include "skins/frmCustomizeSkin.h"
+
+#include <QScrollBar>
+
+namespace netrove {
+namespace {
+
+/// The window whose skin is chosen and adjusted by its menu.
+class SkinTest : public WindowTest {
+protected:
+    void Store(const char* section, TextPairs entries) {
+        for (const auto& [key, value] : entries)
+            profile.WriteIni(Text(section), Text(key), Text(value));
+    }
+    QString Stored(const char* section, const char* key) {
+        return profile.ReadIni(Text(section), Text(key), Text("-"));
+    }
+    /// The skins of the menu that are checked.
+    std::string Checked() {
+        std::string checked;
+        for (const QAction* item : Find<QMenu>("mnuSkinTOP").actions()) {
+            if (item->isChecked())
+                checked += item->objectName().toStdString();
+        }
+        return checked;
+    }
+    QColor ColorOf(const char* control, QPalette::ColorRole role) {
+        return Find(control).palette().color(role);
+    }
+    /// Adjusts the skin in its dialog.
+    void Customize(const std::function<void(frmCustomizeSkin&)>& use, const char* button) {
+        InDialog<frmCustomizeSkin>("mnuSkinCust", [&](frmCustomizeSkin& dialog) {
+            use(dialog);
+            QTest::mouseClick(&FindIn(dialog, button), Qt::LeftButton);
+        });
+    }
+
+    ProfileFile profile{IniFileName(folder.path())};
+    SkinSelection& skins = window->Skins();
+};
+
+TEST_F(SkinTest, MenuChoosesTheSkin) {
+    Open();
+    const struct {
+        qint16 index;
+        const char* checked;
+        const char* name; ///< empty: no skin
+    } cases[] = {{1, "mnuSkin(1)", "Trek"},
+                 {0, "mnuSkin(0)", ""},
+                 {2, "mnuSkin(2)", "Serenity"},
+                 {2, "mnuSkin(2)", "Serenity"},
+                 {4, "mnuSkin(4)", "Metropolis"},
+                 {5, "mnuSkin(5)", "Bullethead"},
+                 {6, "", ""},
+                 {3, "mnuSkin(3)", "J.I.L.L. - Joy In Love and Life"},
+                 {-1, "", ""}};
+    for (const auto& [index, checked, name] : cases) {
+        const auto before = skins.SkinConfiguration();
+        window->setCursor(Qt::WaitCursor);
+        skins.mnuSkin_Click(index);
+        EXPECT_EQ(Checked(), checked);
+        EXPECT_EQ(Find<QAction>("mnuSkinCust").isEnabled(), index != 0);
+        EXPECT_EQ(window->ProgramSettings().SkinIndex, index);
+        EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
+        const auto skin = skins.SkinConfiguration();
+        EXPECT_EQ(skin ? skin->Name : QString(), Text(name));
+        EXPECT_EQ(window->contentsMargins().isNull(), !skin) << index;
+        EXPECT_TRUE(!skin || (skin != before && skin->TitleFont == window->font()))
+            << "made anew, for the same skin too";
+    }
+    EXPECT_EQ(dialogs.Boxes(), "");
+}
+
+TEST_F(SkinTest, StoredChoice) {
+    EXPECT_EQ(skins.StoredIndex(), 1) << "of a first start";
+    const std::pair<const char*, int> cases[] = {{"0", 0},     {"5", 5},          {"6", 0},
+                                                 {"-1", 0},    {" 3x", 3},        {"abc", 0},
+                                                 {"40000", 0}, {"2147483648", 0}, {"1E999", 0}};
+    for (const auto& [text, index] : cases) {
+        Store("Skin", {{"Index", text}});
+        EXPECT_EQ(skins.StoredIndex(), index) << text;
+    }
+}
+
+TEST_F(SkinTest, EachSkinKeepsItsAdjustments) {
+    Store("SkinProperties_2", {{"Name", "Whatever"},
+                               {"Colorize", "1"},
+                               {"Hue", " 3.25 and more"},
+                               {"Saturation", "much"},
+                               {"AdjustRGB", "false"},
+                               {"PercentRed", "5000000"},
+                               {"PercentBlue", "1e99"}});
+    Store("SkinProperties_3", {{"Own", "kept"}});
+    Open();
+    Trigger("mnuSkin(2)");
+    const auto look = [](frmCustomizeSkin& dialog) {
+        EXPECT_EQ(FindIn<QLabel>(dialog, "lblInfo(8)").text(), Text("Skin Name: Serenity"));
+        std::vector<int> shown;
+        for (const char* name : {"hscHue", "hscSaturation", "hscRed", "hscGreen", "hscBlue"})
+            shown.push_back(FindIn<QScrollBar>(dialog, name).value());
+        EXPECT_EQ(shown, std::vector({425, 0, 200, 100, 100}));
+        EXPECT_TRUE(FindIn(dialog, "hscSaturation").isEnabled());
+        EXPECT_FALSE(FindIn(dialog, "hscRed").isEnabled());
+    };
+    Customize(look, "cmdOk");
+    QStringList written;
+    for (const char* key : {"Name", "Colorize", "Hue", "Saturation", "AdjustRGB", "PercentRed",
+                            "PercentGreen", "PercentBlue"})
+        written.append(Stored("SkinProperties_2", key));
+    EXPECT_EQ(written.join(u' '), Text("Serenity True 3.25 0 False 5000000 0 0"))
+        << "what was shown is no change";
+    const QColor grey = window->palette().color(QPalette::Window);
+    EXPECT_EQ(grey.saturation(), 0);
+
+    Trigger("mnuSkin(1)");
+    EXPECT_FALSE(skins.SkinConfiguration()->Colorize) << "no group of its own yet";
+    EXPECT_EQ(Stored("SkinProperties_1", "Name"), Text("-")) << "nothing is written on the way";
+    Trigger("mnuSkin(2)");
+    EXPECT_EQ(Stored("SkinProperties_3", "Own"), Text("kept"));
+    EXPECT_TRUE(window->close());
+    Make();
+    Open();
+    EXPECT_EQ(window->palette().color(QPalette::Window), grey);
+    EXPECT_EQ(dialogs.Boxes(), "");
+}
+
+TEST_F(SkinTest, SlidersWriteTheirMembersAndPaintTheSample) {
+    Open();
+    using Skin = SkinConfiguration;
+    const struct {
+        const char* label; ///< of the box, which it stands for
+        const char* slider;
+        float Skin::*member;
+        int maximum;
+        float first, last;
+    } cases[] = {{"lblInfo(6)", "hscSaturation", &Skin::Saturation, 100, 0, 1},
+                 {"", "hscHue", &Skin::Hue, 600, -1, 5},
+                 {"lblInfo(5)", "hscRed", &Skin::PercentRed, 200, -1, 1},
+                 {"", "hscGreen", &Skin::PercentGreen, 200, -1, 1},
+                 {"", "hscBlue", &Skin::PercentBlue, 200, -1, 1}};
+    const auto skin = skins.SkinConfiguration();
+    const QPalette before = window->palette();
+    const auto use = [&](frmCustomizeSkin& dialog) {
+        const auto sample = [&] { return FindIn(dialog, "picSample").grab().toImage(); };
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.slider);
+            auto& slider = FindIn<QScrollBar>(dialog, c.slider);
+            EXPECT_NE(slider.isEnabled(), *c.label != '\0');
+            if (*c.label != '\0')
+                QTest::mouseClick(&FindIn(dialog, c.label), Qt::LeftButton);
+            slider.setFocus();
+            QTest::keyClick(&slider, Qt::Key_Home);
+            EXPECT_EQ((*skin).*c.member, c.first);
+            const QImage painted = sample();
+            QTest::keyClick(&slider, Qt::Key_PageDown);
+            QTest::keyClick(&slider, Qt::Key_Right);
+            EXPECT_EQ(slider.value(), 11);
+            EXPECT_EQ((*skin).*c.member, float(double(c.first) + 0.11));
+            EXPECT_NE(sample(), painted);
+            QTest::keyClick(&slider, Qt::Key_End);
+            EXPECT_EQ(slider.value(), c.maximum);
+            EXPECT_EQ((*skin).*c.member, c.last);
+        }
+        EXPECT_TRUE(skin->Colorize && skin->AdjustRGB);
+        QTest::keyClick(&dialog, Qt::Key_C, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !skin->Colorize; })) << "by its mnemonic";
+        QTest::mouseClick(&FindIn(dialog, "lblInfo(5)"), Qt::LeftButton);
+        EXPECT_FALSE(FindIn(dialog, "hscHue").isEnabled() || FindIn(dialog, "hscRed").isEnabled());
+        QTest::keyClick(&dialog, Qt::Key_F1);
+        EXPECT_EQ(shell.Opened.size(), 1);
+    };
+    Customize(use, "cmdCancel");
+    EXPECT_EQ(skin->Hue, 5) << "stays in the configuration";
+    EXPECT_EQ(Stored("SkinProperties_1", "Hue"), Text("-"));
+    EXPECT_EQ(window->palette(), before);
+}
+
+TEST_F(SkinTest, FailuresEndInABoxAndTheChoiceStays) {
+    Store("SkinProperties_4",
+          {{"Saturation", "0.5"}, {"AdjustRGB", "perhaps"}, {"PercentRed", "0.5"}});
+    Open();
+    Trigger("mnuSkin(4)");
+    EXPECT_EQ(dialogs.WholeBoxes(), "critical: Error in Skinning: 13\r\nType mismatch");
+    EXPECT_FALSE(window->contentsMargins().isNull()) << "the frame is still the first skin's";
+    EXPECT_EQ(window->ProgramSettings().SkinIndex, 4);
+    EXPECT_EQ(Checked(), "mnuSkin(4)");
+    EXPECT_EQ(skins.SkinConfiguration()->Saturation, 0.5F);
+    EXPECT_EQ(skins.SkinConfiguration()->PercentRed, 0) << "behind the one that failed";
+}
+
+TEST_F(SkinTest, ControlsHaveTheColoursOfTheirSkin) {
+    Open();
+    EXPECT_EQ(ColorOf("cmdStartSearch", QPalette::Button), QColor(255, 192, 128));
+    EXPECT_EQ(ColorOf("HyperLbl", QPalette::WindowText), QColor(128, 128, 255));
+    EXPECT_EQ(ColorOf("RecShp(3)", QPalette::WindowText), QColor(255, 128, 0));
+    EXPECT_EQ(ColorOf("Line1", QPalette::WindowText), QColor(192, 64, 0));
+
+    const QPalette desktop = QApplication::palette();
+    QPalette dark = desktop;
+    dark.setColor(QPalette::Window, QColor(40, 40, 40));
+    dark.setColor(QPalette::WindowText, Qt::white);
+    Trigger("mnuSkin(0)");
+    for (const QPalette& palette : {dark, desktop}) { // while the program runs
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
+        for (const auto role : {QPalette::Window, QPalette::WindowText, QPalette::Button})
+            EXPECT_EQ(ColorOf("Label1", role), palette.color(role));
+    }
+}
+
+TEST_F(SkinTest, ASearchGoesOnAcrossAnotherSkin) {
+    AddFile("\\\\S\\D\\one.mp3");
+    AddFile("\\\\S\\D\\SUB\\two.mp3");
+    Open();
+    const WId id = window->winId();
+    for (const char* skin : {"mnuSkin(4)", "mnuSkin(0)", "mnuSkin(5)"}) {
+        When("list \\\\S\\D\\SUB\\", [&] {
+            Trigger(skin);
+            EXPECT_EQ(Caption(), Text("Search in progress. 1 files found."));
+            EXPECT_TRUE(Find("cmdAbandon").hasFocus());
+        });
+        Search("*.mp3");
+        EXPECT_EQ(Checked(), skin);
+        EXPECT_EQ(Rows().size(), 2);
+        EXPECT_EQ(window->winId(), id);
+    }
+}
+
+} // namespace
+} // namespace netrove
