@@ -1,6 +1,7 @@
 #include "copier/CopierDriver.h"
 #include "fakes/Text.h"
 #include "platform/TempTree.h"
+#include "redirector/OwnConnections.h"
 #include "redirector/SmbProvider.h"
 #include "smb/FaultyProxy.h"
 #include "smb/SambaTest.h"
@@ -115,6 +116,22 @@ TEST_F(SmbCopyTest, FilesComeWholeAndWithTheirTimesAndEndOnce) {
                   static_cast<int>(number))
             << source;
     EXPECT_EQ(driver->Done().size(), names.size() + 4);
+}
+
+TEST_F(SmbCopyTest, WhatATargetDoesntTakeIsNoAnswerToTheNextRequest) {
+    samba_->AddFile(Text("public/other"), "content");
+    const SmbProvider provider(Text("LAN"), FilerAt(samba_->Port()), SambaServer::Helper());
+    OwnConnections connections;
+    const auto open = [&](const QString& path) {
+        return provider.RemotePlaceOf(*UncPath::Parse(path))->OpenFile(connections, {});
+    };
+    EXPECT_THROW(open(big_)->Read(
+                     0, CopySource::MaxRead,
+                     [](QByteArrayView /*bytes*/) { throw RunTimeError(ErrorNumber::DiskFull); }),
+                 RunTimeError);
+    QByteArray read;
+    open(share_ + Text("other"))->Read(0, 7, [&](QByteArrayView bytes) { read += bytes; });
+    EXPECT_EQ(read, "content");
 }
 
 TEST_F(SmbCopyTest, ABrokenCopyIsResumed) {
