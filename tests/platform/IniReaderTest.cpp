@@ -21,32 +21,6 @@ QString Dump(const IniReader& ini) {
     return text;
 }
 
-TEST(IniReaderTest, ReadsWhatTheProfileFunctionsDo) {
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"", ""},
-        {"[A]\nk=v\n[B]\nk=w", "A:1 k=v:2;B:3 k=w:4;"},
-        {"\xEF\xBB\xBF[A]\r\n k = v w \r\n\r\n; k=no\r\n", "A:1 k=v w:2;"},
-        {"  [ A ] tail\n\tk\t=\tv\t", "A:1 k=v:2;"},
-        {"[A]\nk=\"  v \"\nl='w'\nm=\"\nn=\"x'", "A:1 k=  v :2 l=w:3 m=\":4 n=\"x':5;"},
-        {"[A]\nk=a=b;c\nl=", "A:1 k=a=b;c:2 l=:3;"},
-        {"[A]\nk=\xDF \x80", "A:1 k=ß €:2;"},
-        {"[A]\nk=\xC3\x9F", "A:1 k=ß:2;"}};
-    for (const auto& [bytes, expected] : cases) {
-        const IniReader ini(bytes);
-        EXPECT_EQ(Dump(ini), Text(expected)) << bytes.toStdString();
-        EXPECT_TRUE(ini.Problems().isEmpty()) << bytes.toStdString();
-    }
-}
-
-TEST(IniReaderTest, TakesTheFirstOfEqualNamesInAnyCase) {
-    const IniReader ini("[One]\nKey=1\nKEY=2\n[ONE]\nKey=3\n");
-    ASSERT_TRUE(ini.Find(u"one"));
-    EXPECT_EQ(ini.Find(u"one")->line, 1);
-    EXPECT_EQ(ini.Find(u"ONE")->Value(u"key"), Text("1"));
-    EXPECT_EQ(ini.Find(u"One")->Value(u"other"), QString());
-    EXPECT_FALSE(ini.Find(u"Two"));
-}
-
 TEST(IniReaderTest, NamesTheLineOfEachProblemAndReadsOn) {
     const IniReader ini("early=1\n[A]\nnonsense\n=v\nk=v\n[B\nl=w\n", Text("x.ini"));
     EXPECT_EQ(Dump(ini), Text("A:2 k=v:5;B:6 l=w:7;"));

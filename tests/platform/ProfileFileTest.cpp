@@ -1,6 +1,7 @@
 #include "platform/ProfileFile.h"
 
 #include "fakes/Text.h"
+#include "platform/IniReader.h"
 #include "platform/TempTree.h"
 #include "runtime/RunTimeError.h"
 
@@ -65,6 +66,12 @@ TEST_F(ProfileFileTest, Reads) {
         {"[A]\nk=1\nK=2\n[a]\nk=3\nl=4\n", "A", "k", Text("1")},
         {"[A]\nk=1\n[a]\nl=4\n", "A", "l", Text("(default)")},
         {"[A]\nk=\n", "A", "k", QString()},
+        {"  [ A ] tail\n\tk\t=\tv w\t", "A", "k", Text("v w")},
+        {"[A]\n; k=no\nk=\"  v \"\n", "A", "k", Text("  v ")},
+        {"[A]\nk='w'\n", "A", "k", Text("w")},
+        {"[A]\nk=\"x'\n", "A", "k", Text("\"x'")},
+        {"[A]\nk=a=b;c\n", "A", "k", Text("a=b;c")},
+        {"[A]\nk=\xDF \x80", "A", "k", Text("ß €")},
         {"[A]\nk\n", "A", "k", Text("(default)")},
         {"k=1\n[A]\n", "", "k", Text("(default)")},
         {"[A]\nk=\xC2\xA0v\xC2\xA0\n", "A", "k", Text("\u00A0v\u00A0")},
@@ -76,6 +83,12 @@ TEST_F(ProfileFileTest, Reads) {
     for (const auto& [content, section, key, expected] : cases) {
         tree.File("a.ini", content);
         EXPECT_EQ(Read(section, key), expected) << content.toStdString();
+        // What takes the whole file at once reads the same, but has no limit.
+        const IniReader reader(content);
+        const IniSection* found = reader.Find(Text(section));
+        const bool isThere = found && found->Find(Text(key));
+        const QString whole = isThere ? found->Value(Text(key)) : Text("(default)");
+        EXPECT_EQ(whole.size() < 100 ? whole : whole.left(expected.size()), expected);
     }
 }
 
