@@ -49,17 +49,13 @@ def start_wsdd(machine, workgroup, domain=""):
 
 def start_avahi(machine, service=None, port=0):
     """DNS-SD, with a D-Bus of its own; with a service, the computer announces an SMB server."""
-    bus = os.path.join(machine.folder, "bus.conf")
-    with open(bus, "w", encoding="utf-8") as file:
-        file.write(BUS)
-    configuration = os.path.join(machine.folder, "avahi.conf")
-    with open(configuration, "w", encoding="utf-8") as file:
-        file.write(AVAHI.format(name=machine.name.lower()))
+    bus = machine.write("bus.conf", BUS)
+    configuration = machine.write("avahi.conf", AVAHI.format(name=machine.name.lower()))
     services = os.path.join(machine.folder, "services")
     os.makedirs(services)
     if service:
-        with open(os.path.join(services, "smb.service"), "w", encoding="utf-8") as file:
-            file.write(SMB_SERVICE.format(name=service, port=port, model=MODEL))
+        machine.write("services/smb.service",
+                      SMB_SERVICE.format(name=service, port=port, model=MODEL))
     machine.run("mount", "--bind", services, "/etc/avahi/services")
     machine.run("mkdir", "-p", "/run/dbus")
     machine.run("dbus-daemon", f"--config-file={bus}", "--fork", "--nopidfile")

@@ -43,13 +43,9 @@ class Finder:
 
     def configure(self, network_ini):
         """With None, the program has only what it finds itself."""
-        path = os.path.join(self.folder, "network.ini")
+        path = self._client.write("program/network.ini", network_ini or "")
         if network_ini is None:
-            if os.path.exists(path):
-                os.remove(path)
-            return
-        with open(path, "w", encoding="utf-8") as file:
-            file.write(network_ini)
+            os.remove(path)
 
     def search(self, *arguments, on_row=None, on_start=None, seconds=120):
         """Calls on_start(process) and on_row(row) at each row. Raises if the program takes too long."""

@@ -159,11 +159,9 @@ class LanTest(unittest.TestCase):
     def test_3_logon(self):
         """LOFT lets nobody in but its user; a wrong password shows nothing."""
         self.finder.configure(self.lan.network_ini(["LOFT"]))
-        logon = os.path.join(self.finder.folder, "logon")
         for password, rows in (("wrong", []), (PASSWORD, expected(self.lan["LOFT"].host))):
-            with open(logon, "w", encoding="utf-8") as file:
-                os.chmod(logon, 0o600)
-                file.write(f"username = {USER}\npassword = {password}\n")
+            logon = self.lan.client.write("logon", f"username = {USER}\npassword = {password}\n")
+            os.chmod(logon, 0o600)
             found = self.finder.search("--logon-file", logon, "*.mp3")
             self.assertEqual((sorted(found.rows), found.not_searched()),
                              (rows, set() if rows else {"LOFT"}))

@@ -58,6 +58,13 @@ class Machine:
     def run(self, *command, **options):
         return subprocess.run(self.command(command), **{"check": True} | options)
 
+    def write(self, name, text):
+        """Makes a file in its folder, and gives its path."""
+        path = os.path.join(self.folder, name)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(text)
+        return path
+
     def drop(self, port):
         """Lets packets to the port get lost from now on."""
         self.run("nft", "-f", "-", text=True, input=(

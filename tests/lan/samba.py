@@ -18,7 +18,6 @@ class Samba:
         self.machine = machine
         self.share = os.path.join(machine.folder, "public")
         state = os.path.join(machine.folder, "state")
-        self.configuration = os.path.join(state, "smb.conf")
         os.makedirs(self.share, exist_ok=True)
         os.makedirs(state)
         with open(TEMPLATE, encoding="utf-8") as file:
@@ -27,9 +26,10 @@ class Samba:
                             ("INTERFACES", interfaces), ("STATE", state),
                             ("NO_NETBIOS", "no" if netbios else "yes")):
             text = text.replace(f"%{name}%", str(value))
+        text += GUESTS if guests else USERS_ONLY
+        self.configuration = os.path.join(state, "smb.conf")
         with open(self.configuration, "w", encoding="utf-8") as file:
-            file.write(f"{text}{GUESTS if guests else USERS_ONLY}\n[PUBLIC]\n"
-                       f"    path = {self.share}\n")
+            file.write(f"{text}\n[PUBLIC]\n    path = {self.share}\n")
 
     def start(self, daemon="smbd"):
         self.machine.start(daemon, "--foreground", "--no-process-group",
@@ -37,10 +37,8 @@ class Samba:
 
     def add_user(self, user, password):
         """A user whom this computer alone knows."""
-        users = os.path.join(self.machine.folder, "passwd")
-        with open("/etc/passwd", encoding="utf-8") as known, \
-                open(users, "w", encoding="utf-8") as file:
-            file.write(known.read() + f"{user}:x:4711:4711::/nonexistent:/usr/sbin/nologin\n")
+        with open("/etc/passwd", encoding="utf-8") as known:
+            users = self.machine.write("passwd", known.read() + f"{user}:x:4711:4711::/:/bin/false\n")
         self.machine.run("mount", "--bind", users, "/etc/passwd")
         self.machine.run("pdbedit", f"--configfile={self.configuration}", "--create",
                          "--password-from-stdin", f"--user={user}", text=True,

@@ -172,19 +172,5 @@ TEST_F(LocalFilesTest, SaysWhyAFileCantBeReached) {
     ::chmod(tree_.Bytes("closed").constData(), 0700);
 }
 
-TEST_F(LocalFilesTest, IgnoresCaseOnlyWhereAsked) {
-    tree_.File("Music/Café/SONG.MP3", "upper");
-    tree_.File("Music/both", "lower");
-    tree_.File("Music/BOTH", "upper");
-    LocalFiles ignoring(LocalFiles::NameCase::Ignored);
-    const QString typed = Path("MUSIC/CAFÉ/song.mp3");
-    EXPECT_EQ(ignoring.Read(typed, 0, 10), "upper");
-    EXPECT_EQ(ignoring.LocalPath(typed), Path("Music/Café/SONG.MP3"));
-    EXPECT_EQ(ignoring.Read(Path("music/both"), 0, 10), "lower");
-    EXPECT_EQ(ignoring.Read(Path("music/BOTH"), 0, 10), "upper");
-    EXPECT_TRUE(ignoring.CanEnter(Path("music/café/")));
-    EXPECT_FALSE(files_.LocalPath(typed));
-}
-
 } // namespace
 } // namespace netrove

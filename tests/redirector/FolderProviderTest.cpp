@@ -2,6 +2,7 @@
 
 #include "fakes/LinkedTree.h"
 #include "fakes/Text.h"
+#include "platform/LocalFiles.h"
 #include "platform/TempTree.h"
 #include "runtime/ExpectRaised.h"
 #include "runtime/Yield.h"
@@ -100,7 +101,12 @@ TEST_F(FolderProviderTest, FindsFilesInAnyCase) {
     EXPECT_EQ(Provider().Read(typed, 1, 3), "234");
     EXPECT_EQ(Provider().LocalPath(typed),
               QFileInfo(tree_.Path(Text("NORTH/ALPHA/Music/Rock/song.mp3"))).canonicalFilePath());
+    EXPECT_FALSE(LocalFiles().LocalPath(tree_.Path(Text("north")))) << "only where asked";
     EXPECT_TRUE(Look("alpha\\music\\ROCK").first);
+    tree_.File("NORTH/ALPHA/Music/Café/both", "lower");
+    tree_.File("NORTH/ALPHA/Music/Café/BOTH", "upper");
+    EXPECT_EQ(Provider().Read(Unc("alpha\\music\\CAFÉ\\both"), 0, 9), "lower");
+    EXPECT_EQ(Provider().Read(Unc("alpha\\music\\CAFÉ\\BOTH"), 0, 9), "upper");
     EXPECT_TRUE(Provider().CanEnter(Unc("alpha\\c$"))) << "hidden, not closed";
 }
 
