@@ -61,7 +61,9 @@ TEST_F(SmbLogonTest, AStoredLogonOpensWhatGuestsCantSee) {
         EXPECT_EQ(Failure("PRIVATE"), 0) << "the same helpers go on";
         EXPECT_EQ(Failure("PUBLIC"), 0);
     }
-    for (const pid_t process : provider->Pool().IdleProcesses()) {
+    const auto processes = provider->Pool().IdleProcesses();
+    EXPECT_FALSE(processes.empty());
+    for (const pid_t process : processes) {
         for (const char* name : {"cmdline", "environ", "limits"}) {
             QFile file(Text("/proc/%1/%2").arg(process).arg(Text(name)));
             ASSERT_TRUE(file.open(QIODevice::ReadOnly));
