@@ -1,12 +1,12 @@
 #pragma once
 
 #include "downloads/copier/FileCopier.h"
+#include "fakes/Files.h"
 #include "redirector/Network.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
-#include <QFile>
 #include <QMap>
 
 #include <memory>
@@ -65,11 +65,6 @@ private:
     QMultiMap<QString, int> done_;
     std::optional<FileCopier> copier_;
 };
-
-inline QByteArray ContentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
 
 /// Bytes that show when a piece is missing or out of its place.
 inline QByteArray Pattern(qsizetype size) {

@@ -62,9 +62,9 @@ protected:
 TEST_F(FileCopyTest, TheTargetIsWhatItWasUntilTheCopyIsWhole) {
     tree_.File("file", "old");
     FakeSource source;
-    source.onRead = [&] { EXPECT_EQ(ContentOf(target_), "old"); };
+    source.onRead = [&] { EXPECT_EQ(ReadFile(target_), "old"); };
     Copy(source);
-    EXPECT_EQ(ContentOf(target_), source.content);
+    EXPECT_EQ(ReadFile(target_), source.content);
     struct stat status {};
     ASSERT_EQ(stat(QFile::encodeName(target_).constData(), &status), 0);
     EXPECT_EQ(status.st_mtim.tv_sec, 1'234'567'890);
@@ -97,7 +97,7 @@ TEST_F(FileCopyTest, AFileThatChangesMeanwhileIsNotCopied) {
             source.content.truncate(4'000'000);
         ExpectFailure(ErrorNumber::FileAlreadyOpen, source);
     }
-    EXPECT_EQ(ContentOf(target_), "old");
+    EXPECT_EQ(ReadFile(target_), "old");
     EXPECT_EQ(Files(), QStringList{Text("file")});
 }
 
@@ -126,7 +126,7 @@ TEST_F(FileCopyTest, OnlyOneAtATimeMakesTheSameCopy) {
         first.onRead = {};
     };
     Copy(first);
-    EXPECT_EQ(ContentOf(target_), first.content);
+    EXPECT_EQ(ReadFile(target_), first.content);
     EXPECT_EQ(Files(), QStringList{Text("file")});
 }
 
@@ -140,7 +140,7 @@ TEST_F(FileCopyTest, ABrokenCopyGoesOnWhereItStopped) {
         FakeSource same;
         Copy(same, target);
         EXPECT_GT(same.offsets.front(), 2'900'000);
-        EXPECT_EQ(ContentOf(target), same.content);
+        EXPECT_EQ(ReadFile(target), same.content);
         EXPECT_EQ(Files().size(), 1);
         QFile::remove(target);
     }

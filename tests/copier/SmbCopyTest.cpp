@@ -86,7 +86,7 @@ TEST_F(SmbCopyTest, CopiesAreMadeAsWhomTheUserHasStored) {
     EXPECT_EQ(server.Log().count("Auth: [SMB2"), 1) << server.Log().toStdString();
     store("right");
     EXPECT_EQ(driver.Copy(file, Save(Text("file"))), 0);
-    EXPECT_EQ(ContentOf(Save(Text("file"))), "content");
+    EXPECT_EQ(ReadFile(Save(Text("file"))), "content");
 }
 
 TEST_F(SmbCopyTest, FilesComeWholeAndWithTheirTimesAndEndOnce) {
@@ -105,7 +105,7 @@ TEST_F(SmbCopyTest, FilesComeWholeAndWithTheirTimesAndEndOnce) {
         EXPECT_EQ(driver->Done().values(id), QList<int>{0});
         EXPECT_FALSE(driver->Copier().Progress(id));
         const QString from = samba_->Path(Text("public/many/") + name);
-        EXPECT_EQ(ContentOf(Save(name)), ContentOf(from));
+        EXPECT_EQ(ReadFile(Save(name)), ReadFile(from));
         EXPECT_EQ(QFileInfo(Save(name)).lastModified(), QFileInfo(from).lastModified());
     }
     for (const auto& [source, number] : {std::pair("PUBLIC\\none", ErrorNumber::FileNotFound),
@@ -152,7 +152,7 @@ TEST_F(SmbCopyTest, ABrokenCopyIsResumed) {
         const qint64 before = proxy.Bytes();
         const auto later = Driver(proxy.Port());
         EXPECT_EQ(later->Copy(big_, target), 0);
-        EXPECT_EQ(ContentOf(target), Pattern(BigSize));
+        EXPECT_EQ(ReadFile(target), Pattern(BigSize));
         EXPECT_LT(proxy.Bytes() - before, BigSize);
     }
 }
@@ -162,7 +162,7 @@ TEST_F(SmbCopyTest, WhateverDiesEveryCopyEnds) {
     mortal.AddFile(Text("public/big"), Pattern(BigSize));
     for (const bool isServer : {true, false}) {
         FaultyProxy proxy(isServer ? mortal.Port() : samba_->Port());
-        proxy.Delay(5ms);
+        proxy.Delay(50ms);
         const auto driver = Driver(proxy.Port());
         const QString id =
             driver->Copier().QueueCopy(big_, Save(isServer ? Text("server") : Text("helper")));
@@ -210,7 +210,7 @@ TEST(CopyingProgram, DISABLED_EndsWithItsInput) {
 
 TEST_F(SmbCopyTest, AProgramThatEndsLeavesNothingBehind) {
     FaultyProxy proxy(samba_->Port());
-    proxy.Delay(5ms);
+    proxy.Delay(50ms);
     qputenv("NETROVE_COPY_PORT", QByteArray::number(proxy.Port()));
     qputenv("NETROVE_COPY_TARGET", Save(Text("big")).toUtf8());
     for (const bool isKilled : {false, true}) {

@@ -6,6 +6,7 @@
 #include "smb/Frames.h"
 #include "smb/SambaTest.h"
 
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 
 #include <array>
