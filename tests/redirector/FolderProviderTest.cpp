@@ -125,8 +125,7 @@ TEST_F(FolderProviderTest, LinksAreFollowedButNeverRoundInCircles) {
 
 TEST_F(FolderProviderTest, RefusesWhatIsClosed) {
     for (const char* path : {"ALPHA\\Closed", "ALPHA\\Laser"}) {
-        EXPECT_FALSE(Provider().CanEnter(Unc(path)));
-        EXPECT_FALSE(Look(path).first);
+        EXPECT_FALSE(Provider().CanEnter(Unc(path)) || Look(path).first);
         const UncPath file = *UncPath::Parse(Unc(path).Text() + Text("\\file"));
         EXPECT_FALSE(Provider().LocalPath(file));
         ExpectRaised(ErrorNumber::PermissionDenied, [&] { return Provider().Read(file, 0, 1); });
