@@ -43,8 +43,10 @@ TEST_F(ComputerFinderTest, AsksForTheWholeWindowButEndsAtOnceWithoutALink) {
         EXPECT_FALSE(finder.IsRunning());
         clock.start();
         finder.Start();
-        finder.Start(); // joins the first one
-        EXPECT_TRUE(finder.IsRunning() || window == 0);
+        if (window != 0) {
+            finder.Start(); // joins the first one
+            EXPECT_TRUE(finder.IsRunning());
+        }
         ASSERT_TRUE(WaitForNews(finder));
         EXPECT_FALSE(finder.IsRunning());
         EXPECT_TRUE(finder.Found().empty());
