@@ -216,22 +216,5 @@ TEST_F(Browser, WritesItsLog) {
                                "Resource Type Name: Domain\nProvider: Memory\n \n"));
 }
 
-TEST_F(Browser, FollowsItsSize) {
-    Open();
-    for (const QSize size : {QSize(10, 10), QSize(700, 600)}) {
-        dialog->resize(size);
-        EXPECT_GE(dialog->frameGeometry().width(), 306);
-        EXPECT_GE(dialog->frameGeometry().height(), 350);
-        const QRect ok = Find("cmdOk").geometry();
-        const QRect cancel = Find("cmdCancel").geometry();
-        const QRect progress = Find("picProg").geometry();
-        EXPECT_EQ(Tree().geometry(),
-                  QRect(0, 0, dialog->width(), dialog->height() - 20 - ok.height()));
-        EXPECT_TRUE(dialog->rect().contains(ok.united(cancel).united(progress)));
-        EXPECT_FALSE(ok.intersects(cancel) || ok.intersects(Tree().geometry()));
-        EXPECT_LE(std::abs(progress.center().x() - dialog->width() / 2), 1);
-    }
-}
-
 } // namespace
 } // namespace netrove

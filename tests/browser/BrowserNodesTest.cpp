@@ -117,8 +117,6 @@ TEST_F(BrowserNodes, TheMenuIsAboutTheSelectedNode) {
     QTest::mouseDClick(Tree().viewport(), Qt::LeftButton, {}, On("Net"));
     EXPECT_EQ(Children("Net"), "WG+") << "a double click expands";
     EXPECT_TRUE(dialog->isVisible());
-    Press(Qt::Key_F1);
-    EXPECT_EQ(helps, 1);
     Press(Qt::Key_Escape);
     EXPECT_FALSE(dialog->isVisible());
     EXPECT_TRUE(dialog->Cancelled());

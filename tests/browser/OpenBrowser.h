@@ -29,14 +29,12 @@ protected:
 
     void Make() {
         exclusions.ParseNetNodes(settings);
-        dialog = std::make_unique<frmNWDialog>(
-            BrowserServices{.network = network,
-                            .settings = settings,
-                            .exclusions = exclusions,
-                            .log = log,
-                            .dialogs = dialogs,
-                            .look = {.openHelp = [this] { ++helps; }}},
-            nullptr);
+        dialog = std::make_unique<frmNWDialog>(BrowserServices{.network = network,
+                                                               .settings = settings,
+                                                               .exclusions = exclusions,
+                                                               .log = log,
+                                                               .dialogs = dialogs},
+                                               nullptr);
     }
 
     /// Shows the dialog without its second of waiting.

@@ -78,15 +78,12 @@ TEST_F(DesktopDialogsTest, ShowsTextsAsTheyAreAndWhole) {
 
 TEST_F(DesktopDialogsTest, AnswersSafelyUnlessYesIsChosen) {
     using enum MessageButtons;
-    const struct {
-        MessageButtons buttons;
-        Qt::Key key;
-        MessageAnswer answer;
-    } cases[] = {{Ok, Qt::Key_Escape, MessageAnswer::Ok},
-                 {OkCancel, Qt::Key_Escape, MessageAnswer::Cancel},
-                 {OkCancel, Qt::Key_Return, MessageAnswer::Ok},
-                 {YesNo, Qt::Key_Escape, MessageAnswer::No},
-                 {YesNo, Qt::Key_Return, MessageAnswer::No}};
+    const std::tuple<MessageButtons, Qt::Key, MessageAnswer> cases[] = {
+        {Ok, Qt::Key_Escape, MessageAnswer::Ok},
+        {OkCancel, Qt::Key_Escape, MessageAnswer::Cancel},
+        {OkCancel, Qt::Key_Return, MessageAnswer::Ok},
+        {YesNo, Qt::Key_Escape, MessageAnswer::No},
+        {YesNo, Qt::Key_Return, MessageAnswer::No}};
     for (const auto& [buttons, key, answer] : cases)
         EXPECT_EQ(Answer(title, buttons, [key = key](QMessageBox& box) { Press(box, key); }),
                   answer);

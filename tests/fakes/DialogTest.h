@@ -51,7 +51,6 @@ protected:
 
     RecordedDialogs dialogs;
     WindowYield yield;
-    int helps = 0;
     std::unique_ptr<Dialog> dialog;
 };
 

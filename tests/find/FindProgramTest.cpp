@@ -4,7 +4,6 @@
 #include "fakes/Text.h"
 #include "find/ConsoleText.h"
 #include "redirector/ComputerReport.h"
-#include "runtime/ProgramVersion.h"
 #include "runtime/Yield.h"
 
 #include <QTemporaryFile>
@@ -13,7 +12,6 @@
 #include <csignal>
 
 #include <fcntl.h>
-#include <malloc.h>
 #include <pty.h>
 #include <unistd.h>
 
@@ -119,7 +117,6 @@ TEST_F(Find, PrintsThePathsThatItFinds) {
         EXPECT_EQ(outcome.status, FindStatus::Found);
     }
     EXPECT_EQ(Run({"two"}).status, FindStatus::NothingFound) << "no asterisks are added";
-    EXPECT_EQ(Run({"--version"}).out, Text("netrove-find ") + ProgramVersion() + u'\n');
     for (const QString& line : Run({"a", "--help"}).out.split(u'\n'))
         EXPECT_LE(line.size(), 80) << line.toStdString(); // of a terminal
 }
@@ -231,21 +228,6 @@ TEST_F(Find, OutputThatFails) {
         EXPECT_EQ(RunOn({argument}, full, err.Descriptor()), FindStatus::Failed);
     close(full);
     EXPECT_EQ(err.Written().count(Text("netrove-find: cannot write the output: ")), 3);
-}
-
-TEST_F(Find, KeepsNothingOfWhatItHasPrinted) {
-    constexpr std::size_t files = 20'000;
-    for (std::size_t at = 0; at < files; ++at)
-        network.AddFile(Text("\\\\S\\D\\MANY\\%1.many").arg(at, 100, 10, QChar(u'0')));
-    std::vector<std::size_t> used;
-    used.reserve(files);
-    network.OnCall = [&used](const QString& call) {
-        if (call.startsWith(Text("attributes ")))
-            used.push_back(mallinfo2().uordblks);
-    };
-    EXPECT_EQ(Run({"--details", "*.many"}).status, FindStatus::Found);
-    ASSERT_EQ(used.size(), files);
-    EXPECT_LT(used.back(), used.front() + 1'000'000);
 }
 
 TEST_F(Find, AFailureOfAnyKindIsTold) {

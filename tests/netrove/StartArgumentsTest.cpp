@@ -1,7 +1,6 @@
 #include "netrove/StartArguments.h"
 
 #include "fakes/Text.h"
-#include "runtime/ProgramVersion.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -15,8 +14,6 @@ TEST(StartArguments, TakesFilesAndKnowsTwoOptions) {
     EXPECT_EQ(start.Files(), (QStringList{Text("/a/ü b.nrr"), here.absoluteFilePath(Text("c.nrr")),
                                           here.absoluteFilePath(Text("--help"))}));
     EXPECT_EQ(start.Text() + start.Problem(), QString());
-    EXPECT_EQ(StartArguments({Text("--version")}).Text(),
-              Text("netrove ") + ProgramVersion() + u'\n');
     EXPECT_TRUE(StartArguments({Text("--help")}).Text().startsWith(Text("Usage: netrove ")));
     EXPECT_TRUE(StartArguments({Text("-x"), Text("a.nrr")}).Problem().contains(Text("'-x'")));
 }

@@ -23,7 +23,6 @@ protected:
                                                     .dialogs = this->dialogs,
                                                     .shell = shellServices,
                                                     .webAddress = Text("https://site.example/"),
-                                                    .look = {.openHelp = [this] { ++this->helps; }},
                                                     .version = {{0, 99, 5}}},
                                      &owner));
     }
@@ -169,8 +168,6 @@ TEST_F(UpdateTest, NoNewerVersionIsSaid) {
         EXPECT_TRUE(Button("cmdCancel").hasFocus());
         EXPECT_TRUE(IsEnabled("cmdCheck") && !IsEnabled("cmdDown"));
     }
-    QTest::keyClick(dialog.get(), Qt::Key_F1);
-    EXPECT_EQ(helps, 1);
     Click("cmdCancel");
     EXPECT_FALSE(dialog->isVisible());
 }

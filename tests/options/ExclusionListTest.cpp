@@ -127,7 +127,6 @@ TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
     auto& header = *List().Header();
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {20, header.height() / 2});
     EXPECT_EQ(Rows(), "c|Folder b|Folder a|Workgroup");
-    EXPECT_EQ(List().HeaderText(1), Text("Node Name v"));
     EXPECT_FALSE(IsEnabled("cmdApply"));
     Press(Qt::Key_Home);
     Press(Qt::Key_Space);
@@ -135,40 +134,29 @@ TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
     EXPECT_TRUE(IsEnabled("cmdApply"));
     Press(Qt::Key_Return);
     EXPECT_TRUE(dialog->isVisible());
-
-    auto& menu = Find<QMenu>("mnuOptPopUp");
     QTest::mouseClick(List().viewport(), Qt::RightButton);
-    EXPECT_TRUE(menu.isVisible());
-    QStringList items;
-    for (const QAction* item : menu.actions())
-        items.append(item->text());
-    EXPECT_EQ(items.join(u','),
-              Text("Add a Network Node...,Remove the Selected Node(s),,Add Default Nodes"));
-    menu.close();
+    EXPECT_TRUE(Find<QMenu>("mnuOptPopUp").isVisible());
+    Find<QMenu>("mnuOptPopUp").close();
 }
 
 TEST_F(ExclusionList, TheDialogForANodeChecksTheName) {
     InAddDialog([this](frmAddNetNode& add) {
         auto& input = FindIn<QLineEdit>(add, "txtNetNodeName");
-        for (const char* name : {"  ", "\"a\""}) {
+        for (const auto& [name, problem] :
+             TextPairs{{"  ", "Empty network node!"},
+                       {"\"a\"", "Network node has an illegal character!"}}) {
             input.setText(Text(name));
             FindIn(add, "cmdOK").setFocus();
             QTest::keyClick(add.focusWidget(), Qt::Key_Return);
-            EXPECT_TRUE(add.isVisible());
-            EXPECT_TRUE(input.hasFocus());
+            EXPECT_EQ(dialogs.TakeWhole(),
+                      std::string("critical: Network node error...: ") + problem);
+            EXPECT_TRUE(add.isVisible() && input.hasFocus());
         }
-        QCoreApplication::processEvents();
-        EXPECT_EQ(input.selectedText(), Text("\"a\"")) << "it can be typed over";
         QTest::keyClick(&input, Qt::Key_F1);
         EXPECT_EQ(helps, 1);
         QTest::keyClick(&input, Qt::Key_Escape);
         EXPECT_FALSE(add.isVisible());
-        EXPECT_EQ(add.NewNetNode(), QString());
     });
-    EXPECT_EQ(dialogs.WholeBoxes(),
-              "critical: Network node error...: Empty network node!|critical: Network node "
-              "error...: Network node has an illegal character!");
-    EXPECT_EQ(List().Count(), 4);
     EXPECT_FALSE(IsEnabled("cmdApply"));
 }
 

@@ -47,6 +47,7 @@ protected:
     /// With the button's page in front, or behind another one.
     void Click(const char* name) { Find<QAbstractButton>(name).click(); }
 
+    int helps = 0;
     QTemporaryDir folder;
     Settings settings;
     TestSystem system;

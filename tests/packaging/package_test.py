@@ -5,8 +5,10 @@ desktops, man pages and shells, and by running the installed programs."""
 import glob
 import gzip
 import os
+import pathlib
 import re
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -111,11 +113,23 @@ class Installed(unittest.TestCase):
             text = networks.read().replace("Type=smb", "Type=smb\nFind=No")
             networks.seek(0)
             networks.write(text)
-        done = run(self.path("usr/bin/netrove-find"), "--from", "Sample Network", "*.mp3",
-                   env=dict(os.environ, HOME=self.path("home"),
-                            XDG_DATA_HOME=self.path("home/data")))
+        find = [self.path("usr/bin/netrove-find"), "--from", "Sample Network"]
+        user = dict(os.environ, HOME=self.path("home"), XDG_DATA_HOME=self.path("home/data"))
+        done = run(*find, "--details", "*.mp3", env=user)
         self.assertEqual(done.returncode, 0, done.stdout)
-        self.assertGreater(done.stdout.count("\n"), 50)
+        *lines, silent = done.stdout.splitlines()
+        self.assertEqual(silent, "netrove-find: 1 computer, 1 share not searched: "
+                         r"\\PELICAN \\BARLEY\Private")
+        for line in lines:  # with a bit rate and a frequency
+            self.assertRegex(line, r"^[^\t]+(\t[^\t]*){5}\t[1-9]\d*\t[1-9]\d{3,}$")
+        there = [file.name for file in pathlib.Path(data).rglob("*.[mM][pP]3")
+                 if not re.search(r"/PELICAN/|/Private/|\$/", str(file))]
+        self.assertEqual(sorted(line.split("\t")[0] for line in lines), sorted(there))
+        with subprocess.Popen([*find, "*"], env=user, text=True, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL) as stopped:
+            stopped.stdout.readline()
+            stopped.terminate()
+            self.assertEqual(stopped.wait(60), 128 + signal.SIGTERM)
         for name in ("netrove", "netrove-find"):
             self.assertRegex(run(self.path(f"usr/bin/{name}"), "--version").stdout,
                              rf"^{name} [\d.]+\n$")
