@@ -70,6 +70,7 @@ TEST_F(Window, OptionsOfASearch) {
 }
 
 TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
+    const WId id = window->winId();
     const auto expectEnabled = [&](bool enabled) {
         for (const char* name : {"cmdSetSearchStart", "cmdInpNetNode", "LstSearchFor", "chkRecurse",
                                  "cmdStartSearch", "imgFiles(0)"})
@@ -81,10 +82,11 @@ TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
         EXPECT_NE(Find("imgFiles(1)").isVisible(), enabled);
     };
     When("list \\\\T\\E\\", [&] {
+        for (const char* skin : {"mnuSkin(4)", "mnuSkin(0)"})
+            Trigger(skin);
         expectEnabled(false);
         EXPECT_TRUE(Find("cmdAbandon").hasFocus());
-        EXPECT_EQ(Bar().Text(1), Text("Searching..."));
-        EXPECT_EQ(Bar().Text(2), Text("\\\\T\\E\\"));
+        EXPECT_EQ(Bar().Text(1) + Bar().Text(2), Text("Searching...\\\\T\\E\\"));
         EXPECT_EQ(Caption(), Text("Search in progress. 2 files found."));
         Click("imgFiles(1)", Qt::RightButton);
         EXPECT_FALSE(Find("mnuPopUp5").isVisible());
@@ -95,6 +97,7 @@ TEST_F(Window, ARunningSearchGuardsItsInputAndCanBeAborted) {
     ExpectCaption("Aborted, but returned 2 files in ");
     expectEnabled(true);
     EXPECT_EQ(Bar().Text(2), QString());
+    EXPECT_EQ(window->winId(), id) << "across other skins";
 }
 
 TEST_F(Window, OneJobRunsAtATime) {

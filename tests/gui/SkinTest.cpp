@@ -209,23 +209,5 @@ TEST_F(SkinTest, ControlsHaveTheColoursOfTheirSkin) {
     }
 }
 
-TEST_F(SkinTest, ASearchGoesOnAcrossAnotherSkin) {
-    AddFile("\\\\S\\D\\one.mp3");
-    AddFile("\\\\S\\D\\SUB\\two.mp3");
-    Open();
-    const WId id = window->winId();
-    for (const char* skin : {"mnuSkin(4)", "mnuSkin(0)", "mnuSkin(5)"}) {
-        When("list \\\\S\\D\\SUB\\", [&] {
-            Trigger(skin);
-            EXPECT_EQ(Caption(), Text("Search in progress. 1 files found."));
-            EXPECT_TRUE(Find("cmdAbandon").hasFocus());
-        });
-        Search("*.mp3");
-        EXPECT_EQ(Checked(), skin);
-        EXPECT_EQ(Rows().size(), 2);
-        EXPECT_EQ(window->winId(), id);
-    }
-}
-
 } // namespace
 } // namespace netrove
