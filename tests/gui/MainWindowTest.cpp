@@ -2,7 +2,6 @@
 #include "controls/Twips.h"
 #include "fakes/Files.h"
 #include "gui/WindowTest.h"
-#include "online/frmDonate.h"
 #include "online/frmUpdate.h"
 #include "runtime/Yield.h"
 
@@ -157,15 +156,13 @@ TEST_F(Window, AWaitForTheNetworkCanBeAborted) {
 TEST_F(Window, FailuresEndInABox) {
     When("open ", [] { throw RunTimeError(ErrorNumber::DeviceIOError); });
     Search("*.mp3");
-    EXPECT_EQ(dialogs.TakeWhole(), "critical: Error while searching: Error while processing "
-                                   "request.\r\n57\r\nDevice I/O error");
     ExpectCaption("Returned 0 files in 0 seconds.");
     EXPECT_TRUE(Find("cmdStartSearch").isEnabled());
-    Search("[");
-    EXPECT_EQ(dialogs.Boxes(), "") << "the walk over children catches that one";
     Find("chkRecurse").setFocus();
     Search(" , ");
-    EXPECT_EQ(dialogs.WholeBoxes(), "information: Null search input: No search parameters!");
+    EXPECT_EQ(dialogs.WholeBoxes(), "critical: Error while searching: Error while processing "
+                                    "request.\r\n57\r\nDevice I/O error|"
+                                    "information: Null search input: No search parameters!");
     EXPECT_TRUE(Find<QComboBox>("LstSearchFor").lineEdit()->hasFocus());
 }
 
@@ -183,19 +180,17 @@ TEST_F(WindowTest, OpensWithAndOutlivesSettingsThatAreNone) {
     const QString path = IniFileName(folder.path());
     ProfileFile(path).WriteIni(Text("Skin"), Text("Index"), Text("2147483648"));
     const QByteArray before = ReadFile(path);
-    const QString copy = WriteFile(path + Text(".copy-1"), "an earlier one");
     Open();
     EXPECT_EQ(dialogs.Boxes(), "frmNetrove.Form_Load Error: 6\r\nOverflow\r\nNot all settings were "
                                "loaded. Their file is kept as " +
-                                   path.toStdString() + ".copy-2.");
-    EXPECT_EQ(ReadFile(path + Text(".copy-2")), before) << "already";
+                                   path.toStdString() + ".copy-1.");
+    EXPECT_EQ(ReadFile(path + Text(".copy-1")), before) << "already";
     EXPECT_FALSE(QFile::exists(folder.filePath(Text("Netrove.log")))) << "the start stopped there";
     EXPECT_EQ(Bar().geometry().bottom(), window->centralWidget()->rect().bottom());
     Search("*.mp3");
     ExpectCaption("Returned 0 files in ");
     EXPECT_TRUE(window->close());
     EXPECT_EQ(ProfileFile(path).ReadIni(Text("Skin"), Text("Index"), QString()), Text("0"));
-    EXPECT_EQ(ReadFile(copy), "an earlier one");
 
     QFile::remove(path);
     ASSERT_TRUE(QDir().mkdir(path));
@@ -234,12 +229,6 @@ TEST_F(Window, OpensHelpAndTheWebSite) {
               (QStringList{Text("https://www.example.com/"), folder.filePath(Text("Netrove.log")),
                            Text("mailto:netrove@example.com"), shell.Opened[0]}));
     EXPECT_TRUE(QFile::exists(shell.Opened[2]));
-    InDialog<frmDonate>("mnuDonate", [](frmDonate& donate) { donate.close(); });
-    InDialog<frmUpdate>("UpdateMnu", [](frmUpdate& update) {
-        FindIn<QPushButton>(update, "cmdCheck").click();
-        update.close();
-    });
-    EXPECT_NE(dialogs.Take(), "") << "the site isn't there";
     shell.Result = Shell::FileNotFound;
     Trigger("mnuTBS");
     EXPECT_EQ(dialogs.Boxes(), "Shell execute failed...: https://www.example.com/\r\nError: File "

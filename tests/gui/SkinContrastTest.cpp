@@ -16,8 +16,6 @@
 namespace netrove {
 namespace {
 
-constexpr double Readable = 3;
-
 /// Texts that the table of the skins makes what they are.
 constexpr std::pair<const char*, int> Exceptions[] = {
     {"HyperLbl", 4}, // links are pure blue, and the window is black
@@ -64,18 +62,11 @@ public:
 
 protected:
     int metric(PaintDeviceMetric what) const override {
-        switch (what) {
-        case PdmWidth:
-            return like_.width();
-        case PdmHeight:
-            return like_.height();
-        case PdmDevicePixelRatio:
-            return 1;
-        case PdmDevicePixelRatioScaled:
-            return int(devicePixelRatioFScale());
-        default:
-            return 96;
-        }
+        if (what == PdmWidth || what == PdmHeight)
+            return what == PdmWidth ? like_.width() : like_.height();
+        if (what == PdmDevicePixelRatio || what == PdmDevicePixelRatioScaled)
+            return what == PdmDevicePixelRatio ? 1 : int(devicePixelRatioFScale());
+        return 96;
     }
 
 private:
@@ -175,8 +166,7 @@ protected:
             if (control.objectName() == QLatin1String(name) && Skin() == skin)
                 return;
         }
-        EXPECT_GE(PaintedContrast(picture, area.translated(control.mapTo(&shown, QPoint()))),
-                  Readable)
+        EXPECT_GE(PaintedContrast(picture, area.translated(control.mapTo(&shown, QPoint()))), 3)
             << control.metaObject()->className() << control.objectName().toStdString() << " of "
             << shown.objectName().toStdString();
     }
