@@ -1,3 +1,4 @@
+#include "fakes/Files.h"
 #include "gui/WindowTest.h"
 #include "skins/frmCustomizeSkin.h"
 
@@ -187,6 +188,32 @@ TEST_F(SkinTest, FailuresEndInABoxAndTheChoiceStays) {
     EXPECT_EQ(Checked(), "mnuSkin(4)");
     EXPECT_EQ(skins.SkinConfiguration()->Saturation, 0.5F);
     EXPECT_EQ(skins.SkinConfiguration()->PercentRed, 0) << "behind the one that failed";
+}
+
+TEST_F(SkinTest, AFileChangesTheSkinInForceOrNothing) {
+    Open();
+    const auto isOffered = [this] {
+        auto& menu = Find<QMenu>("mnuSkinTOP");
+        menu.popup({});
+        menu.close();
+        Activate();
+        return Find<QAction>("mnuSkinFile").isVisible();
+    };
+    EXPECT_FALSE(isOffered());
+    ASSERT_TRUE(QDir(folder.path()).mkpath(Text("Skins/Dark Metal")));
+    const QString path = folder.filePath(Text("Skins/Dark Metal/skin.xml"));
+    WriteFile(path, "<skin name='Dark'><member name='FrameMetric1' value='9'/></skin>");
+    EXPECT_TRUE(isOffered());
+    Trigger("mnuSkinFile");
+    EXPECT_EQ(dialogs.Boxes(), "");
+    WriteFile(path, "<skin name='Bad'>");
+    Trigger("mnuSkinFile");
+    EXPECT_TRUE(dialogs.Take().starts_with("Error in Skinning: "));
+    QFile::remove(path);
+    Trigger("mnuSkinFile");
+    EXPECT_EQ(dialogs.Take(), "Netrove: Couldn't load " + path.toStdString());
+    EXPECT_EQ(skins.SkinConfiguration()->Name, Text("Dark"));
+    EXPECT_EQ(window->contentsMargins().left(), 9);
 }
 
 TEST_F(SkinTest, ControlsHaveTheColoursOfTheirSkin) {
