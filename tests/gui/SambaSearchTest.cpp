@@ -9,14 +9,7 @@
 namespace netrove {
 namespace {
 
-class SambaSearch : public testing::Test, public WindowDriver {
-protected:
-    QStringList SortedRows() {
-        QStringList rows = Rows();
-        rows.sort();
-        return rows;
-    }
-};
+class SambaSearch : public testing::Test, public WindowDriver {};
 
 /// A real server, FILER in the workgroup HOME.
 TEST_F(SambaSearch, InTheWindow) {
@@ -42,7 +35,9 @@ TEST_F(SambaSearch, InTheWindow) {
     Open();
     window->ProgramSettings().ExcNetNodes = Texts({"temp|True|Folder"});
     Search("*.mp3");
-    EXPECT_EQ(SortedRows(),
+    QStringList songs = Rows();
+    songs.sort();
+    EXPECT_EQ(songs,
               Texts({"\\\\FILER\\PUBLIC\\Music [a, b]\\Ünï.MP3", "\\\\FILER\\PUBLIC\\one.mp3"}));
     EXPECT_EQ(Bar().Text(3), Text("1 computer, 1 share not searched"));
 
@@ -96,8 +91,6 @@ TEST_F(SambaSearch, InTheWindow) {
     dialogs.Inputs = Texts({"filer"});
     Trigger("mnuInpNetNode(0)");
     EXPECT_EQ(StartNodeText(), Text("\\\\FILER"));
-    EXPECT_EQ(dialogs.Take(), "Input a workstation name: What is the name of the workstation, "
-                              "computer, or server?");
     EXPECT_TRUE(window->close());
     window.reset();
 }

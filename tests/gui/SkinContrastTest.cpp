@@ -1,18 +1,13 @@
-#include "about/frmAbout.h"
-#include "about/frmColHelp.h"
 #include "controls/Color.h"
 #include "fakes/MemoryKeyring.h"
 #include "fakes/Pixels.h"
 #include "gui/WindowTest.h"
 #include "logons/frmLogon.h"
 #include "logons/frmLogons.h"
-#include "online/frmDonate.h"
-#include "online/frmUpdate.h"
 #include "options/frmAddNetNode.h"
 #include "options/frmOpts.h"
 #include "redirector/ComputerReport.h"
 #include "silent/frmSilent.h"
-#include "skins/frmCustomizeSkin.h"
 
 #include <QPaintEngine>
 #include <QPainter>
@@ -20,8 +15,6 @@
 
 namespace netrove {
 namespace {
-
-constexpr double Readable = 3;
 
 /// Texts that the table of the skins makes what they are.
 constexpr std::pair<const char*, int> Exceptions[] = {
@@ -69,18 +62,11 @@ public:
 
 protected:
     int metric(PaintDeviceMetric what) const override {
-        switch (what) {
-        case PdmWidth:
-            return like_.width();
-        case PdmHeight:
-            return like_.height();
-        case PdmDevicePixelRatio:
-            return 1;
-        case PdmDevicePixelRatioScaled:
-            return int(devicePixelRatioFScale());
-        default:
-            return 96;
-        }
+        if (what == PdmWidth || what == PdmHeight)
+            return what == PdmWidth ? like_.width() : like_.height();
+        if (what == PdmDevicePixelRatio || what == PdmDevicePixelRatioScaled)
+            return what == PdmDevicePixelRatio ? 1 : int(devicePixelRatioFScale());
+        return 96;
     }
 
 private:
@@ -137,10 +123,9 @@ protected:
             .WriteIni(Text("Skin"), Text("Index"), QString::number(Skin()));
         Open();
         Search("*.mp3");
-        settings.ExcNetNodes = Texts({"Windows|True|Folder"});
         for (const auto& [path, text] : {std::pair("Netrove2.ver", "TBS_VER 99.0.0"),
                                          std::pair("Netrove2.nwz", "TBS_NWZ News")})
-            http.Pages.insert(Text("https://site.example/files/") + Text(path), Text(text));
+            http.Pages.insert(Text("https://www.example.com/files/") + Text(path), Text(text));
         report.NoteSilence(Text("\\\\PELICAN"), Text("It can't be reached."));
         nobody.NoteNobody();
         logons->Store({.computer = Text("LANTERN"), .user = Text("me")}, [](auto) {});
@@ -181,59 +166,9 @@ protected:
             if (control.objectName() == QLatin1String(name) && Skin() == skin)
                 return;
         }
-        EXPECT_GE(PaintedContrast(picture, area.translated(control.mapTo(&shown, QPoint()))),
-                  Readable)
+        EXPECT_GE(PaintedContrast(picture, area.translated(control.mapTo(&shown, QPoint()))), 3)
             << control.metaObject()->className() << control.objectName().toStdString() << " of "
             << shown.objectName().toStdString();
-    }
-
-    /// Every dialog of the program: one more is a line more.
-    std::vector<QWidget*> Dialogs() {
-        const DialogLook look{.skin = &window->Skins()};
-        QWidget* owner = window.get();
-        return {
-            new frmNWDialog({.network = network,
-                             .settings = window->ProgramSettings(),
-                             .exclusions = exclusions,
-                             .log = log,
-                             .dialogs = dialogs,
-                             .look = look},
-                            owner),
-            new frmSilent({.report = report, .look = look}, owner),
-            new frmSilent({.report = nobody, .look = look}, owner),
-            new frmLogons({.logons = logons, .dialogs = dialogs, .placeOf = {}, .look = look},
-                          owner),
-            new frmLogon(nullptr, {.hasKeyring = false, .dialogs = dialogs, .look = look}, owner),
-            new frmCustomizeSkin(look, owner),
-            new frmOpts({.settings = settings,
-                         .dialogs = dialogs,
-                         .system = system,
-                         .lvwResults = Results(),
-                         .lvwDownloads = Downloads(),
-                         .downloadsFolder = folder.path(),
-                         .OSName = Text("OS"),
-                         .OSVersion = Text("1"),
-                         .CurrentUser = Text("me"),
-                         .look = look},
-                        owner),
-            new frmAddNetNode(dialogs, look, owner, owner),
-            new frmUpdate(Online(look), owner),
-            new frmDonate(Online(look), owner),
-            new frmAbout({.shell = shellServices,
-                          .webAddress = Text("https://site.example/"),
-                          .contactAddress = Text("who@site.example"),
-                          .look = look},
-                         *owner),
-            new frmColHelp({.ColHelpText = Text("The size"), .ColHelpKey = 1}, owner),
-        };
-    }
-
-    OnlineServices Online(const DialogLook& look) {
-        return {.http = &http,
-                .dialogs = dialogs,
-                .shell = shellServices,
-                .webAddress = Text("https://site.example/"),
-                .look = look};
     }
 
     /// With every page of it, with what is there only when it is asked for, and at rest.
@@ -258,27 +193,48 @@ protected:
 
     ComputerReport report;
     ComputerReport nobody{[] { return Texts({"Net: three houses."}); }};
-    ShellServices shellServices{shell, dialogs};
-    ExclusionLists exclusions;
-    Settings settings;
-    TroubleshootingLog log{settings};
     std::shared_ptr<Logons> logons = std::make_shared<Logons>(std::make_shared<MemoryKeyring>());
 };
 
 TEST_P(SkinContrast, EveryTextCanBeRead) {
-    ExpectReadable(*window);
-    Find<QTabWidget>("SSTab1").setCurrentIndex(1);
-    ExpectReadable(*window);
-    for (QWidget* dialog : Dialogs()) {
+    for (const int tab : {1, 0}) {
+        Find<QTabWidget>("SSTab1").setCurrentIndex(tab);
+        ExpectReadable(*window);
+    }
+    // Every dialog of the program: one more is a line more.
+    const auto expectReadable = [this](QWidget& dialog) {
+        EXPECT_EQ(dialog.contentsMargins().isNull(), Skin() == 0)
+            << dialog.objectName().toStdString() << " has the skin's frame";
+        ExpectAllReadable(dialog);
+        dialog.close();
+    };
+    Browse(expectReadable);
+    InDialog<frmOpts>("mnuOpts", [&](frmOpts& options) {
+        UseDialog<frmAddNetNode>([&] { FindIn<QAction>(options, "mnuAddNetNode").trigger(); },
+                                 expectReadable);
+        expectReadable(options);
+    });
+    for (const char* item : {"mnuAbout1", "mnuDonate", "UpdateMnu"})
+        InDialog<QWidget>(item, expectReadable);
+    if (Skin() != 0)
+        InDialog<QWidget>("mnuSkinCust", expectReadable);
+    const DialogLook look{.skin = &window->Skins()};
+    QWidget* owner = window.get();
+    for (QDialog* dialog : std::initializer_list<QDialog*>{
+             new frmSilent({.report = report, .look = look}, owner),
+             new frmSilent({.report = nobody, .look = look}, owner),
+             new frmLogons({.logons = logons, .dialogs = dialogs, .placeOf = {}, .look = look},
+                           owner),
+             new frmLogon(nullptr, {.hasKeyring = false, .dialogs = dialogs, .look = look},
+                          owner)}) {
         dialog->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog));
-        if (dialog->windowType() == Qt::Dialog) {
-            EXPECT_EQ(dialog->contentsMargins().isNull(), Skin() == 0)
-                << dialog->objectName().toStdString() << " has the skin's frame";
-        }
-        ExpectAllReadable(*dialog);
-        dialog->hide();
+        expectReadable(*dialog);
     }
+    ClickHeader(Results(), 3, Qt::RightButton);
+    Pick("PopUp3Mnu", "HelpColMnu");
+    ExpectReadable(*QApplication::activePopupWidget());
+    QApplication::activePopupWidget()->close();
 
     QMenuBar& bar = *window->menuBar();
     ExpectReadable(bar);

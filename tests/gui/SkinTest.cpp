@@ -1,3 +1,4 @@
+#include "fakes/Files.h"
 #include "gui/WindowTest.h"
 #include "skins/frmCustomizeSkin.h"
 
@@ -189,6 +190,32 @@ TEST_F(SkinTest, FailuresEndInABoxAndTheChoiceStays) {
     EXPECT_EQ(skins.SkinConfiguration()->PercentRed, 0) << "behind the one that failed";
 }
 
+TEST_F(SkinTest, AFileChangesTheSkinInForceOrNothing) {
+    Open();
+    const auto isOffered = [this] {
+        auto& menu = Find<QMenu>("mnuSkinTOP");
+        menu.popup({});
+        menu.close();
+        Activate();
+        return Find<QAction>("mnuSkinFile").isVisible();
+    };
+    EXPECT_FALSE(isOffered());
+    ASSERT_TRUE(QDir(folder.path()).mkpath(Text("Skins/Dark Metal")));
+    const QString path = folder.filePath(Text("Skins/Dark Metal/skin.xml"));
+    WriteFile(path, "<skin name='Dark'><member name='FrameMetric1' value='9'/></skin>");
+    EXPECT_TRUE(isOffered());
+    Trigger("mnuSkinFile");
+    EXPECT_EQ(dialogs.Boxes(), "");
+    WriteFile(path, "<skin name='Bad'>");
+    Trigger("mnuSkinFile");
+    EXPECT_TRUE(dialogs.Take().starts_with("Error in Skinning: "));
+    QFile::remove(path);
+    Trigger("mnuSkinFile");
+    EXPECT_EQ(dialogs.Take(), "Netrove: Couldn't load " + path.toStdString());
+    EXPECT_EQ(skins.SkinConfiguration()->Name, Text("Dark"));
+    EXPECT_EQ(window->contentsMargins().left(), 9);
+}
+
 TEST_F(SkinTest, ControlsHaveTheColoursOfTheirSkin) {
     Open();
     EXPECT_EQ(ColorOf("cmdStartSearch", QPalette::Button), QColor(255, 192, 128));
@@ -206,24 +233,6 @@ TEST_F(SkinTest, ControlsHaveTheColoursOfTheirSkin) {
         QCoreApplication::processEvents();
         for (const auto role : {QPalette::Window, QPalette::WindowText, QPalette::Button})
             EXPECT_EQ(ColorOf("Label1", role), palette.color(role));
-    }
-}
-
-TEST_F(SkinTest, ASearchGoesOnAcrossAnotherSkin) {
-    AddFile("\\\\S\\D\\one.mp3");
-    AddFile("\\\\S\\D\\SUB\\two.mp3");
-    Open();
-    const WId id = window->winId();
-    for (const char* skin : {"mnuSkin(4)", "mnuSkin(0)", "mnuSkin(5)"}) {
-        When("list \\\\S\\D\\SUB\\", [&] {
-            Trigger(skin);
-            EXPECT_EQ(Caption(), Text("Search in progress. 1 files found."));
-            EXPECT_TRUE(Find("cmdAbandon").hasFocus());
-        });
-        Search("*.mp3");
-        EXPECT_EQ(Checked(), skin);
-        EXPECT_EQ(Rows().size(), 2);
-        EXPECT_EQ(window->winId(), id);
     }
 }
 

@@ -3,12 +3,32 @@
 #include "desktop/DesktopFileTypes.h"
 #include "desktop/WindowYield.h"
 #include "fakes/DesktopFakes.h"
-#include "fakes/FakeTray.h"
 #include "mainwindow/ProgramServices.h"
+#include "platform/Tray.h"
 
 #include <QTemporaryDir>
 
 namespace netrove {
+
+/// A tray that comes and goes as the test wants.
+class FakeTray : public Tray {
+public:
+    std::optional<QString> Tip; ///< of the icon, while one is shown
+    QRect Location;             ///< of the icon
+    bool Works = true;
+
+    [[nodiscard]] bool IsThere() const override { return Works; }
+    void Show(const QString& tip, QMenu& /*menu*/) override { Tip = tip; }
+    void SetTip(const QString& tip) override { Tip = tip; }
+    void Remove() override { Tip.reset(); }
+    [[nodiscard]] QRect Place() const override { return Location; }
+
+    void Become(bool works) {
+        Works = works;
+        Q_EMIT Changed();
+    }
+    void DoubleClick() { Q_EMIT DoubleClicked(); }
+};
 
 /// What a program with the main window has around it: a desktop that records what is asked of it,
 /// and a folder that goes with it.

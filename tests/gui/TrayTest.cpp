@@ -77,19 +77,6 @@ TEST_F(TrayTest, EveryWayBackBringsWindowAndSkin) {
     EXPECT_EQ(dialogs.Boxes(), "");
 }
 
-TEST_F(TrayTest, TipFollowsTheSearch) {
-    auto& count = Find<QLabel>("RetFileLbl");
-    count.setText(Text("none"));
-    CloseToTray();
-    EXPECT_EQ(*tray.Tip, Text("Netrove  <none>"));
-    for (const auto& [text, tip] : {std::pair(Text("some"), Text("Netrove <some>")),
-                                    std::pair(QString(100, u'9'), Text("Netrove <999"))}) {
-        count.setText(text);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return tray.Tip->startsWith(tip); }));
-    }
-    EXPECT_EQ(tray.Tip->size(), SysTray::MaxTip);
-}
-
 TEST_F(TrayTest, NobodyLosesTheWindow) {
     tray.Works = false;
     window->close();
@@ -123,7 +110,12 @@ TEST_F(TrayTest, SearchGoesOnInTheTrayAndExitStoresTheSkin) {
     EXPECT_EQ(Rows().size(), 1) << "it was asked to stop";
     tray.DoubleClick();
     ExpectOutOfTray(Qt::WindowNoState);
-    WhileSearching([this] { CloseToTray(); });
+    WhileSearching([this] {
+        CloseToTray();
+        EXPECT_EQ(*tray.Tip, Text("Netrove  <Search in progress. 1 files found.>"));
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tray.Tip->startsWith(Text("Netrove <Returned 2")); }));
+    EXPECT_EQ(tray.Tip->size(), std::min<qsizetype>(Caption().size() + 10, SysTray::MaxTip));
     EXPECT_EQ(Rows().size(), 2);
     EXPECT_EQ(unloaded.size(), 0);
     Trigger("mnuExit");

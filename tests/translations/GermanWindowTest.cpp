@@ -128,7 +128,7 @@ TEST_F(GermanWindow, OnlyOurTextsOfTheHelpMenusDialogsChange) {
         {"mnuAbout1", " lblCopyright lblDescription lblInfo(2) lblInfo(3) lblInfo(4) txtStuff"},
         {"mnuDonate", ""},
         {"UpdateMnu", " txtInfo"},
-        {"mnuOpts", " lvwExcNetNode"},
+        {"mnuOpts", " lvwExcNetNode txtFont"},
     };
     Open();
     for (const auto& [item, changed] : cases) {

@@ -40,24 +40,25 @@ TEST(SkinFileTest, FailsForWhatIsNoSkinFile) {
         QString(),
         QStringLiteral("[Skin]"),
         QStringLiteral("<skins/>"),
-        QStringLiteral("<skin><member name='M' value='1'/>"),
         QStringLiteral("<skin></skin><skin></skin>"),
         QStringLiteral("<skin><member name='M' value=1/></skin>"),
         QStringLiteral("<!DOCTYPE s [<!ENTITY e 'x'>]><skin name='&e;'/>"),
         QStringLiteral("<skin name='%1'/>").arg(QString(SkinFile::LongestValue + 1, u'n')),
         many + QStringLiteral("</skin>"),
         QStringLiteral("<skin/>") + QString(SkinFile::LongestText, u' '),
+        QStringLiteral("<skin>\n<member\n</skin>"),
     };
-    for (const QString& text : bad)
-        EXPECT_THROW(SkinFile{text}, RunTimeError) << text.left(60).toStdString();
-    try {
-        const SkinFile file(QStringLiteral("<skin>\n<member\n</skin>"));
-        FAIL();
-    } catch (const RunTimeError& failure) {
-        EXPECT_EQ(failure.Number(), int(ErrorNumber::InvalidPropertyValue));
-        EXPECT_TRUE(failure.Description().contains(QLatin1String("line 3")))
-            << failure.Description().toStdString();
+    QString last;
+    for (const QString& text : bad) {
+        try {
+            const SkinFile file(text);
+            ADD_FAILURE() << text.left(60).toStdString();
+        } catch (const RunTimeError& failure) {
+            EXPECT_EQ(failure.Number(), int(ErrorNumber::InvalidPropertyValue));
+            last = failure.Description();
+        }
     }
+    EXPECT_TRUE(last.contains(QLatin1String("line 3"))) << last.toStdString();
 }
 
 } // namespace
