@@ -40,10 +40,10 @@ QTimer* NewTimer(const QString& name, int interval, QObject& parent) {
     return timer;
 }
 
-/// Hidden files count; a folder of that name is the copier's affair.
+/// Hidden files count, and links, wherever they lead; a folder of that name is the copier's affair.
 bool FileExists(const QString& path) {
     const QFileInfo info(path);
-    return info.exists() && !info.isDir();
+    return info.isSymLink() || (info.exists() && !info.isDir());
 }
 
 ListModel::Progress RowProgress(const CopyProgress& copy) {
@@ -75,11 +75,15 @@ void DownloadQueue::SetCopier(CopyQ* copier) {
     copier_ = copier;
     // From the event loop: so the id is in its row before any completion, and the copier may be
     // released by what happens while a completion is handled.
-    if (copier)
-        connect(
-            copier, &CopyQ::CopyDone, this,
-            [this](const QString& key, int number) { CopyDLL_CopyDone(key, number); },
-            Qt::QueuedConnection);
+    if (!copier)
+        return;
+    connect(
+        copier, &CopyQ::CopyDone, this,
+        [this](const QString& key, int number) { CopyDLL_CopyDone(key, number); },
+        Qt::QueuedConnection);
+    connect(
+        copier, &CopyQ::TargetTaken, this, [this](const QString& key) { taken_.append(key); },
+        Qt::QueuedConnection);
 }
 
 void DownloadQueue::lvwResults_DblClick() {
@@ -146,6 +150,10 @@ void DownloadQueue::AddRow(const Result& result) {
 
 void DownloadQueue::DloadScanTmr_Timer() {
     Yield();
+    if (!taken_.isEmpty() && !starting_) {
+        EndTaken(taken_.takeFirst());
+        return;
+    }
     for (int row = 1; row <= controls_.lvwDownloads.Count(); ++row) {
         if (Status(row) == Pending) {
             DownLoadIt(static_cast<qint16>(row));
@@ -177,7 +185,8 @@ void DownloadQueue::Start(const QueuedFile& file) {
     // The name comes from the network: joined to a folder it must stay in it.
     CheckTargetName(file.name);
     const QString destination = PathIn(settings_.SaveFolder, file.name);
-    if (!MayWrite(destination)) {
+    const bool isTaken = FileExists(destination);
+    if (isTaken && !MayOverwrite(destination)) {
         SetStatus(file, NotOverwritten);
         return;
     }
@@ -187,19 +196,41 @@ void DownloadQueue::Start(const QueuedFile& file) {
     SetStatus(file, Downloading);
     controls_.lvwDownloads.Refresh();
     Yield();
-    if (!copier_)
-        throw RunTimeError(ErrorNumber::CannotCreateObject);
-    const QString id = copier_->QueueCopy(file.location + file.name, destination);
-    if (const int row = RowOf(file); row != 0)
-        controls_.lvwDownloads.SetSubItem(row, DownloadItem::CopyID, id);
-    controls_.lvwDownloads.Refresh();
+    HandOver(file, destination, isTaken ? CopyQ::Existing::Replace : CopyQ::Existing::Keep);
     Yield();
 }
 
-/// Asks if there is such a file.
-bool DownloadQueue::MayWrite(const QString& destination) {
-    if (!FileExists(destination))
-        return true;
+void DownloadQueue::HandOver(const QueuedFile& file, const QString& destination,
+                             CopyQ::Existing existing) {
+    if (!copier_)
+        throw RunTimeError(ErrorNumber::CannotCreateObject);
+    const QString id = copier_->QueueCopy(file.location + file.name, destination, existing);
+    if (const int row = RowOf(file); row != 0)
+        controls_.lvwDownloads.SetSubItem(row, DownloadItem::CopyID, id);
+    controls_.lvwDownloads.Refresh();
+}
+
+/// A file of that name has come while the copy was made. Nobody has been asked about it yet; the
+/// copy is whole, and needs only its name.
+void DownloadQueue::EndTaken(const QString& id) {
+    const ListView& list = controls_.lvwDownloads;
+    const int row = RowOfCopy(id);
+    if (row == 0)
+        return;
+    const QScopedValueRollback<bool> starting(starting_, true);
+    const QueuedFile file{list.SubItem(row, DownloadItem::Location), list.Text(row)};
+    try {
+        const QString destination = PathIn(settings_.SaveFolder, file.name);
+        if (MayOverwrite(destination))
+            HandOver(file, destination, CopyQ::Existing::Replace);
+        else
+            SetStatus(file, NotOverwritten);
+    } catch (...) {
+        SetStatus(file, ErrorStatus(CurrentFailure().Number()));
+    }
+}
+
+bool DownloadQueue::MayOverwrite(const QString& destination) {
     return dialogs_.Message(MessageIcon::Exclamation,
                             destination + u"\r\nThe file already exists. "
                                           "Overwrite it?"_s,
@@ -331,10 +362,13 @@ int DownloadQueue::RowOfCopy(const QString& id) const {
     return 0;
 }
 
-/// Of the file's row, if it's still there.
+/// Of the file's row, if it's still there: nothing of it is copied any more, or not yet.
 void DownloadQueue::SetStatus(const QueuedFile& file, const QString& status) {
-    if (const int row = RowOf(file); row != 0)
-        controls_.lvwDownloads.SetSubItem(row, DownloadItem::Status, status);
+    const int row = RowOf(file);
+    if (row == 0)
+        return;
+    controls_.lvwDownloads.SetProgress(row, DownloadItem::Status, std::nullopt);
+    controls_.lvwDownloads.SetSubItem(row, DownloadItem::Status, status);
 }
 
 } // namespace netrove

@@ -77,6 +77,7 @@ private:
 
     void CopyDLL_CopyDone(const QString& sIndexKey, int errorNumber);
     void DloadScanTmr_Timer();
+    void EndTaken(const QString& id);
     void DloadQueueTmr_Timer();
 
     void QueueSelected();
@@ -84,7 +85,8 @@ private:
     void AddRow(const Result& result);
 
     void Start(const QueuedFile& file);
-    [[nodiscard]] bool MayWrite(const QString& destination);
+    void HandOver(const QueuedFile& file, const QString& destination, CopyQ::Existing existing);
+    [[nodiscard]] bool MayOverwrite(const QString& destination);
 
     void ShowProgress();
     void ShowInStatusBar(const QString& text);
@@ -105,6 +107,7 @@ private:
     QTimer* DloadScanTmr_;
     QTimer* DloadQueueTmr_;
     bool starting_ = false;
+    QStringList taken_;        ///< copies whose target somebody else has made, by their ids
     bool inStatusBar_ = false; ///< the status bar tells of running copies
 };
 

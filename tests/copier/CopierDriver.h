@@ -49,7 +49,7 @@ public:
     }
 
     int Copy(const QString& source, const QString& target) {
-        const QString id = copier_->QueueCopy(source, target);
+        const QString id = copier_->QueueCopy(source, target, CopyQ::Existing::Replace);
         return Await(id);
     }
 

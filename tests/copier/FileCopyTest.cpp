@@ -45,7 +45,9 @@ private:
 class FileCopyTest : public testing::Test {
 protected:
     void Copy(FakeSource& source, const QString& target = {}) {
-        FileCopy(source, Text("source"), target.isEmpty() ? target_ : target, meter_, [] {}).Run();
+        FileCopy(source, Text("source"), {target.isEmpty() ? target_ : target, mayReplace_}, meter_,
+                 [] {})
+            .Run();
     }
 
     void ExpectFailure(ErrorNumber number, FakeSource& source, const QString& target = {}) {
@@ -57,6 +59,7 @@ protected:
     TempTree tree_;
     QString target_ = tree_.Path(Text("file"));
     CopyMeter meter_;
+    bool mayReplace_ = true;
 };
 
 TEST_F(FileCopyTest, TheTargetIsWhatItWasUntilTheCopyIsWhole) {
@@ -136,14 +139,31 @@ TEST_F(FileCopyTest, ABrokenCopyGoesOnWhereItStopped) {
         broken.failAt = 3'000'000;
         ExpectFailure(ErrorNumber::DeviceIOError, broken, target);
         EXPECT_FALSE(QFile::exists(target));
-        EXPECT_EQ(Files().size(), 1) << "a long name has room for it, too";
+        EXPECT_EQ(Files().size(), 2) << "a long name has room for both, too";
         FakeSource same;
         Copy(same, target);
-        EXPECT_GT(same.offsets.front(), 2'900'000);
+        EXPECT_EQ(same.offsets.front(), 3'000'000);
         EXPECT_EQ(ReadFile(target), same.content);
         EXPECT_EQ(Files().size(), 1);
         QFile::remove(target);
     }
+}
+
+TEST_F(FileCopyTest, NothingIsReplacedUnlessThatIsAllowed) {
+    mayReplace_ = false;
+    tree_.Link("file", "nowhere");
+    FakeSource source;
+    ExpectFailure(ErrorNumber::FileAlreadyExists, source);
+    EXPECT_TRUE(source.offsets.empty());
+    QFile::remove(target_);
+    source.onRead = [&] { tree_.File("file", "newer"); };
+    ExpectFailure(ErrorNumber::FileAlreadyExists, source);
+    EXPECT_EQ(ReadFile(target_), "newer");
+    QFile::remove(target_);
+    FakeSource again;
+    Copy(again);
+    EXPECT_EQ(ReadFile(target_), again.content) << "what had come of it was kept";
+    EXPECT_EQ(Files(), QStringList{Text("file")});
 }
 
 TEST_F(FileCopyTest, ASmallDisk) {

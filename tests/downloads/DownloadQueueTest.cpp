@@ -216,6 +216,25 @@ TEST_F(Queue, AsksOnceBeforeItOverwrites) {
     EXPECT_EQ(dialogs.Shown.size(), 2);
 }
 
+TEST_F(Queue, AsksAboutATargetThatHasComeMeanwhile) {
+    QueueFiles({"a", "b"});
+    ExpectRows("a: Downloading, b: Downloading");
+    dialogs.OnMessage = [this] {
+        dialogs.Answer = dialogs.Shown.size() == 1 ? MessageAnswer::No : MessageAnswer::Yes;
+        QTest::qWait(20); // the other question waits
+    };
+    for (const int copy : {1, 2}) {
+        const QString id = Text("copy %1").arg(copy);
+        copier->Running.remove(id);
+        Q_EMIT copier->TargetTaken(id);
+    }
+    ExpectRows("a: No O/W, b: Downloading");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return copier->Accepted.size() == 3; }));
+    EXPECT_EQ(copier->Accepted.last(), Text("\\\\S\\D\\b >> ") + folder.filePath(Text("b")));
+    copier->Finish(3);
+    ExpectRows("a: No O/W, b: Done!");
+}
+
 TEST_F(Queue, LosesNoCompletion) {
     // The copy has ended before its id is known.
     copier->OnAccept = [this](const QString& id) {

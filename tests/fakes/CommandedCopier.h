@@ -13,15 +13,18 @@ namespace netrove {
 /// Accepts copies and ends them when it is told to. The ids are "copy 1", "copy 2" and so on.
 class CommandedCopier : public CopyQ {
 public:
-    QStringList Accepted;                            ///< "source > destination"
+    QStringList Accepted; ///< "source > destination", with ">>" where it may be replaced
     QHash<QString, CopyProgress> Running;            ///< by id
     std::optional<ErrorNumber> Refusal;              ///< raised for the next copies
     std::function<void(const QString& id)> OnAccept; ///< before QueueCopy gives the id
 
-    QString QueueCopy(const QString& source, const QString& destination) override {
+    QString QueueCopy(const QString& source, const QString& destination,
+                      Existing existing) override {
         if (Refusal)
             throw RunTimeError(*Refusal);
-        Accepted.append(source + QStringLiteral(" > ") + destination);
+        const bool replaces = existing == Existing::Replace;
+        Accepted.append(source + (replaces ? QStringLiteral(" >> ") : QStringLiteral(" > ")) +
+                        destination);
         const QString id = QStringLiteral("copy %1").arg(Accepted.size());
         Running.insert(id, {});
         if (OnAccept)

@@ -1,6 +1,5 @@
 #include "downloads/copier/CopyCrew.h"
 
-#include "downloads/copier/FileCopy.h"
 #include "downloads/copier/LocalCopySource.h"
 #include "redirector/OwnConnections.h"
 #include "runtime/RunTimeError.h"

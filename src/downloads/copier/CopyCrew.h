@@ -1,6 +1,7 @@
 #pragma once
 
 #include "downloads/copier/CopyMeter.h"
+#include "downloads/copier/FileCopy.h"
 #include "redirector/RemotePlace.h"
 
 #include <QString>
@@ -19,7 +20,7 @@ struct CopyOrder {
     QString id;
     QString source; ///< as it was asked for
     std::variant<std::shared_ptr<const RemotePlace>, QString> file;
-    QString target; ///< a full local path
+    CopyTarget target;
     std::shared_ptr<CopyMeter> meter;
 };
 

@@ -22,10 +22,14 @@ class CopyQ : public QObject {
 public:
     using QObject::QObject;
 
+    /// What becomes of something that has the name of the destination by then.
+    enum class Existing { Keep, Replace };
+
     /// Accepts a copy of the file `source` (a network path or a local one) to the local file
     /// `destination` and gives its id; the copying goes on behind the call. Raises a RunTimeError
     /// where it can't be accepted; then no CopyDone follows.
-    [[nodiscard]] virtual QString QueueCopy(const QString& source, const QString& destination) = 0;
+    [[nodiscard]] virtual QString QueueCopy(const QString& source, const QString& destination,
+                                            Existing existing = Existing::Keep) = 0;
 
     /// Nothing for an id that isn't running.
     [[nodiscard]] virtual std::optional<CopyProgress> Progress(const QString& id) const = 0;
@@ -34,6 +38,8 @@ Q_SIGNALS:
     /// Raised once for each accepted copy, never from within QueueCopy. `errorNumber` is 0 when
     /// the whole file has arrived, else a number of ErrorNumber.
     void CopyDone(const QString& sIndexKey, int errorNumber);
+    /// Raised in its place where something that is to be kept has the name of the destination.
+    void TargetTaken(const QString& sIndexKey);
 };
 
 } // namespace netrove

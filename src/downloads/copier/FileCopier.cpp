@@ -28,12 +28,14 @@ FileCopier::FileCopier(Network& network, QObject* parent) : CopyQ(parent), netwo
     });
 }
 
-QString FileCopier::QueueCopy(const QString& source, const QString& destination) {
+QString FileCopier::QueueCopy(const QString& source, const QString& destination,
+                              Existing existing) {
     CheckTargetName(destination.sliced(destination.lastIndexOf(u'/') + 1));
     CopyOrder order{.id = QString::number(++lastId_),
                     .source = source,
                     .file = Locate(source),
-                    .target = QDir::current().absoluteFilePath(destination),
+                    .target = {.path = QDir::current().absoluteFilePath(destination),
+                               .mayReplace = existing == Existing::Replace},
                     .meter = std::make_shared<CopyMeter>()};
     const QString id = order.id;
     const auto meter = order.meter;
@@ -68,7 +70,10 @@ std::optional<CopyProgress> FileCopier::Progress(const QString& id) const {
 
 void FileCopier::Finish(const QString& id, int errorNumber) {
     running_.remove(id);
-    Q_EMIT CopyDone(id, errorNumber);
+    if (errorNumber == static_cast<int>(ErrorNumber::FileAlreadyExists))
+        Q_EMIT TargetTaken(id);
+    else
+        Q_EMIT CopyDone(id, errorNumber);
 }
 
 } // namespace netrove

@@ -29,7 +29,8 @@ public:
     /// Raises PathFileAccessError for a target whose name isn't one (CheckTargetName), PathNotFound
     /// for a source that can't be a file's path, and what its provider says of a path that isn't
     /// there. Nothing is asked of a computer.
-    [[nodiscard]] QString QueueCopy(const QString& source, const QString& destination) override;
+    [[nodiscard]] QString QueueCopy(const QString& source, const QString& destination,
+                                    Existing existing = Existing::Keep) override;
     [[nodiscard]] std::optional<CopyProgress> Progress(const QString& id) const override;
 
 private:

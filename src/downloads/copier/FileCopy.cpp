@@ -3,6 +3,8 @@
 #include "downloads/copier/PartialFile.h"
 #include "runtime/RunTimeError.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <chrono>
 
@@ -17,9 +19,6 @@ constexpr quint32 SmallestRead = 256 * 1024;
 constexpr auto ShortRead = 500ms;
 constexpr auto LongRead = 2000ms;
 
-/// What was written last before a copy broke off is fetched again: the system may have lost it.
-constexpr qint64 ResumeOverlap = 64 * 1024;
-
 quint32 NextRead(quint32 length, Clock::duration took) {
     if (took < ShortRead)
         return std::min(length * 2, CopySource::MaxRead);
@@ -31,22 +30,25 @@ QByteArray IdentityOf(const QString& name, const CopySourceState& state) {
            QByteArray::number(state.modified);
 }
 
-qint64 ResumeAt(qint64 there, qint64 length) {
-    return there > length ? 0 : std::max<qint64>(there - ResumeOverlap, 0);
+/// A link counts, wherever it leads.
+bool IsThere(const QString& path) {
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
 }
 
 } // namespace
 
 void FileCopy::Run() {
     const CopySourceState state = source_.Inspect();
-    PartialFile partial(target_, IdentityOf(name_, state));
-    partial.Truncate(ResumeAt(partial.Length(), state.length));
+    if (!target_.mayReplace && IsThere(target_.path) && !QFileInfo(target_.path).isDir())
+        throw RunTimeError(ErrorNumber::FileAlreadyExists);
+    PartialFile partial(target_.path, IdentityOf(name_, state), disk_);
     meter_.Begin(partial.Length(), state.length, Clock::now());
     partial.Reserve(state.length);
     try {
         Fill(partial, state.length);
         CheckUnchanged(state);
-        partial.Finish(state.modified);
+        partial.Finish(state.modified, target_.mayReplace);
     } catch (const RunTimeError& error) {
         // What no later copy can go on with, and what takes the last of the room, goes.
         if (error.Number() == static_cast<int>(ErrorNumber::FileAlreadyOpen) ||

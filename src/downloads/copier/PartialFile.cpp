@@ -3,14 +3,11 @@
 #include "runtime/RunTimeError.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdio>
-#include <filesystem>
-#include <system_error>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -24,6 +21,9 @@ namespace {
 /// Bytes of the target's name in the partial's: with the rest it stays below what is allowed.
 constexpr qsizetype MaxNameBytes = 180;
 constexpr qsizetype HashDigits = 16;
+
+/// What a power loss may cost on a slow line.
+constexpr std::chrono::seconds FlushInterval{5};
 
 QByteArray Hash(const QByteArray& bytes) {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().left(HashDigits);
@@ -53,6 +53,8 @@ ErrorNumber ErrorOfErrno(int number) {
         return ErrorNumber::TooManyFiles;
     case EIO:
         return ErrorNumber::DeviceIOError;
+    case EEXIST:
+        return ErrorNumber::FileAlreadyExists;
     default:
         return ErrorNumber::PathFileAccessError;
     }
@@ -71,36 +73,74 @@ int OpenPartial(const QByteArray& path) {
     return open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
 }
 
+/// Whether an open file still has the name by which it was opened. Whoever had it locked until now
+/// may have finished or removed it.
+bool IsNamed(int file, const QByteArray& path) {
+    struct stat opened {};
+    struct stat named {};
+    return fstat(file, &opened) == 0 && S_ISREG(opened.st_mode) &&
+           lstat(path.constData(), &named) == 0 && opened.st_ino == named.st_ino &&
+           opened.st_dev == named.st_dev;
+}
+
 } // namespace
 
-PartialFile::PartialFile(const QString& target, const QByteArray& identity)
-    : target_(QFile::encodeName(target)) {
-    const qsizetype name = target_.lastIndexOf('/') + 1;
-    folder_ = target_.left(name);
-    prefix_ = PrefixOf(target_.sliced(name));
-    path_ = folder_ + prefix_ + Hash(identity) + Suffix.data();
+PartialFile::PartialFile(const QString& target, const QByteArray& identity, CopyDisk& disk)
+    : disk_(disk)
+    , target_(QFile::encodeName(target))
+    , folder_(target_.left(target_.lastIndexOf('/') + 1))
+    , prefix_(PrefixOf(target_.sliced(folder_.size())))
+    , path_(folder_ + prefix_ + Hash(identity))
+    , record_(disk, folder_, path_ + FlushRecord::Suffix.data()) {
+    path_ += Suffix.data();
     struct stat status {};
     if (stat(target_.constData(), &status) == 0 && S_ISDIR(status.st_mode))
         throw RunTimeError(ErrorNumber::PathFileAccessError);
-    file_ = OpenPartial(path_);
-    if (file_ < 0)
-        RaiseErrno();
-    const bool isOurs = Lock();
-    // One that has just been finished or removed has no name any more.
-    if (!isOurs || fstat(file_, &status) != 0 || !S_ISREG(status.st_mode) || status.st_nlink == 0) {
+    Open();
+    try {
+        TrustFlushed();
+    } catch (...) {
         close(file_);
-        throw RunTimeError(ErrorNumber::FileAlreadyOpen);
+        throw;
     }
-    length_ = status.st_size;
 }
 
 PartialFile::~PartialFile() {
     if (file_ < 0)
         return;
+    if (length_ > flushed_ && !isSpoilt_)
+        static_cast<void>(FailureOf([this] { Flush(); }));
     // Gives back the room that was reserved.
-    if (length_ == 0 || ftruncate(file_, length_) != 0)
-        unlink(path_.constData());
-    close(file_);
+    if (isSpoilt_ || flushed_ == 0 || disk_.Truncate(file_, flushed_) != 0)
+        Discard();
+    else
+        close(file_);
+}
+
+void PartialFile::Open() {
+    file_ = OpenPartial(path_);
+    if (file_ < 0)
+        RaiseErrno();
+    if (!Lock() || !IsNamed(file_, path_)) {
+        close(file_);
+        throw RunTimeError(ErrorNumber::FileAlreadyOpen);
+    }
+}
+
+/// A record that doesn't belong to the file goes before anything is written, so that what it says
+/// is right whenever the power fails.
+void PartialFile::TrustFlushed() {
+    struct stat status {};
+    if (fstat(file_, &status) != 0)
+        RaiseErrno();
+    flushed_ = record_.Read();
+    if (flushed_ == 0 || flushed_ > status.st_size) {
+        flushed_ = 0;
+        if (!record_.Clear())
+            throw RunTimeError(ErrorNumber::DeviceIOError);
+    }
+    length_ = flushed_;
+    flushTime_ = std::chrono::steady_clock::now();
 }
 
 /// File systems without locks have no two programs at the same file.
@@ -108,16 +148,9 @@ bool PartialFile::Lock() const {
     return flock(file_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
-void PartialFile::Truncate(qint64 length) {
-    if (ftruncate(file_, length) != 0)
-        RaiseErrno();
-    length_ = length;
-}
-
 void PartialFile::Append(QByteArrayView bytes) {
     while (!bytes.isEmpty()) {
-        const ssize_t count =
-            pwrite(file_, bytes.data(), static_cast<std::size_t>(bytes.size()), length_);
+        const ssize_t count = disk_.Write(file_, bytes, length_);
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
@@ -125,6 +158,19 @@ void PartialFile::Append(QByteArrayView bytes) {
         length_ += count;
         bytes = bytes.sliced(count);
     }
+    if (length_ - flushed_ >= disk_.MostUnflushed() ||
+        std::chrono::steady_clock::now() - flushTime_ >= FlushInterval)
+        Flush();
+}
+
+void PartialFile::Flush() {
+    if (disk_.Flush(file_) != 0) {
+        isSpoilt_ = true; // the next flush would know nothing of it
+        RaiseErrno();
+    }
+    flushed_ = length_;
+    flushTime_ = std::chrono::steady_clock::now();
+    record_.Write(flushed_);
 }
 
 void PartialFile::Reserve(qint64 length) {
@@ -152,43 +198,52 @@ qint64 PartialFile::Room() const {
     return room < 9e18L ? static_cast<qint64>(room) : qint64{9'000'000'000'000'000'000};
 }
 
-void PartialFile::Finish(qint64 modified) {
+void PartialFile::Finish(qint64 modified, bool mayReplace) {
     const std::array<timespec, 2> times{timespec{.tv_sec = 0, .tv_nsec = UTIME_OMIT},
                                         TimeOf(modified)};
     // Not every file system holds every time; the content is right all the same.
     static_cast<void>(futimens(file_, times.data()));
-    if (rename(path_.constData(), target_.constData()) != 0)
+    Flush();
+    if (disk_.Rename(path_, target_, mayReplace) != 0)
         RaiseErrno();
     close(file_);
     file_ = -1;
+    static_cast<void>(disk_.FlushFolder(folder_));
+    record_.Remove();
     RemoveOthers();
 }
 
 void PartialFile::Discard() {
-    unlink(path_.constData());
+    static_cast<void>(disk_.Remove(path_));
+    record_.Remove();
     close(file_);
     file_ = -1;
 }
 
-/// Those that nobody is writing.
+/// Those that nobody is writing, and their records.
 void PartialFile::RemoveOthers() const {
-    namespace fs = std::filesystem;
-    const std::string prefix = prefix_.toStdString();
-    const std::string suffix(Suffix.data());
-    std::error_code error;
-    for (fs::directory_iterator at(folder_.toStdString(), error), end; !error && at != end;
-         at.increment(error)) {
-        const std::string name = at->path().filename().string();
-        if (name.size() != prefix.size() + HashDigits + suffix.size() ||
-            !name.starts_with(prefix) || !name.ends_with(suffix))
-            continue;
-        const int other = open(at->path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
-        if (other < 0)
-            continue;
-        if (flock(other, LOCK_EX | LOCK_NB) == 0)
-            unlink(at->path().c_str());
-        close(other);
+    for (const QString& name :
+         QDir(QFile::decodeName(folder_)).entryList(QDir::Files | QDir::Hidden | QDir::System)) {
+        const QByteArray file = QFile::encodeName(name);
+        for (const QLatin1String suffix : {Suffix, FlushRecord::Suffix}) {
+            if (file.startsWith(prefix_) && file.endsWith(suffix.data()) &&
+                file.size() == prefix_.size() + HashDigits + suffix.size())
+                RemoveOther(folder_ + file.chopped(suffix.size()));
+        }
     }
+}
+
+void PartialFile::RemoveOther(const QByteArray& stem) const {
+    const QByteArray path = stem + Suffix.data();
+    const int other = open(path.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (other < 0 && errno != ENOENT)
+        return;
+    if (other < 0 || (flock(other, LOCK_EX | LOCK_NB) == 0 && IsNamed(other, path))) {
+        static_cast<void>(disk_.Remove(path));
+        static_cast<void>(disk_.Remove(stem + FlushRecord::Suffix.data()));
+    }
+    if (other >= 0)
+        close(other);
 }
 
 } // namespace netrove
