@@ -18,12 +18,14 @@ class Page(html.parser.HTMLParser):
     def __init__(self, path):
         super().__init__()
         self.links, self.pictures, self.problems, self.stack, self.text = [], [], [], [], ""
+        self.places = set()
         self.feed(path.read_text(encoding="utf-8"))
         self.problems += [f"<{tag}> stays open" for tag in self.stack]
 
     def handle_starttag(self, tag, attrs):
         values = dict(attrs)
         self.links += [values["href"]] if "href" in values else []
+        self.places.add(values.get("id"))
         if tag == "img":
             self.pictures.append(values["src"])
             self.problems += [] if values.get("alt") else [f"no words for {values['src']}"]
@@ -46,7 +48,9 @@ class Help(unittest.TestCase):
             self.assertEqual(page.problems, [], name)
             self.assertNotIn("@", re.sub(r"\w+@\w+", "", page.text), name)
             for target in page.links + page.pictures:
-                self.assertTrue((HELP / target).is_file(), f"{name}: {target}")
+                file, _, place = target.partition("#")
+                self.assertTrue((HELP / file).is_file(), f"{name}: {target}")
+                self.assertTrue(not place or place in pages[file].places, f"{name}: {target}")
         linked = {"Netrove.html", *pages["Netrove.html"].links}
         self.assertEqual(set(pages) - linked, set(), "not in the contents")
         drawn = {f"pictures/{path.name}" for path in (HELP / "pictures").iterdir()}
