@@ -8,7 +8,7 @@
 
 namespace netrove {
 
-/// The errno of the library's call that has just failed; it leaves that at 0 at times.
+/// The errno of the library's call that has just failed; EIO where the library left it at 0.
 [[nodiscard]] int LibraryFailure();
 
 [[nodiscard]] qint64 Milliseconds(const timespec& time);
