@@ -30,8 +30,7 @@ public:
 
     /// What lies below `node` (this provider's own record, a workgroup or a server): for
     /// NetEnum::TypeDisk workgroups, servers or disk shares, for NetEnum::TypePrint the printers
-    /// of a server. Nothing where there is no list to be had; if it broke off, what had come by
-    /// then.
+    /// of a server. Nothing if the list can't be got; if it broke off, what had come by then.
     [[nodiscard]] virtual std::optional<std::vector<NetRecord>> List(const NetRecord& node,
                                                                      qint32 type) = 0;
 

@@ -75,7 +75,7 @@ public:
     void Drop(quint64 id);
 
     enum class State {
-        Unknown, ///< nobody expects the walk there
+        Unknown, ///< the walk isn't expected there
         Waiting, ///< hasn't been asked yet
         Asked,
         Answered,

@@ -16,7 +16,7 @@ public:
     Secret() = default; ///< an empty one
     explicit Secret(QByteArrayView bytes);
 
-    /// Valid as long as this object; there is a zero character behind the last one.
+    /// Valid while this object exists; a zero byte follows the last one.
     [[nodiscard]] QByteArrayView Bytes() const;
     [[nodiscard]] bool IsEmpty() const { return !pages_; }
 

@@ -83,7 +83,7 @@ using SmbAddresses = std::vector<SmbAddress>;
 using SmbShares = std::vector<SmbShare>;
 using SmbEntries = std::vector<SmbEntry>;
 
-/// What a server tells of a folder itself in its listing.
+/// What a server tells in a folder's listing about the folder itself.
 struct SmbFolder {
     quint64 number = 0; ///< its file ID ([MS-FSCC] 2.4.17); 0 where there is none
     qint64 changed = 0; ///< nanoseconds since 1970 UTC: when an entry was last added or removed

@@ -14,7 +14,7 @@ namespace netrove {
 [[nodiscard]] qint64 Milliseconds(const timespec& time);
 [[nodiscard]] qint64 Nanoseconds(const timespec& time);
 
-/// What the library tells of one file.
+/// What the library tells about one file.
 [[nodiscard]] SmbEntries EntryOf(const struct stat& file);
 
 } // namespace netrove
