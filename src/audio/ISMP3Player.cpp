@@ -11,14 +11,14 @@
 namespace netrove {
 namespace {
 
-/// What is read of one file at most, in bytes: a file that only looks like audio isn't downloaded.
+/// Bytes that are read of one file at most: a file that only looks like audio isn't downloaded.
 constexpr qint64 MostBytes = 64 * 1024;
 /// The piece where the audio should begin.
 constexpr qint64 FirstPiece = 16 * 1024;
-/// A piece from the middle of the stream: three of them are what is left.
+/// A piece from further on in the stream: MostBytes leaves room for three of them.
 constexpr qint64 SamplePiece = FirstPiece;
 
-/// A file that is read in pieces, and never more of it than MostBytes.
+/// A file that is read in pieces, of which never more than MostBytes are read.
 class PiecewiseFile {
 public:
     PiecewiseFile(FileAccess& files, const QString& path, qint64 length)
@@ -78,11 +78,11 @@ double Kilobits(qint64 bytes) {
     return static_cast<double>(bytes) * 8 / 1000;
 }
 
-/// What the frames take that a table tells of. Nothing where so many can't fill the file's audio,
-/// be it by the bytes that the table has for them: such a table is wrong.
+/// The bytes that a table's frames take: those that the table gives, else all of the file's audio.
+/// Nothing if so many frames can't fill either: then the table is wrong.
 std::optional<qint64> TableBytes(const MpegAudioHeader& header, qint64 audioBytes) {
     const qint64 least = header.frames * header.frame.ShortestFrame();
-    // The frame of the table may count as one.
+    // The frame that holds the table may have been counted or not.
     const qint64 most = (header.frames + 1) * header.frame.LongestFrame();
     for (const qint64 bytes : {std::min(header.bytes, audioBytes), audioBytes}) {
         if (header.frames > 0 && least <= bytes && bytes <= most)
@@ -123,8 +123,8 @@ Estimate FromFrames(const Beginning& beginning, PiecewiseFile& file, qint64 audi
     if (first.Frames() == 0)
         return FromConstantRate(frame.bitrate, audioBytes);
 
-    // The first piece may be a silence that tells little of the rest, so the middle is looked at
-    // too; where the bit rate varies, pieces of the same size all over the stream are counted.
+    // The first piece may be a silence that tells little about the rest, so the middle is looked
+    // at, too; if the bit rate varies, so are two more pieces of the same size.
     MpegFrameRun spread;
     if (!beginning.ReachesEnd(file)) {
         const qint64 begin = file.Length() - audioBytes;

@@ -8,16 +8,16 @@ namespace netrove {
 
 /// Reads playing time, bit rate and frequency of a file of MPEG audio (versions 1, 2 and 2.5,
 /// Layers I to III) from a few pieces of it: two for most files, 64 KiB at most. An ID3v2 tag is
-/// stepped over, however large it is. A stream of varying bit rate without an encoder's table is
-/// reckoned from frames in four places of it.
+/// skipped, however large it is. If the bit rate varies and there is no encoder's table, the values
+/// are estimated from the frames in three places of the stream.
 class ISMP3Player {
 public:
     explicit ISMP3Player(FileAccess& files) : files_(files) {}
 
-    /// Reads the file; afterwards the values describe it. They are 0 where it holds no such audio
-    /// or can't be read, for an empty name, and for a file on slow storage, which is left alone.
+    /// Reads the file; afterwards the values describe it. They are 0 if it holds no such audio or
+    /// can't be read, for an empty name, and for a file on slow storage, which isn't read.
     void SetMP3FileName(const QString& path);
-    /// The same for who has asked for the file's data already.
+    /// The same for a caller that has the file's data already.
     void SetMP3FileName(const QString& path, const FileInfo& info);
 
     /// Playing time in whole seconds, rounded. Raises ErrorNumber::Overflow above 32767.

@@ -10,7 +10,7 @@ namespace {
 constexpr qsizetype Id3v2HeaderSize = 10;
 constexpr qsizetype Id3v1TagSize = 128;
 
-/// The bytes behind `at`, none where there is nothing.
+/// The bytes from `at` on; none if `at` lies outside.
 QByteArrayView From(QByteArrayView bytes, qint64 at) {
     return at >= 0 && at < bytes.size() ? bytes.sliced(at) : QByteArrayView();
 }
@@ -24,7 +24,7 @@ std::optional<MpegFrameHeader> FittingHeader(QByteArrayView bytes, const MpegFra
     return header && header->SameStream(like) ? header : std::nullopt;
 }
 
-/// Where the table of an encoder of the first kind stands: behind the side information.
+/// Where a "Xing" or "Info" table stands in a frame: behind the side information.
 qint64 XingOffset(const MpegFrameHeader& frame) {
     const bool version1 = frame.version == MpegVersion::Version1;
     const qint64 sideInformation = version1 ? (frame.mono ? 17 : 32) : (frame.mono ? 9 : 17);
@@ -58,7 +58,7 @@ void ReadTable(QByteArrayView bytes, MpegAudioHeader& header) {
     const QByteArrayView frame =
         bytes.sliced(header.begin)
             .first(std::min<qint64>(header.frame.frameLength, bytes.size() - header.begin));
-    // Some encoders reckon with the two bytes of a checksum, some don't.
+    // Some encoders leave room for the two bytes of a checksum, some don't.
     for (const qint64 checksum : {0, 2}) {
         const QByteArrayView table = From(frame, XingOffset(header.frame) + checksum);
         if (table.startsWith("Xing") || table.startsWith("Info")) {

@@ -8,28 +8,28 @@
 
 namespace netrove {
 
-/// What the beginning of an audio stream tells of the whole: its first frame, and the numbers
-/// that encoders put there ("Xing", "Info" and "VBRI").
+/// What the beginning of an audio stream tells about the whole: its first frame, and the table of
+/// numbers that encoders put there ("Xing", "Info" or "VBRI").
 struct MpegAudioHeader {
-    qint64 begin = 0; ///< where the first frame stands in the bytes that were searched
+    qint64 begin = 0; ///< offset of the first frame in the bytes that were searched
     MpegFrameHeader frame = {};
-    bool hasTable = false;        ///< the first frame holds numbers and no sound
-    bool constantBitrate = false; ///< said by the encoder
-    qint64 frames = 0;            ///< with sound, in the whole stream; 0 where it isn't told
-    qint64 bytes = 0;             ///< of the whole stream; 0 where it isn't told
+    bool hasTable = false;        ///< the first frame holds the table and no sound
+    bool constantBitrate = false; ///< the encoder says so
+    qint64 frames = 0;            ///< with sound, in the whole stream; 0: not told
+    qint64 bytes = 0;             ///< of the whole stream; 0: not told
 
-    /// Looks for the first frame. It is taken for one if a fitting header follows where it ends;
-    /// a frame at the very beginning of `bytes` may also be the last of the file.
+    /// Looks for the first frame. What looks like one counts if a fitting header follows where it
+    /// ends; at the very beginning of `bytes`, the file may end there instead (`endOfFile`).
     [[nodiscard]] static std::optional<MpegAudioHeader> Find(QByteArrayView bytes, bool endOfFile);
 
-    /// Where the sound begins, by the same count as `begin`.
+    /// The offset at which the sound begins, counted like `begin`.
     [[nodiscard]] qint64 SoundBegin() const { return begin + (hasTable ? frame.frameLength : 0); }
 };
 
-/// Frames that were looked at one after another, in one or more places of a stream.
+/// Statistics of frames that follow each other, from one or more places of a stream.
 class MpegFrameRun {
 public:
-    /// Goes from frame to frame, from the first that fits `like` on, for as long as they fit.
+    /// Adds the frames from the first one in `bytes` on, until one doesn't fit `like`.
     void Add(QByteArrayView bytes, const MpegFrameHeader& like);
 
     [[nodiscard]] qint64 Frames() const { return frames_; }
@@ -47,8 +47,8 @@ private:
     int highest_ = 0;
 };
 
-/// The size of the ID3v2 tag that stands at the beginning of `bytes` (id3.org, "ID3 tag version
-/// 2.4.0", 3.1), 0 if there is none.
+/// The size of the ID3v2 tag at the beginning of `bytes` (id3.org, "ID3 tag version 2.4.0", 3.1), 0
+/// if there is none.
 [[nodiscard]] qint64 Id3v2Size(QByteArrayView bytes);
 
 /// The size of an ID3v1 tag at the end of `bytes`, 0 if there is none.

@@ -44,7 +44,7 @@ int SamplesOf(MpegVersion version, int layer) {
 }
 
 qint64 FrameLength(const MpegFrameHeader& header, int bitrate, bool padded) {
-    // Layer I counts in slots of four bytes, the others in bytes.
+    // Layer I counts in slots of four bytes, the other layers in bytes.
     const qint64 slot = header.layer == 1 ? 4 : 1;
     const qint64 slots = qint64{header.samples} / 8 / slot * bitrate * 1000 / header.frequency;
     return (slots + (padded ? 1 : 0)) * slot;

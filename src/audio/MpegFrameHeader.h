@@ -22,11 +22,11 @@ struct MpegFrameHeader {
 
     static constexpr qsizetype Size = 4;
 
-    /// Nothing where the bytes are no such header. A frame of the "free" format, whose length no
-    /// header tells, counts as none.
+    /// Nothing if the bytes aren't such a header. Frames of the "free" format are not accepted, as
+    /// their headers don't tell their length.
     [[nodiscard]] static std::optional<MpegFrameHeader> Parse(QByteArrayView bytes);
 
-    /// Whether both can stand in one stream: all but bit rate and channels is the same.
+    /// Whether both can belong to one stream: all but bit rate and channels is the same.
     [[nodiscard]] bool SameStream(const MpegFrameHeader& other) const {
         return version == other.version && layer == other.layer && frequency == other.frequency;
     }

@@ -10,7 +10,7 @@
 namespace netrove {
 namespace {
 
-/// IPv4, IPv6, IPv6 of one link alone.
+/// The rank of an address: IPv4, then IPv6, then IPv6 of one link alone.
 int Kind(const QString& address) {
     return address.contains(u'%') ? 2 : address.contains(u':') ? 1 : 0;
 }
@@ -64,17 +64,17 @@ private:
         bool hasPort = false;
     };
 
-    /// More than a computer has; one that claims more gets no further.
+    /// More addresses than a computer has; further ones are ignored.
     static constexpr qsizetype MaxAddresses = 16;
 
-    /// Of the computer that the answer is about, a new one where it is none of those known; -1
+    /// The index of the computer that the answer is about, which is added if it isn't known yet; -1
     /// where the answer makes no computer.
     int IndexOf(const Answer& answer) {
         const QString name = NameKey(answer.name);
         if (const auto same = byName_.constFind(name); same != byName_.cend())
             return *same;
-        // Two names that came the same way from one address are two computers: one host may speak
-        // for several. For that the way must not have told of the one at the address.
+        // Two names that came from one address the same way are two computers, as one host may
+        // speak for several: so the known one is the same only if it didn't come this way.
         if (const auto same = byAddress_.constFind(answer.address); same != byAddress_.cend()) {
             const Known& known = known_[static_cast<std::size_t>(*same)];
             if (!known.computer.foundBy.testFlag(answer.foundBy)) {

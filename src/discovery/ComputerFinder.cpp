@@ -36,14 +36,14 @@ void ComputerFinder::Start() {
     if (isRunning_)
         return;
     if (thread_.joinable())
-        thread_.join(); // it has nothing left to do
+        thread_.join(); // the thread has nothing left to do
     earlier_ = std::move(answers_);
     answers_.clear();
     try {
         thread_ = std::thread([this] { Run(); });
         isRunning_ = true;
     } catch (const std::system_error&) {
-        Signal(news_); // a round that can't begin has ended
+        Signal(news_); // a round that can't begin counts as ended
     }
 }
 
@@ -68,7 +68,7 @@ void ComputerFinder::Run() {
             Take(std::move(answer));
         }).Run(window_, stop_.Number());
     } catch (const std::exception&) {
-        // No memory, most likely: the round ends with what it has.
+        // Most likely out of memory: the round ends with what it has.
     }
     const std::scoped_lock lock(mutex_);
     earlier_.clear();

@@ -10,16 +10,16 @@
 
 namespace netrove {
 
-/// Asks the LAN who is there, on a thread of its own: by WS-Discovery, DNS-SD and NetBIOS side by
-/// side. Sends nothing before Start(). May be used from any thread.
+/// Asks the LAN for its computers, on a thread of its own: by WS-Discovery, DNS-SD and NetBIOS side
+/// by side. Sends nothing before Start(). May be used from any thread.
 class ComputerFinder : public ComputerSource {
 public:
-    /// For how long a round takes answers. Hosts wait up to half a second before they answer, so
-    /// that not all do at once.
+    /// How long a round waits for answers. Hosts delay their answers by up to half a second, so
+    /// that not all answer at once.
     static constexpr std::chrono::milliseconds DefaultWindow{1500};
 
     explicit ComputerFinder(std::chrono::milliseconds window = DefaultWindow);
-    ~ComputerFinder() override; ///< ends a round that is running, at once
+    ~ComputerFinder() override; ///< ends a running round at once
 
     void Start() override;
     [[nodiscard]] bool IsRunning() const override;
@@ -36,7 +36,7 @@ private:
 
     mutable std::mutex mutex_; ///< guards what follows
     bool isRunning_ = false;
-    Answers earlier_; ///< of the round before, while one is running
+    Answers earlier_; ///< of the previous round, while one is running
     Answers answers_;
     std::thread thread_;
 };

@@ -21,11 +21,11 @@ public:
     /// Whether a round is running.
     [[nodiscard]] virtual bool IsRunning() const = 0;
 
-    /// The computers found so far, one a name, in the order of their names.
+    /// The computers found so far, one for each name, in the order of their names.
     [[nodiscard]] virtual std::vector<FoundComputer> Found() const = 0;
 
-    /// Becomes readable when something new was found and when a round has ended; Found() makes it
-    /// unreadable again. Only to be waited for, by one user.
+    /// A descriptor that becomes readable when something new was found and when a round has ended;
+    /// Found() makes it unreadable again. It may only be waited for, and by one waiter at a time.
     [[nodiscard]] virtual int Descriptor() const = 0;
 };
 

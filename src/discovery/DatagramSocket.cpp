@@ -45,7 +45,7 @@ std::optional<DatagramSocket> DatagramSocket::ForMulticast(const LocalLink& link
         works = works && socket.Set(IPPROTO_IP, IP_MULTICAST_IF, interface) &&
                 socket.Set(IPPROTO_IP, IP_MULTICAST_TTL, 1) && socket.Bind(own->own.WithPort(0));
     } else {
-        // Not bound to an address: the system takes the one that suits who is asked.
+        // Not bound to an address: the system picks the one that suits the destination.
         works = works && socket.Set(IPPROTO_IPV6, IPV6_MULTICAST_IF, index) &&
                 socket.Set(IPPROTO_IPV6, IPV6_MULTICAST_HOPS, 1) &&
                 socket.Set(IPPROTO_IPV6, IPV6_V6ONLY, 1);

@@ -14,20 +14,20 @@ struct Datagram {
     QByteArray bytes;
 };
 
-/// A UDP socket that asks many on one link and takes their answers; never waits.
+/// A UDP socket that asks many hosts on one link and takes their answers; never waits.
 class DatagramSocket {
 public:
-    /// A socket for broadcasts from one of the link's IPv4 addresses.
+    /// A socket for broadcasts from `own`, one of the link's IPv4 addresses.
     [[nodiscard]] static std::optional<DatagramSocket> ForBroadcast(const SocketAddress& own);
-    /// A socket for multicasts over the link, none of which goes past a router.
+    /// A socket for multicasts over the link; no router passes them on.
     [[nodiscard]] static std::optional<DatagramSocket> ForMulticast(const LocalLink& link,
                                                                     bool isIPv4);
 
     [[nodiscard]] int Descriptor() const { return descriptor_.Number(); }
 
-    /// What can't be sent is lost, as it might be on the way.
+    /// Bytes that can't be sent are lost without notice, as they might be on the way.
     void Send(const QByteArray& bytes, const SocketAddress& to) const;
-    /// The next datagram that has come.
+    /// The next datagram that has come; nothing if there is none.
     [[nodiscard]] std::optional<Datagram> Receive() const;
 
 private:

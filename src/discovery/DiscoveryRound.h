@@ -8,14 +8,14 @@
 
 namespace netrove {
 
-/// All ways of asking, side by side, once.
+/// One round of all ways of asking, side by side.
 class DiscoveryRound {
 public:
     /// Gives each answer to `take`.
     explicit DiscoveryRound(const TakeAnswer& take);
 
-    /// Asks and takes answers for as long as `window`. Returns earlier when the descriptor `stop`
-    /// becomes readable, and when there is no link to ask over.
+    /// Asks, and takes answers during `window`. Returns earlier when the descriptor `stop` becomes
+    /// readable, or if there is no link to ask over.
     void Run(std::chrono::milliseconds window, int stop);
 
 private:

@@ -15,11 +15,11 @@ constexpr char Smb[] = "_smb._tcp";
 constexpr char DeviceInfo[] = "_device-info._tcp";
 constexpr qint32 Any = -1; ///< interface or protocol
 
-/// The system bus lets a connection wait for 128 answers.
+/// The system bus allows a connection 128 unanswered questions.
 constexpr std::size_t MaxResolving = 64;
 
-/// While the bus hasn't taken all that is to be sent. That is so while it greets, when waiting
-/// until it can be written to would return at once for ever.
+/// How often to try again while the bus hasn't taken all that is to be sent. Waiting until it can
+/// be written to wouldn't do: during the bus's greeting that would return at once, again and again.
 constexpr std::chrono::milliseconds SendStep{5};
 
 QByteArray BusAddress() {
@@ -27,7 +27,7 @@ QByteArray BusAddress() {
     return address.isEmpty() ? QByteArray("unix:path=/run/dbus/system_bus_socket") : address;
 }
 
-/// A message that doesn't start the daemon where it isn't running.
+/// A message that doesn't start the daemon if it isn't running.
 DBusMessage* Call(const char* service, const char* path, const char* interface,
                   const char* method) {
     DBusMessage* const message = dbus_message_new_method_call(service, path, interface, method);
@@ -76,10 +76,10 @@ bool DnsSdInquiry::Begin(std::span<const LocalLink> links) {
     connection_.reset(dbus_connection_open_private(BusAddress().constData(), nullptr));
     if (connection_ == nullptr)
         return false;
-    // What dbus_bus_register() does, but that it waits for the answer.
+    // What dbus_bus_register() does, but without waiting for the answer.
     static_cast<void>(
         Send(Message(Call(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, "Hello"))));
-    // Signals come to this connection alone and need no match to be asked for.
+    // Avahi sends its signals to this connection alone, so no match rule is needed.
     Browse(Smb);
     Browse(DeviceInfo);
     return true;

@@ -12,8 +12,8 @@ struct DBusMessage;
 namespace netrove {
 
 /// Finds computers by DNS-SD: asks the Avahi daemon, over the system bus, for services of the types
-/// _smb._tcp and _device-info._tcp. Without a bus or a daemon nothing is found. Speaks to the bus
-/// through libdbus itself, since Avahi's own client library waits for answers, up to 25 seconds.
+/// _smb._tcp and _device-info._tcp. Without a bus or a daemon nothing is found. Uses libdbus
+/// directly, since Avahi's own client library blocks for up to 25 seconds to wait for answers.
 class DnsSdInquiry : public Inquiry {
 public:
     explicit DnsSdInquiry(TakeAnswer take);
@@ -33,7 +33,7 @@ private:
     };
     using Message = std::unique_ptr<DBusMessage, ReleaseMessage>;
 
-    /// A service that was announced, on one interface and by one of IPv4 and IPv6.
+    /// A service that was announced on one interface, over either IPv4 or IPv6.
     struct Service {
         qint32 interface = 0;
         qint32 protocol = 0;
@@ -52,8 +52,8 @@ private:
     TakeAnswer take_;
     std::unique_ptr<DBusConnection, CloseConnection> connection_;
     std::deque<Service> waiting_;
-    std::set<quint32> resolving_; ///< numbers of the questions
-    qsizetype seen_ = 0;          ///< services
+    std::set<quint32> resolving_; ///< serial numbers of the messages that wait for a reply
+    qsizetype seen_ = 0;          ///< number of services seen
 };
 
 } // namespace netrove

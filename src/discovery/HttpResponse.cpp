@@ -24,7 +24,7 @@ std::optional<qsizetype> Number(QByteArrayView text, int base) {
     return static_cast<qsizetype>(number);
 }
 
-/// Nothing where it is no head of an answer.
+/// Nothing if the bytes aren't the head of an answer.
 std::optional<Head> ParseHead(QByteArrayView bytes) {
     const QList<QByteArray> lines = bytes.toByteArray().replace("\r\n", "\n").split('\n');
     const QList<QByteArray> status = lines.first().simplified().split(' ');

@@ -10,7 +10,7 @@
 
 namespace netrove {
 
-/// One way of asking a LAN who is there. No call waits for anything.
+/// One way of asking a LAN for its computers. No call waits for anything.
 class Inquiry {
 public:
     using Clock = std::chrono::steady_clock;
@@ -20,12 +20,12 @@ public:
     Inquiry& operator=(const Inquiry&) = delete;
     virtual ~Inquiry() = default;
 
-    /// Gets ready to ask over these links; the first Turn() sends. False where it can't.
+    /// Gets ready to ask over these links; the first Turn() sends. False if that isn't possible.
     [[nodiscard]] virtual bool Begin(std::span<const LocalLink> links) = 0;
 
-    /// Adds the descriptors that it waits for.
+    /// Adds the descriptors that this inquiry waits for.
     virtual void Await(std::vector<pollfd>& descriptors) const = 0;
-    /// When it wants a turn though none of them is ready.
+    /// When it needs a Turn() at the latest, even if none of them is ready.
     [[nodiscard]] virtual Clock::time_point NextTurn() const = 0;
 
     /// Takes what has come, and sends what is due.

@@ -7,8 +7,7 @@
 
 namespace netrove {
 
-/// An interface of this computer that leads to a LAN: up, and neither a loopback nor one that
-/// can't speak to many at once.
+/// An interface of this computer that leads to a LAN: it is up, is no loopback, and can multicast.
 struct LocalLink {
     struct Address {
         SocketAddress own;
@@ -21,11 +20,11 @@ struct LocalLink {
 
     /// The first of its IPv4 or IPv6 addresses; null if there is none.
     [[nodiscard]] const Address* First(bool isIPv4) const;
-    /// Whether such an address is reached over this link without a router.
+    /// Whether an address is reached over this link without a router.
     [[nodiscard]] bool Reaches(const SocketAddress& address) const;
 };
 
-/// Those that there are now, InquiryLimits::Links at most.
+/// The links that there are now, InquiryLimits::Links at most.
 [[nodiscard]] std::vector<LocalLink> LocalLinks();
 
 } // namespace netrove

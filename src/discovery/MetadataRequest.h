@@ -11,20 +11,20 @@
 
 namespace netrove {
 
-/// One question to a device over HTTP: a connection straight to its address, no proxy, no redirect,
+/// One question to a device over HTTP: a direct connection to its address, no proxy, no redirects,
 /// a short answer. No call waits.
 class MetadataRequest {
 public:
-    /// Begins to ask at `address`, which has the port.
+    /// Begins to ask at `address`, which includes the port.
     MetadataRequest(const SocketAddress& address, const QByteArray& path, QString endpoint);
 
     [[nodiscard]] const SocketAddress& Address() const { return address_; }
     [[nodiscard]] pollfd Await() const;
 
-    /// Goes on; true when it has come to its end.
+    /// Goes on as far as it can without waiting; true once the request has ended.
     [[nodiscard]] bool Turn();
 
-    /// What the device said that it is; nothing before the end, and where it failed.
+    /// What the device says that it is; nothing before the end, or if the request failed.
     [[nodiscard]] const std::optional<WsMessages::Computer>& Computer() const { return computer_; }
 
 private:

@@ -7,7 +7,7 @@
 namespace netrove {
 namespace {
 
-/// As RFC 1002 has it for broadcasts (6.1): three times, 250 ms apart.
+/// As RFC 1002 (6.1) asks for broadcasts: three times, 250 ms apart.
 constexpr int Queries = 3;
 constexpr Repeats::Time Gap(250);
 

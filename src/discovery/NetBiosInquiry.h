@@ -10,9 +10,9 @@
 
 namespace netrove {
 
-/// Finds computers by the NetBIOS name service: a broadcast question for any name on every IPv4
-/// network, then one for all its names to each that answers. Browse lists aren't asked for: they
-/// come over SMB1 alone.
+/// Finds computers by the NetBIOS name service: broadcasts a question for any name on every IPv4
+/// network, then asks each computer that answers for all its names. Doesn't ask for browse lists:
+/// they come over SMB1 alone.
 class NetBiosInquiry : public Inquiry {
 public:
     explicit NetBiosInquiry(TakeAnswer take);
@@ -27,7 +27,7 @@ private:
         LocalLink link;
         DatagramSocket socket;
         SocketAddress broadcast;
-        QHash<QString, SocketAddress> unanswered; ///< asked for their names, by address
+        QHash<QString, SocketAddress> unanswered; ///< computers asked for their names, by address
     };
 
     void Receive(Way& way);

@@ -24,7 +24,7 @@ constexpr quint8 SuffixFileServer = 0x20;
 constexpr quint16 FlagGroup = 0x8000;
 constexpr QByteArrayView MasterBrowserName("\x01\x02__MSBROWSE__\x02");
 
-/// Reads a packet from front to back; past its end all reads give nothing.
+/// Reads a packet from front to back; past its end every read gives 0 or nothing.
 class Reader {
 public:
     explicit Reader(QByteArrayView bytes) : bytes_(bytes) {}
@@ -72,7 +72,7 @@ QByteArray Question(quint16 id, quint16 flags, quint16 type) {
         const quint16 swapped = qToBigEndian(word);
         packet.append(reinterpret_cast<const char*>(&swapped), sizeof swapped);
     }
-    // "*" and 15 zero bytes, half a byte a letter.
+    // "*" and 15 zero bytes; each letter stands for half a byte.
     packet += ' ' + QByteArray("CK") + QByteArray(30, 'A') + '\0';
     for (const quint16 word : {type, ClassInternet}) {
         const quint16 swapped = qToBigEndian(word);
@@ -81,7 +81,7 @@ QByteArray Question(quint16 id, quint16 flags, quint16 type) {
     return packet;
 }
 
-/// The text of a name, without the blanks that fill it up; empty where it can't be shown.
+/// The text of a name, without the blanks that pad it; empty if it can't be shown.
 QString NameText(QByteArrayView padded) {
     QByteArrayView name = padded;
     while (!name.isEmpty() && (name.back() == ' ' || name.back() == '\0'))
@@ -130,7 +130,7 @@ std::optional<Reply> Parse(QByteArrayView bytes) {
     reader.SkipName();
     const quint16 type = reader.Word();
     const quint16 internet = reader.Word();
-    reader.Take(4); // for how long it holds
+    reader.Take(4); // how long the answer holds
     Reader data(reader.Take(reader.Word()));
     if (!reader.IsGood() || internet != ClassInternet || (type != TypeName && type != TypeStatus))
         return std::nullopt;

@@ -20,13 +20,13 @@ constexpr quint16 Port = 137;
 struct Reply {
     quint16 id = 0;
     bool isStatus = false; ///< an answer to StatusRequest(), else to NameQuery()
-    /// From here on of a status only. Empty where the computer shares no files.
+    /// From here on of a status answer only. Empty where the computer shares no files.
     QString computer;
-    QString workgroup; ///< empty where none was told
+    QString workgroup; ///< empty where it wasn't told
     bool isMasterBrowser = false;
 };
 
-/// Nothing where the bytes are no answer to one of the two, or say that there is none.
+/// Nothing where the bytes aren't an answer to one of the two questions, or are a negative one.
 [[nodiscard]] std::optional<Reply> Parse(QByteArrayView bytes);
 
 } // namespace NetBiosPackets

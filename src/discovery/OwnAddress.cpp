@@ -10,7 +10,7 @@
 namespace netrove {
 namespace {
 
-/// Whatever the port and the interface.
+/// Compares the addresses without their ports and interfaces.
 bool IsSameHost(const SocketAddress& left, const SocketAddress& right) {
     return left.SharesPrefix(right, left.IsIPv4() ? 32 : 128);
 }

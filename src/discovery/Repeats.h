@@ -4,16 +4,17 @@
 
 namespace netrove {
 
-/// When a question that may be lost is to be sent: now, and some times more.
+/// When to send a question that may get lost: now, and several times more.
 class Repeats {
 public:
     using Clock = std::chrono::steady_clock;
     using Time = std::chrono::milliseconds;
 
-    /// `times` in all; between the first two passes `gap`, and `factor` times as long from then on.
+    /// `times` in all. `gap` passes between the first two; each later gap is `factor` times as long
+    /// as the one before.
     Repeats(int times, Time gap, int factor) : left_(times), gap_(gap), factor_(factor) {}
 
-    /// Whether it is to be sent at this moment; taken as done then.
+    /// Whether the question is to be sent now; if so, it counts as sent.
     [[nodiscard]] bool IsDue(Clock::time_point now) {
         if (left_ == 0 || now < next_)
             return false;
@@ -23,7 +24,7 @@ public:
         return true;
     }
 
-    /// The far future once all were sent.
+    /// When it is to be sent next; the far future once all have been sent.
     [[nodiscard]] Clock::time_point Next() const {
         return left_ > 0 ? next_ : Clock::time_point::max();
     }

@@ -15,8 +15,8 @@ class SocketAddress {
 public:
     /// Nothing for any other family.
     [[nodiscard]] static std::optional<SocketAddress> From(const sockaddr* address);
-    /// Reads a numeric address. `scope` is the number of the interface where it holds, which a
-    /// link-local IPv6 address needs.
+    /// Reads a numeric address. `scope` is the number of the interface where it holds; a link-local
+    /// IPv6 address needs one.
     [[nodiscard]] static std::optional<SocketAddress> Parse(const QString& host, quint16 port,
                                                             unsigned scope = 0);
 
@@ -32,10 +32,10 @@ public:
 
     /// Whether the first `bits` of the two are the same; false for different families.
     [[nodiscard]] bool SharesPrefix(const SocketAddress& other, int bits) const;
-    /// How many bits are set at the start: the length of the prefix that a netmask stands for.
+    /// How many bits are set at the start: for a netmask, the length of its prefix.
     [[nodiscard]] int LeadingOnes() const;
 
-    /// The form for the system; returns its size.
+    /// Writes the system's form of the address into `storage`; returns its size.
     socklen_t Store(sockaddr_storage& storage) const;
 
     bool operator==(const SocketAddress&) const = default;
@@ -45,7 +45,7 @@ private:
     [[nodiscard]] bool Bit(int index) const;
 
     bool isIPv4_ = true;
-    std::array<std::uint8_t, 16> bytes_ = {}; ///< of IPv4 the first four
+    std::array<std::uint8_t, 16> bytes_ = {}; ///< IPv4 uses the first four
     unsigned scope_ = 0;
     quint16 port_ = 0;
 };

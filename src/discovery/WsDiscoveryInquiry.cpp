@@ -9,12 +9,12 @@
 namespace netrove {
 namespace {
 
-/// The repeats that SOAP-over-UDP asks for: the first after 50 to 250 ms, each later one after
-/// twice as long.
+/// How often a probe is sent. SOAP-over-UDP asks for repeats: the first after 50 to 250 ms, each
+/// later one after twice as long.
 constexpr int Probes = 4;
 
-/// From this one on they have a name of their own, since hosts drop one that they have answered:
-/// so an answer that was lost comes again.
+/// From this probe on they have a new message ID. Hosts ignore an ID that they have answered, so
+/// this makes them send an answer again that may have been lost.
 constexpr int SecondWave = 3;
 
 Repeats::Time FirstGap() {
@@ -35,8 +35,8 @@ bool WsDiscoveryInquiry::Begin(std::span<const LocalLink> links) {
                                      WsMessages::Port, link.index);
             if (!socket || !group)
                 continue;
-            // A host hears the probe on several ways and drops what it has heard: each way has a
-            // probe of its own, so that all addresses become known.
+            // A host may hear the probe several ways, and ignores a message ID that it has heard:
+            // each way has a probe of its own, so that all addresses become known.
             const QString probeId = WsMessages::NewId();
             ways_.push_back({.link = link,
                              .socket = std::move(*socket),

@@ -15,8 +15,8 @@
 
 namespace netrove {
 
-/// Finds computers by WS-Discovery: a probe to all over IPv4 and IPv6 of every link, then a
-/// question for its metadata to each device that answers, at the address that it answered from.
+/// Finds computers by WS-Discovery: multicasts a probe over IPv4 and IPv6 on every link, then asks
+/// each device that answers for its metadata, at the address that it answered from.
 class WsDiscoveryInquiry : public Inquiry {
 public:
     explicit WsDiscoveryInquiry(TakeAnswer take);
@@ -33,8 +33,8 @@ private:
         DatagramSocket socket;
         SocketAddress group;
         QString probeId;
-        QSet<QString> questions;   ///< names of those that an answer may relate to
-        QSet<QString> unresolved;  ///< endpoints whose addresses were asked for
+        QSet<QString> questions;   ///< message IDs of the questions sent
+        QSet<QString> unresolved;  ///< endpoints whose addresses are asked for
         QSet<QString> seenDevices; ///< endpoint, or endpoint and address
     };
     struct Waiting {
@@ -54,9 +54,9 @@ private:
     TakeAnswer take_;
     std::vector<Way> ways_;
     Repeats probes_;
-    int sent_ = 0; ///< probes
+    int sent_ = 0; ///< number of probes
     QSet<QString> seenMessages_;
-    QHash<QString, int> asked_; ///< questions that an address has caused
+    QHash<QString, int> asked_; ///< number of questions, by the address that caused them
     std::deque<Waiting> waiting_;
     std::list<MetadataRequest> requests_;
 };

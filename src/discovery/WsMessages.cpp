@@ -36,7 +36,7 @@ constexpr char Envelope[] =
 
 QByteArray Text(const QString& to, const QString& action, const QString& messageId,
                 const QString& header, const QString& body) {
-    // In one call, so that a "%1" in one of them stays as it is.
+    // In one call, so that a "%1" in one of the texts stays as it is.
     return QString::fromLatin1(Envelope)
         .arg(to.toHtmlEscaped(), action, messageId.toHtmlEscaped(), header, body)
         .toUtf8();
@@ -47,7 +47,7 @@ QByteArray ToAll(const char* action, const QString& messageId, const QString& bo
                 Discovery + QLatin1String(action), messageId, QString(), body);
 }
 
-/// Goes through a message once and keeps what stands in the places that matter.
+/// Goes through a message once and keeps the texts of the elements that matter.
 class MessageReader {
 public:
     explicit MessageReader(QByteArrayView bytes) : xml_(bytes.toByteArray()) {}
@@ -210,7 +210,8 @@ std::optional<Target> ChooseTarget(const QStringList& addresses, const QString& 
     for (const QString& address : addresses) {
         const QUrl url(address, QUrl::StrictMode);
         const QByteArray path = url.path(QUrl::FullyEncoded).toLatin1();
-        // Without a host, what looks like one is a path, and no path of a request.
+        // Without a host ("http:name/path") the name is part of the path, which no request can
+        // have.
         if (!url.isValid() || url.scheme() != "http"_L1 || url.host().isEmpty() ||
             path.size() > maxPath)
             continue;

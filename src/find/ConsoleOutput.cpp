@@ -9,10 +9,10 @@
 namespace netrove {
 namespace {
 
-/// Enough that a busy search makes few calls of the system.
+/// Bytes to buffer: enough that a busy search makes few system calls.
 constexpr qsizetype MostUnwritten = 64 * 1024;
 
-/// Another program may have set a shared terminal or pipe not to block.
+/// Needed because another program may have made a shared terminal or pipe non-blocking.
 void WaitUntilWritable(int descriptor) {
     pollfd wait{.fd = descriptor, .events = POLLOUT, .revents = 0};
     (void)poll(&wait, 1, -1);

@@ -5,14 +5,14 @@
 
 namespace netrove {
 
-/// Standard output or standard error, or another file descriptor, which stays its owner's. What is
-/// written is kept until Flush() or until it is much.
+/// Standard output, standard error or another file descriptor, which it doesn't own. What is
+/// written is buffered until Flush(), or until there is a lot of it.
 class ConsoleOutput {
 public:
     explicit ConsoleOutput(int descriptor);
 
     [[nodiscard]] bool IsTerminal() const { return isTerminal_; }
-    /// Columns of the terminal; 0 where that isn't known.
+    /// Columns of the terminal; 0 if that isn't known.
     [[nodiscard]] int Columns() const;
 
     void Write(const QByteArray& text);
@@ -20,7 +20,7 @@ public:
     void Flush();
     [[nodiscard]] bool HasUnwritten() const { return !buffer_.isEmpty(); }
 
-    /// The system's number of the failure after which nothing more is written, 0 if there was none.
+    /// The errno of the failure after which nothing more is written; 0 if there was none.
     [[nodiscard]] int Error() const { return error_; }
 
 private:

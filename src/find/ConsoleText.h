@@ -8,11 +8,11 @@ namespace netrove {
 enum class Escaping {
     LineBreaks,  ///< so that a name can't forge a line
     TabsToo,     ///< nor a column
-    AllControls, ///< nor command a terminal, or turn the direction of writing
+    AllControls, ///< nor control a terminal, nor change the direction of writing
 };
 
-/// The text with such characters as their codes in angle brackets, <0A>: no name on the network
-/// can hold those, while a backslash would be taken for that of a path.
+/// The text with such characters replaced by their codes in angle brackets, <0A>: no name on the
+/// network can hold those brackets, while a backslash would be taken for part of a path.
 [[nodiscard]] QString Escaped(const QString& text, Escaping escaping);
 
 /// How many columns of a terminal the text takes.

@@ -22,7 +22,7 @@ QCommandLineOption WithValue(const char* name, const char* value) {
     return {QString::fromLatin1(name), QString(), QString::fromLatin1(value)};
 }
 
-/// "Temp:folder" as an entry of the exclusion lists; without a type it is a folder.
+/// A text like "Temp:folder" as an entry of the exclusion lists; without a type it is a folder.
 QString ExclusionEntry(const QString& text) {
     const qsizetype colon = text.lastIndexOf(u':');
     const QString name = (colon < 0 ? text : text.left(colon)).trimmed();
@@ -46,7 +46,8 @@ std::optional<qint32> MostResults(const QString& text) {
     return max;
 }
 
-/// A pattern fails when it is first used: better here than in the middle of the network.
+/// Uses each pattern once: an invalid one fails when it is used, which should be here and not in
+/// the middle of the network.
 void CheckPatterns(const QStringList& patterns) {
     if (patterns.size() > std::numeric_limits<qint16>::max())
         throw WrongUse(WrongUse::tr("too many patterns"));
@@ -86,7 +87,7 @@ FindArguments FindArguments::Parse(const QStringList& arguments) {
         return result;
     }
     if (!parsed)
-        throw WrongUse(parser.errorText().chopped(1)); // its full stop
+        throw WrongUse(parser.errorText().chopped(1)); // without its full stop
     result.patterns = SearchText::Strip(parser.positionalArguments().join(u','));
     if (result.patterns.isEmpty())
         throw WrongUse(WrongUse::tr("no pattern to search for"));

@@ -19,11 +19,11 @@ struct FindArguments {
     bool adminShares = false;
     bool thisComputer = false;
     bool details = false;
-    std::optional<qint32> max; ///< results at most
+    std::optional<qint32> max; ///< the most results to give
     QString logFile;           ///< empty for none
     QString logonFile;         ///< empty for guests
 
-    /// `arguments` are those behind the program's name. Raises WrongUse.
+    /// `arguments` are those after the program's name. Raises WrongUse.
     [[nodiscard]] static FindArguments Parse(const QStringList& arguments);
 };
 

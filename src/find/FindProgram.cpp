@@ -32,7 +32,7 @@ int Execute(const QStringList& arguments, const FindConsole& console,
     return FindRun(parsed, services, console).Execute();
 }
 
-/// Whoever reads the output may stop reading; any other failure is a loss.
+/// Whether output has been lost. A reader that stops reading (EPIPE) loses nothing that it wants.
 bool IsLost(const ConsoleOutput& out) {
     return out.Error() != 0 && out.Error() != EPIPE;
 }

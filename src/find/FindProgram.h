@@ -11,8 +11,8 @@ namespace netrove {
 /// Opens the network that the arguments ask for. May raise WrongUse.
 using OpenFindNetwork = std::function<FindServices(const FindArguments& arguments)>;
 
-/// The whole of netrove-find: reads its arguments (those behind the program's name), opens the
-/// network if it is to be searched, and gives the exit status. Whatever goes wrong is told on
+/// The whole of netrove-find: reads its arguments (those after the program's name), opens the
+/// network if it is to be searched, and returns the exit status. Whatever goes wrong is reported on
 /// standard error.
 [[nodiscard]] int FindProgram(const QStringList& arguments, const FindConsole& console,
                               const OpenFindNetwork& openNetwork);

@@ -29,7 +29,7 @@ Settings SearchSettings(const FindArguments& arguments, const QString& computer)
     return settings;
 }
 
-/// Lets `pass` run at the yields and waits of the search; where it gives false, a wait ends.
+/// Makes `pass` run at the yields and waits of the search; if it returns false, a wait ends.
 class PassesOf {
 public:
     explicit PassesOf(const std::function<bool()>& pass)
@@ -97,9 +97,9 @@ void FindRun::Search() {
     }
     place_ = arguments_.from;
     const auto start = StartNode(arguments_.from, services_);
-    // A signal during that is older than the engine's own request to stop.
     if (services_.report)
         services_.report->Begin();
+    // The engine ignores requests to stop that came before its beginning, so test here.
     if (signal_ == 0)
         engine_.BeginSearch(arguments_.patterns, start);
     if (services_.report && engine_.FoundNobody())
@@ -110,7 +110,7 @@ void FindRun::Search() {
         CheckStart(arguments_.from, services_);
 }
 
-/// The engine passes over failures here, but nobody would know what is missing.
+/// Keeps a failure itself: the engine would pass over it, and nobody would know what is missing.
 void FindRun::OnFound(const QString& netPath) {
     if (failure_)
         return;
@@ -133,7 +133,7 @@ void FindRun::PrintFound(const QString& netPath) {
     console_.out.WriteLine(*line);
 }
 
-/// Gives whether the search goes on.
+/// Returns whether the search goes on.
 bool FindRun::Pass() {
     if (signal_ == 0)
         signal_ = console_.signal();
@@ -150,7 +150,7 @@ bool FindRun::Pass() {
     return true;
 }
 
-/// The first of them by their names: a script's log isn't to be flooded.
+/// Names only the first ones, so that a script's log isn't flooded.
 void FindRun::PrintNotSearched() {
     constexpr std::size_t mostNames = 10;
     if (!services_.report || console_.out.Error() != 0)

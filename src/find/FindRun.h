@@ -15,11 +15,11 @@
 
 namespace netrove {
 
-/// Where the program prints, and what the user does meanwhile.
+/// Where the program prints, and how the user can stop it.
 struct FindConsole {
     ConsoleOutput& out;
     ConsoleOutput& err;
-    /// The number of the signal that asks the search to stop, 0 as long as none came.
+    /// The number of the signal that asks the search to stop; 0 while none has come.
     std::function<int()> signal;
 };
 
@@ -28,7 +28,7 @@ namespace FindStatus {
 inline constexpr int Found = 0;
 inline constexpr int NothingFound = 1;
 inline constexpr int Failed = 2;
-/// To this the number of the signal is added that stopped the search.
+/// The number of the signal that stopped the search is added to this.
 inline constexpr int Signal = 128;
 } // namespace FindStatus
 
@@ -38,15 +38,15 @@ public:
     FindRun(const FindArguments& arguments, const FindServices& services,
             const FindConsole& console);
 
-    /// Gives the exit status. Raises WrongUse for a start node or a log file that can't be had,
-    /// RunTimeError for a search that fails as a whole.
+    /// Returns the exit status. Raises WrongUse if there is no such start node or the log file
+    /// can't be written, RunTimeError if the search fails as a whole.
     [[nodiscard]] int Execute();
 
 private:
     void Search();
     void OnFound(const QString& netPath);
     void PrintFound(const QString& netPath);
-    /// What happens between the steps of the walk and while it waits for the network.
+    /// Called between the steps of the walk and while it waits for the network.
     [[nodiscard]] bool Pass();
     void PrintNotSearched();
     void PrintSummary();
@@ -65,7 +65,7 @@ private:
     qint32 found_ = 0;
     bool capped_ = false;
     int signal_ = 0;
-    std::optional<RunTimeError> failure_; ///< what a match couldn't be printed for
+    std::optional<RunTimeError> failure_; ///< why a match couldn't be printed
 };
 
 } // namespace netrove

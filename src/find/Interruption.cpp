@@ -5,18 +5,18 @@
 namespace netrove {
 namespace {
 
-// The only thing that a signal's handler may touch.
+// The only kind of variable that a signal handler may write.
 volatile std::sig_atomic_t received = 0;
 
 void Receive(int signal) {
     received = signal;
-    // From now on both have their usual effect.
+    // From now on both signals have their usual effect.
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
 }
 
 void Handle(int signal) {
-    // A program that was started with a signal ignored leaves it so.
+    // A signal that was ignored when the program was started stays ignored.
     struct sigaction action {};
     if (sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
         return;

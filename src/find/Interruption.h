@@ -2,8 +2,8 @@
 
 namespace netrove {
 
-/// Lets Ctrl+C and a polite request to end stop the search in good order. The second one ends the
-/// program at once, as without this. To be made once, at the program's start.
+/// Makes Ctrl+C (SIGINT) and SIGTERM stop the search in good order. A second signal ends the
+/// program at once, as usual. To be made once, at the program's start.
 class Interruption {
 public:
     Interruption();

@@ -9,10 +9,10 @@
 namespace netrove {
 namespace {
 
-/// More than such a file needs: another one was named by mistake.
+/// More than such a file needs: a larger one was named by mistake.
 constexpr qsizetype MaxBytes = 4096;
 
-/// Removes the line from the text.
+/// Takes the first line off the text.
 QByteArrayView TakeLine(QByteArrayView& text) {
     const qsizetype end = text.indexOf('\n');
     const QByteArrayView line = end < 0 ? text : text.first(end);

@@ -18,8 +18,8 @@
 namespace netrove {
 namespace {
 
-/// Opens those of the standard streams that the caller has closed, so that no connection gets the
-/// number of one and is written to.
+/// Opens the standard streams that the caller has closed, so that no connection gets the number of
+/// one and receives the output.
 void OpenStandardStreams() {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(descriptor, F_GETFD) < 0)
@@ -39,7 +39,7 @@ int Main(int argc, char** argv) {
     OpenStandardStreams();
     const QStringList languages = UserLanguages(); // the next line may set another locale
     UseUtf8Locale();
-    // A reader that has gone is noticed at the next write.
+    // The next write will notice that a reader has gone.
     std::signal(SIGPIPE, SIG_IGN);
     const Interruption interruption;
     const QCoreApplication application(argc, argv);

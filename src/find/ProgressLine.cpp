@@ -18,7 +18,7 @@ void ProgressLine::Show(qint32 found, const QString& place) {
         return;
     const int columns = output_.Columns() > 0 ? output_.Columns() : UsualColumns;
     const QString count = tr("%n found", nullptr, found) + "  "_L1;
-    // The last column stays free: a terminal goes to the next line behind it.
+    // The last column stays free: behind it a terminal would go to the next line.
     const QString path = CompactPath(Escaped(place, Escaping::AllControls),
                                      columns - TerminalColumns(count) - 1, TerminalColumns);
     output_.Write(EraseLine + (count + path).toUtf8());

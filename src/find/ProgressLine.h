@@ -8,8 +8,8 @@
 
 namespace netrove {
 
-/// One line on a terminal that is written anew again and again: how far the search is. Writes
-/// nothing where there is no terminal.
+/// One line on a terminal that is rewritten again and again: how far the search is. Writes nothing
+/// if there is no terminal.
 class ProgressLine {
     Q_DECLARE_TR_FUNCTIONS(ProgressLine)
 
@@ -22,7 +22,7 @@ public:
     /// Shows the line, at most a few times a second.
     void Show(qint32 found, const QString& place);
 
-    /// Takes the line off, so that something else can be printed.
+    /// Removes the line, so that something else can be printed.
     void Clear();
 
 private:

@@ -16,11 +16,11 @@ struct FileDetails;
 /// Makes the line that is printed for a found file.
 class ResultLines {
 public:
-    /// With `details` a line has the texts of the results list, separated by tabs. `settings` say
+    /// With `details`, a line has the texts of the results list, separated by tabs. `settings` tell
     /// how sizes and dates are written.
     ResultLines(FileAccess& files, const Settings& settings, bool details, bool forTerminal);
 
-    /// Nothing where details are wanted and the file can't be read: it has gone.
+    /// Nothing if details are wanted and the file can't be read: it has gone.
     [[nodiscard]] std::optional<QString> Line(const QString& netPath);
 
 private:

@@ -17,7 +17,7 @@ bool CanBeListed(const NetRecord& record, NetworkEnumeration& network) {
     return true;
 }
 
-/// Whether the text is a path: names of the network's levels don't begin so.
+/// Whether the text is a path: names of the network's levels don't begin like one.
 bool IsPath(const QString& text) {
     return text.startsWith(u'\\') || text.startsWith("//"_L1);
 }

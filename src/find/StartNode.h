@@ -19,22 +19,22 @@ namespace netrove {
 struct FindServices {
     NetworkEnumeration& network;
     FileAccess& files;
-    /// The record of a computer, a share or a folder below, whether it exists or not.
+    /// The record of a computer, a share or a folder below one, whether it exists or not.
     std::function<std::optional<NetRecord>(const UncPath&)> record;
-    ReadAhead* ahead = nullptr;      ///< of the network, if it reads ahead
-    NetworkReport* report = nullptr; ///< what a search hasn't seen of it, if anybody keeps that
+    ReadAhead* ahead = nullptr;      ///< null if nothing is read ahead
+    NetworkReport* report = nullptr; ///< what a search hasn't seen; may be null
     QString computer;                ///< "\\" and the name of this computer, in upper case
 };
 
 /// The node that a search starts at: for an empty text the root; for \\SERVER\SHARE or
 /// //SERVER/SHARE that place; for names joined by "|" the node to which they lead. Raises WrongUse
-/// where there is no such node, or nobody answers for it. Whether a share or a folder is there, the
-/// search finds out: it opens its connections meanwhile.
+/// if there is no such node, or nobody answers for it. Doesn't test whether a share or a folder
+/// exists: the search finds that out while it opens its connections.
 [[nodiscard]] std::shared_ptr<NetResource> StartNode(const QString& text,
                                                      const FindServices& services);
 
-/// Raises WrongUse where the text is the path of a share or a folder that can't be entered. For a
-/// search that has found nothing there.
+/// To be called after a search that has found nothing: raises WrongUse if the text is the path of a
+/// share or a folder that can't be entered.
 void CheckStart(const QString& text, const FindServices& services);
 
 } // namespace netrove

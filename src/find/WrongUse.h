@@ -8,7 +8,7 @@
 namespace netrove {
 
 /// The program was called in a way that it can't serve. The text tells the user why, in one line;
-/// such texts are those of this class.
+/// these texts are translated in the context of this class.
 class WrongUse : public std::exception {
     Q_DECLARE_TR_FUNCTIONS(WrongUse)
 

@@ -30,12 +30,12 @@ QNetworkRequest RequestFor(const QUrl& address, int redirects) {
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setHeader(QNetworkRequest::UserAgentHeader, QString("Netrove/"_L1 + ProgramVersion()));
-    // Nothing is unpacked, so that the bytes that arrive are those that count.
+    // The body isn't compressed, so that the bytes that arrive are those that the limit counts.
     request.setRawHeader("Accept-Encoding", "identity");
     return request;
 }
 
-/// Reads in this thread, until the answer is there or the thread is to quit.
+/// Reads in this thread, until the whole answer has come or the thread is to quit.
 std::optional<QByteArray> Read(const QUrl& address, const HttpLimits& limits) {
     QNetworkAccessManager manager;
     const std::unique_ptr<QNetworkReply> reply(manager.get(RequestFor(address, limits.redirects)));

@@ -7,18 +7,18 @@
 namespace netrove {
 
 struct HttpLimits {
-    std::chrono::milliseconds time{15'000}; ///< from the question to the last byte
+    std::chrono::milliseconds time{15'000}; ///< from the request to the last byte
     qint64 bytes = 1 << 20;                 ///< of the body
-    int redirects = 5;                      ///< none leads from https to http, or elsewhere
+    int redirects = 5;                      ///< never from https to http, nor to any other scheme
 };
 
-/// Reads through Qt's network library, in a thread of its own: no handler of this thread runs, and
-/// no socket or timer of it is needed, while OpenURL waits. Texts are UTF-8, or Windows-1252 where
-/// they aren't valid UTF-8. No cookies, no cache; the proxy is the system's.
+/// Reads through Qt's network library, in a thread of its own: while OpenURL waits, no handler of
+/// the calling thread runs, and none of its sockets or timers is needed. Texts are UTF-8, or
+/// Windows-1252 if they aren't valid UTF-8. No cookies, no cache; the proxy is the system's.
 ///
-/// An answer that is an error page, comes too late, is too long or shorter than it says is a
-/// failure, and so is a wait that the user gives up. One that says its length by chunks may end in
-/// the middle of one: Qt doesn't always notice.
+/// It is a failure if the answer is an error page, comes too late, is too long or shorter than it
+/// says, or if the user gives up the wait. An answer that is sent in chunks may end in the middle
+/// of one: Qt doesn't always notice.
 class HttpReader : public Http {
 public:
     explicit HttpReader(HttpLimits limits = {}) : limits_(limits) {}

@@ -19,8 +19,8 @@
 
 namespace netrove {
 
-/// The program with its window: the services of this desktop, and the window that is given them.
-/// There is an application object before it.
+/// The program with its window: the services of this desktop, and the window that uses them. The
+/// application object must be made before it.
 class WindowProgram {
 public:
     WindowProgram();

@@ -19,7 +19,8 @@ void Print(const QString& text, std::FILE* stream) {
     std::fputs(text.toLocal8Bit().constData(), stream);
 }
 
-/// Known before there is an application with windows, which needs a display.
+/// Whether a text is to be printed. Asked before there is an application with windows, as that
+/// would need a display.
 bool AsksForText(int argc, char** argv) {
     QStringList arguments;
     for (int index = 1; index < argc; ++index)
@@ -54,7 +55,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(netrove::ProgramVersion());
     QApplication::setDesktopFileName(netrove::Text("netrove"));
     QApplication::setWindowIcon(netrove::ProgramIcon());
-    // A window in the tray is none that the toolkit counts.
+    // The toolkit doesn't count a window in the tray, so it would end the application.
     QApplication::setQuitOnLastWindowClosed(false);
 
     netrove::WindowProgram program;

@@ -8,10 +8,10 @@
 namespace netrove {
 namespace {
 
-/// Bytes that an enumeration is first asked to fit its records in.
+/// The size in bytes of an enumeration's first buffer for records.
 constexpr quint32 FirstBufferSize = 1024;
 
-/// An open list of the network, closed on every way out.
+/// An open list of the network. The destructor closes it.
 class Enumeration {
 public:
     Enumeration(NetworkEnumeration& network, qint32 type, qint32 usage, const NetRecord& start)

@@ -11,7 +11,7 @@
 
 namespace netrove {
 
-/// What a node of the network tree is. The numbers are those of the system's display types, but
+/// What a node of the network tree is. The numbers are those of the system's display types, except
 /// for Printer, which is ours.
 enum class ResourceType : qint32 {
     Generic = 0,
@@ -30,14 +30,15 @@ enum class ResourceType : qint32 {
 };
 
 /// A node of the network tree: the root, a provider, a workgroup, a computer, a share, a printer.
-/// Its children are asked for at the first reading and kept for the life of the node; whoever
-/// wants to see the network anew makes a new root. A node owns its children and doesn't know its
-/// parent, so that a node taken out of the tree stays valid.
+/// Its children are asked for when they are first read, and kept for the life of the node; to see
+/// the network anew, make a new root. A node owns its children and doesn't know its parent, so that
+/// a node taken out of the tree stays valid.
 ///
 /// Reading yields to the event loop at many points.
 class NetResource {
 public:
-    /// A node that nobody has filled is the root of the network: type 0, empty remote name.
+    /// Until it is filled by InitFrom, a node is the root of the network: type 0, empty remote
+    /// name.
     explicit NetResource(NetworkEnumeration& network) : network_(network) {}
     NetResource(const NetResource&) = delete;
     NetResource& operator=(const NetResource&) = delete;
@@ -48,14 +49,13 @@ public:
     /// Raised during FindNWObjects: the search has reached this node.
     std::function<void(const std::shared_ptr<NetResource>&)> SearchProgress;
 
-    /// All nodes of that type below this one, for who wants them at once: the program itself goes
-    /// from node to node by Children. It doesn't look below servers, files, admin shares and
-    /// printers.
+    /// All nodes of that type below this one, for callers that want them at once: the program
+    /// itself goes from node to node by Children. Doesn't look below servers, files, admin shares
+    /// and printers.
     [[nodiscard]] std::shared_ptr<NetResources> FindNWObjects(ResourceType objectType);
 
     /// The children: disk shares, workgroups and so on, then printers. Empty where the network
-    /// gives no list; the next reading then asks again. Raises what NetResources::AddResource
-    /// raises.
+    /// gives no list; the next call then asks again. Raises what NetResources::AddResource raises.
     [[nodiscard]] std::shared_ptr<NetResources> Children();
 
     /// The children if they have been read, else null. Asks nobody and doesn't yield.
@@ -64,7 +64,7 @@ public:
     }
 
     [[nodiscard]] const QString& Comment() const { return record_.lpComment; }
-    /// For tools: no provider of the program fills it.
+    /// For tools: none of the program's providers fills it.
     [[nodiscard]] const QString& LocalName() const { return record_.lpLocalName; }
     [[nodiscard]] const QString& Provider() const { return record_.lpProvider; }
     [[nodiscard]] const QString& RemoteName() const { return record_.lpRemoteName; }

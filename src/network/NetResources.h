@@ -18,19 +18,19 @@ class NetResources {
 public:
     using Node = std::shared_ptr<NetResource>;
 
-    /// The node with that name or number, after a yield. An empty reference where there is none.
+    /// The node with that name or number, after a yield; null if there is none.
     [[nodiscard]] Node Item(const QString& name) const;
     [[nodiscard]] Node Item(qint32 number) const;
 
     [[nodiscard]] qint32 Count() const { return static_cast<qint32>(nodes_.size()); }
 
-    /// Takes a node out. Raises ErrorNumber::InvalidProcedureCall for a name that isn't there and
-    /// ErrorNumber::SubscriptOutOfRange for a number that isn't.
+    /// Takes a node out. Raises ErrorNumber::InvalidProcedureCall for an unknown name and
+    /// ErrorNumber::SubscriptOutOfRange for an unknown number.
     void Remove(const QString& name);
     void Remove(qint32 number);
 
-    /// Adds the node at the end, after a yield, and gives it back. Raises
-    /// ErrorNumber::KeyNotUnique if a node of that name is there.
+    /// Adds the node at the end, after a yield, and returns it. Raises ErrorNumber::KeyNotUnique if
+    /// there is a node of that name already.
     Node AddResource(const Node& item);
 
     [[nodiscard]] auto begin() const { return nodes_.begin(); }

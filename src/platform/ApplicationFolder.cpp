@@ -9,7 +9,7 @@
 namespace netrove {
 namespace {
 
-/// Below the application folder, and below the installed one.
+/// The help's first page, below the application folder and below the installed one.
 constexpr QLatin1String Page("/Help/Netrove.html");
 
 } // namespace
@@ -24,7 +24,8 @@ QString InstalledFolder(const QString& programFolder) {
 }
 
 QString ApplicationFolder(const QString& programFolder) {
-    // Root may write everywhere, and the user into a folder of programs that is theirs.
+    // Being able to write there isn't enough: root can write everywhere, and users in folders of
+    // programs that they own.
     if (!programFolder.isEmpty() && InstalledFolder(programFolder).isEmpty() &&
         QFileInfo(programFolder).isWritable())
         return programFolder;

@@ -9,8 +9,8 @@ namespace netrove {
 /// The folder of the executable.
 [[nodiscard]] QString ProgramFolder();
 
-/// What was installed with the program: "share/netrove" beside the folder of the executable. Empty
-/// where the program hasn't been installed.
+/// The folder of what was installed with the program: "share/netrove" beside the folder of the
+/// executable. Empty where the program hasn't been installed.
 [[nodiscard]] QString InstalledFolder(const QString& programFolder = ProgramFolder());
 
 /// The folder that the program keeps its files in: the folder of the executable where the program
@@ -18,7 +18,7 @@ namespace netrove {
 /// which is made if need be.
 [[nodiscard]] QString ApplicationFolder(const QString& programFolder = ProgramFolder());
 
-/// The first page of the help: in the application folder if it has one, else of those installed.
+/// The first page of the help: the application folder's if it has one, else the installed one.
 [[nodiscard]] QString HelpPage(const QString& applicationFolder,
                                const QString& installedFolder = InstalledFolder());
 

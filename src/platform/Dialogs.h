@@ -33,7 +33,7 @@ struct ChosenFont {
     quint32 color = 0;  ///< of the text, red in the low byte
 };
 
-/// All boxes that the program puts before the user go through here, so that a test can answer
+/// All message boxes and choosers that the program shows go through here, so that a test can answer
 /// them. Lines in texts are separated by CR LF.
 class Dialogs {
 public:
@@ -47,19 +47,19 @@ public:
     virtual MessageAnswer Message(MessageIcon icon, const QString& text, const QString& title,
                                   MessageButtons buttons = MessageButtons::Ok) = 0;
 
-    /// A modal box with a line to type in, empty at first. Gives the text as it was typed; the
+    /// A modal box with a line to type in, empty at first. Returns the text as it was typed; an
     /// empty text where the user cancels.
     [[nodiscard]] virtual QString InputBox(const QString& prompt, const QString& title) = 0;
 
-    /// Lets the user choose a file to read, which exists, or to write, whether it exists or not:
-    /// nothing is asked about overwriting. Gives its local path; nothing where the user cancels.
+    /// Lets the user choose an existing file to read, or a file to write, whether it exists or not:
+    /// doesn't ask about overwriting. Returns its local path; nothing where the user cancels.
     [[nodiscard]] virtual std::optional<QString> OpenFile(const FileDialogSetup& setup) = 0;
     [[nodiscard]] virtual std::optional<QString> SaveFile(const FileDialogSetup& setup) = 0;
 
-    /// Lets the user choose a folder that exists, beginning at the local folder `start`, or at home
-    /// where that is none. Gives its local path, or an address like smb://SERVER/SHARE/C# for one
-    /// of the network, which is offered only with `network`; nothing where the user cancels. No
-    /// closing separator, but for a root.
+    /// Lets the user choose an existing folder, beginning at the local folder `start`, or at home
+    /// if that isn't a folder. Returns its local path; for a folder of the network, which is
+    /// offered only with `network`, an address like smb://SERVER/SHARE/C#; nothing where the user
+    /// cancels. There is no closing separator, except for a root.
     [[nodiscard]] virtual std::optional<QString> ChooseFolder(const QString& title, bool network,
                                                               const QString& start) = 0;
 
@@ -67,12 +67,12 @@ public:
     /// where the user cancels.
     [[nodiscard]] virtual std::optional<QString> ChooseComputer(const QString& title) = 0;
 
-    /// Lets the user choose a font, starting with the one that is given. Gives nothing where the
-    /// user cancels.
+    /// Lets the user choose a font, starting with the given one. Returns nothing where the user
+    /// cancels.
     [[nodiscard]] virtual std::optional<ChosenFont> ChooseFont(const ChosenFont& font) = 0;
 
-    /// The usual box for a run-time failure, if there is one: critical icon, number, CR LF,
-    /// description, and what else there is to say on a line of its own.
+    /// Shows the usual box for a run-time failure, if there is one: critical icon, number, CR LF,
+    /// description, and `more` on a line of its own.
     void Failure(const std::optional<RunTimeError>& failure, const QString& title,
                  const QString& more = {}) {
         if (failure)

@@ -19,7 +19,7 @@ struct FindData {
     [[nodiscard]] bool IsDirectory() const { return (attributes & FileAttribute::Directory) != 0; }
 };
 
-/// What is known of one file.
+/// What is known about one file.
 struct FileInfo {
     quint32 attributes = 0;
     qint64 length = 0;       ///< bytes
@@ -32,7 +32,7 @@ struct ServerAddress {
     quint16 port;
 };
 
-/// A running folder listing; letting go of it closes it.
+/// A folder listing that is being read. The destructor closes it.
 class FileFind {
 public:
     FileFind() = default;
@@ -46,11 +46,11 @@ public:
 
 /// Files and folders by their paths: those of the network in the Universal Naming Convention
 /// (\\SERVER\SHARE\FOLDER\FILE) and local ones in the system's own form. Entries called "." and
-/// ".." stand in listings as the file system gives them; a name that holds a separator or a
-/// zero character never does.
+/// ".." are listed if the file system lists them; a name that holds a separator or a zero character
+/// never is.
 ///
 /// Used from one thread. Calls block until the other side has answered or failed; meanwhile they
-/// call WhileWaiting(), and fail at once where that gives false.
+/// call WhileWaiting(), and fail at once if that returns false.
 class FileAccess {
 public:
     FileAccess() = default;
@@ -67,8 +67,9 @@ public:
     /// Whether the program may enter `path` as a folder.
     [[nodiscard]] virtual bool CanEnter(const QString& path) = 0;
 
-    /// All that is known of a file; a folder has the length 0. Raises ErrorNumber::FileNotFound,
-    /// PathNotFound or PermissionDenied. Who needs it twice keeps it: nobody remembers it.
+    /// All that is known about a file; a folder has the length 0. Raises ErrorNumber::FileNotFound,
+    /// PathNotFound or PermissionDenied. Nothing is cached: a caller that needs it twice should
+    /// keep it.
     [[nodiscard]] virtual FileInfo Info(const QString& path) = 0;
 
     /// At most `length` bytes from `offset` on; fewer at the end of the file. Raises as above, and
@@ -77,7 +78,8 @@ public:
 
     /// Where a network path lies in the local file system, if it does.
     [[nodiscard]] virtual std::optional<QString> LocalPath(const QString& path) = 0;
-    /// Where other programs find the computer of a network path, if not by its name. Asks nobody.
+    /// Where other programs find the computer of a network path; nothing if they find it by its
+    /// name. Asks nobody.
     [[nodiscard]] virtual std::optional<ServerAddress> Address(const QString& /*path*/) {
         return std::nullopt;
     }

@@ -4,8 +4,8 @@
 
 namespace netrove {
 
-/// Whether a text is an http or https address with a host: the only kind that is read, and that an
-/// answer from the web may have opened.
+/// Whether a text is an http or https address with a host. Only such addresses are read, and only
+/// such addresses are opened where an answer from the web names them.
 [[nodiscard]] bool IsWebAddress(const QString& text);
 
 /// Reads text files from web servers.
@@ -16,9 +16,9 @@ public:
     Http& operator=(const Http&) = delete;
     virtual ~Http() = default;
 
-    /// The body of the answer, whole, as text. Blocks until it is there; windows are painted
-    /// meanwhile, and everything else waits (WhileWaiting). Raises a RunTimeError where there is
-    /// no such answer.
+    /// The whole body of the answer, as text. Blocks until it has come; windows are painted
+    /// meanwhile, and everything else waits (WhileWaiting). Raises a RunTimeError if no such answer
+    /// comes.
     [[nodiscard]] virtual QString OpenURL(const QString& address) = 0;
 };
 

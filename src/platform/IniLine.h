@@ -4,7 +4,7 @@
 
 namespace netrove {
 
-/// One line of an INI text, taken apart. The views are into the text that it was parsed from.
+/// One line of an INI text, taken apart. The views point into the text that was parsed.
 struct IniLine {
     enum class Kind {
         Blank,
@@ -21,7 +21,7 @@ struct IniLine {
     QStringView value;
     bool closed = true; ///< false for a section without its "]"
 
-    /// Takes any text without line feeds; a carriage return at its end counts as a blank.
+    /// Parses any text without line feeds; a carriage return at its end counts as a blank.
     [[nodiscard]] static IniLine Parse(QStringView text);
 };
 

@@ -40,14 +40,14 @@ class IniReader {
 public:
     /// Larger files are refused.
     static constexpr qint64 MaxBytes = 1 << 20;
-    /// Lines that are reported; a file that is no INI text would have one a line.
+    /// The most problems that are reported: a file that isn't an INI text has one in each line.
     static constexpr qsizetype MaxProblems = 20;
 
-    /// Takes any bytes. `name` is how problems call the file.
+    /// Takes any bytes. `name` is the file's name in the texts of problems.
     explicit IniReader(QByteArrayView bytes, QString name = {});
 
-    /// Reads a file. Raises ErrorNumber::FileNotFound where there is none, PathFileAccessError
-    /// where it can't be read or is larger than MaxBytes. Problems call it by its last name.
+    /// Reads a file. Raises ErrorNumber::FileNotFound if it doesn't exist, PathFileAccessError if
+    /// it can't be read or is larger than MaxBytes. Problems name it without its folder.
     [[nodiscard]] static IniReader FromFile(const QString& path);
 
     [[nodiscard]] const std::vector<IniSection>& Sections() const { return sections_; }
@@ -56,7 +56,7 @@ public:
 
     /// What is wrong with lines that were passed over, each as "network.ini, line 7: …".
     [[nodiscard]] const QStringList& Problems() const { return problems_; }
-    /// A text of that form.
+    /// A text of the same form.
     [[nodiscard]] QString Problem(int line, const QString& what) const;
 
 private:

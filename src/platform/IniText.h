@@ -10,10 +10,10 @@
 
 namespace netrove {
 
-/// An INI text that is changed key by key and keeps all else as it stands: other sections,
-/// comments, blank lines, lines that are no INI text. Sections and keys are found whatever their
-/// case; of equal ones the first counts. Taking it apart and asking for a key cost little however
-/// many there are.
+/// An INI text that is changed key by key and keeps all else as it is: other sections, comments,
+/// blank lines, lines that aren't INI text. Sections and keys are found whatever their case; of
+/// equal ones the first counts. Parsing the text and looking up a key stay cheap however many keys
+/// there are.
 class IniText {
 public:
     IniText() : sections_(1) {}
@@ -24,12 +24,12 @@ public:
     /// The value as IniLine has it; nothing where section or key is missing.
     [[nodiscard]] std::optional<QString> Value(const QString& section, const QString& key) const;
 
-    /// Puts the value in the place of the present one; a new key goes behind the section's last
-    /// one, a new section to the end. Names and value are single lines that IniLine gives back.
+    /// Replaces the present value; a new key goes behind the section's last one, a new section to
+    /// the end. Names and value must be single lines that IniLine reads back unchanged.
     void SetValue(const QString& section, const QString& key, const QString& value);
 
-    /// Afterwards the section, or the key in its section, is missing. Comments and blank lines
-    /// behind a section's last key stay: they stand above what follows.
+    /// Remove the section, or the key from its section, if there is one. Comments and blank lines
+    /// behind a section's last key stay: they belong to what follows.
     void RemoveSection(const QString& section);
     void RemoveKey(const QString& section, const QString& key);
 
@@ -37,11 +37,11 @@ public:
     [[nodiscard]] QByteArray ToBytes() const;
 
 private:
-    /// The header and the lines up to the next one; the first of all is what stands before any
-    /// header.
+    /// A header and the lines up to the next header; the very first section is what stands before
+    /// any header.
     struct Section {
         QStringList lines;
-        qsizetype end = 0;                      ///< behind its last key, where a new one goes
+        qsizetype end = 0;                      ///< line behind its last key, where a new key goes
         QHash<QString, qsizetype> firstByKey{}; ///< line by the case-folded key
 
         void Append(const QString& line);

@@ -17,7 +17,7 @@ QString MarkerPath() {
 } // namespace
 
 InstanceMarker::InstanceMarker() : lock_(MarkerPath()) {
-    // Never given away by age: it stands for a running process.
+    // However old the lock is, its process still runs.
     lock_.setStaleLockTime(0);
     static_cast<void>(lock_.tryLock(0));
 }

@@ -8,9 +8,9 @@
 
 namespace netrove {
 
-/// Where the desktop keeps the user's passwords, encrypted. Every call comes back at once; its
-/// answer comes later, on any thread, and not at all where the object goes before. An answer can
-/// take as long as the user leaves a question of the keyring unanswered.
+/// Where the desktop keeps the user's passwords, encrypted. Every call returns at once; its answer
+/// comes later, on any thread, and not at all if the object is destroyed before. An answer can take
+/// as long as the user leaves a question of the keyring unanswered.
 class Keyring {
 public:
     enum class Outcome {
@@ -27,7 +27,7 @@ public:
     Keyring& operator=(const Keyring&) = delete;
     virtual ~Keyring() = default;
 
-    /// Whether there is one, as far as can be told without its asking the user anything.
+    /// Whether the desktop has a keyring, as far as can be told without a question to the user.
     [[nodiscard]] virtual bool IsThere() const = 0;
 
     virtual void Read(const QString& entry, ReadDone done) = 0;

@@ -13,11 +13,11 @@
 namespace netrove {
 namespace {
 
-/// The times that a date can hold: the years 1 to 9999.
+/// The earliest and the latest date that a file gets: the years 1 to 9999.
 constexpr qint64 EarliestSecond = -62'135'596'800;
 constexpr qint64 LatestSecond = 253'402'300'799;
 
-/// How long an answer that is in use may be given again.
+/// How long a listing that is in use may be given again.
 constexpr std::chrono::seconds LongestSharing{1};
 
 class LocalFind : public FileFind {
@@ -57,12 +57,12 @@ bool Exists(const QByteArray& path) {
     return lstat(path.constData(), &status) == 0;
 }
 
-/// The bytes of a path as it is written; empty for a text that can't be one.
+/// The bytes of a path as written; empty for a text that can't be a path.
 QByteArray BytesOf(const QString& path) {
     return path.isValidUtf16() && !path.contains(QChar(u'\0')) ? path.toUtf8() : QByteArray();
 }
 
-/// Raises what errno says of a file that couldn't be reached.
+/// Raises the failure that errno stands for, for a file that couldn't be reached.
 [[noreturn]] void RaiseErrno(const QByteArray& path) {
     if (errno == EACCES || errno == EPERM)
         throw RunTimeError(ErrorNumber::PermissionDenied);
@@ -123,7 +123,7 @@ std::shared_ptr<const LocalListing> LocalFiles::Listing(const QString& folder, q
         if (auto listing = lastListing_.lock())
             return listing;
     }
-    // As written first: looking for it before would cost as much again.
+    // Tries the path as written first: to look it up first would double the cost.
     auto listing = LocalListing::Read(BytesOf(folder), walked);
     if (!listing && errno == ENOENT)
         listing = LocalListing::Read(LookUp(folder), walked);
@@ -181,7 +181,7 @@ std::optional<QString> LocalFiles::LocalPath(const QString& path) {
     return Exists(bytes) ? FromUtf8(bytes) : std::nullopt;
 }
 
-/// The path as it is on disk, or as it is written where there is nothing.
+/// The path as it is on disk; the path as written if there is no such file.
 QByteArray LocalFiles::Existing(const QString& path) const {
     QByteArray bytes = BytesOf(path);
     if (Exists(bytes) || errno != ENOENT)
@@ -190,8 +190,8 @@ QByteArray LocalFiles::Existing(const QString& path) const {
     return found.isEmpty() ? bytes : found;
 }
 
-/// Goes down the path and takes for each element that isn't there as written the entry that was
-/// given out under that text; empty if there is none.
+/// Goes down the path; for each element that doesn't exist as written it takes the entry that was
+/// given out as that text. Empty if there is none.
 QByteArray LocalFiles::LookUp(const QString& path) const {
     QByteArray reached = path.startsWith(u'/') ? "/" : "./";
     for (const QString& element : path.split(u'/', Qt::SkipEmptyParts)) {

@@ -11,14 +11,14 @@ namespace netrove {
 
 /// Files and folders of the local file system by their full paths, in the system's own form.
 ///
-/// Attributes: FileAttribute::ReadOnly where nobody or not this user may write, Hidden for a
-/// leading dot, Archive for ordinary files. Listings are those of LocalListing: every entry that
+/// Attributes: FileAttribute::ReadOnly where nobody may write, or not this user; Hidden for a
+/// leading dot; Archive for ordinary files. Listings are those of LocalListing: every entry that
 /// they give can be reached by its text.
 class LocalFiles : public FileAccess {
 public:
     enum class NameCase {
         Exact,
-        /// An element that isn't there as written stands for the first one that differs from it
+        /// An element that doesn't exist as written stands for the first one that differs from it
         /// only in case, as on a file server.
         Ignored,
     };
@@ -33,10 +33,11 @@ public:
     /// The path itself, spelt as on disk; nothing where there is no such file.
     [[nodiscard]] std::optional<QString> LocalPath(const QString& path) override;
 
-    /// The entries of a folder, given without "*.*"; null as in FindFirst. Asked again for the
-    /// folder that it was asked for last, while that answer is in use and a second old at most, it
-    /// gives the same entries: a search lists each folder twice in a row. Null also where a link
-    /// leads back: the folder is the same as one of the `walked` folders above it in its path.
+    /// The entries of a folder, whose path is given without "*.*"; null as in FindFirst. If the
+    /// same folder is asked for twice in a row, and the first answer is still in use and at most a
+    /// second old, the second one has the same entries: a search lists each folder twice in a row.
+    /// Null also where a link leads back: the folder is the same as one of the `walked` folders
+    /// above it in its path.
     [[nodiscard]] std::unique_ptr<FileFind> List(const QString& folder, FindData& first,
                                                  qsizetype walked = 0);
 

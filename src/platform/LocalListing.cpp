@@ -18,7 +18,7 @@
 namespace netrove {
 namespace {
 
-/// Entries read between two looks at the display; some milliseconds even on a slow disk.
+/// Entries read between two calls of WhileWaiting(): some milliseconds even on a slow disk.
 constexpr std::size_t EntriesPerWait = 4096;
 
 struct CloseFolder {
@@ -33,7 +33,7 @@ bool IsAscii(QByteArrayView bytes) {
     return all < 0x80;
 }
 
-/// Whether the way to the open folder, as its path has it, goes through a symbolic link.
+/// Whether the given path to the open folder goes through a symbolic link.
 bool ReachedThroughLink(int folder, const QByteArray& path) {
     const QByteArray self = "/proc/self/fd/" + QByteArray::number(folder);
     QByteArray real(4096, Qt::Uninitialized);
@@ -42,7 +42,7 @@ bool ReachedThroughLink(int folder, const QByteArray& path) {
     return length < 0 || QByteArrayView(real).first(length) != path;
 }
 
-/// Whether the open folder is one of those above it in its path, of which the last `walked` count.
+/// Whether the open folder is the same as one of the last `walked` folders above it in its path.
 bool LeadsBack(int folder, QByteArray path, qsizetype walked) {
     if (walked == 0 || !ReachedThroughLink(folder, path))
         return false;
@@ -169,7 +169,7 @@ void LocalListing::Get(std::size_t number, FindData& data) const {
     const QByteArrayView name = Name(entry);
     data.attributes = entry.attributes;
     if (IsAscii(name))
-        data.fileName = QLatin1String(name); // keeps the text's memory
+        data.fileName = QLatin1String(name); // reuses the text's memory
     else
         data.fileName = FromUtf8OrWindows1252(name);
 }

@@ -37,13 +37,13 @@ inline constexpr qint32 DisplayDirectory = 9;
 inline constexpr quint32 NoError = 0;
 inline constexpr quint32 MoreData = 234;
 inline constexpr quint32 NoMoreItems = 259;
-/// The network path was not found: a computer that can't be reached, a name nobody knows.
+/// The network path was not found: the computer can't be reached, or nobody knows the name.
 inline constexpr quint32 BadNetPath = 53;
 inline constexpr quint32 AccessDenied = 5;
 inline constexpr quint32 InvalidHandle = 6;
 
 using Handle = quint32;
-/// As many records as fit.
+/// Asks for as many records as fit.
 inline constexpr qint32 CountAll = -1;
 /// The usual name of the provider that is the local area network.
 inline constexpr QLatin1String LocalAreaNetwork("Microsoft Windows Network");
@@ -62,26 +62,26 @@ public:
 
     /// Opens the list of what lies below `start`; a record with an empty name is the root, whose
     /// list is the providers. `type` asks for disks (with everything that contains them) or
-    /// printers. Gives NetEnum::NoError and the handle, or an error code.
+    /// printers. Returns NetEnum::NoError and sets the handle, or returns an error code.
     [[nodiscard]] virtual quint32 OpenEnum(qint32 scope, qint32 type, qint32 usage,
                                            const NetRecord& start, NetEnum::Handle& handle) = 0;
 
     /// Fetches the next records. `count` says how many are wanted (NetEnum::CountAll: as many as
     /// fit in `bufferSize` bytes, where a record takes NetEnum::RecordBytes and its texts) and
-    /// then how many came. NetEnum::MoreData with the size needed in `bufferSize` if not even one
-    /// fits; NetEnum::NoError with a count of 0, or any other code, at the end.
+    /// afterwards how many came. Returns NetEnum::MoreData, with the size needed in `bufferSize`,
+    /// if not even one fits; at the end, NetEnum::NoError with a count of 0, or any other code.
     [[nodiscard]] virtual quint32 EnumResource(NetEnum::Handle handle, qint32& count,
                                                std::vector<NetRecord>& buffer,
                                                quint32& bufferSize) = 0;
 
     virtual void CloseEnum(NetEnum::Handle handle) = 0;
 
-    /// The workgroup of a computer, asked of the computer itself or of whoever knows it; empty
-    /// where nobody answers.
+    /// The workgroup of a computer, as the computer itself or another source tells it; empty if
+    /// none answers.
     [[nodiscard]] virtual QString Workgroup(const QString& computer) = 0;
 
-    /// Whether a computer is the one that the program runs on, by the address that is known of it:
-    /// it may stand in the network under another name than its own. Asks nobody.
+    /// Whether a computer is the one that the program runs on, by its known address: in the network
+    /// it may have another name than its own. Asks nobody.
     [[nodiscard]] virtual bool IsThisComputer(const QString& /*computer*/) { return false; }
 };
 

@@ -15,10 +15,10 @@ struct NotSearched {
     QString name;   ///< of its node: "\\\\COMPUTER" or "\\\\COMPUTER\\SHARE"
     QString reason; ///< a sentence for the user
     QDateTime time;
-    bool answersNow = false; ///< it was asked again since, and answered
+    bool answersNow = false; ///< it has been asked again since, and has answered
 
     [[nodiscard]] bool IsShare() const { return name.count(u'\\') > 2; }
-    /// The computer that it is or belongs to, without "\\\\".
+    /// The name of the computer, or of the share's computer, without "\\\\".
     [[nodiscard]] QString Computer() const { return name.section(u'\\', 2, 2); }
 
     [[nodiscard]] bool operator==(const NotSearched&) const = default;
@@ -26,8 +26,8 @@ struct NotSearched {
     Q_DECLARE_TR_FUNCTIONS(NotSearched)
 };
 
-/// What a search hasn't seen of the network though it was to look there. The search itself passes
-/// over what doesn't answer, without a word. What the user has aborted or left out isn't here.
+/// What a search should have seen of the network but hasn't. The search itself silently passes over
+/// what doesn't answer. What the user has aborted or left out isn't here.
 class NetworkReport {
 public:
     NetworkReport() = default;
@@ -35,21 +35,23 @@ public:
     NetworkReport& operator=(const NetworkReport&) = delete;
     virtual ~NetworkReport() = default;
 
-    /// Forgets everything: a search begins.
+    /// A search begins: forgets everything.
     virtual void Begin() = 0;
 
-    /// Those that were asked in vain since then, by whomever, in the order of time.
+    /// The computers and shares that were asked in vain since Begin(), for whatever purpose, in the
+    /// order of time.
     [[nodiscard]] virtual const std::vector<NotSearched>& All() const = 0;
 
-    /// Takes down that one of them, or another, has answered or hasn't. `name` is that of its node.
+    /// Note that a computer or share, in the report or not, has answered or hasn't. `name` is that
+    /// of its node.
     virtual void NoteAnswer(const QString& name) = 0;
     virtual void NoteSilence(const QString& name, const QString& reason) = 0;
 
-    /// The search was to look for computers, and there was none.
+    /// Notes that the search was to look for computers, and there were none.
     virtual void NoteNobody() = 0;
     [[nodiscard]] virtual bool FoundNobody() const = 0;
 
-    /// Where the computers of the network are looked for, a sentence for the user each.
+    /// Where the computers of the network are looked for: sentences for the user.
     [[nodiscard]] virtual QStringList Sources() const = 0;
 };
 

@@ -11,7 +11,7 @@
 namespace netrove {
 namespace {
 
-/// Whether this line, when read, is of that kind and has that name.
+/// Whether this line will be read back as one of that kind with that name.
 bool ReadsBack(const QString& line, IniLine::Kind kind, const QString& name) {
     const IniLine parts = IniLine::Parse(line);
     return parts.kind == kind && parts.name == name && !line.contains(u'\n') && parts.closed;
@@ -74,13 +74,13 @@ ProfileFile::Work ProfileFile::Load() const {
     return {.text = IniText(bytes.value_or(QByteArray())), .usable = bytes && !awaitsCopy_};
 }
 
-/// What is in the file, nothing where that can't be told: a file that isn't there has no bytes.
+/// The bytes of the file: none if it doesn't exist, nothing if it can't be read.
 std::optional<QByteArray> ProfileFile::Bytes() const {
     const QFileInfo info(path_);
     if (!info.exists())
         return QByteArray();
     QFile file(path_);
-    // A pipe would be waited for.
+    // Opening a pipe would wait for its other end.
     if (!info.isFile() || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
     const QByteArray bytes = file.read(MaxBytes + 1);
@@ -91,7 +91,7 @@ std::optional<QByteArray> ProfileFile::Bytes() const {
 
 QString ProfileFile::KeepCopy() {
     const std::optional<QByteArray> bytes = Bytes();
-    // What can't be read is never replaced.
+    // No copy of a file that can't be read: it is never replaced.
     if (copy_.isEmpty() && bytes && !bytes->isEmpty()) {
         awaitsCopy_ = true;
         copy_ = MakeCopy(*bytes);
@@ -110,7 +110,7 @@ QString ProfileFile::MakeCopy(const QByteArray& bytes) const {
     if (copy.write(bytes) == bytes.size() && copy.flush())
         return copy.fileName();
     if (copy.isOpen())
-        QFile::remove(copy.fileName()); // an open one that can't be written isn't removed
+        QFile::remove(copy.fileName()); // copy.remove() fails when bytes can't be written
     throw RunTimeError(ErrorNumber::PathFileAccessError);
 }
 
@@ -118,7 +118,7 @@ bool ProfileFile::Replace(const QByteArray& bytes) const {
     if (bytes.size() > MaxBytes)
         return false;
     QSaveFile file(path_);
-    // What commit() itself flushes it believes to be written, also on a full disk.
+    // commit() doesn't notice if its own flush fails, as on a full disk: so flush first.
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
            file.commit();
 }

@@ -5,8 +5,8 @@
 
 namespace netrove {
 
-/// Asks computers and shares again that a search has passed over, side by side and beside the
-/// window's work, and takes down in the NetworkReport what they answer.
+/// Asks computers and shares again that a search has passed over, all at once and in the background
+/// of the window's work, and notes in the NetworkReport what they answer.
 class ReachTest {
 public:
     ReachTest() = default;
@@ -14,14 +14,14 @@ public:
     ReachTest& operator=(const ReachTest&) = delete;
     virtual ~ReachTest() = default;
 
-    /// Asks these, by the names of their nodes, and nobody else any more.
+    /// Begins to ask these, by the names of their nodes; drops the questions to all others.
     virtual void Begin(const QStringList& names) = 0;
-    /// Waits some hundredths of a second at most.
+    /// Drops all questions. Waits some hundredths of a second at most.
     virtual void Cancel() = 0;
 
-    /// Takes down the answers that have come.
+    /// Notes the answers that have come in the report.
     virtual void TakeAnswers() = 0;
-    /// Whether its answer is still to come or to be taken.
+    /// Whether this place's answer is still to come or to be taken.
     [[nodiscard]] virtual bool IsAsking(const QString& name) const = 0;
     [[nodiscard]] virtual bool IsRunning() const = 0;
 

@@ -27,8 +27,8 @@ public:
     Shell& operator=(const Shell&) = delete;
     virtual ~Shell() = default;
 
-    /// Called later, from the event loop, where only then it shows that nothing was opened. May be
-    /// empty.
+    /// Called later, from the event loop, if it only turns out then that nothing was opened. May
+    /// be empty.
     using Failed = std::function<void()>;
 
     /// Opens a file, a folder or an address with the program that the desktop has for it. A
@@ -36,12 +36,12 @@ public:
     [[nodiscard]] virtual int Execute(const QString& file, ShellVerb verb,
                                       const Failed& failed) = 0;
 
-    /// Lets the user choose a program for a file that has none; false if that can't be done.
+    /// Lets the user choose a program for a file that no program is set for; false if that can't be
+    /// done.
     [[nodiscard]] virtual bool OpenWith(const QString& file, const Failed& failed) = 0;
 
-    /// What other programs know a file by: a local address where it has a local path, else an
-    /// "smb:" one. Nothing where its path can't be an address. It isn't looked whether the file
-    /// is there.
+    /// A file's address for other programs: a local one if it has a local path, else an "smb:" one.
+    /// Nothing where its path can't be an address. Doesn't look whether the file exists.
     [[nodiscard]] virtual std::optional<QUrl> Address(const QString& file) = 0;
 };
 

@@ -16,8 +16,8 @@ constexpr std::array<char16_t, 32> Windows1252Characters = {
 } // namespace
 
 std::optional<QString> FromUtf8(QByteArrayView bytes) {
-    // Without the flags a mark at the beginning would be lost, and half a character at the end
-    // would pass for more to come.
+    // Without the flags a byte order mark at the beginning would be dropped, and half a character
+    // at the end would be kept for more input instead of counting as an error.
     QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom |
                                                        QStringConverter::Flag::Stateless);
     QString text = decoder(bytes);

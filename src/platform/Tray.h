@@ -21,19 +21,19 @@ public:
     /// Adds the program's icon. The desktop shows the menu for a right click; it must outlive the
     /// icon.
     virtual void Show(const QString& tip, QMenu& menu) = 0;
-    /// Of an icon that is shown.
+    /// Sets the tip of the icon, which must be shown.
     virtual void SetTip(const QString& tip) = 0;
     /// Does nothing where no icon is shown.
     virtual void Remove() = 0;
 
-    /// Where on the screen the icon is, or was when it was last shown. Empty where the desktop
-    /// doesn't tell; one that does may need some milliseconds from Show() on.
+    /// Where on the screen the icon is, or was when it was last shown. Empty if the desktop doesn't
+    /// tell; a desktop that does may need some milliseconds after Show().
     [[nodiscard]] virtual QRect Place() const = 0;
 
 Q_SIGNALS:
-    /// IsThere() has another answer.
+    /// IsThere() has changed.
     void Changed();
-    /// A double click of the left button, or what the desktop has in its place. It may come while
+    /// A double click with the left button, or what the desktop uses in its place. May come while
     /// the program waits for the network.
     void DoubleClicked();
 };

@@ -17,7 +17,7 @@ NotSearched* ComputerReport::Find(const QString& name) {
     return found == all_.end() ? nullptr : &*found;
 }
 
-/// What has been left out stays so, though it answers later.
+/// A computer that answers later stays in the report: it has been left out of the search.
 void ComputerReport::NoteAnswer(const QString& name) {
     if (NotSearched* known = Find(name))
         *known = {.name = known->name,

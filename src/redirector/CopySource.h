@@ -14,8 +14,8 @@ struct CopySourceState {
     friend bool operator==(const CopySourceState&, const CopySourceState&) = default;
 };
 
-/// A file that is copied. Calls block, call WhileWaiting() meanwhile where they wait for the
-/// network, and raise a RunTimeError as FileAccess does.
+/// A file that is copied. Calls block, call WhileWaiting() while they wait for the network, and
+/// raise a RunTimeError as FileAccess does.
 class CopySource {
 public:
     using Sink = std::function<void(QByteArrayView bytes)>;

@@ -10,10 +10,11 @@
 namespace netrove {
 
 /// The servers that can't be reached. Servers are named by a text. May be used by several threads
-/// at once, and by several who each have connections of their own.
+/// at once, and shared by several owners of connections.
 ///
-/// Who is dead stays so for the rest of a walk, and is tried again by the next one. Outside of
-/// walks that holds for a little while, so that what somebody does costs one limit.
+/// A dead server stays dead for the rest of a walk, and is tried again by the next one. Outside of
+/// walks it stays dead for a little while, so that one action of the user runs into only one time
+/// limit.
 class DeadServers {
 public:
     using Clock = std::chrono::steady_clock;
@@ -24,9 +25,9 @@ public:
     /// The errno that a dead server's requests get at once; 0 for one that may be tried.
     [[nodiscard]] int Status(const QString& name) const;
 
-    /// Notes that a server can't be reached. Outside of walks that holds for so long.
+    /// Notes that a server can't be reached. Outside of walks that holds for `span`.
     void Bury(const QString& name, int status, std::chrono::milliseconds span);
-    /// Notes that it answers.
+    /// Notes that a server answers.
     void Revive(const QString& name);
 
     /// A walk begins: nothing is known of dead servers.

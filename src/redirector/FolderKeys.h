@@ -7,7 +7,7 @@
 
 namespace netrove {
 
-/// Names for servers, shares and folders of the SMB network: texts that differ are different
+/// Names for servers, shares and folders of the SMB network: different texts mean different
 /// places. A server may have folders whose names differ in case alone.
 [[nodiscard]] inline QString ServerKey(const QString& server) {
     return NameKey(server);
@@ -17,12 +17,12 @@ namespace netrove {
     return key + u'\\' + name;
 }
 
-/// Of a file, by its folder: no folder has such a name.
+/// The key of a file, made from its folder's: no folder has such a key.
 [[nodiscard]] inline QString FileKey(const QString& folder, const QString& name) {
     return KeyBelow(KeyBelow(folder, name), QString());
 }
 
-/// Of the folder that the first so many elements of the path lead to.
+/// The key of the folder that the path's first `elements` elements lead to.
 [[nodiscard]] inline QString FolderKey(const UncPath& path, qsizetype elements) {
     QString key = ServerKey(path.Server());
     if (!path.Share().isEmpty())

@@ -19,7 +19,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds DefaultDelay{200};
 constexpr milliseconds LongestDelay{10'000};
-/// Workgroups, servers, shares.
+/// Levels of nodes below the top: workgroups, servers, shares.
 constexpr int Levels = 3;
 
 } // namespace
@@ -163,7 +163,7 @@ const FolderProvider::Node* FolderProvider::FindShare(const UncPath& path) const
     return server != nullptr ? server->Find(path.Share()) : nullptr;
 }
 
-/// Whether a node answers a call; the call has taken its time then, unless it was given up.
+/// Whether a node answers a call. Blocks for as long as the call is to take, unless it is given up.
 bool FolderProvider::Answers(const Node& node) {
     isGivenUp_ = false;
     switch (node.fault) {

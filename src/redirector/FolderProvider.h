@@ -23,19 +23,19 @@ namespace netrove {
 ///   fault=slow            each listing takes `delay`
 ///   delay=milliseconds    200 if not given, 10,000 at most
 ///
-/// A fault holds for all that is below. Names are found whatever their case. Shares whose names
-/// end in "$" are in no list but can be reached by their paths.
+/// A fault holds for everything below it, too. Names are found whatever their case. Shares whose
+/// names end in "$" are in no list but can be reached by their paths.
 class FolderProvider : public NetworkProvider {
     Q_DECLARE_TR_FUNCTIONS(FolderProvider)
 
 public:
-    /// `folder` with the local path of the tree, in the system's form.
+    /// `folder` is the local path of the tree, in the system's form.
     FolderProvider(QString name, const QString& folder);
 
-    /// What is wrong with the folder or its file, as texts for the user; what isn't wrong holds.
+    /// What is wrong with the folder or its file, as texts for the user; the rest of it is used.
     [[nodiscard]] const QStringList& Problems() const { return problems_; }
 
-    /// The provider's own record also looks at the folder anew, and so does each walk.
+    /// Listing the provider's own record reads the folder anew; so does the start of a walk.
     [[nodiscard]] std::optional<std::vector<NetRecord>> List(const NetRecord& node,
                                                              qint32 type) override;
     [[nodiscard]] bool Knows(const QString& server) override;
@@ -81,7 +81,7 @@ private:
     LocalFiles files_{LocalFiles::NameCase::Ignored};
     Node top_;
     QStringList problems_;
-    bool isGivenUp_ = false; ///< the last wait for an answer
+    bool isGivenUp_ = false; ///< the last wait for an answer was given up
 };
 
 } // namespace netrove

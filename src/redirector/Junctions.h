@@ -13,7 +13,7 @@ class Junctions {
 public:
     void Note(const QString& folderKey, const SmbEntries& entries);
 
-    /// Whether the way to a folder, by its key (FolderKeys.h), goes round in a circle.
+    /// Whether the way to a folder, given by its key (FolderKeys.h), runs through a loop.
     [[nodiscard]] bool IsInLoop(const QString& folderKey) const;
 
 private:

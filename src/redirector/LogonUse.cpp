@@ -7,7 +7,7 @@
 namespace netrove {
 namespace {
 
-/// Whoever tries a logon needs some milliseconds for it.
+/// How long to wait before asking again: to try a logon takes some milliseconds.
 constexpr std::chrono::milliseconds Moment{20};
 
 } // namespace
@@ -20,7 +20,7 @@ LogonUse::LogonUse(Logons* logons, SmbRequest& request, std::stop_token stop)
         logons_ = nullptr;
 }
 
-/// 0 when it's this request's turn.
+/// Waits until it is this request's turn. Returns what Status() is to be.
 int LogonUse::TakeTurn() {
     while (logons_->IsReading()) {
         if (!Pause())

@@ -6,8 +6,9 @@
 
 namespace netrove {
 
-/// The logon of one request, from its beginning to its end. Lets no second request of an untried
-/// logon go to a computer before the first has ended: many wrong ones at once lock an account.
+/// The logon of one request, from its beginning to its end. While a computer hasn't accepted a
+/// logon yet, only one request at a time goes there with it: many wrong ones at once lock an
+/// account.
 class LogonUse {
 public:
     /// Fills in the request's logon; `logons` may be null. Blocks while the keyring is read and
@@ -17,21 +18,21 @@ public:
     LogonUse& operator=(const LogonUse&) = delete;
     ~LogonUse();
 
-    /// Where it isn't 0, the request must not be sent, and fails with it: EACCES for a logon that
-    /// was refused, ECANCELED where the wait was given up.
+    /// If it isn't 0, the request must not be sent, and fails with this errno: EACCES for a logon
+    /// that was refused, ECANCELED where the wait was given up.
     [[nodiscard]] int Status() const { return status_; }
 
-    /// To be called with the status that the request ended with; gives the one to go on with.
+    /// Call it with the status that the request ended with; it returns the one to go on with.
     [[nodiscard]] int End(int status);
 
 private:
     [[nodiscard]] int TakeTurn();
     [[nodiscard]] bool Pause() const;
 
-    Logons* logons_; ///< null where there is nothing (more) to tell
+    Logons* logons_; ///< null where there is nothing (more) to report
     SmbRequest& request_;
     const std::stop_token stop_;
-    int status_ = 0; ///< of the turn
+    int status_ = 0; ///< what Status() returns
 };
 
 } // namespace netrove

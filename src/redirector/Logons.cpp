@@ -15,12 +15,12 @@ using namespace std::chrono_literals;
 /// and it tells by itself which computers have a logon.
 constexpr QLatin1String Entry("logons");
 
-/// How long requests wait for the keyring: as long as it takes to type its password. What comes
-/// later holds for later requests.
+/// How long requests wait for the keyring: as long as it takes to type its password. Logons that
+/// come later hold for later requests.
 constexpr auto ReadLimit = 30s;
 
-/// Refusals in a row that a computer may make of a logon that it has let in before: one that has
-/// no room for another connection refuses too.
+/// How often in a row a computer may refuse a logon that it has let in before: a computer that has
+/// no room for another connection refuses, too.
 constexpr int MaxRefusals = 3;
 
 QString ComputerOf(const SmbRequest& request) {
@@ -41,8 +41,8 @@ Logons::Known* Logons::Find(const QString& computer) {
     return found == known_.end() ? nullptr : &*found;
 }
 
-/// The logon that an applied request was given, if it is still stored. One of the computer's own
-/// may have been stored meanwhile beside it.
+/// The logon that an applied request was given, if it is still stored. If it was the one for all
+/// computers, one for this computer may have been stored meanwhile.
 Logons::Known* Logons::FindFor(const SmbRequest& request) {
     for (Known* known : {Find(ComputerOf(request)), Find(QString())}) {
         if (known && request.logon && LogonOf(known->stored) == *request.logon)
@@ -85,7 +85,7 @@ int Logons::Note(const SmbRequest& request, int status) {
     if (Known* known = FindFor(request)) {
         const QString computer = ComputerOf(request);
         known->trying.remove(computer);
-        // What isn't there was looked for.
+        // The server looked for what it didn't find, so it had let the logon in.
         if (status == 0 || status == ENOENT)
             NoteLetIn(*known, computer);
         else if (status == SmbEnd::LogonRefused)
@@ -239,8 +239,8 @@ void Logons::Remove(const QString& computer, StoreDone done) {
     ChangeKeyring({.apply = erase, .done = std::move(done)});
 }
 
-/// Changes come one after the other, each to what the keyring holds by then: another window of the
-/// program may have changed it.
+/// Changes are made one after the other, each to what the keyring holds by then: another instance
+/// of the program may have changed it.
 void Logons::ChangeKeyring(Change change) {
     if (!HasKeyring()) {
         change.done(Keyring::Outcome::None);

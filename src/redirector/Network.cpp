@@ -179,7 +179,8 @@ std::optional<std::vector<NetRecord>> Network::List(const NetRecord& node, qint3
     return records;
 }
 
-/// Of a folder there is nothing to tell but that its share isn't searched to the end.
+/// Notes in the report whether a place answers. A failing folder is noted as its share, which isn't
+/// searched to the end; a folder that answers isn't noted.
 void Network::Note(const UncPath& path, const NetworkProvider& provider, bool answers) {
     QString name = "\\\\"_L1 + path.Server();
     if (!path.Share().isEmpty())
@@ -200,7 +201,7 @@ QStringList Network::Sources() const {
     return sources;
 }
 
-/// Who lists below a node; nobody below shares, printers and folders.
+/// The provider that lists what is below a node; null for shares, printers and folders.
 NetworkProvider* Network::ProviderOf(const NetRecord& node) {
     if (const auto path = UncPath::Parse(node.lpRemoteName); path && !path->Share().isEmpty())
         return nullptr;
@@ -260,8 +261,8 @@ void Network::Expect(const std::vector<WalkPlace>& places) {
         provider->Expect(some);
 }
 
-/// Who answers for a place; nobody where a computer's list is one provider's and its shares
-/// another's.
+/// The provider that answers for a place; null where one provider lists a computer and another one
+/// its shares.
 NetworkProvider* Network::ProviderOf(const WalkPlace& place) {
     const auto path = UncPath::Parse(place.remoteName);
     if (!path)

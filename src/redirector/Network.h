@@ -20,23 +20,23 @@ namespace netrove {
 /// to the provider that answers for its computer. Paths that aren't of the network are local files.
 ///
 /// What providers report is not trusted. A record whose name isn't a proper one for its place, or
-/// is longer than a node can hold, is left out, and of names that differ only in case the first
-/// stays; a share that is in a computer's list of disks isn't in its list of printers. Entries of
-/// folders are left out where their names couldn't stand in a path.
+/// is longer than a node can hold, is left out, and of names that differ only in case the first is
+/// kept; a share that is in a computer's list of disks isn't in its list of printers. Entries of
+/// folders are left out if their names couldn't stand in a path.
 class Network : public NetworkEnumeration, public FileAccess, public ReadAhead {
 public:
     explicit Network(std::vector<std::unique_ptr<NetworkProvider>> providers);
 
     [[nodiscard]] quint32 OpenEnum(qint32 scope, qint32 type, qint32 usage, const NetRecord& start,
                                    NetEnum::Handle& handle) override;
-    /// A text takes its length in UTF-8 and 1 byte.
+    /// Each text is counted as its length in UTF-8 plus 1 byte.
     [[nodiscard]] quint32 EnumResource(NetEnum::Handle handle, qint32& count,
                                        std::vector<NetRecord>& buffer,
                                        quint32& bufferSize) override;
     void CloseEnum(NetEnum::Handle handle) override;
     /// `computer` with or without "\\".
     [[nodiscard]] QString Workgroup(const QString& computer) override;
-    /// The same.
+    /// `computer` with or without "\\".
     [[nodiscard]] bool IsThisComputer(const QString& computer) override;
 
     [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const QString& searchPath,
@@ -52,10 +52,10 @@ public:
     void Leave(const QString& remoteName) override;
     void EndWalk() override;
 
-    /// As NetworkProvider has it; null where no provider answers for the computer, too.
+    /// As NetworkProvider::RemotePlaceOf; also null where no provider answers for the computer.
     [[nodiscard]] std::shared_ptr<const RemotePlace> RemotePlaceOf(const UncPath& path);
 
-    /// What has become of the computers.
+    /// Which computers couldn't be searched, and why.
     [[nodiscard]] NetworkReport& Report() { return report_; }
 
     /// The name of the provider that answers for a computer (with or without "\\"): the first
@@ -64,11 +64,11 @@ public:
 
     /// A record for a node at a path that somebody typed: a server, a share, or a folder below
     /// one. Nothing where no provider answers for the computer or the path is too long for a node.
-    /// Whether the place exists isn't asked.
+    /// Doesn't ask whether the place exists.
     [[nodiscard]] std::optional<NetRecord> Record(const UncPath& path);
 
 private:
-    /// A share or what lies below it, and who answers for it.
+    /// A share or what lies below it, and the provider that answers for it.
     struct Place {
         NetworkProvider& provider;
         UncPath path;
@@ -94,7 +94,7 @@ private:
     ComputerReport report_{[this] { return Sources(); }};
     QHash<NetEnum::Handle, OpenList> openLists_;
     NetEnum::Handle lastHandle_ = 0;
-    std::shared_ptr<const WalkPlan> plan_; ///< as long as there is a walk
+    std::shared_ptr<const WalkPlan> plan_; ///< null outside of walks
     /// The names in the disk list that was made last, and the node whose list it was.
     QString diskNode_;
     QSet<QString> diskNames_;

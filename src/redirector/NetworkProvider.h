@@ -30,24 +30,25 @@ public:
 
     /// What lies below `node` (this provider's own record, a workgroup or a server): for
     /// NetEnum::TypeDisk workgroups, servers or disk shares, for NetEnum::TypePrint the printers
-    /// of a server. Nothing where the list can't be had; what had come where it broke off.
+    /// of a server. Nothing if the list can't be got; if it broke off, what had come by then.
     [[nodiscard]] virtual std::optional<std::vector<NetRecord>> List(const NetRecord& node,
                                                                      qint32 type) = 0;
 
     /// Whether this provider answers for a computer of this name (without "\\").
     [[nodiscard]] virtual bool Knows(const QString& server) = 0;
 
-    /// Whether a computer that no provider knows is this one's: its name may be found yet.
+    /// Whether this provider answers for a computer that no provider knows: its name may still be
+    /// found.
     [[nodiscard]] virtual bool TakesUnknown() const { return false; }
 
-    /// Why a computer's list couldn't be had, a share couldn't be entered or a folder listed, which
-    /// was the last thing asked for: a sentence for the user. Empty where the wait was given up,
-    /// and where a folder fails for a reason of its own: it isn't there, or isn't open.
+    /// Why the last question failed, which was for a computer's list, a share or a folder at
+    /// `path`: a sentence for the user. Empty where the wait was given up, and where a folder fails
+    /// for a reason of its own: it doesn't exist, or may not be opened.
     [[nodiscard]] virtual QString Trouble(const UncPath& path) const {
         return path.Elements().isEmpty() ? NotSearched::tr("It can't be reached.") : QString();
     }
 
-    /// Whether what the last question for a list gave is a part of it, as it broke off.
+    /// Whether the list that was asked for last broke off, so that only a part of it was given.
     [[nodiscard]] virtual bool BrokeOff() const { return false; }
 
     /// Where this provider looks for computers: a sentence for the user.
@@ -59,7 +60,7 @@ public:
     /// As NetworkEnumeration has it.
     [[nodiscard]] virtual bool IsThisComputer(const QString& /*server*/) const { return false; }
 
-    /// The entries of the folder at `path`; null as in FileAccess::FindFirst.
+    /// The entries of the folder at `path`; null where FileAccess::FindFirst gives null.
     [[nodiscard]] virtual std::unique_ptr<FileFind> FindFirst(const UncPath& path,
                                                               FindData& first) = 0;
     [[nodiscard]] virtual bool CanEnter(const UncPath& path) = 0;
@@ -69,13 +70,13 @@ public:
     [[nodiscard]] virtual QByteArray Read(const UncPath& path, qint64 offset, qint64 length) = 0;
     [[nodiscard]] virtual std::optional<QString> LocalPath(const UncPath& path) = 0;
 
-    /// As FileAccess has it, of a computer (without "\\").
+    /// As in FileAccess, for a computer (without "\\").
     [[nodiscard]] virtual std::optional<ServerAddress> Address(const QString& /*server*/) const {
         return std::nullopt;
     }
 
-    /// A computer, a share or what is below, for who asks over connections of its own; null where
-    /// there are none. Asks nobody.
+    /// A computer, a share or a place below one, for a caller that asks over connections of its
+    /// own; null where no connections are used. Asks nobody.
     [[nodiscard]] virtual std::shared_ptr<const RemotePlace>
     RemotePlaceOf(const UncPath& /*path*/) const {
         return nullptr;
@@ -84,8 +85,8 @@ public:
     /// The computers of a workgroup that are known without asking, by their remote names.
     [[nodiscard]] virtual QStringList Computers(const QString& /*workgroup*/) const { return {}; }
 
-    /// As ReadAhead has it; of the places those that are this provider's. Where nothing has to be
-    /// waited for, nothing is read ahead.
+    /// As in ReadAhead, for the places that are this provider's. A provider that waits for nothing
+    /// reads nothing ahead.
     virtual void BeginWalk(const std::shared_ptr<const WalkPlan>& /*plan*/) {}
     virtual void Expect(const std::vector<WalkPlace>& /*places*/) {}
     virtual void Leave(const QString& /*remoteName*/) {}

@@ -38,7 +38,7 @@ void NetworkReachTest::Cancel() {
     next_ = 0;
 }
 
-/// The network itself takes down what it is answered.
+/// Asks the network, which notes the answer in its report itself.
 void NetworkReachTest::AskHere(const UncPath& path) {
     if (!path.Share().isEmpty()) {
         static_cast<void>(network_.CanEnter(path.Text()));

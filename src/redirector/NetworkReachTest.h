@@ -16,7 +16,7 @@
 namespace netrove {
 
 /// Asks over connections of its own, in threads: what the network knows of dead computers doesn't
-/// count. What isn't reached over SMB is asked at once, on the caller's thread.
+/// count. Places that aren't reached over SMB are asked at once, on the caller's thread.
 class NetworkReachTest : public ReachTest {
 public:
     explicit NetworkReachTest(Network& network) : network_(network) {}
@@ -53,7 +53,7 @@ private:
     std::vector<Question> questions_;
     std::atomic<std::size_t> next_ = 0;
     std::mutex mutex_;
-    std::vector<Answer> answers_; ///< that nobody has taken yet; behind the mutex
+    std::vector<Answer> answers_; ///< not taken yet; guarded by mutex_
     std::stop_source end_;
     std::vector<std::jthread> threads_;
 };

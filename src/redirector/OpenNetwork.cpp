@@ -23,7 +23,7 @@ bool IsName(const QString& text) {
     return IsNodeName(text) && text.size() <= NameLimits::RemoteName;
 }
 
-/// Takes "ADDRESS", "ADDRESS:PORT" or "[IPv6]:PORT" apart; false where the text is none of them.
+/// Takes "ADDRESS", "ADDRESS:PORT" or "[IPv6]:PORT" apart; false if the text is none of them.
 bool TakeAddress(const QString& text, SmbHost& host) {
     QString port;
     if (text.startsWith(u'[')) {

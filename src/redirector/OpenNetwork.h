@@ -12,12 +12,13 @@ namespace netrove {
 
 struct OpenedNetwork {
     std::unique_ptr<Network> network; ///< never null
-    /// What is wrong with the file, a text for the user each; the rest of the file holds.
+    /// What is wrong with the file, as texts for the user; the rest of the file is used.
     QStringList problems;
 };
 
-/// The network with the providers that "network.ini" in that folder names, in its order; without
-/// the file, the local area network alone. A section stands for a provider and has its name:
+/// The network with the providers that "network.ini" in that folder names, in the file's order;
+/// without the file, the local area network alone. Each section stands for the provider of its
+/// name:
 ///
 ///   [Microsoft Windows Network]
 ///   Type=smb
@@ -28,7 +29,8 @@ struct OpenedNetwork {
 ///   Type=folder
 ///   Path=sample-network                      (relative to the file's folder)
 ///
-/// Computers that speak SMB are asked with the logons stored in `logons`, without it as a guest.
+/// Computers that speak SMB are asked with the logons stored in `logons`, or as a guest if it is
+/// null.
 [[nodiscard]] OpenedNetwork OpenNetwork(const QString& applicationFolder,
                                         const std::shared_ptr<Logons>& logons = nullptr);
 

@@ -15,14 +15,14 @@ class OwnConnections;
 /// What came of the trial of a logon.
 enum class LogonResult {
     LetIn,
-    Refused,     ///< a wrong password, or nobody whom the computer knows
-    HidesShares, ///< it lets the user in, and no more
+    Refused,     ///< a wrong password, or a user whom the computer doesn't know
+    HidesShares, ///< it lets the user in, but doesn't tell its shares
     Unreachable,
     GivenUp, ///< as the stop token said
 };
 
-/// A computer, a share or a file that may be asked by any thread, over connections of its own: what
-/// takes long doesn't hold up who walks the network. Calls block until the stop token says so.
+/// A computer, a share or a file that any thread may ask over connections of its own, so that what
+/// takes long doesn't hold up the walk of the network. Calls block; the stop token ends them.
 class RemotePlace {
 public:
     RemotePlace() = default;
@@ -30,8 +30,8 @@ public:
     RemotePlace& operator=(const RemotePlace&) = delete;
     virtual ~RemotePlace() = default;
 
-    /// The place as a file, whose calls `stop` ends, too. Asks nobody yet; the connections and the
-    /// place must outlive it.
+    /// The place as a file; `stop` ends the calls of that file, too. Asks nobody yet; the
+    /// connections and the place must outlive the file.
     [[nodiscard]] virtual std::unique_ptr<CopySource>
     OpenFile(OwnConnections& connections, const std::stop_token& stop) const = 0;
 

@@ -11,7 +11,7 @@
 namespace netrove {
 namespace {
 
-/// More than helpers, as a test whether a computer is there needs none.
+/// More than there are helpers, as to test whether a computer is there needs no helper.
 constexpr std::size_t MaxThreads = 64;
 
 /// Bytes that may be on their way into memory; a listing beyond that is left to the walk.
@@ -48,7 +48,7 @@ SmbList SmbAhead::Ask(const QString& key, const SmbRequest& request) {
         Dispatch();
         return list;
     }
-    // Without a thread between, as it is waited for.
+    // The walk waits for this answer: ask on its own thread.
     const bool isExpected = state == WalkOrder::State::Waiting;
     const quint64 id = isExpected ? order_.Ask(key) : 0;
     Dispatch();
@@ -78,7 +78,7 @@ std::optional<QByteArray> SmbAhead::FindPiece(const QString& key, qint64 offset,
     return found == lastPieces_.end() ? std::nullopt : std::optional(found->bytes);
 }
 
-/// What has been read of it ahead. The rest nobody else reads.
+/// What has been read ahead of a file. The rest is left to the walk.
 std::vector<SmbPiece> SmbAhead::TakeFile(const QString& key) {
     std::unique_lock lock(mutex_);
     const WalkOrder::State state = Await(key, lock);
@@ -91,7 +91,8 @@ std::vector<SmbPiece> SmbAhead::TakeFile(const QString& key) {
     return pieces;
 }
 
-/// How far the place is, once it isn't under way any more; it is still if the wait is given up.
+/// Waits while the place's question is under way. Returns the place's state: still Asked if the
+/// wait was given up.
 WalkOrder::State SmbAhead::Await(const QString& key, std::unique_lock<std::mutex>& lock) {
     Waiting waiting;
     WalkOrder::State state = order_.Reach(key);
@@ -117,7 +118,7 @@ SmbList SmbAhead::Fetch(Task task) {
     return FetchList(task.question.request, run, arriving_, MaxArriving);
 }
 
-/// What was read before a failure counts. The failure is the walk's to meet.
+/// What was read before a failure is kept. The walk will meet the failure itself.
 SmbList SmbAhead::FetchFile(Task task) {
     SmbFileReader file(task.question.request, task.question.file,
                        [&](const SmbRequest& asked, const SmbWorker::Part& part) {
@@ -142,7 +143,7 @@ void SmbAhead::Work() {
         lock.unlock();
         SmbList list;
         if (FailureOf([&] { list = Fetch(std::move(task)); }))
-            list.status = ECANCELED; // the walk meets it, if it is still there then
+            list.status = ECANCELED; // the walk asks itself, and meets the failure if it lasts
         lock.lock();
         --busy_;
         if (list.status == ECANCELED || list.status == ENOBUFS)
@@ -154,7 +155,7 @@ void SmbAhead::Work() {
     }
 }
 
-/// Gives threads what may be asked now.
+/// Gives the threads the questions that may be asked now.
 void SmbAhead::Dispatch() {
     while (!end_.stop_requested() && HasFreeThread()) {
         SmbPool::Turn turn;
@@ -170,8 +171,8 @@ void SmbAhead::Dispatch() {
     OpenEarly();
 }
 
-/// Opens connections before there is work for them. What they ask is only to get into the share.
-/// Where there are other computers, these need the helpers.
+/// Opens connections before there is work for them: their questions only get them into the share.
+/// Not while there are other computers, which need the helpers.
 void SmbAhead::OpenEarly() {
     const auto folder = order_.FolderOfOnlyComputer();
     if (!folder)

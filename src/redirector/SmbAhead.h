@@ -19,9 +19,9 @@
 
 namespace netrove {
 
-/// Reads ahead of one walk: threads that ask the servers for what the walk will ask, nearest
-/// first, as many at a time as the servers take. They end with the object, and what they have
-/// fetched with them.
+/// Reads ahead of one walk: threads ask the servers what the walk will ask, nearest first, as many
+/// questions at a time as the servers take. The threads end with the object, and what they have
+/// fetched goes with them.
 class SmbAhead {
 public:
     SmbAhead(SmbPool& pool, std::shared_ptr<const WalkPlan> plan)
@@ -33,16 +33,16 @@ public:
 
     /// The walk comes to these places next.
     void Expect(const std::vector<WalkOrder::Start>& starts);
-    /// It won't come to this one and what is below.
+    /// The walk won't come to this place or what is below it.
     void Leave(const QString& key);
 
     /// The walk's own question. Blocks, and calls WhileWaiting(); the status is ECANCELED where
     /// the wait was given up.
     [[nodiscard]] SmbList Ask(const QString& key, const SmbRequest& request);
 
-    /// The walk reads a piece of a file: gives it where it has been read ahead. The file that was
-    /// asked for last is kept; what isn't in it is left to the walk. Blocks while the file is under
-    /// way, and calls WhileWaiting().
+    /// The walk reads a piece of a file: gives the piece if it has been read ahead, else nothing,
+    /// and the walk reads it itself. The pieces of the file that was asked for last are kept.
+    /// Blocks while the file is being read ahead, and calls WhileWaiting().
     [[nodiscard]] std::optional<QByteArray> FindPiece(const QString& key, qint64 offset,
                                                       qint64 length);
 
@@ -70,16 +70,16 @@ private:
         OpenEarly();
     };
     std::mutex mutex_;
-    std::condition_variable work_;    ///< there is a task, or the end
-    std::condition_variable arrived_; ///< an answer
+    std::condition_variable work_;    ///< there is a task, or the threads are to end
+    std::condition_variable arrived_; ///< there is an answer
     WalkOrder order_;
     std::deque<Task> tasks_;
-    std::size_t busy_ = 0; ///< threads, with those that have a task waiting
+    std::size_t busy_ = 0; ///< threads at work, with those that have a task waiting
     std::atomic<qint64> arriving_ = 0;
     QString lastFile_; ///< by its key
     std::vector<SmbPiece> lastPieces_;
     std::stop_source end_;
-    std::vector<std::jthread> threads_; ///< they end first
+    std::vector<std::jthread> threads_; ///< the last member, so that they end first
 };
 
 } // namespace netrove

@@ -42,7 +42,7 @@ bool SmbComputers::Look(const std::function<void()>& onNews) {
     if (!source_)
         return true;
     NoteEnd();
-    // Who knows nobody asks for nothing else than news.
+    // With no computer known there is nothing to give out, so this call must wait for the look.
     const bool mustWait = !walkBegun_ && all_.empty();
     if (!begun_ && !mustWait && Serves(New))
         return true;
@@ -53,7 +53,7 @@ bool SmbComputers::Look(const std::function<void()>& onNews) {
         if (!AwaitEnd(onNews))
             return false;
         if (!Serves(Fresh))
-            Begin(); // what was under way began before the search
+            Begin(); // the look that has just ended began before the search
     }
     return true;
 }

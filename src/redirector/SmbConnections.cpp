@@ -9,7 +9,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A helper that has just worked isn't ended for somebody who can wait: it has more to do soon.
+/// A helper that was at work so recently isn't ended for a request that can wait: it is likely to
+/// be needed again soon.
 constexpr auto Recent = 500ms;
 
 } // namespace
@@ -29,7 +30,7 @@ void SmbConnections::GiveBack::operator()(Right* right) const {
         connections->Keep(*ended);
 }
 
-/// What is left of a turn: a helper that waits for work from now on, or nothing.
+/// Takes back what is left of a turn: its helper waits for work from now on, if it still lives.
 void SmbConnections::Keep(Right& right) {
     if (right.worker && right.worker->IsAlive()) {
         idle_.push_back({.server = std::move(right.server),
@@ -145,7 +146,7 @@ int SmbConnections::StartHelper(Right& right, const std::stop_token& stop) {
     return 0;
 }
 
-/// Either a helper that is there or room for a new one.
+/// Waits for an idle helper or for room for a new one.
 int SmbConnections::AwaitHelper(Right& right, const std::stop_token& stop) {
     if (right.hasRoom)
         return 0;
@@ -173,7 +174,7 @@ void SmbConnections::GiveUp(Right& right, int status) {
 }
 
 int SmbConnections::EndProbe(const QString& server, int status) {
-    Idles closed; // ended without the lock
+    Idles closed; // declared first, so that they end after the lock
     const std::scoped_lock lock(mutex_);
     servers_.EndProbe(server, status);
     if (const int dead = servers_.DeadStatus(server); dead != 0) {
@@ -203,8 +204,7 @@ std::vector<pid_t> SmbConnections::IdleProcesses() const {
     return processes;
 }
 
-/// Counts one more helper, for which one without work may have to go. False where there are too
-/// many.
+/// Counts one more helper, and ends an idle one for it if need be. False if there are too many.
 bool SmbConnections::MakeRoom(Urgency urgency) {
     if (helpers_ >= limits_.maxHelpers && !idle_.empty() &&
         (urgency == Urgency::GoesFirst || Clock::now() - idle_.front().since > Recent))
@@ -216,8 +216,8 @@ bool SmbConnections::MakeRoom(Urgency urgency) {
     return true;
 }
 
-/// One for a server, still counted: that used last is the warmest, and one at the same share needs
-/// no new connection.
+/// Takes an idle helper for a server out, which stays counted. One at the same share needs no new
+/// connection, and of equal ones that used last is the most likely to be open still.
 std::optional<SmbConnections::Idle> SmbConnections::TakeIdle(const QString& server,
                                                              const QString& share) {
     for (;;) {
@@ -239,7 +239,8 @@ std::optional<SmbConnections::Idle> SmbConnections::TakeIdle(const QString& serv
     }
 }
 
-/// All with a connection to a server, no longer counted: they end with the result.
+/// Takes out all idle helpers with a connection to a server, which are no longer counted. They end
+/// with the result.
 SmbConnections::Idles SmbConnections::TakeAllIdle(const QString& server) {
     Idles all;
     while (auto idle = TakeIdle(server, QString())) {
@@ -257,14 +258,14 @@ void SmbConnections::Drop(Idles::iterator idle) {
     idle_.erase(idle);
 }
 
-/// Ends those that have been without work for long.
+/// Ends the helpers that have been without work for too long.
 void SmbConnections::DropOld() {
     const auto now = Clock::now();
     while (!idle_.empty() && now - idle_.front().since > limits_.idle)
         Drop(idle_.begin());
 }
 
-/// Ends those that nobody needs so soon again.
+/// Ends the helpers that won't be needed again soon.
 void SmbConnections::KeepFew() {
     QHash<QString, std::size_t> kept;
     for (std::size_t at = idle_.size(); at-- > 0;) {

@@ -22,8 +22,8 @@ namespace netrove {
 
 /// The connections to servers, each with a helper process: how many there are, which of them wait
 /// for work, and who may put a request to which server when. All of it, with what is known of the
-/// servers, is behind one lock. What waits calls WhileWaiting() meanwhile, and gives up where its
-/// stop token says so. May be used by several threads at once; the turns end before it.
+/// servers, is behind one lock. Functions that wait call WhileWaiting() meanwhile, and give up when
+/// their stop token says so. May be used by several threads at once; must outlive the turns.
 class SmbConnections {
 public:
     using Clock = std::chrono::steady_clock;
@@ -35,38 +35,38 @@ public:
         enum class Kind {
             None,    ///< the server is dead
             First,   ///< to reach the server and prove that it answers
-            Early,   ///< to open one more connection that nobody needs yet
+            Early,   ///< to open one more connection before anybody needs it
             Further, ///< to open one more connection
-            Ready,   ///< over one that is open
+            Ready,   ///< to use a connection that is open
         };
 
         Kind kind = Kind::None;
         Urgency urgency = Urgency::MayWait;
-        QString server;                         ///< empty where it hasn't been reached
-        QString share = {};                     ///< that the connection is at
-        int status = 0;                         ///< what a dead server's request fails with
-        bool hasRoom = false;                   ///< a helper is counted for it
+        QString server;       ///< empty where no server has been reached
+        QString share = {};   ///< which the connection is at
+        int status = 0;       ///< the errno that a dead server's request fails with
+        bool hasRoom = false; ///< a helper is counted for it
         std::unique_ptr<SmbWorker> worker = {}; ///< null before StartHelper
 
         /// Whether its connection is open and at this share.
         [[nodiscard]] bool IsWarm(const QString& other) const {
             return kind == Kind::Ready && share == other;
         }
-        /// Ends its helper, which isn't kept: it has no connection that others could use.
+        /// Ends its helper instead of keeping it: it has no connection that others could use.
         void EndConnection();
     };
 
-    /// Gives a right back, and the helper with it for whoever comes next.
+    /// Gives a right back, and its helper, which then serves the next request.
     struct GiveBack {
         SmbConnections* connections = nullptr;
         void operator()(Right* right) const;
     };
 
-    /// Null where there is none.
+    /// Null where no right could be had.
     using Turn = std::unique_ptr<Right, GiveBack>;
 
-    /// The servers for as long as they are held: nobody else comes to them. Nothing else here may
-    /// be called meanwhile.
+    /// Access to the servers, under the lock for as long as this object exists. No function of
+    /// SmbConnections may be called meanwhile.
     class HeldServers {
     public:
         HeldServers(std::mutex& mutex, SmbServers& servers) : lock_(mutex), servers_(servers) {}
@@ -78,41 +78,44 @@ public:
         SmbServers& servers_;
     };
 
-    /// `dead` is what others know of dead servers, and learn from here.
+    /// `dead` is shared with others: what they know of dead servers, and learn from here.
     SmbConnections(QString helper, const SmbLimits& limits, std::shared_ptr<DeadServers> dead)
         : launcher_(std::move(helper)), limits_(limits), servers_(limits, std::move(dead)) {}
 
     [[nodiscard]] const SmbLimits& Limits() const { return limits_; }
     [[nodiscard]] HeldServers Servers() { return {mutex_, servers_}; }
 
-    /// A turn for a request that goes before those who only try; null where the wait is given up.
+    /// Waits for a turn for a request, ahead of those that only try for one; null where the wait
+    /// is given up.
     [[nodiscard]] Turn Await(const SmbRequest& request, const std::stop_token& stop);
-    /// A turn for a request if there can be one at once, while so many wait.
+    /// A turn for a request if it can be had at once; `waiting` as in SmbPool::TryTakeTurn.
     [[nodiscard]] Turn TryTake(const SmbRequest& request, std::size_t waiting);
-    /// A turn to open one more connection that nobody needs yet.
+    /// A turn to open one more connection before anybody needs it.
     [[nodiscard]] Turn TryTakeEarly(const SmbRequest& request);
-    /// A turn over a connection that is open already, in place of a new one that was refused; null
-    /// where all who have one wait for another.
+    /// A turn over a connection that is open already, in place of a new one that was refused. Null
+    /// where the wait is given up, the server is dead, or all of its connections are new ones that
+    /// were refused.
     [[nodiscard]] Turn AwaitOther(const SmbRequest& request, const std::stop_token& stop);
-    /// Waits until a turn has been given back, or a little while. False where the wait is to be
-    /// given up.
+    /// Waits until a turn has been given back, but only for a little while. False where the wait is
+    /// to be given up.
     [[nodiscard]] bool AwaitChange(Waiting& waiting);
 
-    /// Makes sure that a helper can be started fast. Doesn't wait.
+    /// Gets ready to start a helper fast. Doesn't wait.
     void PrepareHelpers() { launcher_.Prepare(); }
-    /// Gives a turn a helper that has spoken to nobody. ECHILD if there is none to be had,
-    /// ECANCELED where the wait is given up.
+    /// Gives a turn a helper that has spoken to no server. Returns 0, ECHILD if none can be
+    /// started, or ECANCELED where the wait is given up.
     [[nodiscard]] int StartHelper(Right& right, const std::stop_token& stop);
 
-    /// The turn's server couldn't be reached. A helper that has only looked up its name serves any
-    /// other.
+    /// The turn's server couldn't be reached. A helper that has only looked up the server's name
+    /// can serve any other server.
     void GiveUp(Right& right, int status);
-    /// Notes what came of a probe. Gives 0 where the server is there; else its connections are
-    /// closed.
+    /// Notes what came of a probe. Returns 0 where the server is there, and ECANCELED where the
+    /// probe was given up; else closes the server's idle connections and returns the errno that its
+    /// requests fail with.
     [[nodiscard]] int EndProbe(const QString& server, int status);
 
     void BeginWalk();
-    /// Ends helpers that nobody needs so soon again.
+    /// A walk has ended: ends the helpers that won't be needed again soon.
     void EndWalk();
     /// The processes that wait for work.
     [[nodiscard]] std::vector<pid_t> IdleProcesses() const;
@@ -123,8 +126,8 @@ private:
 
     /// A helper without work, with its connection.
     struct Idle {
-        QString server; ///< empty for one that hasn't spoken to any
-        QString share;  ///< what it was asked for last; another one costs a new connection
+        QString server; ///< empty for a helper that hasn't spoken to any
+        QString share;  ///< the one it was asked for last; another one costs a new connection
         Clock::time_point since;
         std::unique_ptr<SmbWorker> worker;
     };
@@ -152,7 +155,7 @@ private:
     std::condition_variable changed_; ///< a turn has been given back
     SmbServers servers_;
     Idles idle_;              ///< the longest idle first
-    std::size_t helpers_ = 0; ///< all of them, with those that are being started
+    std::size_t helpers_ = 0; ///< all of them, including those that are being started
 };
 
 } // namespace netrove

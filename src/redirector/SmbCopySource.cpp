@@ -48,7 +48,7 @@ void SmbCopySource::Run(const SmbWorker::Part& part) {
         throw RunTimeError(ErrorOf(status));
 }
 
-/// A file that was there a moment ago has no wrong path: what fails then is the way to it.
+/// The path of a file that has answered before isn't wrong: then it is the way there that fails.
 ErrorNumber SmbCopySource::ErrorOf(int status) {
     const ErrorNumber number = ErrorOfSmbRequest(
         pool_, request_, status, hasAnswered_ ? SmbAction::Read : SmbAction::Look, stop_);

@@ -72,7 +72,7 @@ ErrorNumber ErrorOfSmbStatus(int status, SmbAction action) {
     case EIO:
     case EINVAL:
         return action == SmbAction::Read ? ErrorNumber::DeviceIOError : ErrorNumber::PathNotFound;
-    default: // no folder, no such share, no way to the server, a helper that failed
+    default: // not a folder, no such share, no way to the server, a helper that failed
         return ErrorNumber::PathNotFound;
     }
 }

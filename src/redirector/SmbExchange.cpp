@@ -16,7 +16,7 @@ bool IsNumeric(const QString& host) {
            inet_pton(AF_INET6, text.constData(), &address) == 1;
 }
 
-/// Whether a status says that the server has let somebody in and answered.
+/// Whether a status says that the server has let the user in and answered.
 bool IsAnswer(int status) {
     switch (status) {
     case 0:
@@ -30,8 +30,8 @@ bool IsAnswer(int status) {
     }
 }
 
-/// Whether a failure over a new connection may be one of the connection: the server takes no more
-/// of them. Who says nothing at all is no such server.
+/// Whether a failure over a new connection may mean that the server takes no more connections. A
+/// server that says nothing at all isn't one of those.
 bool MayBeRefused(int status) {
     return status != 0 && status != ENOENT && status != ENOTDIR && status != ECANCELED &&
            status != ETIMEDOUT;
@@ -58,7 +58,7 @@ SmbLimits::Time LimitOf(const SmbLimits& limits, SmbRequest::Kind kind) {
 } // namespace
 
 int SmbExchange::Run(const Reached& reached) {
-    // It may have died since the turn was given.
+    // The server may have died since the turn was given.
     if (const int status = connections_.Servers()->DeadStatus(right_.server); status != 0)
         return status;
     switch (right_.kind) {
@@ -76,8 +76,8 @@ int SmbExchange::Run(const Reached& reached) {
     return EINVAL;
 }
 
-/// Where a server is first reached: it is looked up, its port is tested, and one request shows
-/// whether it lets us in, before anybody else comes.
+/// Reaches a server for the first time: it is looked up, its port is tested, and one request shows
+/// whether it lets us in, before there are others.
 int SmbExchange::RunFirst(const Reached& reached) {
     connections_.PrepareHelpers(); // it loads while the port is tested
     int status = Reach();
@@ -96,8 +96,7 @@ int SmbExchange::RunFirst(const Reached& reached) {
     return status;
 }
 
-/// Opens one more connection for those who come later. Where the server doesn't want that, nobody
-/// has lost anything.
+/// Opens one more connection for later requests. If the server refuses it, nothing is lost.
 int SmbExchange::RunEarly() {
     int status = connections_.StartHelper(right_, stop_);
     if (status == 0)
@@ -117,8 +116,8 @@ int SmbExchange::RunFurther() {
     return status == 0 ? RunElseOverAnother() : OverAnother(status);
 }
 
-/// Over a new connection. Where the server doesn't want that, over another one: also the first may
-/// find that early ones have taken all that it gives.
+/// Runs the request over the new connection, or over another one if the server refuses the new one.
+/// Even the first request may find that early connections have taken all that the server allows.
 int SmbExchange::RunElseOverAnother() {
     const int status = RunOn(right_, part_);
     return isAnswered_ || !MayBeRefused(status) ? status : OverAnother(status);
@@ -137,7 +136,8 @@ int SmbExchange::OverAnother(int status) {
     return again;
 }
 
-/// Whether others were in the way that have all gone meanwhile.
+/// Whether the connections that were in the way may have been closed meanwhile. Called when no
+/// other connection can be had.
 bool SmbExchange::HasRoomAgain() {
     const auto servers = connections_.Servers();
     const bool hadOthers = right_.kind == SmbConnections::Right::Kind::Further ||
@@ -145,7 +145,7 @@ bool SmbExchange::HasRoomAgain() {
     return hadOthers && servers->DeadStatus(right_.server) == 0;
 }
 
-/// The server may need a moment to notice that connections have been closed.
+/// Tries the new connection again: the server may need a moment to notice that others were closed.
 int SmbExchange::TryAgain() {
     constexpr int tries = 3;
     Waiting waiting(stop_);
@@ -158,7 +158,7 @@ int SmbExchange::TryAgain() {
     return status;
 }
 
-/// Tests the port before the library gets the server.
+/// Looks the server up and tests its port before the library is let at it.
 int SmbExchange::Reach() {
     std::vector<QString> addresses;
     if (IsNumeric(request_.host))
@@ -174,7 +174,7 @@ int SmbExchange::Reach() {
     return status;
 }
 
-/// A helper looks up the name: that can take long, and can't be interrupted.
+/// Has a helper look up the name: that can take long, and can't be interrupted.
 int SmbExchange::LookUp(std::vector<QString>& addresses) {
     if (const int status = connections_.StartHelper(right_, stop_); status != 0)
         return status;
@@ -212,7 +212,7 @@ int SmbExchange::RunOn(SmbConnections::Right& right, const SmbWorker::Part& part
 
 void SmbExchange::NoteEnd(const SmbConnections::Right& right, int status, bool isWarm,
                           Clock::duration time) {
-    // So short a limit says nothing of how long the server takes for its files.
+    // The limit for a workgroup is too short to tell how long the server takes for its files.
     const bool isLong = request_.kind != SmbRequest::Kind::Workgroup;
     const auto servers = connections_.Servers();
     servers->Note(right.server, status, isLong);
@@ -224,8 +224,8 @@ void SmbExchange::NoteEnd(const SmbConnections::Right& right, int status, bool i
         servers->NoteAnswerTime(right.server, time);
 }
 
-/// Asked by each request that has waited since then, all the time: 0 while its server is there. The
-/// first that finds it silent tests it for all.
+/// Called again and again by each request, which has waited since `since`: returns 0 while its
+/// server is there. The first request that finds the server silent tests it for all.
 int SmbExchange::CheckSilent(const QString& server, Clock::time_point since) {
     std::vector<QString> addresses;
     {

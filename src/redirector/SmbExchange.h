@@ -9,8 +9,8 @@
 
 namespace netrove {
 
-/// One request put to its server, with the right that was taken for it. What it finds out of the
-/// server on the way is told to `connections`. All that it is given outlives it.
+/// One request put to its server, with the right that was taken for it. What it finds out about the
+/// server on the way is noted in `connections`. All that it is given must outlive it.
 class SmbExchange {
 public:
     /// Called once it is known that the server is there.
@@ -24,8 +24,8 @@ public:
         , part_(part)
         , stop_(std::move(stop)) {}
 
-    /// Gives 0 or an errno, as SmbPool::Run. Blocks, and calls WhileWaiting(). `reached` is for the
-    /// first request to a server, before it is sent.
+    /// Returns 0 or an errno, as SmbPool::Run. Blocks, and calls WhileWaiting(). `reached` is
+    /// called for the first request to a server only, before it is sent.
     [[nodiscard]] int Run(const Reached& reached);
 
 private:
@@ -51,7 +51,7 @@ private:
     const SmbRequest& request_;
     const SmbWorker::Part& part_;
     const std::stop_token stop_;
-    bool isAnswered_ = false; ///< part of an answer has come, which isn't asked for twice
+    bool isAnswered_ = false; ///< part of an answer has come: it isn't asked for again
 };
 
 } // namespace netrove

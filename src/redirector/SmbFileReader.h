@@ -8,11 +8,11 @@
 
 namespace netrove {
 
-/// One file of a server, as its folder's listing has it, and the pieces that are read of it.
-/// Whatever the path, it is this file's. Used by one thread, but any.
+/// One file of a server, as its folder's listing describes it, and the pieces that are read of it.
+/// The paths that its functions are given don't matter. Used by one thread at a time.
 class SmbFileReader : public FileAccess {
 public:
-    /// `request` asks for a piece; where and how long is filled in.
+    /// `request` asks for a piece; its offset and length are filled in here.
     SmbFileReader(SmbRequest request, SmbEntry entry, SmbRun run)
         : request_(std::move(request)), entry_(std::move(entry)), run_(std::move(run)) {}
 
@@ -20,7 +20,7 @@ public:
                                                       FindData& first) override;
     [[nodiscard]] bool CanEnter(const QString& path) override;
     [[nodiscard]] FileInfo Info(const QString& path) override;
-    /// Raises ErrorNumber::DeviceIOError for whatever failure.
+    /// Raises ErrorNumber::DeviceIOError for any failure.
     [[nodiscard]] QByteArray Read(const QString& path, qint64 offset, qint64 length) override;
     [[nodiscard]] std::optional<QString> LocalPath(const QString& path) override;
 

@@ -11,7 +11,7 @@ struct SmbHost {
     static constexpr quint16 UsualPort = 445;
 
     QString name;                          ///< without "\\"
-    std::optional<QString> workgroup = {}; ///< where somebody has told it
+    std::optional<QString> workgroup = {}; ///< nothing where it isn't known
     QString address = {}; ///< an IP address or a host name; empty: found by the name
     quint16 port = UsualPort;
 };

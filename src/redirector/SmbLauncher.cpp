@@ -53,14 +53,15 @@ bool SmbLauncher::Launch(int socket, int memory) {
     const std::scoped_lock lock(mutex_);
     if (process_ >= 0 && SendDescriptors(socket_, LaunchRequest(), descriptors))
         return true;
-    // There is none yet, or it has died.
+    // There is no process yet, or it has died.
     End();
     return Start() && SendDescriptors(socket_, LaunchRequest(), descriptors);
 }
 
 bool SmbLauncher::Start() {
     std::array<int, 2> ends{};
-    // It must see the program's end, in whatever way that comes: no other process has this end.
+    // The process must notice the program's end, however that comes: so no other process may have
+    // the program's end of the socket.
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0)
         return false;
     process_ = Spawn(QFile::encodeName(program_), ends[1]);

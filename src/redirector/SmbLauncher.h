@@ -13,16 +13,17 @@ namespace netrove {
 /// threads at once.
 class SmbLauncher {
 public:
-    /// Of the helper program at that path. Nothing is started yet.
+    /// `program` is the helper program's path. Nothing is started yet.
     explicit SmbLauncher(QString program) : program_(std::move(program)) {}
     SmbLauncher(const SmbLauncher&) = delete;
     SmbLauncher& operator=(const SmbLauncher&) = delete;
     ~SmbLauncher(); ///< ends the process, and all that it has started with it
 
-    /// Starts the process where there is none, and doesn't wait for it. False if that fails.
+    /// Starts the process if it isn't running, and doesn't wait for it. False if that fails.
     bool Prepare();
 
-    /// Has a helper started that gets these descriptors, and doesn't wait for it.
+    /// Has a helper started with these descriptors, and doesn't wait for it. False if the process
+    /// can't be told.
     [[nodiscard]] bool Launch(int socket, int memory);
 
 private:

@@ -5,11 +5,11 @@
 namespace netrove {
 namespace {
 
-/// Entries of one folder that a server may have, before it counts as one that never ends.
+/// Entries that a folder may have; a longer list counts as one that never ends.
 constexpr std::size_t MaxFolderEntries = 2'000'000;
 constexpr std::size_t MaxShares = 10'000;
 
-/// Of a text's memory beside its characters, with what the memory's manager needs.
+/// Bytes that a text takes beside its characters, including what the allocator needs.
 constexpr qint64 TextOverhead = 32;
 
 template <typename Item>

@@ -11,7 +11,7 @@
 namespace netrove {
 namespace {
 
-/// A share with a longer list than that answers as well.
+/// Bytes of a list that are read at most: a share whose list is longer does answer.
 constexpr qint64 MostBytes = 40'000'000;
 
 LogonResult ResultOf(int status) {

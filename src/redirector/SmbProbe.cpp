@@ -20,7 +20,7 @@ namespace {
 constexpr std::size_t MaxAddresses = 16;
 
 /// The question for dialects ([MS-SMB2] 2.2.3) in its frame ([MS-SMB2] 2.1): 2.0.2 to 3.0.2. A
-/// server that wants another one answers too, with an error.
+/// server that wants another dialect answers, too, with an error.
 QByteArray NegotiateRequest() {
     constexpr std::array<quint16, 4> dialects{0x0202, 0x0210, 0x0300, 0x0302};
     QByteArray header = QByteArray::fromHex("fe534d42" // protocol
@@ -94,7 +94,7 @@ void SmbProbe::Open(const QString& address, quint16 port) {
     sockets_.push_back({.fd = handle, .events = POLLOUT, .revents = 0});
 }
 
-/// The first of the sockets that is connected; -1 if none is in time.
+/// The first of the sockets to be connected; -1 if none is in time.
 int SmbProbe::AwaitConnection(const std::stop_token& stop) {
     Waiting waiting(limits_.connect, stop);
     auto open = static_cast<std::ptrdiff_t>(sockets_.size());
@@ -111,7 +111,7 @@ int SmbProbe::AwaitConnection(const std::stop_token& stop) {
                 return one.fd;
             status_ = error;
             close(one.fd);
-            one.fd = -1; // poll passes over it
+            one.fd = -1; // poll ignores it
             --open;
         }
     }
@@ -120,7 +120,7 @@ int SmbProbe::AwaitConnection(const std::stop_token& stop) {
 
 int SmbProbe::AwaitAnswer(int socket, const std::stop_token& stop) const {
     const QByteArray request = NegotiateRequest();
-    // A new connection takes so few bytes at once.
+    // A new connection takes these few bytes at once.
     if (send(socket, request.constData(), static_cast<std::size_t>(request.size()), MSG_NOSIGNAL) !=
         request.size())
         return ECONNRESET;

@@ -12,9 +12,9 @@
 
 namespace netrove {
 
-/// Finds out whether somebody speaks SMB at a port: opens it and asks which dialects there are,
-/// with short limits. libsmbclient itself would wait 5 s for the port, which can't be shortened,
-/// and then as long for the first answer as for any other.
+/// Finds out whether a server speaks SMB at a port: connects to it and asks which dialects it
+/// knows, with short time limits. libsmbclient itself would wait 5 s for the port, which can't be
+/// shortened, and then as long for the first answer as for any other.
 class SmbProbe {
 public:
     explicit SmbProbe(const SmbLimits& limits) : limits_(limits) {}
@@ -22,8 +22,9 @@ public:
     SmbProbe& operator=(const SmbProbe&) = delete;
     ~SmbProbe();
 
-    /// 0 if somebody does at one of a computer's addresses (numeric ones), else the errno of the
-    /// last that failed: ECANCELED where the wait was given up. Calls WhileWaiting().
+    /// Tries a computer's addresses (numeric ones). Returns 0 if a server speaks SMB at one of
+    /// them, else the errno of the last that failed: ECANCELED where the wait was given up. Calls
+    /// WhileWaiting().
     [[nodiscard]] int Run(const std::vector<QString>& addresses, quint16 port,
                           const std::stop_token& stop = {});
 

@@ -13,10 +13,10 @@
 namespace netrove {
 namespace {
 
-/// Bytes of one request of a read: each has its own limit of time.
+/// Bytes that one request reads at most: each request has a time limit of its own.
 constexpr quint32 ReadBytes = 4 * 1024 * 1024;
 
-/// A running listing: it holds on to what was fetched as a whole.
+/// A listing that is being gone through; it owns the entries, which were fetched as a whole.
 class SmbFind : public FileFind {
 public:
     explicit SmbFind(SmbListing listing) : listing_(std::move(listing)) {}
@@ -78,9 +78,9 @@ std::vector<NetRecord> SmbProvider::Servers(const QString& workgroup) const {
     return records;
 }
 
-/// While the LAN is asked for computers, the walk's plan for those that are known already is begun
-/// with. One whose workgroup may be told yet can come to stand somewhere else, and one that has
-/// told only its address on this link has a better one.
+/// While the LAN is still being asked for computers, begins to read ahead those that are known
+/// already. Not those whose workgroup may still be told, as they may come to stand elsewhere; nor
+/// those known only by an address that holds on one link, as a better one is to come.
 void SmbProvider::ExpectKnown(const NetRecord& node) {
     if (!ahead_)
         return;
@@ -194,7 +194,8 @@ std::unique_ptr<FileFind> SmbProvider::FindFirst(const UncPath& path, FindData& 
     return find->FindNext(first) ? std::move(find) : nullptr;
 }
 
-/// A folder that can be listed can be entered. Who asks goes in next, and finds the listing.
+/// A folder that can be listed can be entered. The caller lists it next, and finds the listing
+/// kept.
 bool SmbProvider::CanEnter(const UncPath& path) {
     return Entries(path) != nullptr;
 }
@@ -254,8 +255,8 @@ void SmbProvider::Expect(const std::vector<WalkPlace>& places) {
     ahead_->Expect(starts);
 }
 
-/// The list of shares, which tells whether the computer lets anybody in, before the shares that
-/// are walked without being in it.
+/// Adds the computer's list of shares, which tells whether the computer lets the user in, before
+/// the shares that are walked without being in the list.
 void SmbProvider::AddComputer(const WalkPlace& computer, const UncPath& path,
                               std::vector<WalkOrder::Start>& starts) {
     const SmbRequest request = Request(SmbRequest::Kind::ListShares, path.Server());
@@ -359,7 +360,7 @@ QByteArray SmbProvider::Read(const UncPath& path, qint64 offset, qint64 length) 
     return bytes;
 }
 
-/// What was read ahead, where it is just that.
+/// The piece of the file, if it has been read ahead.
 std::optional<QByteArray> SmbProvider::ReadAhead(const UncPath& path, qint64 offset,
                                                  qint64 length) {
     if (!ahead_ || path.Elements().isEmpty() || !plan_->ReadsFile(path.Elements().last()))

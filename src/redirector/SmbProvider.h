@@ -14,14 +14,14 @@
 
 namespace netrove {
 
-/// The SMB network: workgroups and computers as configured, and what the computers tell of their
-/// shares and files. A computer whose workgroup nobody has told stands in "WORKGROUP", until it is
-/// asked for it. Helper processes do the talking; none is started before the first question
-/// that needs one.
+/// The SMB network: workgroups and computers as configured or found, and what the computers tell of
+/// their shares and files. A computer whose workgroup isn't known stands in "WORKGROUP" until it
+/// has been asked for it. Helper processes do the talking; none is started before the first
+/// question that needs one.
 ///
 /// A list of shares or of a folder is fetched as far as it comes before its first entry is given
-/// out: what had come when it broke off is kept, and isn't asked for again. The SMB library gives
-/// nothing of a folder whose server closes in the middle.
+/// out: if it breaks off, what had come is kept, and isn't asked for again. The SMB library gives
+/// nothing of a folder whose server closes the connection in the middle.
 class SmbProvider : public NetworkProvider {
 public:
     SmbProvider(QString name, SmbComputers computers, QString helper = SmbPool::DefaultHelper(),
@@ -35,11 +35,11 @@ public:
     [[nodiscard]] QString Trouble(const UncPath& path) const override;
     [[nodiscard]] bool BrokeOff() const override { return lastStatus_ != 0; }
     [[nodiscard]] QString Source() const override;
-    /// The path of a computer that nobody has configured is tried by its name.
+    /// A computer that is neither configured nor found is tried by its name.
     [[nodiscard]] bool TakesUnknown() const override { return true; }
     /// As configured, else as the computer itself tells it.
     [[nodiscard]] QString Workgroup(const QString& server) override;
-    /// Behind another port than the usual one may be a tunnel, which leads anywhere.
+    /// False for another port than the usual one: it may be a tunnel, which leads anywhere.
     [[nodiscard]] bool IsThisComputer(const QString& server) const override;
 
     [[nodiscard]] std::unique_ptr<FileFind> FindFirst(const UncPath& path,
@@ -92,7 +92,7 @@ private:
     Junctions junctions_;
     FolderTrail trail_; ///< to the folder that was listed last
     std::shared_ptr<const WalkPlan> plan_;
-    std::unique_ptr<SmbAhead> ahead_; ///< as long as there is a walk
+    std::unique_ptr<SmbAhead> ahead_; ///< null outside of walks
 };
 
 } // namespace netrove

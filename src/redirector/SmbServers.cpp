@@ -8,27 +8,28 @@
 namespace netrove {
 namespace {
 
-/// Requests in a row that a server may leave without an answer. One may be a folder that is too
-/// big for the limit.
+/// Requests in a row that a dead server leaves without an answer. A single one may be for a folder
+/// that is too big for the time limit.
 constexpr int MaxTimeouts = 2;
 
-/// What one more connection costs beside the work, in answers that come meanwhile: it takes about
-/// twelve round trips, a folder four.
+/// What one more connection costs beside the work, measured in answers: it takes about twelve round
+/// trips, a folder four.
 constexpr double OpeningAnswers = 3;
 
-/// Milliseconds of an answer from which on a server counts as distant: most of the time nobody
-/// works. Of a near one, few connections make full use.
+/// A server whose answers take at least so many milliseconds counts as distant: most of that time
+/// neither side works. A near server is kept fully busy by a few connections.
 constexpr double Distant = 3;
 constexpr std::size_t MostWhenNear = 4;
 
-/// How many folders there are for one that is known, as a bet: most trees are wide. It is cheap to
-/// lose where most of the time nobody works.
+/// How many folders to expect for each one that is known. That is a bet: most trees are wide. It is
+/// cheap to lose with a distant server.
 constexpr double HopeWhenDistant = 4;
 
-/// The first answer of a near server takes some 5 ms, most of them for a process of its own.
+/// A server whose first answer takes so long is distant. That of a near one takes some 5 ms, most
+/// of them to start a process for the connection.
 constexpr std::chrono::milliseconds DistantGreeting{9};
 
-/// Whether a failed connection says that nobody is there. Who refuses it is.
+/// Whether a failed connection says that no server is there. One that refuses it is there.
 bool IsSilence(int status) {
     switch (status) {
     case ETIMEDOUT:
@@ -42,7 +43,7 @@ bool IsSilence(int status) {
     }
 }
 
-/// How fast a longer answer is believed.
+/// How much of the way to a longer answer's time the kept one moves.
 constexpr double Rise = 0.05;
 
 } // namespace
@@ -129,7 +130,8 @@ void SmbServers::NoteClosed(const QString& name) {
         server.isProven = false;
 }
 
-/// The short ones count: long ones may only mean that this machine is busy.
+/// Short times count in full, long ones only a little: they may just mean that this machine is
+/// busy.
 void SmbServers::NoteAnswerTime(const QString& name, Clock::duration time) {
     double& answer = servers_[name].answer;
     const double milliseconds = std::chrono::duration<double, std::milli>(time).count();
@@ -137,7 +139,7 @@ void SmbServers::NoteAnswerTime(const QString& name, Clock::duration time) {
                                                   : answer + Rise * (milliseconds - answer);
 }
 
-/// Less the work, what is left is answers.
+/// The time without the work is that of answers: the connection's and the folder's.
 void SmbServers::NoteFirstTime(const QString& name, Clock::duration time) {
     double& answer = servers_[name].answer;
     const std::chrono::duration<double, std::milli> waited = time - limits_.firstOpening;

@@ -13,7 +13,7 @@ namespace netrove {
 struct SmbSettings {
     QString helper; ///< the program that speaks it
     SmbLimits limits = {};
-    std::shared_ptr<Logons> logons = nullptr; ///< without them as a guest
+    std::shared_ptr<Logons> logons = nullptr; ///< null: requests are a guest's
 };
 
 } // namespace netrove

@@ -20,8 +20,8 @@
 namespace netrove {
 namespace {
 
-/// Milliseconds that a killed process is waited for: it ends within a few, unless it hangs in the
-/// kernel. Its launcher takes its status whenever it ends.
+/// How many milliseconds a killed process is waited for: it ends within a few, unless it hangs in
+/// the kernel. It leaves no zombie, as its launcher ignores SIGCHLD.
 constexpr int EndLimit = 100;
 
 } // namespace
@@ -32,7 +32,7 @@ std::unique_ptr<SmbWorker> SmbWorker::Start(SmbLauncher& launcher) {
     if (!memory ||
         socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends.data()) != 0)
         return nullptr;
-    // The process waits by blocking; only the program's end doesn't.
+    // The process waits in blocking calls; only the program's end of the socket is non-blocking.
     fcntl(ends[1], F_SETFL, 0);
     std::unique_ptr<SmbWorker> worker(new SmbWorker(ends[0], std::move(memory)));
     const bool isLaunched = launcher.Launch(ends[1], worker->memory_->Descriptor());
@@ -47,7 +47,7 @@ SmbWorker::~SmbWorker() {
 void SmbWorker::End() {
     Wipe(unsent_);
     if (socket_ >= 0)
-        close(socket_); // one that hasn't said hello ends by that
+        close(socket_); // ends a process that hasn't said hello yet
     socket_ = -1;
     if (process_ < 0)
         return;
@@ -68,11 +68,12 @@ bool SmbWorker::IsAlive() {
     if (process_ < 0)
         return false;
     pollfd waiting = {.fd = socket_, .events = POLLIN, .revents = 0};
-    // Nothing can come without a request: what there is means the end of the process, or garbage.
+    // Without a request nothing may come: anything there is means the end of the process, or
+    // garbage.
     return poll(&waiting, 1, 0) == 0;
 }
 
-/// Takes what the process sends first: who it is.
+/// Takes what the process sends first: its number and its pidfd.
 bool SmbWorker::Meet(Waiting& waiting) {
     std::array<pollfd, 1> descriptors{{{.fd = socket_, .events = POLLIN, .revents = 0}}};
     if (waiting.ForDescriptors(descriptors) != 0)
@@ -106,7 +107,7 @@ bool SmbWorker::Greet(Time limit, const std::stop_token& stop) {
 int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part,
                        const std::stop_token& stop, const Check& check) {
     QByteArray payload = EncodeQuestion(request);
-    unsent_ = Frames::Framed(payload); // what was asked before is answered, and so it is sent
+    unsent_ = Frames::Framed(payload); // was empty: what has been answered had been sent
     Wipe(payload);
     Waiting waiting(limit, stop, check);
     for (;;) {
@@ -124,7 +125,8 @@ int SmbWorker::Request(const SmbRequest& request, Time limit, const Part& part,
     }
 }
 
-/// What is left of an answer that nobody reads to its end would be taken for the next one.
+/// Gives a part of an answer to `part`. If that raises something, ends the process: the rest of the
+/// answer would be taken for the next one.
 bool SmbWorker::Give(SmbAnswer& answer, const Part& part) {
     try {
         return part(answer);
@@ -134,7 +136,7 @@ bool SmbWorker::Give(SmbAnswer& answer, const Part& part) {
     }
 }
 
-/// The next message. Ends the process if there is none.
+/// Takes the next message. Ends the process if none comes.
 int SmbWorker::Receive(SmbAnswer& answer, Waiting& waiting) {
     if (process_ < 0)
         return ECONNABORTED;

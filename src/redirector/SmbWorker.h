@@ -16,32 +16,34 @@ namespace netrove {
 class SmbLauncher;
 class Waiting;
 
-/// One helper process, which speaks SMB for the program over a socket. Its calls can't be
-/// interrupted: it is ended instead.
+/// One helper process, which speaks SMB for the program and is told what to do over a socket. What
+/// it does can't be interrupted: it is ended instead.
 class SmbWorker {
 public:
     using Time = std::chrono::milliseconds;
-    /// Takes one part of an answer; false where it can't be one of this request. What was fetched
-    /// comes as SmbData, whose bytes are only there during the call.
+    /// Takes one part of an answer; false where it can't belong to this request. What was fetched
+    /// comes as SmbData, whose bytes are valid only during the call.
     using Part = std::function<bool(SmbAnswer& part)>;
-    /// Asked now and then while nothing comes: 0, or an errno to give up with.
+    /// Called now and then while nothing comes: returns 0, or an errno to give up with.
     using Check = std::function<int()>;
 
-    /// Has a process started; null if that fails. It isn't known yet whether it speaks.
+    /// Has a process started; null if that fails. Greet() tells whether it works.
     [[nodiscard]] static std::unique_ptr<SmbWorker> Start(SmbLauncher& launcher);
 
     SmbWorker(const SmbWorker&) = delete;
     SmbWorker& operator=(const SmbWorker&) = delete;
     ~SmbWorker(); ///< ends the process
 
-    /// Waits for the hello of the process: the first call. False as for Request.
+    /// Waits for the hello of the process. Must be the first call. False if the process fails to
+    /// say it in time or the wait is given up: it is ended then, as in Request.
     [[nodiscard]] bool Greet(Time limit, const std::stop_token& stop);
 
-    /// Sends a request, gives each part of the answer to `part`, then the status of its end: 0 or
-    /// an errno. Calls WhileWaiting() meanwhile. Where the process has died, sends garbage or
-    /// nothing for longer than `limit`, or the wait is given up, it is ended; the status is then
-    /// ECONNABORTED, EPROTO, ETIMEDOUT or ECANCELED, or that of `check`, and the worker of no
-    /// further use. So it is where `part` raises something, which is passed on.
+    /// Sends a request, gives each part of the answer to `part` and returns the status at its end:
+    /// 0 or an errno. Calls WhileWaiting() meanwhile. If the process has died, sends garbage, or
+    /// sends nothing for longer than `limit`, or if the wait is given up, the process is ended. The
+    /// status is then ECONNABORTED, EPROTO, ETIMEDOUT or ECANCELED, or that of `check`, and the
+    /// worker is of no further use. If `part` raises something, the process is ended, too, and the
+    /// exception is passed on.
     [[nodiscard]] int Request(const SmbRequest& request, Time limit, const Part& part,
                               const std::stop_token& stop = {}, const Check& check = {});
 
@@ -61,9 +63,9 @@ private:
     int Fail(int status);
     void End();
 
-    int process_ = -1; ///< a pidfd, as it is the launcher's child; -1 before its hello
+    int process_ = -1; ///< a pidfd, as the process is the launcher's child; -1 before its hello
     pid_t number_ = -1;
-    int socket_; ///< -1 once it has ended
+    int socket_; ///< -1 once the process has ended
     std::unique_ptr<SmbMemory> memory_;
     QByteArray unsent_;
     Frames frames_;

@@ -8,10 +8,10 @@
 namespace netrove {
 namespace {
 
-/// More than anybody stores: what the keyring gives beyond is none of ours.
+/// More logons than anybody stores: what the keyring gives beyond that isn't ours.
 constexpr std::size_t MaxLogons = 1000;
 
-/// Takes what stands before the separator, or all there is.
+/// Takes what stands before the separator, or all of the text if there is none.
 QByteArrayView TakeField(QByteArrayView& text, char separator) {
     const qsizetype end = text.indexOf(separator);
     const QByteArrayView field = end < 0 ? text : text.first(end);
@@ -19,7 +19,7 @@ QByteArrayView TakeField(QByteArrayView& text, char separator) {
     return field;
 }
 
-/// Through buffers that are wiped.
+/// Decodes a password; all buffers are wiped.
 Secret DecodedSecret(QByteArrayView encoded) {
     QByteArray bytes(encoded.size(), '\0');
     std::copy(encoded.begin(), encoded.end(), bytes.begin());
@@ -30,7 +30,7 @@ Secret DecodedSecret(QByteArrayView encoded) {
     return secret;
 }
 
-/// Into the buffer itself: Qt's own encoder leaves copies of passwords.
+/// Writes into the buffer itself: Qt's own encoder would leave copies of passwords behind.
 void AppendEncoded(QByteArray& text, QByteArrayView bytes) {
     constexpr char digits[] = "0123456789ABCDEF";
     for (const char byte : bytes) {

@@ -9,7 +9,7 @@
 namespace netrove {
 namespace {
 
-/// Places that are expected at a time. A network has fewer; who lists more is walked all the same.
+/// Places that are expected at a time. A network has fewer; further ones are walked all the same.
 constexpr std::size_t MaxExpected = 2000;
 /// Shares of one computer that are read ahead.
 constexpr std::size_t MaxSharesAhead = 500;
@@ -115,8 +115,8 @@ std::optional<SmbRequest> WalkOrder::FolderOfOnlyComputer() const {
     return folder == steps_.end() ? std::nullopt : std::optional(folder->start.request);
 }
 
-/// Whether a step has something that may be asked ahead: deep in a computer, only when the walk is
-/// there. Files and subfolders that have come to their end go.
+/// Whether a step has something that may be asked ahead: what lies in a folder, only when the walk
+/// is at its computer. Erases a step of files or subfolders with nothing left to ask.
 bool WalkOrder::HasQuestion(Steps::iterator step, bool isNear) {
     if (step->kind == Step::Kind::Place)
         return step->state == State::Waiting && !step->isDropped;
@@ -137,7 +137,7 @@ SmbRequest WalkOrder::RequestOf(const Step& step) const {
     return Below(step, (*step.list.entries)[step.next]).start.request;
 }
 
-/// The place itself, or the next file or subfolder, which becomes a place of its own.
+/// The step itself if it is a place, else its next file or subfolder, made a place of its own.
 WalkOrder::Steps::iterator WalkOrder::PlaceOf(Steps::iterator step) {
     if (step->kind == Step::Kind::Place)
         return step;
@@ -172,7 +172,7 @@ bool WalkOrder::IsEntered(const Step& step, const SmbEntry& entry) const {
                                step.depth);
 }
 
-/// The file or subfolder of that name.
+/// The place for an entry of a step of files or subfolders.
 WalkOrder::Step WalkOrder::Below(const Step& step, const SmbEntry& entry) {
     Step below{.start = step.start, .depth = step.depth, .trail = step.trail};
     SmbRequest& request = below.start.request;
@@ -222,7 +222,7 @@ void WalkOrder::Drop(quint64 id) {
     Count(*step, 1);
 }
 
-/// The shares of the list come after whatever else is known of the computer.
+/// Puts the listed shares after all other steps of the computer.
 void WalkOrder::AddShares(Steps::iterator computer) {
     const auto before = std::find_if(computer, steps_.end(), [&](const Step& step) {
         return step.start.server != computer->start.server;
@@ -249,7 +249,7 @@ void WalkOrder::AddShares(Steps::iterator computer) {
 
 void WalkOrder::AddContents(Steps::iterator folder, const SmbListing& listing) {
     AddSubfolders(folder, listing);
-    AddFiles(folder, *listing); // before those
+    AddFiles(folder, *listing); // added last, so that they come before the subfolders
 }
 
 void WalkOrder::AddFiles(Steps::iterator folder, const SmbEntries& listing) {
@@ -298,7 +298,8 @@ WalkOrder::State WalkOrder::Reach(const QString& key) {
     return step->state;
 }
 
-/// The walk reads the files of a folder before it goes on. One that it hasn't read it won't.
+/// The walk reads the files of a folder before it goes on: those that it hasn't read by now, it
+/// won't read.
 void WalkOrder::DropFilesBefore(Steps::iterator place) {
     for (auto step = steps_.begin(); step != place;) {
         const auto next = std::next(step);
@@ -308,8 +309,8 @@ void WalkOrder::DropFilesBefore(Steps::iterator place) {
     }
 }
 
-/// The walk comes to a file or folder whose turn hadn't come: it takes its place before those that
-/// follow.
+/// The walk has come to a file or folder that isn't a place yet: makes it one, before the entries
+/// that follow it.
 void WalkOrder::PassTo(const QString& key) {
     const bool isFile = key.endsWith(u'\\');
     const QString entryKey = isFile ? key.chopped(1) : key;

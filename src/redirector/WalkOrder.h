@@ -17,14 +17,14 @@
 
 namespace netrove {
 
-/// What a walk will ask for, in the order in which it does: depth first, as the listings have it,
-/// and what is read of a folder's files before its subfolders. It tells what is to be asked next,
-/// keeps what has been answered until the walk comes to it, and grows with each answer. Places have
-/// names by FolderKeys.h. Used under its owner's lock.
+/// What a walk will ask for, in the walk's order: depth first, in the order of the listings, and
+/// what is read of a folder's files before its subfolders. It tells what is to be asked next, keeps
+/// what has been answered until the walk comes to it, and grows with each answer. Places are named
+/// by FolderKeys.h. Used under its owner's lock.
 class WalkOrder {
 public:
-    /// What may wait unused before nothing more is asked for. Of it, half is for the computer that
-    /// the walk is at.
+    /// How much may wait unused before nothing more is asked for. Half of it is reserved for the
+    /// computer that the walk is at.
     struct Limits {
         std::size_t answers = 1000;
         qint64 bytes = 40'000'000; ///< as MemoryOf counts
@@ -32,14 +32,14 @@ public:
 
     /// A place to begin at.
     struct Start {
-        SmbRequest request; ///< ListShares, ListFolder, or Read for whatever is read of a file
+        SmbRequest request; ///< ListShares, ListFolder, or Read for all that is read of a file
         QString server;     ///< a name for the server that it goes to
         QString key;
         QString path; ///< a computer's remote name, a folder's path with its closing "\", a file's
-        qsizetype nodeLength = 0; ///< as WalkPlan::EntersFolder has it
+        qsizetype nodeLength = 0; ///< as in WalkPlan::EntersFolder
     };
 
-    /// The number of no question.
+    /// A number that no question has.
     static constexpr quint64 NoQuestion = 0;
 
     struct Question {
@@ -49,7 +49,7 @@ public:
         QString path = {};  ///< of a file
     };
 
-    /// Whether a request may be sent now; so many wait for its server, with this one.
+    /// Whether a request may be sent now; `waiting` requests wait for its server, with this one.
     using Grant = std::function<bool(const SmbRequest& request, std::size_t waiting)>;
 
     explicit WalkOrder(std::shared_ptr<const WalkPlan> plan)
@@ -60,51 +60,51 @@ public:
     /// Puts places before all others.
     void Expect(const std::vector<Start>& starts);
 
-    /// Takes out a place and all that lies below.
+    /// Takes out a place and all that lies below it.
     void Forget(const QString& key);
 
-    /// The nearest question that isn't asked yet and may be.
+    /// The nearest question that hasn't been asked yet and may be asked now.
     [[nodiscard]] std::optional<Question> Next(const Grant& grant);
 
     /// The next folder, where the walk has only one computer to go through.
     [[nodiscard]] std::optional<SmbRequest> FolderOfOnlyComputer() const;
 
-    /// The answer to a question. What lies in it comes right after it.
+    /// Takes the answer to a question. The places that it lists come right after its own.
     void Answer(quint64 id, SmbList answer);
     /// The question has come to nothing: the walk will ask itself.
     void Drop(quint64 id);
 
     enum class State {
-        Unknown, ///< nobody expects the walk there
-        Waiting, ///< isn't asked yet
+        Unknown, ///< the walk isn't expected there
+        Waiting, ///< hasn't been asked yet
         Asked,
         Answered,
     };
-    /// How far the place is to which the walk has come. Those before it in the same folder are
-    /// passed over, and so are all files before it.
+    /// The state of the place that the walk has come to. Entries before it in the same folder are
+    /// passed over, and so are all files of its server before it.
     [[nodiscard]] State Reach(const QString& key);
-    /// The walk asks itself; gives the question's number. The place must wait.
+    /// The walk asks itself; returns the question's number. The place's state must be Waiting.
     [[nodiscard]] quint64 Ask(const QString& key);
-    /// Gives out what was answered, and forgets it. The place must have an answer.
+    /// Gives out the place's answer, and forgets the place. Its state must be Answered.
     [[nodiscard]] SmbList Take(const QString& key);
 
 private:
-    /// A place, or what is left of a folder's files that are read, or of its subfolders.
+    /// A place, or the rest of the files that are read of a folder, or the rest of its subfolders.
     struct Step {
         enum class Kind { Place, Files, Subfolders };
 
         Kind kind = Kind::Place;
         State state = State::Waiting;
-        bool isDropped = false; ///< only the walk itself asks
+        bool isDropped = false; ///< left to the walk itself to ask
         quint64 id = 0;
         Start start;
         int depth = 0;
-        FolderTrail trail = {}; ///< to the place, or to what lies in it
-        SmbEntry file = {};     ///< of a place that is one
+        FolderTrail trail = {}; ///< to the place, or to the files or subfolders
+        SmbEntry file = {};     ///< of a place that is a file
         SmbList list = {};
-        qint64 bytes = 0;     ///< that its answer takes
-        std::size_t next = 0; ///< of the entries whose turn hasn't come
-        qsizetype left = 0;   ///< files or folders among those
+        qint64 bytes = 0;     ///< which its answer takes
+        std::size_t next = 0; ///< index of the first entry whose turn hasn't come
+        qsizetype left = 0;   ///< number of files or folders from there on
 
         [[nodiscard]] bool IsOfFiles() const {
             return kind == Kind::Files || start.request.kind == SmbRequest::Kind::Read;
@@ -142,7 +142,7 @@ private:
     QHash<QString, qsizetype> waiting_;          ///< by server
     Junctions junctions_;
     quint64 lastId_ = 0;
-    std::size_t unused_ = 0; ///< answers
+    std::size_t unused_ = 0; ///< answers that the walk hasn't come to
     qint64 unusedBytes_ = 0;
 };
 

@@ -11,7 +11,7 @@ inline constexpr quint32 Hidden = 2;
 inline constexpr quint32 System = 4;
 inline constexpr quint32 Directory = 16;
 inline constexpr quint32 Archive = 32;
-/// A junction, a link or another point where the tree leaves itself ([MS-FSCC] 2.6).
+/// A junction, a link or another point that leads out of the tree ([MS-FSCC] 2.6).
 inline constexpr quint32 ReparsePoint = 0x400;
 /// The content lies on slow storage: opening the file would fetch it ([MS-FSCC] 2.6).
 inline constexpr quint32 Offline = 0x1000;

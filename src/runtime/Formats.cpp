@@ -26,7 +26,7 @@ NumberFormat ParsedFormat(const QString& format) {
     return {.wholeDigits = wholeDigits, .decimals = zeros - wholeDigits};
 }
 
-/// A number of decimal digits, one more.
+/// A number, given by its decimal digits, plus one.
 QString Incremented(QString digits) {
     qsizetype at = digits.size();
     while (at > 0 && digits[at - 1] == u'9')
@@ -37,7 +37,7 @@ QString Incremented(QString digits) {
     return digits;
 }
 
-/// A date part in at least as many digits as letters stand for it.
+/// A part of a date in at least `width` digits.
 QString Padded(int value, qsizetype width) {
     return QString::number(value).rightJustified(width, u'0');
 }
@@ -67,7 +67,7 @@ bool IsDateLetter(QChar letter) {
     return u"MDYHNS"_s.contains(letter, Qt::CaseInsensitive);
 }
 
-/// What a run of a date letter stands for.
+/// The text that a run of a date letter stands for.
 QString DatePart(const QDateTime& value, QChar letter, qsizetype width) {
     switch (letter.unicode()) {
     case u'M':

@@ -7,7 +7,7 @@
 namespace netrove {
 namespace {
 
-/// As its upper case is: what the user types is turned into that before it is looked up.
+/// Folds the character's upper case: what the user types is made upper case before it is looked up.
 QChar Folded(QChar character) {
     return character.toUpper().toCaseFolded();
 }

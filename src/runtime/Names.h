@@ -10,18 +10,18 @@ namespace netrove {
 /// ends the path early.
 [[nodiscard]] bool IsLocalPathElement(QStringView text);
 
-/// Whether a text may be a name in a network path (\\SERVER\SHARE\FOLDER\FILE): what may stand in a
-/// local path, without a "\". Names from servers, listings, files and the user pass this test
+/// Whether a text may be a name in a network path (\\SERVER\SHARE\FOLDER\FILE): an element of a
+/// local path without a "\". Names from servers, listings, files and the user must pass this test
 /// before they become part of a path, an address or a request; a hostile one would lead out of the
-/// share or folder that is meant. Places with rules of their own (a copy's target, a computer's
-/// name) ask here first.
+/// share or folder that is meant. Checks with further rules (for a copy's target, a computer's
+/// name) use this one first.
 [[nodiscard]] bool IsPathElement(QStringView text);
 
 /// Whether a text may be the name of a computer, a workgroup or a provider: a name in a network
-/// path without the "|" that joins such names.
+/// path without a "|", which joins such names.
 [[nodiscard]] bool IsNodeName(QStringView text);
 
-/// What the names of computers, workgroups, shares and providers are known by: names that differ in
+/// The key for looking up a name of a computer, workgroup, share or provider: names that differ in
 /// case alone have the same key. Each character is folded by itself, as SMB servers compare names:
 /// "STRASSE" isn't "Straße".
 [[nodiscard]] QString NameKey(const QString& name);
@@ -32,8 +32,8 @@ namespace netrove {
 /// The longest names.
 namespace NameLimits {
 
-/// Characters of a node's remote name (\\SERVER\SHARE), and of each other text of its record: what
-/// the tree of the network keeps of them. Longer ones would be cut, and mean another place.
+/// Characters that the tree of the network keeps of a node's remote name (\\SERVER\SHARE), and of
+/// each other text of its record. A longer one would be cut, and then mean another place.
 constexpr qsizetype RemoteName = 255;
 
 /// Bytes of a file's name: NAME_MAX of limits.h, which all usual file systems keep to.
@@ -42,7 +42,7 @@ constexpr qsizetype FileBytes = 255;
 /// Characters of one label of a host's name (RFC 1035, 2.3.4).
 constexpr qsizetype HostLabel = 63;
 
-/// Bytes of a NetBIOS name without the one that tells its type (RFC 1001, 5.2).
+/// Bytes of a NetBIOS name without the byte that tells its type (RFC 1001, 5.2).
 constexpr qsizetype NetBiosBytes = 15;
 
 /// Bytes of a logon's user, domain or password: more than any server takes.

@@ -40,7 +40,7 @@ void Pattern::Compile() {
     segments_.back().end = static_cast<qsizetype>(elements_.size());
 }
 
-/// Closes the running segment at an asterisk and begins the next. Of asterisks in a row, one does.
+/// Closes the current segment at an asterisk and begins the next. Asterisks in a row count as one.
 void Pattern::EndSegment() {
     const auto here = static_cast<qsizetype>(elements_.size());
     Segment& running = segments_.back();
@@ -49,7 +49,7 @@ void Pattern::EndSegment() {
         segments_.push_back({here, here});
 }
 
-/// Takes the list whose "[" stands before `begin`; gives the place of its "]".
+/// Takes the list whose "[" stands before `begin`; returns the place of its "]".
 qsizetype Pattern::CompileList(qsizetype begin) {
     const qsizetype end = text_.indexOf(u']', begin);
     if (end < 0) {
@@ -99,7 +99,7 @@ bool Pattern::ElementMatches(const Element& element, char16_t folded) const {
     return false;
 }
 
-/// Whether the characters from `name` on, as many as the segment is long, match it.
+/// Whether the characters at `name`, as many as the segment has elements, match it.
 bool Pattern::MatchesAt(const Segment& segment, const QChar* name) const {
     for (qsizetype at = segment.begin; at < segment.end; ++at, ++name) {
         if (!ElementMatches(elements_[static_cast<size_t>(at)], Folded(*name)))

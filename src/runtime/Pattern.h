@@ -7,9 +7,10 @@
 
 namespace netrove {
 
-/// A file name pattern: "*" any run of characters, "?" any one character, "#" any digit (0 to 9),
-/// [list] and [!list] one character in or not in a list, all else itself, "]" outside a list
-/// included. It matches whole names, without regard to case. A character is a UTF-16 unit.
+/// A file name pattern: "*" stands for any run of characters, "?" for any one character, "#" for
+/// any digit (0 to 9), [list] and [!list] for one character that is in the list or isn't, and
+/// anything else for itself, including "]" outside a list. It matches whole names, without regard
+/// to case. A character is a UTF-16 unit.
 ///
 /// In a list, a-f is a range by the codes of the case-folded characters; "-" is itself where it
 /// can't be the middle of a range (first, last, behind a range), and so are "*", "?", "#", "["
@@ -20,8 +21,8 @@ namespace netrove {
 class Pattern {
 public:
     Pattern() : Pattern(QString()) {}
-    /// Takes any text; one that is no valid pattern ("[" without its "]", a range from high to
-    /// low) fails at its first test.
+    /// Takes any text; if it isn't a valid pattern ("[" without its "]", a range from high to low),
+    /// each test fails.
     explicit Pattern(const QString& text);
 
     [[nodiscard]] const QString& Text() const { return text_; }
@@ -35,12 +36,12 @@ private:
         char16_t high;
     };
 
-    /// What stands for exactly one character of a name.
+    /// A part of the pattern that stands for exactly one character of a name.
     struct Element {
         enum class Kind : quint8 { Any, Digit, Character, InList, NotInList };
         Kind kind = Kind::Any;
         char16_t character = 0; ///< folded
-        /// Its ranges in ranges_; a single character is a range of one.
+        /// Of a list: its ranges in ranges_; a single character is a range of one.
         quint32 firstRange = 0;
         quint32 endRange = 0;
     };
@@ -64,7 +65,7 @@ private:
     std::vector<Element> elements_;
     std::vector<Range> ranges_;
     std::vector<Segment>
-        segments_; ///< one more than there are asterisks; the middle ones not empty
+        segments_; ///< one more than there are runs of asterisks; the middle ones aren't empty
 };
 
 } // namespace netrove

@@ -5,7 +5,7 @@
 
 namespace netrove {
 
-/// The version of the program, as in "0.99.5": the one of the build.
+/// The version of the program, as in "0.99.5", set at build time.
 [[nodiscard]] QString ProgramVersion();
 
 /// The day of its release.

@@ -38,13 +38,13 @@ enum class ErrorNumber : int {
     KeyNotFound = 35601,
 };
 
-/// The description of a run-time failure; a number without one of its own has
-/// "Application-defined or object-defined error". In English, for texts that stay so; a failure has
-/// it in the user's language.
+/// The description of a run-time failure; for a number without one of its own it is
+/// "Application-defined or object-defined error". It is in English, for texts that stay English; a
+/// RunTimeError has it in the user's language.
 [[nodiscard]] QString ErrorDescription(int number);
 
-/// A run-time failure: raised where a rule says that an operation fails, caught at the place that
-/// the rules call a trap.
+/// A run-time failure: raised by an operation that fails, caught at the places called traps
+/// (Dialogs::Trap for one).
 class RunTimeError : public std::exception {
     Q_DECLARE_TR_FUNCTIONS(RunTimeError)
 
@@ -62,11 +62,12 @@ private:
     QByteArray what_;
 };
 
-/// The failure that is being handled, called inside a catch: a RunTimeError as it is, a lack of
-/// memory as ErrorNumber::OutOfMemory, any other exception as ErrorNumber::InternalError.
+/// The failure that is being handled; to be called inside a catch. A RunTimeError stays as it is;
+/// lack of memory becomes ErrorNumber::OutOfMemory, any other exception
+/// ErrorNumber::InternalError.
 [[nodiscard]] RunTimeError CurrentFailure();
 
-/// Takes a step; gives what it failed with, nothing where it hasn't.
+/// Takes a step; returns what it failed with, or nothing if it succeeded.
 template <typename Step>
 std::optional<RunTimeError> FailureOf(Step step) {
     try {

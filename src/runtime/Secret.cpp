@@ -18,7 +18,7 @@ struct Secret::Pages {
             throw std::bad_alloc();
         data = static_cast<char*>(memory);
         madvise(data, size, MADV_DONTDUMP);
-        mlock(data, size); // refused beyond the user's share, which harms nothing
+        mlock(data, size); // may be refused beyond the user's limit, which does no harm
         std::memcpy(data, bytes.data(), static_cast<std::size_t>(length));
     }
     Pages(const Pages&) = delete;
@@ -42,7 +42,7 @@ QByteArrayView Secret::Bytes() const {
     return pages_ ? QByteArrayView(pages_->data, pages_->length) : QByteArrayView("");
 }
 
-// Through data() a shared text would be copied first, and the copy overwritten.
+// Not through data(): that would copy a shared text first, and the copy would be overwritten.
 
 void Wipe(QByteArray& bytes) {
     explicit_bzero(const_cast<char*>(bytes.constData()), // NOLINT: see above

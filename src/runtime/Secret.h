@@ -8,15 +8,15 @@
 
 namespace netrove {
 
-/// A password. Its bytes lie in memory of their own, which no core file and, where the system
-/// allows it, no swap gets, and which is wiped when the last copy of the object goes: copies share
-/// it. Safe in several threads, as nothing changes it.
+/// A password. Its bytes lie in memory of their own, which goes into no core file and, if the
+/// system allows it, into no swap. Copies of the object share that memory; it is wiped when the
+/// last one goes. May be used by several threads at once, as nothing changes it.
 class Secret {
 public:
     Secret() = default; ///< an empty one
     explicit Secret(QByteArrayView bytes);
 
-    /// Valid as long as this object; there is a zero character behind the last one.
+    /// Valid while this object exists; a zero byte follows the last one.
     [[nodiscard]] QByteArrayView Bytes() const;
     [[nodiscard]] bool IsEmpty() const { return !pages_; }
 
@@ -29,8 +29,8 @@ private:
     std::shared_ptr<const Pages> pages_; ///< null for an empty one
 };
 
-/// Overwrites what a text holds, where others share it theirs too, and empties it. For what had to
-/// be in an ordinary text for a moment.
+/// Overwrites the content of a text, also for other texts that share it, and empties the text. For
+/// passwords that had to be in an ordinary text for a moment.
 void Wipe(QByteArray& bytes);
 void Wipe(QString& text);
 

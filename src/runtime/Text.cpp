@@ -13,8 +13,8 @@ namespace netrove {
 
 namespace {
 
-/// A text with each of its characters put through `map`; one whose image is of another length in
-/// UTF-16 stays.
+/// A text with each of its characters replaced by `map`; a character whose replacement has another
+/// length in UTF-16 stays.
 QString Mapped(QStringView text, char32_t (*map)(char32_t)) {
     QString result = text.toString();
     for (qsizetype at = 0; at < result.size(); ++at) {
@@ -40,7 +40,7 @@ char32_t UpperCharacter(char32_t character) {
     return QChar::toUpper(character);
 }
 
-/// The order of the locale that is set now; making a collator is dear, so each thread keeps one.
+/// The order of the locale that is set now. As making a collator is dear, each thread keeps one.
 const QCollator& LocaleOrder() {
     thread_local QLocale locale;
     thread_local QCollator collator{locale.collation()};
@@ -55,7 +55,7 @@ bool IsDigit(QChar character) {
     return character >= u'0' && character <= u'9';
 }
 
-/// The value of a hexadecimal digit; more than any for other characters.
+/// The value of a hexadecimal digit; for any other character a greater value.
 int DigitValue(QChar character) {
     if (IsDigit(character))
         return character.unicode() - u'0';
@@ -113,7 +113,7 @@ private:
         if (!found_)
             return 0;
         TakeExponent(number);
-        // QByteArray gives 0 where the number is too big for a double, this the infinity.
+        // If the number is too big for a double, this gives infinity, where QByteArray gives 0.
         return Checked(QLocale::c().toDouble(QString::fromLatin1(number)));
     }
 
@@ -160,7 +160,7 @@ Whole Rounded(double number) {
     return static_cast<Whole>(rounded);
 }
 
-/// The number that a text is, with nothing around it.
+/// The number that a text is, which may hold nothing else.
 double NumberOf(QStringView text) {
     NumberScanner scanner(text);
     const double value = scanner.Scan();

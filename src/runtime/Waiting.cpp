@@ -40,7 +40,7 @@ bool Waiting::ForTime() {
     return false;
 }
 
-/// Serves the display where that is due.
+/// Whether the wait goes on. Serves the display if that is due.
 bool Waiting::GoesOn() {
     if (stop_.stop_requested())
         return false;

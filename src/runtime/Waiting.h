@@ -13,28 +13,28 @@
 namespace netrove {
 
 /// One wait, in small steps between which WhileWaiting() is called, so that the window goes on
-/// painting. It is given up where WhileWaiting() or the stop token says so.
+/// painting. It is given up when WhileWaiting() or the stop token says so.
 class Waiting {
 public:
     using Clock = std::chrono::steady_clock;
     using Time = std::chrono::milliseconds;
-    /// Asked in each step: 0, or an errno to end the wait with as there is no sense in it.
+    /// Called in each step: returns 0, or an errno to end a wait that has become pointless.
     using Check = std::function<int()>;
 
-    /// Without a limit of time.
+    /// Without a time limit.
     explicit Waiting(std::stop_token stop = {}) : stop_(std::move(stop)) {}
     explicit Waiting(Time limit, std::stop_token stop = {}, Check check = {})
         : end_(Clock::now() + limit), check_(std::move(check)), stop_(std::move(stop)) {}
 
-    /// From now on there is the limit again.
+    /// The time limit counts from now on.
     void Restart(Time limit) { end_ = Clock::now() + limit; }
 
-    /// 0 where one of the descriptors is ready, ETIMEDOUT where the limit has passed, ECANCELED
-    /// where the wait is given up, or what the check says.
+    /// Waits until one of the descriptors is ready: returns 0 then, ETIMEDOUT if the limit has
+    /// passed, ECANCELED if the wait is given up, or what the check returned.
     [[nodiscard]] int ForDescriptors(std::span<pollfd> descriptors);
 
-    /// Waits for a notice, one step at most. False where the wait is given up. The lock is let go
-    /// of meanwhile.
+    /// Waits for a notice, one step at most. False where the wait is given up. The lock is released
+    /// meanwhile.
     [[nodiscard]] bool ForNotice(std::condition_variable& notice,
                                  std::unique_lock<std::mutex>& lock);
 
@@ -42,7 +42,7 @@ public:
     [[nodiscard]] bool ForTime();
 
 private:
-    /// How long a wait leaves the display alone.
+    /// How often a wait calls WhileWaiting().
     static constexpr Time Step{20};
 
     [[nodiscard]] bool GoesOn();

@@ -9,7 +9,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Short enough that no key press feels late, long enough that passes cost a busy job little.
+/// Short enough that no key press feels late, long enough that passes hardly slow down a job.
 constexpr std::chrono::milliseconds PassInterval{5};
 
 struct Passes {
@@ -17,15 +17,15 @@ struct Passes {
     std::function<bool()> waiting;
 };
 
-// A thread has its own, so that a helper thread which yields never runs the window's events. What
-// every call looks at is apart from the functions, which need construction.
+// Each thread has its own, so that a helper thread which yields never runs the window's events.
+// What every call reads is kept apart from the functions, which need to be constructed.
 thread_local Passes passes;
 thread_local Clock::time_point nextPass = Clock::time_point::min();
 thread_local bool passAlways = false;
 
 void MakePass() {
-    // The first setting is for yields inside the pass; the second gives the job its share
-    // of time after a pass that took long.
+    // Set here for yields inside the pass, and again below, so that the job gets its share of time
+    // after a pass that took long.
     nextPass = Clock::now() + PassInterval;
     // A copy, as the pass may set another one.
     if (const std::function<void()> pass = passes.yield)

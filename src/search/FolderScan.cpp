@@ -20,7 +20,7 @@ QString SearchPath(const QString& folderPath) {
     return folderPath + "*.*"_L1;
 }
 
-/// Runs a step whose failure, of whatever kind, is passed over.
+/// Runs a step and passes over any failure of it.
 template <typename Step>
 void Skipping(const Step& step) {
     static_cast<void>(FailureOf(step));
@@ -46,7 +46,7 @@ void FolderScan::WalkFolders(WalkRecord& record) {
     } while (find->FindNext(entry));
 }
 
-/// Gives false when the walk has been abandoned.
+/// Returns false if the walk has been abandoned.
 bool FolderScan::WalkEntry(WalkRecord& record, const QString& folderPath, const FindData& entry) {
     Yield();
     if (context_.AbandonRequested)
@@ -83,7 +83,7 @@ void FolderScan::ScanFiles(const WalkRecord& record) {
     const auto find = context_.services.files.FindFirst(SearchPath(folderPath), entry);
     if (!find)
         return;
-    // From the first match of a folder on, a failing step is passed over.
+    // From the first match in a folder on, failing steps are passed over.
     bool skipping = false;
     do {
         Yield();
@@ -94,7 +94,7 @@ void FolderScan::ScanFiles(const WalkRecord& record) {
     } while (find->FindNext(entry));
 }
 
-/// Tests one file and reports it if it matches; gives whether it did.
+/// Tests one file and reports it if it matches; returns whether it did.
 bool FolderScan::ScanEntry(const QString& folderPath, const FindData& entry, bool skipping) {
     const QString name = CutAtZero(entry.fileName);
     Yield();

@@ -6,15 +6,15 @@
 
 namespace netrove {
 
-/// Handed down a walk through folders.
+/// What a walk through folders hands on from folder to folder.
 struct WalkRecord {
     bool Recurse = false; ///< go into subfolders
     QString Root;         ///< the folder that the next WalkFolders takes
 };
 
-/// The walk through the folders below a share: files of a folder first, then each of its
+/// The walk through the folders below a share: the files of a folder first, then each of its
 /// subfolders, depth first, in the order in which the server lists them. Folders that can't be
-/// listed are passed over in silence.
+/// listed are silently passed over.
 class FolderScan {
 public:
     /// Levels of folders that a walk goes down. No path of a real server is that deep; a hostile

@@ -15,7 +15,7 @@ namespace netrove {
 
 namespace {
 
-/// All of a comma-separated list.
+/// The patterns of a comma-separated list.
 std::vector<Pattern> Patterns(const QString& fileName) {
     std::vector<Pattern> patterns;
     for (const QString& piece : fileName.split(u','))
@@ -170,7 +170,7 @@ NWSearch::Next NWSearch::ActOnShare(const NetResource& node) {
     return context_.AbandonRequested ? Next::Leave : Next::WalkChildren;
 }
 
-/// Whether there is an entry that keeps a node out, which goes to the log.
+/// Whether an entry keeps a node out; if so, writes it to the log.
 bool NWSearch::IsExcluded(const QString* entry, QLatin1String logLine) {
     if (entry == nullptr)
         return false;
@@ -188,8 +188,8 @@ void NWSearch::WalkChildren(NetResource& node) {
             return child->ResourceType() == ResourceType::Server;
         }));
     ahead_->Expect(*children);
-    // The trap serves once, for whatever failure: a second one among these children goes up to the
-    // next level.
+    // The trap catches one failure, of whatever kind: a second one among these children goes up to
+    // the next level.
     bool trapArmed = true;
     for (const auto& child : *children) {
         try {

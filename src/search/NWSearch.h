@@ -15,10 +15,10 @@
 
 namespace netrove {
 
-/// The search engine: walks the network downwards from a start node, decides at each node what is
-/// to be done with it, and reports every matching file. One object serves one search; it runs on
-/// the caller's thread and yields to the event loop all the time. It shows no message: what can't
-/// be listed or entered gives no files.
+/// The search engine: walks the network downwards from a start node, decides at each node what to
+/// do with it, and reports every matching file. One object serves one search; it runs on the
+/// caller's thread and yields to the event loop very often. It shows no messages: what can't be
+/// listed or entered gives no files.
 class NWSearch {
 public:
     explicit NWSearch(const SearchServices& services);
@@ -26,7 +26,7 @@ public:
     NWSearch& operator=(const NWSearch&) = delete;
     ~NWSearch() = default;
 
-    /// The file with this full path matches. A handler may call Abandon().
+    /// Raised for each file that matches, with its full path. A handler may call Abandon().
     std::function<void(const QString& netPath)> ItemFound;
     /// The walk has reached this place. Raised very often.
     std::function<void(const QString& netPath)> SearchUpdate;
@@ -36,33 +36,33 @@ public:
 
     /// Searches for files whose names match one of the comma-separated patterns of `fileName`,
     /// from `networkStartPoint` down; returns when the walk has ended. Raises
-    /// ErrorNumber::ObjectNotSet for an empty reference, and any failure that no walk over
-    /// children has caught.
+    /// ErrorNumber::ObjectNotSet if that is null, and any failure that no walk over children has
+    /// caught.
     void BeginSearch(const QString& fileName,
                      const std::shared_ptr<NetResource>& networkStartPoint);
 
     [[nodiscard]] bool RecurseFolders() const { return recurseFolders_; }
     void SetRecurseFolders(bool recurse) { recurseFolders_ = recurse; }
 
-    /// Whether GetResult() knows the matches, as at first. Who takes them from ItemFound alone
-    /// turns that off, as it takes memory for each.
+    /// Whether matches are kept for GetResult(). True at first; a caller that takes them from
+    /// ItemFound alone turns it off, as each one takes memory.
     [[nodiscard]] bool KeepResults() const { return context_.KeepResults; }
     void SetKeepResults(bool keep) { context_.KeepResults = keep; }
 
-    /// For callers that don't listen to ItemFound; both programs do. The path of a match, by its
-    /// number from 1 to NumResults(), after a yield; empty for any other number.
+    /// The path of a match, by its number from 1 to NumResults(), after a yield; empty for any
+    /// other number. For callers that don't listen to ItemFound; both programs do.
     [[nodiscard]] QString GetResult(qint32 resultNumber) const;
     [[nodiscard]] qint32 NumResults() const;
 
-    /// Computers that the walk has come to; all but the last are done.
+    /// The number of computers that the walk has come to; all but the last are done.
     [[nodiscard]] int ReachedComputers() const { return reachedComputers_; }
-    /// Those that it knows of, from the lists that it has read so far.
+    /// The number of computers that the walk knows of, from the lists that it has read so far.
     [[nodiscard]] int KnownComputers() const {
         return std::max(knownComputers_, reachedComputers_);
     }
 
-    /// Whether the walk has looked for computers to the end, in lists that are empty, and knows of
-    /// none.
+    /// Whether the walk has looked for computers to its end and knows of none, having met an empty
+    /// list of them.
     [[nodiscard]] bool FoundNobody() const {
         return hasEmptyList_ && KnownComputers() == 0 && !context_.AbandonRequested;
     }
@@ -89,7 +89,7 @@ private:
     bool recurseFolders_ = false;
     int reachedComputers_ = 0;
     int knownComputers_ = 0;
-    bool hasEmptyList_ = false; ///< of computers or what contains them
+    bool hasEmptyList_ = false; ///< a list of computers, or of what contains them, was empty
 };
 
 } // namespace netrove

@@ -7,7 +7,7 @@
 namespace netrove {
 
 /// How much of the network a search hasn't seen, as "3 computers, 1 share not searched" or "No
-/// computer found"; empty where there is nothing to tell.
+/// computer found"; empty if there is nothing to report.
 [[nodiscard]] QString NotSearchedText(const NetworkReport& report);
 
 } // namespace netrove

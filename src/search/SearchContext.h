@@ -21,8 +21,8 @@ struct SearchServices {
     const Settings& settings;
     const ExclusionLists& exclusions;
     TroubleshootingLog& log;
-    ReadAhead* ahead = nullptr; ///< who fetches what the walk will ask for, if anybody does
-    NetworkEnumeration* network = nullptr; ///< what knows which computer is this one
+    ReadAhead* ahead = nullptr;            ///< null if nothing is read ahead
+    NetworkEnumeration* network = nullptr; ///< tells which computer is this one; may be null
     FileReading reading = {};
 };
 

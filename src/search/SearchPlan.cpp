@@ -45,7 +45,7 @@ QStringList SearchPlan::AdminShares() const {
     return settings_.IncludeAdminShares ? AdminShareNames() : QStringList();
 }
 
-/// What a walk with an invalid pattern finds all the same isn't read ahead.
+/// False if a pattern is invalid: the walk may still find files then, but they aren't read ahead.
 bool SearchPlan::ReadsFile(const QString& name) const {
     if (!reading_.reads || !reading_.reads(name))
         return false;

@@ -10,8 +10,8 @@
 
 namespace netrove {
 
-/// What a search goes into and reads, by its settings, exclusions and patterns as they were at its
-/// start.
+/// What a search goes into and reads, by the settings, exclusions and patterns that it started
+/// with.
 class SearchPlan : public WalkPlan {
 public:
     SearchPlan(const SearchServices& services, std::vector<Pattern> patterns, bool recurse);
@@ -26,7 +26,7 @@ public:
     [[nodiscard]] bool ReadsFile(const QString& name) const override;
     void ReadFile(FileAccess& files, const QString& path) const override;
 
-    /// Whether a computer is the one that the program runs on, by its name or else its address.
+    /// Whether a computer is the one that the program runs on, by its name or its address.
     [[nodiscard]] static bool IsCurrentComputer(const Settings& settings,
                                                 NetworkEnumeration* network,
                                                 const QString& remoteName);

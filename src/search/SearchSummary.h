@@ -10,7 +10,7 @@ namespace netrove {
 [[nodiscard]] QString FilesInSeconds(qint64 files, qint64 seconds);
 
 /// How a search ended, as a sentence for the user: "Returned 12 files in 5 seconds. (Max return is
-/// set to 5000)". Without a cap on the files the bracket is left out.
+/// set to 5000)". Without a cap on the files the part in parentheses is left out.
 [[nodiscard]] QString SearchSummary(bool aborted, qint64 files, qint64 seconds,
                                     std::optional<qint32> maxReturnFiles);
 

@@ -16,7 +16,7 @@ class TroubleshootingLog {
 public:
     explicit TroubleshootingLog(const Settings& settings) : settings_(settings) {}
 
-    /// Opens the file for output; what it held is lost. Raises ErrorNumber::PathFileAccessError.
+    /// Opens the file for writing; what it held is lost. Raises ErrorNumber::PathFileAccessError.
     void Open(const QString& path);
     void Close() { file_.close(); }
 
@@ -27,7 +27,8 @@ public:
     /// forge a line.
     void PrintBlock(const QStringList& lines);
 
-    /// Writes the block of a node of the network, under this head line. Yields if the log is on.
+    /// Writes a block that describes a node of the network, beginning with the line `head`. Yields
+    /// if the log is on.
     void PrintNode(const QString& head, const NetResource& node);
 
 private:

@@ -45,7 +45,7 @@ void WalkAhead::Leave(const NetResource& node) {
     }
 }
 
-/// What is known of the tree from earlier walks isn't asked again, but walked.
+/// Parts of the tree that are known from earlier walks aren't asked for again, but are walked.
 void WalkAhead::AddPlaces(const NetResource& node, std::vector<WalkPlace>& places) const {
     const QString& name = node.RemoteName();
     switch (node.ResourceType()) {

@@ -9,19 +9,20 @@
 
 namespace netrove {
 
-/// Tells the reader ahead of a search, as long as it lives, which nodes the walk comes to.
+/// Tells whoever reads ahead of a search which nodes the walk will come to. The walk begins with
+/// the constructor and ends with the destructor.
 class WalkAhead {
 public:
-    /// Without a reader, does nothing.
+    /// Does nothing if `reader` is null.
     WalkAhead(ReadAhead* reader, std::shared_ptr<const SearchPlan> plan);
     WalkAhead(const WalkAhead&) = delete;
     WalkAhead& operator=(const WalkAhead&) = delete;
     ~WalkAhead();
 
-    /// The walk comes to the node, or to each of the nodes.
+    /// The walk will come to the node, or to each of the nodes.
     void Expect(const NetResource& node);
     void Expect(const NetResources& nodes);
-    /// It has been there.
+    /// The walk has been at the node.
     void Leave(const NetResource& node);
 
 private:

@@ -7,7 +7,7 @@ namespace netrove {
 void ComputerPanel::Show(int done, int known) {
     if (known < 2)
         return;
-    // The panel has room for three digits.
+    // Only the number: the panel has room for three digits.
     stbStatus_.SetText(Number, QString::number(known - done));
     stbStatus_.SetToolTipText(Number,
                               tr("%n computers done, %1 left", nullptr, done).arg(known - done));
@@ -32,7 +32,7 @@ void ComputerPanel::Clear() {
     SetWidth(width_);
 }
 
-/// The panels' sum stays what it is.
+/// Keeps the sum of the panels' widths.
 void ComputerPanel::SetWidth(int twips) {
     const int more = twips - stbStatus_.MinWidth(Number);
     if (more == 0)

@@ -6,23 +6,23 @@
 
 namespace netrove {
 
-/// The third panel of the status bar: how many of the computers a search still has before it, with
-/// the one that it is at, and after it what it hasn't seen of the network.
+/// The third panel of the status bar. During a search it shows how many computers are left,
+/// including the current one; after the search, what the search hasn't seen of the network.
 class ComputerPanel {
     Q_DECLARE_TR_FUNCTIONS(ComputerPanel)
 
 public:
     static constexpr int Number = 3;
 
-    /// The panel has the width that it is to have during searches.
+    /// The panel's present width is the one that it has during searches.
     explicit ComputerPanel(StatusBar& stbStatus)
         : stbStatus_(stbStatus), width_(stbStatus.MinWidth(Number)) {}
 
-    /// `known` counts the done ones too. Where there is but one, there is nothing to tell.
+    /// `known` includes the computers that are done. Does nothing if there is only one.
     void Show(int done, int known);
 
-    /// Shows what wasn't searched, until Clear(); the panel takes what room it needs for that from
-    /// the one before it. A click on it leads further.
+    /// Shows what wasn't searched, until Clear(); the panel takes the room that it needs for that
+    /// from the panel before it. A click on the panel shows the details.
     void Tell(const QString& notSearched);
 
     void Clear();

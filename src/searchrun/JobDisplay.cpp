@@ -51,7 +51,7 @@ void JobDisplay::EnableButtons(bool bs, EnType enType) {
 
 void JobDisplay::Show(JobKind kind) {
     EnableButtons(false, TypeOf(kind));
-    // What the last search hasn't seen.
+    // Removes what the last search hasn't seen.
     computers_.Clear();
     if (!IsLong(kind))
         return;

@@ -13,13 +13,13 @@ namespace netrove {
 
 /// What EnableButtons does with the abort button.
 enum class EnType : qint16 {
-    WithAbandon = 1,    ///< it goes with the other controls
-    WithoutAbandon = 2, ///< it is left alone
+    WithAbandon = 1,    ///< switch it with the other controls
+    WithoutAbandon = 2, ///< leave it as it is
 };
 
-/// What the window shows of the current job. While one is shown, the controls are off that could
-/// start another or change what it reads; a long job has the abort button, and its word in the
-/// status bar.
+/// What the window shows of the current job. While a job is shown, the controls that could start
+/// another one, or change what it reads, are disabled; for a long job the abort button is enabled,
+/// and the status bar says what kind of job it is.
 class JobDisplay {
 public:
     struct Controls {
@@ -32,7 +32,7 @@ public:
         StatusBar& stbStatus;
     };
 
-    /// Follows `job` from now on; both live as long as each other.
+    /// Follows `job` from now on. Both must have the same lifetime.
     JobDisplay(Controls controls, CurrentJob& job);
     JobDisplay(const JobDisplay&) = delete;
     JobDisplay& operator=(const JobDisplay&) = delete;

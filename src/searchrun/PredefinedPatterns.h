@@ -10,7 +10,7 @@
 
 namespace netrove {
 
-/// The menu of search texts that are often wanted, at the picture beside the search text.
+/// The menu of common search texts, at the picture beside the search text.
 class PredefinedPatterns {
 public:
     static constexpr int Count = 8; ///< items of the menu
@@ -19,11 +19,11 @@ public:
                        Dialogs& dialogs)
         : controls_(controls), mnuPopUp5_(mnuPopUp5), settings_(settings), dialogs_(dialogs) {}
 
-    /// The right button shows the menu there, first a warning if the patterns won't be enclosed in
-    /// asterisks. `position` is in the picture.
+    /// The right button shows the menu at `position` (within the picture), after a warning if the
+    /// patterns won't be enclosed in asterisks.
     void imgFiles_MouseDown(Qt::MouseButton button, const QPoint& position);
 
-    /// Puts a text in place of the search text: the item's number counts from 0.
+    /// Replaces the search text by that of a menu item, which is counted from 0.
     void mnuFiles_Click(int index);
 
     /// Selects the whole search text.

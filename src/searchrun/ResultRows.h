@@ -15,7 +15,7 @@
 
 namespace netrove {
 
-/// Numbers of the columns of lvwResults that are filled from other sources than the row's text.
+/// Numbers of some columns of lvwResults, counted from 1.
 namespace ResultColumn {
 inline constexpr int FileName = 1;
 inline constexpr int Size = 3;
@@ -23,8 +23,8 @@ inline constexpr int Size2 = 9;  ///< hidden sort key
 inline constexpr int Date2 = 10; ///< hidden sort key
 } // namespace ResultColumn
 
-/// What stands at the window's end of a search: turns each found file into a row of the results
-/// list, keeps the count of rows and its cap, and shows in the status bar where the walk is.
+/// The window's side of a search: turns each found file into a row of the results list, counts the
+/// rows up to their cap, and shows in the status bar where the walk is.
 class ResultRows {
 public:
     ResultRows(const WindowControls& controls, SearchState& state, const Settings& settings,
@@ -36,17 +36,17 @@ public:
         , icons_(icons)
         , audio_(files) {}
 
-    /// Adds a row for the file, unless it can't be read any more or the cap is reached; then the
-    /// running search is abandoned. Raises what reading the audio header raises; the row stays as
-    /// far as it got.
+    /// Adds a row for the file. Does nothing if the file can't be read any more; if the cap has
+    /// been reached, abandons the running search instead. Raises what reading the audio header
+    /// raises; the row then stays as far as it was filled.
     void SearchEvt_ItemFound(const QString& netPath);
-    /// The same for who has asked for the file's data already.
+    /// The same for a caller that has the file's data already.
     void AddFile(const QString& netPath, const FileInfo& info);
 
     /// Shows the path in the status bar, and yields.
     void SearchEvt_SearchUpdate(const QString& netPath);
 
-    /// Lets go of the last audio file.
+    /// Forgets the last audio file.
     void ReleaseAudioFile() { audio_.ReleaseAudioFile(); }
 
 private:

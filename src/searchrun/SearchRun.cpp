@@ -36,7 +36,7 @@ void SearchRun::cmdStartSearch_Click() {
 std::optional<qint64> SearchRun::Run(CurrentJob::Run& job) {
     SearchServices services = services_.search;
     services.reading = AudioColumns::Reading(services.settings.IncludeMP3Info);
-    // The engine lives as long as its walk, whatever a handler does to the reference.
+    // Keeps the engine alive during its walk, whatever a handler does to state_.SearchEvt.
     const auto engine = std::make_shared<NWSearch>(services);
     state_.SearchEvt = engine;
     Yield();
@@ -63,7 +63,7 @@ std::optional<qint64> SearchRun::Run(CurrentJob::Run& job) {
     ConnectEngine(*engine);
     engine->SetRecurseFolders(controls_.chkRecurse.isChecked());
     engine->SetKeepResults(false);
-    // A walk forgets what it was asked before its beginning.
+    // A walk ignores requests to stop that came before its beginning, so test here.
     if (!job.IsToStop())
         engine->BeginSearch(patterns, state_.SearchStartNode);
     if (services_.report && engine->FoundNobody())
@@ -83,7 +83,7 @@ void SearchRun::RefuseEmptyText() {
     controls_.LstSearchFor.setFocus();
 }
 
-/// Puts a new text at the top of the earlier searches; one that stands there stays where it is.
+/// Puts a new text at the top of the earlier searches; one that is in the list keeps its place.
 void SearchRun::RememberSearchText(const QString& text) {
     QComboBox& list = controls_.LstSearchFor;
     int item = 0;

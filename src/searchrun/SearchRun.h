@@ -21,15 +21,15 @@
 
 namespace netrove {
 
-/// One press of the search button, from the click to the summary: prepares the input and the
-/// window, stays inside the engine's walk until it has ended, and gives the window back.
+/// A search of the window, from the click on the search button to the summary: prepares the input
+/// and the window, stays inside the engine's walk until it has ended, and enables the window again.
 class SearchRun {
 public:
     struct Services {
         SearchServices search;
-        ExclusionLists& exclusions; ///< the same as the engine reads
+        ExclusionLists& exclusions; ///< the ones that the engine reads
         Dialogs& dialogs;
-        NetworkReport* report; ///< null where nobody keeps one
+        NetworkReport* report; ///< may be null
     };
 
     SearchRun(const WindowControls& controls, CurrentJob& job, const Services& services,
@@ -41,14 +41,15 @@ public:
         , rows_(rows)
         , computers_(controls.stbStatus) {}
 
-    /// The whole run; nothing while a job runs. Failures end in a message box; nothing is raised.
+    /// Makes the whole search; does nothing while a job runs. Failures end in a message box;
+    /// nothing is raised.
     void cmdStartSearch_Click();
 
     /// Asks the running walk to stop at its next test.
     void cmdAbandon_Click();
 
 private:
-    /// Gives the number of whole seconds that the walk took; nothing if there was no text to
+    /// Returns the number of whole seconds that the walk took; nothing if there was no text to
     /// search for.
     [[nodiscard]] std::optional<qint64> Run(CurrentJob::Run& job);
     [[nodiscard]] QString TakeSearchText();

@@ -27,7 +27,7 @@ struct SearchStart::Question {
     QString warningTitle;
     QString error;
     QString errorTitle;
-    /// Makes the path of the node with that name.
+    /// Returns the path of the node with that name.
     QString (SearchStart::*path)(const QString& name) const;
 };
 

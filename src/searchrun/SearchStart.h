@@ -19,16 +19,16 @@
 namespace netrove {
 
 /// The three ways of choosing the node where a search starts: a computer or a workgroup by its
-/// name, the root, a node from the network browser.
+/// name; the root; a node from the network browser.
 class SearchStart {
 public:
     struct Services {
         NetworkEnumeration& network;
         Dialogs& dialogs;
         const Settings& settings;
-        ExclusionLists& exclusions; ///< the same as the browser marks
-        /// Shows the browser until it is closed: the node that was chosen, nothing if it was
-        /// cancelled.
+        ExclusionLists& exclusions; ///< the ones that the browser marks
+        /// Shows the browser until it is closed; returns the node that was chosen, nothing if the
+        /// user cancelled.
         std::function<std::optional<std::shared_ptr<NetResource>>()> browse;
     };
 
@@ -41,24 +41,25 @@ public:
         , services_(std::move(services))
         , state_(state) {}
 
-    /// Whether the network has workgroups, so that paths lead through its provider. True at first.
+    /// Sets whether the network has workgroups, so that paths lead through its provider. True at
+    /// first.
     void SetIsWinNT(bool isWinNT) { isWinNT_ = isWinNT; }
 
-    /// The node that the program begins with: the root, which the start has made, or where
-    /// `isWinXP` the root's provider of Windows networks. Raises ErrorNumber::ObjectNotSet, and
-    /// leaves no node, where there is no such provider.
+    /// Chooses the node that the program begins with: the root, which the start of the program has
+    /// made, or, with `isWinXP`, the root's provider of Windows networks. If there is no such
+    /// provider, raises ErrorNumber::ObjectNotSet, and no node is chosen.
     void ChooseStartNode(bool isWinXP);
 
-    /// Shows the menu of ways at the mouse: both buttons do.
+    /// Shows the menu of ways at the mouse, for either mouse button.
     void cmdInpNetNode_Click();
 
     /// Item 0 asks for a computer, 1 for a workgroup, 3 takes the root. The start node stays as it
-    /// was where the name is cancelled, can't be one or isn't found. Yields, with the hourglass
-    /// up. Does nothing while a job runs. Failures end in a message box.
+    /// was if the user cancels, or if the name isn't valid or isn't found. Yields, with the
+    /// hourglass shown. Does nothing while a job runs. Failures end in a message box.
     void mnuInpNetNode_Click(int index);
 
-    /// Lets the user choose in the browser; nothing while a job runs. Failures end in a message
-    /// box.
+    /// Lets the user choose in the browser; does nothing while a job runs. Failures end in a
+    /// message box.
     void cmdSetSearchStart_Click();
 
 private:

@@ -7,11 +7,11 @@
 
 namespace netrove {
 
-/// What the window's searches, and the loading of results, have in common.
+/// What the window's searches and the loading of results share.
 struct SearchState {
-    /// Where a search starts; empty only where the start of the program failed.
+    /// Where a search starts; null only if the start of the program failed.
     std::shared_ptr<NetResource> SearchStartNode;
-    /// The engine of the running search; empty outside one.
+    /// The engine of the running search; null outside a search.
     std::shared_ptr<NWSearch> SearchEvt;
     /// Rows that the running job has put into the results list.
     qint32 FilesFound = 0;

@@ -8,15 +8,15 @@
 namespace netrove {
 namespace {
 
-/// The text's first `length` units, one less where that would cut a character in two.
+/// The text's first `length` UTF-16 units, one fewer if that would cut a character in two.
 QString Prefix(const QString& text, qsizetype length) {
     if (length > 0 && length < text.size() && text[length - 1].isHighSurrogate())
         --length;
     return text.left(length);
 }
 
-/// The longest beginning of `text` that fits together with `ending`; nothing where `ending` alone
-/// doesn't fit.
+/// The longest beginning of `text` that fits, with `ending` behind it; nothing if not even `ending`
+/// fits.
 std::optional<QString> FitWith(const QString& text, const QString& ending, int width,
                                const TextWidth& textWidth) {
     const auto fits = [&](qsizetype length) {

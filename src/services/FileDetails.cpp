@@ -20,8 +20,8 @@ QString SizeNumberFormat(qint16 decimals) {
     return decimals == 0 ? u"0"_s : u"0."_s + QString(decimals, u'0');
 }
 
-/// A number by a format of fixed width. One that is too long for it gets a letter in front, which
-/// sorts behind all digits, the later the more digits there are.
+/// A number in a format of fixed width. A number that is too long for it gets a letter in front,
+/// which sorts behind all digits: the more digits there are, the later the letter.
 QString SortKey(double value, const QString& format) {
     const QString key = FormatNumber(value, format);
     const qsizetype excess = key.size() - format.size();

@@ -9,7 +9,7 @@ namespace {
 
 using Node = std::shared_ptr<NetResource>;
 
-/// The node that the names lead to; an empty reference if one of them isn't there.
+/// The node that the names lead to; null if one of them doesn't exist.
 Node Descend(Node node, const QStringList& names) {
     for (const QString& name : names) {
         node = node->Children()->Item(name);
@@ -19,7 +19,7 @@ Node Descend(Node node, const QStringList& names) {
     return node;
 }
 
-/// The same from the first provider from which the names lead to a node.
+/// The same, beginning at the first provider below which the names lead to a node.
 Node DescendFromAny(NetResource& root, const QStringList& names) {
     const auto providers = root.Children();
     for (const Node& provider : *providers) {

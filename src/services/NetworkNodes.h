@@ -12,10 +12,10 @@ namespace netrove {
 
 /// The node that a path of remote names leads to, from a new root down. Each name is followed by
 /// "|": Provider|WORKGROUP|\\SERVER|. Asks the network level by level, and takes as long as that
-/// takes. An empty reference where the network doesn't hold such a node.
+/// takes. Null if the network has no such node.
 ///
-/// NetEnum::LocalAreaNetwork as the first name stands for the whole first level: where that
-/// provider isn't there or doesn't lead to the node, the others are tried in their order.
+/// NetEnum::LocalAreaNetwork as the first name stands for the whole first level: if there is no
+/// such provider, or it doesn't lead to the node, the others are tried in their order.
 [[nodiscard]] std::shared_ptr<NetResource> FindNetNode(const QString& path,
                                                        NetworkEnumeration& network);
 

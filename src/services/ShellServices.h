@@ -7,27 +7,28 @@
 
 namespace netrove {
 
-/// Opens files, folders and addresses for the user and says so in a box where that fails.
+/// Opens files, folders and addresses for the user; if that fails, a box says so.
 class ShellServices {
 public:
     ShellServices(Shell& shell, Dialogs& dialogs) : shell_(shell), dialogs_(dialogs) {}
 
     /// Opens a file or an address. A verb other than "Open" or "Explore" stands for the default
-    /// action. A file that no program is known for lets the user choose one. Gives -1 for
-    /// success; else the shell's code, after a message box. Where only later it shows that
-    /// nothing was opened, the box comes then.
+    /// action. If no program is known for a file, the user can choose one. Returns -1 for success;
+    /// else the shell's code, after a message box. If it only turns out later that nothing was
+    /// opened, the box comes then.
     int ShellRun(const QString& file, const QString& verb = QString());
 
-    /// Opens a folder, in a window of the "Explore" kind with exactly that verb. Shows no message
-    /// and gives the shell's code: above 32 is success. Where only later it shows that nothing was
-    /// opened, there is a box.
+    /// Opens a folder; if the verb is exactly "Explore", in a window of that kind. Shows no message
+    /// and returns the shell's code: above 32 is success. If it only turns out later that nothing
+    /// was opened, there is a box.
     [[nodiscard]] int OpenFolder(const QString& path, const QString& verb);
 
-    /// Opens the mail program with a letter to `address`.
+    /// Opens the mail program with a new mail to `address`.
     void OpenMailLink(const QString& address);
 
 private:
-    /// For a file that no program is known for; gives what ShellRun gives then.
+    /// Lets the user choose a program for a file that none is known for; returns what ShellRun is
+    /// to return.
     int LetChoose(const QString& file);
     void TellFailure(const QString& file, const QString& message);
 

@@ -11,9 +11,9 @@ namespace netrove {
 struct OSInfo {
     QString Name;
     QString Version;
-    /// Workgroups can be asked for, and computers entered by hand.
+    /// Workgroups can be asked for, and names of computers can be typed.
     bool IsNT = true;
-    /// A search starts at the one provider of Windows networks instead of the root.
+    /// A search starts at the provider of Windows networks instead of the root.
     bool IsXP = false;
 };
 
@@ -23,7 +23,7 @@ struct OSInfo {
 [[nodiscard]] QString GetUserNameText(const SystemInformation& system);
 
 /// The workgroup of a computer, which is named without "\\". Asks the network and takes as long
-/// as the computer takes to answer; empty where nobody answers.
+/// as the computer takes to answer; empty if nobody answers.
 [[nodiscard]] QString GetWorkgroup(const QString& computer, NetworkEnumeration& network);
 
 } // namespace netrove

@@ -6,12 +6,12 @@
 namespace netrove {
 
 /// What the user has set. Made once with the initial values of SettingsTable, filled from the
-/// settings file, and handed to those who read it.
+/// settings file, and handed to the classes that read it.
 struct Settings {
     Settings();
 
     QString SaveFolder;    ///< local folder for downloads; its closing separator may be missing
-    qint32 MaxReturnFiles; ///< rows at most in the results list
+    qint32 MaxReturnFiles; ///< most rows of the results list
     qint16 MaxConcurrentDownloads;         ///< copies at one time
     qint16 ColorsState;                    ///< 1: the lists use their background colours
     quint32 ResultsBackColor = 0xEAEAD5;   ///< red in the low byte; not stored
@@ -28,7 +28,8 @@ struct Settings {
     qint16 Troubleshooting; ///< 1: write the log
     bool ExcludeNetNodes;
     QStringList ExcNetNodes; ///< entries of the form name|enabled|type
-    /// Stand in for entries that the settings file doesn't have.
+    /// The default entries; they also replace entries that the settings file should have but
+    /// doesn't.
     QStringList DefaultNetNodes;
     qint16 SizeFormat; ///< 1 megabytes, 2 kilobytes, 3 bytes
     qint16 SizeNumDec; ///< decimals of the size column, 0 to 10
@@ -37,8 +38,8 @@ struct Settings {
     qint16 ListIconType; ///< 0 predefined, 1 the desktop's
     bool ShowFileTypes;
     qint32 SkinIndex; ///< 0, none, until one has been loaded
-    /// Of the lists' font, whose other properties the lists have themselves. The desktop finds
-    /// the characters whatever it is.
+    /// The character set of the lists' font; the lists themselves keep its other properties. It has
+    /// no effect: the desktop finds the characters anyway.
     qint16 Font_CharSet;
 };
 

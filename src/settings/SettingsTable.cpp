@@ -10,7 +10,7 @@ namespace netrove {
 namespace {
 
 constexpr qint32 Largest = std::numeric_limits<qint32>::max();
-/// Any number but 0 is 1.
+/// Any number but 0 counts as 1.
 constexpr SettingRange ZeroOrOne{0, 0, 1};
 
 const std::array Table{
@@ -44,7 +44,7 @@ const std::array Table{
     Setting{"Results_Options", "ShowFileTypes", &Settings::ShowFileTypes, "False"},
 };
 
-/// Calls the right one of several functions for what a member holds.
+/// For std::visit: calls the one of several functions that fits what a variant holds.
 template <class... Functions>
 struct Visitor : Functions... {
     using Functions::operator()...;

@@ -8,7 +8,7 @@
 
 namespace netrove {
 
-/// The numbers that a setting may be. Any other counts as `otherwise`.
+/// The numbers that a setting may have. Any other one counts as `otherwise`.
 struct SettingRange {
     qint32 lowest = std::numeric_limits<qint32>::min();
     qint32 highest = std::numeric_limits<qint32>::max();
@@ -21,32 +21,31 @@ struct SettingRange {
 
 /// A value of the settings file.
 struct Setting {
-    /// None where a control of the window keeps the value.
+    /// std::monostate if a control of the window keeps the value.
     using Member = std::variant<std::monostate, bool Settings::*, qint16 Settings::*,
                                 qint32 Settings::*, QString Settings::*>;
 
     const char* section;
     const char* key;
     Member member;
-    const char* initial; ///< as the file would have it
+    const char* initial; ///< as it would stand in the file
     SettingRange range = {};
 };
 
-/// All of them that have one key and one value, in the order of a new settings file. How each is
-/// read, what it is without a file, and what the options dialog has for its default follows from
-/// here.
+/// All settings that have one key and one value, in the order of a new settings file. How each is
+/// read, its value without a file, and its default in the options dialog follow from this table.
 [[nodiscard]] std::span<const Setting> SettingsTable();
 
-/// The one with this member, or of this key.
+/// The setting with this member or this key.
 [[nodiscard]] const Setting& SettingOf(const Setting::Member& member);
 [[nodiscard]] const Setting& SettingOf(const char* section, const char* key);
 
-/// Gives the setting's member the value that a text of the file stands for: a number as
-/// LeadingInteger or LeadingLong reads it, treated as its range says, a Boolean as ToBoolean does,
-/// a text trimmed. Raises what these raise; nothing has changed then.
+/// Sets the setting's member to the value that a text of the file stands for: a number as
+/// LeadingInteger or LeadingLong reads it, treated as its range says; a Boolean as ToBoolean reads
+/// it; a text trimmed. Raises what these functions raise, and then changes nothing.
 void TakeText(const Setting& setting, const QString& text, Settings& settings);
 
-/// What the file gets for the setting's member.
+/// The text that stands for the setting's member in the file.
 [[nodiscard]] QString TextOf(const Setting& setting, const Settings& settings);
 
 } // namespace netrove

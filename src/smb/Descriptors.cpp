@@ -39,7 +39,7 @@ std::vector<int> DescriptorsOf(msghdr& header) {
 
 bool SendDescriptors(int socket, std::span<const std::byte> message,
                      std::span<const int> descriptors) {
-    std::vector<std::byte> bytes(message.begin(), message.end()); // sendmsg takes no constant
+    std::vector<std::byte> bytes(message.begin(), message.end()); // sendmsg takes no const pointer
     iovec content = {.iov_base = bytes.data(), .iov_len = bytes.size()};
     Control control;
     msghdr header = Header(content, control);

@@ -10,7 +10,7 @@ namespace netrove {
 /// Cuts a stream of bytes into frames: a length of four bytes, highest first, then that many bytes.
 class Frames {
 public:
-    /// Bytes of one frame without its length: more is no frame of ours.
+    /// Bytes of one frame without its length field: a longer frame isn't ours.
     static constexpr quint32 MaxLength = 2 * 1024 * 1024;
 
     /// The payload as a frame; it must be no longer than MaxLength.
@@ -21,7 +21,7 @@ public:
     /// The next complete frame's payload; nothing until it has arrived.
     [[nodiscard]] std::optional<QByteArray> Take();
 
-    /// Whether a length came that no frame of ours has: what follows can't be read any more.
+    /// Whether a length has come that no frame of ours has: what follows can't be read any more.
     [[nodiscard]] bool IsBroken() const { return broken_; }
 
 private:

@@ -13,8 +13,8 @@
 namespace netrove {
 namespace {
 
-/// Tells the program who this is. Only by a pidfd can it end a process that isn't its child: a
-/// number may be somebody else's by then.
+/// Tells the program which process this is. The program needs a pidfd to end a process that isn't
+/// its child: by then another process may have the number.
 bool Introduce() {
     const pid_t process = getpid();
     LaunchAnswer answer{};
@@ -27,7 +27,7 @@ bool Introduce() {
     return isSent;
 }
 
-/// What makes a new child a helper.
+/// Makes a new child process a helper.
 bool BecomeHelper(pid_t launcher, int socket, int memory) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != launcher)
@@ -45,7 +45,7 @@ bool BecomeHelper(pid_t launcher, int socket, int memory) {
 bool LaunchHelpers() {
     const pid_t launcher = getpid();
     std::signal(SIGCHLD, SIG_IGN); // nobody waits for the children
-    // So that what is received gets other numbers than it has in the end.
+    // Occupies this number, so that received descriptors get other numbers than their final ones.
     dup2(SmbHelperDescriptor, SmbMemoryDescriptor);
     for (;;) {
         LaunchRequest request{};

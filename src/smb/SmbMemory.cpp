@@ -8,7 +8,7 @@
 namespace netrove {
 namespace {
 
-/// Above those that a helper is started with, so that they don't get into each other's way.
+/// Above the numbers that a helper is started with, so that they don't collide.
 constexpr int LowestDescriptor = 10;
 
 char* Map(int descriptor) {

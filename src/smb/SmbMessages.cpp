@@ -16,7 +16,7 @@ namespace {
 
 constexpr auto StreamVersion = QDataStream::Qt_6_4;
 
-/// Reads an enumerator, whose values go from 0 to `last`; one beyond makes the stream corrupt.
+/// Reads an enumerator, whose values go from 0 to `last`; a greater one makes the stream corrupt.
 template <typename Enum>
 void ReadEnum(QDataStream& stream, Enum& value, Enum last) {
     quint8 number = 0;
@@ -35,7 +35,8 @@ QDataStream& operator>>(QDataStream& stream, SmbHello& hello) {
     return stream >> hello.version;
 }
 
-/// Straight from and to where passwords lie: what a stream made in between wouldn't be wiped.
+/// Writes and reads directly where passwords lie: buffers that a stream made in between wouldn't be
+/// wiped.
 QDataStream& operator<<(QDataStream& stream, const Secret& secret) {
     const QByteArrayView bytes = secret.Bytes();
     return stream.writeBytes(bytes.data(), static_cast<uint>(bytes.size()));
@@ -63,7 +64,7 @@ QDataStream& operator<<(QDataStream& stream, const std::optional<SmbLogon>& logo
     return logon ? stream << logon->domain << logon->user << logon->password : stream;
 }
 
-/// What the library takes as text must not end early.
+/// The library takes texts that end at the first zero character, so there must be none inside.
 bool IsLogonText(const QString& text) {
     return text.size() <= NameLimits::LogonBytes && !text.contains(QChar(u'\0'));
 }
@@ -149,7 +150,8 @@ QDataStream& operator>>(QDataStream& stream, SmbAddress& address) {
     return stream >> address.text;
 }
 
-/// Lists go to the end of their message: no count can promise more than there is.
+/// Lists go on to the end of their message: so there is no count that could promise more than there
+/// is.
 template <typename Item>
 QDataStream& operator<<(QDataStream& stream, const std::vector<Item>& items) {
     for (const Item& item : items)
@@ -202,7 +204,8 @@ QDataStream& operator>>(QDataStream& stream, SmbEnd& end) {
     return stream >> end.status;
 }
 
-/// As many bytes as a question takes, or more: a buffer that grew would leave a password behind.
+/// At least as many bytes as a question takes: a buffer that had to grow would leave a password
+/// behind.
 qsizetype QuestionBytes(const SmbQuestion& question) {
     constexpr qsizetype fixed = 128;
     const auto* request = std::get_if<SmbRequest>(&question);

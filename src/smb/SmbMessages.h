@@ -15,17 +15,17 @@ namespace netrove {
 /// The descriptor at which a helper finds its end of the socket. Standard output isn't used: the
 /// library prints there at times.
 inline constexpr int SmbHelperDescriptor = 3;
-/// The same of the memory that both share (SmbMemory).
+/// The same for the memory that both share (SmbMemory).
 inline constexpr int SmbMemoryDescriptor = 4;
 
-/// The first message of both sides. Sides that don't speak the same version part.
+/// The first message of both sides. Sides with different versions end the connection.
 struct SmbHello {
     static constexpr quint32 Version = 5;
     quint32 version = Version;
 };
 
-/// Who logs on, for a server to let in. The server checks the user in `domain`, which is a domain,
-/// the server's own name, or empty where the server shall choose.
+/// The user as whom a server is asked to let us in. The server checks the user in `domain`, which
+/// is a domain, the server's own name, or empty to let the server choose.
 struct SmbLogon {
     QString domain = {};
     QString user = {};
@@ -35,12 +35,12 @@ struct SmbLogon {
 };
 
 /// What the program asks of a helper. Each request is answered by any number of parts and one
-/// SmbEnd; only then comes the next.
+/// SmbEnd; the next request is sent only after that.
 struct SmbRequest {
     enum class Kind : quint8 {
         Resolve,    ///< the addresses of `host`: SmbAddresses
         ListShares, ///< SmbShares
-        ListFolder, ///< SmbFolder where the server tells it, SmbEntries
+        ListFolder, ///< SmbFolder if the server tells it, then SmbEntries
         Stat,       ///< SmbEntries with one entry, whose name is empty
         Read,       ///< SmbData
         Workgroup,  ///< SmbWorkgroup
@@ -57,7 +57,7 @@ struct SmbRequest {
     quint32 length = 0; ///< of a read, in bytes
     /// The computer's name, where `host` may be its address: Kerberos goes by the name.
     QString computer = {};
-    std::optional<SmbLogon> logon = {}; ///< without one as a guest
+    std::optional<SmbLogon> logon = {}; ///< nothing: as a guest
 };
 
 struct SmbShare {
@@ -83,10 +83,10 @@ using SmbAddresses = std::vector<SmbAddress>;
 using SmbShares = std::vector<SmbShare>;
 using SmbEntries = std::vector<SmbEntry>;
 
-/// What a server tells of a folder itself in its listing.
+/// What a server tells in a folder's listing about the folder itself.
 struct SmbFolder {
     quint64 number = 0; ///< its file ID ([MS-FSCC] 2.4.17); 0 where there is none
-    qint64 changed = 0; ///< nanoseconds since 1970 UTC: when an entry was added or taken out
+    qint64 changed = 0; ///< nanoseconds since 1970 UTC: when an entry was last added or removed
 
     friend bool operator==(const SmbFolder&, const SmbFolder&) = default;
 };
@@ -111,8 +111,8 @@ struct SmbWorkgroup {
 /// The end of an answer: 0, or the errno that the request failed with. Parts that came before a
 /// failure are good.
 struct SmbEnd {
-    /// The server let the request's logon, or guests, not in at all. Whom it let in and only
-    /// doesn't allow something gets EACCES.
+    /// The server didn't let the request's logon, or guests, in at all. (EACCES means that it did,
+    /// but doesn't allow what was asked.)
     static constexpr qint32 LogonRefused = EPERM;
     qint32 status = 0;
 };

@@ -16,7 +16,7 @@ constexpr char FirstAndLast = 3; // of the fragments of a message
 constexpr char LittleEndian = 0x10;
 enum MessageType : char { RequestType = 0, ResponseType = 2, BindType = 11, BindAckType = 12 };
 
-/// Bytes of a fragment at most, as the question for the language says.
+/// Bytes of a fragment at most, as the first question says.
 constexpr quint16 MaxFragment = 4280;
 /// Bytes of a response before what it holds.
 constexpr qsizetype ResponseHeaderBytes = 24;
@@ -43,7 +43,7 @@ bool IsAnswer(const QByteArray& message, MessageType type) {
            message[FlagsAt] == FirstAndLast;
 }
 
-/// A text of 16-bit characters with its zero: room, offset, length, then so many characters.
+/// A text of 16-bit characters with its zero: room, offset, length, then `length` characters.
 std::optional<QString> ReadText(QDataStream& stream) {
     quint32 room = 0;
     quint32 offset = 0;

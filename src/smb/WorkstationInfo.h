@@ -8,19 +8,20 @@
 namespace netrove {
 
 /// The question for a computer's workgroup, as messages on its pipe "wkssvc": NetrWkstaGetInfo at
-/// level 100, the one that needs no rights ([MS-WKST] 3.2.4.1), over DCE/RPC ([C706] 12.6). Each
-/// question is one message, and so is each answer that is understood.
+/// level 100, the level that needs no rights ([MS-WKST] 3.2.4.1), over DCE/RPC ([C706] 12.6). Each
+/// question is one message, and only answers in one message are understood.
 class WorkstationInfo {
 public:
     /// Bytes at the beginning of every message.
     static constexpr qsizetype HeaderBytes = 16;
 
-    /// The first question: whether the pipe speaks this language.
+    /// The first question: whether the pipe has this interface.
     [[nodiscard]] static QByteArray Bind();
     /// The second: the computer's names.
     [[nodiscard]] static QByteArray Request();
 
-    /// The bytes of the whole message that begins so; nothing where that is no header of ours.
+    /// The length in bytes of the whole message that begins with this header; nothing if the
+    /// header isn't one of ours.
     [[nodiscard]] static std::optional<qsizetype> MessageBytes(const QByteArray& header);
 
     /// Whether the answer to Bind() is yes.

@@ -10,14 +10,14 @@
 namespace netrove {
 
 /// Lets the user drop local files on a list. They are handed over when the event loop is next
-/// reached: whoever they are dragged from isn't kept waiting.
+/// reached, so that the program from which they are dragged needn't wait.
 class ResultsDrop : public QObject {
     Q_OBJECT
 
 public:
     using Dropped = std::function<void(const QStringList& files)>;
 
-    /// A child of `list`. Files are offered to be copied, nothing else is taken.
+    /// Becomes a child of `list`. Takes only files, and only to copy them.
     ResultsDrop(ListView& list, Dropped dropped);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

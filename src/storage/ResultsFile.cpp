@@ -24,14 +24,14 @@ namespace {
 /// Columns of a row that are saved: all but the file's type and extension.
 constexpr std::size_t SavedColumns = 10;
 
-/// The shell's codes above it mean success.
+/// Codes of the shell above this one mean success.
 constexpr int LastFailureCode = 32;
 
 qint64 Now() {
     return QDateTime::currentSecsSinceEpoch();
 }
 
-/// "Saved 12 files in 5 seconds.", with another word as the case may be.
+/// A sentence like "Saved 12 files in 5 seconds.", with the words that fit the case.
 QString Summary(bool aborted, const QString& done, qint32 count, qint64 started) {
     return (aborted ? u"Aborted, but " + done.toLower() : done) + u' ' +
            FilesInSeconds(count, Now() - started);
@@ -93,7 +93,7 @@ void ResultsFile::SaveSteps() {
                                   u"Netrove results file"_s);
 }
 
-/// A line that tells how many rows won't come back; nothing where all will.
+/// A line that tells how many rows won't be loaded again; empty if all will.
 QString ResultsFile::LostRows() const {
     const ListView& list = controls_.lvwResults;
     int lost = 0;
@@ -107,7 +107,7 @@ QString ResultsFile::LostRows() const {
            QString::number(list.Count()) + u" rows: a name or folder with a comma can't be read.";
 }
 
-/// Whether the file isn't there, or not any more: the user may want to have it replaced.
+/// Whether the file may be written: there is none, or the user has agreed and it has been removed.
 bool ResultsFile::MayWrite(const QString& strFile) {
     if (!QFileInfo(strFile).isFile())
         return true;
@@ -234,7 +234,7 @@ void ResultsFile::mnuListsFol_Click(int index) {
         MakeListsFolder();
         const int code = services_.shell.OpenFolder(ListsFolder() + QDir::separator(),
                                                     explore ? u"Explore"_s : u"Open"_s);
-        // Without this the user would press the item and see nothing.
+        // Without this the user would click the item and see nothing happen.
         if (code <= LastFailureCode)
             throw RunTimeError(ErrorNumber::PathFileAccessError);
     });

@@ -21,13 +21,13 @@
 
 namespace netrove {
 
-/// Saves the rows of the results list to a file, and brings them back. The file tells where files
+/// Saves the rows of the results list to a file, and loads them again. The file tells where files
 /// were seen: loading asks for each of them, and makes its row anew.
 class ResultsFile {
 public:
     struct Services {
         FileAccess& files;
-        ReadAhead* ahead; ///< null where nobody reads ahead
+        ReadAhead* ahead; ///< null if nothing is read ahead
         const Settings& settings;
         Dialogs& dialogs;
         ShellServices& shell;
@@ -38,21 +38,22 @@ public:
                 SearchState& state, ResultRows& rows)
         : controls_(controls), job_(job), services_(services), state_(state), rows_(rows) {}
 
-    /// Let the user choose a file, then save or load; nothing while a job runs. Failures end in a
-    /// message box.
+    /// Let the user choose a file, then save or load; do nothing while a job runs. Failures end in
+    /// a message box.
     void mnuSaveResFile_Click();
     void mnuLoadResFile_Click();
 
-    /// Shows the folder of results files: 0 opens, 1 explores it.
+    /// Shows the folder of results files: index 0 opens it, 1 explores it.
     void mnuListsFol_Click(int index);
 
-    /// Writes all rows to the file, which is replaced at the end. `saved` becomes true only when
-    /// every row was written. Nothing is written while a job runs. After an abort the file has the
-    /// rows so far; a failure, which is told in a box, can leave the earlier file.
+    /// Writes all rows to the file; what it held is lost. `saved` becomes true only when every row
+    /// has been written. Writes nothing while a job runs. After an abort, or a failure in the
+    /// middle, the file has the rows so far; a file that can't be opened stays as it was. Failures
+    /// are shown in a box.
     void SaveResFile(const QString& strFile, bool& saved);
 
-    /// Adds a row for each file of the results file that is still there; none while a job
-    /// runs. No failure is told.
+    /// Adds a row for each file of the results file that still exists; none while a job runs.
+    /// Failures aren't shown.
     void LoadResFile(const QString& strFile);
 
     /// Loads the results files among those that were dropped on the list.

@@ -12,15 +12,15 @@ namespace {
 /// Lines that are read at a time, to see which folders are worth listing.
 constexpr int LinesAhead = 500;
 
-/// Milliseconds that a load may go without a row, and so without a yield, before the user's input
-/// is served.
+/// Milliseconds that a load may go on without a row, and so without a yield, before the user's
+/// input is served.
 constexpr qint64 LongestSilence = 50;
 
 QString FolderOf(const QString& path) {
     return path.left(path.lastIndexOf(u'\\') + 1);
 }
 
-/// The folders of the lines are listed, and nothing below them.
+/// Enters the folders that the lines name, and nothing below them.
 class LinesPlan : public WalkPlan {
 public:
     bool EntersWorkgroup(const QString& /*name*/) const override { return false; }
@@ -63,8 +63,8 @@ void RowLoader::ReadLines(ResultsReader& reader) {
     }
 }
 
-/// One listing answers for all files of a folder. Where listings are read ahead, many at a time,
-/// that pays for a single file too.
+/// Chooses the folders to list: one listing tells about all files of a folder. If listings are read
+/// ahead, many at a time, that pays even for a single file.
 void RowLoader::ChooseFolders() {
     toList_.clear();
     QSet<QString> folders;
@@ -86,11 +86,11 @@ void RowLoader::ChooseFolders() {
         ahead_->Expect(places);
 }
 
-/// False where the load ends.
+/// Returns false if the load is to end.
 bool RowLoader::LoadFile(const QString& path) {
     const std::optional<FileInfo> info = Find(path);
     if (!info) {
-        // Missing files come in long runs where a computer is off: those can be aborted too.
+        // If a computer is off, many files in a row are missing: the user can abort that, too.
         ServeUser();
         return !job_.AbandonFlag;
     }
@@ -98,7 +98,7 @@ bool RowLoader::LoadFile(const QString& path) {
     try {
         rows_.AddFile(path, *info);
     } catch (...) {
-        // The row stays as far as it got.
+        // The row stays as far as it was filled.
     }
     if (state_.FilesFound >= settings_.MaxReturnFiles)
         return false;
@@ -107,7 +107,7 @@ bool RowLoader::LoadFile(const QString& path) {
     return !job_.AbandonFlag;
 }
 
-/// The data of a file that is still there.
+/// The data of a file; nothing if it doesn't exist any more.
 std::optional<FileInfo> RowLoader::Find(const QString& path) {
     try {
         if (const QString folder = FolderOf(path); toList_.remove(folder))
@@ -116,7 +116,7 @@ std::optional<FileInfo> RowLoader::Find(const QString& path) {
         if ((info.attributes & FileAttribute::Directory) == 0)
             return info;
     } catch (...) {
-        // It isn't there.
+        // It doesn't exist.
     }
     return std::nullopt;
 }

@@ -16,10 +16,10 @@
 
 namespace netrove {
 
-/// Adds a row for each file of a results file that is still there. Failures are passed over.
+/// Adds a row for each file of a results file that still exists. Failures are passed over.
 class RowLoader {
 public:
-    /// `ahead` may be null: then the lines are asked for one after another.
+    /// `ahead` may be null: then the files are asked for one after another.
     RowLoader(FileAccess& files, ReadAhead* ahead, const Settings& settings, const CurrentJob& job,
               const SearchState& state, ResultRows& rows)
         : files_(files)
@@ -29,7 +29,7 @@ public:
         , state_(state)
         , rows_(rows) {}
 
-    /// Gives the number of files that were there. Ends early when the list is full or the user has
+    /// Returns the number of files that exist. Ends early when the list is full or the user has
     /// pressed the abort button. To be called once.
     [[nodiscard]] qint32 Load(ResultsReader& reader);
 
@@ -48,8 +48,8 @@ private:
     ResultRows& rows_;
     qint32 loaded_ = 0;
     std::vector<QString> next_; ///< paths of the next lines
-    QSet<QString> toList_;      ///< folders of these that are worth listing, and aren't listed yet
-    QSet<QString> expected_;    ///< folders that are read ahead, of all lines so far
+    QSet<QString> toList_;      ///< their folders that are worth listing and aren't listed yet
+    QSet<QString> expected_;    ///< all folders so far that are read ahead
     QElapsedTimer sinceServing_;
 };
 

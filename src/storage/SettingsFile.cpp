@@ -35,7 +35,7 @@ bool IsHiddenResultColumn(int column) {
     return column == Size2Column || column == Date2Column;
 }
 
-/// Half of what a screen leaves beside a window.
+/// Where a window of that length begins if it is centred on a screen, in one direction.
 QString Centred(qint32 screenStart, qint32 screenLength, qint32 length) {
     return SingleText(static_cast<float>(screenStart) +
                       static_cast<float>(screenLength - length) / 2);
@@ -152,7 +152,7 @@ void SettingsFile::LoadWindowPlace() {
     placement_.Show();
 }
 
-/// The first two have room for names; the others share what the list has left.
+/// By default the first two columns have room for names, and the others share the rest.
 void SettingsFile::LoadResultColumns() {
     ListView& list = controls_.lvwResults;
     const QString share = SingleText(static_cast<float>(ToTwips(list.width()) - 3300) / 6);
@@ -163,7 +163,7 @@ void SettingsFile::LoadResultColumns() {
         }
         const QString width = Read("Positions", Numbered("ResultsCol", column, "Width"),
                                    column <= 2 ? u"1500"_s : share);
-        // No column is wider than this; what no column can be, a Single can.
+        // No column is this wide, but a number in the file may be greater still.
         constexpr float limit = 1e9F;
         list.SetColumnWidth(column, static_cast<int>(std::nearbyint(
                                         std::clamp(LeadingSingle(width), 0.0F, limit))));
@@ -185,7 +185,7 @@ void SettingsFile::LoadSearchItems() {
         if (!item.isEmpty())
             list.addItem(item);
     }
-    // The first item of an empty list has become the text.
+    // Adding the first item has made it the text.
     list.setCurrentIndex(-1);
     list.setEditText(current);
 }
@@ -255,7 +255,7 @@ void SettingsFile::LoadOptions() {
     Load(&Settings::ShowFileTypes);
 }
 
-/// Entries that the file doesn't have are taken from the default ones, in turn.
+/// Entries that are missing from the file are taken from the default ones, in turn.
 void SettingsFile::LoadExclusions() {
     settings_.DefaultNetNodes = {u"Windows|True|Folder"_s, u"WinNT|True|Folder"_s,
                                  u"Temp|True|Folder"_s, u"Temporary Internet Files|True|Folder"_s};
@@ -279,7 +279,7 @@ void SettingsFile::SaveIni() {
     const ProfileFile::Batch batch(profile_);
     Write("Search Items", "", QString());
     Write("Exclude_Network_Nodes", "", QString());
-    Write("Skin", "Index", settings_.SkinIndex); // before what SaveSkinXML writes
+    Write("Skin", "Index", settings_.SkinIndex); // before the keys that SaveSkinXML writes
     if (services_.SaveSkinXML)
         services_.SaveSkinXML();
     SaveWindowPlace();
@@ -289,7 +289,7 @@ void SettingsFile::SaveIni() {
     SaveExclusions();
 }
 
-/// A window that isn't in its normal state leaves the place that it had when it last was.
+/// If the window isn't in its normal state, the file keeps the place that was saved before.
 void SettingsFile::SaveWindowPlace() {
     const QWidget& window = controls_.window;
     if (!window.isMinimized() && !window.isMaximized() && !window.isFullScreen()) {

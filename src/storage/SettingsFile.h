@@ -15,18 +15,18 @@
 
 namespace netrove {
 
-/// The settings file's path: in the application folder, under the executable's name. Executables
+/// The settings file's path: in the application folder, with the executable's name. Executables
 /// have no extension here: what stands behind a dot belongs to the name, as in "netrove-2.1".
 [[nodiscard]] QString
 IniFileName(const QString& applicationFolder,
             const QString& executable = QCoreApplication::applicationFilePath());
 
-/// The folder for downloads that the program has by itself, with its closing separator.
+/// The program's own folder for downloads, with its closing separator.
 [[nodiscard]] QString DownloadsFolder(const QString& applicationFolder);
 
-/// All that the program remembers between two runs, but for saved results: moves it from the
-/// settings file to the settings and the window's controls, and back. docs/settings.md has every
-/// key.
+/// All that the program remembers between two runs, except for saved results: moves it from the
+/// settings file to the settings and the window's controls, and back. docs/settings.md describes
+/// every key.
 class SettingsFile {
     Q_DECLARE_TR_FUNCTIONS(SettingsFile)
 
@@ -49,25 +49,25 @@ public:
     /// `path` is the settings file's; it needn't exist.
     SettingsFile(const Controls& controls, const Services& services, const QString& path);
 
-    /// Fills settings and controls, and shows the window on the way. To be called once, before the
-    /// window has been shown. Raises ErrorNumber::Overflow for a number too large for its setting
-    /// and ErrorNumber::TypeMismatch for a Boolean that is none; what stands behind that key keeps
-    /// the values that it had.
+    /// Fills the settings and controls, and shows the window in between. To be called once, before
+    /// the window has been shown. Raises ErrorNumber::Overflow for a number too large for its
+    /// setting and ErrorNumber::TypeMismatch for an invalid Boolean; then that setting and all that
+    /// would have been loaded after it keep the values that they had.
     void LoadIni();
 
-    /// To be called before the window is hidden, which may not have its frame after that.
+    /// To be called before the window is hidden: after that it may not have its frame any more.
     void NoteWindowPlace() { placement_.NoteBeforeHiding(); }
 
-    /// After a load that failed, or wasn't reached: keeps a copy of the file, which SaveIni will
-    /// replace by what the settings are then. Gives what the user is to know of that; the empty
-    /// text where all has been loaded, or there is no file.
+    /// After a load that failed, or wasn't reached: keeps a copy of the file, since SaveIni will
+    /// replace it by the settings at that time. Returns what the user should know about that; an
+    /// empty text if all has been loaded, or if there is no file.
     QString KeepUnloaded();
 
-    /// Writes them all. The file is replaced once, at the end; nobody is told where that fails.
-    /// What hasn't been loaded is replaced only if there is a copy of it, see KeepUnloaded.
+    /// Saves all of it. The file is replaced once, at the end; a failure isn't reported. A file
+    /// that hasn't been loaded is replaced only if there is a copy of it, see KeepUnloaded.
     void SaveIni();
 
-    /// The same file, for those with keys of their own in it.
+    /// The same file, for classes with keys of their own in it.
     [[nodiscard]] ProfileFile& Profile() { return profile_; }
 
 private:
@@ -76,7 +76,7 @@ private:
     [[nodiscard]] QString Read(const char* section, const char* key,
                                const char* defaultValue) const;
     [[nodiscard]] QString Read(const Setting& setting) const;
-    /// Of a setting that a control keeps.
+    /// Read a setting that a control keeps.
     [[nodiscard]] qint32 ReadNumber(const char* section, const char* key) const;
     [[nodiscard]] bool ReadBoolean(const char* section, const char* key) const;
     void Load(const Setting::Member& member);
@@ -111,7 +111,7 @@ private:
     ProfileFile profile_;
     WindowPlacement placement_;
     bool isLoaded_ = false;
-    qint16 nodeCount_ = 0; ///< how many exclusion entries the file is said to have
+    qint16 nodeCount_ = 0; ///< how many exclusion entries the file says that it has
 };
 
 } // namespace netrove

@@ -25,7 +25,7 @@ WindowPlace InTwips(const QRect& pixels) {
             .height = ToTwips(pixels.height())};
 }
 
-/// How much of a line from `start` on lies on another one.
+/// The length of what two lines, each given by its start and length, have in common.
 qint64 Overlap(qint64 start, qint64 length, qint64 otherStart, qint64 otherLength) {
     return std::max<qint64>(
         std::min(start + length, otherStart + otherLength) - std::max(start, otherStart), 0);
@@ -36,13 +36,14 @@ qint64 SharedArea(const WindowPlace& window, const WindowPlace& screen) {
            Overlap(window.top, window.height, screen.top, screen.height);
 }
 
-/// One direction: a length that fits, then a start at which all of it is on the screen.
+/// In one direction: reduces the length to the screen's, then moves the start so that all of it is
+/// on the screen.
 void Clamp(qint32& start, qint32& length, qint32 screenStart, qint32 screenLength) {
     length = std::clamp(length, 0, screenLength);
     start = std::clamp(start, screenStart, screenStart + screenLength - length);
 }
 
-/// The main screen first.
+/// All screens, the main one first.
 std::vector<WindowPlace> Screens() {
     std::vector<WindowPlace> places{WindowPlacement::MainScreen()};
     for (const QScreen* screen : QGuiApplication::screens())
@@ -87,7 +88,7 @@ void WindowPlacement::Show() {
     window_.show();
     window_.windowHandle()->installEventFilter(this);
     FitFrame();
-    // A painted frame is part of the window.
+    // A frame that the window paints itself is part of the window: there is nothing to correct.
     if (meaning_ == Size::WithoutFrame && window_.windowFlags().testFlag(Qt::FramelessWindowHint))
         askedSize_.reset();
     window_.repaint();
@@ -97,7 +98,8 @@ void WindowPlacement::NoteBeforeHiding() {
     if (!window_.isVisible())
         return;
     hidden_ = PlaceNow();
-    // What comes back isn't the start's any more: a painted frame gives way to the desktop's then.
+    // The window that is shown again needn't match the start any more: by then the desktop's frame
+    // may have replaced a painted one.
     if (!window_.isMaximized() && !window_.isMinimized())
         askedSize_.reset();
 }
@@ -107,7 +109,7 @@ WindowPlace WindowPlacement::Place() const {
 }
 
 WindowPlace WindowPlacement::PlaceNow() const {
-    // The window system's own answer: the widget keeps one from before the frame was there.
+    // Ask the window system: the widget still has the value from before the frame was added.
     const QWindow* window = window_.windowHandle();
     return InTwips(window != nullptr ? window->frameGeometry() : window_.frameGeometry());
 }
@@ -117,23 +119,23 @@ bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
         (event->type() == QEvent::Expose || event->type() == QEvent::Resize ||
          event->type() == QEvent::Move))
         FitFrame();
-    // Its size may come before or after this.
+    // The window's new size may arrive before or after the change of state.
     if (watched == &window_ && event->type() == QEvent::WindowStateChange && window_.isVisible() &&
         window_.windowHandle()->size() == innerSize_)
         FitFrame();
     return QObject::eventFilter(watched, event);
 }
 
-/// Makes the window with its frame as large as was asked for, once its frame is known; a maximised
-/// one when it is back in its normal state. Its smallest size may make it larger: then it is kept
-/// on its screen.
+/// Once the window's frame is known, gives the window including its frame the size that was asked
+/// for; a maximised window gets it when it is back in its normal state. If the window's smallest
+/// size makes it larger than that, it is moved so that it stays on its screen.
 void WindowPlacement::FitFrame() {
     const QWindow& window = *window_.windowHandle();
     const QMargins frame = DesktopFrame(window_);
     if (!askedSize_ || frame.isNull() || window_.isMaximized() || window_.isMinimized())
         return;
     const QSize asked = *std::exchange(askedSize_, std::nullopt);
-    // Nobody has sized it meanwhile, but for its own rules of size, which count the frame too.
+    // False if the window has been resized meanwhile, other than by its own smallest size.
     const bool isAsAsked = window.size() == innerSize_.expandedTo(window_.minimumSize());
     QResizeEvent again(window_.size(), window_.size());
     QCoreApplication::sendEvent(&window_, &again);

@@ -9,7 +9,7 @@
 
 namespace netrove {
 
-/// Where a window stands with its frame, or a screen's part that windows can use; twips.
+/// The place of a window including its frame, or the part of a screen that windows can use; twips.
 struct WindowPlace {
     qint32 left = 0;
     qint32 top = 0;
@@ -19,13 +19,15 @@ struct WindowPlace {
     friend bool operator==(const WindowPlace&, const WindowPlace&) = default;
 };
 
-/// A stored place on the screen that holds most of it, or on the first, the main one, where none
-/// holds any of it: no larger than the screen and whole on it. Any numbers will do.
+/// A stored place, made no larger than its screen and moved wholly onto it. Its screen is the one
+/// that holds most of it, or the first, the main one, if none holds any of it. The stored numbers
+/// may be any.
 [[nodiscard]] WindowPlace OnScreens(const WindowPlace& stored,
                                     std::span<const WindowPlace> screens);
 
-/// Puts a window where it stood in an earlier run, and tells where it stands. Frames count: their
-/// size is known only after the window has been shown, which is when its inner size is corrected.
+/// Puts a window where it stood in an earlier run, and tells where it stands now. Sizes include the
+/// window's frame, whose size is known only after the window has been shown: then the window's
+/// inner size is corrected.
 class WindowPlacement : public QObject {
     Q_OBJECT
 
@@ -33,23 +35,23 @@ public:
     /// The window must outlive this.
     explicit WindowPlacement(QWidget& window);
 
-    /// Whether programs can choose where their windows stand. On Wayland they can't, and aren't
-    /// told; sizes are theirs.
+    /// Whether programs can choose where their windows stand. On Wayland they can't, nor can they
+    /// find out; they can choose the sizes.
     [[nodiscard]] static bool CanMove();
 
-    /// The main screen's part that windows can use.
+    /// The part of the main screen that windows can use.
     [[nodiscard]] static WindowPlace MainScreen();
 
-    /// Moves and sizes the window, which hasn't been shown yet, by OnScreens. The size counts the
-    /// frame, or is that of the window `WithoutFrame`.
+    /// Moves and sizes the window, which hasn't been shown yet, by OnScreens. The size includes the
+    /// frame or, with Size::WithoutFrame, doesn't.
     enum class Size { WithFrame, WithoutFrame };
     void MoveTo(const WindowPlace& stored, Size size = Size::WithFrame);
 
     /// Shows the window, and paints it at once.
     void Show();
 
-    /// To be called before the window is hidden: the window system then takes its frame away, at a
-    /// moment of its own.
+    /// To be called before the window is hidden: some time after that the window system removes
+    /// its frame.
     void NoteBeforeHiding();
 
     /// Where the window stands now, or stood before it was hidden.
@@ -64,9 +66,9 @@ private:
 
     QWidget& window_;
     std::optional<WindowPlace> hidden_{};
-    std::optional<QSize> askedSize_{}; ///< in pixels; until the frame's size is known
-    QSize innerSize_{};                ///< what was asked for without knowing it
-    Size meaning_ = Size::WithFrame;   ///< of askedSize_, until then
+    std::optional<QSize> askedSize_{}; ///< in pixels; nothing once the frame's size is known
+    QSize innerSize_{};                ///< the size set before the frame's was known
+    Size meaning_ = Size::WithFrame;   ///< of askedSize_
 };
 
 } // namespace netrove

@@ -9,7 +9,7 @@
 namespace netrove {
 namespace {
 
-/// The locale's name for messages, by the order that POSIX gives the variables.
+/// The name of the locale for messages, from the first variable set, in the order of POSIX.
 QByteArray MessagesLocale() {
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
         if (const QByteArray value = qgetenv(variable); !value.isEmpty())
@@ -35,7 +35,7 @@ Translation::Translation(const QStringList& languages) {
         if (!own_.load(u"netrove_" + locale.name(), u":/translations"_s))
             continue;
         QCoreApplication::installTranslator(&own_);
-        // Where it isn't installed, Qt's controls are English.
+        // If Qt's translation isn't installed, its controls stay English.
         if (qt_.load(u"qtbase_" + locale.name(),
                      QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
             QCoreApplication::installTranslator(&qt_);

@@ -5,16 +5,16 @@
 
 namespace netrove {
 
-/// The languages that the user wants to read, the most wanted first, as LANGUAGE and the locale's
-/// variables name them: "de-AT". None where the locale is the one of scripts, "C".
+/// The languages that the user wants to read, the preferred one first, as LANGUAGE and the locale's
+/// variables name them: "de-AT". None if the locale is "C" or "POSIX", as in scripts.
 [[nodiscard]] QStringList UserLanguages();
 
-/// Translates the program's own texts, and those of Qt's own controls, as long as it lives. Texts
-/// without a translation stay English; numbers, dates and what is stored don't depend on it.
+/// While it exists, translates the program's own texts and those of Qt's controls. Texts without a
+/// translation stay English; numbers, dates and what is stored don't depend on it.
 class Translation {
 public:
-    /// Takes the first of the languages that there is; English is always there. To be made once
-    /// there is an application.
+    /// Takes the first of the languages that there is a translation for; English needs none. To be
+    /// made when there is an application object.
     explicit Translation(const QStringList& languages = UserLanguages());
     Translation(const Translation&) = delete;
     Translation& operator=(const Translation&) = delete;

@@ -8,18 +8,18 @@ namespace netrove {
 /// What keeps the window busy.
 enum class JobKind { Search, Load, Save, Clear, Browse };
 
-/// Whether a job of this kind takes long: it says in the status bar where it is, and the abort
-/// button stops it.
+/// Whether a job of this kind takes long: then it shows its progress in the status bar, and the
+/// abort button stops it.
 [[nodiscard]] bool IsLong(JobKind kind);
 
-/// Which job of the window runs, if any, and whether it is to stop. There is one at a time: a
-/// second is refused, wherever in the first one's yields it is asked for. Widgets show this state
-/// and are told of its changes; nobody reads it back from them.
+/// Which job of the window runs, if any, and whether it is to stop. There is one at a time: while
+/// one runs, a second one, asked for in one of its yields, is refused. Widgets show this state and
+/// are told of its changes; it is never read back from them.
 ///
-/// For the thread of the window.
+/// To be used on the window's thread only.
 class CurrentJob {
 public:
-    /// The life of a job: whoever was given it runs, and the job ends with it.
+    /// The life of a job: the job runs while this object exists, or until End().
     class Run {
     public:
         Run(Run&& other) noexcept : job_(other.job_) { other.job_ = nullptr; }
@@ -28,7 +28,7 @@ public:
         Run& operator=(Run&&) = delete;
         ~Run() { End(); }
 
-        /// From now on the job is shown, until its end.
+        /// Shows the job from now on until its end.
         void Show();
         void End();
 
@@ -39,7 +39,7 @@ public:
         friend class CurrentJob;
         explicit Run(CurrentJob& job) : job_(&job) {}
 
-        CurrentJob* job_; ///< null once it has ended
+        CurrentJob* job_; ///< null once the job has ended
     };
 
     CurrentJob() = default;
@@ -47,27 +47,27 @@ public:
     CurrentJob& operator=(const CurrentJob&) = delete;
     ~CurrentJob() = default;
 
-    /// The user has pressed the abort button. A long job that begins takes it back, and so does
-    /// nobody else: pressed while nothing runs, it stays.
+    /// The user has pressed the abort button. Stays set, even if nothing runs, until it is cleared:
+    /// by the beginning of a long job, and by the ends of the commands that load and save results.
     bool AbandonFlag = false;
 
-    /// A job is shown from now on, or isn't any more.
+    /// Raised when a job begins to be shown, and when it is no longer shown.
     std::function<void(JobKind)> Shown;
     std::function<void(JobKind)> Hidden;
 
-    /// Begins a job. Nothing where one runs.
+    /// Begins a job. Returns nothing if one runs already.
     [[nodiscard]] std::optional<Run> Begin(JobKind kind);
 
     [[nodiscard]] bool IsRunning() const { return kind_.has_value(); }
     /// Whether a long job is shown.
     [[nodiscard]] bool IsLongShown() const { return isShown_ && IsLong(*kind_); }
 
-    /// Whether what the running job waits for is to be given up. What is waited for outside a long
-    /// job never is, whatever was pressed before.
+    /// Whether the running job's waits are to be given up. Waits outside a long job never are,
+    /// whatever was pressed before.
     [[nodiscard]] bool GivesUpWaits() const { return AbandonFlag && IsLongShown(); }
 
-    /// Asks the running job to stop at its next test, without the user's having aborted it: the
-    /// window is to be closed.
+    /// Asks the running job to stop at its next test because the window is to be closed, not
+    /// because the user has aborted it.
     void Stop() { isToStop_ = IsRunning(); }
 
 private:

@@ -11,13 +11,13 @@ namespace netrove {
 /// The helper's end of the socket to the program.
 class Channel {
 public:
-    /// Whether the program has handed down a socket.
+    /// Whether the process was started with a socket to the program.
     [[nodiscard]] static bool IsThere();
 
     enum class Event { Question, Quiet, End };
 
-    /// Waits for the next message at most `limit`. Event::End where the program has closed the
-    /// socket or sent what is no message.
+    /// Waits at most `limit` for the next message. Event::End where the program has closed the
+    /// socket or sent something that isn't a message.
     [[nodiscard]] Event Receive(SmbQuestion& question, std::chrono::milliseconds limit);
 
     /// False where the program has gone.

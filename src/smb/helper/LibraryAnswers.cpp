@@ -8,8 +8,8 @@
 namespace netrove {
 namespace {
 
-/// The library tells the attributes of one file as permissions: a file that may be written isn't
-/// read-only, and the three bits of execution stand for archive, system and hidden.
+/// The library gives the attributes of a single file as permissions: a file that may be written
+/// isn't read-only, and the three execute bits stand for archive, system and hidden.
 quint32 AttributesOfMode(mode_t mode) {
     quint32 attributes = 0;
     if (S_ISDIR(mode))
@@ -35,7 +35,7 @@ qint64 Milliseconds(const timespec& time) {
     return qint64{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
 }
 
-/// Servers tell times within the 64 bits that this has, too, and some tell nonsense.
+/// Unsigned arithmetic, which may overflow: a server may tell any time, even nonsense.
 qint64 Nanoseconds(const timespec& time) {
     return static_cast<qint64>(static_cast<quint64>(time.tv_sec) * 1'000'000'000 +
                                static_cast<quint64>(time.tv_nsec));

@@ -8,13 +8,13 @@
 
 namespace netrove {
 
-/// The errno of the library's call that has just failed; it leaves that at 0 at times.
+/// The errno of the library's call that has just failed; EIO where the library left it at 0.
 [[nodiscard]] int LibraryFailure();
 
 [[nodiscard]] qint64 Milliseconds(const timespec& time);
 [[nodiscard]] qint64 Nanoseconds(const timespec& time);
 
-/// What the library tells of one file.
+/// What the library tells about one file.
 [[nodiscard]] SmbEntries EntryOf(const struct stat& file);
 
 } // namespace netrove

@@ -22,11 +22,12 @@ int main() {
                      qPrintable(ProgramVersion()));
         return 2;
     }
-    // A folder without end must not take the machine's memory: the library holds all of it.
+    // A folder without end must not take all of the machine's memory: the library keeps the whole
+    // listing.
     const rlimit memory{NETROVE_SMB_MEMORY, NETROVE_SMB_MEMORY};
     setrlimit(RLIMIT_DATA, &memory);
-    // Its memory holds passwords, the library's copies of them too: no core file, and no other
-    // process of the user reads it.
+    // This process's memory holds passwords, some in copies of the library's: there must be no core
+    // file, and no other process of the user may read it.
     const rlimit noCore{0, 0};
     setrlimit(RLIMIT_CORE, &noCore);
     prctl(PR_SET_DUMPABLE, 0);
@@ -37,6 +38,6 @@ int main() {
     if (!client.IsReady())
         return EXIT_FAILURE;
     Session(client).Run();
-    // Without the library's farewells, which could take long where a server has gone.
+    // Without the library's goodbyes to servers, which could take long where a server has gone.
     _exit(EXIT_SUCCESS);
 }

@@ -12,7 +12,7 @@
 namespace netrove {
 namespace {
 
-/// Bytes of a fetched file that are asked of the library at a time.
+/// Bytes of a fetched file that the library is asked for at a time.
 constexpr quint32 PieceBytes = 4 * 1024 * 1024;
 
 } // namespace
@@ -31,8 +31,6 @@ int RemoteFile::Inspect(const QByteArray& url, const Part& part) {
     return 0;
 }
 
-/// Reads of one file come one after the other: it stays open between them, which saves two of
-/// three round trips.
 int RemoteFile::Open(const QByteArray& url) {
     if (file_ >= 0 && url_ == url)
         return 0;
@@ -92,7 +90,7 @@ int RemoteFile::Fetch(const SmbRequest& request, const QByteArray& url, const Pa
     return status;
 }
 
-/// The program stores one piece while the next is read.
+/// In pieces, so that the program can store one while the next is read.
 int RemoteFile::FetchPieces(const SmbRequest& request, const Part& part) {
     errno = 0;
     if (smbc_lseek(file_, request.offset, SEEK_SET) < 0)

@@ -10,11 +10,12 @@
 
 namespace netrove {
 
-/// A file on a server. Reads of one come one after the other: it stays open between them, which
-/// saves two of three round trips. All of these open it where it isn't, and give 0 or an errno.
+/// A file on a server. As reads of one file follow each other, it stays open between them, which
+/// saves two of three round trips. Inspect, Read and Fetch open it if need be, and return 0 or an
+/// errno.
 class RemoteFile {
 public:
-    /// Takes one part of an answer; false where nobody wants more.
+    /// Takes one part of an answer; false if no more is wanted.
     using Part = std::function<bool(const SmbAnswer& part)>;
 
     RemoteFile() = default;

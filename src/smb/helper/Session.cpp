@@ -7,10 +7,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// After so long without a request the program won't come back: it drops a helper much earlier.
+/// How long to wait for a request. The program would have dropped an idle helper much earlier.
 constexpr std::chrono::milliseconds IdleLimit = 120s;
 
-/// A file that isn't read for so long is closed: an open file keeps others from renaming it.
+/// How long a file stays open without being read: an open file keeps others from renaming it.
 constexpr std::chrono::milliseconds OpenFileLimit = 2s;
 
 } // namespace

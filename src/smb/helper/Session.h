@@ -5,8 +5,8 @@
 
 namespace netrove {
 
-/// Answers the program's requests, one after the other, until it goes, sends garbage or asks
-/// nothing for a long time.
+/// Answers the program's requests, one after the other, until the program goes, sends garbage or
+/// asks nothing for a long time.
 class Session {
 public:
     explicit Session(SmbClient& client) : client_(client) {}

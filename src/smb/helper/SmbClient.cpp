@@ -15,27 +15,27 @@
 namespace netrove {
 namespace {
 
-/// The library's own limit of a request, in milliseconds: the first answer of a disk that sleeps
-/// takes 10 to 15 s. The program has tested before that somebody answers at all.
+/// The library's own time limit for a request, in milliseconds: the first answer of a disk that
+/// sleeps takes 10 to 15 s. The program has tested before that the server answers at all.
 constexpr int RequestTimeout = 20000;
 
-/// Entries of one part.
+/// Entries in one part of an answer.
 constexpr std::size_t PartEntries = 500;
 
-/// What libsmbclient is told on top of the system's configuration. Without NetBIOS no call waits
-/// for the answers to a broadcast.
+/// What libsmbclient is told in addition to the system's configuration. Without NetBIOS no call
+/// waits for the answers to a broadcast.
 constexpr char Configuration[] = "[global]\n"
                                  "disable netbios = yes\n"
                                  "name resolve order = host\n"
                                  "client signing = ";
 
-/// The library gives the same errno for a logon that isn't let in and for a share that isn't
-/// open to who was let in. Only what it would write to its log, at this level, tells them apart.
+/// The library gives the same errno for a logon that isn't let in and for a share that isn't open
+/// to a user who was let in. Only what it would write to its log, at this level, tells them apart.
 constexpr int LogonLogLevel = 3;
 constexpr char LogonFailed[] = "login failed";
 
-/// Bytes of a name or password that the library has room for, with the zero behind it. A longer
-/// one would be cut, and be a wrong one.
+/// Bytes of a name or password that the library has room for, including the zero at the end. A
+/// longer one would be cut, and so be wrong.
 constexpr qsizetype LogonBytes = 256;
 
 constexpr char GuestName[] = "guest";
@@ -72,7 +72,8 @@ bool LoadConfiguration(SMBCCTX* context, bool requiresSigning) {
     return isLoaded;
 }
 
-/// Whether another way may be let in. What the library has no errno for is EINVAL.
+/// Whether the server may let us in another way. EINVAL is what the library gives for failures that
+/// it has no errno for.
 bool IsRefusal(int status) {
     return status == EACCES || status == EPERM || status == EINVAL;
 }
@@ -104,9 +105,9 @@ void SmbClient::Configure(SMBCCTX* context) {
     smbc_setOptionUserData(context, this);
     smbc_setFunctionAuthDataWithContext(context, &SmbClient::AnswerLogon);
     smbc_setTimeout(context, RequestTimeout);
-    // Else a wrong password becomes a guest's session without a word.
+    // Else a wrong password would silently become a guest's session.
     smbc_setOptionNoAutoAnonymousLogin(context, 1);
-    // Else an empty password stands for one that winbind may know, and guests aren't let in.
+    // Else an empty password would stand for one that winbind may know, and guests wouldn't get in.
     smbc_setOptionUseCCache(context, 0);
     (void)LoadConfiguration(context, false);
 }
@@ -131,7 +132,7 @@ void SmbClient::AnswerLogon(SMBCCTX* context, const char* /*server*/, const char
     CopyText("", password, passwordSize);
     switch (client->ways_[client->way_]) {
     case Way::Kerberos:
-        // Any name but none: the ticket tells who it is.
+        // Any name will do, but not an empty one: the ticket tells who the user is.
         CopyText(GuestName, user, userSize);
         break;
     case Way::Logon:
@@ -201,8 +202,9 @@ void SmbClient::LeaveOtherLogon(const SmbRequest& request) {
         ways_.insert(ways_.end(), {Way::Guest, Way::Nameless});
 }
 
-/// A server may take a user that it doesn't know for a guest, and says so beside its answer, where
-/// the library doesn't look. Guests can't sign: where that is required they aren't let in.
+/// Uses a way for the next request. A server may let in a user that it doesn't know as a guest; it
+/// says so in a flag that the library ignores. Guests can't sign, so to require signing keeps a
+/// logon from becoming a guest's session.
 bool SmbClient::Use(Way way) {
     smbc_setOptionUseKerberos(context_, way == Way::Kerberos ? 1 : 0);
     smbc_setOptionFallbackAfterKerberos(context_, 0);
@@ -210,8 +212,8 @@ bool SmbClient::Use(Way way) {
 }
 
 /// The library makes a connection for each share. A search goes share by share, and many servers
-/// take few connections: the one of the share before is closed. (The library's own way to serve
-/// all shares by one connection takes one share's folders for another's.)
+/// take few connections: so the one for the previous share is closed. (The library's own option to
+/// serve all shares over one connection mixes up the folders of different shares.)
 void SmbClient::LeaveOtherShare(const QString& share) {
     if (share == share_)
         return;
@@ -220,7 +222,7 @@ void SmbClient::LeaveOtherShare(const QString& share) {
     share_ = share;
 }
 
-/// A connection that has gone while nobody used it is made anew, once.
+/// Makes a connection anew, once, if it was lost while nobody used it.
 int SmbClient::TryConnected(const SmbRequest& request, const Part& part) {
     bool sent = false;
     const Part noting = [&](const SmbAnswer& answer) {
@@ -284,7 +286,7 @@ int SmbClient::ListFolder(const SmbRequest& request, const QByteArray& url, cons
     if (folder < 0) {
         const int status = LibraryFailure();
         struct stat top = {};
-        // The top of a share that holds nothing, not even "." and "..", looks as if it weren't.
+        // The top of a share with no entries, not even "." and "..", looks as if it didn't exist.
         const bool isEmptyTop =
             status == ENOENT && request.path.isEmpty() && smbc_stat(url.constData(), &top) == 0;
         return isEmptyTop ? 0 : status;
@@ -294,8 +296,8 @@ int SmbClient::ListFolder(const SmbRequest& request, const QByteArray& url, cons
     return status;
 }
 
-/// The folder itself is the entry "." of its listing, which servers give first. For an entry's
-/// number the library takes its address apart again: only this one is asked for it.
+/// The folder itself is the entry "." of its listing, which servers give first. To get an entry's
+/// number is dear, as the library parses its address again: only this entry's is asked for.
 int SmbClient::SendEntries(int folder, const Part& part) {
     SmbEntries entries;
     struct stat self = {};

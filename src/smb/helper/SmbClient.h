@@ -25,15 +25,15 @@ public:
     /// Whether the library could be started.
     [[nodiscard]] bool IsReady() const { return context_ != nullptr; }
 
-    /// Does what is asked, gives 0 or an errno.
+    /// Does what is asked; returns 0 or an errno.
     [[nodiscard]] int Do(const SmbRequest& request, const Part& part);
 
     /// Closes the file that reads keep open.
     void CloseFile() { file_.Close(); }
 
 private:
-    /// How a server is asked to let us in. Guests come in two ways: Windows lets in "guest" but
-    /// not the nameless, servers that map no unknown user to guest do the opposite.
+    /// How a server is asked to let us in. There are two ways for guests: Windows lets in "guest"
+    /// but no empty name; servers that map no unknown user to guest do the opposite.
     enum class Way { Kerberos, Logon, Guest, Nameless };
 
     static void HearLog(void* client, int level, const char* message);
@@ -55,16 +55,16 @@ private:
     [[nodiscard]] int Stat(const QByteArray& url, const Part& part);
 
     SMBCCTX* context_ = nullptr;
-    /// Whom the requests are of: another logon or server is asked anew.
+    // The server and logon of the last request. Another one has its ways tried anew.
     QString server_;
     std::optional<SmbLogon> logon_;
-    std::vector<Way> ways_;    ///< those that are open to it, the best first
+    std::vector<Way> ways_;    ///< the ways to try, the best first
     std::size_t way_ = 0;      ///< the one in use
-    bool letIn_ = false;       ///< it is known to be good
-    bool logonFailed_ = false; ///< the request that runs has met a server that lets us not in
+    bool letIn_ = false;       ///< the way in use is known to be good
+    bool logonFailed_ = false; ///< the server hasn't let the running request in
     QString kerberosHost_;     ///< empty where Kerberos can't be tried
     bool signingRequired_ = false;
-    QString share_; ///< the one asked last
+    QString share_; ///< that of the last request
     RemoteFile file_;
 };
 

@@ -12,8 +12,8 @@
 namespace netrove {
 namespace {
 
-/// Reads exactly so many bytes of a message. The library asks a pipe again for what is missing,
-/// and then waits for a message that never comes.
+/// Reads exactly so many bytes of a message. If more were asked for than the message has, the
+/// library would ask the pipe again for the rest, and wait for a message that never comes.
 int ReadExactly(int pipe, QByteArray& bytes, qsizetype count) {
     const qsizetype before = bytes.size();
     bytes.resize(before + count);

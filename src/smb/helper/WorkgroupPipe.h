@@ -8,7 +8,7 @@
 
 namespace netrove {
 
-/// Asks a computer over its pipe of that address for its workgroup. Gives 0 or an errno.
+/// Asks a computer for its workgroup, over the pipe with this address. Returns 0 or an errno.
 [[nodiscard]] int AskWorkgroup(const QByteArray& url,
                                const std::function<bool(const SmbAnswer& part)>& part);
 

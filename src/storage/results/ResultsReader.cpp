@@ -7,7 +7,7 @@
 namespace netrove {
 
 bool ResultsReader::Open() {
-    // A pipe would be waited for.
+    // Opening a pipe would wait for its other end.
     return QFileInfo(file_.fileName()).isFile() && file_.open(QIODevice::ReadOnly) &&
            ResultsFormat::IsHeader(ReadPiece());
 }

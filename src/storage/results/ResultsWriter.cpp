@@ -19,7 +19,7 @@ void ResultsWriter::WriteLine(const QByteArray& line) {
 }
 
 void ResultsWriter::Close() {
-    // Closing alone doesn't say whether the rest found room.
+    // Closing alone wouldn't tell whether there was room for the rest.
     file_.flush();
     Check();
     file_.close();

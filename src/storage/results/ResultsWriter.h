@@ -8,10 +8,10 @@ namespace netrove {
 
 /// Writes a results file line by line. What was written before a failure stays in it.
 ///
-/// Everything raises ErrorNumber::DiskFull, DeviceIOError or PathFileAccessError.
+/// All its functions raise ErrorNumber::DiskFull, DeviceIOError or PathFileAccessError.
 class ResultsWriter {
 public:
-    /// Makes the file, or empties the one that is there. Never a device or a folder.
+    /// Makes the file, or empties an existing one. Raises for a device or a folder.
     explicit ResultsWriter(const QString& path);
 
     void WriteLine(const QByteArray& line);
