@@ -7,7 +7,7 @@ import subprocess
 import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
-LAN = os.path.join(ROOT, "tests", "lan")
+LAN = os.path.join(ROOT, "scripts", "lan")
 sys.path.insert(0, LAN)
 from lan import wait_for_port  # noqa: E402
 from samba import Samba  # noqa: E402

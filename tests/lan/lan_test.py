@@ -11,12 +11,15 @@ import sys
 import time
 import unittest
 
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "scripts", "lan"))
+
 import announcers
 import own_network
 from finder import Finder
 from lan import NETWORK, PASSWORD, USER, Host, Kind, Lan, wait_for_port
 from rude_host import SILENT_PORT
 
+RUDE_HOST = os.path.join(os.path.dirname(os.path.abspath(__file__)), "rude_host.py")
 SKIPPED = 77  # as tests/lan/CMakeLists.txt says
 
 MUSIC = ["one.mp3", "Music/two.mp3", "Music/Live/three.mp3", "notes.txt"]
@@ -106,7 +109,7 @@ class DiscoveryTest(unittest.TestCase):
         asked at an address that another host told."""
         rude = self.lan["rude"]
         other = f"{NETWORK}.255.254"  # the bridge's
-        rude.start_script("rude_host.py", rude.address, other)
+        rude.start_script(RUDE_HOST, rude.address, other)
         wait_for_port(rude.address, SILENT_PORT)
         with socket.create_server((other, 5357)) as ear:
             ear.setblocking(False)
