@@ -1,5 +1,5 @@
-"""A desktop of its own for a script or a test: X server, session bus, window manager, and a user's
-hands."""
+"""A private desktop for a script or a test: X server, session bus, window manager, and the input of
+a user."""
 
 import os
 import subprocess
@@ -12,12 +12,12 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 
 def wait_for(what, condition, seconds=20.0):
-    """Waits until condition() gives something true, and gives it back."""
+    """Waits until condition() returns something true, and returns that."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
         try:
             value = condition()
-        except GLib.Error:  # an object went away while it was asked
+        except GLib.Error:  # an object disappeared while being asked
             value = None
         if value:
             return value
@@ -49,7 +49,7 @@ class Desktop:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
         os.environ.update(self.environment)
         self.start(["openbox"])
-        # A window that comes while the window manager starts can be missed by it.
+        # The window manager can miss a window that appears while it starts.
         wait_for("the window manager", lambda: "window id" in self.tool(
             "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
         return self
@@ -95,7 +95,7 @@ class Desktop:
                               check=False).stdout.split()
 
     def window(self, title, seconds=60):
-        """The last of them, once it is there."""
+        """The last X window with exactly this title, once it exists."""
         return wait_for(f"a window {title}", lambda: self.windows(title), seconds)[-1]
 
 

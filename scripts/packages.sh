@@ -1,4 +1,4 @@
-# What the program needs of Debian's packages, by purpose. Sourced by the other scripts.
+# The Debian packages that the program needs, by purpose. Sourced by the other scripts.
 
 BUILD_PACKAGES=(
     cmake ninja-build g++ pkg-config ccache
@@ -7,7 +7,7 @@ BUILD_PACKAGES=(
 RUN_PACKAGES=(
     libqt6svg6 qt6-translations-l10n shared-mime-info xdg-utils adwaita-icon-theme fonts-liberation
 )
-PACKAGE_PACKAGES=( # what makes a package, and what proves it
+PACKAGE_PACKAGES=( # to make a package and to check it
     librsvg2-bin dpkg-dev lintian
     desktop-file-utils appstream shared-mime-info libxml2-utils man-db mandoc zsh fish
 )
@@ -22,7 +22,7 @@ BENCH_PACKAGES=(
     libbenchmark-dev findutils rclone
 )
 
-# install_packages NAME...: installs those that are missing, with sudo where needed.
+# install_packages NAME...: installs the missing ones, with sudo if needed.
 install_packages() {
     local missing=() package
     for package in "$@"; do

@@ -1,4 +1,4 @@
-"""The rooms of src as the build files tell them, and what their files include."""
+"""The rooms of src, as the build files list them, and what their files include."""
 
 import dataclasses
 import pathlib
@@ -11,12 +11,12 @@ TARGET = re.compile(r"netrove_(library|program)\(\s*([\w-]+)\s*(WIDGETS)?(.*?)\)
 
 @dataclasses.dataclass
 class Room:
-    """One library or program: the room proper where it is its folder's first."""
+    """One library or program; the first one of a folder is the room proper."""
 
     name: str
     folder: str  # relative to src
     kind: str  # "core", "window" or "program"
-    files: list  # of headers and sources
+    files: list  # headers and sources
     public: list  # the rooms that its headers may include
     private: list  # those that only its sources may include; a program lists them as LINKS
 
@@ -69,7 +69,7 @@ def read():
 
 
 def owner_of(rooms):
-    """Whose header "folder/Name.h" is: {"folder/Name": room's name}."""
+    """The room that owns a header "folder/Name.h": {"folder/Name": room's name}."""
     return {str(file.relative_to(SOURCES).with_suffix("")): room.name
             for room in rooms for file in room.files if file.suffix == ".h"}
 
@@ -86,7 +86,7 @@ def included(files, owners):
 
 
 def drawn_edges(rooms):
-    """The links that are no shortcut of others, as pairs of names."""
+    """The links, as pairs of names, except those that a path over other rooms replaces."""
     links = {room.name: room.links for room in rooms}
 
     def reachable(name, seen):

@@ -1,4 +1,4 @@
-"""The program's web site, for a desktop of its own: the files that the dialogs read."""
+"""The program's web site, for a private desktop: the files that the dialogs read."""
 
 import http.server
 import threading
@@ -26,7 +26,7 @@ class _Handler(http.server.BaseHTTPRequestHandler):
 
 
 class WebSite:
-    """Serves on entry, at `address`; ends on exit."""
+    """Starts serving on entry, at `address`; ends on exit."""
 
     def __enter__(self):
         self._server = http.server.HTTPServer(("127.0.0.1", 0), _Handler)

@@ -1,9 +1,9 @@
-"""How each skin's pictures are drawn. A module of a skin has
+"""How each skin's pictures are drawn. A skin's module has
 
   FILES   the numbers of its two pictures
   TITLE   width and height of the title picture: two rows, the upper for the active window
   CUTS    the columns of the title picture where the left cap, the tile behind the caption, the
-          divider and the filler end; then the right cap follows. Tile and filler are repeated and
+          divider and the filler end; the right cap follows them. Tile and filler are repeated and
           may be cut off anywhere.
   CELL    width and height of each of the seven cells of the frame picture: three faces of a button
           and four glyphs

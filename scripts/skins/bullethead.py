@@ -28,7 +28,7 @@ def title(canvas, active):
 
 
 def bullet(canvas, colours):
-    """The caption lies on it; after two grooves its nose points to the right, in a recess."""
+    """The bullet: the caption lies on it; after two grooves its nose points right, in a recess."""
     canvas.rect(32, 1, 33, 17, canvas.shade(*colours["recess"]))
     canvas.rect(64, 0, 1, 19, colours["lip"], opacity=0.6)
     canvas.path("M34 1H40C49 1.4 57 5.6 61 9.5C57 13.6 49 17.6 40 18H34Z", colours["outline"])
@@ -51,7 +51,7 @@ def perforation(canvas, colours):
 
 
 def plate(canvas, colours):
-    """Smooth behind the buttons, its edge screwed down."""
+    """The plate behind the buttons: smooth, with its edge screwed down."""
     canvas.rect(101, 0, 1, 19, colours["shadow"], opacity=0.7)
     canvas.rect(102, 0, 1, 19, "#ffffff", opacity=0.5)
     for x, y in ((108, 4.5), (108, 14.5), (195.5, 4.5), (195.5, 14.5)):

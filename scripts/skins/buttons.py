@@ -1,6 +1,6 @@
-"""Faces of buttons and the signs on them, as several skins draw them."""
+"""Faces of buttons and the signs on them, shared by several skins."""
 
-# The signs of the skins with cells of 10 by 10 pixels.
+# The signs of skins with cells of 10 by 10 pixels.
 SMALL = {"minimise": (2, 7, 6, 1.5),
          "maximise": ["M1.5 2H8.5V8.5H1.5ZM2.5 4V7.5H7.5V4Z"],
          "restore": ["M3.5 1.5H8.5V6.5H7.5V3H3.5Z", "M1.5 4H6.5V8.5H1.5ZM2.5 5.5V7.5H5.5V5.5Z"],

@@ -1,5 +1,5 @@
 """An SVG drawing, element by element. Only what Qt's SVG reader knows is used: no clipping, no
-nested drawings, no patterns; so shapes must stay inside their row or cell by themselves."""
+nested drawings, no patterns; so shapes must keep inside their row or cell."""
 
 from contextlib import contextmanager
 
@@ -77,7 +77,7 @@ def faint(opacity):
 
 
 def below(curve, left, right, bottom, step=2):
-    """The path of what lies between the curve, a function from x to y, and the bottom."""
+    """The path of the area between a curve, a function from x to y, and the bottom."""
     count = round((right - left) / step)
     places = [left + (right - left) * index / count for index in range(count + 1)]
     points = " ".join(f"L{number(x)} {number(min(curve(x), bottom))}" for x in places)

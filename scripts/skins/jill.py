@@ -1,5 +1,5 @@
-"""J.I.L.L.: ribbons and hearts, from light blue into navy. The title bar is shown half as high
-again as the picture, so it is drawn in that height and pressed together."""
+"""J.I.L.L.: ribbons and hearts, from light blue into navy. The title bar is shown one and a half
+times as high as the picture, so it is drawn at that height and squeezed."""
 
 FILES = {"title": 4, "frame": 5}
 TITLE, CUTS, CELL, ROWS = (500, 40), (39, 96, 180, 250), (26, 26), 2
@@ -24,14 +24,14 @@ def title(canvas, active):
 
 
 def curl(canvas, colours):
-    """A corner of navy before the icon."""
+    """A navy corner to the left of the icon."""
     canvas.path("M0 0H8C2 8 1 18 7 30H0Z", canvas.shade(*colours["navy"]))
     canvas.line("M8.5 0.5C2.5 8 1.5 18 7.5 29.5", colours["ribbons"][0], 1.4)
 
 
 def ribbons(canvas, colours):
-    """Three that slide down where the caption ends, run along the bottom, and dance before the
-    buttons."""
+    """Three ribbons that slide down where the caption ends, run along the bottom, and dance in
+    front of the buttons."""
     dark, light, thread = colours["ribbons"]
     canvas.line("M117 0C117 16 122 27 146 27H252C290 27 300 8 334 8S382 26.5 420 26.5H500",
                 dark, 3)

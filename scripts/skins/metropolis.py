@@ -12,7 +12,7 @@ INACTIVE = {"steel": ("#3a444c", "#2c343b", "#20272d"), "sky": ("#07090b", "#0d1
             "far": "#20282e", "near": "#07090b", "windows": ("#55646c", "#6b6250", "#4a575e"),
             "neon": "#4a5a63", "edge": "#15191d"}
 
-# Buildings as (width, height) from left to right; the windows follow from the place.
+# Buildings as (width, height) from left to right; their windows depend on the place.
 FAR = [(9, 8), (7, 10.5), (11, 7), (6, 11.5), (12, 8.5), (8, 10), (14, 7.5)]
 NEAR = [(8, 5.5), (5, 9), (10, 4.5), (7, 7.5), (5, 10.5), (9, 5), (6, 9), (11, 6.5), (6, 4)]
 
@@ -29,7 +29,7 @@ def title(canvas, active):
 
 
 def slab(canvas, colours):
-    """The caption's steel, cut off aslant, with a neon tube along the cut."""
+    """The caption's steel, cut off at a slant, with a neon tube along the cut."""
     canvas.path("M0 0H116L96 14H0Z", canvas.shade(*colours["steel"]))
     canvas.rect(0, 0, 116, 0.8, "#ffffff", opacity=0.4)
     canvas.path("M116 0H119.5L99.5 14H96Z", colours["edge"])
@@ -50,7 +50,7 @@ def skyline(canvas, colours, left, right):
 
 
 def lights(canvas, colours, x, top, width, seed):
-    """Some windows lit: which, follows from a small number sequence."""
+    """Some lit windows; a small sequence of numbers decides which."""
     for row in range(int((13 - top) / 1.8)):
         for column in range(int((width - 1) / 2)):
             seed = (seed * 37 + row * 11 + column * 5 + 7) % 101
@@ -67,7 +67,7 @@ def landmarks(canvas, colours):
 
 
 def tower(canvas, colours, x, width, height):
-    """In steps to a mast with a light."""
+    """Rises in steps to a mast with a light."""
     top = 14 - height
     canvas.rect(x, top + 3, width, height - 3, colours["near"])
     canvas.rect(x + width / 4, top + 1.2, width / 2, 2, colours["near"])

@@ -1,4 +1,4 @@
-"""Serenity: deep water that runs out into mist, hills and a pale sun."""
+"""Serenity: deep water that fades into mist, hills and a pale sun."""
 
 from math import cos, pi, sin
 
@@ -26,7 +26,7 @@ def title(canvas, active):
 
 
 def shore(canvas, colours):
-    """The waves, the farthest first, and the deep water before them."""
+    """The waves, the farthest first, and the deep water in front of them."""
     for reach, colour in zip((238, 214, 190), reversed(colours["waves"])):
         canvas.path(wave(reach), colour)
     canvas.path(wave(168), canvas.shade(*colours["water"]))
@@ -34,7 +34,7 @@ def shore(canvas, colours):
 
 
 def wave(reach):
-    """All to the left of an edge that falls from left to right in an S."""
+    """Everything to the left of an S-shaped edge that falls from left to right."""
     top = reach - 26
     return f"M0 0H{top}C{top + 16} 1 {top + 10} 23 {reach} 24H0Z"
 

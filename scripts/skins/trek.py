@@ -24,7 +24,7 @@ def title(canvas, active):
 
 
 def left_bracket(canvas, colours):
-    """A rounded end before the icon, and a line from it below the caption."""
+    """A rounded end to the left of the icon, and a line from it below the caption."""
     canvas.path(f"M10 1V17Q10 {LINE} 14 {LINE}H142V{BOTTOM}H11Q2 {BOTTOM} 2 12T11 1Z",
                 colours["orange"])
 
@@ -44,7 +44,7 @@ def blocks(canvas, colours, x, row):
 
 
 def right_bracket(canvas, colours):
-    """The last block sinks into a line below the buttons, which ends rounded after them."""
+    """The last block sinks into a line below the buttons, which has a rounded end beyond them."""
     canvas.path(f"M492 5H516C516 15 520 {LINE} 531 {LINE}H598Q604 {LINE} 604 17V1H606"
                 f"Q610 1 610 12T601 {BOTTOM}H492Z", colours["orange"])
 

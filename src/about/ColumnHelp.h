@@ -17,7 +17,7 @@ public:
     ColumnHelp(QWidget& window, QMenu& PopUp3Mnu) : window_(window), PopUp3Mnu_(PopUp3Mnu) {}
 
     /// A right click on the header of that list, at this place of the screen. Columns are counted
-    /// from 0; any number may come.
+    /// from 0; any number is accepted.
     void HeaderRightClick(int LV, int colNum, const QPoint& globalPosition);
 
     /// Shows the help that was offered last.

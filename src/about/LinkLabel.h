@@ -5,7 +5,7 @@
 namespace netrove {
 
 /// A label that leads somewhere: underlined, with a hand for the mouse, and red once it has been
-/// used. The keyboard reaches it too; Enter and the space bar are the left button.
+/// used. The keyboard can reach it too; Enter and the space bar act as the left button.
 class LinkLabel : public QLabel {
     Q_OBJECT
 

@@ -4,7 +4,7 @@
 
 namespace netrove {
 
-/// What has changed from release to release: a paragraph each, the newest first.
+/// What has changed from release to release: one paragraph per release, the newest first.
 [[nodiscard]] QString VersionHistory();
 
 } // namespace netrove

@@ -37,8 +37,8 @@ QLabel* Picture(const char* name, const QIcon& icon, QWidget* parent) {
     return label;
 }
 
-/// A sheet in the colours of a text, whatever the colours of the window are. What stands on it has
-/// them too, so that it is readable in each skin.
+/// A panel in the colours of a text box, whatever the window's colours are. Its contents inherit
+/// them, so that they are readable under every skin.
 QFrame* Panel(const QString& name, QWidget* parent) {
     auto* panel = new QFrame(parent);
     panel->setObjectName(name);
@@ -52,7 +52,7 @@ QFrame* Panel(const QString& name, QWidget* parent) {
     return panel;
 }
 
-/// The skin leaves the control as it is.
+/// Makes the skin leave the control as it is.
 void KeepColours(QWidget& control) {
     control.setProperty(TagProperty, u"NOCOLOR"_s);
 }

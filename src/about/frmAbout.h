@@ -24,12 +24,12 @@ struct AboutServices {
     Version version = Version::Own();
 };
 
-/// The about box: what the program is, its version and what has changed in which version.
+/// The about box: what the program is, its version and what has changed in each version.
 class frmAbout : public ProgramDialog {
     Q_OBJECT
 
 public:
-    /// It stands in the middle of the main window and belongs to it.
+    /// It appears in the middle of the main window and belongs to it.
     frmAbout(const AboutServices& services, QWidget& mainWindow);
 
 protected:

@@ -11,12 +11,13 @@
 namespace netrove {
 namespace {
 
-/// In twips: a text of two lines has its place in it.
+/// In twips: wide enough for a text of two lines.
 constexpr int Width = 4800;
 /// Pixels between the frame and the text.
 constexpr int MarginX = 5;
 constexpr int MarginY = 2;
-/// Points; a text that is too high becomes smaller in such steps, down to the smallest size.
+/// In points: a text that is too high gets a smaller font, in these steps, down to the smallest
+/// size.
 constexpr qreal FontStep = 0.25;
 constexpr qreal SmallestFont = 6;
 
@@ -40,7 +41,7 @@ int HeightOf(qint16 key) {
     }
 }
 
-/// Where the screen with that place ends on the right, in twips.
+/// The right edge of the screen on which the help opens, in twips.
 int RightEdge(const ColumnHelpText& help) {
     const QPoint place(ToPixels(static_cast<int>(help.ColHelpX)),
                        ToPixels(static_cast<int>(help.ColHelpY)));
@@ -66,7 +67,7 @@ void frmColHelp::MakeControls() {
     Shape1_->setObjectName(u"Shape1"_s);
     Shape1_->setFrameShape(QFrame::Box);
     Shape1_->setAutoFillBackground(true);
-    // The colours of tool tips, for controls that take those of windows.
+    // The colours of tool tips, in the roles from which these controls take theirs.
     QPalette colours = palette();
     colours.setColor(QPalette::Window, colours.color(QPalette::ToolTipBase));
     colours.setColor(QPalette::WindowText, colours.color(QPalette::ToolTipText));
@@ -92,7 +93,7 @@ void frmColHelp::Form_Load(ColumnHelpText help) {
     setAccessibleDescription(Label1_->text());
 }
 
-/// The heights are those of small fonts.
+/// The heights are made for small fonts: makes the font smaller until the text fits.
 void frmColHelp::FitFont() {
     QFont font = Label1_->font();
     while (Label1_->heightForWidth(width()) > height() &&

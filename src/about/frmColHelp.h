@@ -8,14 +8,14 @@ namespace netrove {
 
 /// What the help for a column says, and where it opens.
 struct ColumnHelpText {
-    float ColHelpX = 0; ///< of the screen, in twips
+    float ColHelpX = 0; ///< on the screen, in twips
     float ColHelpY = 0;
     QString ColHelpText;    ///< lines separated by CR LF
     qint16 ColHelpKey = -1; ///< selects the window's height
 };
 
-/// A small window with the help for a column, which acts as a tool tip: any click and any key
-/// dismisses it, and so does turning to another window. It deletes itself then.
+/// A small window with the help for a column, which acts as a tool tip: any click or key dismisses
+/// it, and so does turning to another window. Then it deletes itself.
 class frmColHelp : public QWidget {
     Q_OBJECT
 

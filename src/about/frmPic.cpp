@@ -25,7 +25,7 @@ frmPic::frmPic(const QWidget& mainWindow, QWidget* owner)
     CentreWindow(mainWindow, *this);
 }
 
-/// The picture lets clicks through to the window.
+/// Clicks on the picture reach the window too, because the label ignores them.
 void frmPic::mousePressEvent(QMouseEvent* event) {
     event->accept();
     close();

@@ -5,12 +5,12 @@
 
 namespace netrove {
 
-/// The hidden picture. It goes at a click, and when the user turns to another window.
+/// The hidden picture. It closes at a click, and when the user turns to another window.
 class frmPic : public QDialog {
     Q_OBJECT
 
 public:
-    /// It stands in the middle of the main window and belongs to `owner`.
+    /// It appears in the middle of the main window and belongs to `owner`.
     frmPic(const QWidget& mainWindow, QWidget* owner);
 
 protected:

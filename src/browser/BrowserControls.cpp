@@ -11,7 +11,7 @@
 namespace netrove {
 namespace {
 
-/// Edges of pictures, in pixels.
+/// Edge lengths of pictures, in pixels.
 constexpr int NodePicture = 16;
 constexpr int LoadPicture = 64;
 /// Pixels between the parts of the progress display.
@@ -56,7 +56,7 @@ BrowserControls::BrowserControls(QWidget& dialog) : imgXPNWImages(NodePicture) {
         hidden->hide();
     cmdOk->setEnabled(false);
     cmdOk->setDefault(true);
-    cmdCancel->setAutoDefault(false); // no Enter closes while cmdOk is off
+    cmdCancel->setAutoDefault(false); // Enter mustn't close the dialog while cmdOk is disabled
 }
 
 void BrowserControls::MakeProgress(QWidget& dialog) {

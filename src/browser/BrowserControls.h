@@ -15,8 +15,8 @@
 
 namespace netrove {
 
-/// The controls of the network browser, by their names (which are their objectNames too). Their
-/// places are BrowserLayout's affair. All of them are children of the dialog.
+/// The controls of the network browser, by their names (which are their objectNames too).
+/// BrowserLayout gives them their places. All of them are children of the dialog.
 struct BrowserControls {
     explicit BrowserControls(QWidget& dialog);
     BrowserControls(const BrowserControls&) = delete;
@@ -27,7 +27,7 @@ struct BrowserControls {
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdCancel = nullptr;
 
-    QLabel* ImgNet1 = nullptr; ///< the picture of the first load
+    QLabel* ImgNet1 = nullptr; ///< the picture shown during the first load
     QLabel* LblMain = nullptr;
     QLabel* lblWait = nullptr;
     QFrame* picProg = nullptr; ///< the frame of the progress display, in front of the tree

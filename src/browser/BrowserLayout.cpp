@@ -35,7 +35,7 @@ void BrowserLayout::PlaceFirstLoad() {
     top = centred(picture, top);
     top = centred(*controls_.LblMain, top);
     top = centred(*controls_.picProg, top);
-    // As wide as the dialog, for long names.
+    // As wide as the dialog, so that long names fit.
     controls_.lblAddNode->setGeometry(inner.x(), top, inner.width(),
                                       controls_.lblAddNode->sizeHint().height());
 }

@@ -4,8 +4,9 @@
 
 namespace netrove {
 
-/// Where the controls of the browser stand, by the size of the dialog: the tree and the buttons
-/// below it; in the tree's place, during the first load, the picture and the texts below that.
+/// Places the controls of the browser according to the size of the dialog: the tree with the
+/// buttons below it; during the first load, in place of the tree, the picture with the texts below
+/// it.
 class BrowserLayout {
 public:
     /// Smallest outer size of the dialog, in twips.

@@ -13,7 +13,7 @@ namespace netrove {
 struct BrowserServices {
     NetworkEnumeration& network;
     Settings& settings; ///< excluding a node adds to ExcNetNodes
-    /// What excluded nodes are told by. Whoever opens the browser has parsed them anew before.
+    /// Says which nodes are excluded. To be parsed anew before the browser is opened.
     const ExclusionLists& exclusions;
     TroubleshootingLog& log;
     Dialogs& dialogs;

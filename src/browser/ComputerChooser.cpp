@@ -15,9 +15,9 @@
 namespace netrove {
 namespace {
 
-/// Of an item: whether it stands for a computer.
+/// The role for whether an item stands for a computer.
 constexpr int IsComputerRole = Qt::UserRole;
-/// Average characters and lines of the tree, at first.
+/// Initial size of the tree, in average characters and in lines.
 constexpr int TreeCharacters = 44;
 constexpr int TreeLines = 14;
 
@@ -25,7 +25,7 @@ bool IsComputer(const QTreeWidgetItem* item) {
     return item && item->data(0, IsComputerRole).toBool();
 }
 
-/// Whether computers can be below a node of this type.
+/// Whether there can be computers below a node of this type.
 bool HoldsComputers(ResourceType type) {
     return type == ResourceType::Network || type == ResourceType::Domain ||
            type == ResourceType::Group || type == ResourceType::Generic;
@@ -44,7 +44,7 @@ ComputerChooser::ComputerChooser(NetworkEnumeration& network, const QString& tit
     cmdOk_ = buttons->button(QDialogButtonBox::Ok);
     cmdOk_->setObjectName(u"cmdOk"_s);
     cmdOk_->setEnabled(false);
-    // Without a computer, Enter does nothing.
+    // While no computer is chosen, Enter does nothing.
     buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
     Arrange(*buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -98,8 +98,8 @@ void ComputerChooser::showEvent(QShowEvent* event) {
         QTimer::singleShot(0, this, [this] { ReadNetwork(); });
 }
 
-/// Runs inside the dialog's event loop and yields; where the dialog is closed at a yield, it leaves
-/// at its next test, and exec() returns after that.
+/// Runs inside the dialog's event loop and yields; if the dialog is closed at a yield, it returns
+/// at its next test, and only then does exec() return.
 void ComputerChooser::ReadNetwork() {
     QString state;
     try {

@@ -12,20 +12,20 @@
 
 namespace netrove {
 
-/// Lets the user choose a computer: shows the network as a tree, down to its computers, and reads
-/// it while it is up; it can be used and closed meanwhile.
+/// Lets the user choose a computer: shows the network as a tree, down to its computers. The dialog
+/// reads the network while it is open, and can be used and closed meanwhile.
 class ComputerChooser : public QDialog {
     Q_OBJECT
 
 public:
     ComputerChooser(NetworkEnumeration& network, const QString& title, QWidget* parent);
 
-    /// Shows one over `parent` and waits for it. Gives the computer's name without "\\", nothing
-    /// where the user has chosen none.
+    /// Shows the dialog over `parent` and waits for its end. Returns the computer's name without
+    /// "\\", or nothing if the user has chosen none.
     [[nodiscard]] static std::optional<QString> Choose(NetworkEnumeration& network,
                                                        const QString& title, QWidget* parent);
 
-    /// The name of the chosen computer, without "\\"; empty where none is chosen.
+    /// The name of the chosen computer, without "\\"; empty if none is chosen.
     [[nodiscard]] QString Computer() const;
 
     void done(int result) override;

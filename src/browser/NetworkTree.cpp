@@ -23,7 +23,7 @@ QString FakeKeyOf(const QString& parentKey) {
     return parentKey + "_FAKE"_L1;
 }
 
-/// Does a child's steps; where one of them fails, the rest of them is left out.
+/// Does the steps for one child; if one of them fails, the rest are skipped.
 template <typename Steps>
 void SkipFailures(Steps steps) {
     try {
@@ -79,7 +79,7 @@ void NetworkTree::LoadChildren(const QString& key) {
     controls_.lblProcPerc->repaint();
     Yield();
     tree_.Remove(FakeKeyOf(key));
-    // By itself the tree would show this only after the wait for the network.
+    // Otherwise the tree would show this only after the wait for the network.
     tree_.Refresh();
     const std::shared_ptr<NetResource> resource = ResourceOf(key);
     const std::shared_ptr<NetResources> children = resource->Children();
@@ -141,7 +141,7 @@ std::shared_ptr<NetResource> NetworkTree::ResourceOf(const QString& key) const {
     return resource;
 }
 
-/// The remote names on the way from the root, which has none, to the node of this key.
+/// The remote names on the way from the root, which has none, to the node with this key.
 QStringList NetworkTree::RemoteNamesTo(QString key) const {
     QStringList names;
     for (; !key.isEmpty() && !tree_.Parent(key).isEmpty(); key = tree_.Parent(key))

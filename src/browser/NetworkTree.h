@@ -14,16 +14,16 @@
 
 namespace netrove {
 
-/// Fills the browser's tree from the network: the first level in one go, a deeper one when its
-/// node is expanded. A node of the tree finds its resource by its key and those of its ancestors,
-/// each "??" and a remote name. Its tag is "Y" when its children are in the tree, "N" when only a
-/// fake child is, which gives it its expand sign.
+/// Fills the browser's tree from the network: the first level in one go, a deeper one when its node
+/// is expanded. A node's resource is found by the keys of the node and its ancestors, each of which
+/// is "??" and a remote name. A node's tag is "Y" when its children are in the tree, and "N" when
+/// it has only a fake child, there for the sake of the expand sign.
 ///
-/// Loads yield, so that handlers can come in between, other loads too:
-/// - Each load keeps its numbers and the list that it walks; nodes are known by keys.
-/// - What a handler removes or adds meanwhile makes a key fail, which skips one child or ends the
-///   load as a failed one.
-/// - Abort() makes every load that is running leave after the child in work.
+/// Loads yield, so that handlers can run in between, even other loads:
+/// - Each load has its own numbers and its own list to walk; it knows nodes by their keys.
+/// - A key may fail because of what a handler has removed or added meanwhile; that skips one child,
+///   or makes the load fail.
+/// - Abort() makes every running load end after the current child.
 class NetworkTree {
 public:
     NetworkTree(BrowserControls& controls, const BrowserServices& services,
@@ -33,9 +33,9 @@ public:
         , services_(services)
         , exclusion_(exclusion) {}
 
-    /// Makes the root anew and loads the level below it. Gives false when it was aborted. Raises
-    /// what the enumeration of the network raises; the failure of one child costs that child
-    /// alone.
+    /// Makes the root anew and loads the level below it. Returns false if it was aborted. Raises
+    /// what the enumeration of the network raises; if a single child fails, only that child is
+    /// missing.
     [[nodiscard]] bool LoadFirstLevel();
 
     /// Loads the children of a node in the tree. Raises ErrorNumber::ObjectNotSet where the
@@ -50,8 +50,8 @@ public:
     /// The remote name of the child that the first load has reached; "NONODE" before any.
     [[nodiscard]] const QString& ChildInWork() const { return childInWork_; }
 
-    /// The resource of the selected node; the nearest ancestor that can be found, where it can't.
-    /// The root where nothing is selected. Raises nothing.
+    /// The resource of the selected node; if it can't be found, that of its nearest ancestor with
+    /// one. The root if nothing is selected. Raises nothing.
     [[nodiscard]] std::shared_ptr<NetResource> SelectedResource() const;
 
 private:

@@ -10,7 +10,7 @@
 namespace netrove {
 
 /// Shows which nodes of the browser's tree are excluded from searches, and excludes more. An
-/// excluded node bears two marks: it is red, and it is bold.
+/// excluded node is marked twice: it is red, and it is bold.
 class NodeExclusion {
 public:
     NodeExclusion(TreeView& tree, Settings& settings, const ExclusionLists& exclusions,
@@ -22,12 +22,12 @@ public:
 
     [[nodiscard]] bool IsMarked(const QString& key) const;
 
-    /// Adds an entry for the selected node to the settings and marks it; says in a box why that
-    /// can't be done. The parsed lists stay as they are.
+    /// Adds an entry for the selected node to the settings and marks it; if that can't be done,
+    /// says why in a message box. The parsed lists stay as they are.
     void mnuExcNode_Click();
 
 private:
-    /// An excluded or excludable kind of node, told by its picture.
+    /// The kinds of nodes, as far as exclusion is concerned; told by their pictures.
     enum class NodeClass { Workstation, Workgroup, Network, Folder, Root, Other };
 
     [[nodiscard]] NodeClass ClassOf(const QString& key) const;

@@ -11,10 +11,10 @@
 namespace netrove {
 namespace {
 
-/// The size that the dialog comes up with, in twips.
+/// The size with which the dialog opens, in twips.
 constexpr int DesignWidth = 6300;
 constexpr int DesignHeight = 6900;
-/// How long the dialog is up before the network is asked, in milliseconds.
+/// How long the dialog has been open when the network is asked, in milliseconds.
 constexpr int LoadDelay = 1000;
 
 QString NumberAndDescription(const RunTimeError& failure) {
@@ -59,8 +59,8 @@ void frmNWDialog::Form_Load() {
     controls_.lblAddNode->clear();
 }
 
-/// The load runs inside this handler. After each of its yields the dialog may have been closed;
-/// then it leaves at its next test, with the tree still hidden.
+/// The load runs inside this handler. The dialog may be closed during any of its yields; then it
+/// returns at its next test, with the tree still hidden.
 void frmNWDialog::tmrNodes_Timer() {
     bool isAborted = false;
     const auto failure = FailureOf([&] {
@@ -93,7 +93,7 @@ void frmNWDialog::BeginFirstLoad() {
 }
 
 void frmNWDialog::ShowLoadFailure(const RunTimeError& failure) {
-    if (tree_.Aborted()) // a dialog that has gone says nothing
+    if (tree_.Aborted()) // a closed dialog reports nothing
         return;
     services_.dialogs.Message(MessageIcon::Critical,
                               "An error was encountered when searching the network.\r\n"_L1 +

@@ -23,14 +23,14 @@ namespace netrove {
 ///     if (!browser.Cancelled())
 ///         start = browser.Result();
 ///
-/// The network is asked for the first level a second after the dialog has come up, and for each
-/// deeper level when its node is expanded. Both run inside handlers that yield, so that the
-/// dialog can be used and closed meanwhile; exec() comes back when they have noticed.
+/// The network is asked for the first level a second after the dialog has opened, and for each
+/// deeper level when its node is expanded. Both happen inside handlers that yield, so that the
+/// dialog can be used and closed meanwhile; exec() returns once the handlers have noticed that.
 class frmNWDialog : public ProgramDialog {
     Q_OBJECT
 
 public:
-    /// `owner` is the window that it stands in the middle of.
+    /// The dialog appears in the middle of the window `owner`.
     frmNWDialog(const BrowserServices& services, QWidget* owner);
     ~frmNWDialog() override = default;
 
@@ -39,7 +39,7 @@ public:
     /// The chosen node, which keeps what has been read below it; null before a choice.
     [[nodiscard]] const std::shared_ptr<NetResource>& Result() const { return result_; }
 
-    /// Leaves without a choice: the close box and the Escape key come here too.
+    /// Closes without a choice; the close box and the Escape key do this too.
     void reject() override;
 
     void setVisible(bool visible) override;

@@ -13,9 +13,10 @@ namespace {
 
 /// No column shows more characters than this; laying out a huge text would hold up the window.
 constexpr qsizetype MaxShownText = 1024;
-/// Of the text's colour in a progress bar: seen, and the text on it still read.
+/// Share of the text's colour in a progress bar: enough to be seen, and the text on it can still be
+/// read.
 constexpr double ProgressShade = 0.25;
-/// Of a row's own colour to the background; it is shown lighter or darker where it has less.
+/// Contrast of a row's own colour to the background; a colour with less is shown lighter or darker.
 constexpr double MinimumContrast = 3;
 
 QFont Emboldened(QFont font) {
@@ -84,13 +85,14 @@ void CellPainter::PaintCell(const QRect& cellRect, int row, int column) {
     const QFont& font = model_.Bold(row, column) ? boldFont_ : font_;
     painter_.setFont(font);
     painter_.setPen(TextColor(row, column));
-    // A text of several lines is shown in one.
+    // A text of several lines is shown in one line.
     painter_.drawText(
         space, static_cast<int>(model_.Alignment(column) | Qt::AlignVCenter) | Qt::TextSingleLine,
         QFontMetrics(font).elidedText(text, Qt::ElideRight, space.width()));
 }
 
-/// The part of the cell that is done, and the note at the right if the cell's text leaves room.
+/// Paints the bar over the share of the cell that is done, and the note at the right if the cell's
+/// text leaves room.
 void CellPainter::PaintProgress(const QRect& cellRect, int row, int column) {
     const std::optional<ListModel::Progress> progress = model_.ProgressOf(row, column);
     if (!progress)

@@ -12,14 +12,15 @@ class ListModel;
 /// Paints the cells of a ListView.
 class CellPainter {
 public:
-    /// The edge of a row's picture and the space left free around pictures and texts, in pixels.
+    /// The edge length of a row's picture, and the space left free around pictures and texts, in
+    /// pixels.
     static constexpr int PictureSize = 16;
     static constexpr int Margin = 3;
 
     CellPainter(QPainter& painter, const ListModel& model, const QFont& font,
                 const QPalette& palette, QPalette::ColorGroup group, const ImageList* pictures);
 
-    /// Where the check box of a row stands in the row's first cell.
+    /// The place of a row's check box within its first cell.
     [[nodiscard]] static QRect CheckBoxPlace(const QRect& cellRect);
 
     [[nodiscard]] static int RowHeight(const QFontMetrics& metrics);

@@ -46,7 +46,7 @@ double Contrast(const QColor& first, const QColor& second) {
 }
 
 QColor ReadableOn(const QColor& background) {
-    // At this luminance black and white stand out equally.
+    // On a background of this luminance, black and white stand out equally.
     return Luminance(background) > 0.179 ? QColor(Qt::black) : QColor(Qt::white);
 }
 

@@ -10,10 +10,10 @@ inline constexpr quint32 ButtonFaceColor = 0x8000000F;
 inline constexpr quint32 WindowBackColor = 0x80000005;
 inline constexpr quint32 WindowTextColor = 0x80000008;
 
-/// The colour that such a value means now; an unknown name of the desktop gives the text colour.
+/// The colour that such a value stands for now; an unknown desktop colour gives the text colour.
 [[nodiscard]] QColor ToColor(quint32 value);
 
-/// The value of a colour; never a name of the desktop.
+/// The value of a colour; never the name of a desktop colour.
 [[nodiscard]] quint32 FromColor(const QColor& color);
 
 /// How far two colours stand apart for the eye, from 1 (not at all) to 21 (black and white): the
@@ -26,8 +26,8 @@ inline constexpr quint32 WindowTextColor = 0x80000008;
 /// What a text needs to be read with ease: pure red on white is just above.
 inline constexpr double ReadableContrast = 3.9;
 
-/// The colour itself where its text can be read on the background; else as little lighter or
-/// darker as that needs.
+/// The colour itself where text in it can be read on the background; else made lighter or darker,
+/// just enough for that.
 [[nodiscard]] QColor Legible(const QColor& color, const QColor& background,
                              double contrast = ReadableContrast);
 

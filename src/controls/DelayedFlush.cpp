@@ -25,7 +25,7 @@ void DelayedFlush::Schedule() {
         timer_.start();
 }
 
-/// Flushes before an event of the user's is served: what he does is about what the view is now.
+/// Flushes before the user's input is served, so that it meets the view in its present state.
 bool DelayedFlush::eventFilter(QObject* /*watched*/, QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseButtonPress:

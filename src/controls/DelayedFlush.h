@@ -8,9 +8,9 @@
 
 namespace netrove {
 
-/// When the screen follows the changes of a view: some hundredths of a second later, so that many
-/// changes cost little, and always before what the user does next is served. It goes on during
-/// waits for the network.
+/// Decides when the screen follows the changes of a view: some hundredths of a second later, so
+/// that many changes cost little, and always before the user's next input is served. This works
+/// even during waits for the network.
 class DelayedFlush : public QObject {
 public:
     /// `flush` brings the view's screen up to date, and says Done() when it begins.

@@ -11,20 +11,20 @@ namespace netrove {
 /// The name of the button in a painted title bar that closes the window.
 inline constexpr QLatin1String CloseBoxName("frameButtonClose");
 
-/// A read from the web that a dialog waits for, as long as this object lives. What the user types
-/// or clicks meanwhile isn't meant for what the dialog shows afterwards, and is dropped. What
-/// closes the dialog works at once, though, and gives the read up: its waits end. For the thread of
-/// the windows; a dialog has one at a time.
+/// Lives while a dialog waits for a read from the web. What the user types or clicks meanwhile
+/// isn't meant for what the dialog shows afterwards, and is dropped. What closes the dialog works
+/// at once, though, and abandons the read: its waits end. For the thread of the windows; a dialog
+/// has one at a time.
 class DialogRead {
 public:
     /// `cancel` is the button that closes the dialog.
     DialogRead(QDialog& dialog, QAbstractButton& cancel);
     DialogRead(const DialogRead&) = delete;
     DialogRead& operator=(const DialogRead&) = delete;
-    /// Takes in what the user has done until now.
+    /// Drops what the user has done until now.
     ~DialogRead();
 
-    /// The read that goes on; null if there's none.
+    /// The read in progress; null if there is none.
     [[nodiscard]] static const DialogRead* Current() { return current_; }
 
     /// Whether the user has closed the dialog.

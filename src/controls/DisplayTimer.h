@@ -8,8 +8,8 @@
 namespace netrove {
 
 /// A timer of a view: what it does brings the screen up to date and runs no handler of the program.
-/// So it fires during waits for the network too, when all others are held back. For the thread of
-/// the windows.
+/// So it fires even during waits for the network, when all other timers are held back. For the
+/// thread of the windows.
 class DisplayTimer : public QTimer {
 public:
     DisplayTimer();
@@ -17,15 +17,15 @@ public:
     DisplayTimer& operator=(const DisplayTimer&) = delete;
     ~DisplayTimer() override;
 
-    /// Fires those that are due, while nobody else does it.
+    /// Fires the display timers that are due, while the event loop fires no timers.
     static void FireDue();
 
 private:
     static inline std::vector<DisplayTimer*> all_;
 };
 
-/// Fires the object's own timers that are due, those inside Qt's widgets too. They must be ones
-/// that fire once.
+/// Fires the object's own timers that are due, including those inside Qt's widgets. They must be
+/// single-shot timers.
 void FireDueTimers(QObject& object);
 
 } // namespace netrove

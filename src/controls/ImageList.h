@@ -20,7 +20,8 @@ public:
     [[nodiscard]] int PictureSize() const { return pictureSize_; }
     [[nodiscard]] int Count() const { return static_cast<int>(pictures_.size()); }
 
-    /// Adds a picture at the end. Raises ErrorNumber::KeyNotUnique for a key that is there.
+    /// Adds a picture at the end. Raises ErrorNumber::KeyNotUnique for a key that the list has
+    /// already.
     void Add(const QString& key, const QIcon& picture);
     void Clear();
 

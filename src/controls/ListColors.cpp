@@ -8,7 +8,7 @@
 namespace netrove {
 namespace {
 
-/// The selection on a background of the list's own.
+/// The selection in a list with a background colour of its own.
 constexpr QColor SelectionColor(0x2A, 0x6F, 0xB5);
 
 /// The colours that depend on the list's background.
@@ -27,7 +27,7 @@ void SetColorsOn(const QColor& background, QPalette& palette) {
     palette.setColor(QPalette::Active, QPalette::HighlightedText, ReadableOn(SelectionColor));
 }
 
-/// What of a control's palette was set on the control itself, but for some roles.
+/// The colours of the palette that were set on the control itself, except for some roles.
 QPalette OwnColors(const QPalette& palette, std::span<const QPalette::ColorRole> without) {
     QPalette own;
     for (int number = 0; number < QPalette::NColorRoles; ++number) {

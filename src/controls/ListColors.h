@@ -6,7 +6,7 @@
 namespace netrove {
 
 /// A list's palette with colours that can be read on this background, whatever the desktop's are.
-/// One that isn't valid gives the desktop's colours.
+/// An invalid background gives the desktop's colours.
 [[nodiscard]] QPalette WithListColors(const QPalette& palette, const QColor& background);
 
 } // namespace netrove

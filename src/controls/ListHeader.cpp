@@ -8,7 +8,7 @@ namespace netrove {
 
 namespace {
 
-/// Pixels on the right of an edge that belong to the hidden columns there, shared out evenly.
+/// Pixels to the right of an edge that belong to the hidden columns there, shared evenly.
 constexpr int HiddenEdgeWidth = 6;
 /// The user can't drag a column narrower than this, in pixels, so that none gets lost.
 constexpr int MinimumColumnWidth = 12;

@@ -4,15 +4,15 @@
 
 namespace netrove {
 
-/// The header of a ListView. Columns that are hidden stay hidden: at their place, on the right of
-/// the edge where they would open, the mouse can neither drag nor double-click. They can still be
-/// asked about there by a right click. Columns are counted from 0.
+/// The header of a ListView. Hidden columns stay hidden: at their place, to the right of the edge
+/// where they would open, neither dragging nor double-clicking works. A right click there still
+/// reports them. Columns are counted from 0.
 class ListHeader : public QHeaderView {
     Q_OBJECT
 public:
     explicit ListHeader(QWidget* parent);
 
-    /// The column at this place of the header, hidden ones included; -1 behind the last one.
+    /// The column at this place of the header, hidden ones included; -1 beyond the last one.
     [[nodiscard]] int ColumnAt(int x) const;
 
 Q_SIGNALS:

@@ -11,7 +11,7 @@ namespace netrove {
 
 namespace {
 
-/// Raises for a number that isn't in 1 to `count`; gives its place in a vector.
+/// The place in a vector of the number, from 1 to `count`. Raises for any other.
 std::size_t Place(int number, std::size_t count) {
     if (number < 1 || static_cast<std::size_t>(number) > count)
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
@@ -77,7 +77,7 @@ void ListModel::RemoveRows(const std::vector<int>& rows) {
         item.reset();
     }
     rows_.erase(std::remove(rows_.begin() + (rows.front() - 1), rows_.end(), nullptr), rows_.end());
-    // The row that comes after a removed current row takes its place.
+    // The row after a removed current row becomes the current one.
     currentRow_ = std::min(currentRow_ - removedBeforeCurrent, Count());
     ++rowsVersion_;
     if (IsTold(rows.front()))

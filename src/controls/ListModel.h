@@ -15,15 +15,15 @@
 namespace netrove {
 
 /// The rows of a ListView: texts, looks, selection and current row. Rows and columns are counted
-/// from 1; sub-item n is column n + 1. What is changed here is seen by every call at once; the
-/// view is told later, of many changes together, by Flush(). The inherited interface (`rowCount`,
-/// `index` …, counted from 0) is the view's and knows only of rows that it has been told of.
+/// from 1; sub-item n is column n + 1. Every call sees a change at once; Flush() tells the view
+/// later, of many changes together. The inherited interface (`rowCount`, `index` …, counted from 0)
+/// is for the view, and has only the rows that the view has been told of.
 ///
 /// A row or column that isn't there raises ErrorNumber::SubscriptOutOfRange.
 class ListModel : public QAbstractTableModel {
     Q_OBJECT
 public:
-    /// How far the work that a cell tells of has come.
+    /// The progress of the work that a cell tells of.
     struct Progress {
         double share = 0; ///< 0 to 1
         QString note;     ///< in words
@@ -53,7 +53,7 @@ public:
     void RemoveRows(const std::vector<int>& rows);
     void Clear();
     [[nodiscard]] int Count() const { return static_cast<int>(rows_.size()); }
-    /// Another number each time that rows have come or gone.
+    /// A different number whenever rows have been added or removed.
     [[nodiscard]] quint64 RowsVersion() const { return rowsVersion_; }
 
     [[nodiscard]] QString Text(int row, int column) const;
@@ -72,7 +72,7 @@ public:
     [[nodiscard]] QColor ForeColor(int row, int column) const;
     void SetForeColor(int row, int column, const QColor& color);
 
-    /// At most one cell of a row has a progress; nothing takes it away.
+    /// At most one cell of a row has a progress; setting it to nothing removes it.
     [[nodiscard]] std::optional<Progress> ProgressOf(int row, int column) const;
     void SetProgress(int row, int column, const std::optional<Progress>& progress);
 
@@ -94,7 +94,8 @@ public:
     [[nodiscard]] ImageList* Pictures() const { return pictures_; }
     void SetPictures(ImageList* pictures) { pictures_ = pictures; }
 
-    /// The view's own changes of selection and current row, counted from 0; not to be told back.
+    /// Takes over the view's own changes of selection and current row, counted from 0; the view
+    /// isn't told of them again.
     void TakeSelection(int firstRow, int lastRow, bool selected);
     void TakeCurrentRow(int row) { currentRow_ = row + 1; }
 
@@ -112,7 +113,7 @@ public:
                                         int hits, Qt::MatchFlags flags) const override;
 
 Q_SIGNALS:
-    /// Something has changed that the view hasn't been told of.
+    /// Raised when something has changed that the view hasn't been told of.
     void FlushNeeded();
 
 private:

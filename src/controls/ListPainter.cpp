@@ -57,7 +57,7 @@ void ListPainter::PaintFocus(int row) {
     QStyleOptionFocusRect frame;
     frame.initFrom(&list_);
     frame.rect = places_.Row(row);
-    frame.state |= QStyle::State_KeyboardFocusChange; // some styles show none without it
+    frame.state |= QStyle::State_KeyboardFocusChange; // some styles show no mark without it
     list_.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter_, &list_);
 }
 

@@ -5,8 +5,8 @@
 
 namespace netrove {
 
-/// Where the rows and cells of a list stand in its viewport. All rows are equally high. Rows and
-/// columns are counted from 1; they needn't be there.
+/// The places of a list's rows and cells in its viewport. All rows have the same height. Rows and
+/// columns are counted from 1; they needn't exist.
 class ListPlaces {
 public:
     explicit ListPlaces(const QTableView& list) : list_(list) {}

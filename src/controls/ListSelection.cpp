@@ -12,7 +12,7 @@ void ListSelection::Show() {
     view_.viewport()->update();
 }
 
-/// The selected rows, those that follow each other as one range.
+/// The selected rows; consecutive ones form one range.
 QItemSelection ListSelection::Selection() const {
     QItemSelection selection;
     for (int first = model_.NextSelected(1), last = 0; first != 0;

@@ -7,7 +7,7 @@
 
 namespace netrove {
 
-/// Keeps the selection and the current row of a list and those of its view the same.
+/// Keeps a list's selection and current row in step with those of its view.
 class ListSelection {
 public:
     ListSelection(QAbstractItemView& view, ListModel& model) : view_(view), model_(model) {}
@@ -16,7 +16,7 @@ public:
     void Show();
     [[nodiscard]] bool IsShowing() const { return isShowing_; }
 
-    /// Takes over what the view has changed, unless it has just been told so.
+    /// Takes over what the view has changed, unless Show() has just told it to.
     void Take(const QItemSelection& selected, const QItemSelection& deselected);
     void TakeCurrent(const QModelIndex& current);
 

@@ -5,8 +5,8 @@
 
 namespace netrove {
 
-/// When a list sorts itself: once for each time that it is switched on, or that what it sorts by
-/// is set while it is on. It happens with the next flush, or when it is switched off.
+/// Decides when a list sorts itself: once each time sorting is switched on, or its key or order is
+/// set while it is on. That happens at the next flush, or when sorting is switched off.
 class ListSorting {
 public:
     ListSorting(ListModel& model, DelayedFlush& flush) : model_(model), flush_(flush) {}

@@ -127,7 +127,7 @@ void ListView::Flush() {
         ShowAppendedRows(rowsBefore + 1);
         break;
     case ListModel::Flushed::Everything:
-    case ListModel::Flushed::Selection: // with rows that were appended, too
+    case ListModel::Flushed::Selection: // perhaps with appended rows, too
         executeDelayedItemsLayout();
         selection_.Show();
         break;
@@ -227,7 +227,7 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
-    // Two quick clicks on a check box are two.
+    // Two quick clicks on a check box count as two clicks.
     pressedCheckBox_ = event->button() == Qt::LeftButton ? CheckBoxAt(event->pos()) : 0;
     if (pressedCheckBox_ != 0)
         return;
@@ -239,7 +239,7 @@ void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ListView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
-    // The mouse's were raised when its button went down.
+    // For the mouse, the signal was raised when its button went down.
     if (event->reason() != QContextMenuEvent::Keyboard)
         return;
     const int below = CurrentRow() == 0 ? 0 : places_.RowTop(CurrentRow() + 1);
@@ -279,7 +279,7 @@ void ListView::startDrag(Qt::DropActions /*supportedActions*/) {
     drag->exec(Qt::CopyAction);
 }
 
-/// Nothing is: the check boxes are the list's own affair.
+/// Nothing can be edited: the list handles its check boxes itself.
 bool ListView::edit(const QModelIndex& /*index*/, EditTrigger /*trigger*/, QEvent* /*event*/) {
     return false;
 }

@@ -19,12 +19,11 @@ namespace netrove {
 class ImageList;
 class ListHeader;
 
-/// A list of rows with columns of text under a header: what shows the found files and the
-/// downloads. Rows and columns are counted from 1; sub-item n stands in column n + 1. A row,
-/// column or sub-item that isn't there raises ErrorNumber::SubscriptOutOfRange. Widths are in
-/// twips.
+/// A list of rows with columns of text under a header. It shows the found files and the downloads.
+/// Rows and columns are counted from 1; sub-item n stands in column n + 1. A row, column or
+/// sub-item that doesn't exist raises ErrorNumber::SubscriptOutOfRange. Widths are in twips.
 ///
-/// Changes are in the list at once for every call. The screen follows some hundredths of a second
+/// Every call sees a change of the list at once. The screen follows some hundredths of a second
 /// later, so that many changes cost little, and always before the user's next key or click is
 /// served.
 ///
@@ -35,7 +34,7 @@ class ListView : public QTableView {
 public:
     explicit ListView(QWidget* parent = nullptr);
 
-    /// Adds a column behind the last one and gives its number.
+    /// Adds a column after the last one and gives its number.
     int AddColumn(const QString& header, Qt::Alignment alignment, int width);
     [[nodiscard]] int ColumnCount() const { return model_->ColumnCount(); }
     [[nodiscard]] QString HeaderText(int column) const { return model_->HeaderText(column); }
@@ -47,14 +46,14 @@ public:
     void HideColumn(int column);
 
     /// Adds a row at the end, whatever the rows were sorted by, and gives its number. The picture
-    /// is the one that SmallIcons has under this key, none if there's no such.
+    /// is the one that SmallIcons has under this key, if any.
     int Add(const QString& text, const QString& smallIcon = QString());
     void Remove(int row) { model_->Remove(row); }
     /// Removes many rows at the price of one; their numbers ascend.
     void RemoveRows(const std::vector<int>& rows) { model_->RemoveRows(rows); }
     void Clear() { model_->Clear(); }
     [[nodiscard]] int Count() const { return model_->Count(); }
-    /// Another number each time that rows have come or gone.
+    /// A different number whenever rows have been added or removed.
     [[nodiscard]] quint64 RowsVersion() const { return model_->RowsVersion(); }
 
     [[nodiscard]] QString Text(int row) const { return model_->Text(row, 1); }
@@ -67,15 +66,15 @@ public:
     }
     [[nodiscard]] QString SmallIcon(int row) const { return model_->PictureKey(row); }
 
-    /// Whether each row has a check box, which the space bar changes, and a click on it, which then
-    /// selects nothing; initially not.
+    /// Whether each row has a check box; initially not. The space bar changes it, and so does a
+    /// click on it, which then selects nothing.
     [[nodiscard]] bool CheckBoxes() const { return model_->CheckBoxes(); }
     void SetCheckBoxes(bool checkBoxes) { model_->SetCheckBoxes(checkBoxes); }
     [[nodiscard]] bool Checked(int row) const { return model_->Checked(row); }
     void SetChecked(int row, bool checked) { model_->SetChecked(row, checked); }
 
-    /// The looks of a row's own text, and of a sub-item. A colour that isn't valid means the
-    /// list's own text colour.
+    /// The looks of a row's own text, and of a sub-item. An invalid colour means the list's own
+    /// text colour.
     [[nodiscard]] bool Bold(int row) const { return model_->Bold(row, 1); }
     void SetBold(int row, bool bold) { model_->SetBold(row, 1, bold); }
     [[nodiscard]] QColor ForeColor(int row) const { return model_->ForeColor(row, 1); }
@@ -90,8 +89,9 @@ public:
         model_->SetForeColor(row, SubItemColumn(number), color);
     }
 
-    /// How far the work that a sub-item tells of has come: a bar behind its text, with the note
-    /// beside it where there is room, and as the tool tip. One sub-item of a row has it at most.
+    /// The progress of the work that a sub-item tells of: a bar behind its text, and a note, beside
+    /// the text where there is room, and as the tool tip. At most one sub-item of a row has a
+    /// progress.
     [[nodiscard]] std::optional<ListModel::Progress> Progress(int row, int number) const {
         return model_->ProgressOf(row, SubItemColumn(number));
     }
@@ -109,22 +109,22 @@ public:
     /// The row with the keyboard's mark, 0 if there's none.
     [[nodiscard]] int CurrentRow() const { return model_->CurrentRow(); }
     void SetCurrentRow(int row) { model_->SetCurrentRow(row); }
-    /// Whether several rows can be selected; initially so. While not, a row that is selected takes
-    /// the selection from all others.
+    /// Whether several rows can be selected; initially they can. Where they can't, selecting a row
+    /// deselects all others.
     void SetMultiSelect(bool multiSelect);
     /// Scrolls a row into view.
     void EnsureVisible(int row);
 
-    /// Where the rows' pictures come from; null for no pictures. Icons, the large pictures, aren't
-    /// shown by a list of rows and only kept.
+    /// Where the rows' pictures come from; null for no pictures. Icons, the large pictures, are
+    /// only kept: a list of rows doesn't show them.
     [[nodiscard]] ImageList* Icons() const { return icons_; }
     void SetIcons(ImageList* icons) { icons_ = icons; }
     [[nodiscard]] ImageList* SmallIcons() const { return model_->Pictures(); }
     void SetSmallIcons(ImageList* smallIcons);
 
-    /// Sorting happens once for each time that Sorted is switched on: by the text of the column
-    /// with the number SortKey + 1, without regard to case, in the order of the locale. The rows
-    /// are in their new order when Sorted is switched off again, or earlier.
+    /// The list is sorted once each time Sorted is switched on: by the text of the column with the
+    /// number SortKey + 1, without regard to case, in the order of the locale. The rows are in
+    /// their new order when Sorted is switched off again, or earlier.
     [[nodiscard]] bool Sorted() const { return sorting_.IsOn(); }
     void SetSorted(bool sorted) { sorting_.SetOn(sorted); }
     [[nodiscard]] int SortKey() const { return sorting_.Key(); }
@@ -132,21 +132,21 @@ public:
     [[nodiscard]] Qt::SortOrder SortOrder() const { return sorting_.Order(); }
     void SetSortOrder(Qt::SortOrder order) { sorting_.SetOrder(order); }
 
-    /// The colour behind the rows; text and selection get colours that are readable on it. One
-    /// that isn't valid gives the desktop's colours.
+    /// The colour behind the rows; text and selection get colours that are readable on it. An
+    /// invalid colour gives the desktop's colours.
     [[nodiscard]] QColor BackColor() const { return backColor_; }
     void SetBackColor(const QColor& color);
     [[nodiscard]] bool GridLines() const { return gridLines_; }
     void SetGridLines(bool gridLines);
 
-    /// Lets the user drag the selected rows out of the list: what `content` makes of their
-    /// numbers; a null one isn't dragged.
+    /// Lets the user drag the selected rows out of the list. `content` makes what is dragged from
+    /// their numbers; where it gives null, nothing is dragged.
     using DragContent = std::function<std::unique_ptr<QMimeData>(const std::vector<int>& rows)>;
     void SetDragContent(DragContent content);
 
     /// Brings the screen's state up to date with the list now.
     void Flush();
-    /// Flush, and paints at once.
+    /// Does what Flush() does, and paints at once.
     void Refresh();
 
     [[nodiscard]] ListHeader* Header() const { return header_; }
@@ -154,7 +154,7 @@ public:
 Q_SIGNALS:
     /// The left button clicked a header; columns from 1.
     void ColumnClick(int column);
-    /// The right button clicked the header; columns from 0, hidden ones included, -1 behind the
+    /// The right button clicked the header; columns from 0, hidden ones included, -1 beyond the
     /// last one.
     void HeaderRightClick(int column, const QPoint& globalPosition);
     void RowDoubleClick(int row);
@@ -213,7 +213,7 @@ private:
     QColor backColor_;
     bool gridLines_ = false;
     int pressedCheckBox_ = 0; ///< the row whose box the left button went down on
-    bool appending_ = false;  ///< the layout that goes on only adds rows at the end
+    bool appending_ = false;  ///< the layout in progress only adds rows at the end
 };
 
 } // namespace netrove

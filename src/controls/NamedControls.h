@@ -8,7 +8,7 @@
 
 namespace netrove {
 
-/// A control by its name, which becomes its object name.
+/// Gives a control its name, which becomes its object name.
 template <typename Control>
 Control* Named(Control* control, const QString& name, const char* toolTip = "") {
     control->setObjectName(name);
@@ -19,7 +19,7 @@ Control* Named(Control* control, const QString& name, const char* toolTip = "") 
 [[nodiscard]] QPushButton* NamedButton(QWidget& parent, const QString& name, const QString& caption,
                                        const char* toolTip = "");
 
-/// A label that reads no text as anything but text: names and texts come from outside.
+/// A label that shows its text as it is, never as markup: names and texts come from outside.
 [[nodiscard]] QLabel* NamedLabel(QWidget& parent, const QString& name, const QString& text);
 
 /// The name of an element of an array of controls: "mnuSkin(3)" and so on.

@@ -23,15 +23,15 @@ namespace netrove {
 
 namespace {
 
-// Gap and margins leave a text what whoever shortens one reckons with: a panel's width less 100
-// twips.
+// Gap and margins leave a text the panel's width less 100 twips, which callers that shorten texts
+// rely on.
 constexpr int Gap = 2;        ///< pixels between two panels
 constexpr int TextMargin = 2; ///< pixels from a panel's edge to its text
 constexpr int VerticalMargin = 3;
-/// More than any panel can show: what lies beyond needn't be measured.
+/// More characters than any panel can show: what lies beyond needn't be measured.
 constexpr qsizetype MaxShownText = 1000;
 
-/// Names the bar and its texts for screen readers; they are put together when one asks.
+/// Gives the bar and its texts a name for screen readers, put together when one asks.
 class AccessibleStatusBar : public QAccessibleWidget {
 public:
     explicit AccessibleStatusBar(StatusBar* bar)
@@ -96,7 +96,7 @@ void StatusBar::SetMinWidth(int panel, int minWidth) {
 }
 
 int StatusBar::WidthFor(const QString& text) const {
-    // What is elided is measured in whole pixels, too.
+    // Eliding measures in whole pixels, too.
     return ToTwips(fontMetrics().horizontalAdvance(text) + 2 * TextMargin + Gap + 1 +
                    grip_.sizeHint().width());
 }
@@ -140,7 +140,7 @@ void StatusBar::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 QRect StatusBar::PanelRect(int panel) const {
-    // Ends are rounded, not widths, so that the panels' edges don't drift from their sum.
+    // Ends are rounded, not widths, so that rounding errors don't add up.
     qint64 begin = 0;
     for (int before = 1; before < panel; ++before)
         begin += At(before).minWidth;
@@ -243,7 +243,7 @@ bool StatusBar::ShowToolTip(const QPoint& position, const QPoint& globalPosition
         const QString& text = At(number).toolTip;
         if (text.isEmpty() || !panelRect.contains(position))
             continue;
-        // Tool tips guess from the text whether it is markup; this one never is.
+        // A tool tip guesses from its text whether it is markup; this one never is.
         QToolTip::showText(globalPosition,
                            Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text, this,
                            panelRect);

@@ -9,12 +9,12 @@
 
 namespace netrove {
 
-/// A status bar of numbered panels, the first one is 1. Panels stand side by side, each as wide as
-/// its minimum width; texts are plain and shortened to fit. Made for texts that change thousands
-/// of times a second: setting one costs nothing but the comparison and, once between two
-/// paintings, the request to paint that panel.
+/// A status bar of numbered panels, counted from 1. Panels stand side by side, each as wide as its
+/// minimum width; texts are plain and shortened to fit. Made for texts that change thousands of
+/// times a second: setting one costs only a comparison and, once between two paintings, a request
+/// to paint that panel.
 ///
-/// A number that no panel has raises ErrorNumber::SubscriptOutOfRange.
+/// A number without a panel raises ErrorNumber::SubscriptOutOfRange.
 class StatusBar : public QWidget {
     Q_OBJECT
 
@@ -35,15 +35,15 @@ public:
     [[nodiscard]] int MinWidth(int panel) const { return At(panel).minWidth; }
     void SetMinWidth(int panel, int minWidth);
 
-    /// The width of a panel that shows all of this text at the end of the bar, in twips.
+    /// The width, in twips, that the last panel of the bar needs to show all of this text.
     [[nodiscard]] int WidthFor(const QString& text) const;
 
-    /// A clickable panel has a hand for the mouse, and what screen readers are told of the bar has
-    /// its tool tip too.
+    /// A clickable panel shows the hand cursor, and its tool tip is part of what screen readers are
+    /// told of the bar.
     void SetClickable(int panel, bool clickable);
     [[nodiscard]] bool IsClickable(int panel) const { return At(panel).isClickable; }
 
-    /// Where a panel stands in the bar, in pixels; the part beyond the bar's end isn't seen.
+    /// The place of a panel in the bar, in pixels; the part beyond the bar's end isn't seen.
     [[nodiscard]] QRect PanelRect(int panel) const;
 
     [[nodiscard]] QSize sizeHint() const override;

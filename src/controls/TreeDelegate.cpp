@@ -7,8 +7,8 @@ namespace netrove {
 
 namespace {
 
-/// The picture as it is drawn: styles tint the pictures of selected rows, which takes from small
-/// ones what tells them apart.
+/// The picture in its own colours: styles tint the pictures of selected rows, after which small
+/// ones can hardly be told apart.
 QIcon Untinted(const QIcon& icon, const QStyleOptionViewItem& option) {
     const qreal density = option.widget ? option.widget->devicePixelRatioF() : 1;
     const QPixmap picture = icon.pixmap(option.decorationSize, density);

@@ -4,8 +4,8 @@
 
 namespace netrove {
 
-/// Paints the nodes of a TreeView: the picture of a selected node, and colours that can be read
-/// on the desktop's background.
+/// Paints the nodes of a TreeView: selected ones with the picture for that, and all in colours that
+/// can be read on the desktop's background.
 class TreeDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:

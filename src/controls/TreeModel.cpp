@@ -119,7 +119,7 @@ QStringList TreeModel::Flush() {
         if (parent->toldChildren == count)
             continue;
         beginInsertRows(IndexOf(*parent), parent->toldChildren, count - 1);
-        // New nodes come with all that is below them.
+        // A new node is told of together with all nodes below it.
         for (int row = parent->toldChildren; row < count; ++row)
             MarkTold(*parent->children[static_cast<std::size_t>(row)]);
         parent->toldChildren = count;
@@ -210,7 +210,7 @@ QModelIndex TreeModel::IndexOf(const Node& node) const {
     return &node == top_.get() ? QModelIndex() : createIndex(node.row, 0, &node);
 }
 
-/// The children of a node that isn't told aren't either.
+/// Looks one level up only: a node that the view doesn't know of has no told children.
 bool TreeModel::IsTold(const Node& node) const {
     return node.parent == nullptr || node.row < node.parent->toldChildren;
 }
@@ -226,7 +226,7 @@ void TreeModel::MarkTold(Node& node) {
         MarkTold(*child);
 }
 
-/// Drops what is kept of a node, and of those below it, outside the tree.
+/// Drops what is kept outside the tree about a node and those below it.
 void TreeModel::Forget(const Node& node) {
     for (const auto& child : node.children)
         Forget(*child);

@@ -15,12 +15,12 @@
 
 namespace netrove {
 
-/// The nodes of a TreeView, each known by its key. What is changed here is seen by every call at
-/// once. The view is told of removals and of changed looks at once too, of added and expanded
-/// nodes later, of many together, by Flush(). The inherited interface (`rowCount`, `index` …) is
-/// the view's and knows only of nodes that it has been told of.
+/// The nodes of a TreeView, each known by its key. Every call sees a change at once. The view is
+/// told of removals and changed looks at once too; of added and expanded nodes Flush() tells it
+/// later, of many together. The inherited interface (`rowCount`, `index` …) is for the view, and
+/// has only the nodes that the view has been told of.
 ///
-/// A key that isn't there raises ErrorNumber::KeyNotFound.
+/// A key without a node raises ErrorNumber::KeyNotFound.
 class TreeModel : public QAbstractItemModel {
     Q_OBJECT
 public:
@@ -31,8 +31,8 @@ public:
     ~TreeModel() override;
 
     /// Adds a node as the last child of the node `relative`; an empty one stands for the top.
-    /// Raises ErrorNumber::KeyNotUnique for a key that is there and ErrorNumber::KeyNotFound for
-    /// a picture that the bound set doesn't hold.
+    /// Raises ErrorNumber::KeyNotUnique for a key that a node has already, and
+    /// ErrorNumber::KeyNotFound for a picture that the bound set doesn't hold.
     void Add(const QString& relative, const QString& key, const QString& text, const QString& image,
              const QString& selectedImage);
     /// Removes a node with all that is below it.
@@ -50,12 +50,12 @@ public:
     [[nodiscard]] QString Image(const QString& key) const;
     [[nodiscard]] QString Tag(const QString& key) const;
     void SetTag(const QString& key, const QString& tag);
-    /// The colour of the text; not valid means the tree's own.
+    /// The colour of the text; an invalid one means the tree's own.
     [[nodiscard]] QColor ForeColor(const QString& key) const;
     void SetForeColor(const QString& key, const QColor& color);
     [[nodiscard]] bool Bold(const QString& key) const;
     void SetBold(const QString& key, bool bold);
-    /// A node stays expanded while it has no children.
+    /// A node can be expanded before it has children, and stays so.
     [[nodiscard]] bool Expanded(const QString& key) const;
     void SetExpanded(const QString& key, bool expanded);
 
@@ -66,12 +66,12 @@ public:
     /// those that have been expanded or collapsed since then, for the view to do likewise.
     [[nodiscard]] QStringList Flush();
 
-    /// The view's own change; not to be told back.
+    /// Takes over the view's own change; the view isn't told of it again.
     void TakeExpanded(const QModelIndex& index, bool expanded);
 
-    /// An index that isn't valid for a node that the view hasn't been told of.
+    /// An invalid index for a node that the view hasn't been told of.
     [[nodiscard]] QModelIndex IndexOf(const QString& key) const;
-    /// Empty for an index that isn't valid.
+    /// Empty for an invalid index.
     [[nodiscard]] QString KeyOf(const QModelIndex& index) const;
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& above) const override;
@@ -84,7 +84,7 @@ public:
                                       int role) const override;
 
 Q_SIGNALS:
-    /// Something has changed that the view hasn't been told of.
+    /// Raised when something has changed that the view hasn't been told of.
     void FlushNeeded();
 
 private:

@@ -29,7 +29,7 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), model_(new TreeModel(th
     setIconSize(QSize(PictureSize, PictureSize));
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header()->setResizeContentsPrecision(0); // only the rows that can be seen count
+    header()->setResizeContentsPrecision(0); // only the visible rows count
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this] { resizeColumnToContents(0); });
 
@@ -79,7 +79,7 @@ void TreeView::Flush() {
         scrollTo(model_->IndexOf(key));
 }
 
-/// Scrolling to a node would expand what it is below, also where that has been collapsed since.
+/// Scrolling to a node would expand the nodes above it, even ones that have been collapsed since.
 bool TreeView::IsReachable(const QString& key) const {
     for (QString above = Parent(key); !above.isEmpty(); above = Parent(above)) {
         if (!Expanded(above))
@@ -94,7 +94,7 @@ void TreeView::Refresh() {
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {
-    // Reading what is below a node can take long: one key never expands more than one.
+    // Reading what is below a node can take long: one key press never expands more than one node.
     if (event->key() == Qt::Key_Asterisk)
         expand(currentIndex());
     else
@@ -129,7 +129,7 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void TreeView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
-    // The mouse's were raised when its button went down.
+    // For the mouse, the signal was raised when its button went down.
     if (event->reason() == QContextMenuEvent::Keyboard)
         Q_EMIT MouseDown(Qt::RightButton, visualRect(currentIndex()).bottomLeft());
 }
@@ -139,7 +139,7 @@ void TreeView::resizeEvent(QResizeEvent* event) {
     resizeColumnToContents(0);
 }
 
-/// The whole width, and more where a name that can be seen is longer.
+/// The whole width of the view, or more where a visible name is longer.
 int TreeView::sizeHintForColumn(int column) const {
     return std::max(QTreeView::sizeHintForColumn(column), viewport()->width());
 }
@@ -154,11 +154,11 @@ void TreeView::TakeExpanded(const QModelIndex& index) {
         return;
     model_->TakeExpanded(index, true);
     toRaise_.append(model_->KeyOf(index));
-    // For expansions that no key or click has asked for, but a screen reader.
+    // For expansions that a screen reader has asked for, not a key or a click.
     expandTimer_.start();
 }
 
-/// A handler may let further nodes be expanded, which are raised inside.
+/// A handler may let the user expand further nodes, whose signals are then raised inside it.
 void TreeView::RaiseExpand() {
     expandTimer_.stop();
     while (!toRaise_.isEmpty()) {

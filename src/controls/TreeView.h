@@ -8,10 +8,10 @@
 
 namespace netrove {
 
-/// A tree of nodes with pictures and texts: what shows the network. A node is known by its key; a
-/// key that isn't there raises ErrorNumber::KeyNotFound. One node or none is selected.
+/// A tree of nodes with pictures and texts. It shows the network. A node is known by its key; a key
+/// without a node raises ErrorNumber::KeyNotFound. One node or none is selected.
 ///
-/// Changes are in the tree at once for every call. The screen follows some hundredths of a second
+/// Every call sees a change of the tree at once. The screen follows some hundredths of a second
 /// later, so that many changes cost little, and always before the user's next key or click is
 /// served.
 ///
@@ -23,8 +23,8 @@ public:
     explicit TreeView(QWidget* parent = nullptr);
 
     /// Adds a node as the last child of the node `relative`; an empty one stands for the top.
-    /// Raises ErrorNumber::KeyNotUnique for a key that is there and ErrorNumber::KeyNotFound for
-    /// a picture that the bound list doesn't hold.
+    /// Raises ErrorNumber::KeyNotUnique for a key that a node has already, and
+    /// ErrorNumber::KeyNotFound for a picture that the bound list doesn't hold.
     void Add(const QString& relative, const QString& key, const QString& text, const QString& image,
              const QString& selectedImage) {
         model_->Add(relative, key, text, image, selectedImage);
@@ -45,24 +45,24 @@ public:
     /// A text that belongs to the node and isn't shown.
     [[nodiscard]] QString Tag(const QString& key) const { return model_->Tag(key); }
     void SetTag(const QString& key, const QString& tag) { model_->SetTag(key, tag); }
-    /// The colour of the text; not valid means the tree's own. It is shown lighter or darker where
-    /// it couldn't be read otherwise.
+    /// The colour of the text; an invalid one means the tree's own. The colour is shown lighter or
+    /// darker where it couldn't be read otherwise.
     [[nodiscard]] QColor ForeColor(const QString& key) const { return model_->ForeColor(key); }
     void SetForeColor(const QString& key, const QColor& color) { model_->SetForeColor(key, color); }
     [[nodiscard]] bool Bold(const QString& key) const { return model_->Bold(key); }
     void SetBold(const QString& key, bool bold) { model_->SetBold(key, bold); }
 
-    /// A node stays expanded while it has no children. SetExpanded raises no event.
+    /// A node can be expanded before it has children, and stays so. SetExpanded raises no event.
     [[nodiscard]] bool Expanded(const QString& key) const { return model_->Expanded(key); }
     void SetExpanded(const QString& key, bool expanded) { model_->SetExpanded(key, expanded); }
 
-    /// Expands all that the node is below, without an event, and scrolls to it.
+    /// Expands all nodes above this one, without an event, and scrolls to it.
     void EnsureVisible(const QString& key);
 
     /// The key of the selected node; empty if there's none. Only the left button and the keyboard
     /// select.
     [[nodiscard]] QString Selected() const;
-    /// Makes the node visible too.
+    /// Selects the node and makes it visible.
     void SetSelected(const QString& key);
 
     /// Binds the tree to the list that its pictures come from.

@@ -9,9 +9,9 @@
 
 namespace netrove {
 
-/// The "smb:" address of a path in the Universal Naming Convention, at `server` where that is
-/// given, else by the computer's name. Every character of a name that could mean something else in
-/// an address or to a program that reads it is percent-encoded. Nothing where the text isn't such a
+/// The "smb:" address of a path in the Universal Naming Convention, at `server` if that is given,
+/// otherwise by the computer's name. Every character of a name that could mean something else in an
+/// address or to a program that reads it is percent-encoded. Nothing where the text isn't such a
 /// path, or holds an empty name, ".", "..", a "/" or a zero character, or where the computer's name
 /// can't stand in an address.
 [[nodiscard]] std::optional<QUrl> SmbAddress(const QString& networkPath,

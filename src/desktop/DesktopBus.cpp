@@ -26,7 +26,7 @@ QDBusMessage PortalCall(const QString& method) {
 
 } // namespace
 
-/// The toolkit takes answers from the bus in a thread of its own.
+/// Sleeps between looks at the answer: Qt receives it in a thread of its own.
 bool DesktopBus::Call(QDBusMessage message, const QVariantList& arguments,
                       const Shell::Failed& failed) {
     if (!bus_.isConnected())

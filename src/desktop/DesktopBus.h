@@ -12,8 +12,8 @@
 
 namespace netrove {
 
-/// Services of the desktop on the session bus. Each call is false where the desktop doesn't have
-/// the service or says within the limit that it can't; where it says so later, a timer calls
+/// Services of the desktop on the session bus. A call gives false where the desktop doesn't have
+/// the service, or reports a failure within the limit; if it reports one later, a timer calls
 /// `failed`.
 class DesktopBus : public QObject {
     Q_OBJECT

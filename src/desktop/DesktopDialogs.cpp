@@ -55,7 +55,7 @@ BoxButtons ButtonsOf(MessageButtons buttons) {
     Q_UNREACHABLE();
 }
 
-/// Pixels that a window manager needs for a title: with its icon and buttons on both sides.
+/// Pixels that a window manager needs for a title, with the icon and buttons on both sides of it.
 int TitleWidth(const QString& title) {
     QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
     font.setBold(true);
@@ -69,7 +69,7 @@ void Widen(QMessageBox& box) {
     auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
     if (!label)
         return;
-    // What a box can have at most, less its icon and margins.
+    // The most that a message box can have, less its icon and margins.
     const int screen = box.screen()->availableGeometry().width();
     const int most = (screen <= 1024 ? screen : std::min(screen - 480, 1000)) - 150;
     label->setWordWrap(false);
@@ -85,8 +85,8 @@ MessageAnswer AnswerOf(QMessageBox::StandardButton pressed) {
     return pressed == QMessageBox::Cancel ? MessageAnswer::Cancel : MessageAnswer::Ok;
 }
 
-/// "Text (*.txt)|*.txt" as the chooser takes it: the pattern in brackets behind the description,
-/// which the chooser hides.
+/// "Text (*.txt)|*.txt" as the chooser takes it: the pattern, which the chooser hides, in brackets
+/// after the description.
 QStringList NameFilters(const QString& filter) {
     const QStringList parts = filter.split(u'|');
     QStringList filters;
@@ -199,7 +199,7 @@ std::optional<ChosenFont> DesktopDialogs::ChooseFont(const ChosenFont& font) {
     shown.setStrikeOut(font.strikeOut);
     QFontDialog chooser(shown, Parent());
     chooser.setWindowModality(Qt::ApplicationModal);
-    // The chooser offers what is installed, in whole points. What the user leaves as it is offered
+    // The chooser shows the nearest installed font, in whole points. What the user leaves as shown
     // isn't a wish for another font.
     const QFont offered = chooser.currentFont();
     if (chooser.exec() != QDialog::Accepted)

@@ -13,13 +13,14 @@ namespace netrove {
 
 /// Message boxes, input boxes and choosers of the desktop. They block all windows of the program
 /// until they are answered; texts are shown as they are, never as markup. Escape and the close box
-/// mean Cancel or No where there is such a button. They stand over the dialog that is open, else
-/// over the main window.
+/// mean Cancel or No where there is such a button. They appear over the open dialog, or else over
+/// the main window.
 class DesktopDialogs : public Dialogs {
 public:
     /// The main window; none before it is set.
     void SetParent(QWidget* parent) { parent_ = parent; }
-    /// Shows the network and lets the user choose a computer of it, without "\\".
+    /// Shows the network and lets the user choose one of its computers; gives its name without
+    /// "\\".
     using ComputerChooser =
         std::function<std::optional<QString>(const QString& title, QWidget* parent)>;
     /// Before it is set, no computer can be chosen.
@@ -35,8 +36,8 @@ public:
     [[nodiscard]] std::optional<QString> ChooseComputer(const QString& title) override;
     [[nodiscard]] std::optional<ChosenFont> ChooseFont(const ChosenFont& font) override;
 
-    /// What ChooseFolder gives for a chosen folder. An address has the names as they are, not in
-    /// their code for the web: "C#", not "C%23".
+    /// What ChooseFolder returns for a chosen folder. In the text of an address, names aren't
+    /// percent-encoded: "C#", not "C%23".
     [[nodiscard]] static std::optional<QString> FolderName(const QUrl& chosen, bool network);
 
 private:

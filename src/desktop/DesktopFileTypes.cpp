@@ -12,7 +12,7 @@ namespace netrove {
 
 namespace {
 
-/// Endings come from the network, as many as somebody likes to make.
+/// Endings come from the network, where anybody can make any number of them.
 constexpr qsizetype MaxEndings = 4096;
 
 QString FileName(const QString& path) {
@@ -56,8 +56,8 @@ void AddInstalledPlaces() {
     QIcon::setThemeSearchPaths(places);
 }
 
-/// Has a theme in force for a moment; an empty name leaves the desktop's. The pictures of boxes and
-/// buttons stay those of the desktop that way.
+/// Puts a theme in force for a moment, so that boxes and buttons keep the desktop's pictures; an
+/// empty name leaves the desktop's theme in force.
 class ThemeInForce {
 public:
     explicit ThemeInForce(const QString& name) : desktops_(QIcon::themeName()) {
@@ -75,8 +75,9 @@ private:
     QString desktops_;
 };
 
-/// A desktop that Qt doesn't know names no theme, or "hicolor", which has pictures of programs
-/// alone; and what a desktop names needn't be installed.
+/// The theme for the pictures of files. A desktop that Qt doesn't know names no theme, or
+/// "hicolor", which has only pictures of programs; and a theme that a desktop names needn't be
+/// installed.
 QString ThemeOfFiles() {
     for (const QString& name : QStringList(QString()) + InstalledThemes()) {
         const ThemeInForce theme(name);
@@ -110,7 +111,7 @@ ShellFileInfo DesktopFileTypes::Info(const QString& path) {
         return *known;
     if (byEnding_.size() >= MaxEndings)
         byEnding_.clear();
-    // A neutral first part, so that the kind doesn't depend on who asks first.
+    // A neutral name before the ending, so that the kind doesn't depend on which file comes first.
     const bool hasDot = ending.startsWith(u'.');
     return *byEnding_.insert(ending, LookUp(hasDot ? u'x' + ending : ending));
 }

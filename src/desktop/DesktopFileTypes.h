@@ -12,17 +12,16 @@
 
 namespace netrove {
 
-/// Kinds of files from the desktop's list of file name endings, their pictures from its icon
-/// theme, or, where that has none of files, from another that is installed. Nothing is read, so
-/// that a file on the network costs nothing. One and the same ending always has one and the same
-/// kind.
+/// Takes kinds of files from the desktop's list of file name endings, and their pictures from its
+/// icon theme, or, if that has no pictures of files, from another installed theme. Files aren't
+/// read, so that one on the network costs nothing. The same ending always gives the same kind.
 class DesktopFileTypes : public FileTypes {
 public:
     DesktopFileTypes();
 
     [[nodiscard]] ShellFileInfo Info(const QString& path) override;
 
-    /// The picture of a number that Info has given; a null icon for 0, any other number, and
+    /// The picture for a number that Info has given; a null icon for 0, for any other number, and
     /// where no theme has a picture.
     [[nodiscard]] QIcon Icon(int iconIndex) const;
 
@@ -36,9 +35,9 @@ private:
     [[nodiscard]] int IndexOf(const QMimeType& type);
 
     QMimeDatabase database_;
-    QString theme_; ///< which the pictures are of; empty for the desktop's
+    QString theme_; ///< the pictures' theme; empty for the desktop's
     QHash<QString, ShellFileInfo> byEnding_;
-    std::vector<ThemeIcon> icons_; ///< the index is the place plus one
+    std::vector<ThemeIcon> icons_; ///< an icon's number is its place plus one
     QHash<QString, int> indexByName_;
 };
 

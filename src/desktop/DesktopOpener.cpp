@@ -12,7 +12,7 @@ namespace netrove {
 namespace {
 
 constexpr std::chrono::milliseconds AtOnce{1};
-/// The process that is watched, and ended with the program, isn't the opener itself.
+/// The watched process, which ends with the program, is this shell, not the opener itself.
 constexpr QLatin1String Script("xdg-open \"$0\" & wait $!");
 
 } // namespace

@@ -9,18 +9,19 @@
 
 namespace netrove {
 
-/// Hands addresses to the desktop's opener, xdg-open, and hears whether it fails. What it has
+/// Hands addresses to the desktop's opener, xdg-open, and notices whether it fails. What it has
 /// started goes on when the program ends.
 class DesktopOpener : public QObject {
     Q_OBJECT
 
 public:
-    /// An opener that ends later has opened something: some end with what they have started.
+    /// A failure later than this isn't reported: some openers run as long as the program that they
+    /// have started.
     static constexpr std::chrono::seconds Watched{10};
 
     ~DesktopOpener() override;
 
-    /// False where there is no opener. `failed` is called by a timer where it ends in a failure.
+    /// False where there is no opener. If the opener fails, a timer calls `failed`.
     [[nodiscard]] bool Open(const QUrl& address, const Shell::Failed& failed);
 };
 

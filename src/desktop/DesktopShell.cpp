@@ -24,7 +24,7 @@ bool IsLocalPath(const QString& file) {
     return file.startsWith(u'/');
 }
 
-/// The file's kind and more general ones: a source file opens in a text editor.
+/// The file's type and the more general ones: a source file can be opened in a text editor.
 QStringList TypesOf(const QUrl& address) {
     const QMimeDatabase database;
     const QMimeType type =
@@ -37,8 +37,8 @@ QStringList TypesOf(const QUrl& address) {
     return types;
 }
 
-/// Whether the desktop names a program for one of the types. True if it can't be asked, or takes
-/// its time: then its opener finds out.
+/// Whether the desktop names a program for one of the types. True if the desktop can't be asked or
+/// takes too long: then its opener finds out.
 bool HasProgram(const QStringList& types, std::chrono::milliseconds questionLimit) {
     std::vector<std::unique_ptr<QProcess>> queries;
     for (const QString& type : types) {

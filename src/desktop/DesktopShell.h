@@ -14,11 +14,11 @@
 namespace netrove {
 
 /// Opens files, folders and addresses through the desktop. Whatever a name holds, it reaches other
-/// programs inside a percent-encoded address only, never as a word of a command line.
+/// programs only inside a percent-encoded address, never as a word of a command line.
 class DesktopShell : public Shell {
 public:
     using Opener = std::function<bool(const QUrl&, const Failed&)>;
-    /// How long the question which programs there are holds its caller up.
+    /// The longest that the question which programs there are may hold its caller up.
     static constexpr std::chrono::milliseconds QuestionLimit{100};
 
     /// `opener` hands an address to the desktop; without one it is the desktop's own.
@@ -26,14 +26,15 @@ public:
                           const QDBusConnection& bus = QDBusConnection::sessionBus(),
                           std::chrono::milliseconds questionLimit = QuestionLimit);
 
-    /// Files and folders are looked for first: a missing one is FileNotFound, or PathNotFound
-    /// where its folder is missing too or a folder was asked for. A file whose kind no installed
-    /// program opens is NoAssociation, and so is a letter without a mail program. Explore shows a
-    /// file in its folder. Of addresses, http, https and mailto are opened; others are BadFormat.
+    /// Looks for files and folders first: a missing one gives FileNotFound, or PathNotFound where
+    /// its folder is missing too or a folder was asked for. A file whose type no installed program
+    /// opens gives NoAssociation, and so does a mailto address without a mail program. Explore
+    /// shows a file in its folder. Addresses are opened if they are http, https or mailto; others
+    /// give BadFormat.
     ///
-    /// Success says that the desktop's opener has been started. Questions to the desktop hold up
-    /// the caller for the limit and DesktopBus::Limit at most; what isn't answered by then is
-    /// left to the opener.
+    /// Success means that the desktop's opener has been started. Questions to the desktop hold up
+    /// the caller for the limit and DesktopBus::Limit at most; what isn't answered by then is left
+    /// to the opener.
     [[nodiscard]] int Execute(const QString& file, ShellVerb verb, const Failed& failed) override;
 
     /// Through the desktop portal.

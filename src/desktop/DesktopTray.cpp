@@ -40,7 +40,7 @@ void DesktopTray::Show(const QString& tip, QMenu& menu) {
 }
 
 void DesktopTray::SetTip(const QString& tip) {
-    // A desktop over the bus asks for the whole icon anew.
+    // A desktop that takes icons over the bus asks for the whole icon again.
     if (icon_ && icon_->toolTip() != tip)
         icon_->setToolTip(tip);
 }
@@ -50,7 +50,7 @@ void DesktopTray::Remove() {
         return;
     lastPlace_ = Place();
     icon_->hide();
-    // It may be the icon's own click that removes it.
+    // A click on the icon itself may be what removes it.
     icon_->deleteLater();
     icon_.clear();
 }
@@ -60,7 +60,7 @@ QRect DesktopTray::Place() const {
     return current.isEmpty() ? lastPlace_ : current;
 }
 
-/// An icon that hasn't got into the tray yet is in the corner of the screen.
+/// An icon that isn't in the tray yet reports the corner of the screen.
 QRect DesktopTray::CurrentPlace() const {
     const QRect place = icon_ ? icon_->geometry() : QRect();
     return place.topLeft().isNull() ? QRect() : place;

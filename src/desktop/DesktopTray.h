@@ -11,9 +11,9 @@
 
 namespace netrove {
 
-/// The tray of Linux desktops: one that takes icons over the session bus, else one that takes X11
-/// windows. The icon is the application's. A double click over the bus is whatever the desktop
-/// takes for an activation of the icon.
+/// The tray of Linux desktops: one that takes icons over the session bus, or else one that takes
+/// X11 windows. The icon is the application's. Over the bus, whatever the desktop takes for an
+/// activation of the icon counts as a double click.
 class DesktopTray : public Tray {
     Q_OBJECT
 
@@ -32,7 +32,7 @@ private:
 
     NotifierHost host_;
     X11Tray x11_;
-    /// Which of the two: the toolkit keeps to it from the first icon on.
+    /// Which of the two trays is used: from the first icon on, Qt keeps to its choice.
     std::optional<bool> overBus_;
     bool wasThere_;
     QPointer<QSystemTrayIcon> icon_;

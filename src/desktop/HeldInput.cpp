@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <utility>
 
-// Asks for a key's shortcut as a key of the window system does. Qt's own test functions, which are
-// part of its headers, use it like this.
+// Tries a key's shortcuts as for a key from the window system. Qt's test functions declare it like
+// this in a public header.
 QT_BEGIN_NAMESPACE
 Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject* o, ulong timestamp, int k,
                                                Qt::KeyboardModifiers mods,
@@ -18,15 +18,15 @@ QT_END_NAMESPACE
 namespace netrove {
 namespace {
 
-/// Events that are kept at a time: more than anybody types during a wait.
+/// The most events that are kept at a time: more than anybody types during a wait.
 constexpr std::size_t MaxKept = 2000;
 
 bool IsDrag(QEvent::Type type) {
     return type == QEvent::DragEnter || type == QEvent::DragMove || type == QEvent::Drop;
 }
 
-/// What comes from the user. Windows get it first, then their widgets; text from an input method
-/// goes to the widget at once.
+/// Whether the event comes from the user. Windows get such events first, then their widgets; text
+/// from an input method goes to the widget directly.
 bool IsInput(const QObject& receiver, QEvent::Type type) {
     switch (type) {
     case QEvent::MouseButtonPress:
@@ -85,7 +85,7 @@ bool HeldInput::eventFilter(QObject* receiver, QEvent* event) {
 /// Takes an event away from its receiver, unless it is to be served now.
 bool HeldInput::Take(QObject* receiver, QEvent& event) {
     if (event.type() == QEvent::ShortcutOverride && receiver->isWindowType()) {
-        // A key that is kept tries its shortcuts later.
+        // The shortcuts of a kept key are tried when it's served.
         event.setAccepted(!holding_ ||
                           !live_.MayTryShortcut(*receiver, static_cast<QKeyEvent&>(event)));
         return event.isAccepted();
@@ -104,14 +104,13 @@ bool HeldInput::Take(QObject* receiver, QEvent& event) {
         Keep(receiver, event);
     else if (event.type() == QEvent::KeyPress)
         droppedKey_ = static_cast<QKeyEvent&>(event).key();
-    // A window isn't closed before its request has been served.
+    // A window must not close before its close request has been served.
     event.setAccepted(event.type() != QEvent::Close);
     return true;
 }
 
-/// Whether it's another press of a key that was dropped and hasn't come up since. The window system
-/// tells of repetitions as of releases and presses at the same time, and Qt doesn't know all of
-/// them.
+/// Whether it's a repetition of a dropped key that hasn't come up since. The window system reports
+/// repetitions as releases and presses with the same time, and Qt doesn't recognise all of them.
 bool HeldInput::IsRepeat(QEvent& event) {
     const bool isRelease = event.type() == QEvent::KeyRelease;
     if (droppedKey_ == 0 || (!isRelease && event.type() != QEvent::ShortcutOverride &&
@@ -127,13 +126,13 @@ bool HeldInput::IsRepeat(QEvent& event) {
     return droppedKey_ != 0 && !isRelease;
 }
 
-/// What has to be served before: a move of the mouse changes nothing.
+/// Whether nothing is kept that has to be served first: moves of the mouse needn't.
 bool HeldInput::IsNext() const {
     return std::ranges::all_of(
         kept_, [](const Kept& kept) { return kept.event->type() == QEvent::MouseMove; });
 }
 
-/// Of moves of the mouse in a row the last one is enough.
+/// Of several moves of the mouse in a row, only the last is kept.
 void HeldInput::Keep(QObject* receiver, const QEvent& event) {
     if (event.type() == QEvent::MouseMove && !kept_.empty() && kept_.back().receiver == receiver &&
         kept_.back().event->type() == QEvent::MouseMove)
@@ -144,7 +143,7 @@ void HeldInput::Keep(QObject* receiver, const QEvent& event) {
         ServeLater();
 }
 
-/// From the event loop that runs then, also one inside a handler that is being served.
+/// Serves from whichever event loop runs next, even one inside the handler of a served event.
 void HeldInput::ServeLater() {
     if (std::exchange(serveIsDue_, true))
         return;

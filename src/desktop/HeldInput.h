@@ -13,25 +13,24 @@
 namespace netrove {
 
 /// Keeps what the user does while nobody may act on it: keys, the mouse, close requests. All of it
-/// is served afterwards, in its order, before what comes later. What LiveInput names is served at
-/// once, or dropped. A push button looks pressed while the mouse is down on it, though its click
-/// comes later. What is dragged over a window is refused.
+/// is served afterwards, in order, before any later input. LiveInput decides what is served at once
+/// or dropped instead. A push button looks pressed while the mouse is down on it, though its click
+/// comes later. Drags over a window are refused.
 ///
-/// For the thread of the windows, and for no more than one object at a time.
+/// For the thread of the windows; only one object may exist at a time.
 class HeldInput : public QObject {
     Q_OBJECT
 
 public:
     HeldInput();
 
-    /// The button that stays alive from now on, while it's enabled: for the mouse and for its own
-    /// keys.
+    /// From now on this button, while it's enabled, works at once with the mouse and its own keys.
     void SetLiveButton(QAbstractButton& button) { live_.SetButton(button); }
 
     void BeginHolding();
     void EndHolding();
 
-    /// Serves what was kept. While input is held it does nothing.
+    /// Serves what was kept. Does nothing while input is being held.
     void Serve();
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
@@ -40,7 +39,7 @@ private:
     struct Kept {
         QPointer<QObject> receiver;
         std::unique_ptr<QEvent> event;
-        QPointer<QAbstractButton> button; ///< that doesn't know what it looks like
+        QPointer<QAbstractButton> button; ///< whose look and state differ
     };
 
     [[nodiscard]] bool MustKeep() const { return holding_ || !kept_.empty(); }
@@ -54,8 +53,8 @@ private:
     LiveInput live_;
     MousePress press_;
     std::deque<Kept> kept_;
-    const QEvent* sent_ = nullptr; ///< what is being served, and passes
-    bool isTrying_ = false;        ///< the shortcut of what is being served comes next
+    const QEvent* sent_ = nullptr; ///< the kept event that is being served, and must pass
+    bool isTrying_ = false;        ///< the next shortcut test belongs to the event being served
     int droppedKey_ = 0;           ///< the last key that was dropped; 0 once another is pressed
     quint64 droppedKeyUp_ = 0;     ///< when that key came up, in the window system's time
     bool holding_ = false;

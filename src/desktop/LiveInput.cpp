@@ -74,8 +74,8 @@ bool LiveInput::IsLive(const QWidget* widget) const {
     return std::ranges::count(Buttons(), widget) > 0;
 }
 
-/// The keys that press a button with the focus. Those that close a dialog have none: a key that was
-/// pressed on another one, which is disabled now, isn't for them.
+/// Whether the key presses the button, which must have the focus. Buttons that close a dialog don't
+/// count: one may have got the focus from a button that was disabled while the key was down on it.
 bool LiveInput::IsKeyOfButton(const QObject& window, const QKeyEvent& key) const {
     if (!IsLive(button_) || !button_->hasFocus() || button_->window()->windowHandle() != &window)
         return false;
@@ -83,7 +83,7 @@ bool LiveInput::IsKeyOfButton(const QObject& window, const QKeyEvent& key) const
            key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
-/// Whether the key is a button's mnemonic, which has pressed it then.
+/// Whether the key is a button's mnemonic; if so, presses the button.
 bool LiveInput::Presses(const QObject& window, const QKeyEvent& key) const {
     for (QAbstractButton* button : Buttons()) {
         if (button->window()->windowHandle() != &window || !IsMnemonic(*button, key))

@@ -9,30 +9,33 @@
 
 namespace netrove {
 
-/// What becomes of the user's input during a wait. Served at once is what gives the wait up (the
-/// button for it; what closes a dialog that reads from the web) and what changes no more than the
-/// part of a view that is seen (its scroll bars, the wheel). Keys that move in a list change its
-/// selection, which handlers read: they aren't.
+/// Decides what becomes of the user's input during a wait. Input is served at once if it abandons
+/// the wait (by the button for that, or by closing a dialog that reads from the web), or if it
+/// changes only which part of a view is visible (by the scroll bars or the wheel). Keys that move
+/// in a list aren't: they change its selection, which handlers read.
 class LiveInput {
 public:
     enum class Course { Serve, Keep, Drop };
 
     void SetButton(QAbstractButton& button) { button_ = &button; }
 
-    /// What becomes of an event; one that it has served by itself is dropped. `press` is the
-    /// mouse's with this event, `isNext` tells that nothing is kept that has to be served before.
+    /// What becomes of an event; one that this call has served itself is to be dropped. `press` is
+    /// the mouse's press, including this event; `isNext` means that nothing is kept that has to be
+    /// served first.
     [[nodiscard]] Course CourseOf(const QObject& receiver, const QEvent& event,
                                   const MousePress& press, bool isNext);
 
     /// Whether the key's shortcuts may be tried.
     [[nodiscard]] bool MayTryShortcut(const QObject& window, const QKeyEvent& key) const;
 
-    /// Whether the event goes on with what began during a wait, and has been served.
+    /// Whether the event continues a drag of a scroll bar that began during a wait; if so, it has
+    /// been served.
     bool Continue(const QObject& receiver, const QEvent& event) {
         return scrolling_.Continue(receiver, event);
     }
 
-    /// Lets the buttons go on that a key has pressed: that is a matter of some time.
+    /// Lets buttons that a key has pressed come up again: a timer of theirs does that, after some
+    /// time.
     void GoOn() const;
 
 private:

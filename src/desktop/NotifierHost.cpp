@@ -36,7 +36,7 @@ NotifierHost::NotifierHost() {
     Ask();
 }
 
-/// A watcher without a host takes icons that nobody sees.
+/// Asks for a host: a watcher alone takes icons that nobody sees.
 void NotifierHost::Ask() {
     QDBusMessage message = QDBusMessage::createMethodCall(
         Service(), Path(), u"org.freedesktop.DBus.Properties"_s, u"Get"_s);

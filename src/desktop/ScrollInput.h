@@ -7,15 +7,15 @@
 
 namespace netrove {
 
-/// Scrolls views with the mouse during a wait. That changes no more than what part of a view is
-/// seen; a press that came by the usual way would give the view the focus.
+/// Scrolls views with the mouse during a wait. That changes only which part of a view is visible; a
+/// press that came the usual way would also give the view the focus.
 class ScrollInput {
 public:
-    /// The mouse went down on the widget: if that is a view's scroll bar, it has the mouse until
-    /// the button comes up, also after the wait. False if it isn't.
+    /// The mouse went down on the widget: if that is a view's scroll bar, it gets the mouse until
+    /// the button comes up, even after the wait. False if it isn't one.
     bool Begin(QWidget* widget, const QMouseEvent& press);
 
-    /// Whether the event is one that the scroll bar has got.
+    /// Whether the event was for the scroll bar, which has got it then.
     bool Continue(const QObject& receiver, const QEvent& event);
 
     [[nodiscard]] static bool IsBar(const QWidget* widget);

@@ -24,7 +24,7 @@ struct EndMessage {
 };
 using Message = std::unique_ptr<DBusMessage, EndMessage>;
 
-/// Empty where there is none, or where it would be started first.
+/// Empty where there is no bus, or where it would have to be started first.
 QByteArray BusAddress() {
     if (!qEnvironmentVariableIsEmpty(Variable))
         return qgetenv(Variable);
@@ -32,8 +32,8 @@ QByteArray BusAddress() {
     return QFile::exists(QFile::decodeName(path)) ? "unix:path=" + path : QByteArray();
 }
 
-/// Greets the bus, as everybody does who connects to it. True also where there is none to connect
-/// to: that is noticed at once.
+/// Greets the bus, as every program does that connects to it. Also true where there is no bus to
+/// connect to: the toolkit notices that at once.
 bool Answers(const QByteArray& address, const QDeadlineTimer& limit) {
     const std::unique_ptr<DBusConnection, EndConnection> connection(
         dbus_connection_open_private(address.constData(), nullptr));

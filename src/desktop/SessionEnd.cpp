@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::array Ends{SIGTERM, SIGHUP, SIGINT};
 
-// The only thing that a signal's handler may touch: the end of the pipe that it writes to.
+// The only thing that the signal handler may touch: the end of the pipe that it writes to.
 volatile std::sig_atomic_t writeEnd = -1;
 
 void RestoreDefaults() {
@@ -34,7 +34,7 @@ void Receive(int /*signal*/) {
     errno = kept;
 }
 
-/// A program that was started with a signal ignored leaves it so.
+/// A signal that was ignored when the program started stays ignored.
 void Handle(int signal) {
     struct sigaction action {};
     if (sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
@@ -74,13 +74,13 @@ void SessionEnd::Commit(QSessionManager& manager) {
     }
 }
 
-/// The sockets of signals and of the session manager are heard in waits for the network, too, where
-/// no box could be answered. Timers aren't.
+/// Signals and the session manager may be heard during waits for the network, when no box could be
+/// answered. Timers don't fire then.
 void SessionEnd::Later(const std::function<void()>& work) {
     QTimer::singleShot(std::chrono::milliseconds(1), this, work);
 }
 
-/// The toolkit's own way to end closes the windows, and lets one of them refuse.
+/// Qt's own way to quit would close the windows, and let one of them refuse.
 bool SessionEnd::eventFilter(QObject* watched, QEvent* event) {
     if (watched != qGuiApp || event->type() != QEvent::Quit)
         return QObject::eventFilter(watched, event);

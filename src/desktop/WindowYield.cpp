@@ -44,8 +44,8 @@ void WindowYield::ServeDisplay() {
     const QScopedValueRollback<bool> waiting(waiting_, true);
     input_.BeginHolding();
     DisplayTimer::FireDue();
-    // The flag for timers has X11 in its name for historical reasons; the Unix event dispatchers
-    // all follow it.
+    // The flag for timers has X11 in its name for historical reasons; all Unix event dispatchers
+    // obey it.
     QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers |
                                     QEventLoop::X11ExcludeTimers);
     input_.EndHolding();

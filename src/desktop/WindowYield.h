@@ -6,26 +6,26 @@
 
 namespace netrove {
 
-/// What Yield() and WhileWaiting() do in a program with windows, as long as this object lives; the
-/// passes from before come back with its end. For the thread of the windows.
+/// What Yield() and WhileWaiting() do in a program with windows while this object lives; its
+/// destructor restores the passes from before. For the thread of the windows.
 ///
 /// A yield makes one pass of the event loop: input, painting, timers. Failures of handlers don't
-/// come through to the job that yields: DesktopApplication ends them.
+/// reach the job that yields: DesktopApplication catches them.
 ///
-/// A wait serves the display, and what gives it up:
+/// A wait serves the display, and the input that abandons it:
 /// - Windows are painted, resized and uncovered, and answer the window manager. Views show what has
-///   come into them: of the timers those fire that are for the display alone (DisplayTimer).
+///   been added to them: the timers that are only for the display (DisplayTimer) fire.
 /// - The wheel and the scroll bars scroll views, and a push button under the mouse looks pressed:
-///   that changes nothing that the program reads.
-/// - The one button that gives it up works, by the mouse and by its keys. While a dialog reads from
-///   the web (DialogRead), what closes it works instead, and all else that is meant for it is
-///   dropped.
-/// - Other clicks and keys, also those that move in a list and so change its selection, and close
-///   requests are kept for the next yield or event loop.
-/// - Other timers and sockets don't fire; what was due fires afterwards.
+///   neither changes anything that the program reads.
+/// - The one button that abandons the wait works, by the mouse and by its keys. While a dialog
+///   reads from the web (DialogRead), what closes the dialog works instead, and all its other input
+///   is dropped.
+/// - Other clicks and keys, including those that move in a list and so change its selection, and
+///   close requests are kept for the next yield or event loop.
+/// - Other timers and sockets don't fire; those that were due fire afterwards.
 /// - A Yield() in a resize or paint handler does nothing.
 /// - Calls queued through the event loop (signals of other threads) do arrive, as the event loop
-///   can't hold them back: whoever receives them and may only act at a yield asks Waiting().
+///   can't hold them back: receivers that may act only at a yield must check Waiting().
 class WindowYield {
 public:
     WindowYield();
@@ -33,8 +33,8 @@ public:
     WindowYield& operator=(const WindowYield&) = delete;
     ~WindowYield();
 
-    /// The button that stays alive during waits, and what tells whether waits are to be given up
-    /// because it has been pressed.
+    /// Sets the button that works during waits; `isPressed` tells that it has been pressed, and
+    /// waits are to end.
     void SetAbandon(QAbstractButton& button, std::function<bool()> isPressed);
 
     /// Whether a wait is being served at this moment.

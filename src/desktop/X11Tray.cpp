@@ -15,7 +15,7 @@ struct Free {
 template <typename Reply>
 using Owned = std::unique_ptr<Reply, Free>;
 
-/// Of the display's screens that which the program is on.
+/// The number of the display's screen that the program is on.
 int ScreenNumber() {
     char* host = nullptr;
     int display = 0;
@@ -30,7 +30,7 @@ int ScreenNumber() {
 
 X11Tray::X11Tray() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    // A platform without a display may have the interface, and no connection.
+    // A platform without a display may have the interface but no connection.
     if (!x11 || !x11->connection())
         return;
     connection_ = x11->connection();
@@ -48,13 +48,13 @@ xcb_atom_t X11Tray::Atom(const QByteArray& name) const {
     return reply ? reply->atom : xcb_atom_t{XCB_NONE};
 }
 
-/// Asks to be told of the owner's end, too.
+/// Also asks to be notified when the owner's window goes.
 xcb_window_t X11Tray::FindOwner() const {
     const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
         connection_, xcb_get_selection_owner(connection_, selection_), nullptr));
     if (!reply || reply->owner == XCB_NONE)
         return XCB_NONE;
-    // What the toolkit asks for, too.
+    // The toolkit sets the same mask.
     const uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     const Owned<xcb_generic_error_t> gone(xcb_request_check(
         connection_,

@@ -7,11 +7,11 @@
 
 namespace netrove {
 
-/// Whether an X11 desktop has a tray that takes windows of programs (the XEMBED protocol). On
-/// others there is none.
+/// Whether an X11 desktop has a tray that takes windows of programs (the XEMBED protocol). On other
+/// desktops there never is one.
 ///
-/// The toolkit could tell, but it looks only once whether the session bus has a tray, and keeps to
-/// that. So it mustn't be asked before there is a tray.
+/// The toolkit could tell, but it checks only once whether the session bus has a tray, and sticks
+/// to the answer. So it mustn't be asked before there is a tray.
 class X11Tray : public QObject, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ public:
     [[nodiscard]] bool IsThere() const { return owner_ != XCB_NONE; }
 
 Q_SIGNALS:
-    /// From the event loop.
+    /// Raised from the event loop.
     void Changed();
 
 private:

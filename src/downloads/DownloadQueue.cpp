@@ -40,7 +40,8 @@ QTimer* NewTimer(const QString& name, int interval, QObject& parent) {
     return timer;
 }
 
-/// Hidden files count, and links, wherever they lead; a folder of that name is the copier's affair.
+/// Hidden files count, and so do links, wherever they lead. A folder doesn't: the copier refuses
+/// it.
 bool FileExists(const QString& path) {
     const QFileInfo info(path);
     return info.isSymLink() || (info.exists() && !info.isDir());
@@ -73,8 +74,8 @@ DownloadQueue::DownloadQueue(const Controls& controls, const Settings& settings,
 
 void DownloadQueue::SetCopier(CopyQ* copier) {
     copier_ = copier;
-    // From the event loop: so the id is in its row before any completion, and the copier may be
-    // released by what happens while a completion is handled.
+    // Queued, so that the id is in its row before any completion, and so that the handling of a
+    // completion may release the copier.
     if (!copier)
         return;
     connect(
@@ -88,7 +89,7 @@ void DownloadQueue::SetCopier(CopyQ* copier) {
 
 void DownloadQueue::lvwResults_DblClick() {
     const auto failure = FailureOf([this] { QueueSelected(); });
-    // What was queued before a failure is served too.
+    // What was queued before a failure is copied too.
     if (controls_.lvwDownloads.Count() > 0) {
         for (QTimer* timer : {DloadScanTmr_, DloadQueueTmr_}) {
             if (!timer->isActive())
@@ -118,7 +119,7 @@ void DownloadQueue::QueueSelected() {
         controls_.lvwDownloads.Refresh();
 }
 
-/// With their texts, because row numbers change when the list is sorted between two rows.
+/// The results' texts, not their row numbers: these change when the list is sorted meanwhile.
 std::vector<DownloadQueue::Result> DownloadQueue::SelectedResults() const {
     const ListView& list = controls_.lvwResults;
     std::vector<Result> results;
@@ -163,7 +164,8 @@ void DownloadQueue::DloadScanTmr_Timer() {
 }
 
 void DownloadQueue::DownLoadIt(qint16 itemIdx) {
-    // While one start yields or asks, the row is still pending: a second would take it again.
+    // While a start yields or asks, its row is still pending: a second start would take the row
+    // again.
     if (starting_)
         return;
     const QScopedValueRollback<bool> starting(starting_, true);
@@ -182,7 +184,7 @@ void DownloadQueue::Start(const QueuedFile& file) {
     Yield();
     if (CountRows(Downloading) > settings_.MaxConcurrentDownloads)
         return;
-    // The name comes from the network: joined to a folder it must stay in it.
+    // The name comes from the network: joined to a folder, it must not lead out of it.
     CheckTargetName(file.name);
     const QString destination = PathIn(settings_.SaveFolder, file.name);
     const bool isTaken = FileExists(destination);
@@ -190,7 +192,7 @@ void DownloadQueue::Start(const QueuedFile& file) {
         SetStatus(file, NotOverwritten);
         return;
     }
-    // It may have been cleared meanwhile.
+    // The row may have been cleared meanwhile.
     if (RowOf(file) == 0)
         return;
     SetStatus(file, Downloading);
@@ -210,8 +212,8 @@ void DownloadQueue::HandOver(const QueuedFile& file, const QString& destination,
     controls_.lvwDownloads.Refresh();
 }
 
-/// A file of that name has come while the copy was made. Nobody has been asked about it yet; the
-/// copy is whole, and needs only its name.
+/// A file with the target's name has appeared while the copy was made, so the user hasn't been
+/// asked about it yet. The copy is complete, and needs only its name.
 void DownloadQueue::EndTaken(const QString& id) {
     const ListView& list = controls_.lvwDownloads;
     const int row = RowOfCopy(id);
@@ -286,7 +288,7 @@ void DownloadQueue::ShowProgress() {
             u": "_s + RowProgress(all).note);
 }
 
-/// While no job shows there where it is.
+/// Does nothing while a job shows its progress there.
 void DownloadQueue::ShowInStatusBar(const QString& text) {
     if (job_.IsLongShown() || (text.isEmpty() && !inStatusBar_))
         return;
@@ -362,7 +364,8 @@ int DownloadQueue::RowOfCopy(const QString& id) const {
     return 0;
 }
 
-/// Of the file's row, if it's still there: nothing of it is copied any more, or not yet.
+/// Sets the status of the file's row, if that still exists, and removes its progress: no copy of
+/// the file is running.
 void DownloadQueue::SetStatus(const QueuedFile& file, const QString& status) {
     const int row = RowOf(file);
     if (row == 0)

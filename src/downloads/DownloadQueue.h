@@ -20,11 +20,11 @@
 namespace netrove {
 
 /// Copies selected results into the folder for downloads. The rows of lvwDownloads are the queue,
-/// and the text of one column is a row's state; two timers look at them.
+/// and the text of one column is a row's state; two timers check them.
 ///
-/// Handlers yield, so that others come in between. Therefore a walk over the rows is one step
-/// without a yield (the longest list takes about a millisecond), and where a yield lies between
-/// two steps, the row is found again by its file, which no other row has, or by its copy's id.
+/// Handlers yield, so that others can run in between. Therefore a walk over the rows never yields
+/// (the longest list takes about a millisecond), and after a yield a row is looked up again by its
+/// file, which no other row has, or by its copy's id.
 class DownloadQueue : public QObject {
     Q_OBJECT
 
@@ -43,20 +43,21 @@ public:
     DownloadQueue(const Controls& controls, const Settings& settings, Dialogs& dialogs,
                   const CurrentJob& job);
 
-    /// What copies from now on. Without one, or when it has been deleted, no copy can be started.
+    /// Sets the object that copies from now on. While there is none, or once it has been deleted,
+    /// no copy can be started.
     void SetCopier(CopyQ* copier);
 
-    /// Queues the selected results, those that have no row yet. Failures end in a message box.
+    /// Queues those of the selected results that have no row yet. Failures end in a message box.
     void lvwResults_DblClick();
 
-    /// Starts the copy of a row, unless too many run or another start is under way. Asks before a
-    /// file is overwritten. A failure becomes the row's state.
+    /// Starts the copy of a row, unless too many copies run or another start is in progress. Asks
+    /// before a file is overwritten. A failure becomes the row's state.
     void DownLoadIt(qint16 itemIdx);
 
-    /// Removes the selected rows, except those whose copy runs; these lose their selection.
+    /// Removes the selected rows, except those whose copy is running; these are deselected.
     /// Failures end in a message box.
     void ClearMnu_Click();
-    /// Removes all rows but those whose copy runs.
+    /// Removes all rows except those whose copy is running.
     void ClearAllMnu_Click();
 
 private:
@@ -107,8 +108,8 @@ private:
     QTimer* DloadScanTmr_;
     QTimer* DloadQueueTmr_;
     bool starting_ = false;
-    QStringList taken_;        ///< copies whose target somebody else has made, by their ids
-    bool inStatusBar_ = false; ///< the status bar tells of running copies
+    QStringList taken_;        ///< the ids of copies whose target somebody else has made
+    bool inStatusBar_ = false; ///< the status bar shows running copies
 };
 
 } // namespace netrove

@@ -11,7 +11,7 @@ inline constexpr int Attributes = 4;
 inline constexpr int Status = 5;
 inline constexpr int SizeKey = 6; ///< hidden sort key
 inline constexpr int DateKey = 7; ///< hidden sort key
-inline constexpr int CopyID = 8;  ///< hidden; empty before the copy is started
+inline constexpr int CopyID = 8;  ///< hidden; empty until the copy is started
 } // namespace DownloadItem
 
 } // namespace netrove

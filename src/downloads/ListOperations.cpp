@@ -18,10 +18,10 @@ namespace {
 
 constexpr int SizeColumn = 3; ///< of both lists
 constexpr int DateColumn = 4;
-/// Above it, the shell's codes tell of success.
+/// Higher codes of the shell mean success.
 constexpr int LastShellFailure = 32;
 
-/// The row that a menu is about.
+/// The row that a menu refers to.
 int CurrentRowOf(const ListView& list) {
     if (list.CurrentRow() == 0)
         throw RunTimeError(ErrorNumber::ObjectNotSet);
@@ -49,7 +49,8 @@ ListOperations::ListOperations(const WindowControls& controls, const DownloadsMe
     SetDragContent(controls_.lvwDownloads);
 }
 
-/// Files without an address mean nothing to the program that they are dropped on.
+/// Only files with an address can be dragged: the others mean nothing to the program that they are
+/// dropped on.
 void ListOperations::SetDragContent(ListView& list) {
     list.SetDragContent([&list, &shell = services_.shell](const std::vector<int>& rows) {
         std::unique_ptr<QMimeData> files = RowFiles(list, rows, shell);
@@ -118,7 +119,7 @@ void ListOperations::lvwResults_MouseDown(const QPoint& globalPosition) {
     controls_.window.unsetCursor();
 }
 
-/// Several selected rows have no menu.
+/// There is no menu for several selected rows.
 void ListOperations::ShowResultsMenu(const QPoint& globalPosition) {
     const ListView& list = controls_.lvwResults;
     if (list.Count() == 0 || list.SelectedCount() > 1)
@@ -141,7 +142,7 @@ QString ListOperations::WorkgroupCaption() const {
     QString workgroup = Trim(GetWorkgroup(pieces.at(2), services_.network));
     if (workgroup.isEmpty())
         workgroup = u"??"_s;
-    // An ampersand alone would underline the letter behind it.
+    // A single ampersand would underline the letter after it.
     workgroup.replace(u'&', "&&"_L1);
     return u"Member of "_s + workgroup + u" Workgroup"_s;
 }
@@ -216,7 +217,7 @@ void ListOperations::ClearLists() {
     if (answer != MessageAnswer::Yes)
         return;
     controls_.window.setCursor(Qt::WaitCursor);
-    // The items only: what is typed stays.
+    // Clears only the items: the typed text stays.
     const QString text = controls_.LstSearchFor.currentText();
     controls_.LstSearchFor.clear();
     controls_.LstSearchFor.setEditText(text);

@@ -52,40 +52,40 @@ public:
                    const ResultsMenu& resultsMenu, CurrentJob& job, const Services& services,
                    DownloadQueue& queue);
 
-    /// Whether the network has workgroups, so that a computer's can be shown. True at first.
+    /// Whether the network has workgroups, so that a computer's can be shown. Initially true.
     void SetIsWinNT(bool isWinNT) { isWinNT_ = isWinNT; }
 
     /// Sort by the clicked column, or by the hidden key that belongs to it.
     void lvwResults_ColumnClick(int column);
     void lvwDownloads_ColumnClick(int column);
 
-    /// Show the menu for the current row, at this place of the screen. The one for results asks
-    /// the network for the computer's workgroup first, and takes as long as that takes.
+    /// Show the menu for the current row, at this place of the screen. The one for results first
+    /// asks the network for the computer's workgroup, and appears only when that has been answered.
     void lvwResults_MouseDown(const QPoint& globalPosition);
     void lvwDownloads_MouseDown(const QPoint& globalPosition);
 
-    /// Of the row that the menu was shown for.
+    /// These three work on the row that the menu was shown for.
     void OpenFolMnu_Click() { OpenFolder(ResultLocation_, u"Open"_s); }
     void ExpFolMnu_Click() { OpenFolder(ResultLocation_, u"Explore"_s); }
     void mnuSampleFile_Click() { SampleFile(ResultLocation_ + ResultName_); }
 
-    /// The folder for downloads, and the copy in it of the row that the menu was shown for. Index
-    /// 0 opens the folder, any other explores it.
+    /// Shows the folder for downloads: index 0 opens it, any other explores it.
     void mnuViewFolder_Click(int index);
+    /// Opens the copy, in that folder, of the row that the menu was shown for.
     void mnuSampleFileLoc_Click() {
         SampleFile(PathIn(services_.settings.SaveFolder, DownloadName_));
     }
     /// Tells what the error number of that row means.
     void ErrDescMnu_Click();
 
-    /// Opens a folder with the verb "Open" or "Explore"; a box says where that fails.
+    /// Opens a folder with the verb "Open" or "Explore"; a message box reports a failure.
     void OpenFolder(const QString& path, const QString& verb);
 
     /// Puts the files of the selected rows on the clipboard, as paths and as addresses.
     void CopyFiles(const ListView& list);
 
-    /// Empties both lists, except for running downloads, and asks whether the earlier searches
-    /// shall go too. Does nothing while a job runs.
+    /// Empties both lists, except for running downloads, and asks whether to delete the earlier
+    /// searches too. Does nothing while a job runs.
     void cmdClearLst_Click();
 
 private:

@@ -10,9 +10,9 @@
 
 namespace netrove {
 
-/// The files of rows, each made of the row's location (sub-item 1) and its text: their full paths
-/// as text, one a line, and the addresses that other programs know them by. A file that has no
-/// address is in the text only.
+/// The files of rows; a file's path is the row's location (sub-item 1) followed by its text. The
+/// result holds the full paths as text, one per line, and the addresses by which other programs
+/// know the files. A file without an address is only in the text.
 [[nodiscard]] std::unique_ptr<QMimeData> RowFiles(const ListView& list,
                                                   const std::vector<int>& rows, Shell& shell);
 

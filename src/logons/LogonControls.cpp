@@ -11,9 +11,9 @@
 namespace netrove {
 namespace {
 
-/// Lines that the state has room for, so that the dialog keeps its shape.
+/// The number of lines that the state has room for, so that the dialog keeps its shape.
 constexpr int StateLines = 2;
-/// Average characters and lines of the list, at first.
+/// Initial size of the list, in average characters and in lines.
 constexpr int ListCharacters = 70;
 constexpr int ListLines = 10;
 constexpr int BarCharacters = 16;
@@ -38,7 +38,7 @@ LogonControls::LogonControls(QDialog& dialog)
     , cmdCancel(MakeButton("cmdCancel", tr("&Cancel Test"), dialog)) {
     MakeList();
     lblState->setObjectName(u"lblState"_s);
-    lblState->setTextFormat(Qt::PlainText); // it has names in it
+    lblState->setTextFormat(Qt::PlainText); // it contains names from outside
     lblState->setWordWrap(true);
     lblState->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     lblState->setMinimumHeight(StateLines * lblState->fontMetrics().lineSpacing());
@@ -64,7 +64,7 @@ void LogonControls::MakeList() {
     lvwLogons->setAllColumnsShowFocus(true);
     lvwLogons->setUniformRowHeights(true);
     const QFontMetrics metrics = lvwLogons->fontMetrics();
-    // Long names are cut, and stand in the tool tip.
+    // Long names are cut short, and shown in full in the tool tip.
     QHeaderView& header = *lvwLogons->header();
     header.setStretchLastSection(false);
     for (const int column : {0, 1})

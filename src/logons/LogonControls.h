@@ -9,8 +9,8 @@
 
 namespace netrove {
 
-/// The controls of the dialog of the logons, by their names (which are their objectNames too), and
-/// their places.
+/// The controls of the logons dialog, by their names (which are their objectNames too), and their
+/// places.
 struct LogonControls {
     explicit LogonControls(QDialog& dialog);
 
@@ -20,8 +20,8 @@ struct LogonControls {
     QPushButton* cmdRemove;
     QPushButton* cmdTest;
     QPushButton* cmdClose;
-    QLabel* lblState;      ///< what goes on, and how it ended
-    QProgressBar* barBusy; ///< shown while something goes on
+    QLabel* lblState;      ///< what is in progress, and how it ended
+    QProgressBar* barBusy; ///< shown while something is in progress
     QPushButton* cmdCancel;
 
 private:

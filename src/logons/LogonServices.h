@@ -12,14 +12,15 @@
 
 namespace netrove {
 
-/// What the dialog of the logons is given.
+/// What the logons dialog is given.
 struct LogonServices {
     std::shared_ptr<Logons> logons;
     Dialogs& dialogs;
-    /// Where a logon is tried; null where the computer takes none. Asks nobody.
+    /// The place where a computer's logon is tried; null if the computer takes no logons. Doesn't
+    /// ask the network.
     std::function<std::shared_ptr<const RemotePlace>(const QString& computer)> placeOf;
     DialogLook look = {};
-    /// Whose logon is asked for at once, if any: a computer without "\\\\".
+    /// The computer, without "\\\\", whose logon is asked for at once, if any.
     QString computer = {};
 };
 

@@ -8,7 +8,7 @@
 
 namespace netrove {
 
-/// Finds out in a thread whether a computer lets a logon in.
+/// Finds out, in a thread, whether a computer accepts a logon.
 class LogonTrial {
 public:
     using Done = std::function<void(LogonResult result)>;
@@ -18,9 +18,10 @@ public:
     LogonTrial& operator=(const LogonTrial&) = delete;
     ~LogonTrial() { Cancel(); }
 
-    /// Breaks off what runs. `done` is called on the trial's thread, unless it is broken off.
+    /// Begins a trial, breaking off one that is running. `done` is called on the trial's thread,
+    /// unless the trial is broken off.
     void Begin(std::shared_ptr<const RemotePlace> place, const StoredLogon& logon, Done done);
-    /// Waits some hundredths of a second at most.
+    /// Breaks off the trial, waiting for its end for some hundredths of a second at most.
     void Cancel();
 
 private:

@@ -148,7 +148,7 @@ void frmLogon::Complain(const QString& text, QWidget& where) {
     where.setFocus();
 }
 
-/// What was typed is overwritten where the field holds it.
+/// Overwrites the typed text in the field's memory.
 Secret frmLogon::TakePassword() {
     QString typed = txtPassword_->text();
     QByteArray bytes = typed.toUtf8();

@@ -13,7 +13,7 @@
 
 namespace netrove {
 
-/// Asks for one logon. It is shown by exec(), once; where that is accepted, Result() has it.
+/// Asks for one logon. It is shown by exec(), once; if that is accepted, Result() has the logon.
 class frmLogon : public ProgramDialog {
     Q_OBJECT
 
@@ -22,14 +22,14 @@ public:
         bool hasKeyring;
         Dialogs& dialogs;
         DialogLook look = {};
-        QString computer = {}; ///< that a new logon is for, if that is known
+        QString computer = {}; ///< the computer that a new logon is for, if known
     };
 
-    /// What a logon for all computers is called where one stands for a name.
+    /// What stands in place of a computer's name in a logon for all computers.
     [[nodiscard]] static QString AllComputers();
 
-    /// `before` is the logon to be changed, null for a new one. Its password stays unless another
-    /// is typed.
+    /// `before` is the logon to be changed, null for a new one. The old password stays unless
+    /// another is typed.
     frmLogon(const StoredLogon* before, const Services& services, QWidget* owner);
     ~frmLogon() override;
 

@@ -76,8 +76,8 @@ void frmLogons::ReadKeyring() {
     }));
 }
 
-/// What the keyring calls on its own thread, brought over to this one, if the dialog is still
-/// there.
+/// For the keyring to call on its own thread: calls `done` on this thread, if the dialog still
+/// exists.
 Logons::StoreDone frmLogons::WhenStored(std::function<void(Keyring::Outcome)> done) {
     const QPointer<frmLogons> dialog(this);
     return [dialog, done = std::move(done)](Keyring::Outcome outcome) {
@@ -272,7 +272,7 @@ void frmLogons::cmdTest_Click() {
 }
 
 void frmLogons::EndTest(const QString& computer, const QString& user, LogonResult result) {
-    if (!isBusy_) // it was cancelled while its end was on the way
+    if (!isBusy_) // the test was cancelled while its result was on the way
         return;
     EndWork(TestResult(computer, user, result));
 }

@@ -8,10 +8,10 @@
 
 namespace netrove {
 
-/// The dialog of the logons: what is stored for which computer, where it is kept and whether it is
-/// any good. It is shown by exec(). Passwords aren't shown.
+/// The logons dialog: what is stored for which computer, where it is kept, and whether it works. It
+/// is shown by exec(). Passwords aren't shown.
 ///
-/// Whatever may take long (the keyring, the test of a logon) goes on beside the window's work.
+/// Whatever may take long (the keyring, the test of a logon) happens in the background.
 class frmLogons : public ProgramDialog {
     Q_OBJECT
 

@@ -71,7 +71,7 @@ void ControlConnections::ConnectHeaders(ColumnHelp& columnHelp) {
     connectHeader(*controls_.lvwDownloads, ColumnHelp::lvwDownloads);
 }
 
-/// The panel that is clickable tells what a search hasn't seen.
+/// A click on the clickable panel opens the list of what a search hasn't seen.
 void ControlConnections::ConnectStatusBar(ToolsMenu& tools) {
     QObject::connect(controls_.stbStatus, &StatusBar::PanelClick, &context_,
                      [&tools] { tools.mnuSilent_Click(); });

@@ -11,8 +11,8 @@
 
 namespace netrove {
 
-/// Connects the signals of the main window's controls with the classes that hold the rules. These
-/// outlive the window's controls.
+/// Connects the signals of the main window's controls to the classes that hold the rules. Those
+/// classes outlive the window's controls.
 class ControlConnections {
 public:
     /// The connections end with `context`.

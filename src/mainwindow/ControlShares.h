@@ -11,8 +11,8 @@
 
 namespace netrove {
 
-/// Which controls, menus and items of the main window each of the classes that hold the rules is
-/// given.
+/// Gives each of the classes that hold the rules its share of the main window's controls, menus and
+/// items.
 class ControlShares {
 public:
     ControlShares(QWidget& window, MainControls& controls, const MainMenu& menu)

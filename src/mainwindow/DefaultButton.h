@@ -10,7 +10,7 @@ namespace netrove {
 class ListView;
 
 /// The button that Enter presses in the main window: the one that has the focus, else the search
-/// button. While one of the lists has the focus, Enter is the list's.
+/// button. While a list has the focus, Enter goes to that list.
 class DefaultButton : public QObject {
     Q_OBJECT
 

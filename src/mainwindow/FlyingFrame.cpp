@@ -40,7 +40,7 @@ void FlyingFrame::paintEvent(QPaintEvent* /*event*/) {
     QPainter(this).fillRect(rect(), palette().color(QPalette::Highlight));
 }
 
-/// A mask shows through on desktops without compositing, too.
+/// A mask leaves the inside transparent on desktops without compositing, too.
 void FlyingFrame::resizeEvent(QResizeEvent* /*event*/) {
     const QRect inside = rect().adjusted(Thickness, Thickness, -Thickness, -Thickness);
     setMask(QRegion(rect()) - QRegion(inside));

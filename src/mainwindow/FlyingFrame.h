@@ -4,13 +4,13 @@
 
 namespace netrove {
 
-/// An outline that flies across the screen from one place to another, and is gone. It takes
-/// neither mouse nor focus.
+/// An outline that flies across the screen from one place to another, then disappears. It takes
+/// neither the mouse nor the focus.
 class FlyingFrame : public QWidget {
     Q_OBJECT
 
 public:
-    /// Nothing flies where the desktop wants no animations.
+    /// Does nothing where the desktop has animations switched off.
     static void Fly(const QRect& from, const QRect& to);
 
 protected:

@@ -23,7 +23,7 @@ public:
     void mnuDonate_Click();
     void mnuAbout1_Click();
 
-    /// The about box of the tray menu: not modal, and the desktop's look.
+    /// The about box of the tray menu: not modal, and with the desktop's look.
     void mnuAbout_Click();
 
 private:
@@ -32,7 +32,7 @@ private:
     QWidget& window_;
     OnlineServices services_;
     QString contactAddress_;  ///< for letters
-    QPointer<QDialog> about_; ///< the one of the tray menu, while it is open
+    QPointer<QDialog> about_; ///< the tray menu's, while it is open
 };
 
 } // namespace netrove

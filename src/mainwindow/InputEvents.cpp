@@ -25,7 +25,8 @@ bool InputEvents::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-/// The control has the focus all along while a menu is open or another window is in front.
+/// Coming back from a menu or another window doesn't count: the control has never really lost the
+/// focus.
 void InputEvents::LstSearchFor_FocusIn(Qt::FocusReason reason) {
     if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
         reason == Qt::MenuBarFocusReason)

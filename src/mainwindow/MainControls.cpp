@@ -18,13 +18,13 @@ constexpr int Gap = 4;
 constexpr int GroupGap = 12;
 /// Width in twips that the window is designed with inside its frame.
 constexpr int DesignWidth = 10920;
-/// Twips of the window's inner height that the tabs leave to what stands above and below them.
+/// Twips of the window's inner height that the tabs leave to the controls above and below them.
 constexpr int AroundTabs = 1675;
 /// Pixels of the narrow buttons beside the start node, and of the small picture.
 constexpr int SmallButtonWidth = 32;
 constexpr int PictureSize = 20;
 
-/// Tab headers low enough that the caption line below the list has its place.
+/// Keeps the tab headers low, so that there is room for the caption line below the list.
 class LowTabStyle : public QProxyStyle {
 public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -45,8 +45,8 @@ QWidget* HiddenWidget(QWidget& parent, const QString& name) {
     return widget;
 }
 
-/// An opaque one: the count below the list is painted for each row that comes in, and would have
-/// the tabs and the window painted below it each time.
+/// Opaque: the count below the list is repainted for each row that comes in, and would otherwise
+/// have the tabs and the window behind it repainted each time.
 QWidget* TabPage() {
     auto* page = new QWidget;
     page->setAutoFillBackground(true);
@@ -65,7 +65,7 @@ QFrame* Frame(QWidget& parent, const QString& name, QFrame::Shape shape) {
 struct Column {
     const char* header;
     Qt::Alignment alignment;
-    int width; ///< twips; 0 for a hidden one
+    int width; ///< twips; 0 for a hidden column
 };
 
 void AddColumns(ListView& list, std::span<const Column> columns) {
@@ -236,12 +236,12 @@ void MainControls::TagForSkins() const {
           static_cast<QWidget*>(txtSearchStart), static_cast<QWidget*>(LstSearchFor)})
         SetTag(*control, "NOCOLOR");
     for (QLabel* caption : {RetFileLbl, DownloadLbl})
-        caption->setAutoFillBackground(true); // and so keep the desktop's colours
+        caption->setAutoFillBackground(true); // so that it keeps the desktop's colours
     SetTag(*HyperLbl, "LINK");
 }
 
 /// Three groups side by side, of two rows each, and the link below the first. Their widths follow
-/// the font; together they fill the width that the window is designed with.
+/// the font; together they fill the window's design width.
 void MainControls::PlaceInputs() {
     const int rowHeight =
         std::max(LstSearchFor->sizeHint().height(), cmdStartSearch->sizeHint().height());

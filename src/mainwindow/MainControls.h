@@ -19,8 +19,8 @@
 namespace netrove {
 
 /// The controls of the main window, by their names (which are their objectNames too), at their
-/// fixed places. What follows the size of the window is WindowLayout's affair. All of them are
-/// children of the widget that they are made in.
+/// fixed places. WindowLayout moves those that follow the window's size. All of them are children
+/// of the widget given to the constructor.
 struct MainControls {
     /// `webAddress` is what the link shows.
     MainControls(QWidget& inner, const QString& webAddress);
@@ -47,7 +47,7 @@ struct MainControls {
     QLineEdit* txtSearchStart = nullptr;
     StatusBar* stbStatus = nullptr;
     QComboBox* LstSearchFor = nullptr;
-    std::array<QLabel*, 2> imgFiles{}; ///< 0 while no job runs, 1 while one does
+    std::array<QLabel*, 2> imgFiles{}; ///< [0] is shown while no job runs, [1] while one does
     QLabel* Label1 = nullptr;
     QLabel* Label2 = nullptr;
     QLabel* HyperLbl = nullptr;

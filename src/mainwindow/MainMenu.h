@@ -14,8 +14,8 @@ namespace netrove {
 /// The menus of the main window: those of its menu bar, and the pop-up menus, which are shown only
 /// at the mouse. Every menu and item is known by its name, which is its objectName too.
 ///
-/// An item is enabled when Connect() gives it work. One that is withheld, as what it would ask for
-/// isn't there, stays disabled whatever job comes and goes.
+/// An item is enabled when Connect() gives it work. A withheld item, whose work needs something
+/// that is missing, stays disabled whatever jobs come and go.
 class MainMenu : public QObject {
     Q_OBJECT
 
@@ -27,10 +27,10 @@ public:
     [[nodiscard]] QAction* Item(const QString& name) const;
     [[nodiscard]] QMenu* Menu(const QString& name) const;
 
-    /// Gives the item its work and enables it; does nothing for one that is withheld.
+    /// Gives the item its work and enables it; does nothing for a withheld one.
     void Connect(const QString& name, const QObject* context, std::function<void()> work);
 
-    /// The named items and menus but those that are withheld, for EnableButtons.
+    /// Those of the named items and menus that aren't withheld, for EnableButtons.
     [[nodiscard]] std::vector<QAction*> Offered(const QStringList& names) const;
 
 private:

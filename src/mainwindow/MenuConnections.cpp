@@ -6,7 +6,7 @@
 namespace netrove {
 namespace {
 
-/// Whoever has no such file never sees the item.
+/// Users without such a file never see the item.
 void OfferSkinFile(const MainMenu& menu, const SkinSelection& skins) {
     QAction* item = menu.Item(u"mnuSkinFile"_s);
     item->setVisible(skins.HasSkinFile());
@@ -61,7 +61,7 @@ void MenuConnections::ConnectSkinMenu(SkinSelection& skins, ToolsMenu& tools) {
     });
     Connect("mnuSkinCust", [&skins] { skins.mnuSkinCust_Click(); });
     Connect("mnuSkinFile", [&skins] { skins.LoadSkinXML(); });
-    // Until a skin is selected.
+    // It stays disabled until a skin is selected.
     menu_.Item(u"mnuSkinCust"_s)->setEnabled(false);
     QObject::connect(menu_.Menu(u"mnuSkinTOP"_s), &QMenu::aboutToShow, &context_,
                      [&menu = menu_, &skins] { OfferSkinFile(menu, skins); });
@@ -88,7 +88,7 @@ void MenuConnections::ConnectResultsMenu(ListOperations& lists, DownloadQueue& q
     Connect("OpenFolMnu", [&lists] { lists.OpenFolMnu_Click(); });
     Connect("ExpFolMnu", [&lists] { lists.ExpFolMnu_Click(); });
     Connect("mnuSampleFile", [&lists] { lists.mnuSampleFile_Click(); });
-    // A line of information, to be read like the others.
+    // It only informs, but is enabled to be as readable as the others.
     menu_.Item(u"mnuTheWkGP"_s)->setEnabled(true);
 }
 

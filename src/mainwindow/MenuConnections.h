@@ -18,14 +18,14 @@
 
 namespace netrove {
 
-/// Gives the items of the main window's menus their work, a menu at a time. The classes that do it
-/// outlive the menu's window.
+/// Gives the items of the main window's menus their work, one menu at a time. The classes that do
+/// the work outlive the menus' window.
 class MenuConnections {
 public:
     /// The work is done as long as `context` lives.
     MenuConnections(MainMenu& menu, const QObject& context) : menu_(menu), context_(context) {}
 
-    /// The items whose work needs what the program hasn't been given.
+    /// The items whose work needs a service that the program hasn't been given.
     [[nodiscard]] static QStringList Withheld(const ProgramServices& services);
 
     void ConnectFileMenu(ResultsFile& resultsFile, const std::function<void()>& unload);

@@ -7,8 +7,8 @@
 
 namespace netrove {
 
-/// Lets no handler in while it lives: a window that was closed in the middle of its start would
-/// save settings that it has only half read.
+/// Makes yields do nothing while it lives, so that no handler runs: a window that was closed in the
+/// middle of its start would save settings that it has only half read.
 class NoYields {
 public:
     NoYields() : pass_(SetYieldPass({})) {}

@@ -22,38 +22,38 @@
 
 namespace netrove {
 
-/// Shows a dialog that belongs to `owner` and looks like the others. With
-/// a computer (without "\\\\") its logon is asked for at once.
+/// Shows a dialog that belongs to `owner` and looks like the others. Given a computer (without
+/// "\\\\"), it asks for that computer's logon at once.
 using LogonDialog =
     std::function<void(QWidget& owner, const DialogLook& look, const QString& computer)>;
 
-/// What the main window is given of the system. The window tests give it stand-ins.
+/// The services that the main window is given. The window tests pass stand-ins.
 struct ProgramServices {
     NetworkEnumeration& network;
     FileAccess& files;
     Dialogs& dialogs;
     Shell& shell;
     FileTypes& fileTypes;
-    IconImages::SystemIcon systemIcon; ///< the pictures of what fileTypes tells
+    IconImages::SystemIcon systemIcon; ///< the pictures for what fileTypes returns
     SystemInformation& system;
     Tray& tray;
     QString applicationFolder;   ///< without a closing separator
     QString webAddress;          ///< of the program's web site
     QString contactAddress = {}; ///< for letters about the program
-    /// Reads files of the web site; without one, nobody asks for newer versions.
+    /// Reads files of the web site; null where the program can't ask for newer versions.
     Http* http = nullptr;
-    /// Makes what copies the downloads; without one, each download fails at its start.
+    /// Makes the object that copies the downloads; without it, each download fails at its start.
     std::function<std::unique_ptr<CopyQ>()> newCopyQ = {};
-    /// Who fetches what a search will ask for; null where nobody does.
+    /// Fetches in advance what a search will ask for; may be null.
     ReadAhead* ahead = nullptr;
-    /// What has become of the network's computers; null where nobody keeps it.
+    /// Collects what a search hasn't seen of the network; null where nothing is collected.
     NetworkReport* report = nullptr;
-    /// Lets a button give up waits for the network: it stays alive during these, and they end when
-    /// the function says that it has been pressed.
+    /// Makes a button able to abandon waits for the network: it keeps working during them, and they
+    /// end when the function says that it has been pressed.
     std::function<void(QAbstractButton&, std::function<bool()>)> letAbandon = {};
-    /// Asks those again that didn't answer; null where nobody does.
+    /// Asks the computers that didn't answer once more; may be null.
     ReachTest* reachTest = nullptr;
-    /// Shows the dialog of the logons; without it there is none.
+    /// Shows the dialog of the logons; empty where there is no such dialog.
     LogonDialog showLogons = {};
 };
 

@@ -15,9 +15,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// No desktop tells when the mouse comes over the icon, so the tip is kept fresh all along.
+/// No desktop tells when the mouse comes over the icon, so the tip is kept up to date all the time.
 constexpr auto TipInterval = 1s;
-/// After that time an icon is in its place: 25 ms were measured.
+/// By then a new icon is in its place: 25 ms were measured.
 constexpr auto IconPlacing = 100ms;
 
 } // namespace
@@ -56,7 +56,7 @@ void SysTray::GoToTray() {
     services_.skins.SavedSkinIndex = services_.SkinIndex;
     services_.skins.mnuSkin_Click(0);
     MinimizeToTray();
-    // Laying out the window yields.
+    // Laying out the window yields, so the tray may have gone by now.
     FollowTray();
 }
 
@@ -92,7 +92,7 @@ void SysTray::RestoreMinimized() {
 }
 
 void SysTray::ShowWindow() {
-    // The focus would bring a minimised window up, and so would the wish for it on some desktops.
+    // The focus would bring a minimised window up; on some desktops even asking for it would.
     const bool isMinimized = controls_.window.isMinimized();
     controls_.window.setAttribute(Qt::WA_ShowWithoutActivating, isMinimized);
     controls_.window.show();
@@ -103,8 +103,9 @@ void SysTray::ShowWindow() {
     }
 }
 
-/// X11 keeps a window as minimised that was so once, and whatever is then set while it's hidden
-/// shows it. So it's made anew before it's shown: as it is to be, and not minimised at first.
+/// X11 goes on treating a window as minimised once it was, and setting any state while it's hidden
+/// shows it. So it's created anew before it's shown, with the state that it is to have, but not
+/// minimised yet.
 void SysTray::RenewWindow() {
     const Qt::WindowStates state = controls_.window.windowState() & ~Qt::WindowMinimized;
     controls_.window.overrideWindowState(state);
@@ -171,8 +172,8 @@ void SysTray::WhenInTray(std::function<void()> work) {
     });
 }
 
-/// What the session bus says comes in waits for the network, too, where no box could be answered.
-/// Timers don't.
+/// Messages from the session bus arrive during waits for the network, too, when no box could be
+/// answered. Timers don't fire then.
 void SysTray::Later(std::function<void()> work) {
     QTimer::singleShot(1ms, this, std::move(work));
 }
@@ -180,7 +181,7 @@ void SysTray::Later(std::function<void()> work) {
 void SysTray::AnimateTray(Direction direction) {
     if (!services_.tray.IsThere())
         return;
-    // An icon's first place is known only when it's shown.
+    // The place of a first icon is known only once it's shown.
     const bool isKnown = !services_.tray.Place().isEmpty();
     if (isKnown || direction == Direction::FromTray)
         Fly(direction);
@@ -199,13 +200,13 @@ void SysTray::Fly(Direction direction) const {
         FlyingFrame::Fly(tray, window);
 }
 
-/// The window's title and how far the search is.
+/// The window's title and the progress of the search.
 QString SysTray::TrayTip(QLatin1String gap) const {
     const QString tip = controls_.window.windowTitle() + gap + controls_.RetFileLbl.text() + u'>';
     return tip.left(MaxTip);
 }
 
-/// Once somebody has taken the window up, it doesn't go away by itself.
+/// Once the user has brought the window up, it no longer goes to the tray by itself.
 bool SysTray::eventFilter(QObject* watched, QEvent* event) {
     const bool mayBeUp =
         event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowStateChange;

@@ -18,9 +18,9 @@ namespace netrove {
 /// The main window's life in the tray. While the icon is shown the window is hidden, without a
 /// skin.
 ///
-/// Nobody loses the window: where the desktop has no tray it's minimised instead. It goes to a tray
-/// that comes later, unless its user has taken it up meanwhile, and comes back minimised from a
-/// tray that goes away.
+/// The window never gets lost: where the desktop has no tray it's minimised instead. It goes to a
+/// tray that appears later, unless the user has brought it up meanwhile, and comes back minimised
+/// from a tray that disappears.
 class SysTray : public QObject {
     Q_OBJECT
 
@@ -30,18 +30,18 @@ public:
         SkinSelection& skins;
         qint32& SkinIndex; ///< the setting
         Dialogs& dialogs;
-        std::function<void()> unload; ///< asks the window to close, as the program's own wish
+        std::function<void()> unload; ///< closes the window for good, unless a job runs
     };
     enum class Direction { FromTray, ToTray };
 
-    /// What a tip has room for.
+    /// The most characters of a tip.
     static constexpr int MaxTip = 64;
 
     /// `mnuRestore` is the default item of the menu `PopUp4Mnu`.
     SysTray(const WindowControls& controls, QMenu& PopUp4Mnu, QAction& mnuRestore,
             const Services& services);
 
-    /// What the close box does instead of closing.
+    /// What the close box does instead of closing: the window goes to the tray, or is minimised.
     void PutAway();
 
     void MinimizeToTray();
@@ -54,7 +54,7 @@ public:
     void mnuRestore_Click();
     void mnuMax_Click();
     void mnuMin_Click();
-    /// Closes the window for good, and lets the settings have the skin from before the tray.
+    /// Closes the window for good; the settings get back the skin from before the tray.
     void mnuExit_Click();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -6,7 +6,7 @@
 
 namespace netrove {
 
-/// What the program knows of its system from its start on.
+/// What the program learns about its system at its start.
 struct SystemValues {
     QString OSName; ///< in capitals
     QString OSVersion;

@@ -38,12 +38,13 @@ public:
         : controls_(controls), services_(std::move(services)) {}
 
     void mnuViewTrLog_Click();
-    /// The one window that doesn't block the menu.
+    /// Opens the one window that doesn't block the menu.
     void mnuSilent_Click();
     void mnuLogon_Click();
     void mnuOpts_Click();
 
-    /// Another skin was chosen: dialogs live under one skin, so an open window is made anew.
+    /// To be called when another skin was chosen: a dialog can't change its skin, so an open window
+    /// is made anew.
     void FollowSkin();
 
 private:

@@ -27,10 +27,10 @@ void SetRightEnd(QWidget& line, int twips) {
 void WindowLayout::Form_Resize() {
     const int pass = ++passes_;
     EnforceMinimumSize();
-    // What the minimum has changed isn't laid out yet while the window is being shown.
+    // While the window is being shown, a new minimum size isn't laid out by itself.
     window_.layout()->activate();
     const QSize inner = window_.centralWidget()->size();
-    // A yield may let the window be resized again; what that pass has laid out is newer.
+    // The window may be resized again during a yield; then that newer pass has done the layout.
     Yield();
     if (pass != passes_)
         return;
@@ -50,7 +50,7 @@ void WindowLayout::TakeDesignSize() {
     window_.resize(QSize(ToPixels(DesignWidth), ToPixels(DesignHeight)) + around);
 }
 
-/// A window that is shown again has no frame for a moment: it's taken to get the one that it had.
+/// A window that is shown again has no frame for a moment: it's expected to get its last one again.
 QMargins WindowLayout::ExpectedFrame() {
     const QMargins frame = DesktopFrame(window_);
     if (!frame.isNull())

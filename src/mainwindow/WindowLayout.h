@@ -6,8 +6,8 @@
 
 namespace netrove {
 
-/// What of the main window follows its size: the tabs, the lists in them, the captions below the
-/// lists, the middle panel of the status bar.
+/// Lays out the parts of the main window that follow its size: the tabs, the lists in them, the
+/// captions below the lists, the middle panel of the status bar.
 class WindowLayout {
 public:
     /// Smallest outer size of the window, in twips.
@@ -17,11 +17,11 @@ public:
     WindowLayout(QMainWindow& window, MainControls& controls)
         : window_(window), controls_(controls) {}
 
-    /// Inner size that the window has as long as nobody has given it another, in twips.
+    /// Inner size of the window until somebody gives it another, in twips.
     static constexpr int DesignWidth = 10920;
     static constexpr int DesignHeight = 6285;
 
-    /// Gives the window that size, whatever menu and painted frame stand around it.
+    /// Gives the window its design size, whatever menu and painted frame stand around it.
     void TakeDesignSize();
 
     /// To be called whenever the window's size has changed. Yields twice.
@@ -35,7 +35,7 @@ private:
 
     QMainWindow& window_;
     MainControls& controls_;
-    QMargins frame_{}; ///< the last that the desktop has put around the window
+    QMargins frame_{}; ///< the last frame that the desktop put around the window
     int passes_ = 0;
 };
 

@@ -21,7 +21,7 @@
 namespace netrove {
 namespace {
 
-/// How often the end of the session looks whether the running job has ended.
+/// How often the end of the session checks whether the running job has ended.
 constexpr std::chrono::milliseconds EndInterval{50};
 
 QWidget* InnerWidget(QMainWindow& window) {
@@ -174,7 +174,7 @@ OnlineServices frmNetrove::HelpServices() {
             .look = Look()};
 }
 
-/// Of the dialogs that the window opens.
+/// The look of the dialogs that the window opens.
 DialogLook frmNetrove::Look() {
     return {.skin = &skins_, .openHelp = [this] { OpenHelp(); }};
 }
@@ -213,12 +213,12 @@ void frmNetrove::Form_Load() {
         CopyDLL = services_.newCopyQ();
     queue_.SetCopier(CopyDLL.get());
     const auto failure = FailureOf([this] { LoadSteps(); });
-    // The settings have the number as it is stored.
+    // The settings hold the number as it is stored, whether such a skin exists or not.
     if (settings_.SkinIndex < 0 || settings_.SkinIndex > SkinSelection::LastSkin)
         settings_.SkinIndex = 0;
     controls_.LstSearchFor->setFocus();
     patterns_.LstSearchFor_GotFocus();
-    // A window that is shown can be closed, and saves.
+    // Once shown, the window can be closed, which overwrites a settings file that wasn't loaded.
     const QString kept = settingsFile_.KeepUnloaded();
     show();
     services_.dialogs.Failure(failure, u"frmNetrove.Form_Load Error"_s, kept);
@@ -253,7 +253,7 @@ void frmNetrove::ReadSystem() {
     menu_->Item(u"mnuTheWkGP"_s)->setVisible(system_.IsWinNT);
 }
 
-/// Somebody else than the program closes the window.
+/// The user or the desktop closes the window, not the program.
 void frmNetrove::closeEvent(QCloseEvent* event) {
     if (settings_.MinToTray) {
         event->ignore();
@@ -289,7 +289,7 @@ void frmNetrove::EndSession() {
         return;
     }
     run_.cmdAbandon_Click();
-    // A job waits while it shows a box.
+    // A job that shows a box waits for the answer.
     if (QWidget* box = QApplication::activeModalWidget())
         box->close();
     QTimer::singleShot(EndInterval, this, [this] { EndSession(); });

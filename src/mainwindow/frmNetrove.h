@@ -42,8 +42,8 @@ public:
     explicit frmNetrove(const ProgramServices& services);
     ~frmNetrove() override = default;
 
-    /// The start: to be called once, before anything else. Shows the window also where a step
-    /// has failed.
+    /// The start: to be called once, before anything else. Shows the window even where a step has
+    /// failed.
     void Form_Load();
 
     /// Loads these results files when the event loop is next reached, as if they had been dropped
@@ -53,17 +53,18 @@ public:
     /// Whether a job runs that closing the window would break off.
     [[nodiscard]] bool IsBusy() const { return job_.IsRunning(); }
 
-    /// Whether the window may close: asks a search to stop, and tells the user who then has to
-    /// close again when it has.
+    /// Whether the window may close. If a job runs, asks it to stop and tells the user, who has to
+    /// close the window again once it has stopped.
     [[nodiscard]] bool Form_QueryUnload();
 
     /// Closes the window for good, unless a job runs: nothing goes to the tray.
     void Unload();
 
-    /// Unload() for when nobody is there to be told: aborts what runs, and waits for its end.
+    /// Like Unload(), but with nobody there to be told: aborts the running job, and waits for its
+    /// end.
     void EndSession();
 
-    /// Whatever fails, the others of the settings are written.
+    /// Saves the settings; a failure is only logged.
     void SaveSettings();
 
     [[nodiscard]] Settings& ProgramSettings() { return settings_; }
@@ -117,7 +118,7 @@ private:
     MainControls controls_;
     MainMenu* menu_;
     ControlShares shares_;
-    WindowControls shared_; ///< by all that is listed below
+    WindowControls shared_; ///< by all members below
     JobDisplay jobDisplay_;
     WindowLayout layout_;
     IconImages icons_;

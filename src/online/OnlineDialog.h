@@ -14,19 +14,19 @@ namespace netrove {
 
 /// What the dialogs that read from the web site are given. All of it outlives them.
 struct OnlineServices {
-    Http* http; ///< without one, no such dialog is opened
+    Http* http; ///< null: no such dialog is ever opened
     Dialogs& dialogs;
     ShellServices& shell;
-    QString webAddress; ///< of the site, which has the files too
+    QString webAddress; ///< of the site, which also holds the files
     DialogLook look = {};
-    Version version = Version::Own(); ///< what a newer one is newer than
+    Version version = Version::Own(); ///< the version to compare with
 };
 
-/// A dialog that reads from the web site. It is low at first, and grows where there is something to
-/// show.
+/// A dialog that reads from the web site. It is low at first, and becomes tall when there is
+/// something to show.
 class OnlineDialog : public ProgramDialog {
 protected:
-    /// Of the inside, in twips.
+    /// Inner sizes in twips.
     struct Size {
         int width;
         int low;
@@ -38,16 +38,17 @@ protected:
 
     [[nodiscard]] const OnlineServices& Services() const { return services_; }
 
-    /// To be called when the controls are there, with those that a low dialog hides.
+    /// To be called once the controls exist, with those that a low dialog hides.
     void LoadLow(std::vector<QWidget*> hiddenWhileLow);
     void SetTall(bool isTall);
 
-    /// The text of a file of the site, without blanks at its ends. The dialog can be closed while
-    /// it waits for it, with its button `cancel` too; what else its user does meanwhile is dropped.
-    /// Raises a RunTimeError where the file can't be read or the dialog has been closed.
+    /// The text of a file of the site, without blanks at its ends. While the dialog waits for it,
+    /// the dialog can be closed, also by its button `cancel`; all other input is dropped. Raises a
+    /// RunTimeError if the file can't be read or the dialog has been closed.
     [[nodiscard]] QString Read(QAbstractButton& cancel, QLatin1String path);
 
-    /// Tells of a failure, unless the dialog was closed meanwhile; whether it wasn't.
+    /// Reports a failure, unless the dialog has been closed meanwhile. Returns whether it has
+    /// reported it.
     bool SayFailure(const QString& text, const QString& title);
 
 private:

@@ -18,7 +18,7 @@ constexpr int Width = 5550;
 /// In pixels: around the controls and between them.
 constexpr int Margin = 5;
 constexpr int Gap = 4;
-/// Characters of a caption that are looked at: more than any button has room for.
+/// The most characters of a caption that are used: more than any button has room for.
 constexpr qsizetype MaxCaption = 200;
 
 QString WithoutScheme(const QString& address) {
@@ -91,7 +91,7 @@ void frmDonate::ResetLinks() {
     }
 }
 
-/// One line, no longer than there is room for.
+/// Makes the caption one line, no longer than there is room for.
 void frmDonate::SetCaption(QPushButton& link, const QString& caption) const {
     QString line = caption.left(MaxCaption);
     for (QChar& unit : line) {
@@ -102,7 +102,7 @@ void frmDonate::SetCaption(QPushButton& link, const QString& caption) const {
     link.setText(link.fontMetrics().elidedText(line, Qt::ElideRight, room, Qt::TextShowMnemonic));
 }
 
-/// Failures of the read go on to the caller.
+/// Passes failures of the read on to the caller.
 bool frmDonate::Check4File(QLatin1String path, QString& resp) {
     resp.clear();
     resp = Read(*cmdOK_, path);
@@ -138,7 +138,7 @@ void frmDonate::GetDonationLinks() {
     }
 }
 
-/// Changes no link where the file can't be used.
+/// Changes no link if the file can't be used.
 void frmDonate::ReadLinks() {
     QString answer;
     if (!Check4File(WebFile::DonationPath, answer))

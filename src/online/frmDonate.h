@@ -10,13 +10,13 @@
 
 namespace netrove {
 
-/// Asks for a donation. Its three links lead to the web site until the user has them read from
-/// there.
+/// Asks for a donation. Its three links lead to the web site until the user has the real ones read
+/// from there.
 class frmDonate : public OnlineDialog {
     Q_OBJECT
 
 public:
-    /// `owner` is the window that it stands in the middle of.
+    /// The dialog appears in the middle of the window `owner`.
     frmDonate(const OnlineServices& services, QWidget* owner);
 
 private:

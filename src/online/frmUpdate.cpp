@@ -68,7 +68,7 @@ void frmUpdate::MakeControls() {
     txtInfo_->setAccessibleName(tr("News"));
     txtInfo_->setReadOnly(true);
     txtInfo_->setTabChangesFocus(true);
-    // However long the address is, the dialog keeps its width.
+    // A long address must not widen the dialog.
     cmdLink_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     connect(cmdCheck_, &QPushButton::clicked, this, &frmUpdate::cmdCheck_Click);
     connect(cmdCancel_, &QPushButton::clicked, this, &frmUpdate::reject);
@@ -122,7 +122,7 @@ bool frmUpdate::Check4File(QLatin1String path, QString& resp) {
     return !resp.isEmpty();
 }
 
-/// Raises where the file can't be read, or is another one.
+/// Raises if the file can't be read, or doesn't begin with the marker.
 QString frmUpdate::ReadPayload(QLatin1String path, QLatin1String marker) {
     QString answer;
     if (!Check4File(path, answer) || !WebFile::HasMarker(answer, marker))

@@ -9,13 +9,13 @@
 
 namespace netrove {
 
-/// Asks the web site whether there is a newer version, shows the news of it, and has its installer
-/// opened.
+/// Asks the web site whether there is a newer version, shows its news, and opens its installer
+/// through the desktop.
 class frmUpdate : public OnlineDialog {
     Q_OBJECT
 
 public:
-    /// `owner` is the window that it stands in the middle of.
+    /// The dialog appears in the middle of the window `owner`.
     frmUpdate(const OnlineServices& services, QWidget* owner);
 
 private:

@@ -12,10 +12,10 @@
 
 namespace netrove {
 
-/// Edits the list of the nodes that searches leave out: a working copy of the settings' entries, a
-/// row each. The text of a row is the node's name, the check box tells whether the entry is on, the
-/// second column and the picture tell its type. Where a handler fails, the list keeps what it held,
-/// and a box says so.
+/// Edits the list of the nodes that searches leave out: a working copy of the settings' entries,
+/// one row each. The text of a row is the node's name, the check box tells whether the entry is on,
+/// the second column and the picture tell its type. If a handler fails, the list keeps what it
+/// held, and a message box reports the failure.
 class ExclusionEditor {
 public:
     struct Services {
@@ -36,7 +36,7 @@ public:
     /// settings and in the dialog. Raises ErrorNumber::SubscriptOutOfRange for an entry of fewer
     /// than three fields, ErrorNumber::TypeMismatch for one that is neither on nor off.
     void Load();
-    /// The rows as entries.
+    /// The rows as entries of the settings.
     [[nodiscard]] QStringList Entries() const;
 
     void ColumnClick(int column);

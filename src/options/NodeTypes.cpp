@@ -7,7 +7,7 @@
 namespace netrove {
 namespace {
 
-/// The keys of the network's pictures that show them.
+/// The keys of the network's pictures for these types.
 constexpr std::array PictureKeys{"folder"_L1, "server"_L1, "domain"_L1, "network"_L1};
 static_assert(PictureKeys.size() == NodeTypes.size());
 

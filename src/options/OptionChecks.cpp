@@ -39,7 +39,7 @@ struct OptionChecks::Check {
     bool (*fails)(const Controls&);
     const char* text;
     const char* title;
-    bool isQuestion = false; ///< which the user can answer with Yes, to go on
+    bool isQuestion = false; ///< the user can answer Yes, and go on
 };
 
 const std::vector<OptionChecks::Check>& OptionChecks::All() {

@@ -5,15 +5,15 @@
 
 namespace netrove {
 
-/// What the user has entered is checked before any of it is taken: one check after the other, in a
-/// fixed order. One that fails brings its tab to the front, says in a box what is wrong, and puts
-/// the focus on the control.
+/// Checks what the user has entered before any of it is taken, in a fixed order. A failed check
+/// brings its tab to the front, says in a message box what is wrong, and puts the focus on the
+/// control.
 class OptionChecks {
 public:
     OptionChecks(OptionControls& controls, Dialogs& dialogs)
         : controls_(controls), dialogs_(dialogs) {}
 
-    /// Whether all checks are passed; none is made after one that fails.
+    /// Whether all checks pass. Stops at the first one that fails.
     [[nodiscard]] bool Pass();
 
 private:

@@ -16,9 +16,9 @@ constexpr int NodePicture = 16;
 /// Column widths of the list, in twips.
 constexpr int NameColumnWidth = 4500;
 constexpr int TypeColumnWidth = 1350;
-/// Rows that the list has room for at least.
+/// The least number of rows that the list has room for.
 constexpr int ListRows = 5;
-/// Room for the sample text in a font of this many times the dialog's height.
+/// The sample text has room for a font of this many times the height of the dialog's font.
 constexpr double SampleHeight = 2.5;
 /// Average characters of the widest field that holds a path.
 constexpr int PathCharacters = 24;
@@ -32,7 +32,7 @@ QLabel* MakeLabel(QWidget& parent, const char* name, const char* caption) {
     return Named(new QLabel(Text(caption), &parent), Text(name));
 }
 
-/// A text that can be read and copied.
+/// A text that can be read and copied, but not changed.
 QLineEdit* MakeShownText(QWidget& parent, const char* name, const char* toolTip) {
     QLineEdit* line = MakeLine(parent, name, toolTip);
     line->setReadOnly(true);
@@ -138,7 +138,7 @@ void OptionControls::MakeFormats(OptionPage& page) {
     page.AddField("Date Format for Results:", *txtDateFormat);
     lblDateEx = MakeLabel(parent, "lblDateEx", "");
     lblDateEx->setTextFormat(Qt::PlainText);
-    // The user makes it as long as they like.
+    // The user decides how long the text is.
     lblDateEx->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     page.AddPair(*MakeLabel(parent, "lblConstDate", "September 18, 1999 2:32:21 PM shows as:"),
                  *lblDateEx);
@@ -180,7 +180,7 @@ void OptionControls::MakeSystem(OptionPage& page) {
         MakeLabel(page.Widget(), "Label1",
                   "*This is for informational purposes && cannot be modified via this program.");
     note->setWordWrap(true);
-    note->setBuddy(txtOSver); // which also makes one "&" of the two
+    note->setBuddy(txtOSver); // a buddy also makes "&&" show as one "&"
     page.AddRow(*note);
 }
 
@@ -209,7 +209,7 @@ void OptionControls::MakeButtons(QDialog& dialog) {
     all->addLayout(buttons);
 }
 
-/// The words for the skins; those of the frames are set where these are made.
+/// Sets the controls' words for SkinControls(); frames get theirs where they are made.
 void OptionControls::LeaveColors() const {
     const QWidget* page = SSTab1;
     for (const char* name : {"txtDateFormat", "txtOSver", "txtUser", "txtOS", "Label1",

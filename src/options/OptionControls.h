@@ -14,7 +14,7 @@
 namespace netrove {
 
 /// The controls of the options dialog, by their names (which are their objectNames too), and their
-/// places. A pair of options bears the name that follows "optYes" and "optNo".
+/// places. A pair of options is named after what follows "optYes" and "optNo".
 struct OptionControls {
     /// The pages of SSTab1.
     enum Tab { General, Search, Results, Save, Misc };

@@ -12,7 +12,7 @@ namespace {
 
 QWidget& AddTab(QTabWidget& tabs, const char* caption) {
     auto* page = new QWidget(&tabs);
-    // Its controls fill their background with the window's colour, and it shall be the same.
+    // The page's controls fill their background with the window's colour, so the page does too.
     page->setAutoFillBackground(true);
     tabs.addTab(page, Text(caption));
     return *page;
@@ -30,7 +30,7 @@ QGridLayout& MakeGrid(QWidget& widget) {
     return *grid;
 }
 
-/// Buttons of one parent would exclude each other across all questions.
+/// Without a group, buttons of one parent would exclude each other across all questions.
 void Group(QWidget& parent, std::initializer_list<QRadioButton*> options) {
     auto* group = new QButtonGroup(&parent);
     for (QRadioButton* option : options)
@@ -45,7 +45,7 @@ OptionPage::OptionPage(QTabWidget& tabs, const char* caption)
 OptionPage::OptionPage(OptionPage& page, const char* name, const char* caption)
     : widget_(AddFrame(page, name, caption)), grid_(MakeGrid(widget_)) {}
 
-/// A label of the control, or the question, with that name.
+/// A label for the control or question named `of`.
 QLabel* OptionPage::NewLabel(const char* text, const QString& of) {
     return Named(new QLabel(Text(text), &widget_), u"lbl" + of);
 }

@@ -26,8 +26,8 @@ struct YesNoOptions {
     void Set(bool yes) const { (yes ? Yes : No)->setChecked(true); }
 };
 
-/// Puts the rows of an option page below each other: labels on the left, what they stand beside on
-/// the right. A label is the buddy of its control, and names it to assistive tools.
+/// Puts the rows of an option page below each other: labels on the left, their controls on the
+/// right. A control is the buddy of its label, which names it to assistive tools.
 class OptionPage {
 public:
     /// A page at the end of the tabs.
@@ -39,23 +39,23 @@ public:
 
     /// A question with the options "optYes" and "optNo", each followed by `name`.
     YesNoOptions AddYesNo(const char* question, const char* name);
-    /// Options of which one is chosen.
+    /// Options of which the user chooses one.
     void AddOptions(const char* label, std::initializer_list<QRadioButton*> options);
     void AddField(const char* label, QWidget& control);
-    /// A control that takes all the room behind its label, but for a button at the right edge.
+    /// A control that takes all the room after its label, except for a button at the right edge.
     void AddWideField(const char* label, QWidget& control, QWidget* button = nullptr);
     void AddAtLeft(QWidget& control);
     void AddAtRight(QWidget& control);
     /// Two controls that share a row, the second one filling it.
     void AddPair(QWidget& first, QWidget& second);
-    /// What takes a row for itself; with `fills` it gets the height that is left.
+    /// A control that has a row to itself; with `fills` it gets the remaining height.
     void AddRow(QWidget& control, bool fills = false);
-    /// Gives the width that is left to the fields, not to the labels.
+    /// Gives the remaining width to the fields, not to the labels.
     void WidenFields();
     /// Leaves the rest of the height free.
     void AddStretch();
 
-    /// A frame that keeps the desktop's colours, whatever the skin.
+    /// Makes a frame keep the desktop's colours, whatever the skin.
     void KeepColors() const;
 
 private:

@@ -20,7 +20,7 @@ struct OptionServices {
     ListView& lvwResults; ///< the lists whose font, colours and grid lines are options
     ListView& lvwDownloads;
     QString downloadsFolder; ///< the default of SaveFolder, with its closing separator
-    QString OSName;          ///< these three are shown
+    QString OSName;          ///< these three are only shown
     QString OSVersion;
     QString CurrentUser;
     DialogLook look = {};

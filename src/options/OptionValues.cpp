@@ -17,7 +17,8 @@ constexpr qint16 SizeInMegaBytes = 1;
 constexpr qint16 SizeInKiloBytes = 2;
 constexpr qint16 SizeInBytes = 3;
 
-/// What lists take of a font: the rest is for the sample alone.
+/// The list's font with what it takes over from the sample; the other attributes only show in the
+/// sample.
 QFont ListFont(QFont font, const QFont& sample) {
     font.setFamily(sample.family());
     SetFontSize(font, FontSize(sample));

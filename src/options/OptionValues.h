@@ -7,8 +7,8 @@
 
 namespace netrove {
 
-/// Moves the settings into the controls of the options dialog, and back; those of the lists also
-/// to the lists. The control txtFont carries the font that is being chosen.
+/// Moves the settings into the controls of the options dialog and back; settings of the lists also
+/// go to the lists. The control txtFont holds the font that is being chosen.
 class OptionValues {
 public:
     OptionValues(OptionControls& controls, ExclusionEditor& exclusions,
@@ -17,13 +17,14 @@ public:
 
     /// Raises what ExclusionEditor::Load raises.
     void Load();
-    /// Puts the defaults into the controls; the settings stay.
+    /// Puts the defaults into the controls, and leaves the settings alone.
     void ShowDefaults();
-    /// The controls must have passed OptionChecks. Raises ErrorNumber::Overflow for a number that
-    /// doesn't fit its setting; what comes before it has been taken then.
+    /// Takes the controls' values into the settings. They must have passed OptionChecks. Raises
+    /// ErrorNumber::Overflow for a number that doesn't fit its setting; what comes before it has
+    /// been taken by then.
     void Take();
 
-    /// The font that is being chosen, and the chooser's answer to it.
+    /// The font that is being chosen.
     [[nodiscard]] CharSetFont SampleFont() const { return {controls_.txtFont->font(), charSet_}; }
     void ShowSampleFont(const CharSetFont& font);
 

@@ -25,7 +25,7 @@ constexpr int TypePicture = 16;
 
 constexpr auto ErrorTitle = "Network node error...";
 
-/// Of types_ and NodeTypes.
+/// The indices in types_ and NodeTypes.
 enum Type : std::size_t { FolderType, WorkstationType, WorkgroupType, NetworkType };
 
 struct TypeOption {
@@ -119,7 +119,7 @@ void frmAddNetNode::Form_Load(const QWidget* owner) {
         Centre(*owner);
 }
 
-/// Folders and computers can be browsed for.
+/// Only folders and computers can be browsed for.
 void frmAddNetNode::TypeChosen() {
     const bool browsable = types_[FolderType]->isChecked() || types_[WorkstationType]->isChecked();
     cmdBrNetNode_->setEnabled(browsable);
@@ -178,8 +178,8 @@ void frmAddNetNode::reject() {
     QDialog::reject();
 }
 
-/// The name is selected when it gets the focus, by the mouse too, whose press then moves the
-/// cursor.
+/// Selects the name when it gets the focus, even from the mouse, whose press moves the cursor right
+/// afterwards.
 bool frmAddNetNode::eventFilter(QObject* watched, QEvent* event) {
     if (watched == txtNetNodeName_ && event->type() == QEvent::FocusIn &&
         static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)

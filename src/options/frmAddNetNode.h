@@ -19,15 +19,15 @@ class frmAddNetNode : public ProgramDialog {
     Q_OBJECT
 
 public:
-    /// It stands in the middle of `owner`, and over `parent`.
+    /// The dialog appears in the middle of `owner`, and over `parent`.
     frmAddNetNode(Dialogs& dialogs, const DialogLook& look, const QWidget* owner, QWidget* parent);
     ~frmAddNetNode() override = default;
 
-    /// The name, "|" and the type; empty without an answer.
+    /// The name, "|" and the type; empty if the user gave no answer.
     [[nodiscard]] const QString& NewNetNode() const { return NewNetNode_; }
 
-    /// What stands behind the last "/" of a path, or else behind the last "\"; all of it where
-    /// there is neither.
+    /// What follows the last "/" of a path, or else the last "\"; the whole path where there is
+    /// neither.
     [[nodiscard]] static QString ParseFolder(const QString& fullPath);
 
     void reject() override;

@@ -15,7 +15,7 @@ namespace {
 
 /// The client size, in twips.
 constexpr QSize ClientSize(6030, 4995);
-/// What a chooser's failure is that means no more than that the user has cancelled it.
+/// The failure of a chooser that only means that the user has cancelled it.
 constexpr int CancelledByUser = 32755;
 
 } // namespace
@@ -59,7 +59,7 @@ void frmOpts::ConnectControls() {
     connect(controls_.CancelCmd, &QPushButton::clicked, this, [this] { reject(); });
 }
 
-/// What is edited enables cmdApply, and some of it changes other controls.
+/// Every edit enables cmdApply; some also change other controls.
 void frmOpts::ConnectEdits() {
     for (const QAbstractButton* button : findChildren<QAbstractButton*>()) {
         if (button->isCheckable())

@@ -9,8 +9,8 @@
 
 namespace netrove {
 
-/// The options dialog: shows the settings and takes what the user has changed, when it has passed
-/// the checks. It is shown by exec(). Nothing goes to the settings file here.
+/// The options dialog: shows the settings, and takes what the user has changed once it has passed
+/// the checks. It is shown by exec(). It doesn't write the settings file.
 class frmOpts : public ProgramDialog {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     frmOpts(const OptionServices& services, QWidget* owner);
     ~frmOpts() override = default;
 
-    /// Whether the last time that the values were to be taken, a check has stopped that.
+    /// Whether a check failed the last time that the values were to be taken.
     [[nodiscard]] bool ApplyFailed() const { return ApplyFailed_; }
 
 protected:

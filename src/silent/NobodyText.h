@@ -6,7 +6,7 @@
 
 namespace netrove {
 
-/// What to tell somebody whose search has found no computer: whom it asked, and what helps.
+/// What to tell a user whose search has found no computer: what was asked, and what may help.
 /// `networkFile` is "network.ini" with its path.
 [[nodiscard]] QString NobodyText(const NetworkReport& report, const QString& networkFile);
 

@@ -26,7 +26,7 @@ constexpr int TimeWidth = 1300;
 
 // In milliseconds.
 constexpr int RefreshInterval = 1000;
-constexpr int AnswersInterval = 100; ///< while somebody is asked again
+constexpr int AnswersInterval = 100; ///< while computers are being asked again
 
 QString Time(const NotSearched& one) {
     return one.time.toString(u"HH:mm:ss"_s);
@@ -108,7 +108,7 @@ QWidget* frmSilent::MakeButtons() {
     return buttons;
 }
 
-/// What is still asked when a search begins doesn't count for it.
+/// When a job begins, the asking is broken off: late answers would be taken for the search's own.
 void frmSilent::Refresh() {
     if (services_.test && services_.test->IsRunning()) {
         if (services_.isBusy())

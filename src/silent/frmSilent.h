@@ -16,19 +16,21 @@ namespace netrove {
 
 /// Shows what a search hasn't seen of the network: the computers and shares that didn't answer,
 /// with the reason and the time, or, where no computer was found at all, what was asked and what
-/// helps. It follows the report while it's open; a search may go on behind it.
+/// may help. It follows the report while it's open; a search may run meanwhile.
 ///
-/// "Try Again" asks what didn't answer, and tells whether it does now. It starts no search.
+/// "Try Again" asks whatever didn't answer once more, and shows whether it answers now. It starts
+/// no search.
 class frmSilent : public ProgramDialog {
     Q_OBJECT
 
 public:
     struct Services {
         const NetworkReport& report;
-        ReachTest* test = nullptr; ///< without one nobody is asked again
-        /// Whether a job runs: nobody is asked again and no logon is changed meanwhile.
+        ReachTest* test = nullptr; ///< without one, nothing is asked again
+        /// Whether a job runs: meanwhile nothing is asked again, and no logon is changed.
         std::function<bool()> isBusy = [] { return false; };
-        /// Asks for the logon of a computer (without "\\"); without it there is no button for that.
+        /// Asks for the logon of a computer (given without "\\"). Without this function there is no
+        /// button for it.
         std::function<void(QWidget& owner, const QString& computer)> logOn = {};
         QString networkFile = {}; ///< "network.ini" with its path
         DialogLook look = {};
@@ -58,7 +60,7 @@ private:
     QPushButton* cmdTryAgain_ = nullptr;
     QTimer tmrRefresh_;
     std::vector<NotSearched> shown_;
-    std::optional<int> foundNow_; ///< when nobody had been found and was looked for again
+    std::optional<int> foundNow_; ///< how many computers a repeated look for them has found
 };
 
 } // namespace netrove

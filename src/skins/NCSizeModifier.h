@@ -15,11 +15,11 @@ public:
     NCSizeModifier& operator=(const NCSizeModifier&) = delete;
     virtual ~NCSizeModifier() = default;
 
-    /// The window gets its standard frame back.
+    /// Gives the window its standard frame back.
     virtual void Detach() = 0;
 
-    /// The background that the window's client area is to take, and the text colour for it.
-    /// Before Attach they are the desktop's.
+    /// The background colour for the window's client area, and the text colour on it. Before Attach
+    /// they are the desktop's.
     [[nodiscard]] virtual quint32 ResolvedBackColor() const = 0;
     [[nodiscard]] virtual quint32 ResolvedForeColor() const = 0;
 

@@ -17,9 +17,9 @@ struct DialogLook {
     std::function<void()> openHelp = {}; ///< what the key F1 does
 };
 
-/// What the program's dialogs have in common: F1 opens the help, they stand in the middle of their
-/// owner, and they look as the skin in force says. The controls of a dialog stand in a layout of
-/// it, so that the frame's margins shift them.
+/// What the program's dialogs have in common: F1 opens the help, they appear in the middle of their
+/// owner, and they have the look of the skin in force. A dialog's controls are in its layout, so
+/// that the frame's margins shift them.
 class ProgramDialog : public QDialog {
 public:
     ~ProgramDialog() override;
@@ -29,7 +29,7 @@ protected:
 
     [[nodiscard]] const DialogLook& Look() const { return look_; }
 
-    /// Puts it in the middle of its owner's window, if it has one, or of another.
+    /// Puts it in the middle of its owner's window, or, if given one, of another.
     void Centre();
     void Centre(const QWidget& window);
 

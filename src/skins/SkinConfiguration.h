@@ -10,12 +10,12 @@ namespace netrove {
 
 class SkinFrame;
 
-/// What a skin looks like, as numbers, colours and pictures that its frame is painted from; and
-/// the user's adjustments. The main window owns the current one, other windows refer to it.
-/// Colours have red in the low byte. A flag is -1 when set.
+/// What a skin looks like (the numbers, colours and pictures that its frame is painted from), and
+/// the user's adjustments. The main window owns the current one, other windows refer to it. Colours
+/// have red in the low byte. A flag is -1 when set.
 class SkinConfiguration {
 public:
-    /// `frame` is who paints, and outlives the configuration.
+    /// `frame` does the painting, and outlives the configuration.
     explicit SkinConfiguration(SkinFrame& frame) : frame_(&frame) {}
 
     qint32 TitleMetric1 = 0;
@@ -56,7 +56,7 @@ public:
     float Hue = 0;        ///< -1 to 5
     float Saturation = 0; ///< 0 to 1
     bool AdjustRGB = false;
-    float PercentRed = 0; ///< these three -1 to 1
+    float PercentRed = 0; ///< all three: -1 to 1
     float PercentBlue = 0;
     float PercentGreen = 0;
 
@@ -64,7 +64,7 @@ public:
     void DrawSample(const QWidget& window, QPainter& painter, int x, int y, int cx, int cy,
                     bool active) const;
 
-    /// Takes the members from the text of a skin file and its two pictures.
+    /// Sets the members from the text of a skin file and its two pictures.
     void LoadXML(const QString& text, const QPixmap& firstPicture, const QPixmap& secondPicture);
 
 private:

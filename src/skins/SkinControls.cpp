@@ -26,7 +26,7 @@ QString TagOf(const QWidget& control) {
     return control.property(TagProperty).toString();
 }
 
-/// What a control is for the walk.
+/// What the walk treats a control as.
 enum class Kind {
     Other,
     Tabs,
@@ -45,7 +45,8 @@ bool IsAny(const QObject* object) {
     return ((qobject_cast<const Types*>(object) != nullptr) || ...);
 }
 
-/// Kinds that are told by the class alone are none but the program's own wherever they stand.
+/// Plain widgets, frames and text boxes also occur inside Qt's own controls, and must be told from
+/// the program's; the other kinds don't occur there.
 Kind KindOf(const QWidget& control) {
     if (IsAny<QTabWidget>(&control))
         return Kind::Tabs;
@@ -90,7 +91,7 @@ public:
             if (control.autoFillBackground())
                 KeepDesktopSurface(control);
         } else if (IsAny<QAbstractItemView>(&control)) {
-            KeepDesktopSurface(control); // its edges and its header are the window's else
+            KeepDesktopSurface(control); // else it takes the window's edges and header
         } else {
             QPalette palette = control.palette();
             if (ColorByKind(control, tag, palette))
@@ -176,14 +177,14 @@ private:
         palette.setColor(QPalette::WindowText, hasSkin_ ? link : Legible(link, windowColor_));
     }
 
-    /// The skin's text can't be read on a parent that isn't skinned.
+    /// The skin's text colour may not be readable on a parent that isn't skinned.
     static void FillBackground(QWidget& control) {
-        control.setBackgroundRole(QPalette::Window); // a check box has that of buttons
+        control.setBackgroundRole(QPalette::Window); // a check box has the role of buttons
         control.setAutoFillBackground(true);
     }
 
     void ColorLine(QFrame& line, QPalette& palette) const {
-        line.setFrameShadow(QFrame::Plain); // any other has the colours of edges
+        line.setFrameShadow(QFrame::Plain); // other shadows use the colours of edges
         palette.setColor(QPalette::WindowText, ToColor(colors_.SkinLineColor));
     }
 

@@ -6,7 +6,7 @@
 
 namespace netrove {
 
-/// Who knows how a frame is painted from a configuration, and how a skin file is read.
+/// Paints a frame from a configuration, and reads skin files.
 class SkinFrame {
 public:
     SkinFrame() = default;

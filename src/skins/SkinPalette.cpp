@@ -7,12 +7,12 @@
 namespace netrove {
 namespace {
 
-/// What a text needs to be read with ease, and what a faded one keeps at least.
+/// The contrast that a text needs to be read with ease, and the least that a faded one keeps.
 constexpr double EasyContrast = 4.5;
 constexpr double FadedContrast = 3;
-/// What it needs where the background may be painted lighter or darker than it was given.
+/// The contrast that it needs where a style may paint the background lighter or darker.
 constexpr double StrongContrast = 7;
-/// From one mixture of two colours to the next.
+/// The step from one mixture of two colours to the next.
 constexpr double Step = 0.05;
 
 constexpr QPalette::ColorRole SurfaceRoles[] = {
@@ -20,8 +20,7 @@ constexpr QPalette::ColorRole SurfaceRoles[] = {
     QPalette::LinkVisited, QPalette::Light,      QPalette::Midlight,
     QPalette::Mid,         QPalette::Dark,       QPalette::Shadow};
 
-/// The text as it looks when it is switched off: half way to the background where that can still
-/// be read.
+/// The colour of a disabled text: half way to the background, or less where that couldn't be read.
 QColor Faded(const QColor& text, const QColor& back) {
     constexpr double Half = 0.5;
     for (double share = Half; share > 0; share -= Step) {

@@ -5,7 +5,8 @@
 #include <QImageReader>
 #include <QtMath>
 
-/// Names the resource file, so that the linker keeps it; has to stand outside any namespace.
+/// Names the resource file, so that the linker keeps it. Q_INIT_RESOURCE must stand outside any
+/// namespace.
 static void KeepPictures() {
     Q_INIT_RESOURCE(skins);
 }
@@ -32,7 +33,7 @@ constexpr std::array<PictureFile, SkinPictures::Count> Files{{
     {"9-bullethead-frame", ".bmp"},
 }};
 
-/// What is transparent in a bitmap.
+/// The colour that stands for transparent in a bitmap.
 constexpr QRgb TransparentColor = qRgb(255, 0, 255);
 
 QString Path(const PictureFile& file, const char* suffix) {
@@ -50,7 +51,7 @@ QImage ReadBitmap(const PictureFile& file) {
     return image;
 }
 
-/// Null where Qt's reader of drawings isn't installed.
+/// Null where Qt's plugin for SVG drawings isn't installed.
 QImage ReadDrawing(const PictureFile& file, int ratio) {
     QImageReader reader(Path(file, ".svg"), "svg");
     reader.setScaledSize(reader.size() * ratio);

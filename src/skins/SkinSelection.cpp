@@ -18,7 +18,7 @@
 namespace netrove {
 namespace {
 
-/// What a text in a colour of the table needs on the desktop's background.
+/// The contrast that a text in one of the table's colours needs on the desktop's background.
 constexpr double MinimumContrast = 3;
 
 QString Section(int skinIndex) {
@@ -28,7 +28,7 @@ QString Section(int skinIndex) {
 /// Bytes of a skin file that are read: more than any is allowed to have.
 constexpr qint64 LongestFile = 512 * 1024;
 
-/// The pictures that a skin file comes with.
+/// The built-in pictures that a skin file is used with.
 constexpr int FileTitlePicture = 2;
 constexpr int FileFramePicture = 3;
 
@@ -40,7 +40,7 @@ void WithTrap(QWidget& window, Dialogs& dialogs, const char* title, Steps steps)
     dialogs.Failure(failure, Text(title));
 }
 
-/// Gives the control the palette that it has by itself, and changes that.
+/// Takes back the control's palette, and changes the one that it then inherits.
 template <typename Change>
 void ColorAnew(QWidget& control, Change change) {
     control.setPalette(QPalette());
@@ -82,7 +82,7 @@ void SkinSelection::Detach() {
 qint32 SkinSelection::StoredIndex() const {
     const QString text = services_.profile.ReadIni(u"Skin"_s, u"Index"_s, u"1"_s);
     qint32 index = 0;
-    // A number that is too large for its type is no skin's either.
+    // A number that is too large for its type stands for no skin either.
     if (FailureOf([&] { index = LeadingLong(text); }))
         return 0;
     return index < 0 || index > LastSkin ? 0 : index;
@@ -129,8 +129,8 @@ void SkinSelection::ApplyTable(int index) {
     pictureRatio_ = controls_.window->devicePixelRatioF();
 }
 
-/// Without a skin the backgrounds are the desktop's own, and a text of the table's that can't be
-/// read on them gives way to the desktop's.
+/// Without a skin the backgrounds are the desktop's own, and where a text colour of the table can't
+/// be read on them, the desktop's is used.
 void SkinSelection::ColorFixedControls(int index) {
     const QColor back = ToColor(colors_.SkinBackColor);
     const QColor border = ToColor(colors_.SkinForeColor);
@@ -170,7 +170,7 @@ void SkinSelection::ColorFixedControls(int index) {
     colorSurface(*controls_.picListHolder);
 }
 
-/// A Boolean that is none ends the selection of the skin; a number that is none is 0.
+/// A text that isn't a Boolean ends the selection of the skin; one that isn't a number counts as 0.
 void SkinSelection::LoadAdjustments() {
     const ProfileFile::Batch batch(services_.profile);
     const QString section = Section(services_.SkinIndex);
@@ -281,7 +281,7 @@ bool SkinSelection::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-/// The window may have come to a screen of another density.
+/// The window may have moved to a screen of another density.
 void SkinSelection::TakePictures() {
     if (!attached_ || attached_ != configuration_ ||
         pictureRatio_ == controls_.window->devicePixelRatioF())
@@ -292,7 +292,7 @@ void SkinSelection::TakePictures() {
     Attach();
 }
 
-/// The desktop's colours, which some controls have taken over, are others now.
+/// The desktop's colours, which some controls have taken over, have changed.
 void SkinSelection::FollowDesktop() {
     if (!modifier_)
         return;

@@ -19,9 +19,9 @@
 
 namespace netrove {
 
-/// Selects the skin of the main window: 0 none, 1 Trek, 2 Serenity, 3 J.I.L.L., 4 Metropolis,
-/// 5 Bullethead. Keeps the configuration in force and the user's adjustments of each skin, and
-/// tells dialogs about both.
+/// Selects the skin of the main window: 0 none, 1 Trek, 2 Serenity, 3 J.I.L.L., 4 Metropolis, 5
+/// Bullethead. Keeps the configuration in force and the user's adjustments of each skin, and gives
+/// dialogs both.
 class SkinSelection : public QObject, public SkinOwner {
 public:
     static constexpr int LastSkin = 5;
@@ -63,15 +63,15 @@ public:
 
     /// Makes the main window's frame: to be called before a skin is selected.
     void MakeModifier() { modifier_ = services_.newModifier(); }
-    /// The end of the window.
+    /// To be called when the window ends: takes its frame off.
     void Detach();
     void ReleaseModifier() { modifier_.reset(); }
 
     /// The stored choice; 0 where no skin has that number.
     [[nodiscard]] qint32 StoredIndex() const;
 
-    /// Selects a skin, the one in force too: everything is made anew. Any index that no skin has
-    /// means none. Failures are shown in a box, and what has been done by then stays.
+    /// Selects a skin, making everything anew even for the one in force. Any index without a skin
+    /// means no skin. Failures are shown in a box, and what has been done by then stays.
     void mnuSkin_Click(qint16 index);
 
     /// Lets the user adjust the skin in force.
@@ -79,12 +79,12 @@ public:
 
     /// Whether there is a skin file: "Skins/Dark Metal/skin.xml" in the application folder.
     [[nodiscard]] bool HasSkinFile() const;
-    /// Takes what the skin file says into the skin in force, with the pictures of Trek, until a
-    /// skin is selected. A file that can't be read or is none ends in a box, and leaves the skin as
-    /// it was. Does nothing without a skin.
+    /// Changes the skin in force to what the skin file says, with the pictures of Trek, until a
+    /// skin is selected. A file that can't be read, or isn't a skin file, gives a message box and
+    /// leaves the skin as it was. Does nothing without a skin.
     void LoadSkinXML();
 
-    /// Selects the skin again that the window had before it went to the tray.
+    /// Selects again the skin that the window had before it went to the tray.
     void Reskin();
 
     /// Writes the adjustments of the skin in force, if there is one.
@@ -119,11 +119,12 @@ private:
     SkinPictures pictures_;
     SkinColors colors_;
     std::shared_ptr<netrove::SkinConfiguration> configuration_;
-    /// What the window is attached to: it outlives the choice of another skin that fails.
+    /// The configuration that the window is attached to: it must survive a failed choice of another
+    /// skin.
     std::shared_ptr<netrove::SkinConfiguration> attached_;
     std::unique_ptr<NCSizeModifier> modifier_;
     qreal pictureRatio_ = 0;
-    QString fileText_; ///< of the skin file that was loaded into the configuration
+    QString fileText_; ///< text of the skin file that was loaded into the configuration
 };
 
 } // namespace netrove

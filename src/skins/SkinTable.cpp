@@ -16,7 +16,7 @@ using Skin = SkinConfiguration;
 
 constexpr int SkinCount = 5;
 
-/// What a member is under each skin: Trek, Serenity, J.I.L.L., Metropolis, Bullethead.
+/// The values of a member under each skin: Trek, Serenity, J.I.L.L., Metropolis, Bullethead.
 template <typename Member, typename Value = Member>
 struct Row {
     Member Skin::*member;
@@ -84,8 +84,8 @@ constexpr Row<quint32> Colors[] = {
 };
 // clang-format on
 
-/// The frame shows most pictures in other than their own size, and a bitmap has hard edges: so
-/// even a plain screen gets a picture with pixels to spare.
+/// The frame scales most pictures, and a bitmap has hard edges: so even a screen of normal density
+/// gets a picture with pixels to spare.
 constexpr qreal LowestRatio = 2;
 
 } // namespace

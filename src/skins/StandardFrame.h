@@ -6,7 +6,7 @@
 
 namespace netrove {
 
-/// A frame that leaves the window to the desktop: its own frame stays, whatever the
+/// A frame that leaves the window to the desktop: the window keeps its standard frame, whatever the
 /// configuration, and the colours are those of its palette.
 class StandardFrame : public NCSizeModifier {
 public:

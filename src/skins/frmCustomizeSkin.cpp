@@ -20,7 +20,7 @@ namespace {
 
 /// Inner size of the dialog, in twips.
 constexpr QSize ClientSize(4860, 6420);
-/// While the dialog has this Tag, its controls are filled and change nothing.
+/// The dialog's Tag while its controls are being filled, so that their changes have no effect.
 constexpr auto NoEvents = "NOEVENTS";
 
 /// A slider stands for a member by `value = member * 100 + zero`.
@@ -28,8 +28,8 @@ constexpr int Hundredths = 100;
 constexpr int HueZero = 100;
 constexpr int PercentZero = 100;
 
-/// A scroll bar that is used with the keyboard too: it shows that it has the focus, and its keys
-/// go the way that they point.
+/// A scroll bar that is used with the keyboard too: it shows when it has the focus, and moves in
+/// the direction of the arrow keys.
 class Slider : public QScrollBar {
 public:
     Slider(const char* name, int maximum, int value, QWidget* parent)
@@ -259,7 +259,7 @@ void frmCustomizeSkin::WriteAdjustRGB() {
     picSample_->update();
 }
 
-/// An inactive window and an active one in front of it.
+/// Paints an inactive window and an active one in front of it.
 void frmCustomizeSkin::DrawSample(QPainter& painter) const {
     if (!configuration_)
         return;

@@ -17,8 +17,8 @@ namespace netrove {
 /// Lets the user change the colours of the skin in force: a hue and a saturation for all of it,
 /// and more or less of red, green and blue. It is shown by exec(), once.
 ///
-/// What the user does is written to the configuration at once, which all windows share, and seen
-/// in the sample; the windows take it over when they are attached to the configuration again.
+/// What the user changes goes at once to the configuration, which all windows share, and shows in
+/// the sample; the windows take it over when they are attached to the configuration again.
 class frmCustomizeSkin : public ProgramDialog {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ public:
     /// Without a skin there is nothing to adjust.
     frmCustomizeSkin(const DialogLook& look, QWidget* window);
 
-    /// Whether it was closed otherwise than by the button OK.
+    /// Whether it was closed in any other way than by the OK button.
     [[nodiscard]] bool Cancelled() const { return cancelled_; }
     [[nodiscard]] const std::shared_ptr<netrove::SkinConfiguration>& SkinConfiguration() const {
         return configuration_;

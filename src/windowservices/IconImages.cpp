@@ -94,10 +94,10 @@ IconItem IconImages::AddIconItem(ListView& list, const QWidget& picture, ImageLi
 QString IconImages::SystemKey(const QWidget& picture, ImageList& images, int iconIndex,
                               const QString& extension) {
     const int index = iconIndex < 1 ? 0 : iconIndex;
-    // Drawing is the dear part and done only for an icon that isn't there yet.
+    // Drawing is the slow part, and done only for an icon that the set doesn't have yet.
     if (ImageKeyMissing(images, index)) {
         QPixmap drawn = DrawnOn(picture, systemIcon_(iconIndex));
-        // All kinds that the desktop doesn't know share a picture.
+        // All types that the desktop doesn't know share one picture.
         if (drawn.isNull())
             drawn =
                 DrawnOn(picture, PredefinedIcon(PredefinedKey(index == 0 ? QString() : extension)));

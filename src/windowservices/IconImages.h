@@ -34,24 +34,24 @@ struct IconItem {
     int row = 0;
 };
 
-/// Adds the rows of found files and decides the picture of each: one of the predefined set by the
-/// file's extension, or the desktop's, which is copied into the system set at its first use. Where
-/// the desktop has none, the predefined one stands in that set.
+/// Adds the rows of found files and decides the picture of each: one of the predefined set, by the
+/// file's extension, or the desktop's, which is copied into the system set at its first use. If the
+/// desktop has none, the predefined picture goes into that set.
 class IconImages {
 public:
-    /// The desktop's picture of an icon index that FileTypes gives.
+    /// The desktop's picture for an icon index from FileTypes.
     using SystemIcon = std::function<QIcon(int iconIndex)>;
 
     /// The services outlive this object.
     IconImages(FileTypes& fileTypes, SystemIcon systemIcon);
 
-    /// Binds a list to the set that the settings choose, or to none; before each search and load.
+    /// Binds a list to the picture set that the settings choose, or to none. To be called before
+    /// each search and load.
     static void BindIcons(ListView& list, const IconSets& sets, bool showListIcons,
                           qint32 listIconType);
 
-    /// Adds a row with the text `fileName`. `images` is the system set that `picture` is the
-    /// drawing surface of. The desktop is asked about the file only if its type or its icon is to
-    /// be shown.
+    /// Adds a row with the text `fileName`. `images` is the system set; `picture` is its drawing
+    /// surface. The desktop is asked about the file only if its type or its icon is to be shown.
     [[nodiscard]] IconItem AddIconItem(ListView& list, const QWidget& picture, ImageList& images,
                                        const QString& fullPath, const QString& fileName,
                                        bool showFileTypes, bool showListIcons, qint32 listIconType);

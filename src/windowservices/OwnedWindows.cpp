@@ -8,7 +8,7 @@ namespace netrove {
 
 void OwnAnew(const QWindow& owner) {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    // A platform without a display may have the interface, and no connection.
+    // A platform without a display may have the interface but no connection.
     if (!x11 || !x11->connection())
         return;
     const auto id = xcb_window_t(owner.winId());

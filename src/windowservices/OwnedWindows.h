@@ -4,9 +4,9 @@
 
 namespace netrove {
 
-/// Tells the window system again who owns the windows that belong to `owner`: to be called when
-/// that has been shown after its window was made anew. On X11 they would belong to the window that
-/// is gone, and could fall behind their owner.
+/// Tells the window system again that the windows of `owner` belong to it. To be called when
+/// `owner` has been shown after its X11 window was created anew: its windows would still belong to
+/// the old one, and could end up behind their owner.
 void OwnAnew(const QWindow& owner);
 
 } // namespace netrove

@@ -8,7 +8,8 @@
 
 #include <initializer_list>
 
-/// Names the resource file, so that the linker keeps it; has to stand outside any namespace.
+/// Names the resource file, so that the linker keeps it. Q_INIT_RESOURCE must stand outside any
+/// namespace.
 static void KeepPictures() {
     Q_INIT_RESOURCE(icons);
 }
@@ -17,14 +18,14 @@ namespace netrove {
 
 namespace {
 
-/// A picture that was drawn on a grid of so many pixels, and the sizes that it serves. A size
-/// between two grids is scaled from the one that divides it better.
+/// A picture that was drawn on a grid of this many pixels, and the sizes that it is used for. A
+/// size between two grids is scaled from the grid that divides it better.
 struct Drawing {
     int grid;
     std::initializer_list<int> sizes;
 };
 
-/// The drawing ":/icons/NAME.svg" in so many pixels.
+/// The drawing ":/icons/NAME.svg" at this size in pixels.
 QPixmap Picture(const QString& name, const QSize& size) {
     KeepPictures();
     QImageReader reader(u":/icons/%1.svg"_s.arg(name), "svg");
@@ -32,8 +33,8 @@ QPixmap Picture(const QString& name, const QSize& size) {
     return QPixmap::fromImageReader(&reader);
 }
 
-/// The icon from ":/icons/NAME-GRID.svg" of each drawing. Rendered once: what lists draw is a
-/// picture, not a drawing.
+/// The icon from ":/icons/NAME-GRID.svg" of each drawing. Rendered in advance, so that lists
+/// needn't render the drawing each time.
 QIcon Render(const QString& name, std::initializer_list<Drawing> drawings) {
     QIcon icon;
     for (const Drawing& drawing : drawings) {

@@ -22,8 +22,8 @@ namespace netrove {
 /// more.
 [[nodiscard]] QStringList NetworkIconKeys();
 
-/// The picture of such a key, drawn for 16 pixels and for 32, which are 16 on a dense screen.
-/// Raises ErrorNumber::KeyNotFound for any other key.
+/// The picture for such a key, drawn for 16 pixels, and for the 32 pixels that those are on a dense
+/// screen. Raises ErrorNumber::KeyNotFound for any other key.
 [[nodiscard]] QIcon NetworkIcon(const QString& key);
 
 /// The picture of computers on a network, drawn for 64 pixels.

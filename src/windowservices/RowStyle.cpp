@@ -6,8 +6,8 @@ namespace netrove {
 
 namespace {
 
-/// A colour for a list's texts. The desktop's own text colour means the list's, which fits its
-/// background.
+/// A colour for a list's texts. For the desktop's text colour the list's own is used, which fits
+/// the list's background.
 QColor ToForeColor(quint32 color) {
     return color == WindowTextColor ? QColor() : ToColor(color);
 }

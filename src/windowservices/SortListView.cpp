@@ -8,7 +8,7 @@
 namespace netrove {
 namespace {
 
-/// False where another click has sorted the list at a yield: its marks stand.
+/// False if another click has sorted the list during a yield: then that click's marks stay.
 bool MarkHeaders(ListView& list, int markColumn, Qt::SortOrder order) {
     const QString mark = order == Qt::AscendingOrder ? u" v"_s : u" ^"_s;
     for (int column = 1; column <= list.ColumnCount(); ++column) {
@@ -39,7 +39,7 @@ bool SortListView(ListView& list, int markColumn, int sortColumn, bool showError
     try {
         if (list.Count() > 0)
             Sort(list, markColumn, sortColumn);
-        // Rows that are added later go to the end.
+        // Rows that are added from now on go to the end.
         list.SetSorted(false);
         return true;
     } catch (...) {

@@ -13,8 +13,8 @@
 
 namespace netrove {
 
-/// The controls of the main window that the classes which hold its rules work on. All of them
-/// outlive these.
+/// The controls of the main window that the classes with its rules work on. The controls outlive
+/// those classes.
 struct WindowControls {
     QWidget& window;
     QTabWidget& SSTab1;
@@ -25,7 +25,7 @@ struct WindowControls {
     QLabel& DownloadLbl;
     QComboBox& LstSearchFor;
     QCheckBox& chkRecurse;
-    QWidget& imgFiles; ///< the picture that is there while no job runs
+    QWidget& imgFiles; ///< the picture that is shown while no job runs
     QLineEdit& txtSearchStart;
     QPushButton& cmdInpNetNode;
     StatusBar& stbStatus;

@@ -9,22 +9,22 @@
 
 namespace netrove {
 
-/// Moves `child` so that its frame stands in the middle of the frame of `parent`, also where that
-/// is partly off the screen.
+/// Moves `child` so that its frame is in the middle of the frame of `parent`, even if that is
+/// partly off the screen.
 void CentreWindow(const QWidget& parent, QWidget& child);
 
 /// Sizes the window so that its inner area has this width and height (twips), whatever frame and
 /// margins stand around it.
 void SetClientSize(QWidget& window, int width, int height);
 
-/// The same for a window that the user shan't resize. It becomes larger where its layout needs more
+/// The same for a window that the user can't resize. It becomes larger if its layout needs more
 /// room, as with a large font.
 void SetFixedClientSize(QWidget& window, int width, int height);
-/// Keeps the window at its size, or, where what its layout holds needs more room, at that.
+/// Fixes the window at its present size, or a larger one if its contents need that.
 void FixSizeAroundContents(QWidget& window);
 
 /// The frame that the desktop has put around the window, in pixels. Null while there is none, and
-/// while its size isn't known: X11 has it negative as long as the frame is being put on.
+/// while its size isn't known: on X11 it's negative while the frame is being put on.
 [[nodiscard]] QMargins DesktopFrame(const QWidget& window);
 
 /// Where the mouse is on the screen, in logical pixels.

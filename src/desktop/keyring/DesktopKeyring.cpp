@@ -13,7 +13,7 @@ namespace {
 
 const QString Service = u"netrove"_s;
 
-/// Names on the session bus of those who keep secrets.
+/// The names on the session bus of services that keep secrets.
 constexpr std::array<QLatin1String, 3> Keepers{"org.freedesktop.secrets"_L1, "org.kde.kwalletd6"_L1,
                                                "org.kde.kwalletd5"_L1};
 
@@ -35,7 +35,7 @@ Keyring::Outcome OutcomeOf(QKeychain::Error error) {
     return Keyring::Outcome::Refused;
 }
 
-/// Starts a job, which goes by itself when it has ended.
+/// Starts a job, which deletes itself when it has ended.
 template <typename Done>
 void Start(QKeychain::Job* job, const QString& entry, QObject* context, Done done) {
     job->setKey(entry);
@@ -55,7 +55,8 @@ DesktopKeyring::DesktopKeyring() : thread_(new QThread), inThread_(new QObject) 
 
 DesktopKeyring::~DesktopKeyring() {
     thread_->quit();
-    // An answer may hold the last owner of this object; then the thread ends after this.
+    // The last owner of this object may be an answer, on this thread; then the thread ends after
+    // the destructor.
     if (QThread::currentThread() == thread_)
         return;
     thread_->wait();
@@ -88,7 +89,7 @@ void DesktopKeyring::Write(const QString& entry, const Secret& value, WriteDone 
     QMetaObject::invokeMethod(inThread_, [this, entry, value, done = std::move(done)] {
         const auto end = [done](QKeychain::Job* ended) {
             const Outcome outcome = OutcomeOf(ended->error());
-            // What should be gone and isn't there is gone.
+            // An entry that was to be deleted and isn't there counts as deleted.
             done(outcome == Outcome::Missing ? Outcome::Done : outcome);
         };
         if (value.IsEmpty()) {
@@ -97,7 +98,7 @@ void DesktopKeyring::Write(const QString& entry, const Secret& value, WriteDone 
         }
         auto* job = new QKeychain::WritePasswordJob(Service, inThread_);
         QString text = QString::fromUtf8(value.Bytes());
-        job->setTextData(text); // which the job turns into bytes at once
+        job->setTextData(text); // the job turns it into bytes at once
         Wipe(text);
         Start(job, entry, inThread_, end);
     });

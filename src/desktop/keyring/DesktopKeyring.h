@@ -7,11 +7,11 @@
 
 namespace netrove {
 
-/// The keyring of the desktop: that of GNOME and whatever else speaks the secret service, or
-/// KDE's wallet. Its entries lie there under "netrove". One at most in a program.
+/// The keyring of the desktop: GNOME's or any other with the Secret Service interface, or KDE's
+/// wallet. The entries are kept there under "netrove". At most one object in a program.
 ///
-/// It has a thread of its own, because its libraries want an event loop, and go on while the window
-/// waits. Answers come on that thread.
+/// It has a thread of its own, because its libraries need an event loop that goes on while the
+/// window waits. Answers come on that thread.
 class DesktopKeyring : public Keyring {
 public:
     DesktopKeyring();
@@ -23,7 +23,7 @@ public:
 
 private:
     QThread* thread_;
-    QObject* inThread_; ///< what work for the thread is sent to
+    QObject* inThread_; ///< the receiver of work for the thread
 };
 
 } // namespace netrove

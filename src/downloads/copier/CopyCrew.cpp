@@ -17,11 +17,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// How long the end of the crew waits for threads that are in the middle of a step: nearly all
-/// come within a small part of it, but a disk that hangs must not hold up the program's end.
+/// How long the destructor waits for threads in the middle of a step: nearly all end in a small
+/// part of this time, but a disk that hangs must not hold up the program's end.
 constexpr auto EndLimit = 500ms;
 
-/// Copies at a time, each over a connection of its own. Client editions of Windows take 20
+/// The most copies at a time, each over a connection of its own. Client editions of Windows take 20
 /// connections in all.
 constexpr std::size_t MostCopies = 16;
 
@@ -30,7 +30,7 @@ struct CopyAbandoned {};
 
 } // namespace
 
-/// What the threads share. A thread that can't be waited for keeps it alive.
+/// What the threads share. A thread that isn't waited for any longer keeps it alive.
 struct CopyCrew::Board {
     explicit Board(Done crewDone) : done(std::move(crewDone)) {}
 
@@ -39,9 +39,9 @@ struct CopyCrew::Board {
     std::mutex mutex;
     std::condition_variable changed;
     Done done;
-    std::deque<std::unique_ptr<const CopyOrder>> orders; ///< that wait
-    std::size_t idle = 0;                                ///< threads
-    std::set<std::thread::id> threads;                   ///< that run
+    std::deque<std::unique_ptr<const CopyOrder>> orders; ///< waiting
+    std::size_t idle = 0;                                ///< number of threads without work
+    std::set<std::thread::id> threads;                   ///< the running ones
 };
 
 /// One thread's work.
@@ -69,7 +69,8 @@ private:
             throw CopyAbandoned();
     }
 
-    /// Null when the crew ends. Connections don't wait longer for work than others of the program.
+    /// The next order; null when the crew ends. Connections wait for work no longer than the
+    /// program's others do.
     std::unique_ptr<const CopyOrder> Next() {
         std::unique_lock lock(board_->mutex);
         const auto isDue = [this] { return end_.stop_requested() || !board_->orders.empty(); };
@@ -92,7 +93,7 @@ private:
             FileCopy(*source, order.source, order.target, *order.meter, [this] { Check(); }).Run();
             return 0;
         } catch (const CopyAbandoned&) {
-            return static_cast<int>(ErrorNumber::InternalError); // nobody hears it
+            return static_cast<int>(ErrorNumber::InternalError); // not reported to anybody
         } catch (...) {
             return CurrentFailure().Number();
         }

@@ -18,14 +18,14 @@ namespace netrove {
 /// A copy to be made. The file is read from a remote place or from a local path.
 struct CopyOrder {
     QString id;
-    QString source; ///< as it was asked for
+    QString source; ///< as the caller named it
     std::variant<std::shared_ptr<const RemotePlace>, QString> file;
     CopyTarget target;
     std::shared_ptr<CopyMeter> meter;
 };
 
-/// The threads that copy, each over connections of its own; which computers are dead they tell each
-/// other. They are started when there is work for them and end with the object.
+/// The threads that copy, each over connections of its own; they share what they learn about dead
+/// computers. They are started when there is work for them, and end with the object.
 class CopyCrew {
 public:
     /// Called once for each order, on a thread of the crew; `errorNumber` is 0 where all went well.
@@ -34,11 +34,12 @@ public:
     explicit CopyCrew(Done done);
     CopyCrew(const CopyCrew&) = delete;
     CopyCrew& operator=(const CopyCrew&) = delete;
-    /// Breaks off what runs; `done` isn't called any more. Who hangs in the middle of a step, as on
-    /// a disk that is gone, is waited for but for a moment.
+    /// Breaks off the running copies; `done` isn't called any more. A thread that hangs in the
+    /// middle of a step, as on a disk that is gone, is waited for only briefly.
     ~CopyCrew();
 
-    /// Raises ErrorNumber::OutOfMemory where the system has no thread for it.
+    /// Queues a copy. Raises ErrorNumber::OutOfMemory if there is no thread yet and the system
+    /// can't start one.
     void Add(CopyOrder order);
 
 private:

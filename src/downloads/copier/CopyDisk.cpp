@@ -10,7 +10,7 @@
 namespace netrove {
 namespace {
 
-/// Where the file system can't refuse to replace by itself. A link is never made over anything.
+/// For file systems that can't rename without replacing. A hard link never replaces anything.
 int RenameByLink(const char* from, const char* to) {
     if (link(from, to) == 0)
         return unlink(from);
@@ -22,7 +22,8 @@ int RenameByLink(const char* from, const char* to) {
     return rename(from, to);
 }
 
-/// File systems that know nothing of flushing do what they can by themselves.
+/// Where the file system doesn't support flushing, there is nothing more to be done: that counts as
+/// success.
 int DoneOrUnknown(int result) {
     return result != 0 && (errno == EINVAL || errno == ENOSYS || errno == EROFS) ? 0 : result;
 }

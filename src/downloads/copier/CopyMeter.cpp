@@ -8,7 +8,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto SampleInterval = 100ms;
-/// A rate over less would jump.
+/// A rate over a shorter time would jump.
 constexpr auto ShortestSpan = 100ms;
 
 } // namespace

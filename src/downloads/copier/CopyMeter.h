@@ -8,12 +8,12 @@
 
 namespace netrove {
 
-/// Measures one copy: the thread that copies tells it, any other asks.
+/// Measures one copy: the copying thread reports to it, and any thread may ask it.
 class CopyMeter {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// The rate is that of so long.
+    /// The time over which the rate is measured.
     static constexpr std::chrono::seconds Window{3};
 
     /// `copied` bytes of the file's `length` are there already.
@@ -29,7 +29,7 @@ private:
     };
 
     mutable std::mutex mutex_;
-    std::deque<Sample> samples_; ///< the last before the window, and those in it
+    std::deque<Sample> samples_; ///< those in the window, and the last one before it
     qint64 copied_ = 0;
     qint64 length_ = 0;
 };

@@ -12,8 +12,8 @@
 namespace netrove {
 namespace {
 
-/// Whether a local path says where its file is, and no more: "..", or a path that begins anew,
-/// could come from a name.
+/// Whether a local path leads straight to its file: a hostile name could bring in ".." or the start
+/// of another path.
 bool IsPlain(const QString& path) {
     const QStringList elements = path.mid(1).split(u'/');
     return path.startsWith(u'/') && std::ranges::all_of(elements, IsLocalPathElement);
@@ -57,7 +57,7 @@ decltype(CopyOrder::file) FileCopier::Locate(const QString& source) {
         return remote;
     if (auto local = network_.LocalPath(source))
         return *local;
-    static_cast<void>(network_.Info(source)); // raises what is the matter
+    static_cast<void>(network_.Info(source)); // raises the reason
     throw RunTimeError(ErrorNumber::PathNotFound);
 }
 

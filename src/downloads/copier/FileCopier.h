@@ -10,25 +10,25 @@
 
 namespace netrove {
 
-/// The program's copier. Several copies run at a time, over connections of their own, so that a
-/// search goes on as if there were none.
+/// The program's copier. Several copies run at a time, over connections of their own, so that they
+/// don't hold up a search.
 ///
-/// A copy stands under a hidden name beside its target until it is whole; only then does it take
-/// the place of what may be there, with the source's time. One that broke off is kept, and goes on
-/// when the same file, still of the same size and time, is copied there again. Letting go of the
-/// copier breaks off what runs.
+/// Until a copy is complete it has a hidden name beside its target; only then does it get the
+/// target's name, and the source's time. A copy that broke off is kept, and goes on when the same
+/// file, with the same size and time, is copied to the same place again. The destructor breaks off
+/// the running copies.
 ///
-/// The numbers of CopyDone: what FileAccess raises for the source, DeviceIOError where it breaks
-/// off, FileAlreadyOpen where it changes meanwhile; for the target those of PartialFile.
+/// The error numbers of CopyDone: for the source what FileAccess raises, DeviceIOError if it breaks
+/// off, FileAlreadyOpen if it changes meanwhile; for the target those of PartialFile.
 class FileCopier : public CopyQ {
     Q_OBJECT
 
 public:
     explicit FileCopier(Network& network, QObject* parent = nullptr);
 
-    /// Raises PathFileAccessError for a target whose name isn't one (CheckTargetName), PathNotFound
-    /// for a source that can't be a file's path, and what its provider says of a path that isn't
-    /// there. Nothing is asked of a computer.
+    /// Raises PathFileAccessError for a target whose name isn't valid (CheckTargetName),
+    /// PathNotFound for a source that can't be a file's path, and for a path that doesn't exist
+    /// what its provider raises. Asks no computer.
     [[nodiscard]] QString QueueCopy(const QString& source, const QString& destination,
                                     Existing existing = Existing::Keep) override;
     [[nodiscard]] std::optional<CopyProgress> Progress(const QString& id) const override;

@@ -14,7 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = CopyMeter::Clock;
 
-// Big requests keep a fast line busy; on a slow one each must end well before its limit of time.
+// Big requests keep a fast line busy; on a slow one each must end well before its time limit.
 constexpr quint32 SmallestRead = 256 * 1024;
 constexpr auto ShortRead = 500ms;
 constexpr auto LongRead = 2000ms;
@@ -30,7 +30,7 @@ QByteArray IdentityOf(const QString& name, const CopySourceState& state) {
            QByteArray::number(state.modified);
 }
 
-/// A link counts, wherever it leads.
+/// Links count too, wherever they lead.
 bool IsThere(const QString& path) {
     const QFileInfo info(path);
     return info.exists() || info.isSymLink();
@@ -50,7 +50,7 @@ void FileCopy::Run() {
         CheckUnchanged(state);
         partial.Finish(state.modified, target_.mayReplace);
     } catch (const RunTimeError& error) {
-        // What no later copy can go on with, and what takes the last of the room, goes.
+        // A part that no later copy can continue, or that fills the disk, is removed.
         if (error.Number() == static_cast<int>(ErrorNumber::FileAlreadyOpen) ||
             error.Number() == static_cast<int>(ErrorNumber::DiskFull))
             partial.Discard();
@@ -58,7 +58,7 @@ void FileCopy::Run() {
     }
 }
 
-/// Reads at least once: what can't be read has no length either.
+/// Reads at least once, even if the length is 0, so that a file that can't be read fails.
 void FileCopy::Fill(PartialFile& partial, qint64 length) {
     quint32 readLength = SmallestRead;
     do {

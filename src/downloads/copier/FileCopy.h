@@ -14,16 +14,16 @@ class PartialFile;
 
 /// Where a copy goes.
 struct CopyTarget {
-    QString path; ///< a full local one
+    QString path; ///< a full local path
     bool mayReplace = false;
 };
 
-/// One copy, from its beginning to its end.
+/// One copy, from start to end.
 class FileCopy {
 public:
-    /// `name` tells the source from others, also at another run of the program. `check` is called
-    /// between the steps and may raise an exception, which ends the copy and leaves what is there
-    /// to a later one.
+    /// `name` tells the source from others, even in another run of the program. `check` is called
+    /// between the steps and may raise an exception, which ends the copy; what has been copied is
+    /// left for a later copy to continue.
     FileCopy(CopySource& source, QString name, CopyTarget target, CopyMeter& meter,
              std::function<void()> check, CopyDisk& disk = CopyDisk::System())
         : source_(source)
@@ -33,10 +33,10 @@ public:
         , check_(std::move(check))
         , disk_(disk) {}
 
-    /// Raises a RunTimeError where the copy can't be had: the number of the source's or the
-    /// target's failure, DiskFull, FileAlreadyOpen where somebody changes the file, or
-    /// FileAlreadyExists where there is a target that may not be replaced. The target is then what
-    /// it was before. Blocks.
+    /// Makes the copy; blocks until its end. Raises a RunTimeError if that fails: with the number
+    /// of the source's or the target's failure, DiskFull, FileAlreadyOpen if somebody changes the
+    /// file, or FileAlreadyExists if there is a target that may not be replaced. The target is then
+    /// as it was before.
     void Run();
 
 private:

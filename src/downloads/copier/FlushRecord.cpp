@@ -15,7 +15,7 @@ constexpr qsizetype NumberDigits = 20;
 constexpr qsizetype HashDigits = 16;
 constexpr qsizetype Bytes = NumberDigits + HashDigits;
 
-/// A record that was written in part, or not at all, tells by its hash.
+/// The hash reveals a record that was written only in part, or not at all.
 QByteArray RecordOf(qint64 length) {
     const QByteArray number = QByteArray::number(length).rightJustified(NumberDigits, '0');
     return number +

@@ -6,11 +6,13 @@
 
 namespace netrove {
 
-/// How much of a partial copy is known to be on the disk, in a small file beside it. A power loss
-/// may take what was written after that, and leave a file of the right length with holes.
+/// Keeps, in a small file beside a partial copy, how much of the copy is known to be on the disk. A
+/// power loss may destroy what was written after that, and leave a file of the right length with
+/// holes.
 ///
-/// The record may be lost itself: then nothing is known. It never tells more than there is, as it
-/// is taken away, and that is flushed, before anything is written that it doesn't speak of.
+/// The record itself may be lost: then nothing is known. It never claims more than is on the disk:
+/// a record that doesn't belong to the file is removed, and the removal flushed, before anything is
+/// written.
 class FlushRecord {
 public:
     /// The end of the name of every record.
@@ -20,16 +22,16 @@ public:
     FlushRecord(CopyDisk& disk, QByteArray folder, QByteArray path)
         : disk_(disk), folder_(std::move(folder)), path_(std::move(path)) {}
 
-    /// Bytes from the beginning on; 0 where nothing is known.
+    /// The number of bytes, from the file's beginning, that are on the disk; 0 if nothing is known.
     [[nodiscard]] qint64 Read() const;
 
-    /// Where it can't be written, less is known.
+    /// If the record can't be written, less is known later.
     void Write(qint64 length) const;
 
-    /// False where it is there and can't be taken away for good.
+    /// False if the record exists and can't be removed for good.
     [[nodiscard]] bool Clear() const;
 
-    /// The file that it is about has gone.
+    /// To be called when the partial copy is gone.
     void Remove() const { static_cast<void>(disk_.Remove(path_)); }
 
 private:

@@ -18,18 +18,19 @@
 namespace netrove {
 namespace {
 
-/// Bytes of the target's name in the partial's: with the rest it stays below what is allowed.
+/// The most bytes of the target's name in the partial's name, which keeps the whole name short
+/// enough for file systems.
 constexpr qsizetype MaxNameBytes = 180;
 constexpr qsizetype HashDigits = 16;
 
-/// What a power loss may cost on a slow line.
+/// The most time of copying that a power loss may cost on a slow line.
 constexpr std::chrono::seconds FlushInterval{5};
 
 QByteArray Hash(const QByteArray& bytes) {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().left(HashDigits);
 }
 
-/// What every partial copy for this name begins with, and no other.
+/// The beginning of the names of all partial copies for this target name, and of no others.
 QByteArray PrefixOf(const QByteArray& name) {
     if (name.size() <= MaxNameBytes)
         return '.' + name + '.';
@@ -46,7 +47,7 @@ ErrorNumber ErrorOfErrno(int number) {
         return ErrorNumber::PathNotFound;
     case ENOSPC:
     case EDQUOT:
-    case EFBIG: // more than this file system holds in one file
+    case EFBIG: // the file is too large for this file system
         return ErrorNumber::DiskFull;
     case EMFILE:
     case ENFILE:
@@ -73,8 +74,8 @@ int OpenPartial(const QByteArray& path) {
     return open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
 }
 
-/// Whether an open file still has the name by which it was opened. Whoever had it locked until now
-/// may have finished or removed it.
+/// Whether an open file still has the name by which it was opened. The copy that had it locked
+/// until now may have finished or removed it.
 bool IsNamed(int file, const QByteArray& path) {
     struct stat opened {};
     struct stat named {};
@@ -110,7 +111,7 @@ PartialFile::~PartialFile() {
         return;
     if (length_ > flushed_ && !isSpoilt_)
         static_cast<void>(FailureOf([this] { Flush(); }));
-    // Gives back the room that was reserved.
+    // Gives back the reserved room.
     if (isSpoilt_ || flushed_ == 0 || disk_.Truncate(file_, flushed_) != 0)
         Discard();
     else
@@ -127,8 +128,8 @@ void PartialFile::Open() {
     }
 }
 
-/// A record that doesn't belong to the file goes before anything is written, so that what it says
-/// is right whenever the power fails.
+/// Takes the length from the record. A record that doesn't belong to the file is removed before
+/// anything is written, so that the record is right whenever the power fails.
 void PartialFile::TrustFlushed() {
     struct stat status {};
     if (fstat(file_, &status) != 0)
@@ -143,7 +144,8 @@ void PartialFile::TrustFlushed() {
     flushTime_ = std::chrono::steady_clock::now();
 }
 
-/// File systems without locks have no two programs at the same file.
+/// A file system without locks counts as locked: there, no other program is assumed to use the
+/// file.
 bool PartialFile::Lock() const {
     return flock(file_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
@@ -165,7 +167,7 @@ void PartialFile::Append(QByteArrayView bytes) {
 
 void PartialFile::Flush() {
     if (disk_.Flush(file_) != 0) {
-        isSpoilt_ = true; // the next flush would know nothing of it
+        isSpoilt_ = true; // the next flush wouldn't report this failure again
         RaiseErrno();
     }
     flushed_ = length_;
@@ -188,12 +190,12 @@ void PartialFile::Reserve(qint64 length) {
         throw RunTimeError(ErrorNumber::DiskFull);
 }
 
-/// Bytes that the program may still write to the disk.
+/// The number of bytes that the program may still write to the disk.
 qint64 PartialFile::Room() const {
     struct statvfs status {};
     if (fstatvfs(file_, &status) != 0)
         RaiseErrno();
-    // More than any disk has doesn't fit into the number.
+    // Computed as a floating-point number: a file system may report more than fits into 64 bits.
     const auto room = static_cast<long double>(status.f_bavail) * status.f_frsize;
     return room < 9e18L ? static_cast<qint64>(room) : qint64{9'000'000'000'000'000'000};
 }
@@ -201,7 +203,7 @@ qint64 PartialFile::Room() const {
 void PartialFile::Finish(qint64 modified, bool mayReplace) {
     const std::array<timespec, 2> times{timespec{.tv_sec = 0, .tv_nsec = UTIME_OMIT},
                                         TimeOf(modified)};
-    // Not every file system holds every time; the content is right all the same.
+    // Not every file system can store every time; the content is right all the same.
     static_cast<void>(futimens(file_, times.data()));
     Flush();
     if (disk_.Rename(path_, target_, mayReplace) != 0)
@@ -220,7 +222,7 @@ void PartialFile::Discard() {
     file_ = -1;
 }
 
-/// Those that nobody is writing, and their records.
+/// Removes only those that nobody is writing, and their records.
 void PartialFile::RemoveOthers() const {
     for (const QString& name :
          QDir(QFile::decodeName(folder_)).entryList(QDir::Files | QDir::Hidden | QDir::System)) {

@@ -7,7 +7,7 @@
 namespace netrove {
 namespace {
 
-/// The marker and five pairs. What follows stays in the last token.
+/// The marker and five pairs. Anything after them stays in the last token.
 constexpr qsizetype MaxTokens = 11;
 
 QStringList Tokens(QStringView text) {

@@ -2,16 +2,17 @@
 
 #include <QString>
 
-/// The text files on the web server. An answer has had the blanks at both its ends removed.
+/// The text files on the web server. An `answer` is the text of a file without the blanks at its
+/// ends.
 namespace netrove::WebFile {
 
-/// What of the files lies where on the site.
+/// The paths of the files on the site.
 inline constexpr QLatin1String VersionPath("/files/Netrove2.ver");
 inline constexpr QLatin1String NewsPath("/files/Netrove2.nwz");
 inline constexpr QLatin1String InstallerPath("/files/Netrove2.dlf");
 inline constexpr QLatin1String DonationPath("/files/Netrove.don");
 
-/// The words that they begin with, in any case.
+/// The words that the files begin with, in upper or lower case.
 inline constexpr QLatin1String VersionMarker("TBS_VER");
 inline constexpr QLatin1String NewsMarker("TBS_NWZ");
 inline constexpr QLatin1String InstallerMarker("TBS_DLF");
@@ -23,16 +24,17 @@ inline constexpr QLatin1String DonationMarker("TBS_DON");
 /// Whether the first seven characters are the marker.
 [[nodiscard]] bool HasMarker(const QString& answer, QLatin1String marker);
 
-/// What stands behind the marker and the one character that separates it.
+/// What follows the marker and the one separating character after it.
 [[nodiscard]] QString Payload(const QString& answer);
 
-/// A payload as a text box can show it at once, as a line without end would take it minutes: lines
-/// are broken where they are longer than any that a person writes, and a few thousand shown.
+/// A payload in a form that a text box can show at once, while an endless line would take it
+/// minutes: lines longer than any that a person writes are broken, and all but the first few
+/// thousand lines left out.
 [[nodiscard]] QString Shown(const QString& payload);
 
-/// An address from a file, as it may be opened: without white space around, as a file ends with a
-/// line end. Raises ErrorNumber::InvalidProcedureCall where it isn't an http or https one, or is
-/// longer than what browsers and servers take.
+/// An address from a file, made fit to be opened: without the white space around it, such as the
+/// file's last line end. Raises ErrorNumber::InvalidProcedureCall if it isn't an http or https
+/// address, or is longer than browsers and servers accept.
 [[nodiscard]] QString Link(const QString& text);
 
 } // namespace netrove::WebFile

@@ -11,7 +11,7 @@
 namespace netrove {
 namespace {
 
-/// How far the mouse finds an edge and a corner at least.
+/// The least thickness at which the mouse finds an edge, and the least length of a corner.
 constexpr int GripThickness = 4;
 constexpr int CornerLength = 12;
 

@@ -7,15 +7,15 @@
 
 namespace netrove {
 
-/// One side of a painted frame: paints its border and resizes the window by it and its corners. It
-/// lies above the client area where it is thicker than the border.
+/// One side of a painted frame: paints its border, and lets the mouse resize the window by it and
+/// its corners. It is thicker than a thin border, and then lies partly over the client area.
 class FrameEdge : public QWidget {
 public:
     FrameEdge(QWidget& window, Qt::Edge edge);
 
     void SetLook(std::shared_ptr<const FrameLook> look);
 
-    /// Takes its place in the window.
+    /// Moves to its place in the window.
     void Place();
 
 protected:
@@ -25,7 +25,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    /// The edges that the window is resized by from this place.
+    /// The edges by which a drag from this place resizes the window.
     [[nodiscard]] Qt::Edges EdgesAt(const QPoint& position) const;
 
     QWidget& window_;

@@ -23,9 +23,9 @@ struct FrameColors {
     QColor innerLine;
 };
 
-/// All that a frame is painted from, worked out of a configuration once.
+/// All that a frame is painted from, worked out once from a configuration.
 struct FrameLook {
-    /// What `before` has prepared is taken over where it still fits.
+    /// Takes over from `before` what still fits.
     explicit FrameLook(const SkinConfiguration& configuration, const FrameLook* before = nullptr);
 
     FrameMetrics metrics;

@@ -15,12 +15,12 @@ constexpr int DefaultGlyph = 12;
 constexpr int DefaultButtonsEnd = 8;
 constexpr int SmallestButtonWidth = 18;
 constexpr int SmallestButtonHeight = 16;
-/// Kept free above and below a button.
+/// Space kept free above and below a button.
 constexpr int AroundButton = 2;
 constexpr int AroundCaption = 6;
 constexpr int ButtonGap = 2;
 constexpr int SmallestTitle = SmallestButtonHeight + 2 * AroundButton;
-/// No skin of whatever source gets more than these.
+/// The largest values that any skin gets, wherever it comes from.
 constexpr int LargestTitle = 200;
 constexpr int LargestBorder = 40;
 constexpr int LargestDistance = 400;

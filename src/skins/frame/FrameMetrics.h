@@ -11,12 +11,12 @@ namespace netrove {
 class SkinConfiguration;
 
 /// The numbers of a skin as its frame uses them, in logical pixels: what the skin doesn't set has
-/// its default, and all are kept within what its pictures have.
+/// its default, and all are limited to what its pictures hold.
 struct FrameMetrics {
     explicit FrameMetrics(const SkinConfiguration& configuration);
 
-    /// Where the buttons of a title bar of this width stand: the close button first, then those to
-    /// its left.
+    /// The places of the buttons in a title bar of this width: the close button first, then those
+    /// to its left.
     [[nodiscard]] std::vector<QRect> ButtonRects(int barWidth, int count) const;
 
     int titleHeight; ///< of the title bar

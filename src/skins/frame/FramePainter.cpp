@@ -13,12 +13,12 @@ namespace {
 
 constexpr int IconSize = 16;
 constexpr int AfterIcon = 6;
-/// Kept free after the caption on the piece behind it.
+/// Space kept free after the caption, on the piece behind it.
 constexpr int AfterCaption = 10;
-/// Of the buttons of a window that isn't the active one.
+/// Opacity of the buttons of an inactive window.
 constexpr qreal DimmedOpacity = 0.55;
 
-/// What stands for a glyph where a skin has no picture of it.
+/// The picture that replaces a glyph for which the skin has none.
 QStyle::StandardPixmap StandardGlyph(FrameCell glyph) {
     switch (glyph) {
     case FrameCell::Minimize:
@@ -48,7 +48,7 @@ QRect FramePainter::IconRect(const FrameMetrics& metrics) {
 
 QPainterPath FramePainter::Outline(const FrameMetrics& metrics, const QRectF& window) {
     QPainterPath path;
-    // Clockwise; `right` and `down` say on which side of the window the corner is.
+    // Clockwise; `right` and `down` say which corner of the window it is.
     const auto corner = [&path](const QPointF& at, qreal radius, int right, int down, int angle) {
         const QPointF across = at - QPointF(2 * radius * right, 2 * radius * down);
         if (radius > 0)
@@ -97,8 +97,8 @@ void FramePainter::PaintTitle(const QRect& bar, const QIcon& icon, const QString
                       shown);
 }
 
-/// Where there is no room for all, the right cap loses its left side first, up to the buttons; then
-/// the divider goes, then the left cap's right side.
+/// Where there isn't room for all pieces, first the right cap loses its left side, up to the
+/// buttons; then the divider is left out; then the left cap loses its right side.
 void FramePainter::PaintPieces(const QRect& bar, int captionEnd, int buttonsLeft) {
     const TitlePieces& pieces = look_.pictures->Title(active_);
     const FrameMetrics& metrics = look_.metrics;

@@ -8,7 +8,7 @@
 
 namespace netrove {
 
-/// Paints the parts of a frame: those of a real window and of the sample alike.
+/// Paints the parts of a frame: for real windows and for the sample alike.
 class FramePainter {
 public:
     FramePainter(const FrameLook& look, QPainter& painter, bool active)
@@ -22,20 +22,20 @@ public:
     /// The borders around the window's rectangle, below its title bar.
     void PaintBorder(const QRect& window);
 
-    /// Where the icon stands in a title bar.
+    /// The place of the icon in a title bar.
     [[nodiscard]] static QRect IconRect(const FrameMetrics& metrics);
 
     /// The window's outline with its rounded corners.
     [[nodiscard]] static QPainterPath Outline(const FrameMetrics& metrics, const QRectF& window);
 
-    /// The pixels inside it.
+    /// The pixels inside that outline.
     [[nodiscard]] static QRegion Inside(const FrameMetrics& metrics, const QRect& window);
 
 private:
     void PaintPieces(const QRect& bar, int captionEnd, int buttonsLeft);
     void PaintRepeated(const QRect& area, const QPixmap& piece);
-    /// The piece at its own width, as high as the area and cut to it: at its right side, or at its
-    /// left one where `keepRight` is set.
+    /// The piece at its own width, as high as the area and cut to it: its right side is cut off,
+    /// or, with `keepRight`, its left side.
     void PaintCut(const QRect& area, const QPixmap& piece, bool keepRight);
 
     const FrameLook& look_;

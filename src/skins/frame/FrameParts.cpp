@@ -41,7 +41,7 @@ void FrameParts::Show() {
         edge->setVisible(bordered);
         edge->raise();
     }
-    // A window that can't be resized is moved by the upper edge of its title bar, too.
+    // Otherwise the upper edge belongs to the title bar too, and moves the window.
     top_->setVisible(bordered && ResizableEdges(window_, Qt::TopEdge) != Qt::Edges());
 }
 

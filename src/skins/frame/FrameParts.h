@@ -9,12 +9,12 @@
 
 namespace netrove {
 
-/// The title bar, the borders and the system menu of one window. Hidden until they are shown; they
-/// are kept for the next time when the window loses them, as that can happen inside one of their
-/// own events.
+/// The title bar, the borders and the system menu of one window. They are hidden until Show(). When
+/// the window loses them they are only hidden again, as that can happen inside one of their own
+/// events.
 class FrameParts : public QObject {
 public:
-    /// They belong to the window.
+    /// The window owns this object.
     explicit FrameParts(QWidget& window);
 
     void SetLook(const std::shared_ptr<const FrameLook>& look);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr QRgb TransparentColor = qRgb(255, 0, 255);
 
-/// The picture as an image in which the transparent colour of those that have no alpha is
+/// The picture as an image with alpha: in a picture without, the transparent colour becomes
 /// transparent.
 QImage WithAlpha(const QPixmap& picture) {
     const bool hasAlpha = picture.hasAlphaChannel();

@@ -27,7 +27,7 @@ class FramePictures {
 public:
     FramePictures(const SkinConfiguration& configuration, const FrameMetrics& metrics);
 
-    /// Whether these would be made of the configuration again.
+    /// Whether making the pictures anew from the configuration would give the same ones.
     [[nodiscard]] bool AreOf(const SkinConfiguration& configuration,
                              const FrameMetrics& metrics) const;
 
@@ -38,14 +38,14 @@ public:
     /// The cell's picture; null where the skin has none.
     [[nodiscard]] const QPixmap& Cell(FrameCell cell, bool active) const;
 
-    /// Whether cells of an inactive window have a look of their own.
+    /// Whether the cells of inactive windows have a look of their own.
     [[nodiscard]] bool HasInactiveCells() const { return source_.cellRows == 2; }
 
 private:
     static constexpr int CellCount = 7;
     using Cells = std::array<QPixmap, CellCount>;
 
-    /// All that the pictures depend on.
+    /// Everything that the pictures depend on.
     struct Source {
         Source(const SkinConfiguration& configuration, const FrameMetrics& metrics);
 

@@ -20,7 +20,7 @@ QString WithoutMnemonic(QString text) {
 
 } // namespace
 
-/// Painted on a picture of its own, so that the rounded corners are smooth.
+/// Paints on a picture of its own first, so that the rounded corners are smooth.
 void FrameSample::Paint(QPainter& painter, const QRect& area) const {
     if (area.isEmpty())
         return;
@@ -74,7 +74,7 @@ QStringList FrameSample::Menus() const {
     return menus;
 }
 
-/// Gives back where it ends.
+/// Returns where the menu bar ends.
 int FrameSample::PaintMenuBar(QPainter& painter, const QRect& client) const {
     painter.setFont(look_.barFont);
     const QFontMetrics metrics(look_.barFont);

@@ -12,7 +12,7 @@ class FrameSample {
     Q_DECLARE_TR_FUNCTIONS(FrameSample)
 
 public:
-    /// Icon, title and menus are those of the window.
+    /// Shows the icon, title and menus of the window.
     FrameSample(const FrameLook& look, const QWidget& window, bool active)
         : look_(look), window_(window), active_(active) {}
 

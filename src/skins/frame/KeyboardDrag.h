@@ -10,8 +10,8 @@ class QKeyEvent;
 
 namespace netrove {
 
-/// Moves or resizes a window with the arrow keys, with Ctrl by single pixels. While it lasts it
-/// takes all keys; Enter or the mouse ends it, Escape puts the window back.
+/// Moves or resizes a window with the arrow keys, by single pixels while Ctrl is down. As long as a
+/// drag lasts it takes all keys; Enter or the mouse ends it, Escape puts the window back.
 class KeyboardDrag : public QObject {
 public:
     explicit KeyboardDrag(QWidget& window) : QObject(&window), window_(window) {}
@@ -33,7 +33,7 @@ private:
 
     QWidget& window_;
     bool resize_ = false;
-    std::optional<QRect> start_; ///< where the window stood at the beginning, while it lasts
+    std::optional<QRect> start_; ///< where the window stood at the start, while a drag lasts
 };
 
 } // namespace netrove

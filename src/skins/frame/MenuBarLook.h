@@ -9,7 +9,8 @@
 
 namespace netrove {
 
-/// The font and colours of a window's menu bar: gives it those of a skin, and takes them back.
+/// The font and colours of a window's menu bar: gives the menu bar those of a skin, and takes them
+/// back.
 class MenuBarLook {
 public:
     /// Does nothing where the window has no menu bar.
@@ -17,7 +18,8 @@ public:
     void TakeBack();
 
 private:
-    /// What the bar had been given before; nothing where it followed the desktop.
+    /// The font and colours that the bar had been given before; empty where it followed the
+    /// desktop.
     struct Own {
         std::optional<QPalette> palette;
         std::optional<QFont> font;

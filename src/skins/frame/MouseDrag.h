@@ -8,13 +8,14 @@
 
 namespace netrove {
 
-/// Moves or resizes a window with the mouse. The desktop does it where it can, from the first
-/// movement on; else the window follows by itself.
+/// Moves or resizes a window with the mouse. From the first movement on the desktop does it where
+/// it can; elsewhere this class moves the window itself.
 class MouseDrag {
 public:
     explicit MouseDrag(QWidget& window) : window_(window) {}
 
-    /// The button went down. Without edges the window will be moved, else resized by them.
+    /// The button went down. Without edges the window will be moved, otherwise resized by these
+    /// edges.
     void Press(const QPoint& onScreen, Qt::Edges edges);
     void Move(const QPoint& onScreen);
     void Release() { press_.reset(); }

@@ -12,7 +12,7 @@
 namespace netrove {
 namespace {
 
-/// Elsewhere a window is drawn whole, whatever its mask.
+/// Other platforms draw the whole window, whatever its mask.
 bool CanCutCorners() {
     return QGuiApplication::platformName() == "xcb"_L1;
 }
@@ -87,7 +87,8 @@ void PaintedFrame::LayOut(bool keepClientSize) {
     const QMargins before = window_->contentsMargins();
     const QMargins margins = ownMargins_ + FrameMargins();
     const QMargins more = margins - before;
-    // First the size where it grows: what is inside never has less room than it needs.
+    // If the window is to grow, it does so first, so that its contents always have the room that
+    // they need.
     if (keepClientSize)
         Grow(QSize(more.left() + more.right(), more.top() + more.bottom()));
     window_->setContentsMargins(margins);
@@ -109,7 +110,7 @@ void PaintedFrame::Grow(const QSize& by) {
         window_->resize(window_->size() + by);
 }
 
-/// Cuts off what lies outside the rounded corners, pixel by pixel.
+/// Cuts off what lies outside the rounded corners, to the pixel.
 void PaintedFrame::CutCorners() {
     const bool cut = IsPainted() && !FillsScreen(*window_) && CanCutCorners() &&
                      (look_->metrics.upperRadius > 0 || look_->metrics.lowerRadius > 0);
@@ -131,7 +132,7 @@ bool PaintedFrame::eventFilter(QObject* watched, QEvent* event) {
             parts_->Refresh();
             break;
         case QEvent::Show:
-            LayOut(false); // also above what has been added to the window meanwhile
+            LayOut(false); // brings the parts above what has been added to the window meanwhile
             parts_->Refresh();
             break;
         case QEvent::WindowActivate:

@@ -11,15 +11,15 @@
 namespace netrove {
 
 /// A frame that is painted from the configuration, in place of the desktop's. It takes the room
-/// that it needs from the window's contents margins; on the screen the window keeps its place and
-/// outer size, one that hasn't been shown yet or can't be resized keeps its client size.
+/// that it needs from the window's contents margins; a window on the screen keeps its place and
+/// outer size; one that hasn't been shown yet, or can't be resized, keeps its client size.
 ///
-/// Where the desktop insists on a frame of its own, only the colours remain.
+/// Where the desktop insists on a frame of its own, only the colours are used.
 ///
-/// Lives as long as its window. Where the window goes on without it, call Detach first.
+/// Lives as long as its window; if the window goes on without it, call Detach first.
 class PaintedFrame : public QObject, public NCSizeModifier {
 public:
-    /// `measure` tells how thick the desktop's frame around a window is.
+    /// `measure` returns how thick the desktop's frame around a window is.
     explicit PaintedFrame(StandardFrameSwitch::Measure measure = DesktopFrame);
 
     void Detach() override;
@@ -36,7 +36,7 @@ private:
     [[nodiscard]] bool IsPainted() const;
     [[nodiscard]] QMargins FrameMargins() const;
     void Bind(QWidget& window);
-    /// Makes room for the frame and shows it, or the other way round.
+    /// Makes room for the frame and shows it, or takes both back.
     void LayOut(bool keepClientSize);
     void Grow(const QSize& by);
     void CutCorners();
@@ -46,7 +46,7 @@ private:
     std::shared_ptr<const FrameLook> look_; ///< while attached
     QPointer<FrameParts> parts_;            ///< these two belong to the window
     QPointer<StandardFrameSwitch> standardFrame_;
-    QMargins ownMargins_; ///< that the window has without the frame
+    QMargins ownMargins_; ///< the margins that the window has without the frame
     MenuBarLook menuBar_;
     StandardFrame desktop_; ///< for the colours while detached
 };

@@ -7,21 +7,22 @@
 
 namespace netrove {
 
-/// What a skin configuration needs of the frames that PaintedFrame paints: their sample, and the
-/// reader of skin files.
+/// What a skin configuration needs from the painted frames: it paints the sample, and reads skin
+/// files.
 class PaintedSkinFrame : public SkinFrame {
 public:
     /// Paints the title bar, the borders, the menu bar and some text, at their real size.
     void PaintSample(const SkinConfiguration& configuration, const QWidget& window,
                      QPainter& painter, const QRect& area, bool active) override;
 
-    /// Takes those members that the text has, with the pictures as TitlePicture and FramePicture.
-    /// Raises a RunTimeError for a bad text, and leaves the configuration as it was.
+    /// Sets the members that the text names, and takes the pictures as TitlePicture and
+    /// FramePicture. Raises a RunTimeError for a bad text, and then leaves the configuration as it
+    /// was.
     void Parse(const QString& text, const QPixmap& firstPicture, const QPixmap& secondPicture,
                SkinConfiguration& configuration) override;
 
 private:
-    std::optional<FrameLook> look_; ///< of the last sample: the next one is often of the same
+    std::optional<FrameLook> look_; ///< of the last sample: the next one often has the same
 };
 
 } // namespace netrove

@@ -34,7 +34,7 @@ int AdjustedChannel(int channel, float percent) {
 } // namespace
 
 SkinTransform::SkinTransform(const SkinConfiguration& configuration) {
-    // What is switched off doesn't count, also where two transforms are compared.
+    // What is switched off is left out, so that it doesn't count where two transforms are compared.
     if (configuration.Colorize) {
         colorize_ = true;
         hue_ = InRange(configuration.Hue, -1, 5);
@@ -66,14 +66,15 @@ QImage SkinTransform::Apply(const QImage& picture) const {
     return result;
 }
 
-/// The colour with our hue and saturation whose lightness is half of this sum of its brightest and
-/// darkest channel. The hue counts sectors of 60 degrees; -1 and 5 are the same.
+/// The colour with our hue and saturation whose brightest and darkest channels add up to this:
+/// twice its lightness. The hue counts sectors of 60 degrees; -1 and 5 are the same.
 QRgb SkinTransform::Colorized(int brightestAndDarkest) const {
     const double lightness = brightestAndDarkest / (2.0 * MaxChannel);
     const double chroma = (1 - std::abs(2 * lightness - 1)) * saturation_;
     const double darkest = lightness - chroma / 2;
     const double hue = hue_ < 0 ? hue_ + 6.0 : hue_;
-    // Each channel is a trapezium over the six sectors, two sectors from the next one.
+    // Over the six sectors each channel runs as a trapezium, two sectors away from the next
+    // channel's.
     const auto channel = [=](double peak) {
         const double distance = std::abs(std::remainder(hue - peak, 6.0));
         return Channel(darkest + chroma * std::clamp(2 - distance, 0.0, 1.0));

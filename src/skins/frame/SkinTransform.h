@@ -7,15 +7,16 @@ namespace netrove {
 
 class SkinConfiguration;
 
-/// What the user's adjustments make of a skin's colours. First `Colorize`: every colour keeps its
+/// Applies the user's adjustments to a skin's colours. First `Colorize`: every colour keeps its
 /// lightness (that of HSL) and takes the hue and the saturation; then `AdjustRGB`: each channel
-/// goes by its percentage towards 0 or towards its full value. Pictures and single colours are
+/// moves by its percentage towards 0 or towards its full value. Pictures and single colours are
 /// treated alike.
 class SkinTransform {
 public:
     /// Leaves all colours as they are.
     SkinTransform() = default;
-    /// Takes the adjustments; what is out of its range is brought into it, what is no number is 0.
+    /// Takes the adjustments; what is out of its range is brought into it, what isn't a number
+    /// counts as 0.
     explicit SkinTransform(const SkinConfiguration& configuration);
 
     [[nodiscard]] QColor Apply(const QColor& color) const;

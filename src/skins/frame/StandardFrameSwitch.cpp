@@ -9,7 +9,7 @@
 namespace netrove {
 namespace {
 
-// The window system doesn't tell when it has changed a frame, so that it is looked at for a while.
+// The window system doesn't tell when it has changed a frame, so it is polled for a while.
 constexpr int TickInterval = 10; ///< milliseconds
 constexpr int MostTicks = 50;
 
@@ -32,13 +32,13 @@ void StandardFrameSwitch::GiveBack() {
 
 void StandardFrameSwitch::Switch(bool frameless) {
     const QMargins before = Margins();
-    // One that isn't reached yet holds on.
+    // A target that hasn't been reached yet still holds.
     if (!target_)
         target_ = Outer();
     if (!frameless_ && window_.isVisible())
         standardFrame_ = before;
     frameless_ = frameless;
-    // QWidget's own way to set flags would re-create the window.
+    // QWidget::setWindowFlags() would re-create the window.
     window_.overrideWindowFlags(window_.windowFlags().setFlag(Qt::FramelessWindowHint, frameless));
     if (QWindow* handle = window_.windowHandle())
         handle->setFlag(Qt::FramelessWindowHint, frameless);
@@ -46,7 +46,7 @@ void StandardFrameSwitch::Switch(bool frameless) {
     if (!window_.isVisible())
         return;
     BeginSettling();
-    if (before.isNull() != Margins().isNull()) // the window system has done it at once
+    if (before.isNull() != Margins().isNull()) // the window system did it at once
         Settle();
 }
 
@@ -79,8 +79,8 @@ void StandardFrameSwitch::BeginSettling() {
     settling_.start();
 }
 
-/// What was asked of the window system takes effect some time later, the frame's change first or
-/// the new geometry.
+/// The requests to the window system take effect some time later: either the frame or the geometry
+/// may change first.
 void StandardFrameSwitch::Settle() {
     const QMargins frame = Margins();
     const bool changed = frameless_ == frame.isNull();
@@ -103,8 +103,8 @@ bool StandardFrameSwitch::IsAtTarget(const QMargins& frame) const {
     return CanPlaceWindows() ? outer == *target_ : outer.size() == target_->size();
 }
 
-/// The widget keeps what it knows of the frame until it is moved, and the window's own rules of
-/// size may count the frame.
+/// The widget updates what it knows of the frame only when it is moved, and the window's own size
+/// rules may count the frame.
 void StandardFrameSwitch::TellFrameChanged() {
     QWindow& handle = *window_.windowHandle();
     QMoveEvent move(handle.position(), handle.position());
@@ -124,7 +124,7 @@ void StandardFrameSwitch::EndSettling() {
 
 bool StandardFrameSwitch::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &window_ && event->type() == QEvent::Hide) {
-        settling_.stop(); // goes on with the target when the window is shown again
+        settling_.stop(); // settling goes on, with the same target, when the window is shown again
         if (window_.windowHandle())
             lastOuter_ =
                 target_ ? *target_ : window_.windowHandle()->geometry().marginsAdded(Margins());

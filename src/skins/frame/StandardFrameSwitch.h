@@ -20,14 +20,14 @@ public:
     /// How thick the desktop's frame is around the window now.
     using Measure = std::function<QMargins(const QWindow&)>;
 
-    /// It belongs to the window.
+    /// The window owns this object.
     StandardFrameSwitch(QWidget& window, Measure measure);
 
     void TakeAway();
     void GiveBack();
 
-    /// Whether the desktop has kept its frame around the window although it was to take it away,
-    /// the last time.
+    /// Whether the desktop kept its frame around the window the last time that it was to take it
+    /// away.
     [[nodiscard]] bool DesktopInsists() const { return insists_; }
 
     /// Whether the window has a place on the screen, or had one before it was hidden.
@@ -53,9 +53,9 @@ private:
     Measure measure_;
     bool frameless_ = false;
     bool insists_ = false;
-    bool told_ = false;              ///< that the frame has changed
+    bool told_ = false;              ///< the widget knows that the frame has changed
     QMargins standardFrame_;         ///< as it was last seen
-    std::optional<QRect> target_;    ///< where the window with its frame is to stand, until it does
+    std::optional<QRect> target_;    ///< where window and frame are to stand; empty once they do
     std::optional<QRect> lastOuter_; ///< where it stood when it was hidden
     QTimer settling_;
     int ticks_ = 0;

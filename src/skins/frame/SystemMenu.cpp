@@ -27,7 +27,7 @@ SystemMenu::SystemMenu(QWidget& window, KeyboardDrag& keyboardDrag)
 }
 
 void SystemMenu::SetKeysOn(bool on) {
-    // Most desktops close a window by this key themselves.
+    // Most desktops close a window by Alt+F4 themselves; on the others it's this action that does.
     if (on)
         window_.addAction(close_);
     else

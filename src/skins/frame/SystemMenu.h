@@ -20,8 +20,8 @@ public:
 
     void OpenAt(const QPoint& onScreen);
 
-    /// Opens below the icon, given in screen coordinates. A second click on the icon that makes it
-    /// a double click closes the window.
+    /// Opens below the icon, given in screen coordinates. A second click that makes a double click
+    /// on the icon closes the window.
     void OpenAtIcon(const QRect& onScreen);
 
 protected:
@@ -39,7 +39,7 @@ private:
     QAction* minimize_;
     QAction* maximize_;
     QAction* close_;
-    QRect icon_; ///< that the menu was opened at
+    QRect icon_; ///< the icon that the menu was opened at
     QElapsedTimer sinceOpened_;
 };
 

@@ -27,7 +27,7 @@ constexpr int LargestChannel = 255;
     Fail(u'"' + value + "\" is no value for "_L1 + member + u'.');
 }
 
-/// An attribute of the element that the reader stands at.
+/// An attribute of the reader's current element.
 QString Attribute(const QXmlStreamReader& reader, QLatin1String name, qsizetype longest) {
     const QString value = reader.attributes().value(name).toString();
     if (value.size() > longest)
@@ -35,7 +35,7 @@ QString Attribute(const QXmlStreamReader& reader, QLatin1String name, qsizetype 
     return value;
 }
 
-/// To the next start of an element, or false at the end of the one that encloses it.
+/// Moves to the start of the next element; false at the end of the enclosing one.
 bool NextElement(QXmlStreamReader& reader) {
     for (;;) {
         switch (reader.readNext()) {
@@ -44,7 +44,7 @@ bool NextElement(QXmlStreamReader& reader) {
         case QXmlStreamReader::EndElement:
         case QXmlStreamReader::EndDocument:
             return false;
-        case QXmlStreamReader::DTD: // entities could make much of little
+        case QXmlStreamReader::DTD: // entities could make a small file huge
             FailAt(reader, u"it has a document type"_s);
         case QXmlStreamReader::Invalid:
             FailAt(reader, reader.errorString());
