@@ -5,6 +5,7 @@
 #include "logons/frmLogon.h"
 #include "logons/frmLogons.h"
 #include "redirector/ComputerReport.h"
+#include "runtime/ProgramVersion.h"
 #include "silent/frmSilent.h"
 #include "translations/Translation.h"
 
@@ -52,10 +53,27 @@ std::vector<ShownText> TextsOf(const QWidget& window) {
     return texts;
 }
 
+/// What a window shows stands in `texts`, letter by letter; NETROVE_WRITE_TEXTS=1 writes it anew.
+void ExpectAsWritten(const std::vector<ShownText>& texts, const QString& folder) {
+    QString lines;
+    for (const auto& [name, text] : texts) {
+        if (!text.isEmpty())
+            lines += name + Text(": ") + QString(text).replace(u'\n', Text("\\n")) + u'\n';
+    }
+    lines.replace(folder, Text("FOLDER")).replace(ProgramVersion(), Text("VERSION"));
+    const QString path = Text(NETROVE_TEXTS) + u'/' + texts.front().first + Text(".txt");
+    if (qEnvironmentVariableIsSet("NETROVE_WRITE_TEXTS"))
+        static_cast<void>(WriteFile(path, lines.toUtf8()));
+    EXPECT_EQ(ReadFile(path).toStdString(), lines.toStdString()) << path.toStdString();
+}
+
 /// What differs and what doesn't between the texts in English and in German.
 struct BothLanguages {
-    explicit BothLanguages(const std::function<std::vector<ShownText>()>& texts) : german(texts()) {
+    explicit BothLanguages(const std::function<std::vector<ShownText>()>& texts,
+                           const QString& folder)
+        : german(texts()) {
         const auto english = std::exchange(german, {});
+        ExpectAsWritten(english, folder);
         const Translation translation({Text("de")});
         german = texts();
         EXPECT_EQ(english.size(), german.size());
@@ -103,19 +121,21 @@ protected:
 
 TEST_F(GermanWindow, OnlyOurTextsOfTheMainWindowChange) {
     QList<QByteArray> settings;
-    const BothLanguages both([&] {
-        Make();
-        Open();
-        auto texts = TextsOf(*window);
-        std::vector<ShownText> tools;
-        for (const QAction* item : Find<QMenu>("mnuTools").actions())
-            tools.emplace_back(item->objectName(), item->text());
-        ExpectOwnKeys(tools);
-        window->close();
-        settings.append(ReadFile(IniFileName(folder.path())));
-        QFile::remove(IniFileName(folder.path()));
-        return texts;
-    });
+    const BothLanguages both(
+        [&] {
+            Make();
+            Open();
+            auto texts = TextsOf(*window);
+            std::vector<ShownText> tools;
+            for (const QAction* item : Find<QMenu>("mnuTools").actions())
+                tools.emplace_back(item->objectName(), item->text());
+            ExpectOwnKeys(tools);
+            window->close();
+            settings.append(ReadFile(IniFileName(folder.path())));
+            QFile::remove(IniFileName(folder.path()));
+            return texts;
+        },
+        folder.path());
     EXPECT_EQ(BothLanguages::Sorted(both.changed), FrameParts);
     EXPECT_EQ(settings.value(0), settings.value(1));
 }
@@ -132,14 +152,16 @@ TEST_F(GermanWindow, OnlyOurTextsOfTheHelpMenusDialogsChange) {
     };
     Open();
     for (const auto& [item, changed] : cases) {
-        const BothLanguages both([this, name = item] {
-            std::vector<ShownText> texts;
-            InDialog<QWidget>(name, [&](QWidget& dialog) {
-                texts = TextsOf(dialog);
-                dialog.close();
-            });
-            return texts;
-        });
+        const BothLanguages both(
+            [this, name = item] {
+                std::vector<ShownText> texts;
+                InDialog<QWidget>(name, [&](QWidget& dialog) {
+                    texts = TextsOf(dialog);
+                    dialog.close();
+                });
+                return texts;
+            },
+            folder.path());
         EXPECT_EQ(BothLanguages::Sorted(both.changed), FrameParts + std::string(changed));
     }
 }
@@ -162,7 +184,7 @@ TEST_F(GermanWindow, AllOfOurDialogsIsTranslated) {
         {"", [&] { return std::make_unique<frmSilent>(frmSilent::Services{report}, nullptr); }},
     };
     for (const auto& [same, make] : cases) {
-        const BothLanguages both([&, &make = make] { return TextsOf(*make()); });
+        const BothLanguages both([&, &make = make] { return TextsOf(*make()); }, folder.path());
         EXPECT_EQ(BothLanguages::Sorted(both.same), same);
         ExpectOwnKeys(both.german);
     }
