@@ -1,9 +1,7 @@
 #include "OpenBrowser.h"
-#include "fakes/Files.h"
 #include "runtime/RunTimeError.h"
 
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 
 namespace netrove {
 namespace {
@@ -79,23 +77,6 @@ TEST_F(Browser, ExpansionReadsALevelOnce) {
         Press(key);
     EXPECT_EQ(calls.size(), 8);
     EXPECT_EQ(dialogs.Boxes(), "");
-}
-
-/// While the network is waited for, no timer of the tree fires that would lay it out anew.
-TEST_F(Browser, TheFakeChildIsGoneFromTheScreenBeforeTheWait) {
-    Open();
-    const auto rowsBelowNet = [this] {
-        const QAbstractItemModel& shown = *Tree().model();
-        return shown.rowCount(shown.index(0, 0, shown.index(0, 0)));
-    };
-    int rowsAtWait = -1;
-    onCall = [&](const QString& call) {
-        if (call == Text("open Net"))
-            rowsAtWait = rowsBelowNet();
-    };
-    Expand("Net");
-    EXPECT_EQ(rowsAtWait, 0);
-    EXPECT_EQ(rowsBelowNet(), 1);
 }
 
 TEST_F(Browser, TellsWhatFailed) {
@@ -199,21 +180,6 @@ TEST_F(Browser, CloseDuringAnExpansionEndsIt) {
     EXPECT_EQ(Tree().Children(Text("??Net")).size(), 1);
     EXPECT_EQ(Tree().Tag(Text("??Net")), Text("N"));
     EXPECT_EQ(dialogs.Boxes(), "");
-}
-
-TEST_F(Browser, WritesItsLog) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(Text("Netrove.log"));
-    log.Open(path);
-    settings.Troubleshooting = 1;
-    Open();
-    Expand("Net");
-    log.Close();
-    const QByteArray lines = ReadFile(path).replace("\r\n", "\n");
-    EXPECT_TRUE(lines.startsWith("LOAD - ROOT\nRemote Name: \nResource Type: 0\n"));
-    EXPECT_EQ(lines.count("LOAD - CHILDREN\n"), 2);
-    EXPECT_TRUE(lines.endsWith("NODECLICK\nRemote Name: WG\nResource Type: 1\n"
-                               "Resource Type Name: Domain\nProvider: Memory\n \n"));
 }
 
 } // namespace

@@ -9,19 +9,6 @@ protected:
         Tree().SetSelected(Text("??") + Text(name));
         Find<QAction>("mnuExcNode").trigger();
     }
-    [[nodiscard]] QPoint On(const char* name) {
-        const QModelIndexList found =
-            Tree().model()->match(Tree().model()->index(0, 0), Qt::DisplayRole, Text(name), 1,
-                                  Qt::MatchExactly | Qt::MatchRecursive);
-        return Tree().visualRect(found[0]).center();
-    }
-    bool RightClickOpensMenu(const char* name) {
-        QTest::mouseClick(Tree().viewport(), Qt::RightButton, {}, On(name));
-        auto& menu = Find<QMenu>("mnupopUp1");
-        const bool open = menu.isVisible();
-        menu.close();
-        return open;
-    }
 };
 
 TEST_F(BrowserNodes, SelectGivesTheResourceOfTheNearestNodeThatIsThere) {
@@ -103,23 +90,6 @@ TEST_F(BrowserNodes, SaysWhatItCanNotExclude) {
         "exclusion option is currently off.\r\nTo activate it go to Tools>Options>Search");
     EXPECT_EQ(settings.ExcNetNodes, QStringList());
     EXPECT_EQ(Children("_ROOT"), "Net+ Lone+");
-}
-
-TEST_F(BrowserNodes, TheMenuIsAboutTheSelectedNode) {
-    Open();
-    EXPECT_FALSE(RightClickOpensMenu("Net")) << "nothing is selected";
-    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, {}, On("Net"));
-    EXPECT_TRUE(RightClickOpensMenu("Lone"));
-    Find<QAction>("mnuExcNode").trigger();
-    EXPECT_EQ(Children("_ROOT"), "*Net+ Lone+");
-    EXPECT_FALSE(RightClickOpensMenu("Net")) << "it is excluded";
-    EXPECT_FALSE(RightClickOpensMenu("Lone"));
-    QTest::mouseDClick(Tree().viewport(), Qt::LeftButton, {}, On("Net"));
-    EXPECT_EQ(Children("Net"), "WG+") << "a double click expands";
-    EXPECT_TRUE(dialog->isVisible());
-    Press(Qt::Key_Escape);
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_TRUE(dialog->Cancelled());
 }
 
 } // namespace

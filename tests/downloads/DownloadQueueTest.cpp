@@ -261,30 +261,6 @@ TEST_F(Queue, LosesNoCompletion) {
         EXPECT_EQ(downloads.SubItem(row, DownloadItem::Status), expected[downloads.Text(row)]);
 }
 
-TEST_F(Queue, ShowsHowFarACopyIs) {
-    QueueFiles({"a"});
-    ExpectRows("a: Downloading");
-    copier->Running[Text("copy 1")] = {.copied = 30, .length = 120, .bytesPerSecond = 2048};
-    EXPECT_TRUE(QTest::qWaitFor([this] {
-        const auto progress = downloads.Progress(1, DownloadItem::Status);
-        return progress && progress->share == 0.25;
-    }));
-    const QString note = downloads.Progress(1, DownloadItem::Status)->note;
-    EXPECT_TRUE(note.startsWith(Text("25 %, 2"))) << note.toStdString();
-    EXPECT_EQ(status.Text(2), Text("a: ") + note);
-    std::optional<CurrentJob::Run> search = job.Begin(JobKind::Search);
-    search->Show();
-    status.SetText(2, Text("path"));
-    copier->Finish(1);
-    ExpectRows("a: Done!");
-    EXPECT_FALSE(downloads.Progress(1, DownloadItem::Status));
-    LetTick();
-    EXPECT_EQ(status.Text(2), Text("path")) << "it belongs to the search";
-    search.reset();
-    LetTick();
-    EXPECT_EQ(status.Text(2), QString());
-}
-
 TEST_F(Queue, TakesAsManyRowsAsItCanCount) {
     SetYieldAlways(false);
     Timer("DloadScanTmr").setInterval(100000);

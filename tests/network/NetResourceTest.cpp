@@ -50,14 +50,6 @@ TEST_F(SmallNetwork, ChildrenAreSharesThenPrintersAndAreReadOnce) {
     EXPECT_EQ(media->Children()->Count(), 2);
 }
 
-TEST_F(SmallNetwork, UnknownKeysGiveNothingAndRemoveFails) {
-    const auto children = root.Children();
-    EXPECT_FALSE(children->Item(Text("nobody")) || children->Item(0) || children->Item(2));
-    EXPECT_THROW(children->Remove(Text("nobody")), RunTimeError);
-    children->Remove(Text("MICROSOFT windows network"));
-    EXPECT_EQ(children->Count(), 0);
-}
-
 TEST_F(SmallNetwork, FailedOpenIsTriedAgainAndABrokenListKeepsWhatCame) {
     network.Unlistable.insert(QString());
     EXPECT_EQ(root.Children()->Count(), 0);

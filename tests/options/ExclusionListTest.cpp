@@ -1,5 +1,4 @@
 #include "OpenOptions.h"
-#include "controls/ListHeader.h"
 
 #include <algorithm>
 
@@ -107,36 +106,6 @@ TEST_F(ExclusionList, NodesAreAdded) {
     EXPECT_EQ(settings.ExcNetNodes.join(u' '),
               Text("Temp|True|Folder x|True|Folder Temp|True|Workstation WG|True|Workgroup "
                    "Net|True|Network"));
-}
-
-TEST_F(ExclusionList, DefaultsComeOnce) {
-    Fill({"WINNT|False|folder", "Temp|True|Network"});
-    for (int time = 0; time < 2; ++time)
-        Trigger("mnuAddDef");
-    EXPECT_EQ(Rows(), "-WINNT|folder Temp|Network Windows|Folder Temp|Folder Temporary Internet "
-                      "Files|Folder");
-    EXPECT_FALSE(IsEnabled("cmdApply"));
-    EXPECT_EQ(dialogs.WholeBoxes(),
-              "information: Default node info: 1 node(s) already existed in the list.\r\nAdded 3 "
-              "node(s).|information: Default "
-              "node info: 4 node(s) already existed in the list.\r\nAdded 0 node(s).");
-}
-
-TEST_F(ExclusionList, IsSortedCheckedAndAskedForItsMenu) {
-    Fill({"b|True|Folder", "a|True|Workgroup", "c|True|Folder"});
-    auto& header = *List().Header();
-    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {20, header.height() / 2});
-    EXPECT_EQ(Rows(), "c|Folder b|Folder a|Workgroup");
-    EXPECT_FALSE(IsEnabled("cmdApply"));
-    Press(Qt::Key_Home);
-    Press(Qt::Key_Space);
-    EXPECT_EQ(Rows(), "*-c|Folder b|Folder a|Workgroup");
-    EXPECT_TRUE(IsEnabled("cmdApply"));
-    Press(Qt::Key_Return);
-    EXPECT_TRUE(dialog->isVisible());
-    QTest::mouseClick(List().viewport(), Qt::RightButton);
-    EXPECT_TRUE(Find<QMenu>("mnuOptPopUp").isVisible());
-    Find<QMenu>("mnuOptPopUp").close();
 }
 
 TEST_F(ExclusionList, TheDialogForANodeChecksTheName) {

@@ -181,23 +181,6 @@ TEST_F(Options, ListsChangeAtOnceAndRemainAfterCancel) {
     EXPECT_EQ(settings.Font_CharSet, 2);
 }
 
-TEST_F(Options, ChoosersFailAloud) {
-    Open();
-    dialogs.Font = [](const ChosenFont& /*font*/) -> ChosenFont {
-        throw RunTimeError(ErrorNumber::OutOfMemory);
-    };
-    Click("cmdChangeFont");
-    EXPECT_EQ(dialogs.TakeWhole(), "critical: Options Error...: 7\r\nOut of memory");
-    Click("BrowseFolCmd");
-    EXPECT_EQ(dialogs.WholeBoxes(), "folder: In what folder do you want to save your files?: " +
-                                        folder.path().toStdString());
-    EXPECT_FALSE(IsEnabled("cmdApply"));
-    dialogs.Folder = Text("/tmp");
-    Click("BrowseFolCmd");
-    EXPECT_EQ(TextOf("SaveFolTxt"), Text("/tmp"));
-    EXPECT_TRUE(IsEnabled("cmdApply"));
-}
-
 TEST_F(Options, DefaultsTakeEffectWithApply) {
     Settings expected = settings;
     expected.SaveFolder = folder.filePath(Text("Downloads/"));
@@ -218,22 +201,6 @@ TEST_F(Options, DefaultsTakeEffectWithApply) {
     EXPECT_EQ(results->BackColor(), ToColor(settings.ResultsBackColor));
     EXPECT_EQ(downloads->BackColor(), ToColor(settings.DownloadsBackColor));
     EXPECT_EQ(dialogs.Boxes(), "");
-}
-
-TEST_F(Options, FormatsShowTheirEffect) {
-    Open();
-    Click("optB");
-    Click("optMB");
-    EXPECT_TRUE(IsEnabled("cboNumDec"));
-    Click("optYesIcons");
-    EXPECT_TRUE(IsEnabled("optSysIcons") && IsEnabled("optPreIcons"));
-    for (const auto& [format, shown] : TextPairs{{"YYYY/M/D h:nn", "1999/9/18 14:32"}, {"", ""}}) {
-        Enter("txtDateFormat", Text(format));
-        EXPECT_EQ(Find<QLabel>("lblDateEx").text(), Text(shown));
-    }
-    Click("cmdApply");
-    EXPECT_EQ(settings.SizeNumDec, 0) << "it stays";
-    EXPECT_EQ(settings.DateFormat, QString());
 }
 
 /// Every control that can have the focus has a name, and Tab goes through all of a page, from top
@@ -265,31 +232,6 @@ TEST_F(Options, CanBeUsedWithTheKeyboardAlone) {
     }
     QTest::keyClick(dialog.get(), Qt::Key_F1);
     EXPECT_EQ(helps, 1);
-}
-
-/// The size is the given one, or larger where the font needs more room; no text is cut then.
-TEST_F(Options, HoldsItsTextsInAnyFont) {
-    const QFont before = QApplication::font();
-    for (const int points : {7, 16}) {
-        QApplication::setFont(QFont(before.family(), points));
-        Open();
-        EXPECT_EQ(dialog->minimumSize(), dialog->maximumSize());
-        EXPECT_EQ(dialog->size().expandedTo(QSize(402, 333)), dialog->size());
-        for (int tab = 0; tab < Find<QTabWidget>("SSTab1").count(); ++tab) {
-            Find<QTabWidget>("SSTab1").setCurrentIndex(tab);
-            for (const QWidget* control : dialog->findChildren<QWidget*>()) {
-                const bool hasText =
-                    control->inherits("QAbstractButton") || control->inherits("QLabel");
-                // The narrow button is made to its text.
-                if (control->isVisible() && hasText && control->objectName() != u"BrowseFolCmd") {
-                    EXPECT_EQ(control->size().expandedTo(control->minimumSizeHint()),
-                              control->size())
-                        << control->objectName().toStdString();
-                }
-            }
-        }
-    }
-    QApplication::setFont(before);
 }
 
 } // namespace

@@ -99,11 +99,6 @@ class Installed(unittest.TestCase):
         for option in options:
             self.assertRegex(page, rf"(?m)^ +(-h, )?{option}\b")
 
-    def test_bash_completes(self):
-        script = (f"source {self.path(COMPLETIONS['bash'])}; COMP_WORDS=(netrove-find --lo); "
-                  'COMP_CWORD=1; _netrove_find; echo "${COMPREPLY[@]}"')
-        self.assertEqual(run("bash", "-c", script).stdout, "--logon-file --log\n")
-
     def test_programs_run_where_they_are_installed(self):
         before = set(os.listdir(self.path("usr/bin")))
         self.assertEqual(before, {"netrove", "netrove-find"})

@@ -68,16 +68,5 @@ TEST_F(Formats, DatesFollowTheLetters) {
     EXPECT_EQ(FormatDate(QDateTime(), QStringLiteral("YYYY")), u"");
 }
 
-TEST_F(Formats, GeneralDateHasTheCenturyAndSeconds) {
-    const QDateTime date({2026, 11, 19}, {14, 23, 5});
-    const std::pair<QLocale, QStringView> cases[] = {
-        {QLocale(QLocale::English, QLocale::UnitedStates), u"11/19/2026 2:23:05 PM"},
-        {QLocale(QLocale::Finnish, QLocale::Finland), u"19.11.2026 14.23.05"}};
-    for (const auto& [locale, text] : cases) {
-        QLocale::setDefault(locale);
-        EXPECT_EQ(GeneralDate(date), text);
-    }
-}
-
 } // namespace
 } // namespace netrove

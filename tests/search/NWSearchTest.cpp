@@ -6,7 +6,6 @@
 #include "fakes/Text.h"
 #include "runtime/ExpectRaised.h"
 #include "runtime/Yield.h"
-#include "search/SearchSummary.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -331,12 +330,6 @@ TEST_F(Engine, StopsAtTheNextTestAfterAbandon) {
         EXPECT_EQ(updates.last(), stop);
         EXPECT_FALSE(found.contains(Text("\\\\S\\D\\SUB\\c"))) << stop.toStdString();
     }
-}
-
-TEST(SearchSummary, HasAWordForOneSecond) {
-    EXPECT_EQ(SearchSummary(false, 3, 1, 5000),
-              Text("Returned 3 files in 1 second. (Max return is set to 5000)"));
-    EXPECT_EQ(SearchSummary(true, 1, 2, {}), Text("Aborted, but returned 1 files in 2 seconds."));
 }
 
 TEST_F(Engine, EndlessFoldersEnd) {

@@ -8,7 +8,6 @@
 #include "services/NetworkNodes.h"
 #include "services/Paths.h"
 #include "services/ShellServices.h"
-#include "services/WinVer.h"
 
 #include <gtest/gtest.h>
 
@@ -77,24 +76,6 @@ TEST(NetworkNodes, FoundByAPathOfNames) {
         EXPECT_EQ(name(path), Text(found)) << path;
     network.OnCall = [](const QString&) { throw RunTimeError(ErrorNumber::DeviceIOError); };
     EXPECT_EQ(name("Net|"), Text("nothing"));
-}
-
-class NamedSystem : public TestSystem {
-public:
-    QString name;
-    QString UserName() const override { return name; }
-    QString ComputerName() const override { return name; }
-};
-
-TEST(WinVer, AnswersOfTheSystem) {
-    NamedSystem system;
-    EXPECT_EQ(ComputerUNCName(system), Text("\\\\"));
-    system.name = Text(" media ");
-    EXPECT_EQ(ComputerUNCName(system), Text("\\\\MEDIA"));
-    system.name = QString(24, u'x');
-    EXPECT_EQ(GetUserNameText(system), system.name);
-    system.name += u'x';
-    EXPECT_EQ(GetUserNameText(system), QString());
 }
 
 TEST(Paths, NamesOfFilesAndNodes) {

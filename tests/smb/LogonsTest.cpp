@@ -61,19 +61,6 @@ TEST_F(LogonsTest, AComputersOwnComesBeforeThatForAll) {
     EXPECT_EQ(keyring->reads, 0) << "nothing of it is the keyring's business";
 }
 
-TEST_F(LogonsTest, UsersAreTakenApart) {
-    for (const auto& [typed, domain, user] : std::initializer_list<std::array<const char*, 3>>{
-             {"bob", "", "bob"},
-             {"HOME\\bob", "HOME", "bob"},
-             {"bob@home.example", "home.example", "bob"},
-             {"HOME\\b@b", "HOME", "b@b"},
-             {"@bob", "", "@bob"}}) {
-        const SmbLogon logon = LogonOf(Stored("", typed, "p"));
-        EXPECT_EQ(logon.domain, Text(domain)) << typed;
-        EXPECT_EQ(logon.user, Text(user)) << typed;
-    }
-}
-
 TEST_F(LogonsTest, ARefusedLogonRestsUntilItIsStoredAnew) {
     logons->Store(Stored("", "bob", "wrong"), Ignore);
     EXPECT_EQ(End("A", SmbEnd::LogonRefused), EACCES);
@@ -114,14 +101,6 @@ TEST_F(LogonsTest, OnlyOneRequestFindsOutWhetherALogonIsGood) {
     (void)logons->Note(second, 0);
     ASSERT_EQ(logons->Apply(first), Logons::Turn::Go);
     EXPECT_EQ(UserAt("A"), "bob") << "side by side from now on";
-    // A logon that another one stands before for a while isn't waited for in vain later.
-    logons->Store(Stored("", "all", "p"), Ignore);
-    SmbRequest third = RequestTo("C");
-    ASSERT_EQ(logons->Apply(third), Logons::Turn::Go);
-    logons->Store(Stored("C", "own", "p"), Ignore);
-    logons->Release(third);
-    logons->Remove(Text("C"), Ignore);
-    EXPECT_EQ(UserAt("C"), "all");
     // What comes back of a logon that isn't stored any more says nothing of the new one.
     logons->Store(Stored("", "bob", "q"), Ignore);
     EXPECT_EQ(logons->Note(first, EPERM), EACCES);

@@ -21,11 +21,7 @@ protected:
         SambaTest::SetUp();
         samba_->AddFile(Text("public/file"));
         EXPECT_TRUE(IsSkipped() || samba_->AddUser(Text(User), Text(Password)));
-        Connect(samba_->Host());
-    }
-
-    void Connect(const SmbHost& host) {
-        provider = std::make_unique<SmbProvider>(Text("LAN"), std::vector{host},
+        provider = std::make_unique<SmbProvider>(Text("LAN"), std::vector{samba_->Host()},
                                                  SambaServer::Helper(), SmbLimits(), logons);
     }
 
@@ -35,8 +31,8 @@ protected:
     }
 
     /// What looking at a file in a share raises, 0 for nothing.
-    int Failure(const char* share, const char* server = "FILER") {
-        const auto path = UncPath::Parse(Text("\\\\%1\\%2\\file").arg(Text(server), Text(share)));
+    int Failure(const char* share) {
+        const auto path = UncPath::Parse(Text("\\\\FILER\\%1\\file").arg(Text(share)));
         const auto failure = FailureOf([&] { (void)provider->Info(path.value()); });
         return failure ? failure->Number() : 0;
     }
@@ -93,17 +89,18 @@ TEST_F(SmbLogonTest, AWrongPasswordIsTriedOnceAndNeverBecomesAGuest) {
     }
 }
 
-/// A ticket that is good for nothing: what is stored comes next.
-TEST_F(SmbLogonTest, AnOldTicketIsNoHindrance) {
-    samba_->AddFile(Text("ticket"), "no ticket");
-    qputenv("KRB5CCNAME", QFile::encodeName(samba_->Path(Text("ticket"))));
-    SmbHost host = samba_->Host(Text("localhost"));
-    host.address.clear();
-    Connect(host);
-    Store("", User, Password);
-    EXPECT_EQ(Failure("PRIVATE", "localhost"), 0);
-    EXPECT_EQ(Attempts(User), 1);
-    qunsetenv("KRB5CCNAME");
+TEST_F(SmbLogonTest, ALogonIsTestedOnOneConnection) {
+    const auto place = provider->RemotePlaceOf(UncPath::Parse(Text("\\\\FILER")).value());
+    const auto test = [&](const char* password) {
+        Store("FILER", User, password);
+        return place->TryLogon(logons->All()[0], {});
+    };
+    EXPECT_EQ(test("wrong"), LogonResult::Refused);
+    EXPECT_TRUE(logons->IsRefused(Text("FILER")));
+    EXPECT_EQ(test(Password), LogonResult::LetIn);
+    EXPECT_EQ(Attempts(User), 2);
+    samba_->Stop();
+    EXPECT_EQ(test(Password), LogonResult::Unreachable);
 }
 
 } // namespace

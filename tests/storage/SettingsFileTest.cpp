@@ -149,10 +149,6 @@ TEST_F(SettingsFileTest, WhatIsntOursStays) {
                                         "Node1=X\r\n")));
 }
 
-TEST(SettingsFileName, IsTheExecutablesWholeName) {
-    EXPECT_EQ(IniFileName(Text("/a"), Text("/b/netrove-2.1")), Text("/a/netrove-2.1.ini"));
-}
-
 TEST_F(SettingsFileTest, TreatsStrangeValues) {
     using Run = const Session&;
     const auto fontSize = [](Run run) {
@@ -177,15 +173,10 @@ TEST_F(SettingsFileTest, TreatsStrangeValues) {
         {"Return Files", "Maximum=abc", "0"},
         {"Return Files", "Maximum=-1", "5000"},
         {"Downloads", "Concurrent=-3", "5"},
-        {"Downloads", "Concurrent=0", "0"},
         {"Results_Options", "SizeNumDec=11", "0"},
-        {"Results_Options", "SizeNumDec=10", "10"},
-        {"Results_Options", "SizeFormat=2", "Size (KB)", heading},
         {"Results_Options", "SizeFormat=9", "Size (MB)", heading},
         {"List", "Font_Size=100", "8.25", fontSize},
-        {"List", "Font_Size=72", "72", fontSize},
         {"Positions", "ResultsCol1Width=1E30", "15728625 15728625", column},
-        {"Positions", "ResultsCol1Width=2999.9", "3000 3000", column},
         {"Search_Options", "AUTO_ASTERISKS=0", "False", asterisks},
         {"Exclude_Network_Nodes", "Number=6",
          "True Windows WinNT Temp Temporary Internet Files Windows WinNT", nodes},

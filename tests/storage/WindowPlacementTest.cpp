@@ -1,7 +1,5 @@
 #include "storage/WindowPlacement.h"
 
-#include <QMainWindow>
-#include <QTest>
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -32,19 +30,6 @@ TEST(WindowPlacementTest, PutsAnyPlaceOnAScreen) {
     EXPECT_EQ(OnScreens({25000, 500, 11010, 6975}, std::span(screens).first(1)),
               (WindowPlace{8990, 500, 11010, 6975}))
         << "its screen is gone";
-}
-
-TEST(WindowPlacementTest, KeepsAWindowOnItsScreenThatIsLargerThanItWasStored) {
-    QMainWindow window;
-    window.setMinimumSize(400, 300);
-    WindowPlacement placement(window);
-    placement.MoveTo({.left = Far, .top = Far, .width = -5, .height = 0});
-    placement.Show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-    const WindowPlace screen = WindowPlacement::MainScreen();
-    const WindowPlace place = placement.Place();
-    EXPECT_EQ(place.left + place.width, screen.left + screen.width);
-    EXPECT_EQ(place.top + place.height, screen.top + screen.height);
 }
 
 } // namespace
