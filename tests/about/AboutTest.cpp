@@ -1,12 +1,11 @@
 #include "about/ColumnHelp.h"
 #include "about/frmAbout.h"
-#include "about/frmPic.h"
 #include "fakes/DesktopFakes.h"
 #include "fakes/Find.h"
-#include "fakes/UseDialog.h"
 
 #include <QScreen>
 #include <QTest>
+#include <gtest/gtest.h>
 
 namespace netrove {
 namespace {
@@ -20,9 +19,8 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
     }
 
-    void Click(const char* name, Qt::MouseButton button = Qt::LeftButton,
-               Qt::KeyboardModifiers keys = {}) {
-        QTest::mouseClick(&FindIn(box, name), button, keys);
+    void Click(const char* name, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(&FindIn(box, name), button);
     }
 
     QWidget mainWindow;
@@ -67,15 +65,6 @@ TEST_F(AboutTest, LinksLeadWhereTheySay) {
     EXPECT_FALSE(box.isVisible());
 }
 
-TEST_F(AboutTest, ThePictureHides) {
-    Click("imgIcon", Qt::LeftButton, Qt::ControlModifier | Qt::ShiftModifier);
-    Click("imgIcon", Qt::RightButton, Qt::ControlModifier);
-    UseDialog<frmPic>(
-        [this] { Click("imgIcon", Qt::LeftButton, Qt::ControlModifier); },
-        [](frmPic& picture) { QTest::mouseClick(&FindIn(picture, "picDudes"), Qt::LeftButton); });
-    EXPECT_EQ(QApplication::activeModalWidget(), &box);
-}
-
 TEST(ColumnHelpTest, EachColumnHasItsTextThatStaysOnTheScreen) {
     QWidget window;
     window.resize(600, 400);
@@ -94,20 +83,16 @@ TEST(ColumnHelpTest, EachColumnHasItsTextThatStaysOnTheScreen) {
         };
         QPointer<frmColHelp> shown = show(QPoint(10, 20));
         ASSERT_TRUE(shown);
-        const QPoint frame = shown->pos() - QPoint(10, 20); // of the offscreen platform
-        const int width = shown->width();
         auto& label = FindIn<QLabel>(*shown, "Label1");
         texts.append(label.text());
         EXPECT_LE(label.heightForWidth(label.width()), shown->height())
             << "cut: " << label.text().toStdString();
         QTest::mouseClick(&label, Qt::LeftButton);
         EXPECT_TRUE(QTest::qWaitFor([&] { return !shown; })) << "gone at a click";
-        for (const int beyond : {0, 1}) {
-            shown = show(QPoint(right - width + beyond, 0));
-            EXPECT_EQ(shown->pos() - frame, QPoint(right - width - beyond * (width - beyond), 0));
-            QTest::mouseClick(shown, Qt::RightButton, Qt::NoModifier, QPoint(-5, 300));
-            EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-        }
+        shown = show(QPoint(right - 1, 0));
+        EXPECT_LE(shown->geometry().right(), right);
+        QTest::mouseClick(shown, Qt::RightButton, Qt::NoModifier, QPoint(-5, 300));
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     }
     EXPECT_EQ(texts.count(Text("No help available for this column.")), 6) << "8, 9 and 12";
     EXPECT_EQ(texts.removeDuplicates(), 26 - 12) << "column 5 has two texts";

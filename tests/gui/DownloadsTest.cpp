@@ -81,12 +81,6 @@ TEST_F(DownloadsTest, DoubleClickDownloadsAndClears) {
     ExpectStates("Done!");
     DoubleClickRow(downloads, 1);
     EXPECT_EQ(downloads.Count(), 0);
-
-    for (int number = 0; number < 60; ++number)
-        AddFile(QByteArray("\\\\S\\D\\more").append(QByteArray::number(number)).constData());
-    Search("more*");
-    DownloadAll();
-    EXPECT_TRUE(downloads.viewport()->rect().contains(PlaceOf(downloads, 60))) << "scrolled to";
 }
 
 TEST_F(DownloadsTest, HeadersSort) {

@@ -1,5 +1,4 @@
 #include "about/frmAbout.h"
-#include "controls/Twips.h"
 #include "fakes/Files.h"
 #include "gui/WindowTest.h"
 #include "online/frmUpdate.h"
@@ -25,8 +24,6 @@ protected:
 TEST_F(Window, SearchFillsRowsAndSummary) {
     auto& input = Find<QComboBox>("LstSearchFor");
     EXPECT_EQ(Bar().Text(1) + StartNodeText(), Text("Idle[Root]"));
-    EXPECT_EQ(Results().BackColor(), QColor(213, 234, 234));
-    EXPECT_EQ(Downloads().BackColor(), QColor(255, 255, 191));
     EXPECT_TRUE(input.lineEdit()->hasFocus());
     EXPECT_EQ(input.lineEdit()->selectedText(), Text("*.mp3"));
     Search(" *.MP3 , ,");
@@ -233,13 +230,6 @@ TEST_F(Window, OpensHelpAndTheWebSite) {
     Trigger("mnuTBS");
     EXPECT_EQ(dialogs.Boxes(), "Shell execute failed...: https://www.example.com/\r\nError: File "
                                "not found.  Couldn't Execute!");
-
-    Find<QTabWidget>("SSTab1").setCurrentIndex(1);
-    ClickHeader(Downloads(), 6, Qt::RightButton);
-    Pick("PopUp3Mnu", "HelpColMnu");
-    QWidget* help = QApplication::activePopupWidget();
-    ASSERT_TRUE(help);
-    EXPECT_TRUE(FindIn<QLabel>(*help, "Label1").text().startsWith(Text("The status of the file:")));
 }
 
 TEST_F(Window, FollowsItsSize) {
@@ -263,38 +253,6 @@ TEST_F(Window, FollowsItsSize) {
     }
     EXPECT_GE(window->frameGeometry().width(), 11010 / 15);
     EXPECT_GE(window->frameGeometry().height(), 6975 / 15);
-}
-
-TEST_F(Window, AShortenedPathIsShownWhole) {
-    QString path = Text("\\\\S\\D\\");
-    for (int depth = 0; depth < 25; ++depth)
-        path += Text("FOLDER WITH A LONG NAME ") + QString::number(depth) + u'\\';
-    AddFile((path + Text("deep.mp3")).toUtf8().constData());
-    int shortened = 0;
-    // With more room, a text that isn't cut looks the same.
-    network.OnCall = [&](const QString& /*call*/) {
-        if (!Bar().Text(2).contains(Text("...\\")))
-            return;
-        ++shortened;
-        constexpr int Edge = 2;
-        const QRect inside = Bar().PanelRect(2).adjusted(Edge, Edge, -Edge, -Edge);
-        const QImage picture = Bar().grab(inside).toImage();
-        const int width = Bar().MinWidth(2);
-        Bar().SetMinWidth(2, width + ToTwips(15));
-        EXPECT_TRUE(picture == Bar().grab(inside).toImage())
-            << Bar().font().toString().toStdString();
-        Bar().SetMinWidth(2, width);
-    };
-    for (const char* family : {"DejaVu Sans", "DejaVu Serif", "Liberation Mono"}) {
-        for (const double points : {7.5, 9.0, 12.5, 20.0}) {
-            QFont font(Text(family));
-            font.setPointSizeF(points);
-            font.setItalic(points > 10);
-            Bar().setFont(font);
-            Search("deep*");
-        }
-    }
-    EXPECT_GT(shortened, 200);
 }
 
 } // namespace

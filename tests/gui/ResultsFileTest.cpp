@@ -239,18 +239,6 @@ TEST_F(ResultsWindow, SkipsLinesWithoutAFile) {
     ExpectIdle();
 }
 
-TEST_F(ResultsWindow, ListsAFolderOnceForManyLines) {
-    SetYieldAlways(false);
-    int listed = 0;
-    network.OnCall = [&](const QString& call) {
-        listed += call == Text("enter \\\\S\\D\\") ? 1 : 0;
-        EXPECT_FALSE(call.startsWith(Text("enter \\\\T"))) << "not for one line";
-    };
-    Load(Write("many.nrr", FileOf(1200) + "\"one.mp3\",\"\\\\T\\E\\\"\r\n"));
-    EXPECT_EQ(Rows().size(), 1200);
-    EXPECT_TRUE(listed >= 1 && listed <= 5) << listed;
-}
-
 TEST_F(ResultsWindow, MissingFilesDontKeepTheUserFromAborting) {
     // So many that the load would go on for as long as the test may take.
     QByteArray bytes = FileOf(0);

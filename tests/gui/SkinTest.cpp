@@ -219,10 +219,6 @@ TEST_F(SkinTest, AFileChangesTheSkinInForceOrNothing) {
 TEST_F(SkinTest, ControlsHaveTheColoursOfTheirSkin) {
     Open();
     EXPECT_EQ(ColorOf("cmdStartSearch", QPalette::Button), QColor(255, 192, 128));
-    EXPECT_EQ(ColorOf("HyperLbl", QPalette::WindowText), QColor(128, 128, 255));
-    EXPECT_EQ(ColorOf("RecShp(3)", QPalette::WindowText), QColor(255, 128, 0));
-    EXPECT_EQ(ColorOf("Line1", QPalette::WindowText), QColor(192, 64, 0));
-
     const QPalette desktop = QApplication::palette();
     QPalette dark = desktop;
     dark.setColor(QPalette::Window, QColor(40, 40, 40));

@@ -167,23 +167,5 @@ TEST_F(StartNode, MenuOfPatternsOpensUnderTheMouse) {
     EXPECT_EQ(input.currentText(), Text("*.*"));
 }
 
-TEST_F(StartNode, SearchTextIsSelectedWhenItGetsTheFocus) {
-    auto& input = *Find<QComboBox>("LstSearchFor").lineEdit();
-    Find("chkRecurse").setFocus();
-    for (const char* selected : {"*.mp3", ""}) { // at the second click it has the focus already
-        input.deselect();
-        QTest::mouseClick(&input, Qt::LeftButton, Qt::NoModifier, QPoint(12, 8));
-        QCoreApplication::processEvents();
-        EXPECT_EQ(input.selectedText(), Text(selected));
-    }
-    Find<QMenu>("mnuPopUp6").popup(QPoint());
-    Find<QMenu>("mnuPopUp6").close();
-    Activate();
-    EXPECT_TRUE(input.hasFocus() && !input.hasSelectedText());
-    Find("chkRecurse").setFocus();
-    Find("LstSearchFor").setFocus();
-    EXPECT_EQ(input.selectedText(), Text("*.mp3"));
-}
-
 } // namespace
 } // namespace netrove

@@ -1,5 +1,6 @@
 #include "fakes/Files.h"
 #include "fakes/Text.h"
+#include "redirector/NetworkReachTest.h"
 #include "redirector/SmbProvider.h"
 #include "runtime/Yield.h"
 #include "smb/FaultyProxy.h"
@@ -147,6 +148,29 @@ TEST_F(SmbFaultsTest, AComputerThatDoesNotAnswerCostsOneLimitAndItsUserIsToldWhy
         silent.Heal();
         EXPECT_EQ(Count(*provider, small_), port == silent.Port() ? 3 : -1);
     }
+}
+
+TEST_F(SmbFaultsTest, WhoIsAskedAgainTellsHowItIsNow) {
+    auto hosts = FilerAt(samba_->Port());
+    hosts.push_back({.name = Text("GONE"), .address = Text("127.0.0.1"), .port = 1});
+    std::vector<std::unique_ptr<NetworkProvider>> providers;
+    providers.push_back(
+        std::make_unique<SmbProvider>(Text("LAN"), hosts, SambaServer::Helper(), SmbLimits()));
+    Network network(std::move(providers));
+    const QStringList names =
+        Texts({"\\\\FILER", "\\\\GONE", "\\\\FILER\\REFUSED", "\\\\FILER\\NONE"});
+    for (const QString& name : names)
+        network.Report().NoteSilence(name, QString());
+    NetworkReachTest test(network);
+    test.Begin(names);
+    for (const QDeadlineTimer limit(30000); test.IsRunning() && !limit.hasExpired();)
+        test.TakeAnswers();
+    QStringList reasons;
+    for (const NotSearched& one : network.Report().All())
+        reasons.append(one.reason);
+    EXPECT_EQ(reasons, Texts({"It answers now: search again.",
+                              "It refused the connection: it offers no shares.",
+                              "It isn't open to this user.", "It isn't there any more."}));
 }
 
 TEST_F(SmbFaultsTest, ASlowServerThatIsThereLosesNothing) {
