@@ -212,7 +212,7 @@ TEST_F(Window, OpensHelpAndTheWebSite) {
     Click("HyperLbl", Qt::RightButton);
     Click("HyperLbl");
     Trigger("mnuViewTrLog");
-    InDialog<frmAbout>("mnuAbout1", [this](frmAbout& about) {
+    InDialog<frmAbout>("mnuAbout1", [](frmAbout& about) {
         QTest::mouseClick(&FindIn(about, "lblCopyright"), Qt::LeftButton);
         QTest::keyClick(&about, Qt::Key_F1);
         UseDialog<frmUpdate>(
