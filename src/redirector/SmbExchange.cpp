@@ -147,7 +147,7 @@ bool SmbExchange::HasRoomAgain() {
 
 /// Tries the new connection again: the server may need a moment to notice that others were closed.
 int SmbExchange::TryAgain() {
-    constexpr int tries = 3;
+    constexpr int tries = 10;
     Waiting waiting(stop_);
     int status = RunOn(right_, part_);
     for (int more = 1; more < tries && !isAnswered_ && MayBeRefused(status); ++more) {
