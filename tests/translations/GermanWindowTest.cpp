@@ -61,6 +61,7 @@ void ExpectAsWritten(const std::vector<ShownText>& texts, const QString& folder)
             lines += name + Text(": ") + QString(text).replace(u'\n', Text("\\n")) + u'\n';
     }
     lines.replace(folder, Text("FOLDER")).replace(ProgramVersion(), Text("VERSION"));
+    lines.replace(QLocale::c().toString(ReleaseDate(), Text("MMMM d, yyyy")), Text("RELEASED"));
     const QString path = Text(NETROVE_TEXTS) + u'/' + texts.front().first + Text(".txt");
     if (qEnvironmentVariableIsSet("NETROVE_WRITE_TEXTS"))
         static_cast<void>(WriteFile(path, lines.toUtf8()));
