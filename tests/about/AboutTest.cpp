@@ -36,35 +36,6 @@ protected:
                  mainWindow};
 };
 
-TEST_F(AboutTest, LinksLeadWhereTheySay) {
-    EXPECT_EQ(FindIn<QLabel>(box, "lblVersion").text(), Text("Version: 1.2.3"));
-    const struct {
-        const char* link;
-        Qt::MouseButton button;
-        const char* opened;
-    } cases[] = {
-        {"lblCopyright", Qt::RightButton, "mailto:who@site.example"},
-        {"lblProduct", Qt::RightButton, ""},
-        {"lblProduct", Qt::LeftButton, "https://site.example/"},
-        {"lblURL", Qt::LeftButton, "https://site.example/"},
-        {"lblVersionUpdate", Qt::LeftButton, ""},
-    };
-    for (const auto& [link, button, opened] : cases) {
-        shell.Opened.clear();
-        Click(link, button);
-        EXPECT_EQ(shell.Opened.join(u'|'), Text(opened)) << link;
-        EXPECT_EQ(FindIn(box, link).palette().color(QPalette::WindowText) == Qt::red,
-                  button == Qt::LeftButton || opened[0] != '\0')
-            << link;
-    }
-    EXPECT_EQ(updates, 1);
-    QTest::keyClick(&FindIn(box, "lblVersionUpdate"), Qt::Key_Return);
-    EXPECT_EQ(updates, 2);
-    EXPECT_TRUE(box.isVisible());
-    Click("cmdOk");
-    EXPECT_FALSE(box.isVisible());
-}
-
 TEST(ColumnHelpTest, EachColumnHasItsTextThatStaysOnTheScreen) {
     QWidget window;
     window.resize(600, 400);

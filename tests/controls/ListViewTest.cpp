@@ -237,39 +237,6 @@ TEST_F(List, ShowsColorsAndPictures) {
     EXPECT_EQ(Colors(2).value(qRgb(0, 255, 0)), 0) << "shown darker";
 }
 
-TEST_F(List, CheckBoxesAreChangedByMouseAndSpace) {
-    Numbers changed;
-    QObject::connect(&list, &ListView::ItemCheck, &list,
-                     [&changed](int row) { changed.push_back(row); });
-    AddRows({"a", "b"});
-    const auto boxOf = [this](int row) {
-        return QPoint(CellPainter::Margin + 5, PlaceOf(list, row).y());
-    };
-    const auto clickBox = [&](int row) {
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, boxOf(row));
-    };
-    clickBox(2); // there are none yet
-    list.SetCheckBoxes(true);
-    list.SetChecked(1, true); // only the user's changes are told
-    Click(2);
-    EXPECT_FALSE(list.Checked(2)) << "a click beside the box";
-    EXPECT_TRUE(changed.empty());
-    clickBox(2);
-    clickBox(1);
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, boxOf(1)); // counts twice
-    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, boxOf(1));
-    Press(Qt::Key_Space);
-    EXPECT_EQ(changed, (Numbers{2, 1, 1, 2}));
-    EXPECT_EQ(list.SelectedRows(), Numbers{2}) << "a box leaves the selection";
-    clickBox(2);
-    Sort(1, Qt::DescendingOrder);
-    EXPECT_TRUE(list.Checked(1) && list.Checked(2));
-    clickBox(2);
-    Sort(1, Qt::AscendingOrder);
-    EXPECT_FALSE(list.Checked(1)) << "it goes with its row";
-    EXPECT_EQ(list.model()->index(1, 0).data(Qt::CheckStateRole), Qt::Checked);
-}
-
 TEST_F(List, HiddenColumnsStayHidden) {
     const Numbers before = {1500, 1500, 0, 1500};
     const int hiddenEdge = list.Header()->sectionViewportPosition(2);

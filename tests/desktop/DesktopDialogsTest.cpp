@@ -129,35 +129,5 @@ TEST_F(DesktopDialogsTest, LetsFoldersBeChosen) {
     EXPECT_EQ(DesktopDialogs::FolderName(QUrl(Text("smb://s/D")), false), std::nullopt);
 }
 
-TEST_F(DesktopDialogsTest, LetsAFontBeChosen) {
-    ChosenFont before{.family = Text("No Such Family"),
-                      .points = 8.25,
-                      .bold = true,
-                      .underline = true,
-                      .charSet = 238,
-                      .color = 0x112233};
-    const auto choose = [&] { return dialogs.ChooseFont(before); };
-    auto chosen = UseDialog<QFontDialog>(
-        choose, [](QFontDialog& chooser) { Press(chooser, Qt::Key_Return); });
-    ASSERT_TRUE(chosen);
-    EXPECT_EQ(std::tuple(chosen->family, chosen->points), std::tuple(before.family, before.points))
-        << "one that isn't installed is kept";
-    before.family = Text("DejaVu Sans");
-    chosen = UseDialog<QFontDialog>(choose, [](QFontDialog& chooser) {
-        EXPECT_TRUE(chooser.currentFont().bold() && chooser.currentFont().underline());
-        QFont font(chooser.currentFont().family(), 14);
-        font.setUnderline(true);
-        font.setStrikeOut(true);
-        chooser.setCurrentFont(font);
-        Press(chooser, Qt::Key_Return);
-    });
-    ASSERT_TRUE(chosen);
-    EXPECT_EQ(chosen->points, 14);
-    EXPECT_TRUE(!chosen->bold && chosen->underline && chosen->strikeOut);
-    EXPECT_EQ(chosen->charSet, before.charSet) << "what the chooser doesn't show stays";
-    EXPECT_FALSE(
-        UseDialog<QFontDialog>(choose, [](QFontDialog& box) { Press(box, Qt::Key_Escape); }));
-}
-
 } // namespace
 } // namespace netrove

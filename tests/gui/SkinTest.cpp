@@ -41,38 +41,6 @@ protected:
     SkinSelection& skins = window->Skins();
 };
 
-TEST_F(SkinTest, MenuChoosesTheSkin) {
-    Open();
-    const struct {
-        qint16 index;
-        const char* checked;
-        const char* name; ///< empty: no skin
-    } cases[] = {{1, "mnuSkin(1)", "Trek"},
-                 {0, "mnuSkin(0)", ""},
-                 {2, "mnuSkin(2)", "Serenity"},
-                 {2, "mnuSkin(2)", "Serenity"},
-                 {4, "mnuSkin(4)", "Metropolis"},
-                 {5, "mnuSkin(5)", "Bullethead"},
-                 {6, "", ""},
-                 {3, "mnuSkin(3)", "J.I.L.L. - Joy In Love and Life"},
-                 {-1, "", ""}};
-    for (const auto& [index, checked, name] : cases) {
-        const auto before = skins.SkinConfiguration();
-        window->setCursor(Qt::WaitCursor);
-        skins.mnuSkin_Click(index);
-        EXPECT_EQ(Checked(), checked);
-        EXPECT_EQ(Find<QAction>("mnuSkinCust").isEnabled(), index != 0);
-        EXPECT_EQ(window->ProgramSettings().SkinIndex, index);
-        EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
-        const auto skin = skins.SkinConfiguration();
-        EXPECT_EQ(skin ? skin->Name : QString(), Text(name));
-        EXPECT_EQ(window->contentsMargins().isNull(), !skin) << index;
-        EXPECT_TRUE(!skin || (skin != before && skin->TitleFont == window->font()))
-            << "made anew, for the same skin too";
-    }
-    EXPECT_EQ(dialogs.Boxes(), "");
-}
-
 TEST_F(SkinTest, StoredChoice) {
     EXPECT_EQ(skins.StoredIndex(), 1) << "of a first start";
     const std::pair<const char*, int> cases[] = {{"0", 0},     {"5", 5},          {"6", 0},
@@ -82,48 +50,6 @@ TEST_F(SkinTest, StoredChoice) {
         Store("Skin", {{"Index", text}});
         EXPECT_EQ(skins.StoredIndex(), index) << text;
     }
-}
-
-TEST_F(SkinTest, EachSkinKeepsItsAdjustments) {
-    Store("SkinProperties_2", {{"Name", "Whatever"},
-                               {"Colorize", "1"},
-                               {"Hue", " 3.25 and more"},
-                               {"Saturation", "much"},
-                               {"AdjustRGB", "false"},
-                               {"PercentRed", "5000000"},
-                               {"PercentBlue", "1e99"}});
-    Store("SkinProperties_3", {{"Own", "kept"}});
-    Open();
-    Trigger("mnuSkin(2)");
-    const auto look = [](frmCustomizeSkin& dialog) {
-        EXPECT_EQ(FindIn<QLabel>(dialog, "lblInfo(8)").text(), Text("Skin Name: Serenity"));
-        std::vector<int> shown;
-        for (const char* name : {"hscHue", "hscSaturation", "hscRed", "hscGreen", "hscBlue"})
-            shown.push_back(FindIn<QScrollBar>(dialog, name).value());
-        EXPECT_EQ(shown, std::vector({425, 0, 200, 100, 100}));
-        EXPECT_TRUE(FindIn(dialog, "hscSaturation").isEnabled());
-        EXPECT_FALSE(FindIn(dialog, "hscRed").isEnabled());
-    };
-    Customize(look, "cmdOk");
-    QStringList written;
-    for (const char* key : {"Name", "Colorize", "Hue", "Saturation", "AdjustRGB", "PercentRed",
-                            "PercentGreen", "PercentBlue"})
-        written.append(Stored("SkinProperties_2", key));
-    EXPECT_EQ(written.join(u' '), Text("Serenity True 3.25 0 False 5000000 0 0"))
-        << "what was shown is no change";
-    const QColor grey = window->palette().color(QPalette::Window);
-    EXPECT_EQ(grey.saturation(), 0);
-
-    Trigger("mnuSkin(1)");
-    EXPECT_FALSE(skins.SkinConfiguration()->Colorize) << "no group of its own yet";
-    EXPECT_EQ(Stored("SkinProperties_1", "Name"), Text("-")) << "nothing is written on the way";
-    Trigger("mnuSkin(2)");
-    EXPECT_EQ(Stored("SkinProperties_3", "Own"), Text("kept"));
-    EXPECT_TRUE(window->close());
-    Make();
-    Open();
-    EXPECT_EQ(window->palette().color(QPalette::Window), grey);
-    EXPECT_EQ(dialogs.Boxes(), "");
 }
 
 TEST_F(SkinTest, SlidersWriteTheirMembersAndPaintTheSample) {

@@ -85,37 +85,6 @@ TEST_F(PaintedFrameTest, TakesTheStandardFramesPlaceAndGivesItBack) {
     EXPECT_TRUE(window.isVisible());
 }
 
-TEST_F(PaintedFrameTest, KeepsTheClientSizeOfAHiddenWindow) {
-    // As it does when it goes to the tray and comes back.
-    Attach();
-    const QRect outer = Outer();
-    window.hide();
-    frame.Detach();
-    Attach();
-    window.show();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Outer() == outer; }));
-    EXPECT_TRUE(Standard().isNull());
-
-    QDialog dialog;
-    dialog.setFixedSize(220, 120);
-    frame.Attach(dialog, skin.configuration);
-    EXPECT_EQ(dialog.windowHandle(), nullptr) << "never shown";
-    EXPECT_EQ(dialog.contentsRect().size(), QSize(220, 120));
-    dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
-    EXPECT_TRUE(FindIn(dialog, "frameButtonClose").isVisible());
-    for (const char* name : {"frameButtonMaximize", "frameButtonMinimize"})
-        EXPECT_FALSE(FindIn(dialog, name).isVisible());
-    const QSize size = dialog.size();
-    QWidget& edge = FindIn(dialog, "frameEdgeRight");
-    Drag(edge, edge.pos() + QPoint(2, 60), {38, 0});
-    EXPECT_EQ(edge.cursor().shape(), Qt::ArrowCursor);
-    QTest::mouseDClick(&FindIn(dialog, "frameTitleBar"), Qt::LeftButton, {}, QPoint(100, 20));
-    EXPECT_EQ(dialog.size(), size);
-    frame.Detach();
-    EXPECT_EQ(dialog.size(), QSize(220, 120));
-}
-
 TEST_F(PaintedFrameTest, GivesAMaximisedWindowOnlyATitleBar) {
     window.showMaximized();
     const QSize screen = window.size();
