@@ -216,27 +216,6 @@ TEST_F(List, RaisesTheUsersActions) {
     EXPECT_EQ(dragged, (Numbers{1, 2}));
 }
 
-TEST_F(List, ShowsColorsAndPictures) {
-    ImageList images(16);
-    QPixmap picture(16, 16);
-    picture.fill(Qt::magenta);
-    images.Add(Text("K1"), picture);
-    list.SetSmallIcons(&images);
-    for (const char* key : {"K1", "k1", ""})
-        list.Add(Text("WWWWWWWW"), Text(key));
-    EXPECT_EQ(Colors(1).value(qRgb(255, 0, 255)), 256);
-    EXPECT_EQ(Colors(2).value(qRgb(255, 0, 255)), 0) << "keys are exact";
-    const QRgb back = qRgb(0xD5, 0xEA, 0xEA);
-    list.SetBackColor(QColor(back));
-    list.SetForeColor(2, QColor(255, 0, 0));
-    list.SetSelected(3, true);
-    EXPECT_GT(Colors(1).value(back), 100);
-    EXPECT_GT(Colors(2).value(qRgb(255, 0, 0)), 10);
-    EXPECT_EQ(Colors(3).value(back), 0);
-    list.SetForeColor(2, QColor(0, 255, 0));
-    EXPECT_EQ(Colors(2).value(qRgb(0, 255, 0)), 0) << "shown darker";
-}
-
 TEST_F(List, HiddenColumnsStayHidden) {
     const Numbers before = {1500, 1500, 0, 1500};
     const int hiddenEdge = list.Header()->sectionViewportPosition(2);
@@ -255,29 +234,6 @@ TEST_F(List, HiddenColumnsStayHidden) {
     EXPECT_EQ(list.ColumnWidth(4), 1800);
     Drag(99, 1);
     EXPECT_GT(list.ColumnWidth(1), 0) << "a column that can be seen can't get lost";
-}
-
-TEST_F(List, TellsWhichColumnWasClicked) {
-    AddRows({"a", "b"});
-    Numbers clicked;
-    Numbers asked;
-    QObject::connect(&list, &ListView::ColumnClick, &list,
-                     [&](int column) { clicked.push_back(column); });
-    QObject::connect(&list, &ListView::HeaderRightClick, &list,
-                     [&](int column) { asked.push_back(column); });
-    const int hiddenEdge = list.Header()->sectionViewportPosition(2);
-    QWidget* viewport = list.Header()->viewport();
-    for (const int x : {50, hiddenEdge + 50, hiddenEdge + 1})
-        QTest::mouseClick(viewport, Qt::LeftButton, {}, At(x));
-    EXPECT_EQ(list.SelectedCount(), 0);
-    for (const int x : {50, hiddenEdge - 1, hiddenEdge, hiddenEdge + 5, hiddenEdge + 6, 390})
-        QTest::mouseClick(viewport, Qt::RightButton, {}, At(x));
-    EXPECT_EQ(asked, (Numbers{0, 1, 2, 2, 3, -1}));
-    EXPECT_EQ(clicked, (Numbers{1, 4}));
-    list.HideColumn(4); // several hidden columns at one place share it
-    EXPECT_EQ(list.Header()->ColumnAt(hiddenEdge + 5), 3);
-    list.Header()->setOffset(50);
-    EXPECT_EQ(list.Header()->ColumnAt(hiddenEdge - 50), 2) << "scrolled";
 }
 
 } // namespace

@@ -72,29 +72,5 @@ TEST_F(StatusBarTest, PaintsOnlyThePanelThatChanged) {
     EXPECT_EQ(Painted(), bar.PanelRect(1));
 }
 
-TEST_F(StatusBarTest, APanelCanBeClickedAndTellsWhatItIs) {
-    QList<int> clicks;
-    connect(&bar, &StatusBar::PanelClick, this, [&](int panel) { clicks.append(panel); });
-    const QPoint inside = bar.PanelRect(2).center();
-    QTest::mouseClick(&bar, Qt::LeftButton, {}, inside);
-    bar.SetText(2, QStringLiteral("1 share"));
-    bar.SetToolTipText(2, QStringLiteral("<i>\\\\A</i>"));
-    QHelpEvent help(QEvent::ToolTip, inside, bar.mapToGlobal(inside));
-    QApplication::sendEvent(&bar, &help);
-    EXPECT_EQ(QToolTip::text(), Qt::convertFromPlainText(QStringLiteral("<i>\\\\A</i>")));
-    bar.SetClickable(2, true);
-    QTest::mouseMove(&bar, inside);
-    EXPECT_EQ(bar.cursor().shape(), Qt::PointingHandCursor);
-    QTest::mousePress(&bar, Qt::LeftButton, {}, inside);
-    QTest::mouseRelease(&bar, Qt::LeftButton, {}, bar.PanelRect(1).center());
-    EXPECT_TRUE(clicks.isEmpty());
-    QTest::mouseClick(&bar, Qt::LeftButton, {}, inside);
-    EXPECT_EQ(clicks, QList<int>{2});
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&bar)->text(QAccessible::Description),
-              QStringLiteral("Idle; 1 share; <i>\\\\A</i>"));
-    QTest::mouseMove(&bar, bar.PanelRect(1).center());
-    EXPECT_EQ(bar.cursor().shape(), Qt::ArrowCursor);
-}
-
 } // namespace
 } // namespace netrove

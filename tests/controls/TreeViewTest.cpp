@@ -166,27 +166,6 @@ TEST_F(Tree, HandlersMayChangeTheTreeAndRunTheEventLoop) {
     EXPECT_FALSE(tree.Contains(Text("b")));
 }
 
-TEST_F(Tree, OnlyTheLeftButtonAndTheKeyboardSelect) {
-    std::vector<std::pair<Qt::MouseButton, QPoint>> down;
-    QObject::connect(&tree, &TreeView::MouseDown, &tree,
-                     [&down](Qt::MouseButton button, QPoint at) { down.emplace_back(button, at); });
-    EXPECT_EQ(tree.Selected(), QString()) << "the focus alone selects nothing";
-    Click(On("a"));
-    Click(On("b"), Qt::RightButton);
-    QTest::mouseDClick(tree.viewport(), Qt::RightButton, {}, On("b"));
-    EXPECT_EQ(tree.Selected(), Text("a"));
-    ASSERT_GE(down.size(), 2U);
-    EXPECT_EQ(down[0], std::pair(Qt::LeftButton, On("a")));
-    EXPECT_EQ(down[1], std::pair(Qt::RightButton, On("b")));
-
-    Press(Qt::Key_Down);
-    EXPECT_EQ(tree.Selected(), Text("b"));
-    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-    QApplication::sendEvent(tree.viewport(), &menuKey);
-    EXPECT_EQ(down.back().first, Qt::RightButton);
-    EXPECT_TRUE(tree.visualRect(Index("b")).contains(down.back().second));
-}
-
 TEST(LegibleTest, MarksCanBeReadOnAnyDesktop) {
     EXPECT_EQ(Legible(Qt::red, Qt::white), QColor(Qt::red));
     for (const QColor background : {QColor(0x23, 0x26, 0x29), QColor(255, 120, 120)}) {

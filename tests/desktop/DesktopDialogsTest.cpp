@@ -107,27 +107,5 @@ TEST_F(DesktopDialogsTest, LetsFilesBeChosen) {
     EXPECT_EQ(Choose(open, Text("old.nrr"), Qt::Key_Return, look), existing);
 }
 
-TEST_F(DesktopDialogsTest, LetsFoldersBeChosen) {
-    const QString inner = folder.filePath(Text("inner"));
-    ASSERT_TRUE(QDir().mkdir(inner));
-    for (const bool network : {false, true}) {
-        const QString start = folder.filePath(Text(network ? "gone" : ""));
-        const auto open = [&] { return dialogs.ChooseFolder(title, network, start); };
-        const auto look = [&](const QFileDialog& chooser, const QLineEdit& /*input*/) {
-            EXPECT_EQ(chooser.supportedSchemes(),
-                      network ? Texts({"file", "smb"}) : Texts({"file"}));
-            EXPECT_EQ(chooser.directory().path(), network ? QDir::homePath() : folder.path());
-        };
-        EXPECT_EQ(Choose(open, inner, Qt::Key_Return, look), inner);
-        EXPECT_EQ(Choose(open, inner, Qt::Key_Escape, look), std::nullopt);
-    }
-    for (const auto& [chosen, name] : TextPairs{{"file:///a/C%23%20code", "/a/C# code"},
-                                                {"smb://s/D/C%23%20code/", "smb://s/D/C# code"},
-                                                {"smb://u@s/100%25%3f", "smb://s/100%?"},
-                                                {"smb://s/", "smb://s/"}})
-        EXPECT_EQ(DesktopDialogs::FolderName(QUrl(Text(chosen)), true), Text(name)) << chosen;
-    EXPECT_EQ(DesktopDialogs::FolderName(QUrl(Text("smb://s/D")), false), std::nullopt);
-}
-
 } // namespace
 } // namespace netrove

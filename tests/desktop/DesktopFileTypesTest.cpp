@@ -27,21 +27,5 @@ TEST(DesktopFileTypesTest, TellsKindsByNameAlone) {
     EXPECT_EQ(info(".mp3").iconIndex, song.iconIndex);
 }
 
-TEST(DesktopFileTypesTest, FindsPicturesOnAnyDesktop) {
-    // None, one that is unknown, one whose theme was removed.
-    for (const char* theme : {"", "hicolor", "Removed"}) {
-        QIcon::setThemeName(QString::fromLatin1(theme));
-        DesktopFileTypes types;
-        for (const char* name : {"a.mp3", "a.txt", "a.png", "a.pdf", "a.zip", "a.avi"}) {
-            const int index = types.Info(QString::fromLatin1(name)).iconIndex;
-            EXPECT_FALSE(types.Icon(index).pixmap(16, 16).isNull()) << theme << ' ' << name;
-        }
-        EXPECT_EQ(QIcon::themeName(), QString::fromLatin1(theme)) << "other pictures stay";
-    }
-    DesktopFileTypes types;
-    for (const int unknown : {-1, 0, 1000})
-        EXPECT_TRUE(types.Icon(unknown).isNull());
-}
-
 } // namespace
 } // namespace netrove

@@ -233,30 +233,5 @@ TEST_F(Find, AFailureOfAnyKindIsTold) {
     EXPECT_EQ(outcome.out + outcome.err, Text("netrove-find: Out of memory\n"));
 }
 
-TEST_F(Find, ATerminalShowsHowFarItIs) {
-    network.AddFile(Text("\\\\S\\D\\A FOLDER WITH A VERY LONG NAME\\bell\a.txt"));
-    winsize size{.ws_row = 25, .ws_col = 40, .ws_xpixel = 0, .ws_ypixel = 0};
-    int master = -1;
-    int terminal = -1;
-    if (openpty(&master, &terminal, nullptr, nullptr, &size) != 0)
-        GTEST_SKIP() << "the system has no terminals";
-    SetYieldAlways(true);
-    EXPECT_EQ(
-        RunOn({"--from", "//S/D/A FOLDER WITH A VERY LONG NAME", "bell*"}, terminal, terminal),
-        FindStatus::Found);
-    SetYieldAlways(false);
-    close(terminal);
-    QByteArray bytes;
-    char byte = 0;
-    while (read(master, &byte, 1) == 1)
-        bytes += byte;
-    close(master);
-    const QString shown = QString::fromUtf8(bytes);
-    EXPECT_TRUE(shown.startsWith(Text("\r\x1b[K0 found  //S/D/A FOLDER WITH A VERY ...\r\x1b[K")))
-        << bytes.constData();
-    EXPECT_TRUE(shown.contains(Text("\\bell<07>.txt\r\n"))) << bytes.constData();
-    EXPECT_TRUE(shown.endsWith(Text("Returned 1 files in 0 seconds.\r\n")));
-}
-
 } // namespace
 } // namespace netrove

@@ -142,21 +142,5 @@ TEST_F(SkinTest, AFileChangesTheSkinInForceOrNothing) {
     EXPECT_EQ(window->contentsMargins().left(), 9);
 }
 
-TEST_F(SkinTest, ControlsHaveTheColoursOfTheirSkin) {
-    Open();
-    EXPECT_EQ(ColorOf("cmdStartSearch", QPalette::Button), QColor(255, 192, 128));
-    const QPalette desktop = QApplication::palette();
-    QPalette dark = desktop;
-    dark.setColor(QPalette::Window, QColor(40, 40, 40));
-    dark.setColor(QPalette::WindowText, Qt::white);
-    Trigger("mnuSkin(0)");
-    for (const QPalette& palette : {dark, desktop}) { // while the program runs
-        QApplication::setPalette(palette);
-        QCoreApplication::processEvents();
-        for (const auto role : {QPalette::Window, QPalette::WindowText, QPalette::Button})
-            EXPECT_EQ(ColorOf("Label1", role), palette.color(role));
-    }
-}
-
 } // namespace
 } // namespace netrove

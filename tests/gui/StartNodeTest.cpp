@@ -145,27 +145,5 @@ TEST_F(StartNode, ComesFromTheBrowser) {
     EXPECT_EQ(dialogs.Boxes(), "") << "the entries weren't read";
 }
 
-TEST_F(StartNode, MenuOfPatternsOpensUnderTheMouse) {
-    const auto& input = Find<QComboBox>("LstSearchFor");
-    auto& picture = Find("imgFiles(0)");
-    Click("imgFiles(0)");
-    EXPECT_FALSE(Find("mnuPopUp5").isVisible());
-    QTest::mouseClick(&picture, Qt::RightButton, Qt::NoModifier, QPoint(3, 4));
-    EXPECT_EQ(Find("mnuPopUp5").pos(), picture.mapToGlobal(QPoint(3, 4)));
-    Pick("mnuPopUp5", "mnuFiles(3)");
-    EXPECT_EQ(input.currentText(), Text("*.jpg,*.jpeg,*.gif,*.tiff,*.bmp,*.pcx,*.psp"));
-    EXPECT_EQ(input.count(), 0);
-    EXPECT_EQ(dialogs.Boxes(), "");
-
-    window->ProgramSettings().AutoAsterisks = false;
-    dialogs.OnMessage = [&] { EXPECT_FALSE(Find("mnuPopUp5").isVisible()); };
-    Click("imgFiles(0)", Qt::RightButton);
-    EXPECT_TRUE(dialogs.TakeWhole().starts_with(
-        "information: Auto-Asterisks is turned off: The option 'Auto-Enclose Search Parameters "
-        "with Asterisks' is currently set \r\nto 'No'. "));
-    Pick("mnuPopUp5", "mnuFiles(7)");
-    EXPECT_EQ(input.currentText(), Text("*.*"));
-}
-
 } // namespace
 } // namespace netrove

@@ -129,38 +129,5 @@ TEST_F(ExclusionList, TheDialogForANodeChecksTheName) {
     EXPECT_FALSE(IsEnabled("cmdApply"));
 }
 
-TEST_F(ExclusionList, FoldersAndComputersAreBrowsedFor) {
-    const struct {
-        Qt::Key type;
-        const char* chosen;
-        const char* name;
-        bool isBrowsedFor;
-    } cases[] = {{Qt::Key_F, "smb://S/D/My Music", "My Music", true},
-                 {Qt::Key_F, nullptr, "My Music", true}, // cancelled
-                 {Qt::Key_F, "/", "", true},             // a root has no name
-                 {Qt::Key_S, "MEDIA", "MEDIA", true},
-                 {Qt::Key_W, nullptr, "MEDIA", false},
-                 {Qt::Key_N, nullptr, "MEDIA", false}};
-    InAddDialog([&](frmAddNetNode& add) {
-        for (const auto& each : cases) {
-            PressMnemonic(add, each.type);
-            auto& chosen = each.type == Qt::Key_S ? dialogs.Computer : dialogs.Folder;
-            if (each.chosen)
-                chosen = Text(each.chosen);
-            EXPECT_EQ(FindIn(add, "cmdBrNetNode").isEnabled(), each.isBrowsedFor);
-            EXPECT_EQ(FindIn<QLabel>(add, "Label1").text(),
-                      Text(each.isBrowsedFor ? "Input manually -OR- browse for the network node."
-                                             : "Input manually."));
-            PressMnemonic(add, Qt::Key_Period);
-            EXPECT_EQ(FindIn<QLineEdit>(add, "txtNetNodeName").text(), Text(each.name));
-        }
-    });
-    const std::string place = "folder: Select a folder (network)|";
-    EXPECT_EQ(dialogs.WholeBoxes(), place + place + place + "computer: Select a workstation");
-    for (const auto& [path, last] :
-         TextPairs{{"a", "a"}, {"\\\\S\\D", "D"}, {"C:\\", ""}, {"a\\b/c\\d", "c\\d"}})
-        EXPECT_EQ(frmAddNetNode::ParseFolder(Text(path)), Text(last));
-}
-
 } // namespace
 } // namespace netrove

@@ -33,25 +33,6 @@ TEST_F(Options, WhatIsLoadedIsTakenBack) {
     EXPECT_EQ(dialogs.Boxes(), "");
 }
 
-TEST_F(Options, LoadShowsUnusualSettings) {
-    settings.SizeFormat = 3;
-    settings.SizeNumDec = 5;
-    settings.Troubleshooting = 2;
-    settings.ExcNetNodes.clear();
-    Open();
-    EXPECT_TRUE(IsOn("optB") && IsOn("optNoExcNetNode"));
-    EXPECT_FALSE(IsEnabled("cboNumDec") || IsOn("chkTrouble"));
-    EXPECT_EQ(Find<QComboBox>("cboNumDec").currentIndex(), 0);
-    EXPECT_FALSE(settings.ExcludeNetNodes) << "at once, without any entry";
-    EXPECT_EQ(TextOf("txtOS") + TextOf("txtUser") + TextOf("txtOSver"), Text("TEST OStester1.2"));
-    for (const auto& [entry, failure] :
-         {std::pair("Temp", "9\r\n"), std::pair("Temp|maybe|Folder", "13\r\n")}) {
-        settings.ExcNetNodes = {Text(entry)};
-        Open();
-        EXPECT_TRUE(dialogs.Take().starts_with(std::string("frmOpts.Form_Load Error: ") + failure));
-    }
-}
-
 TEST_F(Options, WhatIsWrongComesToTheFront) {
     const std::string place = "critical: Folder Error...: ";
     const std::string missing = place + "Folder does not exist.";
@@ -201,37 +182,6 @@ TEST_F(Options, DefaultsTakeEffectWithApply) {
     EXPECT_EQ(results->BackColor(), ToColor(settings.ResultsBackColor));
     EXPECT_EQ(downloads->BackColor(), ToColor(settings.DownloadsBackColor));
     EXPECT_EQ(dialogs.Boxes(), "");
-}
-
-/// Every control that can have the focus has a name, and Tab goes through all of a page, from top
-/// to bottom.
-TEST_F(Options, CanBeUsedWithTheKeyboardAlone) {
-    Open();
-    auto& tabs = Find<QTabWidget>("SSTab1");
-    for (int tab = 0; tab < tabs.count(); ++tab) {
-        tabs.tabBar()->setFocus();
-        QSet<QWidget*> passed;
-        int y = 0;
-        for (int step = 0; step < 40 && !passed.contains(tabs.tabBar()); ++step) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            QWidget* focused = QApplication::focusWidget();
-            passed.insert(focused);
-            EXPECT_FALSE(
-                QAccessible::queryAccessibleInterface(focused)->text(QAccessible::Name).isEmpty())
-                << focused->objectName().toStdString();
-            const int top = focused->mapTo(dialog.get(), QPoint()).y();
-            EXPECT_TRUE(focused == tabs.tabBar() || top + focused->height() > y)
-                << focused->objectName().toStdString();
-            y = top;
-        }
-        for (QWidget* control : tabs.widget(tab)->findChildren<QWidget*>(QRegularExpression(
-                 Text("^(chk|cbo|cmd|txt|lvw|SaveFol|MaxFiles|ConDL|BrowseFol)"))))
-            EXPECT_TRUE(!control->isEnabled() || passed.contains(control))
-                << control->objectName().toStdString();
-        QTest::keyClick(&tabs, Qt::Key_Tab, Qt::ControlModifier);
-    }
-    QTest::keyClick(dialog.get(), Qt::Key_F1);
-    EXPECT_EQ(helps, 1);
 }
 
 } // namespace

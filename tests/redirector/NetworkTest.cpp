@@ -226,22 +226,6 @@ TEST_F(NetworkTest, ReportsWhatCouldNotBeSearched) {
     EXPECT_EQ(report(), "\\\\ONE\\D:A list broke off: the rest isn't searched.");
 }
 
-TEST_F(NetworkTest, MakesRecordsForTypedPaths) {
-    for (const auto& [path, displayType] :
-         {std::pair("\\\\TWO", 2), {"\\\\TWO\\C$", 3}, {"\\\\TWO\\C$\\Music", 9}}) {
-        const auto record = network_->Record(*UncPath::Parse(Text(path)));
-        ASSERT_TRUE(record) << path;
-        EXPECT_EQ(record->dwDisplayType, displayType);
-        EXPECT_EQ(record->dwUsage,
-                  displayType == 2 ? NetEnum::UsageContainer : NetEnum::UsageConnectable);
-        EXPECT_EQ(record->lpRemoteName, Text(path));
-        EXPECT_EQ(record->lpProvider, Text("Other"));
-    }
-    const auto tooLong = UncPath::Parse(Text("\\\\TWO\\S\\") + QString(250, u'x'));
-    EXPECT_FALSE(network_->Record(*tooLong)) << "a node would cut it";
-    EXPECT_FALSE(Network({}).Record(*UncPath::Parse(Text("\\\\TWO"))));
-}
-
 TEST_F(NetworkTest, KnowsThisComputerByTheAddressThatIsKnown) {
     const std::tuple<const char*, quint16, bool> cases[] = {
         {"127.9.8.7", 445, true},   {"::1", 445, true},        {"LocalHost", 445, true},

@@ -288,30 +288,5 @@ TEST_F(SettingsFileTest, FallsBackFromAFolderThatIsGone) {
     EXPECT_EQ(loaded(tree.Path(Text("gone/"))), tree.Path());
 }
 
-TEST_F(SettingsFileTest, KeepsTheNormalPlaceOfAWindowThatIsNotNormal) {
-    tree.File("a.ini", "[Positions]\nLeft=150\nTop=300\nWidth=6000\nHeight=4500\n");
-    const auto saved = [this](Session& run) {
-        run.Save();
-        QStringList values;
-        for (const char* key : {"Left", "Top", "Width", "Height", "Maximized"})
-            values += Stored("Positions", key);
-        return values.join(u' ');
-    };
-    Session run(tree);
-    run.Load();
-    run.window.showMinimized();
-    EXPECT_EQ(saved(run), Text("150 300 6000 4500 False"));
-    run.window.showMaximized();
-    EXPECT_EQ(saved(run), Text("150 300 6000 4500 True"));
-    Session next(tree);
-    next.Load();
-    EXPECT_TRUE(next.window.isMaximized());
-    next.window.showNormal();
-    QCoreApplication::processEvents();
-    next.window.move(next.window.pos() + QPoint(10, 10));
-    next.window.hide();
-    EXPECT_EQ(saved(next), Text("300 450 6000 4500 False"));
-}
-
 } // namespace
 } // namespace netrove

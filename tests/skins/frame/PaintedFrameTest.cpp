@@ -112,58 +112,6 @@ TEST_F(PaintedFrameTest, LeavesOnlyColoursWhereTheDesktopKeepsItsFrame) {
               skin.configuration.BarColor4);
 }
 
-TEST_F(PaintedFrameTest, PaintsAgainWhatHasChanged) {
-    const QPalette bar = window.menuBar()->palette();
-    const quint32 desktop = frame.ResolvedBackColor();
-    Attach();
-    EXPECT_EQ(Pixel("frameTitleBar", {0, 0}), QColor(Qt::red));
-    EXPECT_EQ(window.menuBar()->palette().color(QPalette::HighlightedText), QColor(Qt::yellow));
-
-    skin.configuration.Colorize = true;
-    skin.configuration.Hue = 2;
-    skin.configuration.Saturation = 1;
-    skin.configuration.FrameMetric1 = 8;
-    Attach();
-    EXPECT_EQ(Pixel("frameTitleBar", {0, 0}), QColor(Qt::green));
-    EXPECT_EQ(window.contentsMargins().left(), 8);
-    EXPECT_EQ(ToColor(frame.ResolvedForeColor()), QColor(0, 0xC0, 0));
-
-    // As when a dialog comes up.
-    QDialog other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    EXPECT_EQ(Pixel("frameTitleBar", {0, 0}).rgb(), QColor(Qt::green).darker().rgb());
-
-    frame.Detach();
-    EXPECT_EQ(window.menuBar()->palette(), bar);
-    EXPECT_EQ(frame.ResolvedBackColor(), desktop);
-}
-
-TEST_F(PaintedFrameTest, HasTheButtonsThatTheWindowCanUse) {
-    Attach();
-    const QPoint face(2, 2);
-    QWidget& close = Part("frameButtonClose");
-    EXPECT_LT(Part("frameButtonMaximize").geometry().right(), close.x());
-    EXPECT_LT(Part("frameButtonMinimize").geometry().right(), Part("frameButtonMaximize").x());
-    EXPECT_EQ(close.focusPolicy(), Qt::NoFocus);
-    EXPECT_EQ(Pixel("frameButtonClose", face), QColor(Qt::darkRed));
-    QTest::mouseMove(&close, face);
-    EXPECT_TRUE(
-        QTest::qWaitFor([&] { return Pixel("frameButtonClose", face) == QColor(Qt::darkGreen); }));
-    QTest::mousePress(&close, Qt::LeftButton, {}, face);
-    EXPECT_EQ(Pixel("frameButtonClose", face), QColor(Qt::darkBlue));
-    // Let go elsewhere, it does nothing.
-    QTest::mouseMove(&close, QPoint(-50, 50));
-    QTest::mouseRelease(&close, Qt::LeftButton, {}, QPoint(-50, 50));
-    EXPECT_TRUE(window.isVisible());
-    Click("frameButtonMinimize");
-    EXPECT_TRUE(window.isMinimized());
-    window.showNormal();
-    Click("frameButtonClose");
-    EXPECT_FALSE(window.isVisible());
-}
-
 /// The frame used with keys and mouse.
 class FrameInputTest : public PaintedFrameTest {
 protected:
@@ -227,26 +175,6 @@ TEST_F(FrameInputTest, MovesByItsTitleAndResizesByEveryEdgeAndCorner) {
     // The far edge stays where it is when the smallest size is reached.
     Drag(Part("frameEdgeTop"), {3, 1}, {900, 900});
     EXPECT_EQ(window.geometry(), QRect(300, 250, 200, 150));
-}
-
-TEST_F(FrameInputTest, OpensTheSystemMenu) {
-    Click("frameTitleBar", icon);
-    EXPECT_TRUE(Menu().isVisible());
-    EXPECT_FALSE(Item("&Restore").isEnabled());
-    EXPECT_TRUE(Item("&Size").isEnabled());
-    Pick("Ma&ximize");
-    EXPECT_TRUE(window.isMaximized());
-
-    Press(Qt::Key_Space, Qt::AltModifier);
-    EXPECT_FALSE(Item("&Move").isEnabled() || Item("Ma&ximize").isEnabled());
-    QTest::keyClick(&Menu(), Qt::Key_R);
-    EXPECT_FALSE(window.isMaximized());
-
-    QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(150, 20), QPoint(250, 120));
-    QCoreApplication::sendEvent(&Part("frameTitleBar"), &asked);
-    EXPECT_TRUE(Menu().isVisible());
-    QTest::keyClick(&Menu(), Qt::Key_C);
-    EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(FrameInputTest, ClosesByADoubleClickOnTheIconAndByKey) {

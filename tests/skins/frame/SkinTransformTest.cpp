@@ -69,28 +69,5 @@ TEST_F(SkinTransformTest, BringsEachChannelTowardsItsEnds) {
     EXPECT_EQ(SkinTransform().Apply(color), color);
 }
 
-TEST_F(SkinTransformTest, TreatsPicturesLikeColoursAndKeepsTheirAlpha) {
-    QImage picture(16, 16, QImage::Format_ARGB32);
-    picture.setDevicePixelRatio(2);
-    for (int y = 0; y < 16; ++y) {
-        for (int x = 0; x < 16; ++x)
-            picture.setPixelColor(x, y, QColor(x * 17, y * 17, x * y, 255 - x * y));
-    }
-    for (int round = 0; round < 3; ++round) {
-        const SkinTransform transform(skin_);
-        const QImage result = transform.Apply(picture);
-        EXPECT_EQ(result.devicePixelRatio(), 2);
-        int differences = 0;
-        for (int y = 0; y < 16; ++y) {
-            for (int x = 0; x < 16; ++x)
-                differences += result.pixelColor(x, y) != transform.Apply(picture.pixelColor(x, y));
-        }
-        EXPECT_EQ(differences, 0) << round;
-        Adjusted(0.3F, -0.7F, 1, Qt::red);
-        if (round == 1)
-            Colorized(3.3F, 0.6F, Qt::red);
-    }
-}
-
 } // namespace
 } // namespace netrove
