@@ -19,10 +19,6 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
     }
 
-    void Click(const char* name, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(&FindIn(box, name), button);
-    }
-
     QWidget mainWindow;
     RecordedDialogs dialogs;
     RecordedShell shell;

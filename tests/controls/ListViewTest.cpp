@@ -51,13 +51,6 @@ protected:
 
     /// How many rows the screen knows of.
     [[nodiscard]] int ShownRows() const { return list.model()->rowCount(); }
-    /// The colours in a row's strip of the screen, as many pixels each.
-    QHash<QRgb, int> Colors(int row) {
-        list.Refresh();
-        return ColorsOf(list.viewport()->grab().toImage(),
-                        list.visualRect(list.model()->index(row - 1, 0)));
-    }
-
     /// A place in the header, and the mouse there.
     [[nodiscard]] QPoint At(int x) const { return {x, list.Header()->height() / 2}; }
     void Drag(int from, int to) { DragMouse(*list.Header()->viewport(), At(from), At(to)); }

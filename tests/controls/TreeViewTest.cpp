@@ -75,22 +75,6 @@ TEST_F(Tree, KnowsNodesByTheirKeys) {
     EXPECT_TRUE(tree.Contains(Text("a1"))) << "the keys below it are free again";
 }
 
-TEST_F(Tree, TellsTheViewLaterButBeforeTheNextKey) {
-    const auto shownAtTop = [this] { return tree.model()->rowCount(); };
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shownAtTop() == 2; }, 1000));
-    Add("", "c");
-    EXPECT_EQ(shownAtTop(), 2);
-    tree.Remove(Text("a"));
-    EXPECT_EQ(shownAtTop(), 1) << "what is gone can't be painted";
-    tree.viewport()->repaint();
-    Press(Qt::Key_End);
-    EXPECT_EQ(tree.Selected(), Text("c"));
-    tree.Clear();
-    EXPECT_EQ(tree.Selected(), QString());
-    Press(Qt::Key_Down);
-    EXPECT_EQ(shownAtTop(), 0);
-}
-
 /// Whatever is done in whatever order, the view is told a consistent story.
 TEST_F(Tree, AnyOrderOfChangesIsToldConsistently) {
     const QAbstractItemModelTester tester(tree.model(),

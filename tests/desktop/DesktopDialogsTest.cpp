@@ -69,22 +69,6 @@ TEST_F(DesktopDialogsTest, AnswersSafelyUnlessYesIsChosen) {
     EXPECT_EQ(Answer(title, YesNo, yes), MessageAnswer::Yes);
 }
 
-TEST_F(DesktopDialogsTest, GivesWhatIsTypedUnlessCancelled) {
-    for (const bool isTaken : {true, false}) {
-        const QString given = UseDialog<QInputDialog>(
-            [&] { return dialogs.InputBox(Text("Which <b>name</b>?"), title); },
-            [&](QInputDialog& box) {
-                EXPECT_EQ(box.windowTitle(), title);
-                const auto* label = box.findChild<QLabel*>();
-                EXPECT_EQ(label->text(), Text("Which <b>name</b>?"));
-                EXPECT_EQ(label->textFormat(), Qt::PlainText);
-                QTest::keyClicks(box.findChild<QLineEdit*>(), Text(" media "));
-                Press(box, isTaken ? Qt::Key_Return : Qt::Key_Escape);
-            });
-        EXPECT_EQ(given, isTaken ? Text(" media ") : QString());
-    }
-}
-
 TEST_F(DesktopDialogsTest, LetsFilesBeChosen) {
     const QString existing = folder.filePath(Text("old.nrr"));
     const QString fresh = folder.filePath(Text("new.nrr"));

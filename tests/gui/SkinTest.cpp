@@ -26,9 +26,6 @@ protected:
         }
         return checked;
     }
-    QColor ColorOf(const char* control, QPalette::ColorRole role) {
-        return Find(control).palette().color(role);
-    }
     /// Adjusts the skin in its dialog.
     void Customize(const std::function<void(frmCustomizeSkin&)>& use, const char* button) {
         InDialog<frmCustomizeSkin>("mnuSkinCust", [&](frmCustomizeSkin& dialog) {

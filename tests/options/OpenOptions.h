@@ -42,7 +42,6 @@ protected:
 
     QString TextOf(const char* name) { return Find<QLineEdit>(name).text(); }
     void Enter(const char* name, const QString& text) { Find<QLineEdit>(name).setText(text); }
-    bool IsOn(const char* name) { return Find<QAbstractButton>(name).isChecked(); }
     ListView& List() { return Find<ListView>("lvwExcNetNode"); }
     /// With the button's page in front, or behind another one.
     void Click(const char* name) { Find<QAbstractButton>(name).click(); }

@@ -87,31 +87,6 @@ TEST_F(Options, WhatIsWrongComesToTheFront) {
     }
 }
 
-TEST_F(Options, ExclusionsAreCheckedWhileTheyAreOn) {
-    Open();
-    const std::string error = "critical: Exclude Folders Error...: You have selected to exlude "
-                              "folders but ";
-    for (int row = 1; row <= List().Count(); ++row)
-        List().SetChecked(row, false);
-    Click("OKCmd");
-    EXPECT_EQ(dialogs.TakeWhole(), error + "have none checked.");
-    List().Clear();
-    Enter("ConDLTxt", Text("0")); // one thing after the other
-    Click("OKCmd");
-    EXPECT_TRUE(dialogs.TakeWhole().starts_with("critical: Concurrent Downloads Error"));
-    Enter("ConDLTxt", Text("1"));
-    Click("OKCmd");
-    EXPECT_EQ(dialogs.TakeWhole(), error + "the list is empty.");
-    EXPECT_EQ(Find<QTabWidget>("SSTab1").currentIndex(), 1);
-    EXPECT_TRUE(List().hasFocus());
-    Click("optNoExcNetNode");
-    EXPECT_EQ(List().BackColor(), ToColor(ButtonFaceColor));
-    Click("cmdApply");
-    EXPECT_EQ(dialogs.Boxes(), "");
-    EXPECT_EQ(settings.ExcNetNodes, QStringList());
-    EXPECT_FALSE(IsEnabled("cmdApply"));
-}
-
 TEST_F(Options, NumbersThatDoNotFitEndTheTaking) {
     Open();
     Enter("MaxFilesTxt", Text("12.5"));

@@ -191,16 +191,6 @@ TEST_F(GermanWindow, AllOfOurDialogsIsTranslated) {
     }
 }
 
-TEST_F(GermanWindow, ALongerNoteHasRoomInsideASkin) {
-    const Translation german({Text("de")});
-    Open();
-    frmLogon form(nullptr, {false, dialogs, {.skin = &window->Skins()}}, window.get());
-    form.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&form));
-    const auto& note = FindIn<QLabel>(form, "lblNoKeyring");
-    EXPECT_GE(note.height(), note.heightForWidth(note.width()));
-}
-
 TEST_F(GermanWindow, NumbersTakeTheirForm) {
     const Translation german({Text("de")});
     ComputerReport report;

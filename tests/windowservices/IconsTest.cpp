@@ -58,22 +58,6 @@ protected:
                      }};
 };
 
-TEST_F(FileIcons, PredefinedSetGoesByExtension) {
-    for (const auto& [name, key] : TextPairs{
-             {"a", "<NONE>"},
-             {"a.", "<NONE>"},
-             {"a.JPG", "GIF"},
-             {"a.b.7z", "ZIP"},
-             {".txt", "TXT"},
-             {"a.mp3 ", "<NONE>"},
-             {"GIF", "<NONE>"},
-             {"a.tif", "<NONE>"},
-         })
-        EXPECT_EQ(KeyOf(name, PredefinedIconType).toStdString(), key) << name;
-    EXPECT_TRUE(types.asked.isEmpty());
-    EXPECT_EQ(sysSm.Count(), 1);
-}
-
 TEST_F(FileIcons, SettingsDecideWhatIsAskedAndShown) {
     struct {
         bool showFileTypes, showListIcons;

@@ -42,9 +42,6 @@ protected:
     void Click(const char* name, QPoint at = {}) const {
         QTest::mouseClick(&Part(name), Qt::LeftButton, {}, at);
     }
-    QColor Pixel(const char* part, const QPoint& at) const {
-        return Part(part).grab().toImage().pixelColor(at);
-    }
     /// With the button down over the part, from one place to another in its window.
     static void Drag(QWidget& part, const QPoint& from, const QPoint& by) {
         const QPoint onScreen = part.window()->mapToGlobal(from);
@@ -83,23 +80,6 @@ TEST_F(PaintedFrameTest, TakesTheStandardFramesPlaceAndGivesItBack) {
     }
     EXPECT_EQ(window.winId(), id);
     EXPECT_TRUE(window.isVisible());
-}
-
-TEST_F(PaintedFrameTest, GivesAMaximisedWindowOnlyATitleBar) {
-    window.showMaximized();
-    const QSize screen = window.size();
-    Attach();
-    EXPECT_EQ(window.contentsMargins(), QMargins(0, TitleHeight, 0, 0));
-    EXPECT_EQ(window.size(), screen);
-    EXPECT_EQ(Part("frameButtonMaximize").accessibleName(), QLatin1String("Restore"));
-    EXPECT_FALSE(Part("frameEdgeLeft").isVisible());
-
-    QTest::mouseDClick(&Part("frameTitleBar"), Qt::LeftButton, {}, QPoint(120, 20));
-    EXPECT_FALSE(window.isMaximized());
-    EXPECT_EQ(window.contentsMargins(), Frame);
-    EXPECT_TRUE(Part("frameEdgeLeft").isVisible());
-    Click("frameButtonMaximize");
-    EXPECT_TRUE(window.isMaximized());
 }
 
 TEST_F(PaintedFrameTest, LeavesOnlyColoursWhereTheDesktopKeepsItsFrame) {
@@ -187,31 +167,6 @@ TEST_F(FrameInputTest, ClosesByADoubleClickOnTheIconAndByKey) {
     QTest::mouseRelease(&window, Qt::LeftButton);
     Press(Qt::Key_F4, Qt::AltModifier);
     EXPECT_FALSE(window.isVisible());
-}
-
-TEST_F(FrameInputTest, MovesAndResizesByKeys) {
-    const QShortcut shortcut(Qt::Key_Return, &window);
-    const QSignalSpy pressed(&shortcut, &QShortcut::activated);
-
-    Press(Qt::Key_Space, Qt::AltModifier);
-    Pick("&Move");
-    Press(Qt::Key_Right);
-    Press(Qt::Key_Down, Qt::ControlModifier);
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Left);
-    EXPECT_EQ(window.geometry(), before.translated(8, 1));
-    EXPECT_EQ(pressed.count(), 0) << "the key was for the frame";
-    Press(Qt::Key_Return);
-    EXPECT_EQ(pressed.count(), 1);
-
-    Press(Qt::Key_Space, Qt::AltModifier);
-    Pick("&Size");
-    Press(Qt::Key_Left);
-    Press(Qt::Key_Up);
-    EXPECT_EQ(window.geometry(), QRect(108, 101, 392, 292));
-    Press(Qt::Key_Escape);
-    EXPECT_EQ(window.geometry(), before.translated(8, 1));
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 } // namespace
