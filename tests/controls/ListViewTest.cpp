@@ -128,24 +128,6 @@ TEST_F(List, KeepsSelectionAndCurrentRowOnTheirRows) {
     EXPECT_FALSE(list.SelectedCount() > 0 || list.selectionModel()->hasSelection());
 }
 
-TEST_F(List, RemovesManyRowsAtOnce) {
-    AddNumbered(7);
-    list.Flush();
-    list.SetCurrentRow(4);
-    for (const int row : {2, 5})
-        list.SetSelected(row, true);
-    const quint64 version = list.RowsVersion();
-    list.RemoveRows({1, 2, 4, 7});
-    EXPECT_EQ(Names(), "3 5 6");
-    EXPECT_EQ(list.SelectedRows(), Numbers{2});
-    EXPECT_EQ(list.CurrentRow(), 2) << "the row behind a removed one";
-    EXPECT_NE(list.RowsVersion(), version);
-    list.RemoveRows({2, 3});
-    EXPECT_EQ(list.CurrentRow(), 1);
-    list.RemoveRows({1});
-    EXPECT_EQ(list.CurrentRow(), 0);
-}
-
 TEST_F(List, PaintsProgressBehindTheText) {
     AddNumbered(1);
     list.Refresh();

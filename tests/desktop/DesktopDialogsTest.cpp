@@ -69,27 +69,5 @@ TEST_F(DesktopDialogsTest, AnswersSafelyUnlessYesIsChosen) {
     EXPECT_EQ(Answer(title, YesNo, yes), MessageAnswer::Yes);
 }
 
-TEST_F(DesktopDialogsTest, LetsFilesBeChosen) {
-    const QString existing = folder.filePath(Text("old.nrr"));
-    const QString fresh = folder.filePath(Text("new.nrr"));
-    ASSERT_TRUE(QFile(existing).open(QIODevice::WriteOnly));
-    const FileDialogSetup setup{.title = title,
-                                .filter = Text("List (*.nrr)|*.nrr|All Files (*.*)|*.*"),
-                                .folder = folder.path(),
-                                .fileName = Text("given.nrr")};
-    const auto look = [&](const QFileDialog& chooser, const QLineEdit& input) {
-        EXPECT_EQ(chooser.directory().path(), folder.path());
-        EXPECT_EQ(chooser.nameFilters(), Texts({"List (*.nrr) (*.nrr)", "All Files (*.*) (*)"}));
-        EXPECT_EQ(input.text(), setup.fileName);
-    };
-    const auto save = [&] { return dialogs.SaveFile(setup); };
-    const auto open = [&] { return dialogs.OpenFile(setup); };
-    EXPECT_EQ(Choose(save, Text("new.nrr"), Qt::Key_Return, look), fresh);
-    // Whoever asks for the file asks about overwriting too.
-    EXPECT_EQ(Choose(save, Text("old.nrr"), Qt::Key_Return, look), existing);
-    EXPECT_EQ(Choose(save, Text("old.nrr"), Qt::Key_Escape, look), std::nullopt);
-    EXPECT_EQ(Choose(open, Text("old.nrr"), Qt::Key_Return, look), existing);
-}
-
 } // namespace
 } // namespace netrove

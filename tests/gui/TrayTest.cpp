@@ -99,29 +99,6 @@ TEST_F(TrayTest, NobodyLosesTheWindow) {
     EXPECT_EQ(unloaded.size(), 0);
 }
 
-TEST_F(TrayTest, SearchGoesOnInTheTrayAndExitStoresTheSkin) {
-    WhileSearching([this] {
-        CloseToTray();
-        Trigger("mnuExit");
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogs.Shown.isEmpty(); }));
-        EXPECT_TRUE(tray.Tip) << "refused";
-    });
-    EXPECT_EQ(dialogs.Take(), SearchInProgress);
-    EXPECT_EQ(Rows().size(), 1) << "it was asked to stop";
-    tray.DoubleClick();
-    ExpectOutOfTray(Qt::WindowNoState);
-    WhileSearching([this] {
-        CloseToTray();
-        EXPECT_EQ(*tray.Tip, Text("Netrove  <Search in progress. 1 files found.>"));
-    });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return tray.Tip->startsWith(Text("Netrove <Returned 2")); }));
-    EXPECT_EQ(tray.Tip->size(), std::min<qsizetype>(Caption().size() + 10, SysTray::MaxTip));
-    EXPECT_EQ(Rows().size(), 2);
-    EXPECT_EQ(unloaded.size(), 0);
-    Trigger("mnuExit");
-    ExpectUnloaded("3");
-}
-
 TEST_F(TrayTest, SessionEndAbortsASearchInTheTray) {
     WhileSearching([this] {
         CloseToTray();

@@ -32,20 +32,5 @@ TEST(SystemTest, AnInstalledProgramKeepsItsFilesWithTheUser) {
               folder + QLatin1String("/Help/Netrove.html"));
 }
 
-TEST(SystemTest, MarksTheProcessAndLetsASecondOneStart) {
-    const TempTree runtimeFolder;
-    qputenv("XDG_RUNTIME_DIR", runtimeFolder.Path().toUtf8());
-    const QString file = runtimeFolder.Path(Text("TBS_Netrove.lock"));
-    {
-        const InstanceMarker first;
-        EXPECT_TRUE(QFileInfo::exists(file));
-        { const InstanceMarker second; }
-        EXPECT_TRUE(QFileInfo::exists(file)) << "the second took the first one's";
-    }
-    EXPECT_FALSE(QFileInfo::exists(file));
-    qputenv("XDG_RUNTIME_DIR", "/missing");
-    const InstanceMarker nowhere;
-}
-
 } // namespace
 } // namespace netrove
